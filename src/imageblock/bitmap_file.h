@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+// BMP files: the 24-bit scratch bitmaps of the panes, the 8-bit grey bitmaps, and the reader
+// that loads either into a pane.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "imageblock/pane_bitmap.h"
+#include "platform/drive_map.h"
+
+namespace sylvomex {
+
+/// 54 header bytes and the pixels, rows from the top (negative height). The size field
+/// counts the pixel bytes only.
+void Write_Pane_Bitmap(const FilePath& file, const PaneBitmap& bitmap);
+
+/// Writes the 54 header bytes over the start of the file and changes no pixel.
+void Rewrite_Bitmap_Header(const FilePath& file, int width, int height);
+
+/// 8-bit grey: palette of 256 entries, pixels at offset 1082, rows from the bottom, padded
+/// to a multiple of 4 bytes. pixels: width x height bytes, rows from the top.
+void Write_Grey_Bitmap(const FilePath& file, int width, int height,
+                       std::span<const std::uint8_t> pixels);
+
+/// Reads an uncompressed 24-bit or 8-bit palette BMP by its pixel offset and info header.
+/// RunTimeError(BadContent) naming the file and the cause for anything else.
+PaneBitmap Load_Bitmap(const FilePath& file);
+
+}  // namespace sylvomex

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+// The set of images: adding by header, clearing, the gamma choice.
+#pragma once
+
+#include "platform/drive_map.h"
+#include "workspace/state/workspace.h"
+
+namespace sylvomex {
+
+void Add_images_to_set(Workspace& w);
+
+/// The flow of Add_images_to_set without the dialog.
+void Add_Image_By_Name(Workspace& w, const FilePath& header);
+
+void Open_a_set(Workspace& w);
+
+/// Gamma item n (1 to 6): checks it and unchecks the others, or unchecks it.
+void Toggle_Gamma(Workspace& w, int n);
+
+}  // namespace sylvomex

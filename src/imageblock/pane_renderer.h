@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+// Cuts a view out of a raw pixel file and scales it to a pane by whole-number replication
+// or subsampling.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+
+#include "imageblock/pane_bitmap.h"
+#include "imageblock/view_window.h"
+#include "platform/drive_map.h"
+
+namespace sylvomex {
+
+using GammaTable = std::array<std::uint8_t, 256>;
+
+/// round(v^g * 255 / 255^g) for every byte v, half to even.
+GammaTable Make_Gamma_Table(double exponent);
+
+/// A raw pixel file in memory: rows from the top without padding.
+struct RawPixels {
+  std::span<const std::uint8_t> bytes;
+  double sub_width = 0;    // columns
+  double sub_height = 0;   // rows
+  const FilePath* file = nullptr;  // for messages
+};
+
+struct RenderRequest {
+  ViewWindow window;
+  double zoom_x = 1;  // pane pixels per raw pixel; decides the path alone
+  double zoom_y = 1;
+  int pane_width = 0;
+  int pane_height = 0;
+  std::optional<GammaTable> gamma;      // colour renderer only
+  std::function<void()> on_exceeding;   // called once for each pane pixel that the zoom-out
+                                        // path finds outside the raw file
+};
+
+/// Render one byte a pixel to three equal bytes, or R, G, B to B, G, R. The bitmap is
+/// resized to the pane (plus its pad of 0 to 3 pixels a row) and reused when it fits.
+/// Pixels without a source are black; pixels outside by the zoom-out test are white.
+/// RunTimeError(InputPastEnd) when the file is shorter than sub_width x sub_height pixels,
+/// RunTimeError(SubscriptOutOfRange) when replicated blocks leave the work margin (30 pixels
+/// grey, 100 colour), RunTimeError(FileFailure) for a position before the file's start.
+void Render_Grey(const RawPixels& raw, const RenderRequest& request, PaneBitmap& out);
+void Render_Colour(const RawPixels& raw, const RenderRequest& request, PaneBitmap& out);
+
+}  // namespace sylvomex

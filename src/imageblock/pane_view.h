@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+// The view of a pane into its raw file, and the formulas between pane and full image.
+//
+// Pane px to the right and py downward, in pane pixels, 0, 0 the top left corner. Full-image
+// col to the right, row counted from the bottom.
+#pragma once
+
+#include <cstdint>
+
+#include "imageblock/image_record.h"
+
+namespace sylvomex {
+
+struct PaneView {
+  std::int16_t ViewCol = 0;     // raw-file column of the pane's left edge
+  std::int16_t ViewRow = 0;     // raw-file row of the pane's top edge
+  std::int16_t ViewWidth = 0;   // pane size at the last render
+  std::int16_t ViewHeight = 0;
+  double ZoomX = 0;             // pane pixels per raw pixel; 0 until the pane holds an image
+  double ZoomY = 0;
+};
+
+struct FullImagePosition {
+  double col = 0;
+  double row = 0;  // from the bottom
+};
+
+struct PanePosition {
+  double px = 0;
+  double py = 0;
+};
+
+/// Pane position to full image. The view's zoom must not be 0.
+FullImagePosition Pane_To_Full_Image(const ImageRecord& image, const PaneView& view, double px,
+                                     double py);
+
+/// Top-down full-image row of a pane position.
+double Pane_To_Top_Down_Row(const ImageRecord& image, const PaneView& view, double py);
+
+PanePosition Full_Image_To_Pane(const ImageRecord& image, const PaneView& view, double col,
+                                double row);
+
+/// The same for a pane that shows a correlation image: the row origin of its record is
+/// counted from the bottom of the full image.
+FullImagePosition Correlation_Pane_To_Full_Image(const ImageRecord& correlation,
+                                                 const PaneView& view, double px, double py);
+PanePosition Full_Image_To_Correlation_Pane(const ImageRecord& correlation, const PaneView& view,
+                                            double col, double row);
+
+}  // namespace sylvomex

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+// Text files read as lists: items separated by commas, blanks (spaces, tabs) or line ends.
+// A separator is one comma or one line end with any blanks around it, or a run of blanks.
+// Texts may stand in double quotes, "" inside is one quote. A quoted text may hold commas
+// and blanks but no line end.
+//
+// Lines and items are counted from 1, items from the start of the file.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/drive_map.h"
+
+namespace sylvomex {
+
+class ListReader {
+ public:
+  /// Reads the file in full; RunTimeError as of Read_Whole_File.
+  explicit ListReader(const FilePath& file);
+
+  /// content: the text itself; name: what messages call it.
+  ListReader(std::string content, std::string name);
+
+  /// True when nothing but blanks and line ends remains.
+  [[nodiscard]] bool At_End() const;
+
+  /// Numbers. RunTimeError(InputPastEnd) at the end of the file, RunTimeError(TypeMismatch)
+  /// for a text or an empty item, RunTimeError(Overflow) out of range, each as
+  /// "<kind>: <file>, line <n>, item <m>: <cause>". Empty lines before a number are passed
+  /// over. Integers may be written as reals; they round half to even.
+  double Read_Double();
+  float Read_Float();
+  std::int32_t Read_Int32();
+  std::int16_t Read_Int16();
+  std::uint8_t Read_Byte();
+
+  /// A text item. An item that is empty (",," or an empty line) gives the empty text.
+  std::string Read_Text();
+
+  /// A text that runs to the next comma or the line's end, blanks inside included and
+  /// blanks around cut; quotes as in Read_Text.
+  std::string Read_Text_To_Comma();
+
+  /// The rest of the present line without its line end.
+  std::string Read_Line();
+
+  /// Passes over the rest of the present line.
+  void Skip_Line();
+
+  [[nodiscard]] int Line() const { return line_; }
+  [[nodiscard]] int Item() const { return item_; }
+
+  /// "<file>, line <n>, item <m>" of the item read last, for messages of the callers.
+  [[nodiscard]] std::string Where() const;
+
+ private:
+  enum class Ends { AtBlanksToo, AtCommas };
+  std::string Take_Item(Ends ends);
+  std::string Take_Quoted();
+  std::string_view Take_Number_Text();
+  void Take_Separator();
+  void Skip_Blanks();
+
+  std::string content_;
+  std::string name_;
+  std::filesystem::path native_;
+  std::size_t position_ = 0;
+  int line_ = 1;
+  int item_line_ = 1;
+  int item_ = 0;
+};
+
+}  // namespace sylvomex

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+// The strictly central-perspective camera of a frame photograph.
+//
+// Object X east, Y north, Z up, metres, right-handed. Film x, y and the principal distance c
+// in metres; the camera looks along -z. Full-image col to the right, row from the bottom.
+// Formulas: Kraus, Photogrammetry (2007), section 2.1.3 (collinearity); Wolf and Dewitt,
+// Elements of Photogrammetry (2000), appendix C (sequential omega, phi, kappa) and D.
+#pragma once
+
+#include "imageblock/image_record.h"
+
+namespace sylvomex {
+
+struct RotationMatrix {
+  double m11 = 0, m12 = 0, m13 = 0;
+  double m21 = 0, m22 = 0, m23 = 0;
+  double m31 = 0, m32 = 0, m33 = 0;
+};
+
+/// Rotation about X by omega, then about Y by phi, then about Z by kappa (radians), which
+/// turns object-space differences into camera axes.
+RotationMatrix Build_Rotation_Matrix(double omega, double phi, double kappa);
+
+/// col = A1 x + A2 y + A0, row = B1 x + B2 y + B0.
+void Image_To_Pixel(const ImageRecord& image, double x, double y, double& col, double& row);
+
+/// The exact inverse; no guard against a singular affine.
+void Pixel_To_Image(const ImageRecord& image, double col, double row, double& x, double& y);
+
+/// Collinearity. When the denominator is exactly 0 (or c is 0) x receives -1 if the incoming
+/// y is 0, else 0, and y is left as it came in.
+void Object_To_Image(const ImageRecord& image, const RotationMatrix& m, double X, double Y,
+                     double Z, double& x, double& y);
+
+/// Object_To_Image with fresh film coordinates, followed by Image_To_Pixel.
+void Object_To_Pixel(const ImageRecord& image, const RotationMatrix& m, double X, double Y,
+                     double Z, double& col, double& row);
+
+/// The ray through (x, y) cut with the horizontal plane at Z. A ray parallel to the plane
+/// leaves X and Y as they came in.
+void Image_To_Object_At_Z(const ImageRecord& image, const RotationMatrix& m, double Z, double x,
+                          double y, double& X, double& Y);
+
+/// One image's rows of A d = l: coefficients of X (1), Y (2), Z (3) for film x and y, and the
+/// misclosures computed minus measured.
+struct CollinearityPartials {
+  double ax1 = 0, ay1 = 0, ax2 = 0, ay2 = 0, ax3 = 0, ay3 = 0;
+  double lx = 0, ly = 0;
+};
+CollinearityPartials Collinearity_Partials(const ImageRecord& image, const RotationMatrix& m,
+                                           double X, double Y, double Z, double measured_x,
+                                           double measured_y);
+
+/// Plane-to-plane transform of normalised images; r has R(row, column) at r[row-1][column-1].
+void Rotate_And_Project(double x, double y, double z, double c, const double (&r)[3][3],
+                        double& u, double& v);
+
+}  // namespace sylvomex

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+// Everything that an operator can do, as data. The desktop makes these records from widget
+// events, scripts from their steps, and the recorder writes them down: there is one path
+// into the commands.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+#include "workspace/state/workspace.h"
+
+namespace sylvomex {
+
+inline constexpr int kLeftButton = 1;
+inline constexpr int kRightButton = 2;
+inline constexpr int kShift = 1;
+inline constexpr int kCtrl = 2;
+inline constexpr int kAlt = 4;
+
+struct OperatorEvent {
+  enum class Kind {
+    Menu,         // form, control: chooses a menu item
+    Command,      // control: runs a command by name, greyed or not
+    Set,          // form, control, text: types into a text box, or sets a check box to 0 or 1
+    Press,        // form, control: presses a button, or Enter in a text box
+    Click,        // form, control, button, shift, x, y: presses and releases the pointer
+    DoubleClick,  // the same twice
+    Move,         // form, control (empty: the form itself), x, y
+    Key,          // form, key_code, shift
+    Resize,       // form, x by y client pixels
+  };
+  Kind kind = Kind::Menu;
+  std::string form = "Form1";
+  std::string control;  // with its index: "Picture1(0)"
+  std::string text;
+  int button = kLeftButton;
+  int shift = 0;        // bit mask: kShift, kCtrl, kAlt
+  int key_code = 0;     // "A" to "Z", "0" to "9", key pad 0 to 9 = 96 to 105, F1 to F12 = 112 to 123
+  double x = 0, y = 0;  // pane or window pixels
+};
+
+/// The event names something that does not exist.
+class UnknownName : public std::invalid_argument {
+ public:
+  using std::invalid_argument::invalid_argument;
+};
+
+enum class EventOutcome {
+  Done,
+  Greyed,  // the menu item is greyed and was not run
+  Error,   // the command ended in a failure, which Screen::Report_Error has shown
+};
+
+/// Runs the handler of an event to its end. A failure that passes the handler is caught here,
+/// shown once through Screen::Report_Error, and leaves no pointer shape behind. Raises
+/// UnknownName only.
+EventOutcome Handle_Event(Workspace& w, const OperatorEvent& event);
+
+}  // namespace sylvomex
