@@ -5,8 +5,8 @@
 
 #include <cmath>
 #include <cstdint>
-#include <vector>
 
+#include "heightmodels/cell_array.h"
 #include "platform/drive_map.h"
 #include "platform/fixed_text.h"
 
@@ -20,7 +20,7 @@ struct RasterModel {
   double CellSize = 0;  // metres, both axes
   double Reserved = 0;
   FixedText<80> CellFile;
-  std::vector<float> Cells;  // NRows x NCols, row by row from the south, metres
+  CellArray Cells;  // NRows x NCols, row by row from the south, metres
 
   // Whole-number sizes of Cells for the lookup; 0 while nothing is loaded.
   std::int32_t columns = 0;
@@ -38,26 +38,33 @@ void Visit_Raster_Model(Record& record, Visitor&& visit) {
   visit("CellFile", record.CellFile);
 }
 
-/// Reads the seven header values into the model; Cells are left alone.
+/// Reads the seven header values into the model; Cells are left alone. A header that cannot
+/// be read in full leaves the whole model as it was.
 void Read_Raster_Header(const FilePath& header, RasterModel& model);
 
-/// Re-dimensions Cells to the header's size and clears them. RunTimeError(Overflow) when a
-/// size is not in 0 .. 32767 or not finite, RunTimeError(OutOfMemory) when there is no room.
+/// Drops the old Cells and gives new ones of the header's size, all 0. RunTimeError(Overflow)
+/// when a size is not a whole number in 0 .. 32767, RunTimeError(OutOfMemory) when there is
+/// no room; the model then has no cells and every lookup gives 0.
 void Dimension_Cells(RasterModel& model);
 
-/// Reads the cell file row by row into Cells. A file that is too short leaves the rest zero.
+/// Reads the cell file into Cells. A file that is too short leaves the rest zero.
 void Read_Cells(const FilePath& cell_file, RasterModel& model);
 
 /// Nearest cell: the column rounds to the nearest (ties to even), the row is
 /// -floor((OriginY - Y) / CellSize). 0 outside the model or without one. Constant time, no
-/// allocation, no file access, safe for any X, Y (NaN and infinity included).
+/// allocation, no file access, safe for any X, Y (NaN and infinity included) and any
+/// CellSize (0 included). The two axes differ on purpose.
 inline double Raster_Height(const RasterModel& model, double X, double Y) {
-  if (model.columns == 0 || model.rows == 0) return 0;
-  const double col = std::nearbyint((X - model.OriginX) / model.CellSize);
-  const double row = -std::floor((model.OriginY - Y) / model.CellSize);
-  if (!(col >= 0 && row >= 0 && col <= model.columns - 1 && row <= model.rows - 1)) return 0;
-  return model.Cells[static_cast<std::size_t>(row) * static_cast<std::size_t>(model.columns) +
-                     static_cast<std::size_t>(col)];
+  const double eastward = (X - model.OriginX) / model.CellSize;
+  const double southward = (model.OriginY - Y) / model.CellSize;
+  if (std::isunordered(eastward, southward)) return 0;
+  // What 64 bits cannot hold converts to a limit of theirs, which lies outside any model; as
+  // unsigned numbers all positions west and south of it do so, too.
+  const auto col = static_cast<std::uint64_t>(std::llrint(eastward));
+  const auto row = 0 - static_cast<std::uint64_t>(std::llrint(std::floor(southward)));
+  const auto columns = static_cast<std::uint64_t>(model.columns);
+  if (col >= columns || row >= static_cast<std::uint64_t>(model.rows)) return 0;
+  return model.Cells[row * columns + col];
 }
 
 }  // namespace sylvomex

@@ -12,19 +12,23 @@
 namespace sylvomex {
 
 /// 54 header bytes and the pixels, rows from the top (negative height). The size field
-/// counts the pixel bytes only.
+/// counts the pixel bytes only. A width that is no multiple of 4 gives each row a pad of 1 to
+/// 3 black pixels, which the reader, going by the info header, does not expect.
+/// RunTimeError(SubscriptOutOfRange) when the bytes are not 3 x width x height.
 void Write_Pane_Bitmap(const FilePath& file, const PaneBitmap& bitmap);
 
 /// Writes the 54 header bytes over the start of the file and changes no pixel.
 void Rewrite_Bitmap_Header(const FilePath& file, int width, int height);
 
 /// 8-bit grey: palette of 256 entries, pixels at offset 1082, rows from the bottom, padded
-/// to a multiple of 4 bytes. pixels: width x height bytes, rows from the top.
+/// to a multiple of 4 bytes. pixels: width x height bytes, rows from the top, else
+/// RunTimeError(SubscriptOutOfRange).
 void Write_Grey_Bitmap(const FilePath& file, int width, int height,
                        std::span<const std::uint8_t> pixels);
 
 /// Reads an uncompressed 24-bit or 8-bit palette BMP by its pixel offset and info header.
-/// RunTimeError(BadContent) naming the file and the cause for anything else.
+/// Palette entries that the file lacks are black. RunTimeError(BadContent) naming the file
+/// and the cause for anything else.
 PaneBitmap Load_Bitmap(const FilePath& file);
 
 }  // namespace sylvomex

@@ -13,7 +13,8 @@ namespace sylvomex {
 /// file that changed on disk is mapped anew. Holds the nine files used last.
 class RawFileCache {
  public:
-  /// RunTimeError(FileNotFound) and the like as MappedFile.
+  /// The mapping stays valid until nine other files have been opened or the file is opened
+  /// again after a change. RunTimeError(FileNotFound) and the like as MappedFile.
   const MappedFile& Open(const FilePath& file);
 
  private:

@@ -24,7 +24,8 @@ class DriveMap {
   /// "c:\Data\pic0.bmp" lies at root/c/data/pic0.bmp, found without regard to case,
   /// component by component; components that do not exist are taken as spelled. Blanks
   /// around the name do not count, '/' serves as '\'. A name that starts with '/' is
-  /// native and taken as it stands. ".." never climbs out of a drive.
+  /// native and taken as it stands. ".." never climbs out of a drive. A name without a drive
+  /// letter lies on drive c; the empty name gives an empty FilePath.
   [[nodiscard]] FilePath Locate(std::string_view name) const;
 
   /// Files that match a pattern with '*' and '?' in its last component, sorted by name,

@@ -2,7 +2,11 @@
 // Text files read as lists: items separated by commas, blanks (spaces, tabs) or line ends.
 // A separator is one comma or one line end with any blanks around it, or a run of blanks.
 // Texts may stand in double quotes, "" inside is one quote. A quoted text may hold commas
-// and blanks but no line end.
+// and blanks but no line end; one that is not closed ends with its line. Line ends are CR LF,
+// LF or CR. A UTF-8 byte order mark at the start is passed over.
+//
+// After the last item of a line that line is still the present one, until the next item or
+// line is read.
 //
 // Lines and items are counted from 1, items from the start of the file.
 #pragma once
@@ -37,16 +41,17 @@ class ListReader {
   std::uint8_t Read_Byte();
 
   /// A text item. An item that is empty (",," or an empty line) gives the empty text.
+  /// RunTimeError(InputPastEnd) at the end of the file, here and below.
   std::string Read_Text();
 
   /// A text that runs to the next comma or the line's end, blanks inside included and
   /// blanks around cut; quotes as in Read_Text.
   std::string Read_Text_To_Comma();
 
-  /// The rest of the present line without its line end.
+  /// The rest of the present line without its line end, counted as one item.
   std::string Read_Line();
 
-  /// Passes over the rest of the present line.
+  /// Passes over the rest of the present line; at the end of the file it does nothing.
   void Skip_Line();
 
   [[nodiscard]] int Line() const { return line_; }
@@ -57,11 +62,18 @@ class ListReader {
 
  private:
   enum class Ends { AtBlanksToo, AtCommas };
+  template <class Number>
+  Number Read_Number(Number (*convert)(double));
+  std::string Take_Text(Ends ends);
   std::string Take_Item(Ends ends);
   std::string Take_Quoted();
-  std::string_view Take_Number_Text();
+  std::string Take_Rest_Of_Line();
+  void Begin_Item();
+  void Require_More();
   void Take_Separator();
+  void Take_Line_End();
   void Skip_Blanks();
+  [[nodiscard]] bool At_Line_End() const;
 
   std::string content_;
   std::string name_;
@@ -70,6 +82,8 @@ class ListReader {
   int line_ = 1;
   int item_line_ = 1;
   int item_ = 0;
+  bool in_line_ = false;      // something of the present line was read
+  bool after_comma_ = false;  // the last item ended with a comma
 };
 
 }  // namespace sylvomex

@@ -52,7 +52,7 @@ CollinearityPartials Collinearity_Partials(const ImageRecord& image, const Rotat
                                            double measured_y);
 
 /// Plane-to-plane transform of normalised images; r has R(row, column) at r[row-1][column-1].
-void Rotate_And_Project(double x, double y, double z, double c, const double (&r)[3][3],
-                        double& u, double& v);
+void Rotate_And_Project(double x, double y, double z, double c, const double (&r)[3][3], double& u,
+                        double& v);
 
 }  // namespace sylvomex

@@ -12,16 +12,16 @@ namespace sylvomex {
 /// The current point with its quality and up to nine image observations.
 struct ObservationRecord {
   std::int16_t MeasurementNumber = 0;
-  double X = 0, Y = 0, Z = 0;      // metres
-  float DemZ = 0;                  // raster elevation at X, Y, metres
-  float Rmse = 0;                  // micrometres
-  std::uint8_t ImageCount = 0;     // images used, 0 to 9
-  std::uint8_t TreeSpecies = 0;    // free class code
+  double X = 0, Y = 0, Z = 0;    // metres
+  float DemZ = 0;                // raster elevation at X, Y, metres
+  float Rmse = 0;                // micrometres
+  std::uint8_t ImageCount = 0;   // images used, 0 to 9
+  std::uint8_t TreeSpecies = 0;  // free class code
   std::int16_t FreeInteger = 0;
-  Table<std::uint8_t, 0, 8> ImageSlots;   // in the order of the image list
+  Table<std::uint8_t, 0, 8> ImageSlots;  // in the order of the image list
   Table<std::int32_t, 0, 8> ImageIds;
-  Table<float, 0, 8> Cols;         // full-image column of each observation
-  Table<float, 0, 8> Rows;         // full-image row from the bottom
+  Table<float, 0, 8> Cols;  // full-image column of each observation
+  Table<float, 0, 8> Rows;  // full-image row from the bottom
   FixedText<30> FreeText;
 };
 
@@ -45,19 +45,19 @@ void Visit_Observation_Record(Record& record, Visitor&& visit) {
 
 /// The width of one object in one image; entry 0 also carries the record's header values.
 struct XYDistanceEntry {
-  double X = 0, Y = 0, Z = 0;      // solution when the width was taken, metres
-  std::int16_t TreeNumber = 0;     // entry 0 only
-  std::int16_t FreeInteger = 0;    // entry 0 only
-  std::uint8_t Index = 0;          // image slot
+  double X = 0, Y = 0, Z = 0;    // solution when the width was taken, metres
+  std::int16_t TreeNumber = 0;   // entry 0 only
+  std::int16_t FreeInteger = 0;  // entry 0 only
+  std::uint8_t Index = 0;        // image slot
   std::int32_t ImageCode = 0;
-  double X0Obj = 0;                // first end on the plane Z, metres
-  double X1Obj = 0;                // second end
+  double X0Obj = 0;  // first end on the plane Z, metres
+  double X1Obj = 0;  // second end
   double Y0Obj = 0;
   double Y1Obj = 0;
   float ScaleAtZ = 0;
-  float ObservedDistance = 0;      // metres
+  float ObservedDistance = 0;  // metres
   FixedText<30> ObsCoding;
-  double SunElevation = 0;         // degrees
+  double SunElevation = 0;  // degrees
   double SunAzimuth = 0;
   double ObjCamRayAzimuth = 0;
   double AzimuthDifference = 0;
@@ -90,8 +90,8 @@ void Visit_XYDistance_Entry(Record& record, Visitor&& visit) {
 /// The current field plot.
 struct PlotLocation {
   std::int32_t PlotNumber = 0;
-  double X = 0, Y = 0;             // metres
-  double GroundZ = 0;              // raster elevation at X, Y
+  double X = 0, Y = 0;  // metres
+  double GroundZ = 0;   // raster elevation at X, Y
   double HeightAboveGround = 0;
 };
 

@@ -49,8 +49,8 @@ double Determinant_3(const Matrix<R, C>& m) {
 inline constexpr const char* kMatrixConflict =
     "Error in MMUL_D, cannot multiply matrices with dimension conflict!";
 template <int RB, int CB, int RA, int CA, int RC, int CC>
-[[nodiscard]] bool MMUL_D(const Matrix<RB, CB>& b, int rows_b, int cols_b,
-                          const Matrix<RA, CA>& a, int rows_a, int cols_a, Matrix<RC, CC>& c) {
+[[nodiscard]] bool MMUL_D(const Matrix<RB, CB>& b, int rows_b, int cols_b, const Matrix<RA, CA>& a,
+                          int rows_a, int cols_a, Matrix<RC, CC>& c) {
   if (cols_a != rows_b) return false;
   for (int i = 1; i <= rows_a; ++i) {
     for (int j = 1; j <= cols_b; ++j) {

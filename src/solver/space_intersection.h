@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Object point from two or more film observations by iterated least squares (Gauss-Newton on
-// the collinearity equations; Mikhail, Bethel and McGlone 2001, section 4.4).
+// the collinearity equations; Mikhail, Bethel and McGlone 2001, section 4.4). Coordinates are
+// unweighted; two images leave one degree of freedom. Rays that are nearly parallel give a
+// point of no use with large standard deviations: only an exactly singular pass is refused.
 #pragma once
 
 #include <functional>
@@ -28,20 +30,29 @@ struct IntersectionSettings {
 };
 
 struct IntersectionResult {
-  bool singular = false;   // |det N| < 1e-200 in some pass; the other fields are then the
-                           // state of that pass
-  int passes = 0;
-  Point3D point;           // metres
-  double rmse_um = 0;      // micrometres, from the sum of squares of the last pass / (2n - 3)
-  double std_x = 0;        // metres
+  bool singular = false;  // |det N| < 1e-200 in some pass: point is the working point of that
+                          // pass, the corrections and cofactors are those of the pass before
+                          // (0 in the first), RMSE and standard deviations are 0
+  int passes = 0;         // passes begun, the singular one included
+  Point3D point;          // metres
+  double rmse_um = 0;     // micrometres, from the sum of squares of the last pass / (2n - 3)
+  double std_x = 0;       // metres
   double std_y = 0;
   double std_z = 0;
+  double last_dx = 0;  // corrections of the last pass, metres
+  double last_dy = 0;
+  double last_dz = 0;
+  double q11 = 0;  // diagonal of the inverse normal matrix of the last pass, for X, Y, Z
+  double q22 = 0;
+  double q33 = 0;
 };
 
 /// observations: 2 to 9, else RunTimeError(SubscriptOutOfRange) above 9. start: first
-/// approximation. A pass whose correction in X is exactly 0 counts as not yet converged. At
-/// the pass limit the last corrections are applied twice. before_next_pass is called after
-/// each pass that is followed by another one.
+/// approximation, used as it is. A pass whose correction in X is exactly 0 counts as not yet
+/// converged. At the pass limit the last corrections are applied twice. before_next_pass is
+/// called after each pass whose corrections ask for another one, the last allowed pass
+/// included; it may change x and y of the observations, which every pass reads anew. Values
+/// that are not numbers end the iteration and show in the result.
 IntersectionResult Intersect_Rays(std::span<const FilmObservation> observations,
                                   const Point3D& start, const IntersectionSettings& settings,
                                   const std::function<void()>& before_next_pass = {});

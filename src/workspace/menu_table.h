@@ -3,32 +3,51 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "workspace/state/workspace.h"
 
 namespace sylvomex {
 
+enum class MenuRole {
+  Submenu,
+  Command,   // has a handler
+  NoAction,  // an item that does nothing
+  NotBuilt,  // a command that is not built yet: choosing it says so
+};
+
 struct MenuRow {
-  int level = 0;               // 0 stands in the menu bar
+  int level = 0;  // 0 stands in the menu bar
   const char* name = "";
   const char* caption = "";
-  int key_code = 0;            // accelerator, 0 for none
-  int key_shift = 0;           // kShift, kCtrl
+  int key_code = 0;   // accelerator, 0 for none
+  int key_shift = 0;  // kShift, kCtrl
   bool greyed = false;
-  void (*handler)(Workspace&) = nullptr;  // null: a submenu or an item without action
-  bool* (*check)(Workspace&) = nullptr;   // the check mark of the item, null for none
+  MenuRole role = MenuRole::Submenu;
+  void (*handler)(Workspace&) = nullptr;
+  bool* (*check)(Workspace&) = nullptr;  // the check mark of the item, null for none
 };
 
 /// The 127 rows of the main window, in menu order.
 std::span<const MenuRow> Main_Menu();
 
-/// The rows of another window ("Form2", "Form3", "Form7"); empty for one without a menu.
+/// The rows of a window ("Form1", "Form2", "Form3", "Form7"); empty for one without a menu.
 std::span<const MenuRow> Window_Menu(std::string_view form);
 
+/// The row of that name, null when there is none.
 const MenuRow* Find_Menu_Row(std::string_view form, std::string_view name);
 
 /// "Ctrl+I", "Shift+F12", "F2", or "".
 std::string Key_Text(const MenuRow& row);
+
+/// Runs the command of a row, greyed or not; one that is not built yet says so.
+void Run_Menu_Row(Workspace& w, const MenuRow& row);
+
+/// Run_Menu_Row for a command of the main menu; the name must exist.
+void Run_Menu_Command(Workspace& w, std::string_view name);
+
+/// One message that the named command is not built yet.
+void Say_Not_Built(Workspace& w, std::string_view caption);
 
 }  // namespace sylvomex

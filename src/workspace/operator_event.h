@@ -34,8 +34,8 @@ struct OperatorEvent {
   std::string control;  // with its index: "Picture1(0)"
   std::string text;
   int button = kLeftButton;
-  int shift = 0;        // bit mask: kShift, kCtrl, kAlt
-  int key_code = 0;     // "A" to "Z", "0" to "9", key pad 0 to 9 = 96 to 105, F1 to F12 = 112 to 123
+  int shift = 0;     // bit mask: kShift, kCtrl, kAlt
+  int key_code = 0;  // "A" to "Z", "0" to "9", key pad 0 to 9 = 96 to 105, F1 to F12 = 112 to 123
   double x = 0, y = 0;  // pane or window pixels
 };
 

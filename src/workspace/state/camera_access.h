@@ -18,8 +18,8 @@ void Image_To_Object_At_Z(const Workspace& w, int image, double Z, double x, dou
                           double& Y);
 
 /// Degrees; a view without a valid solution leaves the outputs as they were.
-void Get_View_Angles(const Workspace& w, int image, double& off_nadir,
-                     double& azimuth_difference, double& ray_azimuth);
+void Get_View_Angles(const Workspace& w, int image, double& off_nadir, double& azimuth_difference,
+                     double& ray_azimuth);
 
 /// Metres; -99 without a loaded model, 0 outside it.
 inline double Get_Raster_Elevation(const Workspace& w, double X, double Y) {

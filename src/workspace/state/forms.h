@@ -18,8 +18,8 @@ struct Form {
   bool Visible = false;
   bool Enabled = true;
   PointerShape MousePointer = PointerShape::Normal;
-  std::string ActiveControl;      // name of the control that was last given the focus, with
-                                  // its index: "Text3(0)"
+  std::string ActiveControl;        // name of the control that was last given the focus, with
+                                    // its index: "Text3(0)"
   std::uint64_t focus_version = 0;  // grows whenever a command moves the focus
 };
 
@@ -29,12 +29,12 @@ void Set_Focus(Form& form, const std::string& control);
 struct Form1State : Form {
   Form1State();
 
-  Label ResultsCaption;               // "Space intersection results:"
-  Table<Label, 0, 2> Label7;          // captions of the solution
-  Table<Label, 0, 2> Label4;          // values of the solution
-  Label Label2;                       // measurement number
-  Label Label10;                      // program status
-  Label Label3;                       // hint
+  Label ResultsCaption;       // "Space intersection results:"
+  Table<Label, 0, 2> Label7;  // captions of the solution
+  Table<Label, 0, 2> Label4;  // values of the solution
+  Label Label2;               // measurement number
+  Label Label10;              // program status
+  Label Label3;               // hint
   CheckBox Check4, Check3, MeasureDistancesCheckBox, Check5;
   TextBox Text4, Text5, Text6, Text7, Text8, Text9, Text2, Text3, Text10;
   Table<Label, 0, 8> ParameterLabel;  // right of the nine boxes, in their order
@@ -42,7 +42,7 @@ struct Form1State : Form {
   Table<CheckBox, 0, 3> Check2;
   Table<Divider, 0, 9> Line;
   Table<Picture, 0, 8> Picture1;
-  Table<TextBox, 0, 17> Text1;        // 2k: x, 2k + 1: y of image k
+  Table<TextBox, 0, 17> Text1;  // 2k: x, 2k + 1: y of image k
   Table<TextBox, 0, 8> Text12;
   Table<Label, 0, 8> Label1;
   Table<CheckBox, 0, 8> Check1;
@@ -64,17 +64,17 @@ struct Form2State : Form {
 struct Form3State : Form {
   Form3State();
 
-  Label Label1, Label2, Label3, Label4, Label5;   // captions of Text1 to Text5
+  Label Label1, Label2, Label3, Label4, Label5;  // captions of Text1 to Text5
   TextBox Text1, Text2, Text3, Text4, Text5;
-  Label Label6;    // DemZ
-  Label Label7;    // X
-  Label Label8;    // Y
-  Label Label9;    // Z
-  Label Label10;   // Rmse
-  Label Label11;   // ImageCount
-  Label Label12;   // image ids
-  Label Label13;   // columns
-  Label Label14;   // rows
+  Label Label6;                // DemZ
+  Label Label7;                // X
+  Label Label8;                // Y
+  Label Label9;                // Z
+  Label Label10;               // Rmse
+  Label Label11;               // ImageCount
+  Label Label12;               // image ids
+  Label Label13;               // columns
+  Label Label14;               // rows
   Table<Label, 0, 5> Caption;  // what stands left of the read-only labels
   Button Accept_And_Save_Button, Cancel_Button;
 };
@@ -91,15 +91,15 @@ struct Form4State : Form {
 struct Form7State : Form {
   Form7State();
 
-  Label Label1, Label2;               // captions of Text1, Text2
+  Label Label1, Label2;  // captions of Text1, Text2
   TextBox Text1, Text2;
-  Label Label3, Label4, Label5;       // X, Y, Z of entry 0
-  Table<Label, 0, 13> Heading;        // column captions
+  Label Label3, Label4, Label5;  // X, Y, Z of entry 0
+  Table<Label, 0, 13> Heading;   // column captions
   // Rows of the nine entries, one label a column.
   Table<Label, 0, 8> IndexLabel, ImageCodeLabel, X0Label, X1Label, Y0Label, Y1Label, ScaleLabel,
       DistanceLabel, SunElevationLabel, SunAzimuthLabel, RayAzimuthLabel, DifferenceLabel,
       OffNadirLabel;
-  Table<TextBox, 0, 8> Text3;         // ObsCoding
+  Table<TextBox, 0, 8> Text3;  // ObsCoding
   Button Command1, Command2, Command3;
 };
 

@@ -31,10 +31,10 @@ struct Mark {
   enum class Kind : std::uint8_t { Point, Line, Text };
   Kind kind = Kind::Point;
   Colour colour;
-  std::int16_t width = 1;      // pen width, pixels
-  std::int32_t text = -1;      // Kind::Text: entry of Picture::texts
+  std::int16_t width = 1;  // pen width, pixels
+  std::int32_t text = -1;  // Kind::Text: entry of Picture::texts
   double x1 = 0, y1 = 0;
-  double x2 = 0, y2 = 0;       // Kind::Line: the far end
+  double x2 = 0, y2 = 0;  // Kind::Line: the far end
 };
 
 struct MarkText {
@@ -44,7 +44,7 @@ struct MarkText {
 
 struct Picture : Control {
   std::shared_ptr<const PaneBitmap> bitmap;
-  std::vector<Mark> marks;          // in drawing order
+  std::vector<Mark> marks;  // in drawing order
   std::vector<MarkText> texts;
   std::uint64_t bitmap_version = 0;  // grows with every load
   std::uint64_t erase_version = 0;   // grows whenever the marks are dropped

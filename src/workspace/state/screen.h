@@ -16,9 +16,9 @@ enum class Answer { Ok, Cancel, Yes, No };
 
 struct FileQuestion {
   std::string title;
-  std::string filter;      // "HDR files (*.hdr)|*.hdr"
+  std::string filter;  // "HDR files (*.hdr)|*.hdr"
   int filter_index = 1;
-  std::string folder;      // start folder, as a drive name; may be empty
+  std::string folder;  // start folder, as a drive name; may be empty
 };
 
 class Screen {
@@ -29,8 +29,7 @@ class Screen {
                              std::string_view title = {}) = 0;
 
   /// The text entered; nothing when the box was dismissed.
-  virtual std::optional<std::string> Input_Box(std::string_view prompt,
-                                               std::string_view title = {},
+  virtual std::optional<std::string> Input_Box(std::string_view prompt, std::string_view title = {},
                                                std::string_view preset = {}) = 0;
 
   /// The file chosen, as a drive name or a native path; nothing when dismissed.

@@ -25,18 +25,18 @@ namespace sylvomex {
 
 /// The options of the options window, with their start values.
 struct Options {
-  double EpipolarZDepth = 5.0;            // metres, to either side of the solution
-  double StepLength = 1.0;                // metres
-  double RmseBeepOneLevel = 30.0;         // micrometres
+  double EpipolarZDepth = 5.0;     // metres, to either side of the solution
+  double StepLength = 1.0;         // metres
+  double RmseBeepOneLevel = 30.0;  // micrometres
   double RmseBeepTwoLevel = 60.0;
   std::int32_t RmseBeepOneFrequency = 1000;  // hertz
   std::int32_t RmseBeepTwoFrequency = 600;
-  std::int32_t RmseBeepOneDuration = 200;    // milliseconds
+  std::int32_t RmseBeepOneDuration = 200;  // milliseconds
   std::int32_t RmseBeepTwoDuration = 200;
-  double IterationStopDX = 0.03;          // metres
+  double IterationStopDX = 0.03;  // metres
   double IterationStopDY = 0.03;
   double IterationStopDZ = 0.03;
-  double PlotTreesMinHeight = 10.0;       // metres
+  double PlotTreesMinHeight = 10.0;  // metres
   bool IncludeTreeNumbers = false;
   bool PlotAllAfterSave = false;
   bool AutoEpipolar = true;
@@ -58,12 +58,13 @@ struct CrownClicks {
   bool CrownClickTwo = false;
   double CrownPointOneX = 0, CrownPointOneY = 0;  // pane pixels, kept to single precision
   double CrownPointTwoX = 0, CrownPointTwoY = 0;
-  double CrownPixelSize = 0;                      // metres on the plane of the solution
-  double CrownWidth = 0;                          // metres, by the pixel size
+  double CrownPixelSize = 0;  // metres on the plane of the solution
+  double CrownWidth = 0;      // metres, by the pixel size
 };
 
 struct Workspace {
-  Workspace(DriveMap drives, Screen& screen) : Drives(std::move(drives)), screen(&screen) {}
+  Workspace(DriveMap drives, Screen& operator_screen)
+      : Drives(std::move(drives)), screen(&operator_screen) {}
 
   DriveMap Drives;
   Screen* screen;

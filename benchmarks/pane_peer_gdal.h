@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "pane_peers.h"
+
+namespace sylvomex::bench {
+
+/// RasterIO over the raw file, described once by a virtual raster and once by an ENVI header
+/// that is written beside the file.
+PanePeer Pane_Gdal_Virtual(const PaneSource& source);
+PanePeer Pane_Gdal_Envi(const PaneSource& source);
+
+}  // namespace sylvomex::bench

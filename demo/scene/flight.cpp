@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+#include "demo/scene/flight.h"
+
+#include <array>
+#include <cmath>
+#include <numbers>
+
+#include "platform/rounding.h"
+#include "solver/ray_angles.h"
+
+namespace sylvomex::demo {
+namespace {
+
+constexpr double kPrincipalDistance = 0.15297;  // metres
+constexpr int kFrameSide = 15300;               // pixels of 15 micrometres
+constexpr double kMargin = 15;                  // metres around the forest on the raw files
+constexpr double kLeastStartHeight = 18;        // of the tree on which panes start, metres
+
+/// One exposure. Offsets of the projection centre from the middle of the forest, metres;
+/// angles in degrees; the affine at 15 micrometres a pixel.
+struct Exposure {
+  int id;
+  const char* comment;
+  bool colour;
+  double east, north, Z0;
+  double omega, phi, kappa;
+  double A1, A2, A0, B1, B2, B0;
+};
+
+constexpr std::array<Exposure, 6> kExposures = {{
+    {2641204, "Demo block, strip 1, frame 1", true, -527.3, -498.6, 1181.4, 0.412, -0.731, 1.284,
+     66662.31, -41.7, 7651.6, 38.2, 66671.94, 7647.3},
+    {2641205, "Demo block, strip 1, frame 2", true, 6.8, -505.2, 1183.9, -0.527, 0.318, 0.846,
+     66663.08, -40.9, 7650.2, 39.4, 66670.55, 7648.8},
+    {2641206, "Demo block, strip 1, frame 3", true, 534.1, -501.7, 1180.2, 0.268, 0.604, 1.557,
+     66661.75, -42.3, 7652.1, 37.6, 66672.36, 7646.9},
+    {2641231, "Demo block, strip 2, frame 1", true, 529.6, 503.9, 1178.5, -0.344, 0.452, 181.732,
+     66662.90, -41.2, 7649.4, 38.8, 66671.10, 7649.7},
+    {2641232, "Demo block, strip 2, frame 2", true, -4.2, 499.3, 1176.8, 0.683, -0.219, 180.918,
+     66662.44, -41.9, 7650.9, 38.0, 66671.68, 7648.1},
+    {2641233, "Demo block, strip 2, frame 3, panchromatic", false, -531.5, 506.4, 1179.7, -0.195,
+     -0.576, 181.365, 66663.27, -40.5, 7651.2, 39.9, 66670.83, 7647.6},
+}};
+
+double Radians(double degrees) { return degrees * std::numbers::pi / 180; }
+
+/// The affine counts positions in pixels; coarser pixels divide them, and rows are turned
+/// over about the frame's last row.
+void Set_Interior(ImageRecord& image, const Exposure& exposure, double scale) {
+  image.PrincipalDistance = kPrincipalDistance;
+  image.FullWidth = image.FullHeight = To_Int16(kFrameSide / scale);
+  image.AffineA1 = exposure.A1 / scale;
+  image.AffineA2 = exposure.A2 / scale;
+  image.AffineA0 = exposure.A0 / scale;
+  image.AffineB1 = exposure.B1 / scale;
+  image.AffineB2 = exposure.B2 / scale;
+  image.AffineB0 = image.FullHeight - 1 - (kFrameSide - 1 - exposure.B0) / scale;
+}
+
+void Set_Exterior(ImageRecord& image, const Exposure& exposure) {
+  image.Omega = Radians(exposure.omega);
+  image.Phi = Radians(exposure.phi);
+  image.Kappa = Radians(exposure.kappa);
+  image.X0 = kForestWest + kForestSide / 2 + exposure.east;
+  image.Y0 = kForestSouth + kForestSide / 2 + exposure.north;
+  image.Z0 = exposure.Z0;
+}
+
+struct PixelBox {
+  double least_col = 1e30, most_col = -1e30;
+  double least_top = 1e30, most_top = -1e30;  // top-down rows
+};
+
+/// Columns and top-down rows that the forest with its margin takes, trees included.
+PixelBox Forest_Box(const Photograph& photo, const Scene& scene) {
+  const double low = *std::min_element(scene.ground.heights.begin(), scene.ground.heights.end());
+  PixelBox box;
+  for (const double x : {-kMargin, kForestSide + kMargin}) {
+    for (const double y : {-kMargin, kForestSide + kMargin}) {
+      for (const double Z : {low, std::max(low, scene.grid.highest_top)}) {
+        double col = 0, row = 0;
+        Object_To_Pixel(photo.image, photo.rotation, kForestWest + x, kForestSouth + y, Z, col,
+                        row);
+        const double top = photo.image.FullHeight - 1 - row;
+        box.least_col = std::min(box.least_col, col);
+        box.most_col = std::max(box.most_col, col);
+        box.least_top = std::min(box.least_top, top);
+        box.most_top = std::max(box.most_top, top);
+      }
+    }
+  }
+  return box;
+}
+
+void Set_Sub_Image(Photograph& photo, const Scene& scene) {
+  const PixelBox box = Forest_Box(photo, scene);
+  ImageRecord& image = photo.image;
+  image.SubColOrigin = std::max(1.0, std::floor(box.least_col));
+  image.SubRowOrigin = std::max(1.0, std::floor(box.least_top));
+  image.SubWidth = std::min<double>(image.FullWidth, std::ceil(box.most_col)) - image.SubColOrigin;
+  image.SubHeight =
+      std::min<double>(image.FullHeight, std::ceil(box.most_top)) - image.SubRowOrigin;
+}
+
+void Set_Start(Photograph& photo, const Tree& tree) {
+  double col = 0, row = 0;
+  Object_To_Pixel(photo.image, photo.rotation, tree.X, tree.Y, tree.TopZ, col, row);
+  photo.image.StartCol = To_Int16(col - photo.image.SubColOrigin);
+  photo.image.StartRow = To_Int16(photo.image.FullHeight - 1 - row - photo.image.SubRowOrigin);
+}
+
+Photograph Expose(const Scene& scene, const Exposure& exposure, const std::string& name) {
+  Photograph photo;
+  ImageRecord& image = photo.image;
+  image.ImageId = exposure.id;
+  image.ColorFlag = exposure.colour ? 1 : 0;
+  image.ImageComment = exposure.comment;
+  image.RawFileName = name + ".raw";
+  photo.header_name = name + ".hdr";
+  Set_Interior(image, exposure, scene.settings.pixel_scale);
+  Set_Exterior(image, exposure);
+  image.SunAzimuth = scene.sun_azimuth;
+  image.SunElevation = scene.sun_elevation;
+  photo.rotation = Build_Rotation_Matrix(image.Omega, image.Phi, image.Kappa);
+  Set_Sub_Image(photo, scene);
+  return photo;
+}
+
+}  // namespace
+
+std::vector<Photograph> Fly_Over(const Scene& scene) {
+  const Tree& start = scene.trees[Centre_Tree(scene, kLeastStartHeight)];
+  std::vector<Photograph> photos;
+  for (std::size_t i = 0; i < kExposures.size(); ++i) {
+    photos.push_back(Expose(scene, kExposures[i], "c:\\data\\demo\\im" + std::to_string(i + 1)));
+    Set_Start(photos.back(), start);
+  }
+  return photos;
+}
+
+Ray Ray_Through_Pixel(const Photograph& photo, double col, double row) {
+  double x = 0, y = 0;
+  Pixel_To_Image(photo.image, col, row, x, y);
+  const Vector3 direction = Film_Ray(photo.image, photo.rotation, x, y);
+  return {photo.image.X0,
+          photo.image.Y0,
+          photo.image.Z0,
+          -direction.x / direction.z,
+          -direction.y / direction.z,
+          -1};
+}
+
+RawPixelCentre Centre_Of_Raw_Pixel(const ImageRecord& image, double raw_col, double raw_row) {
+  return {image.SubColOrigin + raw_col + 0.5,
+          image.FullHeight - 1 - (image.SubRowOrigin + raw_row + 0.5)};
+}
+
+bool Is_On_Raw_File(const ImageRecord& image, double col, double row) {
+  const double raw_col = col - image.SubColOrigin;
+  const double raw_row = image.FullHeight - 1 - row - image.SubRowOrigin;
+  return raw_col >= 0 && raw_row >= 0 && raw_col < image.SubWidth && raw_row < image.SubHeight;
+}
+
+}  // namespace sylvomex::demo

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+// The six photographs of the site: two strips flown in opposite directions, three frames each,
+// some 65 % forward and 34 % side overlap, the last frame grey. Every frame sees the whole
+// forest; its raw file holds only the part around it.
+//
+// The centre of raw pixel (raw_col, raw_row), raw_row from the top, lies at full-image col =
+// SubColOrigin + raw_col + 0.5 and row = FullHeight - 1 - (SubRowOrigin + raw_row + 0.5), row
+// from the bottom: a raw pixel covers one unit of col and row, as a pane at zoom 1 shows it.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "demo/scene/scene.h"
+#include "imageblock/image_record.h"
+#include "solver/camera_model.h"
+
+namespace sylvomex::demo {
+
+struct Photograph {
+  ImageRecord image;
+  RotationMatrix rotation;
+  std::string header_name;  // drive name, "c:\data\demo\im1.hdr"
+};
+
+std::vector<Photograph> Fly_Over(const Scene& scene);
+
+/// The ray from the projection centre through a full-image position, pointing down: w = -1, so
+/// that t counts metres below the centre.
+Ray Ray_Through_Pixel(const Photograph& photo, double col, double row);
+
+/// Full-image position of the centre of a raw pixel.
+struct RawPixelCentre {
+  double col = 0;
+  double row = 0;  // from the bottom
+};
+RawPixelCentre Centre_Of_Raw_Pixel(const ImageRecord& image, double raw_col, double raw_row);
+
+/// Whether a full-image position lies on the raw file.
+bool Is_On_Raw_File(const ImageRecord& image, double col, double row);
+
+}  // namespace sylvomex::demo

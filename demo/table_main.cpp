@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// Prints how well a session measured the tree tops of the demo site.
+#include <cstdio>
+#include <exception>
+#include <string>
+
+#include "demo/table/accuracy_table.h"
+#include "platform/files.h"
+#include "platform/number_text.h"
+#include "platform/run_time_error.h"
+
+namespace {
+
+using namespace sylvomex;
+using namespace sylvomex::demo;
+
+FilePath Native(const char* name) { return {name, name}; }
+
+int Print_Table(int count, char** arguments) {
+  if (count != 3 && !(count == 5 && std::string(arguments[3]) == "--seconds")) {
+    throw RunTimeError(Failure::BadContent,
+                       "usage: sylvomex_demo_table TRANSCRIPT TRUTH [--seconds S]");
+  }
+  std::optional<double> seconds;
+  if (count == 5) seconds = Parse_Double(arguments[4]);
+  const auto measured = Read_Measured_Tops(Read_Whole_File(Native(arguments[1])));
+  const auto table = Compare_With_Truth(measured, Read_True_Tops(Native(arguments[2])));
+  if (!table) {
+    throw RunTimeError(Failure::BadContent,
+                       std::string(arguments[1]) + ": no measured tree of " + arguments[2]);
+  }
+  std::fputs(Table_Text(*table, seconds).c_str(), stdout);
+  return 0;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  try {
+    return Print_Table(count, arguments);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "sylvomex_demo_table: %s\n", error.what());
+    return 1;
+  }
+}

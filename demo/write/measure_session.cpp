@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include "demo/write/measure_session.h"
+
+#include <cmath>
+#include <optional>
+
+#include "demo/write/exact_text.h"
+#include "demo/write/truth.h"
+#include "imageblock/view_window.h"
+#include "platform/rounding.h"
+
+namespace sylvomex::demo {
+namespace {
+
+constexpr int kFields = 6;              // along each side of the site
+constexpr double kBorder = 25;          // metres
+constexpr double kDominantHeight = 17;  // metres
+constexpr int kLeastPhotos = 4;
+constexpr std::size_t kPictureAfter = 3;  // trees until the panes are saved as pictures
+
+int Count_Visible(const std::vector<TopOnPhoto>& tops) {
+  int count = 0;
+  for (const TopOnPhoto& top : tops) count += top.visible ? 1 : 0;
+  return count;
+}
+
+/// The field of the grid in which a tree stands; nothing near the border.
+std::optional<std::size_t> Field_Of(const Tree& tree) {
+  const double inside = kForestSide - 2 * kBorder;
+  const double x = (tree.X - kForestWest - kBorder) / inside * kFields;
+  const double y = (tree.Y - kForestSouth - kBorder) / inside * kFields;
+  if (x < 0 || y < 0 || x >= kFields || y >= kFields) return std::nullopt;
+  return static_cast<std::size_t>(y) * kFields + static_cast<std::size_t>(x);
+}
+
+/// Panes outside 1 pixel of the edge count as shown.
+bool Is_In_Pane(const PanePosition& at) {
+  return at.px > 1 && at.py > 1 && at.px < kSessionPaneSide - 1 && at.py < kSessionPaneSide - 1;
+}
+
+double To_Half_Pixel(double value) { return Round_Half_Even(2 * value) / 2; }
+
+std::string Load_Steps(const std::vector<Photograph>& photos) {
+  std::string text = "# Tree tops of the demo site, measured in all photographs that show them.\n";
+  for (const Photograph& photo : photos) {
+    text += "file " + photo.header_name + "\nmenu Add_images_to_set\n";
+  }
+  return text + "file c:\\data\\demo\\dem.hdr\ninput 0.00\nmenu Add_height_Model\n" +
+         "save Picture1(0) c:\\data\\demo\\start_pane.png\n";
+}
+
+std::string Centre_Steps(const Point3D& point) {
+  std::string text;
+  for (const double value : {point.X, point.Y, point.Z}) {
+    text += "input " + Fixed_Decimals(value, 2) + "\n";
+  }
+  return text + "menu Set_3D_solution\nmenu Center_to_xyz_click\n";
+}
+
+std::string Click_Steps(const Scene& scene, const std::vector<Photograph>& photos, std::size_t tree,
+                        const Point3D& centre) {
+  std::string text;
+  const std::vector<TopOnPhoto> tops = Tops_On_Photos(scene, photos, tree);
+  for (std::size_t k = 0; k < photos.size(); ++k) {
+    if (!tops[k].visible) continue;
+    const PaneView view = View_Centred_On(photos[k], centre, kSessionPaneSide);
+    const PanePosition at = Full_Image_To_Pane(photos[k].image, view, tops[k].col, tops[k].row);
+    if (!Is_In_Pane(at)) continue;
+    text += "click Picture1(" + std::to_string(k) + ") " + Fixed_Decimals(To_Half_Pixel(at.px), 1) +
+            " " + Fixed_Decimals(To_Half_Pixel(at.py), 1) + "\n";
+  }
+  return text;
+}
+
+std::string Picture_Steps(const std::vector<Photograph>& photos) {
+  std::string text;
+  for (std::size_t k = 0; k < photos.size(); ++k) {
+    text += "save Picture1(" + std::to_string(k) + ") c:\\data\\demo\\measured_pane" +
+            std::to_string(k + 1) + ".png\n";
+  }
+  return text + "try screenshot c:\\data\\demo\\measured_window.png\n";
+}
+
+}  // namespace
+
+Point3D Rough_Point(const Tree& tree) {
+  return {3 * Round_Half_Even(tree.X / 3), 3 * Round_Half_Even(tree.Y / 3),
+          Round_Half_Even(tree.GroundZ + 15)};
+}
+
+PaneView View_Centred_On(const Photograph& photo, const Point3D& point, int pane_side) {
+  const ImageRecord& image = photo.image;
+  double col = 0, row = 0;
+  Object_To_Pixel(image, photo.rotation, point.X, point.Y, point.Z, col, row);
+  const ViewWindow window = Compute_View_Window(
+      image.SubWidth, image.SubHeight, To_Int16(col - image.SubColOrigin),
+      To_Int16(image.FullHeight - 1 - row - image.SubRowOrigin), pane_side, pane_side);
+  PaneView view;
+  if (window.fits) {
+    view.ViewCol = To_Int16(window.first_col);
+    view.ViewRow = To_Int16(window.first_row);
+  }
+  view.ViewWidth = view.ViewHeight = To_Int16(pane_side);
+  view.ZoomX = view.ZoomY = 1;
+  return view;
+}
+
+std::vector<std::size_t> Trees_To_Measure(const Scene& scene,
+                                          const std::vector<Photograph>& photos) {
+  struct Best {
+    std::size_t tree = 0;
+    int visible = 0;
+  };
+  std::vector<Best> best(kFields * kFields);
+  for (std::size_t i = 0; i < scene.trees.size(); ++i) {
+    const Tree& tree = scene.trees[i];
+    const auto field = Field_Of(tree);
+    if (!field || tree.Height() < kDominantHeight) continue;
+    const int visible = Count_Visible(Tops_On_Photos(scene, photos, i));
+    if (visible >= kLeastPhotos && visible > best[*field].visible) best[*field] = {i, visible};
+  }
+  std::vector<std::size_t> chosen;
+  for (const Best& field : best) {
+    if (field.visible > 0) chosen.push_back(field.tree);
+  }
+  return chosen;
+}
+
+std::string Measure_Session(const Scene& scene, const std::vector<Photograph>& photos) {
+  std::string text = Load_Steps(photos);
+  const std::vector<std::size_t> trees = Trees_To_Measure(scene, photos);
+  for (std::size_t i = 0; i < trees.size(); ++i) {
+    const Tree& tree = scene.trees[trees[i]];
+    const Point3D centre = Rough_Point(tree);
+    text += "\nsay \"tree " + std::to_string(tree.id) + "\"\n" + Centre_Steps(centre) +
+            Click_Steps(scene, photos, trees[i], centre) +
+            "menu Point_Intersection\nprint Solution3D\nprint Label10\n";
+    if (i + 1 == kPictureAfter) text += Picture_Steps(photos);
+    text += "menu Save_measured_point\npress Form3.Accept_And_Save_Button\n";
+  }
+  return text;
+}
+
+}  // namespace sylvomex::demo

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+#include <string>
+
+#include "platform/number_text.h"
+#include "platform/run_time_error.h"
+
+namespace sylvomex {
+
+/// Passes of a loop over the reals first, first + step, ... up to last, both ends included:
+/// 101 from -5 to 5 by 0.1. The end counts although rounding misses it by a millionth of the
+/// step. 0 when last lies below first. step is positive.
+///
+/// RunTimeError(Overflow) above a million passes, which no pane could show.
+inline std::int32_t Loop_Passes(double first, double last, double step) {
+  constexpr double kMostPasses = 1'000'000;
+  const double passes = std::floor((last - first) / step + 1e-6) + 1;
+  if (!(passes > 0)) return 0;
+  if (passes > kMostPasses) {
+    throw RunTimeError(Failure::Overflow, Plain_Text(first) + " to " + Plain_Text(last) +
+                                              " in steps of " + Plain_Text(step) +
+                                              " are more than 1000000 steps");
+  }
+  return static_cast<std::int32_t>(passes);
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "closedlib/window_correlation.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "platform/run_time_error.h"
+
+namespace sylvomex {
+namespace {
+
+void Require_Same_Size(std::size_t window, std::size_t pattern) {
+  if (window == pattern) return;
+  throw RunTimeError(Failure::SubscriptOutOfRange,
+                     "correlation of a window of " + std::to_string(window) +
+                         " pixels with a pattern of " + std::to_string(pattern) + " pixels");
+}
+
+}  // namespace
+
+WindowStatistics MYFUNC_TEMPMEANSTD(std::span<const std::uint8_t> window) {
+  WindowStatistics statistics;
+  if (window.empty()) return statistics;
+  const double n = static_cast<double>(window.size());
+  std::uint64_t sum = 0;
+  for (const std::uint8_t pixel : window) sum += pixel;
+  statistics.mean = static_cast<double>(sum) / n;
+  if (window.size() < 2) return statistics;
+  double squares = 0;
+  for (const std::uint8_t pixel : window) {
+    const double d = pixel - statistics.mean;
+    squares += d * d;
+  }
+  statistics.deviation = std::sqrt(squares / (n - 1));
+  return statistics;
+}
+
+double MYFUNC_CCORB(std::span<const std::uint8_t> window, std::span<const std::uint8_t> pattern,
+                    double window_mean) {
+  Require_Same_Size(window.size(), pattern.size());
+  const double pattern_mean = MYFUNC_TEMPMEANSTD(pattern).mean;
+  double products = 0, window_squares = 0, pattern_squares = 0;
+  for (std::size_t i = 0; i < window.size(); ++i) {
+    const double a = window[i] - window_mean;
+    const double b = pattern[i] - pattern_mean;
+    products += a * b;
+    window_squares += a * a;
+    pattern_squares += b * b;
+  }
+  if (window_squares == 0 || pattern_squares == 0) return 0;
+  const double r = products / (std::sqrt(window_squares) * std::sqrt(pattern_squares));
+  return std::clamp(r, -1.0, 1.0);
+}
+
+}  // namespace sylvomex

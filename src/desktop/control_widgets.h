@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+// The small widgets of the windows. Each shows one control record; Show_Control copies what
+// has changed.
+#pragma once
+
+#include <QCheckBox>
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <string>
+
+#include "workspace/state/control.h"
+
+namespace sylvomex {
+
+/// The font of all controls that do not carry one of their own.
+QFont Control_Font();
+
+/// The smallest share of its natural width to which a text is squeezed before it is cut.
+inline constexpr double kNarrowestText = 0.75;
+
+/// A label that squeezes a text too long for it, then cuts it and shows the whole as a tool
+/// tip. A label of two lines' height and more wraps.
+class TextLabel : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+  void Show_Text(const QString& text);
+  void Show_Font(double points, bool bold);
+  void Show_Colour(Colour colour);
+
+  /// What is painted of a single line: the text, or its beginning and three dots.
+  [[nodiscard]] QString Painted_Text() const;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void Fit_Text();
+  [[nodiscard]] bool Wraps() const;
+
+  QFont natural_font_ = Control_Font();
+};
+
+/// A text box with a border of one pixel and no margin above and below its text.
+class TextBoxWidget : public QLineEdit {
+ public:
+  explicit TextBoxWidget(QWidget* parent);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+void Show_Control(TextLabel& widget, const Label& label);
+void Show_Control(TextBoxWidget& widget, const TextBox& box);
+bool Show_Control(QCheckBox& widget, const CheckBox& box);  // true when the caption is new
+void Show_Control(QPushButton& widget, const Button& button);
+void Show_Control(QFrame& widget, const Divider& line);
+
+/// Sizes a tick box to its caption, at most to `room` pixels: the caption is squeezed then and
+/// shown as a tool tip.
+void Fit_Check_Box(QCheckBox& box, int room);
+
+/// Where a control stands in its window, whole pixels.
+QRect Placing(const Control& control);
+
+}  // namespace sylvomex

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/desktop.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <QStyle>
+#include <cstdio>
+#include <utility>
+
+#include "workspace/start_up.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr int kMillisecondsBetweenResizes = 100;
+
+/// What the screen has room for beside the menu and a usual window frame.
+QSize Largest_Client_Size(const FormWindow& window) {
+  constexpr int kFrame = 4;
+  const QSize screen = window.screen()->availableGeometry().size();
+  const int title = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+  return screen - QSize(2 * kFrame, title + window.Menu_Height() + 2 * kFrame);
+}
+
+std::string Handler_Name(const OperatorEvent& event) {
+  return event.control.empty() ? event.form : event.control;
+}
+
+}  // namespace
+
+Desktop::Desktop(DesktopOptions options)
+    : options_(std::move(options)),
+      screen_(options_.drives, {[this] { windows_.Mirror(); }, [this] { return Front_Window(); },
+                                [this] { End(); }}),
+      w_(std::make_unique<Workspace>(options_.drives, screen_)),
+      custom_cursor_(w_->Drives, "c:\\data\\cross04.CUR"),
+      windows_(*this, *w_) {
+  move_timer_.setSingleShot(true);
+  resize_timer_.setSingleShot(true);
+  QObject::connect(&move_timer_, &QTimer::timeout, [this] { Send_Waiting_Move(); });
+  QObject::connect(&resize_timer_, &QTimer::timeout, [this] { Send_Waiting_Resize(); });
+}
+
+void Desktop::Start() {
+  const QSize client = options_.client_size.value_or(Largest_Client_Size(windows_.Main()));
+  w_->Form1.ClientWidth = client.width();
+  w_->Form1.ClientHeight = client.height();
+  if (!options_.record.empty()) Start_Recording();
+  Start_Workspace(*w_);
+  if (!options_.client_size) windows_.Main().setWindowState(Qt::WindowMaximized);
+  windows_.Mirror();
+}
+
+void Desktop::Start_Recording() {
+  record_.open(options_.record);
+  if (!record_) {
+    throw RunTimeError(Failure::FileFailure, "the record cannot be written", options_.record);
+  }
+  recorder_.emplace(record_, w_->Form1.ClientWidth, w_->Form1.ClientHeight);
+  recorder_screen_.emplace(screen_, *recorder_);
+  w_->screen = &*recorder_screen_;
+}
+
+void Desktop::Dispatch(const OperatorEvent& event) {
+  Send_Waiting_Move();
+  Run(event);
+}
+
+void Desktop::Run(const OperatorEvent& event) {
+  if (ended_) return;
+  if (depth_ == 0) screen_.Begin_Outer_Event();
+  ++depth_;
+  try {
+    if (recorder_) {
+      Handle_Recorded_Event(*recorder_, *w_, event);
+    } else {
+      Handle_Event(*w_, event);
+    }
+  } catch (const UnknownName& gone) {
+    // What a waiting event pointed at can have been hidden since.
+    std::fprintf(stderr, "sylvomex: event passed over: %s\n", gone.what());
+  } catch (const std::exception& failure) {
+    screen_.Report_Error(Handler_Name(event), failure.what(), {});
+  }
+  --depth_;
+  windows_.Mirror();
+}
+
+void Desktop::Dispatch_Move(const OperatorEvent& event) {
+  waiting_move_ = event;
+  if (!moving_ && !move_timer_.isActive()) move_timer_.start(0);
+}
+
+void Desktop::Send_Waiting_Move() {
+  if (moving_ || !waiting_move_) return;
+  const OperatorEvent event = *std::exchange(waiting_move_, std::nullopt);
+  moving_ = true;
+  Run(event);
+  moving_ = false;
+  if (waiting_move_) move_timer_.start(0);
+}
+
+bool Desktop::Dispatch_Resize(const OperatorEvent& event) {
+  waiting_resize_ = event;
+  if (!resizing_ && !resize_timer_.isActive()) resize_timer_.start(0);
+  return true;
+}
+
+void Desktop::Send_Waiting_Resize() {
+  if (resizing_ || !waiting_resize_) return;
+  const OperatorEvent event = *std::exchange(waiting_resize_, std::nullopt);
+  resizing_ = true;
+  Run(event);
+  resizing_ = false;
+  resize_timer_.start(kMillisecondsBetweenResizes);
+}
+
+const QCursor& Desktop::Custom_Cursor() { return custom_cursor_.Cursor(); }
+
+QWidget* Desktop::Front_Window() {
+  if (QWidget* active = QApplication::activeWindow()) return active;
+  return windows_.Main().isVisible() ? &windows_.Main() : nullptr;
+}
+
+void Desktop::End() {
+  ended_ = true;
+  if (options_.end) options_.end();
+}
+
+}  // namespace sylvomex

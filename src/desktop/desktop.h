@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+// The workstation on a desk: the block, its windows, and the one way from a widget event to
+// its handler.
+#pragma once
+
+#include <QTimer>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "desktop/cursor_file.h"
+#include "desktop/desktop_screen.h"
+#include "desktop/windows.h"
+#include "session/recorder_screen.h"
+
+namespace sylvomex {
+
+struct DesktopOptions {
+  DriveMap drives;
+  std::optional<QSize> client_size;  // of the main window; as large as the screen allows
+  std::filesystem::path record;      // takes the session as a script; empty for none
+  std::function<void()> end;         // ends the program when the operator has confirmed it
+};
+
+class Desktop : public OperatorEvents {
+ public:
+  explicit Desktop(DesktopOptions options);
+
+  /// Runs the start routine and shows the main window. RunTimeError when the start fails or
+  /// the record cannot be written.
+  void Start();
+
+  void Dispatch(const OperatorEvent& event) override;
+  void Dispatch_Move(const OperatorEvent& event) override;
+  bool Dispatch_Resize(const OperatorEvent& event) override;
+  const QCursor& Custom_Cursor() override;
+
+  [[nodiscard]] Workspace& Block() { return *w_; }
+  [[nodiscard]] Windows& Shown() { return windows_; }
+
+ private:
+  void Start_Recording();
+  void Run(const OperatorEvent& event);
+  void Send_Waiting_Move();
+  void Send_Waiting_Resize();
+  QWidget* Front_Window();
+  void End();
+
+  DesktopOptions options_;
+  DesktopScreen screen_;
+  std::unique_ptr<Workspace> w_;
+  std::ofstream record_;
+  std::optional<Recorder> recorder_;
+  std::optional<RecorderScreen> recorder_screen_;
+  CursorFile custom_cursor_;
+  Windows windows_;
+  QTimer move_timer_;
+  QTimer resize_timer_;
+  std::optional<OperatorEvent> waiting_move_;
+  std::optional<OperatorEvent> waiting_resize_;
+  bool moving_ = false;
+  bool resizing_ = false;
+  int depth_ = 0;  // events that are being handled, one inside the other
+  bool ended_ = false;
+};
+
+}  // namespace sylvomex

@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/desktop_screen.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QUrl>
+#include <utility>
+
+#include "desktop/file_filter.h"
+#include "desktop/mark_painter.h"
+#include "desktop/qt_text.h"
+
+namespace sylvomex {
+namespace {
+
+const QString kProgram = QStringLiteral("SYLVOMEX");
+
+QString Window_Title(std::string_view title) { return title.empty() ? kProgram : Qt_Text(title); }
+
+QMessageBox::StandardButtons Box_Buttons(Buttons buttons) {
+  switch (buttons) {
+    case Buttons::Ok:
+      return QMessageBox::Ok;
+    case Buttons::OkCancel:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case Buttons::YesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+  }
+  return QMessageBox::Ok;
+}
+
+Answer Chosen(int button) {
+  switch (button) {
+    case QMessageBox::Cancel:
+      return Answer::Cancel;
+    case QMessageBox::Yes:
+      return Answer::Yes;
+    case QMessageBox::No:
+      return Answer::No;
+    default:
+      return Answer::Ok;
+  }
+}
+
+/// The drives that exist, for the side bar of the file dialog.
+QList<QUrl> Drive_Urls(const DriveMap& drives) {
+  QList<QUrl> urls;
+  for (const char* letter : {"c", "d", "e", "f"}) {
+    const QString folder =
+        QString::fromStdString(drives.Locate(std::string(letter) + ":\\").native.string());
+    if (QFileInfo(folder).isDir()) urls << QUrl::fromLocalFile(folder);
+  }
+  return urls << QUrl::fromLocalFile(QDir::homePath());
+}
+
+}  // namespace
+
+DesktopScreen::DesktopScreen(const DriveMap& drives, Owner owner)
+    : drives_(drives), owner_(std::move(owner)) {}
+
+void DesktopScreen::Begin_Outer_Event() {
+  times_shown_.clear();
+  silenced_.clear();
+}
+
+Answer DesktopScreen::Message_Box(std::string_view text, Buttons buttons, std::string_view title) {
+  const QString shown = Qt_Text(text);
+  if (silenced_.contains(shown)) return Answer::Ok;
+  owner_.show_block();
+  QMessageBox box(QMessageBox::NoIcon, Window_Title(title), shown, Box_Buttons(buttons),
+                  owner_.front_window());
+  box.setTextFormat(Qt::PlainText);
+  QCheckBox* silence = nullptr;
+  if (++times_shown_[shown] > 1 && buttons == Buttons::Ok) {
+    silence = new QCheckBox(QStringLiteral("Do not show this message again until the command ends"),
+                            &box);
+    box.setCheckBox(silence);
+  }
+  const int button = box.exec();
+  if (silence != nullptr && silence->isChecked()) silenced_.insert(shown);
+  return Chosen(button);
+}
+
+std::optional<std::string> DesktopScreen::Input_Box(std::string_view prompt, std::string_view title,
+                                                    std::string_view preset) {
+  owner_.show_block();
+  QInputDialog box(owner_.front_window());
+  box.setInputMode(QInputDialog::TextInput);
+  box.setWindowTitle(Window_Title(title));
+  box.setLabelText(
+      Qt_Text(prompt).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>")));
+  box.setTextValue(Qt_Text(preset));
+  if (box.exec() != QDialog::Accepted) return std::nullopt;
+  return Block_Text(box.textValue());
+}
+
+QString DesktopScreen::Start_Folder(const FileQuestion& question) const {
+  for (const std::string& name : {question.folder, std::string("c:\\data")}) {
+    if (name.empty() && !last_folder_.isEmpty()) return last_folder_;
+    if (name.empty()) continue;
+    const QString folder = QString::fromStdString(drives_.Locate(name).native.string());
+    if (QFileInfo(folder).isDir()) return folder;
+  }
+  return QString::fromStdString(drives_.Root().string());
+}
+
+std::optional<std::string> DesktopScreen::File_Dialog(const FileQuestion& question) {
+  owner_.show_block();
+  QFileDialog dialog(owner_.front_window(), Window_Title(question.title), Start_Folder(question));
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setAcceptMode(QFileDialog::AcceptOpen);
+  dialog.setSidebarUrls(Drive_Urls(drives_));
+  const QStringList filters = Name_Filters(question.filter);
+  dialog.setNameFilters(filters);
+  if (question.filter_index >= 1 && question.filter_index <= filters.size()) {
+    dialog.selectNameFilter(filters[question.filter_index - 1]);
+  }
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  const QString chosen = dialog.selectedFiles().constFirst();
+  last_folder_ = QFileInfo(chosen).absolutePath();
+  return Block_Text(chosen);
+}
+
+void DesktopScreen::Beep(int frequency, int duration) { tones_.Play(frequency, duration); }
+
+void DesktopScreen::Clear_Clipboard() { QApplication::clipboard()->clear(); }
+
+void DesktopScreen::Copy_To_Clipboard(const PaneBitmap& picture) {
+  QApplication::clipboard()->setImage(To_Image(picture));
+}
+
+void DesktopScreen::Service_Events() {
+  owner_.show_block();
+  QApplication::processEvents();
+}
+
+double DesktopScreen::Clock() {
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
+}
+
+double DesktopScreen::Random() {
+  constexpr double kOne53rdPowerOfTwo = 0x1.0p-53;
+  return static_cast<double>(generator_() >> 11) * kOne53rdPowerOfTwo;
+}
+
+void DesktopScreen::Report_Error(std::string_view command, std::string_view text,
+                                 std::string_view native_path) {
+  owner_.show_block();
+  QMessageBox box(QMessageBox::Warning, kProgram,
+                  Qt_Text(command) + QLatin1String(": ") + Qt_Text(text), QMessageBox::Ok,
+                  owner_.front_window());
+  box.setTextFormat(Qt::PlainText);
+  box.setInformativeText(Qt_Text(native_path));
+  box.exec();
+}
+
+void DesktopScreen::End_Session() { owner_.end(); }
+
+}  // namespace sylvomex

@@ -1,0 +1,306 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/form_window.h"
+
+#include <QCloseEvent>
+#include <QMouseEvent>
+#include <cmath>
+#include <utility>
+
+#include "desktop/key_codes.h"
+#include "desktop/qt_text.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr QSize kSmallestMainWindow(640, 480);
+constexpr QLatin1StringView kClientName("client");
+
+/// What the title bar's close button stands for.
+OperatorEvent Close_Event(const std::string& form) {
+  OperatorEvent event;
+  event.form = form;
+  event.kind = form == "Form4" ? OperatorEvent::Kind::Press : OperatorEvent::Kind::Menu;
+  event.control = form == "Form1"   ? "Exit"
+                  : form == "Form2" ? "close_window"
+                  : form == "Form3" ? "C_and_c"
+                  : form == "Form4" ? "OK_Button"
+                                    : "Close_No_Save";
+  return event;
+}
+
+/// Moves over the bare window and over tick boxes are told; a pane tells its own.
+bool Tells_Moves(const QObject* watched) {
+  return watched->objectName() == kClientName || qobject_cast<const QCheckBox*>(watched) != nullptr;
+}
+
+QSize Client_Size(const Form& form) {
+  return {static_cast<int>(std::lround(form.ClientWidth)),
+          static_cast<int>(std::lround(form.ClientHeight))};
+}
+
+}  // namespace
+
+FormWindow::FormWindow(OperatorEvents& events, Workspace& w, std::string name, Form& form,
+                       QWidget* owner)
+    : QMainWindow(owner, Qt::Window),
+      events_(events),
+      w_(w),
+      name_(std::move(name)),
+      form_(form),
+      client_(new QWidget(this)),
+      menus_(events, name_, name_ == "Form1" ? Main_Menu() : Window_Menu(name_), *menuBar()) {
+  setObjectName(QString::fromStdString(name_));
+  setFont(Control_Font());
+  menuBar()->setFont(Control_Font());
+  menuBar()->setNativeMenuBar(false);
+  if (menuBar()->actions().isEmpty()) menuBar()->hide();
+  setContextMenuPolicy(Qt::NoContextMenu);
+  setCentralWidget(client_);
+  client_->setObjectName(kClientName);
+  client_->setFocusPolicy(Qt::ClickFocus);
+  client_->setMouseTracking(true);
+  client_->setFocus();
+  installEventFilter(this);
+  client_->installEventFilter(this);
+}
+
+std::string FormWindow::Indexed_Name(const char* control, int index) {
+  return index < 0 ? control : control + ("(" + std::to_string(index) + ")");
+}
+
+void FormWindow::Add(const std::string& name, const Control& record, QWidget* widget,
+                     std::function<void()> show_content) {
+  widget->setObjectName(QString::fromStdString(name));
+  widget->installEventFilter(this);
+  controls_.push_back({name, &record, widget, std::move(show_content), QRect()});
+}
+
+void FormWindow::Add_Control(const std::string& name, const Label& record) {
+  auto* label = new TextLabel(client_);
+  Add(name, record, label, [label, &record] { Show_Control(*label, record); });
+}
+
+void FormWindow::Add_Control(const std::string& name, const TextBox& record) {
+  auto* box = new TextBoxWidget(client_);
+  connect(box, &QLineEdit::textEdited, this, [this, name](const QString& text) {
+    Send(OperatorEvent::Kind::Set, name, Block_Text(text));
+  });
+  connect(box, &QLineEdit::returnPressed, this,
+          [this, name] { Send(OperatorEvent::Kind::Press, name); });
+  Add(name, record, box, [box, &record] { Show_Control(*box, record); });
+}
+
+void FormWindow::Add_Control(const std::string& name, const CheckBox& record) {
+  auto* box = new QCheckBox(client_);
+  box->setMouseTracking(true);
+  box->setFont(Control_Font());
+  connect(box, &QCheckBox::clicked, this, [this, name](bool checked) {
+    Send(OperatorEvent::Kind::Set, name, checked ? "1" : "0");
+  });
+  Add(name, record, box, [this, box, &record] {
+    if (Show_Control(*box, record)) boxes_changed_ = true;
+  });
+}
+
+void FormWindow::Add_Control(const std::string& name, const Button& record) {
+  auto* button = new QPushButton(client_);
+  button->setFont(Control_Font());
+  connect(button, &QPushButton::clicked, this,
+          [this, name] { Send(OperatorEvent::Kind::Press, name); });
+  Add(name, record, button, [button, &record] { Show_Control(*button, record); });
+}
+
+void FormWindow::Add_Control(const std::string& name, const Divider& record) {
+  auto* line = new QFrame(client_);
+  line->setFrameShadow(QFrame::Plain);
+  line->setForegroundRole(QPalette::Mid);
+  Add(name, record, line, [line, &record] { Show_Control(*line, record); });
+}
+
+void FormWindow::Add_Control(const std::string& name, const Picture& record) {
+  auto* pane = new PictureWidget(events_, name_, name, record, client_);
+  Add(name, record, pane, [pane] { pane->Mirror(); });
+}
+
+QWidget* FormWindow::Control_Widget(const std::string& name) const {
+  for (const Mirrored& control : controls_) {
+    if (control.name == name) return control.widget;
+  }
+  return nullptr;
+}
+
+std::string FormWindow::Name_Of(const QWidget* widget) const {
+  for (const Mirrored& control : controls_) {
+    if (control.widget == widget) return control.name;
+  }
+  return {};
+}
+
+void FormWindow::Mirror() {
+  Mirror_Unshown();
+  if (isHidden() == form_.Visible) setVisible(form_.Visible);
+  Mirror_Focus();
+}
+
+void FormWindow::Mirror_Unshown() {
+  const QString title = Qt_Text(form_.Title);
+  if (windowTitle() != title) setWindowTitle(title);
+  if (client_->isEnabled() != form_.Enabled) {
+    client_->setEnabled(form_.Enabled);
+    menuBar()->setEnabled(form_.Enabled);
+  }
+  Mirror_Size();
+  Mirror_Controls();
+  menus_.Mirror(w_);
+  Mirror_Pointer();
+}
+
+int FormWindow::Menu_Height() const {
+  return menuBar()->isHidden() ? 0 : menuBar()->sizeHint().height();
+}
+
+void FormWindow::Mirror_Size() {
+  const QSize wanted = Client_Size(form_);
+  if (wanted == record_size_) return;
+  record_size_ = wanted;
+  if (operator_sizes_) return;
+  sizing_ = true;
+  const QSize whole = wanted + QSize(0, Menu_Height());
+  if (name_ == "Form1") {
+    setMinimumSize(kSmallestMainWindow.boundedTo(whole));
+    resize(whole);
+  } else {
+    setFixedSize(whole);
+  }
+  sizing_ = false;
+}
+
+void FormWindow::Mirror_Controls() {
+  for (Mirrored& control : controls_) {
+    Mirror_Placing(control);
+    control.show_content();
+  }
+  if (boxes_changed_) Keep_Boxes_Apart();
+  boxes_changed_ = false;
+}
+
+void FormWindow::Mirror_Placing(Mirrored& control) {
+  QWidget& widget = *control.widget;
+  if (const QRect placing = Placing(*control.record); placing != control.placing) {
+    control.placing = placing;
+    widget.setGeometry(placing);
+    boxes_changed_ = true;
+  }
+  if (widget.isHidden() == control.record->Visible) {
+    widget.setVisible(control.record->Visible);
+    boxes_changed_ = true;
+  }
+  if (widget.isEnabledTo(client_) != control.record->Enabled) {
+    widget.setEnabled(control.record->Enabled);
+  }
+}
+
+int FormWindow::Room_Right_Of(const Mirrored& box) const {
+  int room = box.placing.width();
+  for (const Mirrored& other : controls_) {
+    const bool divides = qobject_cast<const QFrame*>(other.widget) != nullptr &&
+                         qobject_cast<const QLabel*>(other.widget) == nullptr;
+    const bool beside =
+        other.placing.top() <= box.placing.bottom() && other.placing.bottom() >= box.placing.top();
+    const int gap = other.placing.left() - box.placing.left();
+    if (!divides && beside && other.record->Visible && gap > 0) room = std::min(room, gap - 2);
+  }
+  return room;
+}
+
+void FormWindow::Keep_Boxes_Apart() {
+  for (const Mirrored& control : controls_) {
+    auto* box = qobject_cast<QCheckBox*>(control.widget);
+    if (box == nullptr || !control.record->Visible) continue;
+    Fit_Check_Box(*box, Room_Right_Of(control));
+    box->setGeometry(
+        QRect(control.placing.topLeft(), QSize(box->width(), control.placing.height())));
+  }
+}
+
+void FormWindow::Mirror_Focus() {
+  if (focus_version_ == form_.focus_version) return;
+  focus_version_ = form_.focus_version;
+  QWidget* control = Control_Widget(form_.ActiveControl);
+  if (control == nullptr) control = client_;
+  control->setFocus();
+  if (auto* box = qobject_cast<QLineEdit*>(control)) box->selectAll();
+  if (form_.Visible) {
+    raise();
+    activateWindow();
+  }
+}
+
+void FormWindow::Mirror_Pointer() {
+  const bool busy = form_.MousePointer == PointerShape::Hourglass;
+  if (busy && cursor().shape() != Qt::WaitCursor) setCursor(Qt::WaitCursor);
+  if (!busy && testAttribute(Qt::WA_SetCursor)) unsetCursor();
+}
+
+void FormWindow::Send(OperatorEvent::Kind kind, const std::string& control, std::string text) {
+  OperatorEvent event;
+  event.kind = kind;
+  event.form = name_;
+  event.control = control;
+  event.text = std::move(text);
+  events_.Dispatch(event);
+}
+
+void FormWindow::Send_Size() {
+  const QSize size = client_->size();
+  if (sizing_ || !isVisible() || size == Client_Size(form_)) return;
+  OperatorEvent event;
+  event.kind = OperatorEvent::Kind::Resize;
+  event.form = name_;
+  event.x = size.width();
+  event.y = size.height();
+  operator_sizes_ = events_.Dispatch_Resize(event);
+}
+
+void FormWindow::Send_Move(const QWidget& over, const QMouseEvent& move) {
+  OperatorEvent event;
+  event.kind = OperatorEvent::Kind::Move;
+  event.form = name_;
+  event.control = Name_Of(&over);
+  event.shift = Shift_Mask(move.modifiers());
+  event.x = move.position().x();
+  event.y = move.position().y();
+  events_.Dispatch_Move(event);
+}
+
+bool FormWindow::Send_Key(const QKeyEvent& key) {
+  OperatorEvent event;
+  event.kind = OperatorEvent::Kind::Key;
+  event.form = name_;
+  event.key_code = Event_Key_Code(key);
+  event.shift = Shift_Mask(key.modifiers());
+  if (event.key_code == 0) return false;
+  if (name_ != "Form1") event.control = Name_Of(focusWidget());
+  events_.Dispatch(event);
+  return menus_.Has_Key(event.key_code, event.shift);
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    // An unhandled key climbs from the focused widget to the window: it counts once.
+    QWidget* first = focusWidget() != nullptr ? focusWidget() : this;
+    if (watched == first && Send_Key(*static_cast<QKeyEvent*>(event))) return true;
+  }
+  if (watched == client_ && event->type() == QEvent::Resize) Send_Size();
+  if (event->type() == QEvent::MouseMove && Tells_Moves(watched)) {
+    Send_Move(*static_cast<QWidget*>(watched), *static_cast<QMouseEvent*>(event));
+  }
+  return QMainWindow::eventFilter(watched, event);
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  events_.Dispatch(Close_Event(name_));
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+// A window that shows one form of the block. It holds no state of its own: Mirror copies the
+// records to the widgets, and what the operator does goes out as OperatorEvents.
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "desktop/control_widgets.h"
+#include "desktop/form_menus.h"
+#include "desktop/operator_events.h"
+#include "desktop/picture_widget.h"
+
+namespace sylvomex {
+
+class FormWindow : public QMainWindow {
+ public:
+  /// form: one of the forms of `w`; both outlive the window.
+  template <class FormState>
+  FormWindow(OperatorEvents& events, Workspace& w, std::string name, FormState& form,
+             QWidget* owner)
+      : FormWindow(events, w, std::move(name), static_cast<Form&>(form), owner) {
+    Visit_Controls(form, [this](const char* control, int index, auto& record) {
+      Add_Control(Indexed_Name(control, index), record);
+    });
+  }
+
+  /// Copies what has changed in the records to the widgets.
+  void Mirror();
+
+  /// Copies everything but whether the window is shown: for pictures of it.
+  void Mirror_Unshown();
+
+  [[nodiscard]] const std::string& Name() const { return name_; }
+
+  /// The widget of a control, "Text1(3)"; null for an unknown name.
+  [[nodiscard]] QWidget* Control_Widget(const std::string& name) const;
+
+  /// Height of the menu bar; the client area lies under it.
+  [[nodiscard]] int Menu_Height() const;
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  struct Mirrored {
+    std::string name;
+    const Control* record;
+    QWidget* widget;
+    std::function<void()> show_content;
+    QRect placing;  // as it was last copied from the record
+  };
+
+  FormWindow(OperatorEvents& events, Workspace& w, std::string name, Form& form, QWidget* owner);
+
+  static std::string Indexed_Name(const char* control, int index);
+
+  void Add_Control(const std::string& name, const Label& record);
+  void Add_Control(const std::string& name, const TextBox& record);
+  void Add_Control(const std::string& name, const CheckBox& record);
+  void Add_Control(const std::string& name, const Button& record);
+  void Add_Control(const std::string& name, const Divider& record);
+  void Add_Control(const std::string& name, const Picture& record);
+  void Add(const std::string& name, const Control& record, QWidget* widget,
+           std::function<void()> show_content);
+
+  void Mirror_Size();
+  void Mirror_Controls();
+  void Mirror_Placing(Mirrored& control);
+
+  /// A tick box takes the width of its caption, and less where another control follows.
+  void Keep_Boxes_Apart();
+  [[nodiscard]] int Room_Right_Of(const Mirrored& box) const;
+  void Mirror_Focus();
+  void Mirror_Pointer();
+  void Send(OperatorEvent::Kind kind, const std::string& control, std::string text = {});
+  void Send_Size();
+  void Send_Move(const QWidget& over, const QMouseEvent& move);
+  bool Send_Key(const QKeyEvent& key);  // true for the key of a menu item
+  [[nodiscard]] std::string Name_Of(const QWidget* widget) const;
+
+  OperatorEvents& events_;
+  Workspace& w_;
+  std::string name_;
+  Form& form_;
+  QWidget* client_;
+  FormMenus menus_;
+  std::vector<Mirrored> controls_;
+  QSize record_size_;            // client size that the record had when it was last looked at
+  bool operator_sizes_ = false;  // the operator has sized the window; the record follows
+  bool sizing_ = false;          // the window takes the record's size and does not report it
+  bool boxes_changed_ = false;   // Keep_Boxes_Apart is due
+  std::uint64_t focus_version_ = 0;
+};
+
+}  // namespace sylvomex

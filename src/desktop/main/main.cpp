@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include <unistd.h>
+
+#include <QApplication>
+#include <QMessageBox>
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <string_view>
+
+#include "desktop/desktop.h"
+#include "desktop/qt_text.h"
+#include "desktop/script_windows.h"
+#include "platform/run_time_error.h"
+#include "session/command_line.h"
+#include "session/step_end.h"
+
+namespace {
+
+using namespace sylvomex;
+
+int Play_Script(const SessionOptions& options) {
+  ScriptWindows windows(options.show);
+  SessionHooks hooks;
+  hooks.pictures = &windows;
+  hooks.before_start = [&](Workspace& w) { windows.Take_Block(w); };
+  if (options.show) hooks.show = [&](Workspace&) { windows.Show(); };
+  const bool is_conversation = options.script == "-" || isatty(STDOUT_FILENO) != 0;
+  return Run_Session(options, {std::cin, std::cout, std::cerr, is_conversation}, hooks);
+}
+
+// The operator has confirmed it: nothing is left to be saved, and a command that is running
+// does not go on.
+void End_Process() {
+  std::cout.flush();
+  std::_Exit(kAllStepsDone);
+}
+
+int Report_Failed_Start(const RunTimeError& failure) {
+  const QString path = QString::fromStdString(failure.Native_Path().string());
+  std::cerr << "the start-up failed: " << failure.what() << " (" << Block_Text(path) << ")\n";
+  QMessageBox box(QMessageBox::Critical, QStringLiteral("SYLVOMEX"),
+                  QStringLiteral("The start-up failed: ") + Qt_Text(failure.what()),
+                  QMessageBox::Close);
+  box.setTextFormat(Qt::PlainText);
+  box.setInformativeText(path);
+  box.exec();
+  return kStartFailed;
+}
+
+int Run_Desktop(const SessionOptions& options, bool size_given, int argc, char** argv) {
+  QApplication application(argc, argv);
+  application.setQuitOnLastWindowClosed(false);
+  Set_Application_Look();
+  DesktopOptions desktop_options{DriveMap(options.root), std::nullopt, options.record, End_Process};
+  if (size_given) {
+    desktop_options.client_size =
+        QSize(static_cast<int>(options.width), static_cast<int>(options.height));
+  }
+  Desktop desktop(std::move(desktop_options));
+  try {
+    desktop.Start();
+  } catch (const RunTimeError& failure) {
+    return Report_Failed_Start(failure);
+  }
+  return QApplication::exec();
+}
+
+bool Gives_Size(std::string_view argument) { return argument.starts_with("--si"); }
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::ios::sync_with_stdio(false);
+  const bool size_given = std::any_of(argv + 1, argv + argc, Gives_Size);
+  const auto line = Parse_Command_Line(argc, argv, std::cerr);
+  if (!line) return kStepFailed;
+  if (line->help) {
+    std::cout << kUsage;
+    return kAllStepsDone;
+  }
+  if (!line->options.script.empty()) return Play_Script(line->options);
+  return Run_Desktop(line->options, size_given, argc, argv);
+}

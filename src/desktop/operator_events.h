@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QCursor>
+
+#include "workspace/operator_event.h"
+
+namespace sylvomex {
+
+/// What a window hands on to its owner.
+class OperatorEvents {
+ public:
+  virtual ~OperatorEvents() = default;
+
+  virtual void Dispatch(const OperatorEvent& event) = 0;
+
+  /// Of moves that come faster than they can be handled only the last counts.
+  virtual void Dispatch_Move(const OperatorEvent& event) = 0;
+
+  /// The same for sizes. False when the window is to keep the size of its record.
+  virtual bool Dispatch_Resize(const OperatorEvent& event) = 0;
+
+  virtual const QCursor& Custom_Cursor() = 0;
+};
+
+}  // namespace sylvomex

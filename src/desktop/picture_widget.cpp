@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/picture_widget.h"
+
+#include <qdrawutil.h>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
+#include <utility>
+
+#include "desktop/key_codes.h"
+#include "desktop/mark_painter.h"
+
+namespace sylvomex {
+
+PictureWidget::PictureWidget(OperatorEvents& events, std::string form, std::string control,
+                             const Picture& picture, QWidget* parent)
+    : QWidget(parent),
+      events_(events),
+      form_(std::move(form)),
+      control_(std::move(control)),
+      picture_(picture) {
+  setMouseTracking(true);
+  setFocusPolicy(Qt::ClickFocus);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+bool PictureWidget::Needs_Full_Painting() const {
+  const QSize inside =
+      size().shrunkBy(QMargins(kPictureBorder, kPictureBorder, kPictureBorder, kPictureBorder));
+  return painted_.size() != inside.expandedTo(QSize(1, 1)) ||
+         bitmap_version_ != picture_.bitmap_version || erase_version_ != picture_.erase_version ||
+         marks_in_picture_ > picture_.marks.size();
+}
+
+void PictureWidget::Mirror() {
+  Mirror_Pointer();
+  QRect changed;
+  if (Needs_Full_Painting()) {
+    const QSize inside(width() - 2 * kPictureBorder, height() - 2 * kPictureBorder);
+    painted_ = Paint_Bitmap(picture_, inside.expandedTo(QSize(1, 1)));
+    bitmap_version_ = picture_.bitmap_version;
+    erase_version_ = picture_.erase_version;
+    marks_in_picture_ = 0;
+    changed = painted_.rect();
+  }
+  if (marks_in_picture_ < picture_.marks.size()) {
+    changed |= Paint_Marks(painted_, picture_, marks_in_picture_);
+    marks_painted_ += picture_.marks.size() - marks_in_picture_;
+    marks_in_picture_ = picture_.marks.size();
+  }
+  if (!changed.isEmpty()) update(changed.translated(kPictureBorder, kPictureBorder));
+}
+
+void PictureWidget::Mirror_Pointer() {
+  switch (picture_.MousePointer) {
+    case PointerShape::Normal:
+      if (testAttribute(Qt::WA_SetCursor)) unsetCursor();
+      break;
+    case PointerShape::Hourglass:
+      if (cursor().shape() != Qt::WaitCursor) setCursor(Qt::WaitCursor);
+      break;
+    case PointerShape::Custom:
+      if (const QCursor& custom = events_.Custom_Cursor(); cursor() != custom) setCursor(custom);
+      break;
+  }
+}
+
+void PictureWidget::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  const QRect inside(QPoint(kPictureBorder, kPictureBorder), painted_.size());
+  const QRect wanted = event->rect() & inside;
+  painter.drawImage(wanted, painted_, wanted.translated(-kPictureBorder, -kPictureBorder));
+  if (!inside.contains(event->rect())) {
+    qDrawShadePanel(&painter, rect(), palette(), true, kPictureBorder);
+  }
+}
+
+OperatorEvent PictureWidget::Event_At(OperatorEvent::Kind kind, const QMouseEvent& event) const {
+  OperatorEvent made;
+  made.kind = kind;
+  made.form = form_;
+  made.control = control_;
+  made.shift = Shift_Mask(event.modifiers());
+  made.x = event.position().x() - kPictureBorder;
+  made.y = event.position().y() - kPictureBorder;
+  return made;
+}
+
+void PictureWidget::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton) return;
+  OperatorEvent click = Event_At(OperatorEvent::Kind::Click, *event);
+  click.button = event->button() == Qt::LeftButton ? kLeftButton : kRightButton;
+  events_.Dispatch(click);
+}
+
+void PictureWidget::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
+
+void PictureWidget::mouseMoveEvent(QMouseEvent* event) {
+  events_.Dispatch_Move(Event_At(OperatorEvent::Kind::Move, *event));
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+// A pane on the screen: a sunken border of two pixels around the picture.
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+#include <cstdint>
+#include <string>
+
+#include "desktop/operator_events.h"
+#include "workspace/state/picture.h"
+
+namespace sylvomex {
+
+inline constexpr int kPictureBorder = 2;  // pixels
+
+class PictureWidget : public QWidget {
+ public:
+  PictureWidget(OperatorEvents& events, std::string form, std::string control,
+                const Picture& picture, QWidget* parent);
+
+  /// Brings the picture up to date: new marks are added to what is painted already; all is
+  /// painted anew only after a load, an erasing or a change of size.
+  void Mirror();
+
+  [[nodiscard]] const QImage& Painted() const { return painted_; }
+
+  /// Marks drawn into the picture since the start, for tests of the painting's cost.
+  [[nodiscard]] std::uint64_t Marks_Painted() const { return marks_painted_; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+
+ private:
+  [[nodiscard]] bool Needs_Full_Painting() const;
+  void Mirror_Pointer();
+  OperatorEvent Event_At(OperatorEvent::Kind kind, const QMouseEvent& event) const;
+
+  OperatorEvents& events_;
+  std::string form_;
+  std::string control_;
+  const Picture& picture_;
+  QImage painted_;
+  std::uint64_t bitmap_version_ = 0;
+  std::uint64_t erase_version_ = 0;
+  std::size_t marks_in_picture_ = 0;
+  std::uint64_t marks_painted_ = 0;
+};
+
+}  // namespace sylvomex

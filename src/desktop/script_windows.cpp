@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/script_windows.h"
+
+#include <QPixmap>
+#include <stdexcept>
+
+namespace sylvomex {
+
+void ScriptWindows::Make_Windows() {
+  if (windows_) return;
+  if (QApplication::instance() == nullptr) {
+    if (!on_screen_) qputenv("QT_QPA_PLATFORM", "offscreen");
+    application_ = std::make_unique<QApplication>(argument_count_, arguments_);
+    Set_Application_Look();
+  }
+  windows_ = std::make_unique<Windows>(*this, *w_);
+}
+
+void ScriptWindows::Show() {
+  Make_Windows();
+  windows_->Mirror();
+  QApplication::processEvents();
+}
+
+void ScriptWindows::Save_Window(const std::string& form, const std::filesystem::path& file) {
+  Make_Windows();
+  FormWindow* window = windows_->Find(form);
+  if (window == nullptr) throw std::runtime_error("there is no window " + form);
+  window->Mirror_Unshown();
+  if (!window->grab().save(QString::fromStdString(file.string()), "PNG")) {
+    throw std::runtime_error("cannot write " + file.string());
+  }
+}
+
+const QCursor& ScriptWindows::Custom_Cursor() {
+  static const QCursor cross(Qt::CrossCursor);
+  return cross;
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+// The windows of the workstation over one block.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string_view>
+
+#include "desktop/form_window.h"
+
+namespace sylvomex {
+
+/// The look that all windows share: style, colours, font. Once, after the application is made.
+void Set_Application_Look();
+
+class Windows {
+ public:
+  /// The block outlives the windows.
+  Windows(OperatorEvents& events, Workspace& w);
+
+  /// Copies what has changed in the block to all windows.
+  void Mirror();
+
+  [[nodiscard]] FormWindow& Main() const { return *windows_.front(); }
+
+  /// Null for a window that does not exist.
+  [[nodiscard]] FormWindow* Find(std::string_view form) const;
+
+ private:
+  std::array<std::unique_ptr<FormWindow>, 5> windows_;  // the main window first: it owns the rest
+};
+
+}  // namespace sylvomex

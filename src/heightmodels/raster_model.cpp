@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "heightmodels/raster_model.h"
+
+#include <bit>
+#include <new>
+#include <string>
+
+#include "platform/files.h"
+#include "platform/list_reader.h"
+#include "platform/number_text.h"
+#include "platform/run_time_error.h"
+
+static_assert(std::endian::native == std::endian::little, "cell files are little-endian");
+
+namespace sylvomex {
+namespace {
+
+constexpr double kMaxCells = 32767;  // per axis: positions are 16-bit numbers
+
+std::int32_t Checked_Size(const char* what, double size) {
+  if (!(size >= 0 && size <= kMaxCells && size == std::floor(size))) {
+    throw RunTimeError(Failure::Overflow, std::string(what) + ": " + Plain_Text(size) +
+                                              " is not a whole number from 0 to 32767");
+  }
+  return static_cast<std::int32_t>(size);
+}
+
+CellArray Zero_Cells(std::int32_t columns, std::int32_t rows) {
+  try {
+    return CellArray(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows));
+  } catch (const std::bad_alloc&) {
+    throw RunTimeError(Failure::OutOfMemory, "a height model of " + Plain_Text(columns) +
+                                                 " columns and " + Plain_Text(rows) + " rows");
+  }
+}
+
+}  // namespace
+
+void Read_Raster_Header(const FilePath& header, RasterModel& model) {
+  ListReader reader(header);
+  double numbers[6];
+  for (double& number : numbers) number = reader.Read_Double();
+  model.CellFile = reader.Read_Text_To_Comma();
+  model.NCols = numbers[0];
+  model.NRows = numbers[1];
+  model.OriginX = numbers[2];
+  model.OriginY = numbers[3];
+  model.CellSize = numbers[4];
+  model.Reserved = numbers[5];
+}
+
+void Dimension_Cells(RasterModel& model) {
+  model.columns = 0;
+  model.rows = 0;
+  model.Cells = CellArray();
+  const std::int32_t columns = Checked_Size("NCols", model.NCols);
+  const std::int32_t rows = Checked_Size("NRows", model.NRows);
+  model.Cells = Zero_Cells(columns, rows);
+  model.columns = columns;
+  model.rows = rows;
+}
+
+void Read_Cells(const FilePath& cell_file, RasterModel& model) {
+  const PositionalFile file(cell_file);
+  const std::span<float> cells = model.Cells.All();
+  auto* bytes = reinterpret_cast<std::uint8_t*>(cells.data());
+  const std::size_t got = file.Read_At(0, {bytes, cells.size_bytes()});
+  // A cell that the file's end cuts through counts as missing.
+  if (got % sizeof(float) != 0) cells[got / sizeof(float)] = 0;
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+#include "imageblock/commands/image_set.h"
+
+#include "imageblock/image_header.h"
+#include "platform/list_reader.h"
+#include "platform/number_text.h"
+#include "workspace/panes/pane_centring.h"
+#include "workspace/panes/pane_layout.h"
+#include "workspace/panes/pane_rendering.h"
+#include "workspace/state/camera_access.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr int kMostImages = 9;
+constexpr double kLargestSide = 32768;  // 2^15, allowed itself
+constexpr Point3D kPanCenterOffset{5.0, 2.0, 200.0};
+
+void Warn(Workspace& w, int image, const char* parameter, const std::string& value,
+          const char* ending) {
+  w.screen->Message_Box("Image (0-(N-1)): " + Plain_Text(std::int32_t{image}) +
+                        "Parameter: " + parameter + value + ending);
+}
+
+// Warns only: the image stays in the block in all cases.
+void Validate_Header(Workspace& w, int image) {
+  const ImageRecord& record = w.ImageBlock(image);
+  const auto out_of_range = [](double side) { return !(side >= 0 && side <= kLargestSide); };
+  if (out_of_range(record.SubWidth)) {
+    Warn(w, image, "Sub-image width:", Plain_Text(record.SubWidth), " in set file?");
+  }
+  if (out_of_range(record.SubHeight)) {
+    Warn(w, image, "Sub-image height:", Plain_Text(record.SubHeight), " in set file?");
+  }
+  if (record.ColorFlag > 1) {
+    Warn(w, image, "image color:", Plain_Text(std::int32_t{record.ColorFlag}),
+         " in set file should be 1 (color) or 0 (grayscale)?");
+  }
+}
+
+void Read_Header(Workspace& w, int image, ListReader& header) {
+  w.ImageBlock(image) = Read_Image_Header(header);
+  w.ImageKinds(image) = 1;
+  Build_Rotation_Matrix(w, image);
+}
+
+void Show_Count_Read(Workspace& w, int count) {
+  w.Form1.Label10.Caption = Plain_Text(std::int32_t{count}) + "/" +
+                            Plain_Text(std::int32_t{w.ImageCount}) + " images read";
+}
+
+// Once through text, so that 15 significant digits survive.
+double Through_Text(double value) { return Parse_Double(Plain_Text(value)); }
+
+void Set_Default_Pan_Center(Workspace& w) {
+  const ImageRecord& first = w.ImageBlock(0);
+  w.DefaultPanCenter = {Through_Text(first.X0 + kPanCenterOffset.X),
+                        Through_Text(first.Y0 + kPanCenterOffset.Y),
+                        Through_Text(kPanCenterOffset.Z)};
+  w.PanCenter = w.DefaultPanCenter;
+}
+
+// What an image that cannot be read must leave as it was.
+class BlockRestorer {
+ public:
+  explicit BlockRestorer(Workspace& w)
+      : w_(w),
+        count_(w.ImageCount),
+        record_(w.ImageBlock(count_)),
+        kind_(w.ImageKinds(count_)),
+        rotation_(w.RotationTable(count_)),
+        pane_width_(w.PaneWidth),
+        pane_height_(w.PaneHeight) {
+    if (count_ < kMostImages) view_ = w.PaneViews(count_);
+  }
+
+  // Panes that were laid out for the new image go back to their places.
+  void Restore() {
+    w_.ImageCount = count_;
+    w_.ImageBlock(count_) = record_;
+    w_.ImageKinds(count_) = kind_;
+    w_.RotationTable(count_) = rotation_;
+    if (count_ < kMostImages) w_.PaneViews(count_) = view_;
+    w_.PaneWidth = pane_width_;
+    w_.PaneHeight = pane_height_;
+    Lay_Out_Panes(w_);
+  }
+
+ private:
+  Workspace& w_;
+  std::int16_t count_;
+  ImageRecord record_;
+  std::int16_t kind_;
+  RotationMatrix rotation_;
+  PaneView view_;
+  std::int16_t pane_width_;
+  std::int16_t pane_height_;
+};
+
+void Show_At_Start_Position(Workspace& w, int image) {
+  const ImageRecord& record = w.ImageBlock(image);
+  const PaneView& view = w.PaneViews(image);
+  const ViewWindow window =
+      Fit_View_Window(w, image, record.StartCol, record.StartRow,
+                      View_Extent(w.PaneWidth, view.ZoomX), View_Extent(w.PaneHeight, view.ZoomY));
+  Render_Scratch_Bitmap(w, image, window);
+  Load_Scratch_Bitmap(w, image);
+}
+
+void Give_Start_View(Workspace& w, int image) {
+  PaneView& view = w.PaneViews(image);
+  view.ZoomX = 1.0;
+  view.ZoomY = 1.0;
+  view.ViewWidth = w.PaneWidth;
+  view.ViewHeight = w.PaneHeight;
+}
+
+void Finish_Without_Solution(Workspace& w, int image) {
+  Show_Count_Read(w, image + 1);
+  w.Form1.MousePointer = PointerShape::Normal;
+  w.screen->Service_Events();
+  Build_Rotation_Matrix(w, image);
+  w.Form1.Picture1(image).Visible = true;
+  w.Form1.Picture1(image).Enabled = true;
+  Set_Default_Pan_Center(w);
+  w.Form1.MousePointer = PointerShape::Normal;
+  w.ImageAddDone = true;
+}
+
+void Read_Next_Image(Workspace& w, ListReader& header) {
+  ++w.ImageCount;
+  w.Form1.MousePointer = PointerShape::Hourglass;
+  w.screen->Service_Events();
+  Compute_Pane_Size(w);
+  const int k = w.ImageCount - 1;
+  Read_Header(w, k, header);
+  Validate_Header(w, k);
+  w.Form1.MousePointer = PointerShape::Hourglass;
+  Show_Count_Read(w, 0);
+  w.screen->Service_Events();
+}
+
+}  // namespace
+
+void Add_Image_By_Name(Workspace& w, const FilePath& header_file) {
+  w.ImageAddDone = false;
+  ListReader header(header_file);
+  if (w.ImageCount > kMostImages) {
+    w.screen->Message_Box(
+        "At the moment cannot allow more than 9 images (three rows of Picture-boxes to hold the "
+        "images!)");
+    return;
+  }
+  BlockRestorer restorer(w);
+  try {
+    Read_Next_Image(w, header);
+  } catch (const RunTimeError&) {
+    restorer.Restore();
+    throw;
+  }
+  const int k = w.ImageCount - 1;
+  // A tenth image passes the test above and fails here, on the nine panes.
+  Lay_Out_Panes(w);
+  Give_Start_View(w, k);
+  if (w.SolutionValid) {
+    Center_to_xyz_click(w);
+    return;
+  }
+  try {
+    Show_At_Start_Position(w, k);
+  } catch (const RunTimeError&) {
+    restorer.Restore();
+    throw;
+  }
+  Finish_Without_Solution(w, k);
+}
+
+void Add_images_to_set(Workspace& w) {
+  const auto chosen =
+      w.screen->File_Dialog({"Header file for an image", "Set files (*.hdr)|*.hdr", 1, ""});
+  Add_Image_By_Name(w, w.Drives.Locate(chosen.value_or("")));
+}
+
+void Open_a_set(Workspace& w) { w.screen->Message_Box("This functionality is disabled!"); }
+
+void Toggle_Gamma(Workspace& w, int n) {
+  const bool was_checked = w.Menu.Gamma(n);
+  for (bool& checked : w.Menu.Gamma) checked = false;
+  w.Menu.Gamma(n) = !was_checked;
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include "overlays/commands/plot_point_set.h"
+
+#include <string>
+
+#include "overlays/commands/colour_map.h"
+#include "overlays/commands/observation_points.h"
+#include "platform/files.h"
+#include "platform/number_text.h"
+#include "workspace/panes/pane_drawing.h"
+#include "workspace/state/camera_access.h"
+
+namespace sylvomex {
+namespace {
+
+// Heights above ground at the two ends of the colour map, metres: from the ground to the tops
+// of tall trees.
+constexpr double kLowestHeight = 0;
+constexpr double kHighestHeight = 25;
+
+// A yellow dot with a white core; the measurement number stands beside it in the colour of the
+// height above ground. Overlays lie one pane pixel up and to the left of the plain position.
+void Draw_Measured_Point(Workspace& w, int image, const ObservationPoint& point, Colour colour) {
+  double col = 0, row = 0;
+  Object_To_Pixel(w, image, point.X, point.Y, point.Z, col, row);
+  const PanePosition at = Pane_Of_Pixel(w, image, col, row);
+  Picture& pane = w.Form1.Picture1(image);
+  pane.DrawWidth = 3;
+  Plot_Point(pane, at.px - 1, at.py - 1, kYellow);
+  pane.DrawWidth = 1;
+  Plot_Point(pane, at.px - 1, at.py - 1, kWhite);
+  pane.ForeColor = colour;
+  pane.font = {"Arial", 8, false};
+  Print_Text(pane, Plain_Text(point.number));
+}
+
+std::string Listing_Line(const ObservationPoint& point, double ground) {
+  return Format(point.X, "#.00") + "," + Format(point.Y, "#.00") + "," + Format(point.Z, "#.00") +
+         "," + Format(ground, "#.00") + "\n";
+}
+
+}  // namespace
+
+void Plot_Point_Set(Workspace& w) {
+  const ColourMap colours = Read_Colour_Map(w.Drives.Locate("C:\\data\\JetColorMAP.csv"));
+  std::string listing;
+  for (const ObservationPoint& point :
+       Read_Observation_Points(w.Drives.Locate(w.ObservationFileName))) {
+    const double ground = Get_Raster_Elevation(w, point.X, point.Y);
+    const Colour colour = colours(Colour_Row(point.Z - ground, kLowestHeight, kHighestHeight));
+    for (int k = 0; k < w.ImageCount; ++k) Draw_Measured_Point(w, k, point, colour);
+    listing += Listing_Line(point, ground);
+  }
+  Write_Whole_File(w.Drives.Locate("c:\\apu\\quvex.txt"), listing);
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "platform/file_descriptor.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+#include "platform/run_time_error.h"
+
+namespace sylvomex {
+
+namespace {
+
+constexpr mode_t kNewFileMode = 0666;
+
+Failure Kind_Of(int error) {
+  switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+    case ENAMETOOLONG:
+      return Failure::FileNotFound;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      return Failure::PermissionDenied;
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+      return Failure::DiskFull;
+    case ETXTBSY:
+      return Failure::FileAlreadyOpen;
+    case ENOMEM:
+      return Failure::OutOfMemory;
+    default:
+      return Failure::FileFailure;
+  }
+}
+
+int Open(const FilePath& file, int flags) {
+  const std::string& path = file.native.native();
+  if (path.find('\0') != std::string::npos) {
+    errno = ENOENT;
+    return -1;
+  }
+  int number = -1;
+  do {
+    number = open(path.c_str(), flags | O_CLOEXEC, kNewFileMode);
+  } while (number < 0 && errno == EINTR);
+  return number;
+}
+
+}  // namespace
+
+void Throw_File_Error(const FilePath& file, int error) {
+  if (file.native.empty()) throw RunTimeError(Failure::FileNotFound, "no file was chosen");
+  if (error == EISDIR) Throw_File_Failure(file, "it is a folder");
+  const Failure kind = Kind_Of(error);
+  if (kind == Failure::FileFailure) {
+    Throw_File_Failure(file, std::generic_category().message(error));
+  }
+  throw RunTimeError(kind, file.name, file.native);
+}
+
+void Throw_File_Failure(const FilePath& file, const std::string& cause) {
+  throw RunTimeError(Failure::FileFailure, file.name + ", " + cause, file.native);
+}
+
+FileDescriptor::FileDescriptor(const FilePath& file, int flags) : file_(file) {
+  number_ = Open(file, flags);
+  if (number_ < 0) {
+    const int error = errno;
+    // A new file can only fail to be found for want of its folder.
+    if ((flags & O_CREAT) != 0 && !file.native.empty() && Kind_Of(error) == Failure::FileNotFound) {
+      throw RunTimeError(Failure::PathNotFound, file.name, file.native);
+    }
+    Throw_File_Error(file, error);
+  }
+  const int error = fstat(number_, &status_) != 0 ? errno : S_ISDIR(status_.st_mode) ? EISDIR : 0;
+  if (error != 0) {
+    close(Release());
+    Throw_File_Error(file, error);
+  }
+}
+
+FileDescriptor::~FileDescriptor() {
+  if (number_ >= 0) close(number_);
+}
+
+int FileDescriptor::Release() { return std::exchange(number_, -1); }
+
+void FileDescriptor::Close() {
+  if (close(Release()) != 0 && errno != EINTR) Throw_File_Error(file_, errno);
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+// What the file functions share: opening, and failures in the words of the operator.
+#pragma once
+
+#include <sys/stat.h>
+
+#include "platform/drive_map.h"
+
+namespace sylvomex {
+
+/// Raises the RunTimeError for an error number of the operating system, naming the file.
+[[noreturn]] void Throw_File_Error(const FilePath& file, int error);
+
+/// The same for a file that is wrong in itself: RunTimeError(FileFailure) "<file>, <cause>".
+[[noreturn]] void Throw_File_Failure(const FilePath& file, const std::string& cause);
+
+/// An open file, closed at the end of the scope.
+class FileDescriptor {
+ public:
+  /// flags: of open(2). RunTimeError when the file cannot be opened or is a folder.
+  FileDescriptor(const FilePath& file, int flags);
+  ~FileDescriptor();
+  FileDescriptor(const FileDescriptor&) = delete;
+  FileDescriptor& operator=(const FileDescriptor&) = delete;
+
+  [[nodiscard]] int Number() const { return number_; }
+  [[nodiscard]] const struct stat& Status() const { return status_; }
+  [[nodiscard]] bool Is_Regular() const { return S_ISREG(status_.st_mode); }
+
+  /// Hands the open file over to the caller, who closes it.
+  [[nodiscard]] int Release();
+
+  /// Closes the file now; RunTimeError when data that was written did not reach it.
+  void Close();
+
+ private:
+  const FilePath& file_;
+  int number_ = -1;
+  struct stat status_ = {};
+};
+
+}  // namespace sylvomex

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+#include "platform/files.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <new>
+#include <stdexcept>
+
+#include "platform/file_descriptor.h"
+#include "platform/run_time_error.h"
+
+namespace sylvomex {
+
+namespace {
+
+/// Writes as much as the file takes; returns the bytes written and leaves errno where that
+/// is not all.
+std::size_t Write_At_Start(int descriptor, std::span<const std::uint8_t> content) {
+  std::size_t done = 0;
+  while (done < content.size()) {
+    const ssize_t count = write(descriptor, content.data() + done, content.size() - done);
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) break;
+    done += static_cast<std::size_t>(count);
+  }
+  return done;
+}
+
+/// One write of everything and a flush; returns 0 or an error number.
+int Append_And_Flush(int descriptor, std::string_view text) {
+  ssize_t count = 0;
+  do {
+    count = write(descriptor, text.data(), text.size());
+  } while (count < 0 && errno == EINTR);
+  if (count < 0) return errno;
+  if (static_cast<std::size_t>(count) != text.size()) return ENOSPC;
+  // Pipes and devices cannot be flushed, and need not be.
+  if (fdatasync(descriptor) != 0 && errno != EINVAL && errno != ENOTSUP) return errno;
+  return 0;
+}
+
+std::string Read_To_The_End(const FileDescriptor& open_file, const FilePath& file) {
+  constexpr std::size_t kStep = 65536;
+  constexpr std::size_t kLongestStream = std::size_t{1} << 28;  // of devices without an end
+  std::string content;
+  std::size_t length = 0;
+  const auto expected = static_cast<std::size_t>(open_file.Status().st_size);
+  // One byte more than expected, so that the end shows itself at once.
+  content.resize(open_file.Is_Regular() && expected > 0 ? expected + 1 : kStep);
+  for (;;) {
+    const ssize_t count =
+        read(open_file.Number(), content.data() + length, content.size() - length);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) Throw_File_Error(file, errno);
+    if (count == 0) break;
+    length += static_cast<std::size_t>(count);
+    if (!open_file.Is_Regular() && length > kLongestStream) throw std::bad_alloc();
+    if (length == content.size()) content.resize(length + length / 2 + kStep);
+  }
+  content.resize(length);
+  return content;
+}
+
+}  // namespace
+
+std::string Read_Whole_File(const FilePath& file) {
+  const FileDescriptor open_file(file, O_RDONLY);
+  try {
+    return Read_To_The_End(open_file, file);
+  } catch (const std::bad_alloc&) {
+    throw RunTimeError(Failure::OutOfMemory, file.name, file.native);
+  } catch (const std::length_error&) {
+    throw RunTimeError(Failure::OutOfMemory, file.name, file.native);
+  }
+}
+
+void Write_Whole_File(const FilePath& file, std::string_view content) {
+  Write_Whole_File(file, {reinterpret_cast<const std::uint8_t*>(content.data()), content.size()});
+}
+
+void Write_Whole_File(const FilePath& file, std::span<const std::uint8_t> content) {
+  // Old blocks are overwritten in place and only a tail is cut: the scratch bitmaps are
+  // written many times a second.
+  FileDescriptor open_file(file, O_WRONLY | O_CREAT);
+  if (Write_At_Start(open_file.Number(), content) != content.size()) {
+    Throw_File_Error(file, errno);
+  }
+  const bool has_tail = open_file.Is_Regular() &&
+                        static_cast<std::uint64_t>(open_file.Status().st_size) > content.size();
+  if (has_tail && ftruncate(open_file.Number(), static_cast<off_t>(content.size())) != 0) {
+    Throw_File_Error(file, errno);
+  }
+  open_file.Close();
+}
+
+void Append_To_File(const FilePath& file, std::string_view text) {
+  FileDescriptor open_file(file, O_WRONLY | O_CREAT | O_APPEND);
+  const int error = Append_And_Flush(open_file.Number(), text);
+  if (error != 0) {
+    if (open_file.Is_Regular() && ftruncate(open_file.Number(), open_file.Status().st_size) != 0) {
+      Throw_File_Failure(file, "a line was written in part");
+    }
+    Throw_File_Error(file, error);
+  }
+  open_file.Close();
+}
+
+void Overwrite_Start(const FilePath& file, std::span<const std::uint8_t> content) {
+  FileDescriptor open_file(file, O_WRONLY);
+  if (Write_At_Start(open_file.Number(), content) != content.size()) {
+    Throw_File_Error(file, errno);
+  }
+  open_file.Close();
+}
+
+void Delete_File(const FilePath& file) {
+  if (!file.native.empty() && unlink(file.native.c_str()) == 0) return;
+  const bool is_missing = !file.native.empty() && (errno == ENOENT || errno == ENOTDIR);
+  if (!is_missing) Throw_File_Error(file, errno);
+}
+
+bool File_Exists(const FilePath& file) {
+  std::error_code failure;
+  const auto status = std::filesystem::status(file.native, failure);
+  return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: MIT
+#include "platform/list_reader.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+#include "platform/files.h"
+#include "platform/number_text.h"
+#include "platform/rounding.h"
+#include "platform/run_time_error.h"
+
+namespace sylvomex {
+
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+bool Is_Blank(char c) { return c == ' ' || c == '\t'; }
+
+bool Is_Line_End(char c) { return c == '\n' || c == '\r'; }
+
+/// What a RunTimeError says after the words of its kind.
+std::string About(const RunTimeError& error) {
+  const std::string text = error.what();
+  return text.substr(std::min(text.size(), Failure_Text(error.Kind()).size() + 2));
+}
+
+float To_Float(double value) {
+  constexpr float kHighest = std::numeric_limits<float>::max();
+  if (!(std::fabs(value) <= kHighest)) {
+    throw RunTimeError(
+        Failure::Overflow,
+        Plain_Text(value) + " is not in " + Plain_Text(-kHighest) + " to " + Plain_Text(kHighest));
+  }
+  return static_cast<float>(value);
+}
+
+}  // namespace
+
+ListReader::ListReader(const FilePath& file) : ListReader(Read_Whole_File(file), file.name) {
+  native_ = file.native;
+}
+
+ListReader::ListReader(std::string content, std::string name)
+    : content_(std::move(content)), name_(std::move(name)) {
+  if (content_.starts_with(kByteOrderMark)) position_ = kByteOrderMark.size();
+}
+
+bool ListReader::At_End() const {
+  return content_.find_first_not_of(" \t\r\n", position_) == std::string::npos;
+}
+
+std::string ListReader::Where() const {
+  return name_ + ", line " + std::to_string(item_line_) + ", item " + std::to_string(item_);
+}
+
+void ListReader::Skip_Blanks() {
+  while (position_ < content_.size() && Is_Blank(content_[position_])) ++position_;
+}
+
+bool ListReader::At_Line_End() const {
+  return position_ < content_.size() && Is_Line_End(content_[position_]);
+}
+
+void ListReader::Take_Line_End() {
+  const char first = content_[position_++];
+  if (first == '\r' && position_ < content_.size() && content_[position_] == '\n') ++position_;
+  ++line_;
+  in_line_ = false;
+  after_comma_ = false;
+}
+
+void ListReader::Begin_Item() {
+  if (in_line_ && !after_comma_ && At_Line_End()) Take_Line_End();
+  Skip_Blanks();
+}
+
+void ListReader::Require_More() {
+  ++item_;
+  item_line_ = line_;
+  if (position_ == content_.size()) throw RunTimeError(Failure::InputPastEnd, Where(), native_);
+}
+
+void ListReader::Take_Separator() {
+  Skip_Blanks();
+  in_line_ = true;
+  after_comma_ = position_ < content_.size() && content_[position_] == ',';
+  if (!after_comma_) return;
+  ++position_;
+  Skip_Blanks();
+}
+
+std::string ListReader::Take_Quoted() {
+  std::string item;
+  ++position_;
+  while (position_ < content_.size() && !At_Line_End()) {
+    const char c = content_[position_++];
+    if (c == '"') {
+      if (position_ == content_.size() || content_[position_] != '"') break;
+      ++position_;
+    }
+    item += c;
+  }
+  return item;
+}
+
+std::string ListReader::Take_Item(Ends ends) {
+  std::string item;
+  if (content_[position_] == '"') {
+    item = Take_Quoted();
+  } else {
+    const std::size_t end =
+        content_.find_first_of(ends == Ends::AtBlanksToo ? ", \t\r\n" : ",\r\n", position_);
+    item = content_.substr(position_, end - position_);
+    item.erase(item.find_last_not_of(" \t") + 1);
+    position_ = std::min(end, content_.size());
+  }
+  Take_Separator();
+  return item;
+}
+
+template <class Number>
+Number ListReader::Read_Number(Number (*convert)(double)) {
+  Begin_Item();
+  while (At_Line_End()) {
+    Take_Line_End();
+    Skip_Blanks();
+  }
+  Require_More();
+  try {
+    return convert(Parse_Double(Take_Item(Ends::AtBlanksToo)));
+  } catch (const RunTimeError& error) {
+    throw RunTimeError(error.Kind(), Where() + ": " + About(error), native_);
+  }
+}
+
+double ListReader::Read_Double() {
+  return Read_Number<double>([](double value) { return value; });
+}
+
+float ListReader::Read_Float() { return Read_Number<float>(To_Float); }
+
+std::int32_t ListReader::Read_Int32() { return Read_Number<std::int32_t>(To_Int32); }
+
+std::int16_t ListReader::Read_Int16() { return Read_Number<std::int16_t>(To_Int16); }
+
+std::uint8_t ListReader::Read_Byte() { return Read_Number<std::uint8_t>(To_Byte); }
+
+std::string ListReader::Take_Text(Ends ends) {
+  Begin_Item();
+  Require_More();
+  return Take_Item(ends);
+}
+
+std::string ListReader::Read_Text() { return Take_Text(Ends::AtBlanksToo); }
+
+std::string ListReader::Read_Text_To_Comma() { return Take_Text(Ends::AtCommas); }
+
+std::string ListReader::Take_Rest_Of_Line() {
+  const std::size_t start = position_;
+  position_ = std::min(content_.find_first_of("\r\n", start), content_.size());
+  std::string line = content_.substr(start, position_ - start);
+  if (At_Line_End()) Take_Line_End();
+  in_line_ = false;
+  return line;
+}
+
+std::string ListReader::Read_Line() {
+  ++item_;
+  item_line_ = line_;
+  if (!in_line_ && position_ == content_.size()) {
+    throw RunTimeError(Failure::InputPastEnd, Where(), native_);
+  }
+  return Take_Rest_Of_Line();
+}
+
+void ListReader::Skip_Line() { Take_Rest_Of_Line(); }
+
+}  // namespace sylvomex

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "session/command_line.h"
+
+#include <getopt.h>
+
+#include <array>
+#include <charconv>
+#include <cstdlib>
+#include <string_view>
+
+namespace sylvomex {
+
+const char* const kUsage =
+    "sylvomex [--root DIR] [--size WxH] [--record FILE]\n"
+    "sylvomex --script FILE [--root DIR] [--size WxH] [--record FILE] [--show]\n"
+    "\n"
+    "  --root DIR     DIR holds the drives: DIR/c, DIR/d, DIR/e, DIR/f\n"
+    "                 (else $SYLVOMEX_ROOT, else ~/sylvomex)\n"
+    "  --script FILE  plays a script, - is standard input\n"
+    "  --size WxH     client size of the main window, 1280x1024\n"
+    "  --record FILE  writes what is done as a script\n"
+    "  --show         shows the windows while the script plays\n"
+    "  --help         this text\n";
+
+namespace {
+
+constexpr int kLargestSide = 32767;  // pixels
+
+std::filesystem::path Default_Root() {
+  if (const char* const root = std::getenv("SYLVOMEX_ROOT"); root != nullptr && *root != '\0') {
+    return root;
+  }
+  const char* const home = std::getenv("HOME");
+  return std::filesystem::path(home != nullptr ? home : ".") / "sylvomex";
+}
+
+std::optional<double> Side(std::string_view text) {
+  int side = 0;
+  const char* const end = text.data() + text.size();
+  const auto parsed = std::from_chars(text.data(), end, side);
+  if (parsed.ec != std::errc() || parsed.ptr != end || side < 1 || side > kLargestSide) {
+    return std::nullopt;
+  }
+  return side;
+}
+
+bool Set_Size(SessionOptions& options, std::string_view text) {
+  const std::size_t cross = text.find('x');
+  if (cross == std::string_view::npos) return false;
+  const std::optional<double> width = Side(text.substr(0, cross));
+  const std::optional<double> height = Side(text.substr(cross + 1));
+  if (!width || !height) return false;
+  options.width = *width;
+  options.height = *height;
+  return true;
+}
+
+/// False for an option that does not fit.
+bool Take_Option(CommandLine& line, int option, std::ostream& err) {
+  switch (option) {
+    case 'r':
+      line.options.root = optarg;
+      return true;
+    case 's':
+      line.options.script = optarg;
+      return true;
+    case 'o':
+      line.options.record = optarg;
+      return true;
+    case 'w':
+      line.options.show = true;
+      return true;
+    case 'h':
+      line.help = true;
+      return true;
+    case 'z':
+      if (Set_Size(line.options, optarg)) return true;
+      err << "--size takes a width and a height such as 1280x1024, not \"" << optarg << "\"\n";
+      return false;
+    default:
+      err << "unknown option or missing argument; see --help\n";
+      return false;
+  }
+}
+
+}  // namespace
+
+std::optional<CommandLine> Parse_Command_Line(int argc, char** argv, std::ostream& err) {
+  static constexpr std::array<option, 7> kOptions{{{"root", required_argument, nullptr, 'r'},
+                                                   {"script", required_argument, nullptr, 's'},
+                                                   {"size", required_argument, nullptr, 'z'},
+                                                   {"record", required_argument, nullptr, 'o'},
+                                                   {"show", no_argument, nullptr, 'w'},
+                                                   {"help", no_argument, nullptr, 'h'},
+                                                   {nullptr, 0, nullptr, 0}}};
+  CommandLine line;
+  line.options.root = Default_Root();
+  optind = 0;  // the scan starts anew
+  opterr = 0;
+  for (;;) {
+    const int option = getopt_long(argc, argv, "", kOptions.data(), nullptr);
+    if (option == -1) break;
+    if (!Take_Option(line, option, err)) return std::nullopt;
+  }
+  if (optind < argc) {
+    err << "\"" << argv[optind] << "\" is no option; see --help\n";
+    return std::nullopt;
+  }
+  return line;
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: MIT
+#include "session/event_steps.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "session/key_names.h"
+#include "session/step_arguments.h"
+#include "session/step_end.h"
+#include "session/transcript_text.h"
+#include "session/value_name.h"
+
+namespace sylvomex {
+
+namespace {
+
+using Kind = OperatorEvent::Kind;
+using Words = std::span<const ScriptWord>;
+
+OperatorEvent Event_On(Kind kind, const std::string& target) {
+  const WindowName place = Split_Window(target);
+  OperatorEvent event;
+  event.kind = kind;
+  event.form = place.form;
+  event.control = place.control;
+  return event;
+}
+
+/// One of the words left, right, shift, ctrl, alt.
+void Add_Pointer_Word(OperatorEvent& event, const std::string& word) {
+  if (word == "left") {
+    event.button = kLeftButton;
+  } else if (word == "right") {
+    event.button = kRightButton;
+  } else if (word == "shift") {
+    event.shift |= kShift;
+  } else if (word == "ctrl") {
+    event.shift |= kCtrl;
+  } else if (word == "alt") {
+    event.shift |= kAlt;
+  } else {
+    throw StepEnd{kStepFailed, Quoted(word) + " is none of left, right, shift, ctrl, alt"};
+  }
+}
+
+void Set_Position(OperatorEvent& event, Words words) {
+  event.x = Real_Argument(words[2].text);
+  event.y = Real_Argument(words[3].text);
+}
+
+OperatorEvent Named_Event(Kind kind, Words words) { return Event_On(kind, words[1].text); }
+
+OperatorEvent Set_Event(Kind kind, Words words) {
+  OperatorEvent event = Event_On(kind, words[1].text);
+  event.text = words[2].text;
+  return event;
+}
+
+OperatorEvent Click_Event(Kind kind, Words words) {
+  OperatorEvent event = Event_On(kind, words[1].text);
+  Set_Position(event, words);
+  for (const ScriptWord& word : words.subspan(4)) Add_Pointer_Word(event, word.text);
+  return event;
+}
+
+OperatorEvent Window_Event(Kind kind, Words words) {
+  OperatorEvent event;
+  event.kind = kind;
+  event.form = words[1].text;
+  Set_Position(event, words);
+  return event;
+}
+
+OperatorEvent Move_Event(Kind kind, Words words) {
+  if (Is_Form_Name(words[1].text)) return Window_Event(kind, words);
+  OperatorEvent event = Event_On(kind, words[1].text);
+  Set_Position(event, words);
+  return event;
+}
+
+OperatorEvent Resize_Event(Kind kind, Words words) {
+  OperatorEvent event = Window_Event(kind, words);
+  if (event.x < 0 || event.y < 0) throw StepEnd{kStepFailed, "a window has no negative size"};
+  return event;
+}
+
+OperatorEvent Key_Event(Kind kind, Words words) {
+  OperatorEvent event;
+  event.kind = kind;
+  Words rest = words.subspan(1);
+  if (rest.size() > 1 && Is_Form_Name(rest.front().text)) {
+    event.form = rest.front().text;
+    rest = rest.subspan(1);
+  }
+  const std::optional<int> code = Key_Code(rest.front().text);
+  if (!code) throw StepEnd{kStepFailed, Quoted(rest.front().text) + " is no key"};
+  event.key_code = *code;
+  for (const ScriptWord& word : rest.subspan(1)) {
+    if (word.text == "left" || word.text == "right") {
+      throw StepEnd{kStepFailed, Quoted(word.text) + " is none of shift, ctrl, alt"};
+    }
+    Add_Pointer_Word(event, word.text);
+  }
+  return event;
+}
+
+struct EventStep {
+  const char* name;
+  Kind kind;
+  OperatorEvent (*make)(Kind kind, Words words);
+};
+
+constexpr std::array kEventSteps{
+    EventStep{"menu", Kind::Menu, Named_Event},
+    EventStep{"command", Kind::Command, Named_Event},
+    EventStep{"set", Kind::Set, Set_Event},
+    EventStep{"press", Kind::Press, Named_Event},
+    EventStep{"click", Kind::Click, Click_Event},
+    EventStep{"doubleclick", Kind::DoubleClick, Click_Event},
+    EventStep{"move", Kind::Move, Move_Event},
+    EventStep{"key", Kind::Key, Key_Event},
+    EventStep{"resize", Kind::Resize, Resize_Event},
+};
+
+std::string Plain_Real(double value) {
+  std::array<char, 32> digits{};
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value);
+  return {digits.data(), end.ptr};
+}
+
+std::string Target_Text(const OperatorEvent& event) {
+  if (event.control.empty()) return Script_Word(event.form);
+  const std::string window = event.form == "Form1" ? "" : event.form + ".";
+  return Script_Word(window + event.control);
+}
+
+std::string Modifiers_Text(int shift) {
+  std::string text;
+  if ((shift & kShift) != 0) text += " shift";
+  if ((shift & kCtrl) != 0) text += " ctrl";
+  if ((shift & kAlt) != 0) text += " alt";
+  return text;
+}
+
+std::string Position_Text(const OperatorEvent& event) {
+  return " " + Plain_Real(event.x) + " " + Plain_Real(event.y);
+}
+
+/// Enter in a box of a secondary window does what `press` does, wherever the focus is.
+bool Presses_Control(const OperatorEvent& event) {
+  return event.kind == Kind::Key && event.form != "Form1" && !event.control.empty() &&
+         event.key_code == Key_Code("Enter") && event.shift == 0;
+}
+
+std::string Key_Step_Arguments(const OperatorEvent& event) {
+  const std::string window = event.form == "Form1" ? "" : event.form + " ";
+  return window + Key_Name(event.key_code) + Modifiers_Text(event.shift);
+}
+
+}  // namespace
+
+OperatorEvent Event_Of_Step(Words words) {
+  const auto row = std::ranges::find_if(
+      kEventSteps, [&](const EventStep& step) { return words.front().text == step.name; });
+  return row->make(row->kind, words);
+}
+
+std::string Step_Text(const OperatorEvent& event) {
+  if (Presses_Control(event)) return "press " + Target_Text(event);
+  const auto row = std::ranges::find(kEventSteps, event.kind, &EventStep::kind);
+  const std::string step = std::string(row->name) + " ";
+  switch (event.kind) {
+    case Kind::Set:
+      return step + Target_Text(event) + " " + Script_Word(event.text);
+    case Kind::Click:
+    case Kind::DoubleClick:
+      return step + Target_Text(event) + Position_Text(event) +
+             (event.button == kRightButton ? " right" : "") + Modifiers_Text(event.shift);
+    case Kind::Move:
+    case Kind::Resize:
+      return step + Target_Text(event) + Position_Text(event);
+    case Kind::Key:
+      return step + Key_Step_Arguments(event);
+    case Kind::Menu:
+    case Kind::Command:
+    case Kind::Press:
+      break;
+  }
+  return step + Target_Text(event);
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+#include "session/recorder.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "session/event_steps.h"
+#include "session/script_reader.h"
+
+namespace sylvomex {
+
+namespace {
+
+using Kind = OperatorEvent::Kind;
+
+bool Same_Target(const OperatorEvent& a, const OperatorEvent& b) {
+  return a.form == b.form && a.control == b.control;
+}
+
+std::string Answer_Step(DialogKind kind, const std::string& answer) {
+  switch (kind) {
+    case DialogKind::File:
+      return "file " + Script_Word(answer);
+    case DialogKind::Message:
+      return "button " + answer;
+    case DialogKind::Input:
+      break;
+  }
+  return "input " + Script_Word(answer);
+}
+
+}  // namespace
+
+Recorder::Recorder(std::ostream& script, double width, double height) : script_(script) {
+  OperatorEvent size;
+  size.kind = Kind::Resize;
+  size.x = width;
+  size.y = height;
+  script_ << Step_Text(size) << std::endl;
+}
+
+void Recorder::Begin_Event(const OperatorEvent& event) {
+  if (running_.empty()) servicings_ = 0;
+  running_.push_back(events_.size());
+  events_.push_back({event, servicings_, false});
+}
+
+void Recorder::End_Event(EventOutcome outcome) {
+  if (running_.empty()) return;
+  events_[running_.back()].may_fail = outcome != EventOutcome::Done;
+  running_.pop_back();
+  if (running_.empty()) Write_Events();
+}
+
+void Recorder::Dialog_Answered(DialogKind kind, const std::optional<std::string>& answer) {
+  answers_.push_back(answer ? Answer_Step(kind, *answer) : "cancel");
+}
+
+void Recorder::Events_Serviced() { ++servicings_; }
+
+void Recorder::Finish() {
+  running_.clear();
+  if (!events_.empty()) Write_Events();
+  Write_Held_Move();
+}
+
+/// Pointer moves over one control, one inside the other or not, leave what the last one does.
+bool Recorder::Is_Plain_Move() const {
+  return answers_.empty() && std::ranges::all_of(events_, [&](const RecordedEvent& recorded) {
+           return recorded.event.kind == Kind::Move && !recorded.may_fail &&
+                  Same_Target(recorded.event, events_.front().event);
+         });
+}
+
+void Recorder::Hold_Move(const OperatorEvent& move) {
+  if (held_move_ && !Same_Target(*held_move_, move)) Write_Held_Move();
+  held_move_ = move;
+}
+
+void Recorder::Write_Held_Move() {
+  if (!held_move_) return;
+  script_ << Step_Text(*held_move_) << std::endl;
+  held_move_.reset();
+}
+
+void Recorder::Write_Events() {
+  if (Is_Plain_Move()) {
+    Hold_Move(events_.back().event);
+    events_.clear();
+    return;
+  }
+  Write_Held_Move();
+  const std::vector<RecordedEvent> events = std::exchange(events_, {});
+  const std::vector<std::string> answers = std::exchange(answers_, {});
+  for (const std::string& answer : answers) script_ << answer << '\n';
+  for (const RecordedEvent& inner : events) {
+    if (inner.servicing > 0) {
+      script_ << "during " << inner.servicing << (inner.may_fail ? " try " : " ")
+              << Step_Text(inner.event) << '\n';
+    }
+  }
+  script_ << (events.front().may_fail ? "try " : "") << Step_Text(events.front().event)
+          << std::endl;
+}
+
+EventOutcome Handle_Recorded_Event(Recorder& recorder, Workspace& w, const OperatorEvent& event) {
+  struct Ending {
+    Recorder& recorder;
+    EventOutcome outcome = EventOutcome::Error;
+    ~Ending() { recorder.End_Event(outcome); }
+  };
+  recorder.Begin_Event(event);
+  Ending ending{recorder};
+  ending.outcome = Handle_Event(w, event);
+  return ending.outcome;
+}
+
+}  // namespace sylvomex

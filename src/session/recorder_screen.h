@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "session/recorder.h"
+#include "workspace/state/screen.h"
+
+namespace sylvomex {
+
+/// A screen that passes everything on to another one and tells a recorder what the operator
+/// answered. Both outlive it.
+class RecorderScreen : public Screen {
+ public:
+  RecorderScreen(Screen& screen, Recorder& recorder) : screen_(screen), recorder_(recorder) {}
+
+  Answer Message_Box(std::string_view text, Buttons buttons, std::string_view title) override;
+  std::optional<std::string> Input_Box(std::string_view prompt, std::string_view title,
+                                       std::string_view preset) override;
+  std::optional<std::string> File_Dialog(const FileQuestion& question) override;
+  void Beep(int frequency, int duration) override { screen_.Beep(frequency, duration); }
+  void Clear_Clipboard() override { screen_.Clear_Clipboard(); }
+  void Copy_To_Clipboard(const PaneBitmap& picture) override { screen_.Copy_To_Clipboard(picture); }
+  void Service_Events() override;
+  double Clock() override { return screen_.Clock(); }
+  double Random() override { return screen_.Random(); }
+  void Report_Error(std::string_view command, std::string_view text,
+                    std::string_view native_path) override;
+  void End_Session() override;
+
+ private:
+  Screen& screen_;
+  Recorder& recorder_;
+};
+
+}  // namespace sylvomex

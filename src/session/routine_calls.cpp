@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "session/routine_calls.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+#include "session/step_arguments.h"
+#include "session/step_end.h"
+#include "session/transcript_text.h"
+#include "session/value_text.h"
+#include "workspace/state/camera_access.h"
+
+namespace sylvomex {
+
+namespace {
+
+using Arguments = std::span<const std::string>;
+
+double Real(Arguments arguments, std::size_t i) { return Real_Argument(arguments[i]); }
+
+int Image_Index(Arguments arguments) {
+  const long image = Whole_Argument(arguments[0]);
+  constexpr long kFirst = std::numeric_limits<int>::min();
+  constexpr long kLast = std::numeric_limits<int>::max();
+  return static_cast<int>(std::clamp(image, kFirst, kLast));
+}
+
+std::string Call_Object_To_Pixel(Workspace& w, Arguments a) {
+  double col = 0, row = 0;
+  Object_To_Pixel(w, Image_Index(a), Real(a, 1), Real(a, 2), Real(a, 3), col, row);
+  return Value_Texts(col, row);
+}
+
+std::string Call_Object_To_Image(Workspace& w, Arguments a) {
+  double x = 0, y = 0;
+  Object_To_Image(w, Image_Index(a), Real(a, 1), Real(a, 2), Real(a, 3), x, y);
+  return Value_Texts(x, y);
+}
+
+std::string Call_Image_To_Object_At_Z(Workspace& w, Arguments a) {
+  double X = 0, Y = 0;
+  Image_To_Object_At_Z(w, Image_Index(a), Real(a, 1), Real(a, 2), Real(a, 3), X, Y);
+  return Value_Texts(X, Y);
+}
+
+std::string Call_Image_To_Pixel(Workspace& w, Arguments a) {
+  double col = 0, row = 0;
+  Image_To_Pixel(w, Image_Index(a), Real(a, 1), Real(a, 2), col, row);
+  return Value_Texts(col, row);
+}
+
+std::string Call_Pixel_To_Image(Workspace& w, Arguments a) {
+  double x = 0, y = 0;
+  Pixel_To_Image(w, Image_Index(a), Real(a, 1), Real(a, 2), x, y);
+  return Value_Texts(x, y);
+}
+
+std::string Call_Get_View_Angles(Workspace& w, Arguments a) {
+  double off_nadir = 0, azimuth_difference = 0, ray_azimuth = 0;
+  Get_View_Angles(w, Image_Index(a), off_nadir, azimuth_difference, ray_azimuth);
+  return Value_Texts(off_nadir, azimuth_difference, ray_azimuth);
+}
+
+std::string Call_Get_Raster_Elevation(Workspace& w, Arguments a) {
+  return Value_Text(Get_Raster_Elevation(w, Real(a, 0), Real(a, 1)));
+}
+
+std::string Call_Get_Raster_Chm_Elevation(Workspace& w, Arguments a) {
+  return Value_Text(Get_Raster_Chm_Elevation(w, Real(a, 0), Real(a, 1)));
+}
+
+std::string Call_Format(Workspace&, Arguments a) { return Quoted(Format(Real(a, 0), a[1])); }
+
+struct Routine {
+  const char* name;
+  std::size_t arguments;
+  std::string (*call)(Workspace& w, Arguments arguments);
+};
+
+constexpr std::array kRoutines{
+    Routine{"Object_To_Pixel", 4, Call_Object_To_Pixel},
+    Routine{"Object_To_Image", 4, Call_Object_To_Image},
+    Routine{"Image_To_Object_At_Z", 4, Call_Image_To_Object_At_Z},
+    Routine{"Image_To_Pixel", 3, Call_Image_To_Pixel},
+    Routine{"Pixel_To_Image", 3, Call_Pixel_To_Image},
+    Routine{"Get_View_Angles", 1, Call_Get_View_Angles},
+    Routine{"Get_Raster_Elevation", 2, Call_Get_Raster_Elevation},
+    Routine{"Get_Raster_Chm_Elevation", 2, Call_Get_Raster_Chm_Elevation},
+    Routine{"Format", 2, Call_Format},
+};
+
+}  // namespace
+
+std::string Call_Routine(Workspace& w, const std::string& name, Arguments arguments) {
+  const auto routine =
+      std::ranges::find_if(kRoutines, [&](const Routine& row) { return name == row.name; });
+  if (routine == kRoutines.end()) throw StepEnd{kStepFailed, "there is no routine " + name};
+  if (arguments.size() != routine->arguments) {
+    throw StepEnd{kStepFailed, name + " takes " + std::to_string(routine->arguments) +
+                                   " arguments, not " + std::to_string(arguments.size())};
+  }
+  return routine->call(w, arguments);
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "session/script_reader.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace sylvomex {
+
+namespace {
+
+constexpr std::string_view kBlanks = " \t";
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+ScriptWord Take_Quoted(std::string_view line, std::size_t& position) {
+  const std::size_t start = position++;
+  ScriptWord word;
+  for (;; ++position) {
+    if (position >= line.size()) throw ScriptSyntaxError("a quoted text has no closing quote");
+    if (line[position] == '"') {
+      if (position + 1 >= line.size() || line[position + 1] != '"') break;
+      ++position;
+    }
+    word.text += line[position];
+  }
+  ++position;
+  if (position < line.size() && kBlanks.find(line[position]) == std::string_view::npos) {
+    throw ScriptSyntaxError("a blank is missing after a closing quote");
+  }
+  word.raw = line.substr(start, position - start);
+  return word;
+}
+
+ScriptWord Take_Bare(std::string_view line, std::size_t& position) {
+  const std::size_t end = std::min(line.find_first_of(kBlanks, position), line.size());
+  const std::string text(line.substr(position, end - position));
+  position = end;
+  return {text, text};
+}
+
+}  // namespace
+
+std::vector<ScriptWord> Split_Line(std::string_view line) {
+  std::vector<ScriptWord> words;
+  if (line.ends_with('\r')) line.remove_suffix(1);
+  std::size_t position = line.find_first_not_of(kBlanks);
+  if (position != std::string_view::npos && line[position] == '#') return words;
+  while (position != std::string_view::npos) {
+    words.push_back(line[position] == '"' ? Take_Quoted(line, position)
+                                          : Take_Bare(line, position));
+    position = line.find_first_not_of(kBlanks, position);
+  }
+  return words;
+}
+
+std::string Script_Word(std::string_view text) {
+  const bool bare = !text.empty() && text.find_first_of(" \t\r\n\"") == std::string_view::npos;
+  if (bare) return std::string(text);
+  std::string word = "\"";
+  for (const char c : text) {
+    if (c == '"') word += '"';
+    word += c == '\r' || c == '\n' ? ' ' : c;
+  }
+  return word + '"';
+}
+
+std::optional<ScriptStep> ScriptReader::Next() {
+  std::string line;
+  while (std::getline(script_, line)) {
+    if (++line_ == 1 && line.starts_with(kByteOrderMark)) line.erase(0, kByteOrderMark.size());
+    std::vector<ScriptWord> words = Split_Line(line);
+    if (!words.empty()) return ScriptStep{line_, std::move(words)};
+  }
+  return std::nullopt;
+}
+
+}  // namespace sylvomex

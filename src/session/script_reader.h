@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+// Scripts as text: one step a line, arguments separated by blanks (spaces, tabs). An argument
+// with blanks stands in double quotes, "" inside is one quote, a backslash is an ordinary
+// character. Blank lines and lines that start with '#' are passed over.
+//
+// Lines are counted from 1.
+#pragma once
+
+#include <istream>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sylvomex {
+
+struct ScriptWord {
+  std::string text;  // without its quotes
+  std::string raw;   // as it was typed
+};
+
+struct ScriptStep {
+  int line = 0;
+  std::vector<ScriptWord> words;  // never empty; the first names the step
+};
+
+/// A line that is no list of words. what() is the reason.
+class ScriptSyntaxError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// The words of one line, none for a blank line or a comment. Raises ScriptSyntaxError.
+std::vector<ScriptWord> Split_Line(std::string_view line);
+
+/// A word as a script writes it: in quotes where it needs them. Line breaks become blanks.
+std::string Script_Word(std::string_view text);
+
+class ScriptReader {
+ public:
+  explicit ScriptReader(std::istream& script) : script_(script) {}
+
+  /// The next step; nothing at the end of the script. Raises ScriptSyntaxError.
+  std::optional<ScriptStep> Next();
+
+  /// Number of the line that was read last.
+  [[nodiscard]] int Line() const { return line_; }
+
+ private:
+  std::istream& script_;
+  int line_ = 0;
+};
+
+}  // namespace sylvomex

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+// The operator's side of a scripted session: dialogs take their answers from a queue, and
+// everything that would reach the operator becomes one line of the transcript.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <optional>
+#include <ostream>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "session/script_reader.h"
+#include "session/step_end.h"
+#include "workspace/state/screen.h"
+
+namespace sylvomex {
+
+/// An answer that waits for its dialog.
+struct QueuedAnswer {
+  enum class Kind {
+    Input,   // of an input box
+    File,    // of a file dialog, a drive name or a native path
+    Button,  // of a message box with a choice: ok, cancel, yes, no
+    Cancel,  // dismisses an input box or a file dialog
+  };
+  Kind kind = Kind::Input;
+  std::string text;  // as it was given; empty for Kind::Cancel
+};
+
+class ScriptScreen : public Screen {
+ public:
+  /// transcript: receives the lines. log: receives what only helps to find a fault.
+  ScriptScreen(std::ostream& transcript, std::ostream& log);
+
+  /// Queues the answer of the next dialog of its kind.
+  void Queue_Answer(QueuedAnswer answer) { answers_.push_back(std::move(answer)); }
+  [[nodiscard]] std::size_t Answers_Left() const { return answers_.size(); }
+
+  /// Queues a step for the n-th event servicing from now, n from 1.
+  void Queue_Step(long n, ScriptStep step);
+  [[nodiscard]] std::size_t Steps_Left() const { return waiting_steps_.size(); }
+
+  /// What plays a queued step when its servicing has come.
+  void Play_Queued_Steps_By(std::function<void(const ScriptStep&)> play);
+
+  /// Called at the end of every event servicing; may be empty.
+  void After_Servicing(std::function<void()> show) { after_servicing_ = std::move(show); }
+
+  /// A dialog that found no answer raises StepEnd. Should the running command have stopped
+  /// that on its way, the failure is still here.
+  [[nodiscard]] const std::optional<StepEnd>& Failure_Of_Dialog() const { return failure_; }
+  void Drop_Failure() { failure_.reset(); }
+
+  /// True when the operator has confirmed the exit.
+  [[nodiscard]] bool Ended() const { return ended_; }
+
+  /// One line of the transcript.
+  void Write_Line(std::string_view line);
+
+  Answer Message_Box(std::string_view text, Buttons buttons, std::string_view title) override;
+  std::optional<std::string> Input_Box(std::string_view prompt, std::string_view title,
+                                       std::string_view preset) override;
+  std::optional<std::string> File_Dialog(const FileQuestion& question) override;
+  void Beep(int frequency, int duration) override;
+  void Clear_Clipboard() override {}
+  void Copy_To_Clipboard(const PaneBitmap& picture) override;
+  void Service_Events() override;
+  double Clock() override;
+  double Random() override;
+  void Report_Error(std::string_view command, std::string_view text,
+                    std::string_view native_path) override;
+  void End_Session() override { ended_ = true; }
+
+ private:
+  struct WaitingStep {
+    long servicing = 0;
+    ScriptStep step;
+  };
+
+  QueuedAnswer Take_Answer(QueuedAnswer::Kind wanted, const std::string& dialog);
+  std::optional<std::string> Take_Text(QueuedAnswer::Kind wanted, const std::string& dialog);
+  [[noreturn]] void Fail(std::string reason);
+  std::optional<ScriptStep> Take_Step(long servicing);
+
+  std::ostream& transcript_;
+  std::ostream& log_;
+  std::deque<QueuedAnswer> answers_;
+  std::vector<WaitingStep> waiting_steps_;
+  std::function<void(const ScriptStep&)> play_;
+  std::function<void()> after_servicing_;
+  std::optional<StepEnd> failure_;
+  long servicings_ = 0;
+  bool ended_ = false;
+  std::mt19937 generator_{20041105};  // the same numbers in every session
+};
+
+}  // namespace sylvomex

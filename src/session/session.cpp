@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+#include "session/session.h"
+
+#include <fstream>
+#include <memory>
+#include <optional>
+
+#include "platform/run_time_error.h"
+#include "session/recorder.h"
+#include "session/recorder_screen.h"
+#include "session/script_reader.h"
+#include "session/script_screen.h"
+#include "session/step_arguments.h"
+#include "session/step_end.h"
+#include "session/step_player.h"
+#include "workspace/start_up.h"
+
+namespace sylvomex {
+
+namespace {
+
+constexpr const char* kInputStream = "-";
+
+std::string Script_Name(const SessionOptions& options) {
+  return options.script == kInputStream ? "standard input" : options.script;
+}
+
+/// The block with the screens that it asks.
+struct Session {
+  Session(const SessionOptions& options, const SessionStreams& session_streams)
+      : streams(session_streams),
+        script_name(Script_Name(options)),
+        screen(session_streams.out, session_streams.err),
+        w(std::make_unique<Workspace>(DriveMap(options.root), screen)) {}
+
+  void Report(int line, const std::string& reason) const {
+    streams.err << script_name << ':' << line << ": " << reason << '\n';
+  }
+
+  const SessionStreams& streams;
+  std::string script_name;
+  ScriptScreen screen;
+  std::unique_ptr<Workspace> w;
+  std::ofstream record;
+  std::optional<Recorder> recorder;
+  std::optional<RecorderScreen> recorder_screen;
+};
+
+bool Open_Record(Session& session, const SessionOptions& options) {
+  if (options.record.empty()) return true;
+  session.record.open(File_Argument(session.w->Drives, options.record));
+  if (!session.record) {
+    session.streams.err << "cannot write " << options.record << '\n';
+    return false;
+  }
+  session.recorder.emplace(session.record, options.width, options.height);
+  session.recorder_screen.emplace(session.screen, *session.recorder);
+  session.w->screen = &*session.recorder_screen;
+  return true;
+}
+
+bool Start(Session& session, const SessionOptions& options) {
+  try {
+    session.w->Form1.ClientWidth = options.width;
+    session.w->Form1.ClientHeight = options.height;
+    Start_Workspace(*session.w);
+    return true;
+  } catch (const RunTimeError& error) {
+    session.streams.err << "the start-up failed: " << error.what();
+    if (!error.Native_Path().empty()) session.streams.err << " (" << error.Native_Path() << ")";
+    session.streams.err << '\n';
+    return false;
+  }
+}
+
+StepPlayer Make_Player(Session& session, const SessionHooks& hooks) {
+  PlayerServices services;
+  services.report = [&session](int line, const std::string& reason) {
+    session.Report(line, reason);
+  };
+  services.handle_event = [&session](Workspace& w, const OperatorEvent& event) {
+    return session.recorder ? Handle_Recorded_Event(*session.recorder, w, event)
+                            : Handle_Event(w, event);
+  };
+  services.pictures = hooks.pictures;
+  return {*session.w, session.screen, std::move(services)};
+}
+
+int End_Of_Script(const Session& session, int line) {
+  if (const std::size_t left = session.screen.Steps_Left()) {
+    session.streams.err << session.script_name << ": " << left
+                        << " queued steps were not reached\n";
+  }
+  const std::size_t answers = session.screen.Answers_Left();
+  if (answers == 0) return kAllStepsDone;
+  session.Report(line, std::to_string(answers) + " queued answers were not used");
+  return kStepFailed;
+}
+
+int Play_Steps(Session& session, ScriptReader& reader, StepPlayer& player,
+               const std::function<void()>& after_step) {
+  while (const auto step = reader.Next()) {
+    player.Play(*step);
+    after_step();
+  }
+  return End_Of_Script(session, reader.Line());
+}
+
+int Play_Script(Session& session, std::istream& script, const SessionHooks& hooks) {
+  const auto show = [&] {
+    if (hooks.show) hooks.show(*session.w);
+  };
+  session.screen.After_Servicing(show);
+  StepPlayer player = Make_Player(session, hooks);
+  ScriptReader reader(script);
+  try {
+    return Play_Steps(session, reader, player, [&] {
+      if (session.streams.flush_steps) session.streams.out.flush();
+      show();
+    });
+  } catch (const SessionEnd& end) {
+    return end.status;
+  } catch (const StepEnd& failure) {
+    session.Report(reader.Line(), failure.reason);
+    return failure.status;
+  } catch (const ScriptSyntaxError& error) {
+    session.Report(reader.Line(), error.what());
+    return kStepFailed;
+  }
+}
+
+}  // namespace
+
+int Run_Session(const SessionOptions& options, const SessionStreams& streams,
+                const SessionHooks& hooks) {
+  Session session(options, streams);
+  std::ifstream file;
+  const bool from_file = options.script != kInputStream;
+  if (from_file) file.open(File_Argument(session.w->Drives, options.script));
+  if (!file) {
+    streams.err << "cannot read the script " << options.script << '\n';
+    return kStepFailed;
+  }
+  if (!Open_Record(session, options)) return kStepFailed;
+  if (hooks.before_start) hooks.before_start(*session.w);
+  const int status = Start(session, options)
+                         ? Play_Script(session, from_file ? file : streams.in, hooks)
+                         : kStartFailed;
+  if (session.recorder) session.recorder->Finish();
+  streams.out.flush();
+  return status;
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,252 @@
+// SPDX-License-Identifier: MIT
+#include "session/step_player.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <utility>
+
+#include "session/block_values.h"
+#include "session/event_steps.h"
+#include "session/marks_text.h"
+#include "session/picture_png.h"
+#include "session/routine_calls.h"
+#include "session/step_arguments.h"
+#include "session/transcript_text.h"
+#include "session/value_compare.h"
+#include "session/value_name.h"
+#include "workspace/control_lookup.h"
+
+namespace sylvomex {
+
+namespace {
+
+constexpr std::size_t kAnyNumber = std::numeric_limits<std::size_t>::max();
+
+/// The words from a position on, joined by one blank.
+std::string Joined(const ScriptStep& step, std::size_t first, std::string ScriptWord::*form) {
+  std::string joined;
+  for (std::size_t i = first; i < step.words.size(); ++i) {
+    joined += (i == first ? "" : " ") + step.words[i].*form;
+  }
+  return joined;
+}
+
+/// The step that begins at a word of another one.
+ScriptStep Inner_Step(const ScriptStep& step, std::size_t first) {
+  return {step.line, {step.words.begin() + static_cast<std::ptrdiff_t>(first), step.words.end()}};
+}
+
+std::string Arity_Text(const std::string& name, std::size_t least, std::size_t most) {
+  std::string text = name + " takes ";
+  if (most == kAnyNumber) {
+    text += "at least " + std::to_string(least);
+  } else if (least == most) {
+    text += most == 0 ? "no" : std::to_string(most);
+  } else {
+    text += std::to_string(least) + " to " + std::to_string(most);
+  }
+  return text + (least == 1 && most == 1 ? " argument" : " arguments");
+}
+
+}  // namespace
+
+const StepPlayer::Row& StepPlayer::Find_Row(const ScriptStep& step) {
+  static constexpr std::array kRows{
+      Row{"menu", 1, 1, &StepPlayer::Play_Event},
+      Row{"command", 1, 1, &StepPlayer::Play_Event},
+      Row{"input", 1, 1, &StepPlayer::Play_Input},
+      Row{"file", 1, 1, &StepPlayer::Play_File},
+      Row{"button", 1, 1, &StepPlayer::Play_Button},
+      Row{"cancel", 0, 0, &StepPlayer::Play_Cancel},
+      Row{"set", 2, 2, &StepPlayer::Play_Event},
+      Row{"press", 1, 1, &StepPlayer::Play_Event},
+      Row{"click", 3, kAnyNumber, &StepPlayer::Play_Event},
+      Row{"doubleclick", 3, kAnyNumber, &StepPlayer::Play_Event},
+      Row{"move", 3, 3, &StepPlayer::Play_Event},
+      Row{"key", 1, kAnyNumber, &StepPlayer::Play_Event},
+      Row{"resize", 3, 3, &StepPlayer::Play_Event},
+      Row{"print", 1, 1, &StepPlayer::Play_Print},
+      Row{"marks", 1, 1, &StepPlayer::Play_Marks},
+      Row{"call", 1, kAnyNumber, &StepPlayer::Play_Call},
+      Row{"expect", 2, kAnyNumber, &StepPlayer::Play_Expect},
+      Row{"save", 2, 2, &StepPlayer::Play_Save},
+      Row{"screenshot", 1, 2, &StepPlayer::Play_Screenshot},
+      Row{"during", 2, kAnyNumber, &StepPlayer::Play_During},
+      Row{"say", 1, kAnyNumber, &StepPlayer::Play_Say},
+      Row{"try", 1, kAnyNumber, &StepPlayer::Play_Try},
+  };
+  const std::string& name = step.words.front().text;
+  const auto row = std::ranges::find_if(kRows, [&](const Row& r) { return name == r.name; });
+  if (row == kRows.end()) throw StepEnd{kStepFailed, "there is no step " + Quoted(name)};
+  const std::size_t arguments = step.words.size() - 1;
+  if (arguments < row->least || arguments > row->most) {
+    throw StepEnd{kStepFailed, Arity_Text(name, row->least, row->most)};
+  }
+  return *row;
+}
+
+StepPlayer::StepPlayer(Workspace& w, ScriptScreen& screen, PlayerServices services)
+    : w_(w), screen_(screen), services_(std::move(services)) {
+  screen_.Play_Queued_Steps_By([this](const ScriptStep& step) { Play_Queued(step); });
+}
+
+void StepPlayer::Play(const ScriptStep& step) { (this->*Find_Row(step).play)(step); }
+
+/// A step that was queued for an event servicing: its failure is its own, not that of the
+/// step that is running, and so it ends the session.
+void StepPlayer::Play_Queued(const ScriptStep& step) {
+  try {
+    Play(step);
+  } catch (const StepEnd& failure) {
+    services_.report(step.line, failure.reason);
+    end_ = SessionEnd{failure.status};
+    throw *end_;
+  }
+}
+
+EventOutcome StepPlayer::Handle(const OperatorEvent& event) {
+  EventOutcome outcome = EventOutcome::Done;
+  try {
+    outcome = services_.handle_event(w_, event);
+  } catch (const std::exception& refusal) {
+    throw StepEnd{kStepFailed, refusal.what()};
+  }
+  if (end_) throw *end_;
+  if (screen_.Ended()) throw SessionEnd{kAllStepsDone};
+  if (const auto& failure = screen_.Failure_Of_Dialog()) throw *failure;
+  return outcome;
+}
+
+void StepPlayer::Play_Event(const ScriptStep& step) {
+  const std::string& target = step.words[1].text;
+  const EventOutcome outcome = Handle(Event_Of_Step(step.words));
+  if (outcome == EventOutcome::Error) {
+    throw StepEnd{kCommandError, Joined(step, 0, &ScriptWord::raw) + " ended in an error"};
+  }
+  if (outcome == EventOutcome::Greyed) {
+    screen_.Write_Line("greyed " + target);
+    throw StepEnd{kStepFailed, "the menu item " + target + " is greyed"};
+  }
+}
+
+void StepPlayer::Play_Input(const ScriptStep& step) {
+  screen_.Queue_Answer({QueuedAnswer::Kind::Input, step.words[1].text});
+}
+
+void StepPlayer::Play_File(const ScriptStep& step) {
+  screen_.Queue_Answer({QueuedAnswer::Kind::File, step.words[1].text});
+}
+
+void StepPlayer::Play_Button(const ScriptStep& step) {
+  constexpr std::array kButtons{"ok", "cancel", "yes", "no"};
+  const std::string& name = step.words[1].text;
+  if (std::ranges::find(kButtons, name) == kButtons.end()) {
+    throw StepEnd{kStepFailed, Quoted(name) + " is none of ok, cancel, yes, no"};
+  }
+  screen_.Queue_Answer({QueuedAnswer::Kind::Button, name});
+}
+
+void StepPlayer::Play_Cancel(const ScriptStep&) {
+  screen_.Queue_Answer({QueuedAnswer::Kind::Cancel, {}});
+}
+
+std::string StepPlayer::Value_Of(const std::string& name) {
+  try {
+    return Block_Value(w_, name);
+  } catch (const std::exception& failure) {
+    throw StepEnd{kStepFailed, name + ": " + failure.what()};
+  }
+}
+
+Picture& StepPlayer::Picture_Of(const std::string& name) {
+  const WindowName place = Split_Window(name);
+  if (const auto control = Parse_Control_Name(place.control)) {
+    const AnyControl found = Find_Control(w_, place.form, *control);
+    if (Picture* const* const picture = std::get_if<Picture*>(&found)) return **picture;
+  }
+  throw StepEnd{kStepFailed, "there is no picture " + name};
+}
+
+void StepPlayer::Play_Print(const ScriptStep& step) {
+  const std::string& name = step.words[1].text;
+  screen_.Write_Line(name + " = " + Value_Of(name));
+}
+
+void StepPlayer::Play_Marks(const ScriptStep& step) {
+  const Picture& picture = Picture_Of(step.words[1].text);
+  for (const Mark& mark : picture.marks) screen_.Write_Line(Mark_Text(picture, mark));
+}
+
+void StepPlayer::Play_Call(const ScriptStep& step) {
+  const std::string& routine = step.words[1].text;
+  std::vector<std::string> arguments;
+  for (std::size_t i = 2; i < step.words.size(); ++i) arguments.push_back(step.words[i].text);
+  try {
+    const std::string results = Call_Routine(w_, routine, arguments);
+    screen_.Write_Line(Joined(step, 1, &ScriptWord::raw) + " = " + results);
+  } catch (const RunTimeError& error) {
+    screen_.Report_Error(routine, error.what(), error.Native_Path().string());
+    throw StepEnd{kCommandError, routine + " ended in an error"};
+  }
+}
+
+void StepPlayer::Play_Expect(const ScriptStep& step) {
+  const std::string& name = step.words[1].text;
+  const std::string value = Value_Of(name);
+  const std::string expected = Joined(step, 2, &ScriptWord::text);
+  if (Values_Agree(value, expected)) return;
+  throw StepEnd{kStepFailed, name + " is " + Quoted(value) + ", expected was " + Quoted(expected)};
+}
+
+void StepPlayer::Play_Save(const ScriptStep& step) {
+  const Picture& picture = Picture_Of(step.words[1].text);
+  try {
+    Save_Picture_Png(picture, File_Argument(w_.Drives, step.words[2].text));
+  } catch (const std::exception& failure) {
+    throw StepEnd{kStepFailed, failure.what()};
+  }
+}
+
+void StepPlayer::Play_Screenshot(const ScriptStep& step) {
+  if (services_.pictures == nullptr) {
+    throw StepEnd{kStepFailed, "a screenshot needs the desktop"};
+  }
+  const bool names_window = step.words.size() > 2;
+  const std::string form = names_window ? step.words[1].text : "Form1";
+  if (Find_Form(w_, form) == nullptr) {
+    throw StepEnd{kStepFailed, "there is no window " + form};
+  }
+  try {
+    services_.pictures->Save_Window(form, File_Argument(w_.Drives, step.words.back().text));
+  } catch (const std::exception& failure) {
+    throw StepEnd{kStepFailed, failure.what()};
+  }
+}
+
+void StepPlayer::Play_During(const ScriptStep& step) {
+  const long n = Whole_Argument(step.words[1].text);
+  if (n < 1) throw StepEnd{kStepFailed, "event servicings are counted from 1"};
+  ScriptStep queued = Inner_Step(step, 2);
+  Find_Row(queued);
+  screen_.Queue_Step(n, std::move(queued));
+}
+
+void StepPlayer::Play_Say(const ScriptStep& step) {
+  screen_.Write_Line("say " + Joined(step, 1, &ScriptWord::text));
+}
+
+void StepPlayer::Play_Try(const ScriptStep& step) {
+  ScriptStep tried = Inner_Step(step, 1);
+  // What is queued for later is tried then.
+  if (tried.words.front().text == "during" && tried.words.size() > 2) {
+    tried.words.insert(tried.words.begin() + 2, step.words.front());
+  }
+  try {
+    Play(tried);
+  } catch (const StepEnd&) {
+    screen_.Drop_Failure();
+  }
+}
+
+}  // namespace sylvomex

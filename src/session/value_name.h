@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+// The names by which a script asks for values: "Label10.ForeColor", "Form3.Text2",
+// "ImageBlock(0).Omega".
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sylvomex {
+
+/// One part of a dotted name, with its index where it has one: "Text1(3)".
+struct NamePart {
+  std::string name;
+  std::optional<int> index;
+};
+
+/// The parts of a dotted name. Raises UnknownName for a text that is none.
+std::vector<NamePart> Split_Name(std::string_view name);
+
+/// "Form1", "Form12": the name of a window.
+bool Is_Form_Name(std::string_view name);
+
+/// A control with its window: "Form5.Picture1" is Picture1 of Form5, a plain name is one of
+/// Form1.
+struct WindowName {
+  std::string form = "Form1";
+  std::string control;
+};
+WindowName Split_Window(std::string_view name);
+
+}  // namespace sylvomex

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "solver/camera_model.h"
+
+#include <cmath>
+
+namespace sylvomex {
+namespace {
+
+/// An object point seen from the projection centre, in camera axes (metres).
+struct CameraAxes {
+  double r = 0, s = 0, q = 0;
+};
+
+CameraAxes To_Camera_Axes(const ImageRecord& image, const RotationMatrix& m, double X, double Y,
+                          double Z) {
+  const double dX = X - image.X0;
+  const double dY = Y - image.Y0;
+  const double dZ = Z - image.Z0;
+  return {m.m11 * dX + m.m12 * dY + m.m13 * dZ, m.m21 * dX + m.m22 * dY + m.m23 * dZ,
+          m.m31 * dX + m.m32 * dY + m.m33 * dZ};
+}
+
+}  // namespace
+
+RotationMatrix Build_Rotation_Matrix(double omega, double phi, double kappa) {
+  const double sin_w = std::sin(omega), cos_w = std::cos(omega);
+  const double sin_p = std::sin(phi), cos_p = std::cos(phi);
+  const double sin_k = std::sin(kappa), cos_k = std::cos(kappa);
+  RotationMatrix m;
+  m.m11 = cos_k * cos_p;
+  m.m12 = cos_w * sin_k + sin_w * sin_p * cos_k;
+  m.m13 = sin_w * sin_k - cos_w * sin_p * cos_k;
+  m.m21 = -cos_p * sin_k;
+  m.m22 = cos_w * cos_k - sin_w * sin_p * sin_k;
+  m.m23 = sin_w * cos_k + cos_w * sin_p * sin_k;
+  m.m31 = sin_p;
+  m.m32 = -sin_w * cos_p;
+  m.m33 = cos_w * cos_p;
+  return m;
+}
+
+void Image_To_Pixel(const ImageRecord& image, double x, double y, double& col, double& row) {
+  col = image.AffineA1 * x + image.AffineA2 * y + image.AffineA0;
+  row = image.AffineB1 * x + image.AffineB2 * y + image.AffineB0;
+}
+
+void Pixel_To_Image(const ImageRecord& image, double col, double row, double& x, double& y) {
+  const double d = image.AffineA1 * image.AffineB2 - image.AffineA2 * image.AffineB1;
+  const double dcol = col - image.AffineA0;
+  const double drow = row - image.AffineB0;
+  x = (image.AffineB2 * dcol - image.AffineA2 * drow) / d;
+  y = (image.AffineA1 * drow - image.AffineB1 * dcol) / d;
+}
+
+void Object_To_Image(const ImageRecord& image, const RotationMatrix& m, double X, double Y,
+                     double Z, double& x, double& y) {
+  const double c = image.PrincipalDistance;
+  const CameraAxes point = To_Camera_Axes(image, m, X, Y, Z);
+  if (c == 0 || point.q == 0) {
+    x = y == 0 ? -1 : 0;
+    return;
+  }
+  x = (-c) * point.r / point.q;
+  y = (-c) * point.s / point.q;
+}
+
+void Object_To_Pixel(const ImageRecord& image, const RotationMatrix& m, double X, double Y,
+                     double Z, double& col, double& row) {
+  double x = 0;
+  double y = 0;
+  Object_To_Image(image, m, X, Y, Z, x, y);
+  Image_To_Pixel(image, x, y, col, row);
+}
+
+void Image_To_Object_At_Z(const ImageRecord& image, const RotationMatrix& m, double Z, double x,
+                          double y, double& X, double& Y) {
+  const double t = -image.PrincipalDistance;
+  const double q = m.m13 * x + m.m23 * y + m.m33 * t;
+  if (q == 0) return;
+  const double dZ = Z - image.Z0;
+  X = image.X0 + dZ * (m.m11 * x + m.m21 * y + m.m31 * t) / q;
+  Y = image.Y0 + dZ * (m.m12 * x + m.m22 * y + m.m32 * t) / q;
+}
+
+CollinearityPartials Collinearity_Partials(const ImageRecord& image, const RotationMatrix& m,
+                                           double X, double Y, double Z, double measured_x,
+                                           double measured_y) {
+  const auto [r, s, q] = To_Camera_Axes(image, m, X, Y, Z);
+  const double c = image.PrincipalDistance;
+  const double scale = c / (q * q);
+  CollinearityPartials p;
+  p.ax1 = scale * (m.m11 * q - m.m31 * r);
+  p.ay1 = scale * (m.m21 * q - m.m31 * s);
+  p.ax2 = scale * (m.m12 * q - m.m32 * r);
+  p.ay2 = scale * (m.m22 * q - m.m32 * s);
+  p.ax3 = scale * (m.m13 * q - m.m33 * r);
+  p.ay3 = scale * (m.m23 * q - m.m33 * s);
+  p.lx = (-c) * r / q - measured_x;
+  p.ly = (-c) * s / q - measured_y;
+  return p;
+}
+
+void Rotate_And_Project(double x, double y, double z, double c, const double (&r)[3][3], double& u,
+                        double& v) {
+  const double den = x * r[2][0] + y * r[2][1] - z * r[2][2];
+  u = (-c) * (x * r[0][0] + y * r[0][1] - z * r[0][2]) / den;
+  v = (-c) * (x * r[1][0] + y * r[1][1] - z * r[1][2]) / den;
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "solver/ray_angles.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace sylvomex {
+namespace {
+
+using std::numbers::pi;
+
+/// Degrees; far above the rounding of the angles, far below what an operator can see.
+constexpr double kClassTolerance = 1e-9;
+
+double Horizontal_Angle(const Vector3& v) { return MYFUNC_ATAN2(v.x * 100, v.y * 100); }
+
+double Azimuth_Of_Angle(double angle) { return (pi / 2 - angle) * kDegreesPerRadian; }
+
+double Ray_Azimuth(const Vector3& ray) {
+  const double azimuth = Azimuth_Of_Angle(Horizontal_Angle(ray));
+  return azimuth > 180 && azimuth - 180 < 180 ? azimuth + 180 : azimuth;
+}
+
+Vector3 Ray_To(const ImageRecord& image, const RotationMatrix& m, const Point3D& point) {
+  double x = 0;
+  double y = 0;
+  Object_To_Image(image, m, point.X, point.Y, point.Z, x, y);
+  return Film_Ray(image, m, x, y);
+}
+
+double Off_Nadir(const RotationMatrix& m, Vector3 ray) {
+  Vector3 axis;
+  Make_Vector(axis, -m.m31, -m.m32, -m.m33);
+  Normalize_Vector(axis);
+  Normalize_Vector(ray);
+  return Angle_Between_Vectors(axis, ray) * kDegreesPerRadian;
+}
+
+double Azimuth_Difference(double sun_azimuth, double ray_azimuth) {
+  double difference = sun_azimuth - ray_azimuth;
+  if (difference < -180) difference = 360 + difference;
+  if (difference > 180) difference = difference - 360;
+  return difference;
+}
+
+/// Radians, from two horizontal angles. Always positive where the smaller way round crosses the
+/// west axis.
+double Angle_Difference(double sun_angle, double ray_angle) {
+  const double sun = sun_angle + pi;
+  const double ray = ray_angle + pi;
+  const double difference = sun - ray;
+  if (difference < -pi) return (2 * pi - ray) + sun;
+  if (difference > pi) return (2 * pi - sun) + ray;
+  return difference;
+}
+
+}  // namespace
+
+double MYFUNC_ATAN2(double u, double v) {
+  // Adding 0 turns a negative zero, which would answer -pi, into a positive one.
+  return std::atan2(v + 0.0, u + 0.0);
+}
+
+Vector3 Sun_Vector(double sun_azimuth, double sun_elevation) {
+  const double a = (90 - sun_azimuth * kDegreesPerRadian) * kRadiansPerDegree;
+  const double e = (90 - sun_elevation * kDegreesPerRadian) * kRadiansPerDegree;
+  return {std::sin(e) * std::cos(a), std::sin(e) * std::sin(a), std::cos(e)};
+}
+
+Vector3 Film_Ray(const ImageRecord& image, const RotationMatrix& m, double x, double y) {
+  const double c = image.PrincipalDistance;
+  return {m.m11 * x + m.m21 * y - m.m31 * c, m.m12 * x + m.m22 * y - m.m32 * c,
+          m.m13 * x + m.m23 * y - m.m33 * c};
+}
+
+ViewAngles View_Angles(const ImageRecord& image, const RotationMatrix& m, const Point3D& point) {
+  const Vector3 ray = Ray_To(image, m, point);
+  const Vector3 sun = Sun_Vector(image.SunAzimuth, image.SunElevation);
+  ViewAngles angles;
+  angles.ray_azimuth = Ray_Azimuth(ray);
+  angles.azimuth_difference =
+      Azimuth_Difference(Azimuth_Of_Angle(Horizontal_Angle(sun)), angles.ray_azimuth);
+  angles.off_nadir = Off_Nadir(m, ray);
+  return angles;
+}
+
+LightingAngles Lighting_At(const ImageRecord& image, const RotationMatrix& m,
+                           const Point3D& point) {
+  const Vector3 ray = Ray_To(image, m, point);
+  const Vector3 sun = Sun_Vector(image.SunAzimuth, image.SunElevation);
+  LightingAngles angles;
+  angles.sun_azimuth = image.SunAzimuth * kDegreesPerRadian;
+  angles.sun_elevation = image.SunElevation * kDegreesPerRadian;
+  angles.ray_azimuth = Ray_Azimuth(ray);
+  angles.difference =
+      Angle_Difference(Horizontal_Angle(sun), Horizontal_Angle(ray)) * kDegreesPerRadian;
+  angles.lighting = Lighting_Class(std::abs(angles.difference));
+  angles.off_nadir = Off_Nadir(m, ray);
+  return angles;
+}
+
+const char* Lighting_Class(double absolute_difference) {
+  const double reached = absolute_difference + kClassTolerance;
+  if (reached < 45) return "B";
+  if (reached < 90) return "BS";
+  if (reached < 135) return "FS";
+  return std::isnan(reached) ? "" : "F";
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#include "workspace/form_resize.h"
+
+#include "workspace/panes/pane_centring.h"
+#include "workspace/panes/pane_layout.h"
+
+namespace sylvomex {
+
+void Form_Resize(Workspace& w) {
+  Compute_Pane_Size(w);
+  Lay_Out_Panes(w);
+  Center_On_Solution_Or_Start(w);
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "workspace/state/workspace.h"
+
+namespace sylvomex {
+
+/// Sizes and places the panes for the present client size and renders them again around the
+/// solution or the start positions.
+void Form_Resize(Workspace& w);
+
+}  // namespace sylvomex

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "workspace/state/workspace.h"
+
+namespace sylvomex {
+
+/// Sees every key of the main window first, whichever control has the focus. Key codes as in
+/// OperatorEvent.
+void Form_KeyDown(Workspace& w, int key_code, int shift);
+
+}  // namespace sylvomex

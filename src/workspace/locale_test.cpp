@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "workspace/locale_test.h"
+
+#include <algorithm>
+
+#include "platform/files.h"
+#include "platform/list_reader.h"
+#include "platform/number_text.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr const char* kScratchFile = "C:\\Data\\PILKKUTESTI.TXT";
+
+std::string First_Line(char decimal) {
+  std::string line = Format(1.0, "#.0");
+  std::replace(line.begin(), line.end(), '.', decimal);
+  return line + "\n";
+}
+
+// Splits at the list separator of the settings, as the list reader does at the comma.
+bool Reads_One_Two_Three(std::string line, char list) {
+  std::replace(line.begin(), line.end(), ',', '\x1f');
+  std::replace(line.begin(), line.end(), list == ',' ? '\x1f' : list, ',');
+  ListReader reader(line, kScratchFile);
+  try {
+    return reader.Read_Int32() == 1 && reader.Read_Int32() == 2 && reader.Read_Int32() == 3;
+  } catch (const RunTimeError&) {
+    return false;
+  }
+}
+
+}  // namespace
+
+void Run_Locale_Test(Workspace& w, NumberSeparators separators) {
+  const FilePath scratch = w.Drives.Locate(kScratchFile);
+  Write_Whole_File(scratch, First_Line(separators.decimal) + "1,2,3\n");
+  ListReader reader(scratch);
+  const std::string number = reader.Read_Line();
+  if (number.size() < 2 || number[1] != '.') {
+    w.screen->Message_Box("SYLVOMEX requires the use of point as decimal separator");
+  }
+  if (!Reads_One_Two_Three(reader.Read_Line(), separators.list)) {
+    w.screen->Message_Box("SYLVOMEX requires the use of comma as list separator");
+  }
+  Delete_File(w.Drives.Locate("c:\\data\\pilkkutesti.txt"));
+}
+
+}  // namespace sylvomex

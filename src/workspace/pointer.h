@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+// The pointer on the panes: read-out and the dispatch of clicks to the measuring modes.
+#pragma once
+
+#include "workspace/state/workspace.h"
+
+namespace sylvomex {
+
+void Picture1_MouseMove(Workspace& w, int pane, double px, double py);
+void Form_MouseMove(Workspace& w);
+
+/// button: kLeftButton or kRightButton; shift: mask of kShift, kCtrl, kAlt, compared whole.
+void Picture1_MouseDown(Workspace& w, int pane, int button, int shift, double px, double py);
+
+}  // namespace sylvomex

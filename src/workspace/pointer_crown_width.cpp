@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "workspace/pointer_crown_width.h"
+
+#include <cmath>
+
+#include "platform/number_text.h"
+#include "solver/ray_angles.h"
+#include "workspace/panes/pane_drawing.h"
+#include "workspace/state/camera_access.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr Colour kSecondEnd{125, 255, 50};
+
+double Scale_Number(const Workspace& w, int pane) {
+  const ImageRecord& image = w.ImageBlock(pane);
+  return (image.Z0 - w.Solution3D.Z) / image.PrincipalDistance;
+}
+
+// Ground position of the pointer on the solution's plane, and whose width it is.
+Point3D Identify_And_Locate(Workspace& w, int pane, double px, double py) {
+  XYDistanceEntry& entry = w.XYDistanceEntries(pane);
+  entry.Index = static_cast<std::uint8_t>(pane);
+  entry.ImageCode = w.ImageBlock(pane).ImageId;
+  const FullImagePosition at = Pane_To_Full_Image(w.ImageBlock(pane), w.PaneViews(pane), px, py);
+  double x = 0;
+  double y = 0;
+  Pixel_To_Image(w, pane, at.col, at.row, x, y);
+  Point3D ground{0, 0, w.Solution3D.Z};
+  Image_To_Object_At_Z(w, pane, ground.Z, x, y, ground.X, ground.Y);
+  return ground;
+}
+
+void Take_First_End(Workspace& w, int pane, double px, double py) {
+  const ImageRecord& image = w.ImageBlock(pane);
+  w.Crown.CrownPixelSize =
+      (1 / w.PaneViews(pane).ZoomX) * (1 / image.AffineA1) * Scale_Number(w, pane);
+  w.Crown.CrownPointOneX = static_cast<float>(px);
+  w.Crown.CrownPointOneY = static_cast<float>(py);
+  w.Crown.CrownClickOne = true;
+  Picture& picture = w.Form1.Picture1(pane);
+  picture.DrawWidth = 3;
+  Plot_Point(picture, px, py, kRed);
+  picture.DrawWidth = 1;
+  const Point3D ground = Identify_And_Locate(w, pane, px, py);
+  w.XYDistanceEntries(pane).X0Obj = ground.X;
+  w.XYDistanceEntries(pane).Y0Obj = ground.Y;
+}
+
+void Take_Second_End(Workspace& w, int pane, double px, double py) {
+  w.Crown.CrownPointTwoX = static_cast<float>(px);
+  w.Crown.CrownPointTwoY = static_cast<float>(py);
+  w.Crown.CrownClickTwo = true;
+  Picture& picture = w.Form1.Picture1(pane);
+  picture.DrawWidth = 3;
+  Plot_Point(picture, px, py, kSecondEnd);
+  picture.DrawWidth = 1;
+  Draw_Line(picture, w.Crown.CrownPointOneX, w.Crown.CrownPointOneY, px, py, kYellow);
+  const Point3D ground = Identify_And_Locate(w, pane, px, py);
+  w.XYDistanceEntries(pane).X1Obj = ground.X;
+  w.XYDistanceEntries(pane).Y1Obj = ground.Y;
+}
+
+void Complete_Entry(Workspace& w, int pane, double distance) {
+  const ImageRecord& image = w.ImageBlock(pane);
+  XYDistanceEntry& entry = w.XYDistanceEntries(pane);
+  entry.ObservedDistance = static_cast<float>(distance);
+  entry.ScaleAtZ = static_cast<float>(Scale_Number(w, pane));
+  entry.SunElevation = image.SunElevation * kDegreesPerRadian;
+  entry.SunAzimuth = image.SunAzimuth * kDegreesPerRadian;
+  Get_View_Angles(w, pane, entry.OffNadirAngle, entry.AzimuthDifference, entry.ObjCamRayAzimuth);
+  entry.X = w.Solution3D.X;
+  entry.Y = w.Solution3D.Y;
+  entry.Z = w.Solution3D.Z;
+}
+
+void Complete_Pair(Workspace& w, int pane) {
+  CrownClicks& crown = w.Crown;
+  crown.CrownWidth = std::hypot(crown.CrownPointOneX - crown.CrownPointTwoX,
+                                crown.CrownPointOneY - crown.CrownPointTwoY) *
+                     crown.CrownPixelSize;
+  const XYDistanceEntry& entry = w.XYDistanceEntries(pane);
+  const double dx = entry.X0Obj - entry.X1Obj;
+  const double dy = entry.Y0Obj - entry.Y1Obj;
+  const double distance = std::sqrt(dx * dx + dy * dy);
+  w.Form1.Text12(pane).Text = Format(distance, "#.0000");
+  crown.CrownClickOne = false;
+  crown.CrownClickTwo = false;
+  Complete_Entry(w, pane, distance);
+}
+
+}  // namespace
+
+void Crown_Width_Click(Workspace& w, int pane, double px, double py) {
+  if (!w.Crown.CrownClickOne) {
+    Take_First_End(w, pane, px, py);
+  } else if (!w.Crown.CrownClickTwo) {
+    Take_Second_End(w, pane, px, py);
+    Complete_Pair(w, pane);
+  }
+}
+
+}  // namespace sylvomex

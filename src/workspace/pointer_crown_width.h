@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "workspace/state/workspace.h"
+
+namespace sylvomex {
+
+/// One end of a crown width, measured on the horizontal plane through the solution. Every
+/// second click completes the pair in the distance entry of its pane.
+void Crown_Width_Click(Workspace& w, int pane, double px, double py);
+
+}  // namespace sylvomex

@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "workspace/state/workspace.h"
+
+namespace sylvomex {
+
+/// Takes the pointed position as the film observation of the pane's image.
+void Measuring_Click(Workspace& w, int pane, double px, double py);
+
+}  // namespace sylvomex

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+// Drawing a polygon on a pane. Its vertices live in the polyline files.
+#pragma once
+
+#include "workspace/state/workspace.h"
+
+namespace sylvomex {
+
+void Start_Polygon(Workspace& w, int pane, double px, double py);
+void Add_Polygon_Vertex(Workspace& w, int pane, double px, double py);
+void Close_Polygon(Workspace& w, int pane);
+
+}  // namespace sylvomex

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "workspace/pointer_tie_point.h"
+
+#include "platform/files.h"
+#include "platform/list_reader.h"
+#include "platform/number_text.h"
+#include "workspace/panes/pane_drawing.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr const char* kTiePointFile = "c:\\data\\imageobs.txt";
+
+struct TiePoint {
+  std::int32_t image_id = 0;
+  std::int32_t point_id = 0;
+  double col = 0;
+  double top_down_row = 0;  // of the full image
+};
+
+TiePoint Read_Tie_Point(ListReader& file) {
+  TiePoint point;
+  point.image_id = file.Read_Int32();
+  point.point_id = file.Read_Int32();
+  point.col = file.Read_Double();
+  point.top_down_row = file.Read_Double();
+  return point;
+}
+
+void Mark_Tie_Point(Workspace& w, int image, double col, double row, std::int32_t point_id) {
+  Picture& picture = w.Form1.Picture1(image);
+  picture.DrawWidth = 3;
+  picture.font.size = 12;
+  const PanePosition at = Full_Image_To_Pane(w.ImageBlock(image), w.PaneViews(image), col, row);
+  Plot_Point(picture, at.px, at.py, kRed);
+  Print_Text(picture, Plain_Text(point_id));
+  w.screen->Service_Events();
+}
+
+// Rows of the file turn with the height of the clicked image.
+void Show_Tie_Points(Workspace& w, int clicked_image, const FilePath& path) {
+  ListReader file(path);
+  while (!file.At_End()) {
+    const TiePoint point = Read_Tie_Point(file);
+    const double row = (w.ImageBlock(clicked_image).FullHeight - 1) - point.top_down_row;
+    for (int j = 0; j < w.ImageCount; ++j) {
+      if (w.ImageBlock(j).ImageId == point.image_id) {
+        Mark_Tie_Point(w, j, point.col, row, point.point_id);
+      }
+    }
+  }
+}
+
+}  // namespace
+
+void Tie_Point_Click(Workspace& w, int pane, double px, double py) {
+  const ImageRecord& image = w.ImageBlock(pane);
+  const PaneView& view = w.PaneViews(pane);
+  const double col = Pane_To_Full_Image(image, view, px, py).col;
+  const double top_down_row = Pane_To_Top_Down_Row(image, view, py);
+  if (w.TiePointFileLeftOpen) throw RunTimeError(Failure::FileAlreadyOpen, kTiePointFile);
+  const FilePath path = w.Drives.Locate(kTiePointFile);
+  Append_To_File(path, "");  // fails before the question when the file cannot be opened
+  const std::int32_t point_id = Parse_Int32(w.screen->Input_Box("Give Point Id").value_or(""));
+  if (point_id < 0) {
+    // The file stays open after a negative answer, so that the next tie point fails.
+    w.TiePointFileLeftOpen = true;
+    return;
+  }
+  Append_To_File(path, Plain_Text(image.ImageId) + " " + Plain_Text(point_id) + " " +
+                           Plain_Text(col) + " " + Plain_Text(top_down_row) + "\n");
+  Show_Tie_Points(w, pane, path);
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "workspace/state/workspace.h"
+
+namespace sylvomex {
+
+/// Asks for a point id, appends the pointed position to the tie point file and shows the
+/// points of that file on their images.
+void Tie_Point_Click(Workspace& w, int pane, double px, double py);
+
+}  // namespace sylvomex

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "workspace/state/workspace.h"
+
+namespace sylvomex {
+
+void Zoom_In_Click(Workspace& w, int pane);  // about the pane's observation, not the click
+void Zoom_Out_Click(Workspace& w, int pane);
+void Pan_Click(Workspace& w, int pane, double px, double py);  // overwrites the observation
+
+}  // namespace sylvomex

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+// Answers the dialogs that come up while a test drives the windows.
+#pragma once
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <deque>
+#include <string>
+#include <vector>
+
+namespace sylvomex {
+
+class DialogAnswers {
+ public:
+  DialogAnswers() {
+    QObject::connect(&timer_, &QTimer::timeout, [this] { Answer_Front_Dialog(); });
+    timer_.start(5);
+  }
+
+  // Answers, used in order. An input box or file dialog without one is dismissed.
+  std::deque<std::string> inputs;
+  std::deque<std::string> files;                         // native paths
+  QMessageBox::StandardButton choice = QMessageBox::Ok;  // of message boxes
+  bool silence = false;  // ticks "Do not show this message again ..." where it is offered
+
+  // What came up.
+  std::vector<std::string> messages;
+  std::vector<std::string> titles;  // of all dialogs
+  int silencers_offered = 0;
+
+ private:
+  void Answer_Front_Dialog() {
+    QWidget* front = QApplication::activeModalWidget();
+    if (auto* file = qobject_cast<QFileDialog*>(front)) return Answer_File(*file);
+    if (auto* input = qobject_cast<QInputDialog*>(front)) return Answer_Input(*input);
+    if (auto* message = qobject_cast<QMessageBox*>(front)) Answer_Message(*message);
+  }
+
+  void Answer_File(QFileDialog& dialog) {
+    titles.push_back(dialog.windowTitle().toStdString());
+    if (files.empty()) return static_cast<QDialog&>(dialog).reject();
+    dialog.selectFile(QString::fromStdString(files.front()));
+    files.pop_front();
+    static_cast<QDialog&>(dialog).accept();
+  }
+
+  void Answer_Input(QInputDialog& dialog) {
+    titles.push_back(dialog.windowTitle().toStdString());
+    if (inputs.empty()) return dialog.reject();
+    dialog.setTextValue(QString::fromStdString(inputs.front()));
+    inputs.pop_front();
+    dialog.accept();
+  }
+
+  void Answer_Message(QMessageBox& box) {
+    titles.push_back(box.windowTitle().toStdString());
+    messages.push_back(box.text().toStdString());
+    if (box.checkBox() != nullptr) {
+      ++silencers_offered;
+      if (silence) box.checkBox()->click();
+    }
+    QAbstractButton* button = box.button(choice);
+    if (button == nullptr) button = box.buttons().constFirst();
+    button->click();
+  }
+
+  QTimer timer_;
+};
+
+}  // namespace sylvomex

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+#include "desktop/windows.h"
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
+  sylvomex::Set_Application_Look();
+  testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}

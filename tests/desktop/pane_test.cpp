@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include <QClipboard>
+
+#include "desktop_fixture.h"
+
+namespace sylvomex {
+namespace {
+
+class PaneOnScreen : public DesktopTest {
+ protected:
+  PaneOnScreen() { Add_Two_Images(); }
+};
+
+// Full-image col = ViewCol + px; row from the bottom = 1000 - (ViewRow + py). Film x, y are
+// (col - 500) and (row - 500) pixels of 10 um.
+TEST_F(PaneOnScreen, ClickWritesTheFilmCoordinatesOfThePositionUnderThePointer) {
+  Click_Pane(0, 100, 50);
+  const double x = (w().PaneViews(0).ViewCol + 100 - 500) * 1e-5;
+  const double y = (1000 - (w().PaneViews(0).ViewRow + 50) - 500) * 1e-5;
+  EXPECT_NEAR(std::stod(w().Form1.Text1(0).Text), x, 1e-7);
+  EXPECT_NEAR(std::stod(w().Form1.Text1(1).Text), y, 1e-7);
+  EXPECT_EQ(Get<QLineEdit>("Text1(0)").text().toStdString(), w().Form1.Text1(0).Text);
+  EXPECT_TRUE(Get<QCheckBox>("Check1(0)").isChecked());
+  EXPECT_EQ(w().CurrentImage, 0);
+}
+
+TEST_F(PaneOnScreen, RightClickWithoutModifierDoesNothing) {
+  Click_Pane(0, 100, 50, Qt::RightButton);
+  EXPECT_EQ(w().Form1.Text1(0).Text, "");
+}
+
+TEST_F(PaneOnScreen, ShiftClickZoomsIn) {
+  Click_Pane(0, 100, 50);
+  Click_Pane(0, 100, 50, Qt::LeftButton, Qt::ShiftModifier);
+  EXPECT_EQ(w().PaneViews(0).ZoomX, 2.0);
+}
+
+TEST_F(PaneOnScreen, DoubleClickIsTwoClicks) {
+  Choose("Draw_Polygon");
+  Click_Pane(0, 100, 50, Qt::RightButton);
+  const std::size_t before = w().Form1.Picture1(0).marks.size();
+  QTest::mouseDClick(&Pane(0), Qt::LeftButton, {}, QPoint(60, 60));
+  // Each click appends a vertex and draws all segments: 1, then 2.
+  EXPECT_GE(w().Form1.Picture1(0).marks.size(), before + 3);
+}
+
+TEST_F(PaneOnScreen, MovingShowsThePositionAboveThePane) {
+  QTest::mouseMove(&Pane(1), QPoint(32, 42));
+  const int col = w().PaneViews(1).ViewCol + 30;
+  QTRY_VERIFY_WITH_TIMEOUT(Get<QLabel>("Label1(1)").text().startsWith(QString::number(col) + ".0 "),
+                           2000);
+}
+
+TEST_F(PaneOnScreen, MissingCursorFileGivesACross) {
+  QTest::mouseMove(&Pane(0), QPoint(32, 42));
+  QTRY_COMPARE_WITH_TIMEOUT(Pane(0).cursor().shape(), Qt::CrossCursor, 2000);
+}
+
+// SmallSite: red is col mod 251, green is row mod 241, blue 7.
+TEST_F(PaneOnScreen, ShowsThePixelsOfTheRawFile) {
+  const PaneView& view = w().PaneViews(0);
+  EXPECT_EQ(Pane(0).Painted().pixel(10, 20),
+            qRgb((view.ViewCol + 10) % 251, (view.ViewRow + 20) % 241, 7));
+}
+
+TEST_F(PaneOnScreen, MarksAppearAtEventServicing) {
+  Picture& picture = w().Form1.Picture1(0);
+  picture.DrawWidth = 3;
+  Plot_Point(picture, 40, 30, {255, 0, 0});
+  w().screen->Service_Events();
+  EXPECT_EQ(Pane(0).Painted().pixel(41, 31), qRgb(255, 0, 0));
+  EXPECT_NE(Pane(0).Painted().pixel(42, 30), qRgb(255, 0, 0));
+}
+
+TEST_F(PaneOnScreen, ErasingBringsThePictureBack) {
+  const QImage before = Pane(0).Painted();
+  Plot_Point(w().Form1.Picture1(0), 40, 30, {255, 0, 0});
+  w().screen->Service_Events();
+  Choose("Clear_ima");
+  EXPECT_EQ(Pane(0).Painted(), before);
+}
+
+TEST_F(PaneOnScreen, PointerMoveOverAHundredThousandMarksPaintsNoneOfThemAgain) {
+  Picture& picture = w().Form1.Picture1(0);
+  for (int k = 0; k < 100000; ++k) Plot_Point(picture, k % 460, k / 460, {0, 255, 0});
+  w().screen->Service_Events();
+  const auto painted = Pane(0).Marks_Painted();
+  EXPECT_GE(painted, 100000U);
+  QTest::mouseMove(&Pane(0), QPoint(200, 200));
+  QTRY_VERIFY_WITH_TIMEOUT(!Get<QLabel>("Label1(0)").text().isEmpty(), 2000);
+  EXPECT_EQ(Pane(0).Marks_Painted(), painted);
+}
+
+TEST_F(PaneOnScreen, EachNewMarkIsPaintedOnce) {
+  Picture& picture = w().Form1.Picture1(0);
+  const auto before = Pane(0).Marks_Painted();
+  for (int k = 0; k < 500; ++k) {
+    Plot_Point(picture, k % 460, k / 460, {0, 255, 0});
+    w().screen->Service_Events();
+  }
+  EXPECT_EQ(Pane(0).Marks_Painted(), before + 500);
+}
+
+TEST_F(PaneOnScreen, CaptureLeavesThePictureOfTheSecondPaneOnTheClipboard) {
+  const PaneBitmap& bitmap = *w().Form1.Picture1(1).bitmap;
+  Choose("Capture");
+  EXPECT_EQ(QApplication::clipboard()->image().size(), QSize(bitmap.width, bitmap.height));
+}
+
+}  // namespace
+}  // namespace sylvomex

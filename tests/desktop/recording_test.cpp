@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#include "desktop_fixture.h"
+
+namespace sylvomex {
+namespace {
+
+class Recording : public DesktopTest {
+ protected:
+  Recording() { Start(site_.Folder().Path() / "session.txt"); }
+
+  [[nodiscard]] bool Has_Line(const std::string& line) const {
+    const std::string text = "\n" + site_.Folder().Read("session.txt");
+    return text.find("\n" + line + "\n") != std::string::npos;
+  }
+};
+
+TEST_F(Recording, BeginsWithTheSizeOfTheWindow) { EXPECT_TRUE(Has_Line("resize Form1 1000 700")); }
+
+TEST_F(Recording, WritesClicksKeysAndBoxesAsSteps) {
+  Add_Two_Images();
+  Click_Pane(0, 100, 50);
+  Press_Key(Qt::Key_U);
+  QTest::mouseClick(&Get<QCheckBox>("Check3"), Qt::LeftButton, {}, QPoint(8, 8));
+  EXPECT_TRUE(Has_Line("menu Add_images_to_set"));
+  EXPECT_TRUE(Has_Line("file " + (site_.Folder().Path() / "c/data/a.hdr").string()));
+  EXPECT_TRUE(Has_Line("click Picture1(0) 100 50"));
+  EXPECT_TRUE(Has_Line("key U"));
+  EXPECT_TRUE(Has_Line("set Check3 1"));
+}
+
+TEST_F(Recording, ToAFileThatCannotBeWrittenFailsTheStart) {
+  EXPECT_THROW(Start(site_.Folder().Path() / "no" / "session.txt"), RunTimeError);
+}
+
+}  // namespace
+}  // namespace sylvomex

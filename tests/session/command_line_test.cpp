@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "session/command_line.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace sylvomex {
+namespace {
+
+std::optional<CommandLine> Parse(std::vector<std::string> words, std::string* told = nullptr) {
+  words.insert(words.begin(), "sylvomex");
+  std::vector<char*> arguments;
+  for (std::string& word : words) arguments.push_back(word.data());
+  arguments.push_back(nullptr);
+  std::ostringstream err;
+  auto line = Parse_Command_Line(static_cast<int>(words.size()), arguments.data(), err);
+  if (told != nullptr) *told = err.str();
+  return line;
+}
+
+TEST(CommandLine, DefaultsAreTheDesktopAtItsSize) {
+  const auto line = Parse({});
+  ASSERT_TRUE(line);
+  EXPECT_EQ(line->options.script, "");
+  EXPECT_EQ(line->options.width, 1280);
+  EXPECT_EQ(line->options.height, 1024);
+  EXPECT_FALSE(line->options.show);
+}
+
+TEST(CommandLine, TakesEveryOption) {
+  const auto line =
+      Parse({"--script", "-", "--root", "/x", "--size", "800x600", "--show", "--record", "r.txt"});
+  ASSERT_TRUE(line);
+  EXPECT_EQ(line->options.script, "-");
+  EXPECT_EQ(line->options.root, "/x");
+  EXPECT_EQ(line->options.width, 800);
+  EXPECT_EQ(line->options.height, 600);
+  EXPECT_TRUE(line->options.show);
+  EXPECT_EQ(line->options.record, "r.txt");
+}
+
+TEST(CommandLine, DrivesLieUnderTheEnvironmentElseUnderHome) {
+  setenv("HOME", "/home/someone", 1);
+  setenv("SYLVOMEX_ROOT", "/drives", 1);
+  EXPECT_EQ(Parse({})->options.root, "/drives");
+  EXPECT_EQ(Parse({"--root", "/x"})->options.root, "/x");
+  unsetenv("SYLVOMEX_ROOT");
+  EXPECT_EQ(Parse({})->options.root, "/home/someone/sylvomex");
+}
+
+TEST(CommandLine, WhatDoesNotFitIsRefusedWithAReason) {
+  for (const std::vector<std::string>& words :
+       std::vector<std::vector<std::string>>{{"--size", "800"},
+                                             {"--size", "0x600"},
+                                             {"--size", "800x600x2"},
+                                             {"--size", "99999x1"},
+                                             {"--nothing"},
+                                             {"--script"},
+                                             {"picture.bmp"}}) {
+    std::string told;
+    EXPECT_FALSE(Parse(words, &told)) << words.front();
+    EXPECT_FALSE(told.empty()) << words.front();
+  }
+}
+
+TEST(CommandLine, HelpIsAsked) { EXPECT_TRUE(Parse({"--help"})->help); }
+
+}  // namespace
+}  // namespace sylvomex

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "session/script_reader.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace sylvomex {
+namespace {
+
+std::vector<std::string> Texts(std::string_view line) {
+  std::vector<std::string> texts;
+  for (const ScriptWord& word : Split_Line(line)) texts.push_back(word.text);
+  return texts;
+}
+
+using Strings = std::vector<std::string>;
+
+TEST(ScriptReader, BlanksAndTabsSeparateWords) {
+  EXPECT_EQ(Texts("  click\tPicture1(0)  12.5 7 "), (Strings{"click", "Picture1(0)", "12.5", "7"}));
+}
+
+TEST(ScriptReader, QuotesHoldBlanksTogether) {
+  EXPECT_EQ(Texts(R"(input "two words")"), (Strings{"input", "two words"}));
+}
+
+TEST(ScriptReader, EmptyQuotesAreAnEmptyWord) {
+  EXPECT_EQ(Texts(R"(input "")"), (Strings{"input", ""}));
+}
+
+TEST(ScriptReader, DoubledQuoteInsideIsOneQuote) {
+  EXPECT_EQ(Texts(R"(say "a ""b"" c" """")"), (Strings{"say", R"(a "b" c)", "\""}));
+}
+
+TEST(ScriptReader, BackslashIsAnOrdinaryCharacter) {
+  EXPECT_EQ(Texts(R"(file c:\data\new.hdr "c:\a b\")"),
+            (Strings{"file", R"(c:\data\new.hdr)", R"(c:\a b\)"}));
+}
+
+TEST(ScriptReader, RawWordKeepsItsQuotes) {
+  const std::vector<ScriptWord> words = Split_Line(R"(call Format 1 "#.0 ""m""")");
+  EXPECT_EQ(words[3].raw, R"("#.0 ""m""")");
+  EXPECT_EQ(words[3].text, R"(#.0 "m")");
+}
+
+TEST(ScriptReader, CommentsAndBlankLinesHaveNoWords) {
+  EXPECT_TRUE(Split_Line("").empty());
+  EXPECT_TRUE(Split_Line(" \t ").empty());
+  EXPECT_TRUE(Split_Line("# menu Exit").empty());
+  EXPECT_EQ(Texts("say # 1"), (Strings{"say", "#", "1"}));
+}
+
+TEST(ScriptReader, OpenQuoteIsASyntaxError) {
+  EXPECT_THROW(Split_Line(R"(say "open)"), ScriptSyntaxError);
+  EXPECT_THROW(Split_Line(R"(say "open"")"), ScriptSyntaxError);
+}
+
+TEST(ScriptReader, TextRightBehindAClosingQuoteIsASyntaxError) {
+  EXPECT_THROW(Split_Line(R"(say "a"b)"), ScriptSyntaxError);
+}
+
+TEST(ScriptReader, CountsLinesAndTakesCarriageReturns) {
+  std::istringstream script("# head\r\n\r\nsay one\r\n\nsay two");
+  ScriptReader reader(script);
+  const auto one = reader.Next();
+  const auto two = reader.Next();
+  ASSERT_TRUE(one && two);
+  EXPECT_EQ(one->line, 3);
+  EXPECT_EQ(one->words[1].text, "one");
+  EXPECT_EQ(two->line, 5);
+  EXPECT_EQ(two->words[1].text, "two");
+  EXPECT_FALSE(reader.Next());
+}
+
+TEST(ScriptReader, ByteOrderMarkBeforeTheFirstStepDoesNotCount) {
+  std::istringstream script("\xEF\xBB\xBFsay x\n");
+  EXPECT_EQ(ScriptReader(script).Next()->words[0].text, "say");
+}
+
+TEST(ScriptWord, ReadsBackAsItself) {
+  for (const char* text :
+       {"plain", "", "two words", "a\"b", "\"", "c:\\a b\\", "#1", "tab\there"}) {
+    EXPECT_EQ(Texts("x " + Script_Word(text)), (Strings{"x", text}));
+  }
+}
+
+}  // namespace
+}  // namespace sylvomex

@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+// Whole sessions over a small site: transcripts byte for byte, and exit statuses.
+#include "session/session.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "support/small_site.h"
+
+namespace sylvomex {
+namespace {
+
+struct SessionTest : testing::Test {
+  SmallSite site;
+  SessionOptions options;
+  SessionHooks hooks;
+  std::string transcript, told;
+
+  SessionTest() {
+    options.script = "-";
+    options.root = site.Folder().Path();
+  }
+
+  int Play(const std::string& script) {
+    std::istringstream in(script);
+    std::ostringstream out, err;
+    const int status = Run_Session(options, {in, out, err}, hooks);
+    transcript = out.str();
+    told = err.str();
+    return status;
+  }
+};
+
+TEST_F(SessionTest, EmptyScriptIsDone) {
+  EXPECT_EQ(Play("# nothing to do\n\n"), 0);
+  EXPECT_EQ(transcript, "");
+}
+
+TEST_F(SessionTest, StartsWithTheDefaults) {
+  EXPECT_EQ(Play("print Label10\nprint Text4\nprint StepLength\nprint Solution3D\n"
+                 "print Draw_Polygon\nprint CurrentImage\nprint Form1.Visible\n"),
+            0);
+  EXPECT_EQ(transcript,
+            "Label10 = Program status\nText4 = 23\nStepLength = 1\nSolution3D = 0 0 0\n"
+            "Draw_Polygon = 0\nCurrentImage = -1\nForm1.Visible = -1\n");
+}
+
+TEST_F(SessionTest, MessageOfACommandIsALine) {
+  EXPECT_EQ(Play("menu Cast_sun_ray\n"), 0);
+  EXPECT_EQ(transcript, "message \"Solution lacking!\" title=\"\" buttons=ok -> ok\n");
+}
+
+TEST_F(SessionTest, ExitAnsweredWithOkEndsTheSessionThere) {
+  EXPECT_EQ(Play("button ok\nmenu Exit\nsay never\nbogus\n"), 0);
+  EXPECT_EQ(transcript,
+            "message \"Do you wish to exit?\" title=\"3D-measurements\" buttons=ok,cancel -> "
+            "ok\n");
+}
+
+TEST_F(SessionTest, ExitCancelledGoesOn) {
+  EXPECT_EQ(Play("button cancel\nmenu Exit\nsay on\n"), 0);
+  EXPECT_EQ(transcript,
+            "message \"Do you wish to exit?\" title=\"3D-measurements\" buttons=ok,cancel -> "
+            "cancel\nsay on\n");
+}
+
+TEST_F(SessionTest, GreyedItemFailsUnlessItIsCommanded) {
+  EXPECT_EQ(Play("say a\nmenu Open_a_set\nsay never\n"), 1);
+  EXPECT_EQ(transcript, "say a\ngreyed Open_a_set\n");
+  EXPECT_EQ(Play("command Open_a_set\n"), 0);
+  EXPECT_EQ(transcript,
+            "message \"This functionality is disabled!\" title=\"\" buttons=ok -> ok\n");
+}
+
+TEST_F(SessionTest, SyntaxErrorIsToldWithItsLineAfterTheStepsBefore) {
+  EXPECT_EQ(Play("say a\n\nsay \"open\n"), 1);
+  EXPECT_EQ(transcript, "say a\n");
+  EXPECT_EQ(told, "standard input:3: a quoted text has no closing quote\n");
+}
+
+TEST_F(SessionTest, UnknownStepAndUnknownNamesFail) {
+  EXPECT_EQ(Play("frobnicate\n"), 1);
+  EXPECT_EQ(told, "standard input:1: there is no step \"frobnicate\"\n");
+  EXPECT_EQ(Play("menu Nothing\n"), 1);
+  EXPECT_EQ(Play("print Nothing\n"), 1);
+  EXPECT_EQ(Play("set Label10 x\n"), 1);
+  EXPECT_EQ(Play("press Nothing\n"), 1);
+  EXPECT_EQ(Play("move Form99 1 2\n"), 1);
+}
+
+TEST_F(SessionTest, DialogWithoutItsAnswerFails) {
+  EXPECT_EQ(Play("menu Center_To_Q\nsay never\n"), 1);
+  EXPECT_EQ(transcript, "");
+  EXPECT_EQ(Play("file a\nmenu Center_To_Q\n"), 1);
+}
+
+TEST_F(SessionTest, AnswersLeftOverFail) {
+  EXPECT_EQ(Play("input 1\nsay end\n"), 1);
+  EXPECT_EQ(transcript, "say end\n");
+  EXPECT_EQ(told, "standard input:2: 1 queued answers were not used\n");
+}
+
+TEST_F(SessionTest, FailedExpectationFails) {
+  EXPECT_EQ(Play("expect Text5 1.5\nexpect Text5 1.6\nsay never\n"), 1);
+  EXPECT_EQ(told, "standard input:2: Text5 is \"1.5\", expected was \"1.6\"\n");
+}
+
+TEST_F(SessionTest, CommandErrorEndsTheSessionWithTwo) {
+  EXPECT_EQ(Play("file c:\\data\\none.hdr\ntry menu Add_images_to_set\nsay on\n"), 0);
+  const std::string tried = transcript;
+  EXPECT_TRUE(tried.ends_with("say on\n"));
+  EXPECT_EQ(Play("call Object_To_Pixel -1 0 0 0\nsay never\n"), 2);
+  EXPECT_TRUE(transcript.starts_with("error Object_To_Pixel \"")) << transcript;
+}
+
+TEST_F(SessionTest, StartWithoutTheDataFolderFails) {
+  options.root = site.Folder().Path() / "nothing";
+  EXPECT_EQ(Play("say never\n"), 3);
+  EXPECT_EQ(transcript, "");
+  EXPECT_TRUE(told.starts_with("the start-up failed: ")) << told;
+}
+
+TEST_F(SessionTest, ScriptFileLiesOnADriveOrIsNative) {
+  site.Folder().Write("c/data/steps.txt", "say from a file\r\n");
+  options.script = "C:\\Data\\STEPS.txt";
+  EXPECT_EQ(Play(""), 0);
+  EXPECT_EQ(transcript, "say from a file\n");
+  options.script = (site.Folder().Path() / "c/data/steps.txt").string();
+  EXPECT_EQ(Play(""), 0);
+  options.script = "/nowhere/steps.txt";
+  EXPECT_EQ(Play(""), 1);
+  EXPECT_EQ(told, "cannot read the script /nowhere/steps.txt\n");
+}
+
+TEST_F(SessionTest, ImageIsAddedAndMeasured) {
+  const std::string header = site.Write_Image("a", SmallImage());
+  ASSERT_EQ(Play("file " + header +
+                 "\nmenu Add_images_to_set\nexpect ImageCount 1\nexpect ImageBlock(0).ImageId 1\n"
+                 "click Picture1(0) 10 20\nexpect CurrentImage 0\nexpect Check1(0) 1\n"
+                 "move Picture1(0) 1 2\nmarks Picture1(0)\n"),
+            0)
+      << told << transcript;
+  EXPECT_TRUE(transcript.starts_with("file title=")) << transcript;
+  // The gapped cross of a measuring click.
+  EXPECT_TRUE(
+      transcript.ends_with("line 10 15 10 18 5 255 211 1\n"
+                           "line 10 22 10 25 5 255 211 1\n"
+                           "line 5 20 8 20 5 255 211 1\n"
+                           "line 12 20 15 20 5 255 211 1\n"))
+      << transcript;
+}
+
+TEST_F(SessionTest, SizeIsTheClientSizeOfTheMainWindow) {
+  options.width = 800;
+  options.height = 600;
+  EXPECT_EQ(Play("expect Form1.Width 800\nexpect Form1.Height 600\n"), 0) << told;
+}
+
+TEST_F(SessionTest, HooksSeeTheBlockBeforeTheStartAndAfterEveryStep) {
+  int before = 0, shown = 0;
+  hooks.before_start = [&](Workspace& w) { before += w.Form1.Visible ? 100 : 1; };
+  hooks.show = [&](Workspace& w) { shown += w.Form1.Visible ? 1 : 100; };
+  EXPECT_EQ(Play("say a\nsay b\n"), 0);
+  EXPECT_EQ(before, 1);
+  EXPECT_EQ(shown, 2);
+}
+
+TEST_F(SessionTest, RecordPlaysBackToTheSameTranscript) {
+  const std::string header = site.Write_Image("a", SmallImage());
+  const std::string steps =
+      "file " + header +
+      "\nmenu Add_images_to_set\nmove Picture1(0) 1 2\nmove Picture1(0) 3 4\n"
+      "click Picture1(0) 10 20\nclick Picture1(0) 100.25 20 alt\nset Text4 \"1 2\"\nkey U\n"
+      "during 1 set Check4 1\nmenu Zoom_1_2\ninput 300\ncancel\ntry menu Center_To_Q\n"
+      "button cancel\nmenu Exit\n";
+  const std::string asked =
+      "print Label1(0)\nprint Label10\nprint Solution3D\nprint Check4\nprint Text4\n"
+      "print Text1(0)\nprint PaneViews(0)\nmarks Picture1(0)\n";
+  options.record = "c:\\data\\recorded.txt";
+  ASSERT_EQ(Play(steps + asked), 0) << told << transcript;
+  const std::string first = transcript;
+  const std::string recorded = site.Folder().Read("c/data/recorded.txt");
+  EXPECT_TRUE(recorded.starts_with("resize Form1 1280 1024\n"));
+  options.record.clear();
+  ASSERT_EQ(Play(recorded + asked), 0) << told << recorded;
+  EXPECT_EQ(transcript, first) << recorded;
+}
+
+}  // namespace
+}  // namespace sylvomex
