@@ -10,7 +10,7 @@
 
 namespace sylvomex {
 
-class ScriptWindows : public WindowPictures, private OperatorEvents {
+class ScriptWindows : public WindowPictures, public OperatorEvents {
  public:
   /// Nothing of Qt is made before the first picture or showing is asked for. on_screen: the
   /// windows appear; otherwise no display is needed.
@@ -24,13 +24,14 @@ class ScriptWindows : public WindowPictures, private OperatorEvents {
 
   void Save_Window(const std::string& form, const std::filesystem::path& file) override;
 
- private:
-  void Make_Windows();
-
+  // The operator's hand is not asked for.
   void Dispatch(const OperatorEvent&) override {}
   void Dispatch_Move(const OperatorEvent&) override {}
   bool Dispatch_Resize(const OperatorEvent&) override { return false; }
   const QCursor& Custom_Cursor() override;
+
+ private:
+  void Make_Windows();
 
   bool on_screen_;
   Workspace* w_ = nullptr;

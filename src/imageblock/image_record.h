@@ -15,33 +15,33 @@ namespace sylvomex {
 struct ImageRecord {
   std::int32_t ImageId = 0;
   FixedText<60> RawFileName;
-  std::uint8_t ColorFlag = 0;       // 1 colour (R, G, B bytes), 0 grey
-  double SubRowOrigin = 0;          // full-image top-down row of the raw file's first row
-  double SubColOrigin = 0;          // full-image column of the raw file's first column
-  std::int16_t FullWidth = 0;       // columns of the full image
-  std::int16_t FullHeight = 0;      // rows of the full image
-  std::int16_t StartRow = 0;        // raw-file row on which the pane is first centred
-  std::int16_t StartCol = 0;        // raw-file column likewise
-  double SubWidth = 0;              // columns of the raw file
-  double SubHeight = 0;             // rows of the raw file
-  double PrincipalDistance = 0;     // camera constant c, metres
+  std::uint8_t ColorFlag = 0;    // 1 colour (R, G, B bytes), 0 grey
+  double SubRowOrigin = 0;       // full-image top-down row of the raw file's first row
+  double SubColOrigin = 0;       // full-image column of the raw file's first column
+  std::int16_t FullWidth = 0;    // columns of the full image
+  std::int16_t FullHeight = 0;   // rows of the full image
+  std::int16_t StartRow = 0;     // raw-file row on which the pane is first centred
+  std::int16_t StartCol = 0;     // raw-file column likewise
+  double SubWidth = 0;           // columns of the raw file
+  double SubHeight = 0;          // rows of the raw file
+  double PrincipalDistance = 0;  // camera constant c, metres
   Table<double, 0, 7> CameraReserved;
-  double AffineA1 = 0;              // column = A1 x + A2 y + A0
+  double AffineA1 = 0;  // column = A1 x + A2 y + A0
   double AffineA2 = 0;
   double AffineA0 = 0;
-  double AffineB1 = 0;              // row = B1 x + B2 y + B0
+  double AffineB1 = 0;  // row = B1 x + B2 y + B0
   double AffineB2 = 0;
   double AffineB0 = 0;
-  double Omega = 0;                 // radians
+  double Omega = 0;  // radians
   double Phi = 0;
   double Kappa = 0;
-  double X0 = 0;                    // projection centre, metres
+  double X0 = 0;  // projection centre, metres
   double Y0 = 0;
   double Z0 = 0;
-  double SunAzimuth = 0;            // radians from north, clockwise
-  double SunElevation = 0;          // radians above the horizon
+  double SunAzimuth = 0;    // radians from north, clockwise
+  double SunElevation = 0;  // radians above the horizon
   FixedText<60> ImageComment;
-  std::int32_t BandCount = 0;       // related rasters listed, 0 to 4
+  std::int32_t BandCount = 0;  // related rasters listed, 0 to 4
   Table<FixedText<60>, 0, 3> BandFile;
   Table<std::int32_t, 0, 3> BandType;
   Table<std::int32_t, 0, 3> BandWidth;

@@ -24,8 +24,8 @@ GammaTable Make_Gamma_Table(double exponent);
 /// A raw pixel file in memory: rows from the top without padding.
 struct RawPixels {
   std::span<const std::uint8_t> bytes;
-  double sub_width = 0;    // columns
-  double sub_height = 0;   // rows
+  double sub_width = 0;            // columns
+  double sub_height = 0;           // rows
   const FilePath* file = nullptr;  // for messages
 };
 
@@ -35,9 +35,9 @@ struct RenderRequest {
   double zoom_y = 1;
   int pane_width = 0;
   int pane_height = 0;
-  std::optional<GammaTable> gamma;      // colour renderer only
-  std::function<void()> on_exceeding;   // called once for each pane pixel that the zoom-out
-                                        // path finds outside the raw file, after the last
+  std::optional<GammaTable> gamma;     // colour renderer only
+  std::function<void()> on_exceeding;  // called once for each pane pixel that the zoom-out
+                                       // path finds outside the raw file, after the last
 };
 
 /// Render one byte a pixel to three equal bytes, or R, G, B to B, G, R. The bitmap is

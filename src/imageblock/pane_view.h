@@ -12,11 +12,11 @@
 namespace sylvomex {
 
 struct PaneView {
-  std::int16_t ViewCol = 0;     // raw-file column of the pane's left edge
-  std::int16_t ViewRow = 0;     // raw-file row of the pane's top edge
-  std::int16_t ViewWidth = 0;   // pane size at the last render
+  std::int16_t ViewCol = 0;    // raw-file column of the pane's left edge
+  std::int16_t ViewRow = 0;    // raw-file row of the pane's top edge
+  std::int16_t ViewWidth = 0;  // pane size at the last render
   std::int16_t ViewHeight = 0;
-  double ZoomX = 0;             // pane pixels per raw pixel; 0 until the pane holds an image
+  double ZoomX = 0;  // pane pixels per raw pixel; 0 until the pane holds an image
   double ZoomY = 0;
 };
 

@@ -15,7 +15,7 @@ struct ViewWindow {
 /// The window of view_width by view_height raw pixels around a centre, pushed inside the
 /// raw file of sub_width by sub_height pixels. An odd width that runs over the right edge
 /// gives a window one column wider than asked for; rows do not.
-ViewWindow Compute_View_Window(double sub_width, double sub_height, int centre_col,
-                               int centre_row, int view_width, int view_height);
+ViewWindow Compute_View_Window(double sub_width, double sub_height, int centre_col, int centre_row,
+                               int view_width, int view_height);
 
 }  // namespace sylvomex

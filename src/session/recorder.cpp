@@ -93,11 +93,11 @@ void Recorder::Write_Events() {
   const std::vector<RecordedEvent> events = std::exchange(events_, {});
   const std::vector<std::string> answers = std::exchange(answers_, {});
   for (const std::string& answer : answers) script_ << answer << '\n';
-  for (const RecordedEvent& inner : events) {
-    if (inner.servicing > 0) {
-      script_ << "during " << inner.servicing << (inner.may_fail ? " try " : " ")
-              << Step_Text(inner.event) << '\n';
-    }
+  for (std::size_t i = 1; i < events.size(); ++i) {
+    // What began before the first servicing came while a dialog was open.
+    const RecordedEvent& inner = events[i];
+    if (inner.servicing > 0) script_ << "during " << inner.servicing << ' ';
+    script_ << (inner.may_fail ? "try " : "") << Step_Text(inner.event) << '\n';
   }
   script_ << (events.front().may_fail ? "try " : "") << Step_Text(events.front().event)
           << std::endl;

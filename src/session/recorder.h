@@ -43,7 +43,7 @@ class Recorder {
  private:
   struct RecordedEvent {
     OperatorEvent event;
-    long servicing = 0;  // of the outer event, in which this one began; 0 for the outer one
+    long servicing = 0;  // of the outer event, in which this one began; 0 before its first
     bool may_fail = false;
   };
 

@@ -18,17 +18,38 @@ void Drop_Pointer_Shapes(Workspace& w) {
   for (Picture& picture : w.Form1.Picture1) picture.MousePointer = PointerShape::Normal;
 }
 
+// Whatever ends a handler early leaves no pointer shape behind.
+class PointerGuard {
+ public:
+  explicit PointerGuard(Workspace& w) : w_(w) {}
+  ~PointerGuard() {
+    if (!done_) Drop_Pointer_Shapes(w_);
+  }
+  PointerGuard(const PointerGuard&) = delete;
+  PointerGuard& operator=(const PointerGuard&) = delete;
+  void Done() { done_ = true; }
+
+ private:
+  Workspace& w_;
+  bool done_ = false;
+};
+
+template <class Handler>
+void Run_Guarded(Workspace& w, Handler&& handler) {
+  PointerGuard guard(w);
+  handler();
+  guard.Done();
+}
+
 // Runs a handler; a failure that passes it is shown under its name.
 template <class Handler>
 EventOutcome Run(Workspace& w, const std::string& name, Handler&& handler) {
   try {
-    handler();
+    Run_Guarded(w, handler);
     return EventOutcome::Done;
   } catch (const RunTimeError& error) {
-    Drop_Pointer_Shapes(w);
     w.screen->Report_Error(name, error.what(), error.Native_Path().string());
   } catch (const std::bad_alloc&) {
-    Drop_Pointer_Shapes(w);
     w.screen->Report_Error(name, Failure_Text(Failure::OutOfMemory), "");
   }
   return EventOutcome::Error;

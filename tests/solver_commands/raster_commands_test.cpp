@@ -109,7 +109,10 @@ TEST(AddHeightModel, AShortCellFileLeavesTheLastRowZeroUnreported) {
 
 TEST(AddRasterChm, LoadsWithoutAnOffsetQuestion) {
   ModelFiles b;
+  std::vector<std::string> seen;
+  b.screen.on_service = [&] { seen.push_back(b.w.Form1.Label10.Caption); };
   Add_Raster_CHM(b.w);
+  EXPECT_EQ(seen.at(0), "c:\\data\\dem.hdr");
   EXPECT_TRUE(b.screen.input_boxes.empty());
   EXPECT_FALSE(b.w.RasterDemLoaded);
   EXPECT_EQ(b.w.Form1.Label10.Caption, " Raster CHM read succesfully");

@@ -57,8 +57,8 @@ void Load_Dem(Workspace& w, const FilePath& header) {
 }
 
 void Load_Chm(Workspace& w, const FilePath& header) {
-  Begin_Reading(w);
   w.Form1.Label10.Caption = header.name;
+  Begin_Reading(w);
   Read_Raster_Header(header, w.RasterChm);
   Dimension_Cells(w.RasterChm);
   Read_Cells(w.Drives.Locate(w.RasterChm.CellFile.Padded()), w.RasterChm);

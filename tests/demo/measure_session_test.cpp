@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include "demo/write/measure_session.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <map>
+#include <set>
+#include <sstream>
+
+#include "demo/write/truth.h"
+
+namespace sylvomex::demo {
+namespace {
+
+const Scene& Site() {
+  static const Scene scene = Build_Scene({});
+  return scene;
+}
+
+const std::vector<Photograph>& Photos() {
+  static const std::vector<Photograph> photos = Fly_Over(Site());
+  return photos;
+}
+
+struct ScriptedTree {
+  std::vector<double> inputs;
+  std::map<std::size_t, PanePosition> clicks;  // by pane
+};
+
+/// The clicks of the session's text by tree id.
+std::map<int, ScriptedTree> Parse_Session(const std::string& session) {
+  std::map<int, ScriptedTree> trees;
+  int id = 0;
+  std::istringstream lines(session);
+  for (std::string line; std::getline(lines, line);) {
+    double number = 0, px = 0, py = 0;
+    std::size_t pane = 0;
+    if (std::sscanf(line.c_str(), "say \"tree %d\"", &id) == 1) continue;
+    if (id == 0) continue;
+    if (std::sscanf(line.c_str(), "input %lf", &number) == 1) trees[id].inputs.push_back(number);
+    if (std::sscanf(line.c_str(), "click Picture1(%zu) %lf %lf", &pane, &px, &py) == 3) {
+      trees[id].clicks[pane] = {px, py};
+    }
+  }
+  return trees;
+}
+
+TEST(MeasureSession, MeasuresThirtyTreesAndMoreSpreadOverTheSite) {
+  const std::vector<std::size_t> chosen = Trees_To_Measure(Site(), Photos());
+  EXPECT_GE(chosen.size(), 30U);
+  std::set<int> quarters;
+  for (const std::size_t i : chosen) {
+    const Tree& tree = Site().trees[i];
+    const double x = tree.X - kForestWest, y = tree.Y - kForestSouth;
+    EXPECT_GE(std::min({x, y, kForestSide - x, kForestSide - y}), 25);
+    EXPECT_GE(tree.Height(), 17);
+    quarters.insert((x > 150 ? 1 : 0) + (y > 150 ? 2 : 0));
+  }
+  EXPECT_EQ(quarters.size(), 4U);
+}
+
+TEST(MeasureSession, RoughPointsAreWithinThreeMetresInPlan) {
+  const Tree& tree = Site().trees[0];
+  const Point3D rough = Rough_Point(tree);
+  EXPECT_EQ(std::fmod(rough.X, 3), 0);
+  EXPECT_LE(std::abs(rough.X - tree.X), 1.5);
+  EXPECT_LE(std::abs(rough.Y - tree.Y), 1.5);
+  EXPECT_LE(std::abs(rough.Z - tree.GroundZ - 15), 0.5);
+}
+
+TEST(MeasureSession, ClicksIntersectAtTheTopsToTheirRounding) {
+  const auto trees = Parse_Session(Measure_Session(Site(), Photos()));
+  EXPECT_GE(trees.size(), 30U);
+  for (const auto& [id, scripted] : trees) {
+    const Tree& tree = Site().trees.at(static_cast<std::size_t>(id - 1));
+    ASSERT_EQ(scripted.inputs.size(), 3U);
+    ASSERT_GE(scripted.clicks.size(), 4U) << "tree " << id;
+    std::vector<FilmObservation> observations;
+    for (const auto& [pane, at] : scripted.clicks) {
+      EXPECT_EQ(std::fmod(at.px, 0.5), 0);
+      const Photograph& photo = Photos().at(pane);
+      // The even window of 380 pixels starts 189 pixels before its centre.
+      double col = 0, row = 0;
+      Object_To_Pixel(photo.image, photo.rotation, scripted.inputs[0], scripted.inputs[1],
+                      scripted.inputs[2], col, row);
+      const double top = photo.image.FullHeight - 1 - row;
+      const double view_col = std::nearbyint(col - photo.image.SubColOrigin) - 189;
+      const double view_row = std::nearbyint(top - photo.image.SubRowOrigin) - 189;
+      FilmObservation observation{&photo.image, &photo.rotation, 0, 0};
+      Pixel_To_Image(photo.image, view_col + photo.image.SubColOrigin + at.px,
+                     photo.image.FullHeight - 1 - (view_row + photo.image.SubRowOrigin + at.py),
+                     observation.x, observation.y);
+      observations.push_back(observation);
+    }
+    const IntersectionResult result = Intersect_Rays(
+        observations, {scripted.inputs[0], scripted.inputs[1], scripted.inputs[2]}, {});
+    // Half-pixel clicks err by at most 0.25 pixels of 0.1 m in each axis.
+    EXPECT_NEAR(result.point.X, tree.X, 0.05) << "tree " << id;
+    EXPECT_NEAR(result.point.Y, tree.Y, 0.05) << "tree " << id;
+    EXPECT_NEAR(result.point.Z, tree.TopZ, 0.1) << "tree " << id;
+  }
+}
+
+TEST(MeasureSession, LoadsEverythingBeforeTheFirstTreeAndSavesEachTree) {
+  const std::string session = Measure_Session(Site(), Photos());
+  const auto count = [&session](const std::string& step) {
+    std::size_t n = 0;
+    for (auto at = session.find(step); at != std::string::npos; at = session.find(step, at + 1)) {
+      ++n;
+    }
+    return n;
+  };
+  EXPECT_EQ(count("menu Add_images_to_set\n"), 6U);
+  EXPECT_EQ(count("menu Add_height_Model\n"), 1U);
+  const std::size_t trees = count("say \"tree ");
+  EXPECT_EQ(count("menu Set_3D_solution\n"), trees);
+  EXPECT_EQ(count("menu Center_to_xyz_click\n"), trees);
+  EXPECT_EQ(count("menu Point_Intersection\nprint Solution3D\nprint Label10\n"), trees);
+  EXPECT_EQ(count("menu Save_measured_point\npress Form3.Accept_And_Save_Button\n"), trees);
+  EXPECT_LT(session.find("Add_height_Model"), session.find("say "));
+}
+
+TEST(ViewCentredOn, IsPushedInsideTheRawFileAtItsEdge) {
+  const Photograph& photo = Photos()[0];
+  const PaneView view = View_Centred_On(photo, {kForestWest - 15, kForestSouth - 15, 200}, 380);
+  EXPECT_GE(view.ViewCol, 0);
+  EXPECT_GE(view.ViewRow, 0);
+  EXPECT_LE(view.ViewCol + 380, photo.image.SubWidth);
+  EXPECT_LE(view.ViewRow + 380, photo.image.SubHeight);
+}
+
+}  // namespace
+}  // namespace sylvomex::demo
