@@ -93,7 +93,7 @@ Colour3 Crown_Colour(const Scene& scene, const Tree& tree, const SurfaceHit& hit
                  hit.normal.z + texture.tilt.z};
   Normalize_Vector(normal);
   const double brightness = texture.brightness * (1.15 - 0.45 * depth);
-  return Lit(scene, Scaled(Leaf_Colour(tree), 1.15 * brightness), hit, normal, 1.1 - 0.6 * depth,
+  return Lit(scene, Scaled(Leaf_Colour(tree), 1.15 * brightness), hit, normal, 1.9 - 1.2 * depth,
              shading_tree);
 }
 

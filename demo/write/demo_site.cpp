@@ -32,6 +32,7 @@ void Write_Demo_Site(const Scene& scene, const std::vector<Photograph>& photos,
   Write_Beside_Drives(root / "truth.csv", Truth_Table(scene, photos));
   Write_Beside_Drives(root / "scene.txt", Scene_Summary(scene, photos));
   Write_Beside_Drives(root / "sessions" / "measure.txt", Measure_Session(scene, photos));
+  Write_Beside_Drives(root / "sessions" / "open.txt", Open_Session(scene, photos));
 }
 
 }  // namespace sylvomex::demo

@@ -41,12 +41,16 @@ bool Is_In_Pane(const PanePosition& at) {
 double To_Half_Pixel(double value) { return Round_Half_Even(2 * value) / 2; }
 
 std::string Load_Steps(const std::vector<Photograph>& photos) {
-  std::string text = "# Tree tops of the demo site, measured in all photographs that show them.\n";
+  std::string text;
   for (const Photograph& photo : photos) {
     text += "file " + photo.header_name + "\nmenu Add_images_to_set\n";
   }
-  return text + "file c:\\data\\demo\\dem.hdr\ninput 0.00\nmenu Add_height_Model\n" +
-         "save Picture1(0) c:\\data\\demo\\start_pane.png\n";
+  return text + "file c:\\data\\demo\\dem.hdr\ninput 0.00\nmenu Add_height_Model\n";
+}
+
+/// A picture of a window at a stage of the work. A build without windows passes over it.
+std::string Window_Picture(const char* window, const char* stage) {
+  return std::string("try screenshot ") + window + " c:\\data\\demo\\" + stage + ".png\n";
 }
 
 std::string Centre_Steps(const Point3D& point) {
@@ -72,13 +76,31 @@ std::string Click_Steps(const Scene& scene, const std::vector<Photograph>& photo
   return text;
 }
 
-std::string Picture_Steps(const std::vector<Photograph>& photos) {
+std::string Pane_Pictures(const std::vector<Photograph>& photos) {
   std::string text;
   for (std::size_t k = 0; k < photos.size(); ++k) {
     text += "save Picture1(" + std::to_string(k) + ") c:\\data\\demo\\measured_pane" +
             std::to_string(k + 1) + ".png\n";
   }
-  return text + "try screenshot c:\\data\\demo\\measured_window.png\n";
+  return text;
+}
+
+/// The steps from a rough point to a saved observation; with pictures after each stage for one
+/// of the trees.
+std::string Measure_Steps(const Scene& scene, const std::vector<Photograph>& photos,
+                          std::size_t index, bool with_pictures) {
+  const Tree& tree = scene.trees[index];
+  const Point3D centre = Rough_Point(tree);
+  const auto picture = [with_pictures](const char* window, const char* stage) {
+    return with_pictures ? Window_Picture(window, stage) : std::string();
+  };
+  return "\nsay \"tree " + std::to_string(tree.id) + "\"\n" + Centre_Steps(centre) +
+         picture("Form1", "window_2_centred") + Click_Steps(scene, photos, index, centre) +
+         picture("Form1", "window_3_clicked") +
+         "menu Point_Intersection\nprint Solution3D\nprint Label10\n" +
+         (with_pictures ? Pane_Pictures(photos) : std::string()) +
+         picture("Form1", "window_4_solved") + "menu Save_measured_point\n" +
+         picture("Form3", "window_5_observation") + "press Form3.Accept_And_Save_Button\n";
 }
 
 }  // namespace
@@ -127,18 +149,20 @@ std::vector<std::size_t> Trees_To_Measure(const Scene& scene,
 }
 
 std::string Measure_Session(const Scene& scene, const std::vector<Photograph>& photos) {
-  std::string text = Load_Steps(photos);
+  std::string text = "# Tree tops of the demo site, measured in all photographs that show them.\n" +
+                     Load_Steps(photos) + Window_Picture("Form1", "window_1_loaded");
   const std::vector<std::size_t> trees = Trees_To_Measure(scene, photos);
   for (std::size_t i = 0; i < trees.size(); ++i) {
-    const Tree& tree = scene.trees[trees[i]];
-    const Point3D centre = Rough_Point(tree);
-    text += "\nsay \"tree " + std::to_string(tree.id) + "\"\n" + Centre_Steps(centre) +
-            Click_Steps(scene, photos, trees[i], centre) +
-            "menu Point_Intersection\nprint Solution3D\nprint Label10\n";
-    if (i + 1 == kPictureAfter) text += Picture_Steps(photos);
-    text += "menu Save_measured_point\npress Form3.Accept_And_Save_Button\n";
+    text += Measure_Steps(scene, photos, trees[i], i + 1 == kPictureAfter);
   }
   return text;
+}
+
+std::string Open_Session(const Scene& scene, const std::vector<Photograph>& photos) {
+  std::string text = "# The demo site on the screen, centred on a tree.\n" + Load_Steps(photos);
+  const std::vector<std::size_t> trees = Trees_To_Measure(scene, photos);
+  if (trees.empty()) return text;
+  return text + Centre_Steps(Rough_Point(scene.trees[trees[trees.size() / 2]]));
 }
 
 }  // namespace sylvomex::demo

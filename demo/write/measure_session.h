@@ -31,4 +31,7 @@ std::vector<std::size_t> Trees_To_Measure(const Scene& scene,
 /// The session's text. Pane positions are rounded to half a pixel.
 std::string Measure_Session(const Scene& scene, const std::vector<Photograph>& photos);
 
+/// A session that leaves the photographs on the screen, centred on a tree.
+std::string Open_Session(const Scene& scene, const std::vector<Photograph>& photos);
+
 }  // namespace sylvomex::demo

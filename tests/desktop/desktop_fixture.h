@@ -23,7 +23,13 @@ class DesktopTest : public testing::Test {
     desktop_ = std::make_unique<Desktop>(
         DesktopOptions{site_.Drives(), QSize(1000, 700), record, [this] { ++ends_; }});
     desktop_->Start();
-    QTest::qWaitForWindowActive(&Main());
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&Main()));
+  }
+
+  /// Waits for what comes with the events that are still on their way.
+  template <class Condition>
+  static bool Soon(Condition&& condition) {
+    return QTest::qWaitFor(condition, 2000);
   }
 
   Workspace& w() { return desktop_->Block(); }

@@ -38,7 +38,7 @@ TEST_F(MainWindow, PlacesThePanesUnderTheStrip) {
 TEST_F(MainWindow, ResizingLaysThePanesOutAgain) {
   Add_Two_Images();
   Main().resize(Main().size() - QSize(100, 0));
-  QTRY_COMPARE_WITH_TIMEOUT(int(w().PaneWidth), 412, 2000);
+  EXPECT_TRUE(Soon([&] { return int(w().PaneWidth) == 412; }));
   EXPECT_EQ(w().Form1.ClientWidth, 900);
   EXPECT_EQ(Pane(0).width(), 416);
 }
@@ -49,7 +49,7 @@ TEST_F(MainWindow, OfManyResizesTheLastCounts) {
     Main().resize(Main().size() - QSize(5, 0));
     QApplication::processEvents();
   }
-  QTRY_COMPARE_WITH_TIMEOUT(w().Form1.ClientWidth, 900.0, 2000);
+  EXPECT_TRUE(Soon([&] { return w().Form1.ClientWidth == 900.0; }));
   EXPECT_EQ(Client_Width(), 900);
 }
 
@@ -87,14 +87,16 @@ TEST_F(MainWindow, PointerIsAnHourglassWhileTheFormSaysSo) {
 
 TEST_F(MainWindow, MovingOverTheBareWindowShowsTheKeyHint) {
   QTest::mouseMove(Main().centralWidget(), QPoint(900, 80));
-  QTRY_COMPARE_WITH_TIMEOUT(Get<QLabel>("Label3").text(),
-                            QString("Press \"U\" for Up, \"D\" down, \"E\" East etc."), 2000);
+  EXPECT_TRUE(Soon([&] {
+    return Get<QLabel>("Label3").text() ==
+           QString("Press \"U\" for Up, \"D\" down, \"E\" East etc.");
+  }));
 }
 
 TEST_F(MainWindow, MovingOverDcrownShowsItsHint) {
   QTest::mouseMove(&Get<QCheckBox>("MeasureDistancesCheckBox"), QPoint(8, 8));
-  QTRY_COMPARE_WITH_TIMEOUT(Get<QLabel>("Label3").text(), QString("Swap between 3D and 2D modes"),
-                            2000);
+  EXPECT_TRUE(Soon(
+      [&] { return Get<QLabel>("Label3").text() == QString("Swap between 3D and 2D modes"); }));
 }
 
 TEST_F(MainWindow, ClosingAsksAndCancelKeepsIt) {

@@ -47,13 +47,13 @@ TEST_F(PaneOnScreen, DoubleClickIsTwoClicks) {
 TEST_F(PaneOnScreen, MovingShowsThePositionAboveThePane) {
   QTest::mouseMove(&Pane(1), QPoint(32, 42));
   const int col = w().PaneViews(1).ViewCol + 30;
-  QTRY_VERIFY_WITH_TIMEOUT(Get<QLabel>("Label1(1)").text().startsWith(QString::number(col) + ".0 "),
-                           2000);
+  EXPECT_TRUE(Soon(
+      [&] { return Get<QLabel>("Label1(1)").text().startsWith(QString::number(col) + ".0 "); }));
 }
 
 TEST_F(PaneOnScreen, MissingCursorFileGivesACross) {
   QTest::mouseMove(&Pane(0), QPoint(32, 42));
-  QTRY_COMPARE_WITH_TIMEOUT(Pane(0).cursor().shape(), Qt::CrossCursor, 2000);
+  EXPECT_TRUE(Soon([&] { return Pane(0).cursor().shape() == Qt::CrossCursor; }));
 }
 
 // SmallSite: red is col mod 251, green is row mod 241, blue 7.
@@ -87,7 +87,7 @@ TEST_F(PaneOnScreen, PointerMoveOverAHundredThousandMarksPaintsNoneOfThemAgain) 
   const auto painted = Pane(0).Marks_Painted();
   EXPECT_GE(painted, 100000U);
   QTest::mouseMove(&Pane(0), QPoint(200, 200));
-  QTRY_VERIFY_WITH_TIMEOUT(!Get<QLabel>("Label1(0)").text().isEmpty(), 2000);
+  EXPECT_TRUE(Soon([&] { return !Get<QLabel>("Label1(0)").text().isEmpty(); }));
   EXPECT_EQ(Pane(0).Marks_Painted(), painted);
 }
 

@@ -11,9 +11,11 @@
 namespace sylvomex {
 namespace {
 
-// A texture without repetition: the fractional parts of multiples of the golden ratio.
+// A texture without repetition: scrambled pixel numbers (xorshift-multiply).
 std::uint8_t Texture(int col, int raw_row) {
-  return static_cast<std::uint8_t>((col * 40503U + raw_row * 30011U) * 2654435761U >> 24U);
+  std::uint32_t n = static_cast<std::uint32_t>(col + 1000 * raw_row) * 2654435761U;
+  n = (n ^ (n >> 15U)) * 2246822519U;
+  return static_cast<std::uint8_t>((n ^ (n >> 13U)) >> 8U);
 }
 
 // Cameras over a raw file of 200 columns and 400 rows in which only the middle bytes matter.

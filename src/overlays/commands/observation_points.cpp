@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "overlays/commands/observation_points.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <string>
@@ -45,7 +46,7 @@ std::optional<ObservationPoint> Point_Of_Line(std::string_view line) {
 }
 
 bool Is_Blank(std::string_view line) {
-  return line.find_first_not_of(" \t\r") == std::string_view::npos;
+  return line.find_first_not_of(" \t") == std::string_view::npos;
 }
 
 // The same failure with the place where it happened.
@@ -63,7 +64,8 @@ std::vector<ObservationPoint> Read_Observation_Points(const FilePath& file) {
   std::string_view rest = content;
   for (int line_number = 1; !rest.empty(); ++line_number) {
     const std::size_t length = std::min(rest.find('\n'), rest.size());
-    const std::string_view line = rest.substr(0, length);
+    std::string_view line = rest.substr(0, length);
+    if (line.ends_with('\r')) line.remove_suffix(1);
     rest.remove_prefix(std::min(length + 1, rest.size()));
     if (Is_Blank(line)) continue;
     try {
