@@ -5,8 +5,11 @@
 #include <QScreen>
 #include <QStyle>
 #include <cstdio>
+#include <iostream>
+#include <sstream>
 #include <utility>
 
+#include "session/session.h"
 #include "workspace/start_up.h"
 
 namespace sylvomex {
@@ -59,6 +62,12 @@ void Desktop::Start_Recording() {
   recorder_.emplace(record_, w_->Form1.ClientWidth, w_->Form1.ClientHeight);
   recorder_screen_.emplace(screen_, *recorder_);
   w_->screen = &*recorder_screen_;
+}
+
+void Desktop::Begin_With(const std::filesystem::path& script) {
+  std::ostringstream transcript;  // the windows show what it would tell
+  Play_Over_Block(*w_, script, transcript, std::cerr, recorder_ ? &*recorder_ : nullptr);
+  windows_.Mirror();
 }
 
 void Desktop::Dispatch(const OperatorEvent& event) {

@@ -32,6 +32,9 @@ class Desktop : public OperatorEvents {
   /// the record cannot be written.
   void Start();
 
+  /// Plays a script before the hand takes over; what fails is told on standard error.
+  void Begin_With(const std::filesystem::path& script);
+
   void Dispatch(const OperatorEvent& event) override;
   void Dispatch_Move(const OperatorEvent& event) override;
   bool Dispatch_Resize(const OperatorEvent& event) override;

@@ -293,7 +293,10 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   }
   if (watched == client_ && event->type() == QEvent::Resize) Send_Size();
   if (event->type() == QEvent::MouseMove && Tells_Moves(watched)) {
-    Send_Move(*static_cast<QWidget*>(watched), *static_cast<QMouseEvent*>(event));
+    const auto& move = *static_cast<QMouseEvent*>(event);
+    Send_Move(*static_cast<QWidget*>(watched), move);
+    // Else it would climb on and count for the bare window as well.
+    if (move.buttons() == Qt::NoButton) return true;
   }
   return QMainWindow::eventFilter(watched, event);
 }

@@ -11,7 +11,7 @@
 namespace sylvomex {
 
 const char* const kUsage =
-    "sylvomex [--root DIR] [--size WxH] [--record FILE]\n"
+    "sylvomex [--root DIR] [--size WxH] [--record FILE] [--begin FILE]\n"
     "sylvomex --script FILE [--root DIR] [--size WxH] [--record FILE] [--show]\n"
     "\n"
     "  --root DIR     DIR holds the drives: DIR/c, DIR/d, DIR/e, DIR/f\n"
@@ -19,20 +19,13 @@ const char* const kUsage =
     "  --script FILE  plays a script, - is standard input\n"
     "  --size WxH     client size of the main window, 1280x1024\n"
     "  --record FILE  writes what is done as a script\n"
+    "  --begin FILE   plays a script on the desktop, then leaves it to the hand\n"
     "  --show         shows the windows while the script plays\n"
     "  --help         this text\n";
 
 namespace {
 
 constexpr int kLargestSide = 32767;  // pixels
-
-std::filesystem::path Default_Root() {
-  if (const char* const root = std::getenv("SYLVOMEX_ROOT"); root != nullptr && *root != '\0') {
-    return root;
-  }
-  const char* const home = std::getenv("HOME");
-  return std::filesystem::path(home != nullptr ? home : ".") / "sylvomex";
-}
 
 std::optional<double> Side(std::string_view text) {
   int side = 0;
@@ -55,6 +48,26 @@ bool Set_Size(SessionOptions& options, std::string_view text) {
   return true;
 }
 
+}  // namespace
+
+std::filesystem::path Default_Root() {
+  if (const char* const root = std::getenv("SYLVOMEX_ROOT"); root != nullptr && *root != '\0') {
+    return root;
+  }
+  const char* const home = std::getenv("HOME");
+  return std::filesystem::path(home != nullptr ? home : ".") / "sylvomex";
+}
+
+bool Take_Size(CommandLine& line, std::string_view text, std::ostream& err) {
+  line.size_given = Set_Size(line.options, text);
+  if (!line.size_given) {
+    err << "--size takes a width and a height such as 1280x1024, not \"" << text << "\"\n";
+  }
+  return line.size_given;
+}
+
+namespace {
+
 /// False for an option that does not fit.
 bool Take_Option(CommandLine& line, int option, std::ostream& err) {
   switch (option) {
@@ -74,9 +87,10 @@ bool Take_Option(CommandLine& line, int option, std::ostream& err) {
       line.help = true;
       return true;
     case 'z':
-      if (Set_Size(line.options, optarg)) return true;
-      err << "--size takes a width and a height such as 1280x1024, not \"" << optarg << "\"\n";
-      return false;
+      return Take_Size(line, optarg, err);
+    case 'b':
+      line.begin = optarg;
+      return true;
     default:
       err << "unknown option or missing argument; see --help\n";
       return false;
@@ -86,10 +100,11 @@ bool Take_Option(CommandLine& line, int option, std::ostream& err) {
 }  // namespace
 
 std::optional<CommandLine> Parse_Command_Line(int argc, char** argv, std::ostream& err) {
-  static constexpr std::array<option, 7> kOptions{{{"root", required_argument, nullptr, 'r'},
+  static constexpr std::array<option, 8> kOptions{{{"root", required_argument, nullptr, 'r'},
                                                    {"script", required_argument, nullptr, 's'},
                                                    {"size", required_argument, nullptr, 'z'},
                                                    {"record", required_argument, nullptr, 'o'},
+                                                   {"begin", required_argument, nullptr, 'b'},
                                                    {"show", no_argument, nullptr, 'w'},
                                                    {"help", no_argument, nullptr, 'h'},
                                                    {nullptr, 0, nullptr, 0}}};

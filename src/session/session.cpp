@@ -151,4 +151,60 @@ int Run_Session(const SessionOptions& options, const SessionStreams& streams,
   return status;
 }
 
+namespace {
+
+// Puts the block's own screen back at the end of the scope.
+class ScreenChange {
+ public:
+  ScreenChange(Workspace& w, Screen& screen) : w_(w), own_(w.screen) { w.screen = &screen; }
+  ~ScreenChange() { w_.screen = own_; }
+  ScreenChange(const ScreenChange&) = delete;
+  ScreenChange& operator=(const ScreenChange&) = delete;
+
+ private:
+  Workspace& w_;
+  Screen* own_;
+};
+
+void Play_All(ScriptReader& reader, StepPlayer& player) {
+  while (const auto step = reader.Next()) player.Play(*step);
+}
+
+}  // namespace
+
+bool Play_Over_Block(Workspace& w, const std::filesystem::path& script, std::ostream& transcript,
+                     std::ostream& err, Recorder* recorder) {
+  std::ifstream file(script);
+  if (!file) {
+    err << "cannot read the script " << script << '\n';
+    return false;
+  }
+  ScriptReader reader(file);
+  const auto report = [&](int line, const std::string& reason) {
+    err << script.string() << ':' << line << ": " << reason << '\n';
+  };
+  ScriptScreen screen(transcript, err);
+  std::optional<RecorderScreen> recorded;
+  if (recorder != nullptr) recorded.emplace(screen, *recorder);
+  const ScreenChange change(w, recorded ? static_cast<Screen&>(*recorded) : screen);
+  PlayerServices services;
+  services.report = report;
+  services.handle_event = [recorder](Workspace& block, const OperatorEvent& event) {
+    return recorder != nullptr ? Handle_Recorded_Event(*recorder, block, event)
+                               : Handle_Event(block, event);
+  };
+  StepPlayer player(w, screen, std::move(services));
+  try {
+    Play_All(reader, player);
+    return true;
+  } catch (const StepEnd& failure) {
+    report(reader.Line(), failure.reason);
+  } catch (const ScriptSyntaxError& error) {
+    report(reader.Line(), error.what());
+  } catch (const SessionEnd&) {
+    report(reader.Line(), "a script that begins a session cannot end it");
+  }
+  return false;
+}
+
 }  // namespace sylvomex

@@ -8,6 +8,7 @@
 #include <ostream>
 #include <string>
 
+#include "session/recorder.h"
 #include "session/window_pictures.h"
 #include "workspace/state/workspace.h"
 
@@ -40,5 +41,11 @@ struct SessionHooks {
 /// ended in an error, 3 the start-up failed.
 int Run_Session(const SessionOptions& options, const SessionStreams& streams,
                 const SessionHooks& hooks = {});
+
+/// Plays a script over a block that is running already: its dialogs take their answers from the
+/// script, and the block asks its own screen again afterwards. False, with the reason on err,
+/// when the script cannot be read or a step failed. recorder: takes what is done; may be null.
+bool Play_Over_Block(Workspace& w, const std::filesystem::path& script, std::ostream& transcript,
+                     std::ostream& err, Recorder* recorder = nullptr);
 
 }  // namespace sylvomex

@@ -44,7 +44,7 @@ TEST_F(Keys, MoveTheSolutionByOneStep) {
 TEST_F(Keys, MoveTheSolutionWithTheFocusInATextBoxTooAndAreTyped) {
   auto& box = Get<QLineEdit>("Text4");
   box.setFocus();
-  box.setText("");
+  box.selectAll();
   Press_Key(Qt::Key_D);
   EXPECT_EQ(w().Solution3D.Z, -1.0);
   EXPECT_EQ(box.text().toLower(), "d");

@@ -3,17 +3,15 @@
 
 #include <QApplication>
 #include <QMessageBox>
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
-#include <string_view>
 
 #include "desktop/desktop.h"
+#include "desktop/main/desktop_command_line.h"
 #include "desktop/qt_text.h"
 #include "desktop/script_windows.h"
 #include "platform/run_time_error.h"
-#include "session/command_line.h"
 #include "session/step_end.h"
 
 namespace {
@@ -49,12 +47,13 @@ int Report_Failed_Start(const RunTimeError& failure) {
   return kStartFailed;
 }
 
-int Run_Desktop(const SessionOptions& options, bool size_given, int argc, char** argv) {
+int Run_Desktop(const CommandLine& line, int argc, char** argv) {
+  const SessionOptions& options = line.options;
   QApplication application(argc, argv);
   application.setQuitOnLastWindowClosed(false);
   Set_Application_Look();
   DesktopOptions desktop_options{DriveMap(options.root), std::nullopt, options.record, End_Process};
-  if (size_given) {
+  if (line.size_given) {
     desktop_options.client_size =
         QSize(static_cast<int>(options.width), static_cast<int>(options.height));
   }
@@ -64,22 +63,20 @@ int Run_Desktop(const SessionOptions& options, bool size_given, int argc, char**
   } catch (const RunTimeError& failure) {
     return Report_Failed_Start(failure);
   }
+  if (!line.begin.empty()) desktop.Begin_With(line.begin);
   return QApplication::exec();
 }
-
-bool Gives_Size(std::string_view argument) { return argument.starts_with("--si"); }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
-  const bool size_given = std::any_of(argv + 1, argv + argc, Gives_Size);
-  const auto line = Parse_Command_Line(argc, argv, std::cerr);
+  const auto line = Parse_Desktop_Command_Line(argc, argv, std::cerr);
   if (!line) return kStepFailed;
   if (line->help) {
     std::cout << kUsage;
     return kAllStepsDone;
   }
   if (!line->options.script.empty()) return Play_Script(line->options);
-  return Run_Desktop(line->options, size_given, argc, argv);
+  return Run_Desktop(*line, argc, argv);
 }

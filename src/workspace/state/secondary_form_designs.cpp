@@ -89,7 +89,7 @@ Form3State::Form3State() {
   const Shown lists[] = {{&Label12, "Image ids"}, {&Label13, "Columns"}, {&Label14, "Rows"}};
   top = 236;
   for (int i = 0; i < 3; ++i) {
-    Place(Caption(3 + i), lists[i].caption, 12, top, 80, 18);
+    Place(Caption(3 + i), lists[i].caption, 12, top - 3, 80, 18);
     Place(*lists[i].label, "", 96, top, 556, 34);
     top += 38;
   }

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// A template as pixels, and the files through which templates, patches and correlation images
+// travel. <i> is the image index, all files lie in "c:\data\":
+//
+//   temp<i>.raw, temp<i>.img          template; .img: width, height, reference column and row
+//   test_<i>_<k>.raw, test_<i>_<k>.img  template of size k; .img: the four numbers on one line
+//   ccor_ima<i>.raw, ccor_ima<i>.img  patch; .img: width, height
+//   corimage<i>.raw, rkuva<i>.bmp     correlation image of the patch as bytes and as a picture
+//
+// Pixels are bytes, row by row from the top, columns fastest, without padding.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "platform/drive_map.h"
+
+namespace sylvomex {
+
+struct ImageTemplate {
+  int width = 0;
+  int height = 0;
+  int reference_col = 0;             // of the tree top, from the first column; may lie outside
+  int reference_row = 0;             // from the first row
+  std::vector<std::uint8_t> pixels;  // 0 outside the ellipse
+};
+
+/// Files as RunTimeErrors of the file layer.
+void Write_Template(const DriveMap& drives, int image, const ImageTemplate& pattern);
+
+/// RunTimeError(BadContent) for a size below one pixel, RunTimeError(InputPastEnd) naming the file
+/// for too few pixels, those of the list reader for the four numbers.
+ImageTemplate Read_Template(const DriveMap& drives, int image);
+
+void Write_Size_Template(const DriveMap& drives, int image, int size,
+                         const ImageTemplate& pattern);
+
+void Write_Patch(const DriveMap& drives, int image, int width, int height,
+                 std::span<const std::uint8_t> pixels);
+
+FilePath Correlation_Bytes_File(const DriveMap& drives, int image);
+FilePath Correlation_Picture_File(const DriveMap& drives, int image);
+
+}  // namespace sylvomex
