@@ -31,6 +31,7 @@ std::string Tree_Fields(const Tree& tree) {
 std::vector<TopOnPhoto> Tops_On_Photos(const Scene& scene, const std::vector<Photograph>& photos,
                                        std::size_t tree) {
   std::vector<TopOnPhoto> tops;
+  tops.reserve(photos.size());
   for (const Photograph& photo : photos) tops.push_back(Top_On_Photo(scene, photo, tree));
   return tops;
 }

@@ -18,8 +18,7 @@ namespace sylvomex {
 /// as the patch. Sizes up to 32767; RunTimeError(SubscriptOutOfRange) when a span is too short.
 /// threads: 1 for the calling thread alone, 0 for all; the values are the same bit for bit.
 void MYFUNC_CORIMA(std::span<const std::uint8_t> patch, int patch_width, int patch_height,
-                   std::span<const std::uint8_t> pattern, int template_width,
-                   int template_height, int reference_col, int reference_row,
-                   std::span<double> result, int threads = 0);
+                   std::span<const std::uint8_t> pattern, int template_width, int template_height,
+                   int reference_col, int reference_row, std::span<double> result, int threads = 0);
 
 }  // namespace sylvomex

@@ -14,6 +14,21 @@ int Pixels_Of_Points(double points) {
   return std::clamp(static_cast<int>(std::lround(points * 96.0 / 72.0)), 1, 200);
 }
 
+bool Fits(const QFont& font, const QString& text, int room) {
+  return QFontMetricsF(font).horizontalAdvance(text) <= room;
+}
+
+// Hinted letters can keep whole pixels, so that a small squeeze changes nothing: the steps are
+// tried one after the other.
+QFont Squeezed_Font(const QFont& natural, const QString& text, int room) {
+  QFont font = natural;
+  for (const int percent : {100, 95, 90, 85, 80, kNarrowestText}) {
+    font.setStretch(percent);
+    if (Fits(font, text, room)) break;
+  }
+  return font;
+}
+
 }  // namespace
 
 QFont Control_Font() {
@@ -47,21 +62,23 @@ void TextLabel::Show_Colour(Colour colour) {
 
 bool TextLabel::Wraps() const { return height() >= 2 * QFontMetrics(natural_font_).height(); }
 
+// The first line stands as high as the text of a single-line label beside it.
+QRect TextLabel::Wrapping_Rect() const { return rect().adjusted(0, 2, 0, 0); }
+
 QString TextLabel::Painted_Text() const {
   return fontMetrics().elidedText(text(), Qt::ElideRight, width());
 }
 
 void TextLabel::Fit_Text() {
   QFont fitting = natural_font_;
-  const QFontMetrics natural(natural_font_);
   bool whole = true;
   if (Wraps()) {
-    const QRect needed = natural.boundingRect(rect(), Qt::TextWordWrap, text());
-    whole = needed.height() <= height() && needed.width() <= width();
-  } else if (const int needed = natural.horizontalAdvance(text()); needed > width()) {
-    const double share = std::max(kNarrowestText, double{width() - 1.0} / needed);
-    fitting.setStretch(static_cast<int>(100 * share));
-    whole = QFontMetrics(fitting).horizontalAdvance(text()) <= width();
+    const QRect room = Wrapping_Rect();
+    const QRect needed = QFontMetrics(fitting).boundingRect(room, Qt::TextWordWrap, text());
+    whole = needed.height() <= room.height() && needed.width() <= room.width();
+  } else {
+    fitting = Squeezed_Font(natural_font_, text(), width());
+    whole = Fits(fitting, text(), width());
   }
   if (font() != fitting) setFont(fitting);
   const QString tip = whole ? QString() : text();
@@ -74,7 +91,7 @@ void TextLabel::paintEvent(QPaintEvent*) {
   painter.setPen(isEnabled() ? palette().color(QPalette::WindowText)
                              : palette().color(QPalette::Disabled, QPalette::WindowText));
   if (Wraps()) {
-    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, text());
+    painter.drawText(Wrapping_Rect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, text());
   } else {
     painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, Painted_Text());
   }
@@ -90,6 +107,18 @@ TextBoxWidget::TextBoxWidget(QWidget* parent) : QLineEdit(parent) {
   setFont(Control_Font());
   setTextMargins(1, 0, 1, 0);
   setContextMenuPolicy(Qt::NoContextMenu);
+  connect(this, &QLineEdit::textChanged, this, [this] { Fit_Text(); });
+}
+
+void TextBoxWidget::Fit_Text() {
+  constexpr int kMargins = 8;  // the border, its distance to the text, the text cursor
+  const QFont fitting = Squeezed_Font(Control_Font(), text(), width() - kMargins);
+  if (font() != fitting) setFont(fitting);
+}
+
+void TextBoxWidget::resizeEvent(QResizeEvent* event) {
+  QLineEdit::resizeEvent(event);
+  Fit_Text();
 }
 
 void TextBoxWidget::paintEvent(QPaintEvent* event) {
@@ -107,7 +136,9 @@ void Show_Control(TextLabel& widget, const Label& label) {
 
 void Show_Control(TextBoxWidget& widget, const TextBox& box) {
   const QString text = Qt_Text(box.Text);
-  if (widget.text() != text) widget.setText(text);
+  if (widget.text() == text) return;
+  widget.setText(text);
+  if (!widget.hasFocus()) widget.setCursorPosition(0);
 }
 
 bool Show_Control(QCheckBox& widget, const CheckBox& box) {
@@ -129,16 +160,16 @@ void Show_Control(QFrame& widget, const Divider& line) {
   if (widget.frameShape() != shape) widget.setFrameShape(shape);
 }
 
-void Fit_Check_Box(QCheckBox& box, int room) {
+int Fit_Check_Box(QCheckBox& box, int room) {
   box.setFont(Control_Font());
   const int needed = box.sizeHint().width();
   if (needed > room) {
     QFont narrow = Control_Font();
-    narrow.setStretch(static_cast<int>(100 * kNarrowestText));
+    narrow.setStretch(kNarrowestText);
     box.setFont(narrow);
   }
-  box.resize(std::min(needed, room), box.height());
   box.setToolTip(needed > room ? box.text() : QString());
+  return std::min(needed, room);
 }
 
 QRect Placing(const Control& control) {

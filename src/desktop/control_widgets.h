@@ -17,8 +17,8 @@ namespace sylvomex {
 /// The font of all controls that do not carry one of their own.
 QFont Control_Font();
 
-/// The smallest share of its natural width to which a text is squeezed before it is cut.
-inline constexpr double kNarrowestText = 0.75;
+/// Percent of its natural width to which a text is squeezed before it is cut.
+inline constexpr int kNarrowestText = 75;
 
 /// A label that squeezes a text too long for it, then cuts it and shows the whole as a tool
 /// tip. A label of two lines' height and more wraps.
@@ -40,17 +40,23 @@ class TextLabel : public QLabel {
  private:
   void Fit_Text();
   [[nodiscard]] bool Wraps() const;
+  [[nodiscard]] QRect Wrapping_Rect() const;
 
   QFont natural_font_ = Control_Font();
 };
 
-/// A text box with a border of one pixel and no margin above and below its text.
+/// A text box with a border of one pixel and no margin above and below its text, which is
+/// squeezed when it is a little too long.
 class TextBoxWidget : public QLineEdit {
  public:
   explicit TextBoxWidget(QWidget* parent);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void Fit_Text();
 };
 
 void Show_Control(TextLabel& widget, const Label& label);
@@ -59,9 +65,9 @@ bool Show_Control(QCheckBox& widget, const CheckBox& box);  // true when the cap
 void Show_Control(QPushButton& widget, const Button& button);
 void Show_Control(QFrame& widget, const Divider& line);
 
-/// Sizes a tick box to its caption, at most to `room` pixels: the caption is squeezed then and
-/// shown as a tool tip.
-void Fit_Check_Box(QCheckBox& box, int room);
+/// The width that a tick box needs for its caption, at most `room` pixels: with less room than
+/// needed the caption is squeezed and shown as a tool tip.
+int Fit_Check_Box(QCheckBox& box, int room);
 
 /// Where a control stands in its window, whole pixels.
 QRect Placing(const Control& control);

@@ -60,6 +60,12 @@ QList<QUrl> Drive_Urls(const DriveMap& drives) {
   return urls << QUrl::fromLocalFile(QDir::homePath());
 }
 
+/// Plain text, and wide enough for the window's title.
+void Lay_Out(QMessageBox& box) {
+  box.setTextFormat(Qt::PlainText);
+  box.setStyleSheet(QStringLiteral("QLabel#qt_msgbox_label { min-width: 260px; }"));
+}
+
 }  // namespace
 
 DesktopScreen::DesktopScreen(const DriveMap& drives, Owner owner)
@@ -76,7 +82,7 @@ Answer DesktopScreen::Message_Box(std::string_view text, Buttons buttons, std::s
   owner_.show_block();
   QMessageBox box(QMessageBox::NoIcon, Window_Title(title), shown, Box_Buttons(buttons),
                   owner_.front_window());
-  box.setTextFormat(Qt::PlainText);
+  Lay_Out(box);
   QCheckBox* silence = nullptr;
   if (++times_shown_[shown] > 1 && buttons == Buttons::Ok) {
     silence = new QCheckBox(QStringLiteral("Do not show this message again until the command ends"),
@@ -157,7 +163,7 @@ void DesktopScreen::Report_Error(std::string_view command, std::string_view text
   QMessageBox box(QMessageBox::Warning, kProgram,
                   Qt_Text(command) + QLatin1String(": ") + Qt_Text(text), QMessageBox::Ok,
                   owner_.front_window());
-  box.setTextFormat(Qt::PlainText);
+  Lay_Out(box);
   box.setInformativeText(Qt_Text(native_path));
   box.exec();
 }

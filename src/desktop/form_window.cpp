@@ -33,6 +33,14 @@ bool Tells_Moves(const QObject* watched) {
   return watched->objectName() == kClientName || qobject_cast<const QCheckBox*>(watched) != nullptr;
 }
 
+bool Is_Divider(const QWidget& widget) { return widget.metaObject() == &QFrame::staticMetaObject; }
+
+bool Carries_Text(const QWidget& widget) {
+  return qobject_cast<const QLabel*>(&widget) != nullptr ||
+         qobject_cast<const QLineEdit*>(&widget) != nullptr ||
+         qobject_cast<const QCheckBox*>(&widget) != nullptr;
+}
+
 QSize Client_Size(const Form& form) {
   return {static_cast<int>(std::lround(form.ClientWidth)),
           static_cast<int>(std::lround(form.ClientHeight))};
@@ -98,7 +106,7 @@ void FormWindow::Add_Control(const std::string& name, const CheckBox& record) {
     Send(OperatorEvent::Kind::Set, name, checked ? "1" : "0");
   });
   Add(name, record, box, [this, box, &record] {
-    if (Show_Control(*box, record)) boxes_changed_ = true;
+    if (Show_Control(*box, record)) places_changed_ = true;
   });
 }
 
@@ -137,9 +145,23 @@ std::string FormWindow::Name_Of(const QWidget* widget) const {
 }
 
 void FormWindow::Mirror() {
+  if (!form_.Visible && isHidden()) return;
   Mirror_Unshown();
-  if (isHidden() == form_.Visible) setVisible(form_.Visible);
+  if (isHidden() == form_.Visible) {
+    if (form_.Visible && !placed_) Place_Over_Owner();
+    setVisible(form_.Visible);
+  }
   Mirror_Focus();
+}
+
+void FormWindow::Place_Over_Owner() {
+  placed_ = true;
+  if (parentWidget() == nullptr) return;
+  const QRect owner = parentWidget()->frameGeometry();
+  QRect place(QPoint(), size());
+  place.moveCenter(owner.center());
+  place.moveTop(std::max(place.top(), owner.top()));
+  move(place.topLeft());
 }
 
 void FormWindow::Mirror_Unshown() {
@@ -180,8 +202,8 @@ void FormWindow::Mirror_Controls() {
     Mirror_Placing(control);
     control.show_content();
   }
-  if (boxes_changed_) Keep_Boxes_Apart();
-  boxes_changed_ = false;
+  if (places_changed_) Keep_Apart();
+  places_changed_ = false;
 }
 
 void FormWindow::Mirror_Placing(Mirrored& control) {
@@ -189,37 +211,36 @@ void FormWindow::Mirror_Placing(Mirrored& control) {
   if (const QRect placing = Placing(*control.record); placing != control.placing) {
     control.placing = placing;
     widget.setGeometry(placing);
-    boxes_changed_ = true;
+    places_changed_ = true;
   }
   if (widget.isHidden() == control.record->Visible) {
     widget.setVisible(control.record->Visible);
-    boxes_changed_ = true;
+    places_changed_ = true;
   }
   if (widget.isEnabledTo(client_) != control.record->Enabled) {
     widget.setEnabled(control.record->Enabled);
   }
 }
 
-int FormWindow::Room_Right_Of(const Mirrored& box) const {
-  int room = box.placing.width();
+int FormWindow::Room_Right_Of(const Mirrored& control) const {
+  constexpr int kSpace = 2;
+  const QRect& place = control.placing;
+  int room = place.width();
   for (const Mirrored& other : controls_) {
-    const bool divides = qobject_cast<const QFrame*>(other.widget) != nullptr &&
-                         qobject_cast<const QLabel*>(other.widget) == nullptr;
-    const bool beside =
-        other.placing.top() <= box.placing.bottom() && other.placing.bottom() >= box.placing.top();
-    const int gap = other.placing.left() - box.placing.left();
-    if (!divides && beside && other.record->Visible && gap > 0) room = std::min(room, gap - 2);
+    const int gap = other.placing.left() - place.left();
+    const bool covered = other.record->Visible && !Is_Divider(*other.widget) && gap > 0 &&
+                         other.placing.intersects(place);
+    if (covered) room = std::min(room, gap - kSpace);
   }
-  return room;
+  return std::max(room, 1);
 }
 
-void FormWindow::Keep_Boxes_Apart() {
+void FormWindow::Keep_Apart() {
   for (const Mirrored& control : controls_) {
-    auto* box = qobject_cast<QCheckBox*>(control.widget);
-    if (box == nullptr || !control.record->Visible) continue;
-    Fit_Check_Box(*box, Room_Right_Of(control));
-    box->setGeometry(
-        QRect(control.placing.topLeft(), QSize(box->width(), control.placing.height())));
+    if (!control.record->Visible || !Carries_Text(*control.widget)) continue;
+    int width = Room_Right_Of(control);
+    if (auto* box = qobject_cast<QCheckBox*>(control.widget)) width = Fit_Check_Box(*box, width);
+    control.widget->resize(width, control.placing.height());
   }
 }
 

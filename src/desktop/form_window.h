@@ -27,7 +27,7 @@ class FormWindow : public QMainWindow {
     });
   }
 
-  /// Copies what has changed in the records to the widgets.
+  /// Copies what has changed in the records to the widgets, while the window is shown.
   void Mirror();
 
   /// Copies everything but whether the window is shown: for pictures of it.
@@ -68,13 +68,15 @@ class FormWindow : public QMainWindow {
   void Add(const std::string& name, const Control& record, QWidget* widget,
            std::function<void()> show_content);
 
+  void Place_Over_Owner();
   void Mirror_Size();
   void Mirror_Controls();
   void Mirror_Placing(Mirrored& control);
 
-  /// A tick box takes the width of its caption, and less where another control follows.
-  void Keep_Boxes_Apart();
-  [[nodiscard]] int Room_Right_Of(const Mirrored& box) const;
+  /// Labels, text boxes and tick boxes end where another control begins; a tick box is never
+  /// wider than its caption.
+  void Keep_Apart();
+  [[nodiscard]] int Room_Right_Of(const Mirrored& control) const;
   void Mirror_Focus();
   void Mirror_Pointer();
   void Send(OperatorEvent::Kind kind, const std::string& control, std::string text = {});
@@ -93,7 +95,8 @@ class FormWindow : public QMainWindow {
   QSize record_size_;            // client size that the record had when it was last looked at
   bool operator_sizes_ = false;  // the operator has sized the window; the record follows
   bool sizing_ = false;          // the window takes the record's size and does not report it
-  bool boxes_changed_ = false;   // Keep_Boxes_Apart is due
+  bool places_changed_ = false;  // Keep_Apart is due
+  bool placed_ = false;          // has been shown once; then it stays where it is put
   std::uint64_t focus_version_ = 0;
 };
 

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/qt_text.h"
 
-#include <QStringDecoder>
+#include <QByteArrayView>
 
 namespace sylvomex {
 
 QString Qt_Text(std::string_view text) {
   const QByteArrayView bytes(text.data(), static_cast<qsizetype>(text.size()));
-  QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-  const QString decoded = decoder(bytes);
-  return decoder.hasError() ? QString::fromLatin1(bytes) : decoded;
+  return bytes.isValidUtf8() ? QString::fromUtf8(bytes) : QString::fromLatin1(bytes);
 }
 
 std::string Block_Text(const QString& text) { return text.toStdString(); }

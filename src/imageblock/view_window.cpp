@@ -18,7 +18,7 @@ struct Extent {
 Extent Compute_Extent(double raw_size, int centre, int view_size, int overrun) {
   const bool odd = view_size % 2 != 0;
   const double centre_at = centre;
-  const double before = odd ? (view_size - 1.0) / 2 : view_size / 2 - 1.0;
+  const double before = odd ? (view_size - 1.0) / 2 : view_size / 2.0 - 1.0;
   const double first = centre_at - before;
   if (first < 0) return {0, To_Int32(view_size - 1.0)};
   const double last = first + view_size - 1.0;

@@ -33,8 +33,7 @@ void Write_Template(const DriveMap& drives, int image, const ImageTemplate& patt
 /// for too few pixels, those of the list reader for the four numbers.
 ImageTemplate Read_Template(const DriveMap& drives, int image);
 
-void Write_Size_Template(const DriveMap& drives, int image, int size,
-                         const ImageTemplate& pattern);
+void Write_Size_Template(const DriveMap& drives, int image, int size, const ImageTemplate& pattern);
 
 void Write_Patch(const DriveMap& drives, int image, int width, int height,
                  std::span<const std::uint8_t> pixels);

@@ -14,10 +14,9 @@ namespace {
 std::string Image_Name(const ImageRecord& image) { return "image " + Plain_Text(image.ImageId); }
 
 void Require_Inside(const ImageRecord& image, const RawWindow& window) {
-  const bool inside = window.first_col >= 0 && window.top_row >= 0 &&
-                      window.last_col <= image.SubWidth - 1 &&
-                      window.bottom_row <= image.SubHeight - 1 && window.Width() > 0 &&
-                      window.Height() > 0;
+  const bool inside =
+      window.first_col >= 0 && window.top_row >= 0 && window.last_col <= image.SubWidth - 1 &&
+      window.bottom_row <= image.SubHeight - 1 && window.Width() > 0 && window.Height() > 0;
   if (inside) return;
   throw RunTimeError(
       Failure::SubscriptOutOfRange,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "matching/template_ellipse.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "closedlib/counted_loop.h"

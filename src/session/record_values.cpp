@@ -37,6 +37,15 @@ Found Field_Of(const RasterModel& model, const std::string& field) {
   return Field_Text(field, [&](auto&& visit) { Visit_Raster_Model(model, visit); });
 }
 
+Found Field_Of(const TemplateRecord& record, const std::string& field) {
+  return Field_Text(field, [&](auto&& visit) { Visit_Template_Record(record, visit); });
+}
+
+Found Count_Of(std::size_t count, const std::string& field) {
+  if (field != "Count") return std::nullopt;
+  return Value_Text(count);
+}
+
 struct RecordRow {
   const char* name;
   Found (*value)(const Workspace& w, const std::string& field);
@@ -49,6 +58,10 @@ constexpr std::array kRecords{
               [](const Workspace& w, const std::string& f) { return Field_Of(w.RasterDem, f); }},
     RecordRow{"RasterChm",
               [](const Workspace& w, const std::string& f) { return Field_Of(w.RasterChm, f); }},
+    RecordRow{"MeshPoints",
+              [](const Workspace& w, const std::string& f) {
+                return Count_Of(w.Matching.MeshPoints.size(), f);
+              }},
 };
 
 struct RecordTableRow {
@@ -65,6 +78,10 @@ constexpr std::array kRecordTables{
     RecordTableRow{"ImageBlock", Field_In_Table<&Workspace::ImageBlock>},
     RecordTableRow{"CorrelationRecords", Field_In_Table<&Workspace::CorrelationRecords>},
     RecordTableRow{"XYDistanceEntries", Field_In_Table<&Workspace::XYDistanceEntries>},
+    RecordTableRow{"Template",
+                   [](const Workspace& w, long k, const std::string& f) {
+                     return Field_Of(w.Matching.Template(k), f);
+                   }},
 };
 
 }  // namespace

@@ -28,10 +28,32 @@ std::string Plot_Text(const PlotLocation& plot) {
   return Value_Texts(plot.PlotNumber, plot.X, plot.Y, plot.GroundZ, plot.HeightAboveGround);
 }
 
+std::string Plot_Center_Text(const PlotCenterRecord& plot) {
+  return Value_Texts(plot.PlotId, plot.MeshRotation, plot.PlotX, plot.PlotY, plot.PlotZ);
+}
+
+std::string Mesh_Point_Text(const MeshPoint& point) {
+  return Value_Texts(point.X, point.Y, point.Z);
+}
+
 // One row a name: the value of a member of the block.
 template <auto Member>
 std::string Of_Block(const Workspace& w) {
   return Value_Text(w.*Member);
+}
+
+template <auto Member>
+std::string Of_Matching(const Workspace& w) {
+  return Value_Text(w.Matching.*Member);
+}
+
+// An entry of a growing table of the matching chain.
+template <auto Member>
+const auto& Entry_Of_Matching(const Workspace& w, long index) {
+  const auto& table = w.Matching.*Member;
+  const auto count = static_cast<long>(table.size());
+  if (index < 0 || index >= count) Throw_Subscript(index, 0, count - 1);
+  return table[static_cast<std::size_t>(index)];
 }
 
 template <auto Member>
@@ -52,6 +74,12 @@ constexpr std::array kSingleValues{
     SingleValue{"CenterTarget", Of_Block<&Workspace::CenterTarget>},
     SingleValue{"StereoSolution", Of_Block<&Workspace::StereoSolution>},
     SingleValue{"PlotLocation", [](const Workspace& w) { return Plot_Text(w.Plot); }},
+    SingleValue{"PlotCenter",
+                [](const Workspace& w) { return Plot_Center_Text(w.Matching.PlotCenter); }},
+    SingleValue{"PlotRadius", Of_Matching<&MatchingState::PlotRadius>},
+    SingleValue{"ModelTreeHeight", Of_Matching<&MatchingState::ModelTreeHeight>},
+    SingleValue{"ClusterCount", Of_Matching<&MatchingState::ClusterCount>},
+    SingleValue{"ClusterParameters", Of_Matching<&MatchingState::ClusterParameters>},
     SingleValue{"ObservationFileName", Of_Block<&Workspace::ObservationFileName>},
     SingleValue{"RasterDemLoaded", Of_Block<&Workspace::RasterDemLoaded>},
     SingleValue{"EpipolarZDepth", Of_Options<&Options::EpipolarZDepth>},
@@ -74,6 +102,27 @@ constexpr std::array kSingleValues{
 constexpr std::array kTableValues{
     TableValue{"ImageKinds",
                [](const Workspace& w, long k) { return Value_Text(w.ImageKinds(k)); }},
+    TableValue{"ClusterSum", [](const Workspace& w,
+                                long i) { return Mesh_Point_Text(w.Matching.ClusterSum(i)); }},
+    TableValue{"ClusterWeight",
+               [](const Workspace& w, long i) { return Value_Text(w.Matching.ClusterWeight(i)); }},
+    TableValue{"ClusterInfo",
+               [](const Workspace& w, long i) {
+                 const ClusterInfoRecord& info = w.Matching.ClusterInfo(i);
+                 return Value_Texts(info.Reserved, info.Members);
+               }},
+    TableValue{"MeshPoints",
+               [](const Workspace& w, long j) {
+                 return Mesh_Point_Text(Entry_Of_Matching<&MatchingState::MeshPoints>(w, j));
+               }},
+    TableValue{"PointScore",
+               [](const Workspace& w, long j) {
+                 return Value_Text(Entry_Of_Matching<&MatchingState::PointScore>(w, j));
+               }},
+    TableValue{"SortIndex",
+               [](const Workspace& w, long j) {
+                 return Value_Text(Entry_Of_Matching<&MatchingState::SortIndex>(w, j));
+               }},
     TableValue{"PaneViews", [](const Workspace& w, long k) { return View_Text(w.PaneViews(k)); }},
 };
 

@@ -2,6 +2,10 @@
 // The rows of the main window's menus, in menu order.
 #include "heightmodels/commands/raster_commands.h"
 #include "imageblock/commands/image_set.h"
+#include "matching/commands/correlation_images.h"
+#include "matching/commands/find_clusters.h"
+#include "matching/commands/point_scores.h"
+#include "matching/commands/templates.h"
 #include "overlays/commands/plot_point_set.h"
 #include "solver/commands/distance_window.h"
 #include "solver/commands/epipolar_and_sun.h"
@@ -130,13 +134,13 @@ constexpr MenuRow kMainMenu[] = {
     {1, "Get_angles", "Get angular orientation (image-object-sun)", 0, 0, false, MenuRole::Command, Get_angles, nullptr},
     {1, "Cast_sun_ray", "Cast sun ray from solution point", 0, 0, false, MenuRole::Command, Cast_sun_ray, nullptr},
     {0, "Image", "Image matching", 0, 0, false, MenuRole::Submenu, nullptr, nullptr},
-    {1, "Read_plot_center_data", "Read data for plotcenter", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Capture_templates", "Capture templates around XYZ sol", 'X', kCtrl, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Resize_templates", "Resize_templates", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Compute_Correlation_Images", "Compute correlation images", 'Y', kCtrl, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Create_XYZ_Point_Set", "Create XYZ-point set", 'G', kCtrl, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Compute_Back_Projections", "Compute Back-projections (form correspondence data)", 'N', kCtrl, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Find_clusters", "Find clusters", 'W', kCtrl, false, MenuRole::NotBuilt, nullptr, nullptr},
+    {1, "Read_plot_center_data", "Read data for plotcenter", 0, 0, false, MenuRole::Command, Read_plot_center_data, nullptr},
+    {1, "Capture_templates", "Capture templates around XYZ sol", 'X', kCtrl, false, MenuRole::Command, Capture_templates, nullptr},
+    {1, "Resize_templates", "Resize_templates", 0, 0, false, MenuRole::Command, Resize_templates, nullptr},
+    {1, "Compute_Correlation_Images", "Compute correlation images", 'Y', kCtrl, false, MenuRole::Command, Compute_Correlation_Images, nullptr},
+    {1, "Create_XYZ_Point_Set", "Create XYZ-point set", 'G', kCtrl, false, MenuRole::Command, Create_XYZ_Point_Set, nullptr},
+    {1, "Compute_Back_Projections", "Compute Back-projections (form correspondence data)", 'N', kCtrl, false, MenuRole::Command, Compute_Back_Projections, nullptr},
+    {1, "Find_clusters", "Find clusters", 'W', kCtrl, false, MenuRole::Command, Find_clusters, nullptr},
     {1, "Show_Results_Window", "Show Results Window", 'R', kCtrl, false, MenuRole::NotBuilt, nullptr, nullptr},
     {0, "State", "State", 0, 0, false, MenuRole::Submenu, nullptr, nullptr},
     {1, "Draw_Polygon", "Draw polygon", 0, 0, false, MenuRole::Command, Toggle_Draw_Polygon, Mode_Check<&MenuChecks::Draw_Polygon>},

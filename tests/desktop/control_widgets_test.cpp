@@ -53,11 +53,9 @@ TEST_F(LabelOnScreen, TakesColourAndFontOfItsRecord) {
 
 TEST(TickBox, KeepsToItsRoom) {
   QCheckBox box("Use: 123456789");
-  Fit_Check_Box(box, 500);
-  EXPECT_EQ(box.width(), box.sizeHint().width());
+  EXPECT_EQ(Fit_Check_Box(box, 500), box.sizeHint().width());
   EXPECT_TRUE(box.toolTip().isEmpty());
-  Fit_Check_Box(box, 40);
-  EXPECT_EQ(box.width(), 40);
+  EXPECT_EQ(Fit_Check_Box(box, 40), 40);
   EXPECT_EQ(box.toolTip(), "Use: 123456789");
 }
 
@@ -65,6 +63,16 @@ TEST(TextBoxOnScreen, IsHighEnoughForItsTextAtFifteenPixels) {
   QWidget window;
   TextBoxWidget box(&window);
   EXPECT_LE(QFontMetrics(box.font()).height() + 2, 15);
+}
+
+TEST(TextBoxOnScreen, SqueezesATextALittleTooLongAndShowsItsBeginning) {
+  TextBoxWidget box(nullptr);
+  box.resize(60, 15);
+  TextBox record;
+  record.Text = "-0.0118386";
+  Show_Control(box, record);
+  EXPECT_LE(QFontMetrics(box.font()).horizontalAdvance(box.text()), 60 - 6);
+  EXPECT_EQ(box.cursorPosition(), 0);
 }
 
 TEST(Texts, OldLatinTextsAreReadAsWhatTheyAre) {

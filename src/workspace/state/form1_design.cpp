@@ -12,6 +12,7 @@ namespace {
 constexpr double kTextWidth = 60;   // the two observation boxes of a pane stand 60 apart
 constexpr double kTextHeight = 15;  // and end above the tick box and the read-out
 constexpr double kParameterRow = 38;
+constexpr double kWidestWindow = 8192;  // the two long dividers end at the window
 
 void Design_Status(Form1State& form) {
   Place(form.ResultsCaption, "Space intersection results:", 4, 2, 240, 16);
@@ -72,8 +73,8 @@ void Design_Parameter_Row(Form1State& form) {
 }
 
 void Design_Dividers(Form1State& form) {
-  Place(form.Line(0), 0, 36, 1280, 1);
-  Place(form.Line(1), 0, 54, 1280, 1);
+  Place(form.Line(0), 0, 36, kWidestWindow, 1);
+  Place(form.Line(1), 0, 54, kWidestWindow, 1);
   Place(form.Line(2), 447, 2, 1, 33);
   Place(form.Line(3), 636, 2, 1, 33);
   const TextBox* const groups[] = {&form.Text4, &form.Text5, &form.Text8, &form.Text2};

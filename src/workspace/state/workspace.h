@@ -13,6 +13,7 @@
 #include "imageblock/image_record.h"
 #include "imageblock/pane_view.h"
 #include "imageblock/raw_file_cache.h"
+#include "matching/matching_state.h"
 #include "platform/drive_map.h"
 #include "platform/table.h"
 #include "solver/camera_model.h"
@@ -106,6 +107,8 @@ struct Workspace {
   RasterModel RasterChm;
   bool RasterDemLoaded = false;
   std::string LastHeightHeaderName;
+
+  MatchingState Matching;
 
   Form1State Form1;
   Form2State Form2;

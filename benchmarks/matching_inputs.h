@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+// Inputs of the tree-top matching kernels, from the random words of bench_inputs.h.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <vector>
+
+#include "bench_inputs.h"
+#include "closedlib/back_projection.h"
+
+namespace sylvomex::bench {
+
+/// A grey texture: 5/8 noise of 32-pixel cells, 2/8 of 8-pixel cells, 1/8 white noise.
+/// hard: with a constant block and a block of two levels.
+inline std::vector<std::uint8_t> Grey_Patch(int width, int height, bool hard = false) {
+  std::vector<std::uint8_t> patch;
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) {
+      const int white = static_cast<int>(Random_Word(4, Plane_Index(x, y)) & 255U);
+      int value = (Value_Noise(2, x, y, 5) * 5 + Value_Noise(3, x, y, 3) * 2 + white) >> 3;
+      const auto within = [&](int first, int last) {
+        return hard && x >= first && x < last && y >= first && y < last;
+      };
+      if (within(100, 300)) value = 40;
+      if (within(700, 900)) value = 250 + white % 2;
+      patch.push_back(static_cast<std::uint8_t>(value));
+    }
+  }
+  return patch;
+}
+
+/// A side x side template cut round a patch pixel; outside the ellipse 0, inside at least 1.
+inline std::vector<std::uint8_t> Ellipse_Template(const std::vector<std::uint8_t>& patch,
+                                                  int patch_width, int col, int row, int side) {
+  std::vector<std::uint8_t> pattern;
+  for (int dy = -(side / 2); dy <= side / 2; ++dy) {
+    for (int dx = -(side / 2); dx <= side / 2; ++dx) {
+      const auto at = static_cast<std::size_t>((row + dy) * patch_width + col + dx);
+      const bool inside = 4 * dx * dx + 4 * dy * dy <= side * side;
+      pattern.push_back(inside ? std::max<std::uint8_t>(1, patch[at]) : std::uint8_t{0});
+    }
+  }
+  return pattern;
+}
+
+inline constexpr double kPlotX = 2515000, kPlotY = 6859000, kPlotZ = 165;
+
+/// Columns of 45 points, 0.5 m apart in X, Y and Z, round the plot centre.
+inline std::vector<MeshPoint> Mesh(std::size_t count) {
+  std::vector<MeshPoint> mesh(count);
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::size_t column = i / 45;
+    mesh[i].X = kPlotX - 26.25 + 0.5 * static_cast<double>(column / 105);
+    mesh[i].Y = kPlotY - 26.0 + 0.5 * static_cast<double>(column % 105);
+    mesh[i].Z = kPlotZ + 0.02 * static_cast<double>(Random_Word(11, column) % 100) +
+                0.5 * static_cast<double>(i % 45);
+  }
+  return mesh;
+}
+
+/// Arguments of MYFUNC_COMPUTEBKPROJ for one of five photographs from 1200 m above the plot.
+struct PatchCamera {
+  std::array<double, 6> affine{};
+  std::array<double, 7> exterior{};
+  std::array<double, 4> patch{};
+};
+
+/// Full-image pixel of the plot centre, written out apart from the kernel's code.
+inline std::array<double, 2> Plot_Pixel(const PatchCamera& camera) {
+  const auto& [omega, phi, kappa, X0, Y0, Z0, c] = camera.exterior;
+  const double so = std::sin(omega), co = std::cos(omega), sp = std::sin(phi), cp = std::cos(phi);
+  const double sk = std::sin(kappa), ck = std::cos(kappa);
+  const double dx = kPlotX - X0, dy = kPlotY - Y0, dz = kPlotZ - Z0;
+  const double q = sp * dx - so * cp * dy + co * cp * dz;
+  const double r = ck * cp * dx + (co * sk + so * sp * ck) * dy + (so * sk - co * sp * ck) * dz;
+  const double s = -cp * sk * dx + (co * ck - so * sp * sk) * dy + (so * ck + co * sp * sk) * dz;
+  const double x = -c * r / q, y = -c * s / q;
+  const auto& a = camera.affine;
+  return {a[0] * x + a[1] * y + a[2], a[3] * x + a[4] * y + a[5]};
+}
+
+inline PatchCamera Camera(int k) {
+  constexpr std::array<double, 5> kEast = {0, 260, -250, 30, -40};
+  constexpr std::array<double, 5> kNorth = {0, 20, -30, 380, -370};
+  const auto at = static_cast<std::size_t>(k);
+  const double scale = 1 / 9e-6;
+  PatchCamera camera;
+  camera.affine = {scale, 12, 3750, -12, scale, 5750};
+  camera.exterior = {0.004 * (k - 2),
+                     -0.003 * (k - 1),
+                     0.10 + 0.02 * k,
+                     kPlotX + kEast[at],
+                     kPlotY + kNorth[at],
+                     kPlotZ + 1200,
+                     0.1};
+  const std::array<double, 2> plot = Plot_Pixel(camera);
+  const double first_col = std::nearbyint(plot[0]) - 600;
+  const double lowest_row = std::nearbyint(plot[1]) - 600;
+  camera.patch = {11500, first_col, lowest_row + kVolumeSide - 1, kVolumeSide};
+  return camera;
+}
+
+/// A volume whose images 0 to 4 hold smooth values from about -0.9 to 0.9. The noise counts its
+/// rows from the patch's lowest.
+inline std::vector<double> Smooth_Volume() {
+  std::vector<double> volume(std::size_t{kVolumeImages} * kVolumeSide * kVolumeSide);
+  for (int row = 0; row < kVolumeSide; ++row) {
+    for (int col = 0; col < kVolumeSide; ++col) {
+      const std::size_t at =
+          static_cast<std::size_t>(col) + std::size_t{kVolumeSide} * static_cast<std::size_t>(row);
+      for (std::size_t k = 0; k < 5; ++k) {
+        const int noise = Value_Noise(900 + k, col, kVolumeSide - 1 - row, 4);
+        volume[k + kVolumeImages * at] = (noise - 127.5) / 140.0;
+      }
+    }
+  }
+  return volume;
+}
+
+/// Scores from 0 to 2, bell shaped; entry 0 is free.
+inline std::vector<float> Scores(std::size_t count) {
+  std::vector<float> scores(count + 1);
+  for (std::size_t i = 0; i < count; ++i) {
+    double sum = 0;
+    for (std::size_t k = 0; k < 4; ++k) sum += Random_Unit(21, 4 * i + k);
+    scores[i + 1] = static_cast<float>(0.5 * sum);
+  }
+  return scores;
+}
+
+}  // namespace sylvomex::bench

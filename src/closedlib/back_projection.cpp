@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include "closedlib/back_projection.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "closedlib/parallel_tasks.h"
+#include "closedlib/projection_rows.h"
+#include "platform/run_time_error.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr std::size_t kBlockPoints = 256;   // whose entries are called to the cache together
+constexpr std::size_t kTaskPoints = 16384;  // a multiple of kBlockPoints
+constexpr std::size_t kMostFactors = 9;     // of a geometric mean: one an image
+
+void Refuse(const std::string& about) {
+  throw RunTimeError(Failure::SubscriptOutOfRange, "back-projection: " + about);
+}
+
+void Require_Room(const std::string& what, std::size_t given, std::size_t needed) {
+  if (given >= needed) return;
+  Refuse(std::to_string(needed) + " " + what + " are needed, " + std::to_string(given) +
+         " are given");
+}
+
+/// Rotation about X by omega, then about Y by phi, then about Z by kappa, by rows.
+std::array<double, 9> Rotation(double omega, double phi, double kappa) {
+  const double so = std::sin(omega), co = std::cos(omega);
+  const double sp = std::sin(phi), cp = std::cos(phi);
+  const double sk = std::sin(kappa), ck = std::cos(kappa);
+  return {ck * cp,
+          co * sk + so * sp * ck,
+          so * sk - co * sp * ck,
+          -cp * sk,
+          co * ck - so * sp * sk,
+          so * ck + co * sp * sk,
+          sp,
+          -so * cp,
+          co * cp};
+}
+
+PatchProjection Make_Projection(const std::array<double, 6>& affine,
+                                const std::array<double, 7>& exterior,
+                                const std::array<double, 4>& patch) {
+  PatchProjection projection;
+  projection.m = Rotation(exterior[0], exterior[1], exterior[2]);
+  projection.X0 = exterior[3];
+  projection.Y0 = exterior[4];
+  projection.Z0 = exterior[5];
+  projection.c = exterior[6];
+  // A camera without a principal distance has no image: every denominator is 0.
+  if (projection.c == 0) std::fill(projection.m.begin() + 6, projection.m.end(), 0.0);
+  projection.affine = affine;
+  projection.col_origin = patch[1];
+  projection.row_origin = patch[2];
+  return projection;
+}
+
+/// Looks the entries up in one image's slice of the volume, which starts at `slice`. They lie a
+/// cache line apart each, so all are called before the first is read.
+void Look_Up(std::span<const std::int64_t> entries, const double* slice, float* scores) {
+  for (const std::int64_t entry : entries) {
+    __builtin_prefetch(slice + kVolumeImages * std::max<std::int64_t>(entry, 0));
+  }
+  for (std::size_t k = 0; k < entries.size(); ++k) {
+    scores[k] = entries[k] == kNoEntry ? 0 : static_cast<float>(slice[kVolumeImages * entries[k]]);
+  }
+}
+
+/// Calls part(first, last) for stretches of points that cover 0 ... count - 1.
+template <class Part>
+void For_Each_Stretch(std::size_t count, int threads, const Part& part) {
+  const auto tasks = static_cast<int>((count + kTaskPoints - 1) / kTaskPoints);
+  Run_Tasks(tasks, threads, [&](int task) {
+    const std::size_t first = static_cast<std::size_t>(task) * kTaskPoints;
+    part(first, std::min(count, first + kTaskPoints));
+  });
+}
+
+}  // namespace
+
+void MYFUNC_COMPUTEBKPROJ(int image, const std::array<double, 6>& affine,
+                          const std::array<double, 7>& exterior, const std::array<double, 4>& patch,
+                          std::span<float> scores, std::span<const MeshPoint> mesh,
+                          std::span<const double> volume, int threads) {
+  if (image < 0 || image >= kVolumeImages) Refuse("image " + std::to_string(image));
+  if (patch[3] != kVolumeSide) {
+    Refuse("a volume of " + std::to_string(patch[3]) + " columns instead of 1201");
+  }
+  Require_Room("scores", scores.size(), mesh.size());
+  Require_Room("entries of the volume", volume.size(),
+               std::size_t{kVolumeImages} * kVolumeSide * kVolumeSide);
+  const PatchProjection projection = Make_Projection(affine, exterior, patch);
+  const double* slice = volume.data() + image;
+  For_Each_Stretch(mesh.size(), threads, [&](std::size_t first, std::size_t last) {
+    std::array<std::int64_t, kBlockPoints> entries;
+    for (std::size_t at = first; at < last; at += kBlockPoints) {
+      const std::size_t count = std::min(kBlockPoints, last - at);
+      Nearest_Entries(projection, mesh.subspan(at, count), entries.data());
+      Look_Up(std::span(entries).first(count), slice, &scores[at]);
+    }
+  });
+}
+
+void Geometric_Mean_Scores(std::span<const std::span<const float>> values, std::span<float> scores,
+                           int threads) {
+  if (values.empty() || values.size() > kMostFactors) {
+    Refuse("the mean of " + std::to_string(values.size()) + " images, 1 to 9 are possible");
+  }
+  for (const auto& image : values) Require_Room("values", image.size(), scores.size());
+  if (values.size() == 1) {
+    std::transform(scores.begin(), scores.end(), values[0].begin(), scores.begin(),
+                   [](float, float v) { return static_cast<float>(1 + static_cast<double>(v)); });
+    return;
+  }
+  For_Each_Stretch(scores.size(), threads, [&](std::size_t first, std::size_t last) {
+    Mean_Roots(values, first, last - first, &scores[first]);
+  });
+}
+
+}  // namespace sylvomex

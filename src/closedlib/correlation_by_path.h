@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "closedlib/correlation_sums.h"
+
+namespace sylvomex {
+
+/// The arguments of MYFUNC_CORIMA, by the same names.
+struct CorrelationInput {
+  std::span<const std::uint8_t> patch;
+  int patch_width = 0, patch_height = 0;
+  std::span<const std::uint8_t> pattern;
+  int template_width = 0, template_height = 0;
+  int reference_col = 0, reference_row = 0;
+};
+
+/// MYFUNC_CORIMA with a given way of adding; the values are the same with every one.
+void Correlate_By_Path(const SumPath& path, const CorrelationInput& input, std::span<double> result,
+                       int threads);
+
+}  // namespace sylvomex

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+// The sums behind a correlation image, all exact integers, so that every way of adding them
+// gives the same bits. With v a patch pixel and t a template value at a pixel of the mask:
+// products = sum of v (t - 128), sums = sum of v, squares = sum of v (v - 128).
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "closedlib/correlation_plan.h"
+
+namespace sylvomex {
+
+/// The patch pixels under a tile, `stride` a row; a way of adding fills the one it reads.
+struct TilePixels {
+  std::vector<std::uint8_t> bytes;
+  std::vector<std::int16_t> words;
+};
+
+/// Sums of kTileCols windows side by side.
+struct RowSums {
+  alignas(64) std::array<std::int32_t, kTileCols> sums{};
+  alignas(64) std::array<std::int32_t, kTileCols> squares{};
+};
+
+struct BlockSums {
+  alignas(64) std::array<std::array<std::int32_t, kTileCols>, kBlockRows> products{};
+  std::array<RowSums, kBlockRows> rows{};
+};
+
+/// A way of adding.
+struct SumPath {
+  /// Copies `rows` rows of `cols` bytes, patch_width apart, to the first places of the tile's
+  /// rows; the rest of the tile's tile_rows rows becomes 0.
+  void (*load)(const std::uint8_t* patch, std::size_t patch_width, int cols, int rows,
+               int tile_rows, int stride, TilePixels& tile);
+  /// Sums of the windows of one row, the slow way.
+  void (*start)(const MaskBand& band, const TilePixels& tile, std::size_t first, RowSums& row);
+  /// Sums of kBlockRows rows of windows. first: place of the first window's first pixel in the
+  /// tile. row: sums of the first row at call, of the row after the last on return.
+  void (*block)(const MaskBand& band, const TilePixels& tile, std::size_t first, int stride,
+                RowSums& row, BlockSums& block);
+};
+
+/// For every machine; the widest vector unit is chosen at run time.
+const SumPath& Portable_Sums();
+
+/// Byte dot products of AVX-512 VNNI; nullptr on machines without them.
+const SumPath* Byte_Dot_Sums();
+
+/// What turns sums into coefficients.
+struct CoefficientTerms {
+  double pixels = 0, pattern_sum = 0, pattern_variance = 0;
+};
+
+/// Coefficients of count windows; pattern_variance is above 0.
+void Row_Coefficients(const CoefficientTerms& terms,
+                      const std::array<std::int32_t, kTileCols>& products, const RowSums& sums,
+                      int count, double* result);
+
+}  // namespace sylvomex

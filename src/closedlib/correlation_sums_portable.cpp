@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+// Sums by 16-bit products on any vector unit: a 32-bit lane takes two neighbouring columns,
+// and the windows that start at even and at odd columns share a vector each.
+#include <algorithm>
+#include <cstring>
+
+// Their vectors have no size at compile time, so they cannot lie in arrays.
+#define HWY_DISABLED_TARGETS (HWY_SVE | HWY_SVE2 | HWY_SVE_256 | HWY_SVE2_128 | HWY_RVV)
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "closedlib/correlation_sums_portable.cpp"
+#include "hwy/foreach_target.h"  // IWYU pragma: keep
+
+#include "closedlib/correlation_sums.h"
+#include "hwy/highway.h"
+
+HWY_BEFORE_NAMESPACE();
+namespace sylvomex {
+namespace HWY_NAMESPACE {
+
+namespace hn = hwy::HWY_NAMESPACE;
+
+using Words = hn::CappedTag<std::int16_t, kTileCols>;
+using Sums = hn::RepartitionToWide<Words>;
+
+constexpr int kPairPhases = 2;
+
+/// Two neighbouring taps in every lane.
+HWY_INLINE hn::Vec<Words> Tap_Pair(const std::int16_t* taps) {
+  std::int32_t pair = 0;
+  std::memcpy(&pair, taps, sizeof pair);
+  return hn::BitCast(Words(), hn::Set(Sums(), pair));
+}
+
+/// Products of kBlockRows rows of as many windows as a vector has words, from column `from`.
+HWY_INLINE void Column_Products(const MaskBand& band, const std::int16_t* pixels, int stride,
+                                std::size_t from, BlockSums& block) {
+  const Words words;
+  const Sums sums;
+  hn::Vec<Sums> low[kBlockRows][kPairPhases], high[kBlockRows][kPairPhases];
+  for (int row = 0; row < kBlockRows; ++row) {
+    for (int k = 0; k < kPairPhases; ++k) low[row][k] = high[row][k] = hn::Zero(sums);
+  }
+  const std::int16_t* taps = band.wide_taps.data() + (kBlockRows - 1) * band.tap_cols;
+  for (const GroupRange reach : band.reach) {
+    for (int col = kTapGroup * reach.first; col < kTapGroup * reach.last; col += kPairPhases) {
+      const auto even = hn::LoadU(words, pixels + col);
+      const auto odd = hn::LoadU(words, pixels + col + 1);
+#pragma GCC unroll 6
+      for (int row = 0; row < kBlockRows; ++row) {
+        const auto tap = Tap_Pair(taps + col - row * band.tap_cols);
+        low[row][0] = hn::ReorderWidenMulAccumulate(sums, even, tap, low[row][0], high[row][0]);
+        low[row][1] = hn::ReorderWidenMulAccumulate(sums, odd, tap, low[row][1], high[row][1]);
+      }
+    }
+    taps += band.tap_cols;
+    pixels += stride;
+  }
+  for (int row = 0; row < kBlockRows; ++row) {
+    hn::StoreInterleaved2(hn::RearrangeToOddPlusEven(low[row][0], high[row][0]),
+                          hn::RearrangeToOddPlusEven(low[row][1], high[row][1]), sums,
+                          block.products[static_cast<std::size_t>(row)].data() + from);
+  }
+}
+
+void Block_Products(const MaskBand& band, const std::int16_t* pixels, int stride,
+                    BlockSums& block) {
+  const std::size_t step = hn::Lanes(Words());
+  for (std::size_t from = 0; from < kTileCols; from += step) {
+    Column_Products(band, pixels + from, stride, from, block);
+  }
+}
+
+void Add_All(const MaskBand& band, const std::int16_t* window, RowSums& row) {
+  const Sums sums;
+  const hn::Rebind<std::int16_t, Sums> words;
+  const auto bias = hn::Set(sums, kTapOffset);
+  for (std::size_t k = 0; k < kTileCols; k += hn::Lanes(sums)) {
+    auto sum = hn::Zero(sums);
+    auto squares = hn::Zero(sums);
+    for (const std::int32_t place : band.all) {
+      const auto v = hn::PromoteTo(sums, hn::LoadU(words, window + place + k));
+      sum = hn::Add(sum, v);
+      squares = hn::Add(squares, hn::Mul(v, hn::Sub(v, bias)));
+    }
+    hn::Store(sum, sums, row.sums.data() + k);
+    hn::Store(squares, sums, row.squares.data() + k);
+  }
+}
+
+/// Moves the windows down by one row; e (e - 128) - l (l - 128) = (e - l) (e + l - 128).
+void Move_Down(const MaskBand& band, const std::int16_t* window, RowSums& row) {
+  const Sums sums;
+  const hn::Rebind<std::int16_t, Sums> words;
+  const auto bias = hn::Set(sums, kTapOffset);
+  const std::size_t edges = band.entering.size();
+  for (std::size_t k = 0; k < kTileCols; k += hn::Lanes(sums)) {
+    auto sum = hn::Load(sums, row.sums.data() + k);
+    auto squares = hn::Load(sums, row.squares.data() + k);
+    for (std::size_t edge = 0; edge < edges; ++edge) {
+      const auto e = hn::PromoteTo(sums, hn::LoadU(words, window + band.entering[edge] + k));
+      const auto l = hn::PromoteTo(sums, hn::LoadU(words, window + band.leaving[edge] + k));
+      const auto difference = hn::Sub(e, l);
+      sum = hn::Add(sum, difference);
+      squares = hn::Add(squares, hn::Mul(difference, hn::Sub(hn::Add(e, l), bias)));
+    }
+    hn::Store(sum, sums, row.sums.data() + k);
+    hn::Store(squares, sums, row.squares.data() + k);
+  }
+}
+
+void Add_Block(const MaskBand& band, const std::int16_t* window, int stride, RowSums& row,
+               BlockSums& block) {
+  Block_Products(band, window, stride, block);
+  for (RowSums& to : block.rows) {
+    to = row;
+    Move_Down(band, window, row);
+    window += stride;
+  }
+}
+
+using Reals = hn::CappedTag<double, 8>;
+
+/// Every step but the root and the quotient is exact: the terms are integers below 2^53.
+HWY_INLINE hn::Vec<Reals> Coefficients(const CoefficientTerms& terms, hn::Vec<Reals> products,
+                                       hn::Vec<Reals> sums, hn::Vec<Reals> squares) {
+  const Reals d;
+  const auto n = hn::Set(d, terms.pixels);
+  const auto shifted = hn::Mul(hn::Set(d, kTapOffset), sums);
+  const auto covariance =
+      hn::Sub(hn::Mul(n, hn::Add(products, shifted)), hn::Mul(sums, hn::Set(d, terms.pattern_sum)));
+  const auto variance = hn::Sub(hn::Mul(n, hn::Add(squares, shifted)), hn::Mul(sums, sums));
+  const auto r =
+      hn::Div(covariance, hn::Sqrt(hn::Mul(variance, hn::Set(d, terms.pattern_variance))));
+  const auto limited = hn::Max(hn::Set(d, -1), hn::Min(hn::Set(d, 1), r));
+  return hn::IfThenElseZero(hn::Gt(variance, hn::Zero(d)), limited);
+}
+
+void Tile_Coefficients(const CoefficientTerms& terms, const std::int32_t* products,
+                       const RowSums& sums, double* result) {
+  const Reals d;
+  const hn::Rebind<std::int32_t, Reals> whole;
+  const auto real = [&](const std::int32_t* from)
+                        HWY_ATTR { return hn::PromoteTo(d, hn::Load(whole, from)); };
+  for (std::size_t k = 0; k < kTileCols; k += hn::Lanes(d)) {
+    hn::StoreU(Coefficients(terms, real(products + k), real(sums.sums.data() + k),
+                            real(sums.squares.data() + k)),
+               d, result + k);
+  }
+}
+
+}  // namespace HWY_NAMESPACE
+}  // namespace sylvomex
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+namespace sylvomex {
+namespace {
+
+HWY_EXPORT(Add_All);
+HWY_EXPORT(Add_Block);
+HWY_EXPORT(Tile_Coefficients);
+
+void Load_Words(const std::uint8_t* patch, std::size_t patch_width, int cols, int rows,
+                int tile_rows, int stride, TilePixels& tile) {
+  tile.words.resize(static_cast<std::size_t>(stride) * static_cast<std::size_t>(tile_rows));
+  auto* to = tile.words.data();
+  for (int row = 0; row < tile_rows; ++row, to += stride) {
+    const int given = row < rows ? cols : 0;
+    const std::uint8_t* from =
+        patch + (given > 0 ? static_cast<std::size_t>(row) * patch_width : 0);
+    std::copy(from, from + given, to);
+    std::fill(to + given, to + stride, std::int16_t{0});
+  }
+}
+
+void Start_Row(const MaskBand& band, const TilePixels& tile, std::size_t first, RowSums& row) {
+  HWY_DYNAMIC_DISPATCH(Add_All)(band, tile.words.data() + first, row);
+}
+
+void Add_Rows(const MaskBand& band, const TilePixels& tile, std::size_t first, int stride,
+              RowSums& row, BlockSums& block) {
+  HWY_DYNAMIC_DISPATCH(Add_Block)(band, tile.words.data() + first, stride, row, block);
+}
+
+constexpr SumPath kPortableSums = {Load_Words, Start_Row, Add_Rows};
+
+}  // namespace
+
+const SumPath& Portable_Sums() { return kPortableSums; }
+
+void Row_Coefficients(const CoefficientTerms& terms,
+                      const std::array<std::int32_t, kTileCols>& products, const RowSums& sums,
+                      int count, double* result) {
+  if (count == kTileCols) {
+    HWY_DYNAMIC_DISPATCH(Tile_Coefficients)(terms, products.data(), sums, result);
+    return;
+  }
+  std::array<double, kTileCols> all{};
+  HWY_DYNAMIC_DISPATCH(Tile_Coefficients)(terms, products.data(), sums, all.data());
+  std::copy_n(all.begin(), count, result);
+}
+
+}  // namespace sylvomex
+#endif  // HWY_ONCE

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+// Independent tasks on one thread or on all.
+#pragma once
+
+#include <tbb/parallel_for.h>
+
+namespace sylvomex {
+
+/// Calls task(0) ... task(count - 1), each once. threads: 1 keeps to the calling thread, in
+/// order; 0 spreads them, in any order.
+template <class Task>
+void Run_Tasks(int count, int threads, const Task& task) {
+  if (threads != 1 && count > 1) {
+    tbb::parallel_for(0, count, task);
+    return;
+  }
+  for (int k = 0; k < count; ++k) task(k);
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+// The inner loops of the back-projection, some points a call. One fixed order of operations on
+// doubles, never fused, so that every vector unit gives the same bits.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "closedlib/back_projection.h"
+
+namespace sylvomex {
+
+/// From object to patch: collinearity with the rotation matrix m by rows, then the affine
+/// transform to full-image pixels, then the patch's origin.
+struct PatchProjection {
+  std::array<double, 9> m{};
+  double X0 = 0, Y0 = 0, Z0 = 0;          // metres
+  double c = 0;                           // metres
+  std::array<double, 6> affine{};         // A1, A2, A0, B1, B2, B0
+  double col_origin = 0, row_origin = 0;  // full-image; rows from the bottom
+};
+
+/// Entry of a one-image table of each point's nearest pixel, col + kVolumeSide patch row;
+/// kNoEntry where there is none.
+inline constexpr std::int64_t kNoEntry = -1;
+void Nearest_Entries(const PatchProjection& projection, std::span<const MeshPoint> mesh,
+                     std::int64_t* entries);
+
+/// (product of 1 + v) ^ (1 / N), from N spans of one value a point; N from 2 to 9. A product
+/// that is not above 0 gives 0.
+void Mean_Roots(std::span<const std::span<const float>> values, std::size_t first,
+                std::size_t count, float* scores);
+
+}  // namespace sylvomex

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "closedlib/back_projection.h"
+
+namespace sylvomex {
+
+/// The correlation images of all images in one table, as closedlib/back_projection.h lays it out.
+/// Its 104 MB are taken when they are first needed and are zeros until written, which costs memory
+/// only where something was written.
+class CorrelationVolume {
+ public:
+  /// Stores a correlation image, row by row, and clears what a larger one before it left.
+  /// RunTimeError(SubscriptOutOfRange) naming both sizes when it has more than 1201 columns or
+  /// rows, RunTimeError(OutOfMemory) without room for the table.
+  void Store(int image, int width, int height, std::span<const double> values);
+
+  /// The whole table. RunTimeError(OutOfMemory) without room for it.
+  std::span<const double> All();
+
+  static void Require_Room(int width, int height);
+
+ private:
+  struct Release {
+    void operator()(double* entries) const;
+  };
+  struct Extent {
+    int width = 0, height = 0;
+  };
+  double* Entries();
+
+  std::unique_ptr<double[], Release> entries_;
+  std::array<Extent, kVolumeImages> stored_;
+};
+
+/// (value + 1) x 128, half to even, limited to 0 .. 255.
+std::vector<std::uint8_t> Correlation_Bytes(std::span<const double> values);
+
+}  // namespace sylvomex

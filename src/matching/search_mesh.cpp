@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "matching/search_mesh.h"
+
+#include <cmath>
+#include <string>
+
+#include "platform/number_text.h"
+#include "platform/run_time_error.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr double kEndMargin = 0.001;  // metres
+
+struct MeshColumn {
+  double X = 0, Y = 0;
+  double bottom = 0;
+  double points = 0;  // whole number
+};
+
+// Whole number of steps start, start + step, ... up to end; 0 when end lies below start.
+double Count_Steps(double start, double end, double step) {
+  if (!(end >= start)) return 0;
+  return std::floor((end - start) / step + 1e-6) + 1;
+}
+
+void Require_Spacing(double spacing) {
+  if (spacing > 0) return;
+  throw RunTimeError(Failure::BadContent,
+                     "the mesh spacing is " + Plain_Text(spacing) + ", it must be above 0");
+}
+
+void Require_Room(double count, const char* what) {
+  if (count <= kMostMeshPoints) return;
+  throw RunTimeError(Failure::OutOfMemory, "a mesh of " + Plain_Text(count) + " " + what +
+                                               ", at most " + Plain_Text(kMostMeshPoints) + " fit");
+}
+
+MeshColumn Column_At(const MeshSettings& settings, double u, double v, const HeightLookup& terrain,
+                     const HeightLookup& canopy) {
+  const double cos_q = std::cos(settings.rotation), sin_q = std::sin(settings.rotation);
+  MeshColumn column;
+  column.X = u * cos_q - v * sin_q + settings.plot_X;
+  column.Y = v * cos_q + u * sin_q + settings.plot_Y;
+  const double ground = terrain(column.X, column.Y);
+  const double top = ground + settings.top_factor * (canopy(column.X, column.Y) - ground);
+  column.bottom = ground + settings.low_factor * (top - ground);
+  column.points = Count_Steps(column.bottom, top, settings.dz);
+  return column;
+}
+
+template <class Visit>
+void Visit_Columns(const MeshSettings& settings, const HeightLookup& terrain,
+                   const HeightLookup& canopy, Visit&& visit) {
+  const double first_u = -settings.side_X / 2, first_v = -settings.side_Y / 2;
+  const double count_u = Count_Steps(first_u, settings.side_X / 2 + kEndMargin, settings.dx);
+  const double count_v = Count_Steps(first_v, settings.side_Y / 2 + kEndMargin, settings.dy);
+  Require_Room(count_u * count_v, "columns");
+  for (double i = 0; i < count_u; ++i) {
+    for (double j = 0; j < count_v; ++j) {
+      visit(Column_At(settings, first_u + i * settings.dx, first_v + j * settings.dy, terrain,
+                      canopy));
+    }
+  }
+}
+
+}  // namespace
+
+std::vector<MeshPoint> Build_Mesh(const MeshSettings& settings, const HeightLookup& terrain,
+                                  const HeightLookup& canopy) {
+  for (const double spacing : {settings.dx, settings.dy, settings.dz}) Require_Spacing(spacing);
+  double count = 0;
+  Visit_Columns(settings, terrain, canopy,
+                [&count](const MeshColumn& column) { count += column.points; });
+  Require_Room(count, "points");
+  std::vector<MeshPoint> mesh;
+  mesh.reserve(static_cast<std::size_t>(count));
+  Visit_Columns(settings, terrain, canopy, [&](const MeshColumn& column) {
+    for (double k = 0; k < column.points; ++k) {
+      mesh.push_back({column.X, column.Y, column.bottom + k * settings.dz});
+    }
+  });
+  return mesh;
+}
+
+}  // namespace sylvomex

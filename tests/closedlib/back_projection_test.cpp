@@ -1,0 +1,310 @@
+// SPDX-License-Identifier: MIT
+#include "closedlib/back_projection.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <numeric>
+#include <random>
+
+#include "matching_inputs.h"
+#include "platform/run_time_error.h"
+#include "vector_units.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+/// The volume's value of image 3 tells where it was read; every other image holds 9.
+const std::vector<double>& Telling_Volume() {
+  static const std::vector<double> volume = [] {
+    std::vector<double> v(std::size_t{kVolumeImages} * kVolumeSide * kVolumeSide, 9);
+    for (std::size_t at = 3, k = 1; at < v.size(); at += kVolumeImages, ++k) {
+      v[at] = static_cast<double>(k);
+    }
+    return v;
+  }();
+  return volume;
+}
+
+float Told(int col, int row) { return static_cast<float>(1 + col + kVolumeSide * row); }
+
+/// A camera 1000 m above the origin that looks straight down: c 0.1 m, 10 micrometre pixels, so
+/// 0.1 m of ground at height 0 is a pixel; the pixel of the nadir is (500, 700).
+struct Setting {
+  std::array<double, 6> affine = {1e5, 0, 500, 0, 1e5, 700};
+  std::array<double, 7> exterior = {0, 0, 0, 0, 0, 1000, 0.1};
+  std::array<double, 4> patch = {2000, 0, 1200, kVolumeSide};
+};
+
+std::vector<float> Project(const Setting& s, const std::vector<MeshPoint>& mesh, int threads = 1) {
+  std::vector<float> scores(mesh.size(), 77);
+  MYFUNC_COMPUTEBKPROJ(3, s.affine, s.exterior, s.patch, scores, mesh, Telling_Volume(), threads);
+  return scores;
+}
+
+float Project(const Setting& s, const MeshPoint& point) {
+  return Project(s, std::vector<MeshPoint>{point})[0];
+}
+
+TEST(BackProjection, ReadsTheImageColumnAndRowOfThePoint) {
+  // 20 m east are 200 pixels right, 10 m north 100 pixels up: full-image (700, 800), patch row
+  // 1200 - 800.
+  EXPECT_EQ(Project({}, {20, 10, 0}), Told(700, 400));
+}
+
+TEST(BackProjection, HeightMovesThePointOutwards) {
+  // At 500 m a pixel is 0.05 m.
+  EXPECT_EQ(Project({}, {10, 5, 500}), Told(700, 400));
+}
+
+TEST(BackProjection, OriginsMoveThePatch) {
+  Setting s;
+  s.patch = {2000, 600, 810, kVolumeSide};
+  EXPECT_EQ(Project(s, {20, 10, 0}), Told(100, 10));
+}
+
+TEST(BackProjection, KappaTurnsTheImage) {
+  Setting s;
+  s.exterior[2] = std::acos(0.0);  // x = sin k dY, y = -sin k dX
+  EXPECT_EQ(Project(s, {20, 10, 0}), Told(600, 1200 - 500));
+}
+
+TEST(BackProjection, TakesTheNearestPixelHalfToEven) {
+  Setting s;
+  s.affine = {0, 0, 0, 0, 0, 700};  // every point at one place
+  const std::pair<double, int> columns[] = {{0.5, 0},  {1.5, 2},       {2.5, 2},
+                                            {2.49, 2}, {2.51, 3},      {-0.5, 0},
+                                            {-0.4, 0}, {1200.5, 1200}, {1200.4, 1200}};
+  for (const auto& [col, nearest] : columns) {
+    s.affine[2] = col;
+    EXPECT_EQ(Project(s, {1, 2, 3}), Told(nearest, 500)) << col;
+  }
+  s.affine[2] = 7;
+  const std::pair<double, int> rows[] = {{699.5, 500}, {698.5, 502}, {698.4, 502}, {1200.5, 0}};
+  for (const auto& [row, nearest] : rows) {
+    s.affine[5] = row;
+    EXPECT_EQ(Project(s, {1, 2, 3}), Told(7, nearest)) << row;
+  }
+}
+
+TEST(BackProjection, OutsideThePatchGivesZero) {
+  Setting s;
+  s.affine = {0, 0, 0, 0, 0, 700};
+  for (const double col : {-0.51, -1.0, 1200.51, 1201.0, 1e12, -1e300, kInfinity, kNan}) {
+    s.affine[2] = col;
+    EXPECT_EQ(Project(s, {1, 2, 3}), 0) << col;
+  }
+  s.affine[2] = 0;
+  for (const double row : {-0.51, 1200.51, 1e18, -kInfinity, kNan}) {
+    s.affine[5] = row;
+    EXPECT_EQ(Project(s, {1, 2, 3}), 0) << row;
+  }
+}
+
+TEST(BackProjection, PointInThePlaneOfTheProjectionCentreGivesZero) {
+  EXPECT_EQ(Project({}, {20, 10, 1000}), 0);
+  EXPECT_EQ(Project({}, {0, 0, 1000}), 0);
+}
+
+TEST(BackProjection, PointThatIsNoPlaceGivesZero) {
+  for (const double bad : {kNan, kInfinity, -kInfinity, 1e308}) {
+    EXPECT_EQ(Project({}, {bad, 10, 0}), 0) << bad;
+    EXPECT_EQ(Project({}, {20, bad, 0}), 0) << bad;
+  }
+  EXPECT_EQ(Project({}, {20, 10, kNan}), 0);
+  EXPECT_EQ(Project({}, {0, 0, kInfinity}), 0);
+}
+
+TEST(BackProjection, CameraWithoutPrincipalDistanceGivesZero) {
+  Setting s;
+  s.exterior[6] = 0;
+  EXPECT_EQ(Project(s, {20, 10, 0}), 0);
+}
+
+TEST(BackProjection, EmptyMeshIsNoFault) {
+  EXPECT_TRUE(Project({}, std::vector<MeshPoint>{}).empty());
+}
+
+TEST(BackProjection, WrongSizesAreRefused) {
+  const Setting s;
+  const std::vector<MeshPoint> mesh(3);
+  std::vector<float> scores(3);
+  const auto project = [&](int image, std::size_t room, std::size_t volume, double side) {
+    MYFUNC_COMPUTEBKPROJ(image, s.affine, s.exterior, {2000, 0, 1200, side},
+                         std::span(scores).first(room), mesh,
+                         std::span(Telling_Volume()).first(volume));
+  };
+  const std::size_t whole = Telling_Volume().size();
+  EXPECT_NO_THROW(project(0, 3, whole, 1201));
+  EXPECT_THROW(project(9, 3, whole, 1201), RunTimeError);
+  EXPECT_THROW(project(-1, 3, whole, 1201), RunTimeError);
+  EXPECT_THROW(project(0, 2, whole, 1201), RunTimeError);
+  EXPECT_THROW(project(0, 3, whole - 1, 1201), RunTimeError);
+  EXPECT_THROW(project(0, 3, whole, 1200), RunTimeError);
+}
+
+std::vector<MeshPoint> Random_Mesh(std::size_t count) {
+  std::mt19937 random(4);
+  std::uniform_real_distribution<double> away(-75, 75);
+  std::vector<MeshPoint> mesh(count);
+  for (MeshPoint& p : mesh) p = {away(random), away(random), away(random) / 3};
+  return mesh;
+}
+
+/// Rotations one after the other about X, Y and Z, then collinearity, in long double.
+std::array<long double, 2> Pixel(const Setting& s, const MeshPoint& p) {
+  const auto& e = s.exterior;
+  long double X = p.X - e[3], Y = p.Y - e[4], Z = p.Z - e[5];
+  const auto turn = [](double angle, long double& a, long double& b) {
+    const long double sine = std::sin(static_cast<long double>(angle));
+    const long double cosine = std::cos(static_cast<long double>(angle));
+    const long double turned = cosine * a + sine * b;
+    b = cosine * b - sine * a;
+    a = turned;
+  };
+  turn(e[0], Y, Z);
+  turn(e[1], Z, X);
+  turn(e[2], X, Y);
+  const long double x = -e[6] * X / Z, y = -e[6] * Y / Z;
+  return {s.affine[0] * x + s.affine[1] * y + s.affine[2],
+          s.affine[3] * x + s.affine[4] * y + s.affine[5]};
+}
+
+Setting Tilted_Setting() {
+  Setting s;
+  s.affine = {1e5, 900, 620.3, -700, 1.02e5, 610.7};
+  s.exterior = {0.02, -0.03, 2.1, 11, -9, 1003, 0.1};
+  return s;
+}
+
+using BackProjectionUnits = OnEveryVectorUnit;
+
+TEST_F(BackProjectionUnits, TiltedCameraReadsThePixelOfTheTurnedRay) {
+  const Setting s = Tilted_Setting();
+  const std::vector<MeshPoint> mesh = Random_Mesh(3001);
+  Run([&] {
+    const std::vector<float> scores = Project(s, mesh);
+    std::size_t inside = 0;
+    for (std::size_t k = 0; k < mesh.size(); ++k) {
+      const auto [col, row] = Pixel(s, mesh[k]);
+      const long double c = std::rint(col), r = std::rint(1200 - row);
+      const bool seen = c >= 0 && r >= 0 && c <= 1200 && r <= 1200;
+      inside += seen;
+      ASSERT_EQ(scores[k], seen ? Told(static_cast<int>(c), static_cast<int>(r)) : 0) << k;
+    }
+    EXPECT_GT(inside, 1000U);
+    EXPECT_LT(inside, 2000U);
+  });
+}
+
+TEST_F(BackProjectionUnits, EveryUnitAndNumberOfThreadsGivesTheSameBits) {
+  const std::vector<MeshPoint> mesh = Random_Mesh(40003);
+  const std::vector<float> expected = Project(Tilted_Setting(), mesh);
+  Run([&] {
+    EXPECT_EQ(Project(Tilted_Setting(), mesh, 1), expected);
+    EXPECT_EQ(Project(Tilted_Setting(), mesh, 0), expected);
+  });
+}
+
+using Images = std::vector<std::vector<float>>;
+
+std::vector<float> Mean(const Images& values, int threads = 1) {
+  const std::vector<std::span<const float>> spans(values.begin(), values.end());
+  std::vector<float> scores(values[0].size(), 77);
+  Geometric_Mean_Scores(spans, scores, threads);
+  return scores;
+}
+
+TEST(GeometricMean, ValuesWorkedOutByHand) {
+  EXPECT_EQ(Mean({{0}, {0}, {0}})[0], 1);
+  EXPECT_EQ(Mean({{1}, {1}})[0], 2);
+  EXPECT_EQ(Mean({{0.5F}, {0.5F}, {0.5F}, {0.5F}, {0.5F}})[0], 1.5F);
+  EXPECT_FLOAT_EQ(Mean({{1}, {-0.5F}})[0], 1);
+  EXPECT_FLOAT_EQ(Mean({{0.5F}, {0}})[0], static_cast<float>(std::sqrt(1.5)));
+}
+
+TEST(GeometricMean, OneImageOfMinusOneGivesZero) { EXPECT_EQ(Mean({{0.9F}, {-1}, {0.9F}})[0], 0); }
+
+TEST(GeometricMean, OneImageGivesOnePlusItsValue) {
+  EXPECT_EQ(Mean({{0.25F, -1}}), (std::vector<float>{1.25F, 0}));
+}
+
+TEST(GeometricMean, ProductBelowZeroAndNoNumberGiveZero) {
+  EXPECT_EQ(Mean({{-3}, {0.5F}})[0], 0);
+  EXPECT_EQ(Mean({{std::numeric_limits<float>::quiet_NaN()}, {0.5F}})[0], 0);
+}
+
+TEST(GeometricMean, NoImagesTooManyAndShortSpansAreRefused) {
+  std::vector<float> scores(2);
+  const std::vector<float> two(2), one(1);
+  EXPECT_THROW(Geometric_Mean_Scores({}, scores), RunTimeError);
+  const std::vector<std::span<const float>> ten(10, two);
+  EXPECT_THROW(Geometric_Mean_Scores(ten, scores), RunTimeError);
+  const std::vector<std::span<const float>> uneven = {two, one};
+  EXPECT_THROW(Geometric_Mean_Scores(uneven, scores), RunTimeError);
+}
+
+Images Random_Values(std::size_t images, std::size_t count) {
+  std::mt19937 random(9);
+  std::uniform_real_distribution<float> value(-1, 1);
+  Images values(images, std::vector<float>(count));
+  for (auto& image : values) {
+    for (float& v : image) v = value(random);
+  }
+  // The least product that is not 0, and the largest.
+  for (auto& image : values) {
+    image[0] = std::nextafter(-1.0F, 0.0F);
+    image[1] = 1;
+  }
+  return values;
+}
+
+using GeometricMeanUnits = OnEveryVectorUnit;
+
+TEST_F(GeometricMeanUnits, FollowsThePowerToTheLastBit) {
+  Run([] {
+    for (std::size_t images = 1; images <= 9; ++images) {
+      const Images values = Random_Values(images, 2003);
+      const std::vector<float> scores = Mean(values);
+      for (std::size_t k = 0; k < scores.size(); ++k) {
+        long double product = 1;
+        for (const auto& image : values) product *= 1 + static_cast<long double>(image[k]);
+        const auto expected =
+            static_cast<float>(std::pow(product, 1 / static_cast<long double>(images)));
+        ASSERT_EQ(scores[k], expected) << images << " images, point " << k;
+      }
+    }
+  });
+}
+
+TEST_F(GeometricMeanUnits, EveryUnitAndNumberOfThreadsGivesTheSameBits) {
+  const Images values = Random_Values(5, 50001);
+  const std::vector<float> expected = Mean(values);
+  Run([&] {
+    EXPECT_EQ(Mean(values, 1), expected);
+    EXPECT_EQ(Mean(values, 0), expected);
+  });
+}
+
+/// The sum over half a million points that another program found.
+TEST(BackProjection, SumOfALargeMeshIsThatOfAnIndependentProgram) {
+  constexpr std::size_t kPoints = 500000;
+  const std::vector<MeshPoint> mesh = bench::Mesh(kPoints);
+  const std::vector<double> volume = bench::Smooth_Volume();
+  Images values(5, std::vector<float>(kPoints));
+  for (int k = 0; k < 5; ++k) {
+    const bench::PatchCamera camera = bench::Camera(k);
+    MYFUNC_COMPUTEBKPROJ(k, camera.affine, camera.exterior, camera.patch,
+                         values[static_cast<std::size_t>(k)], mesh, volume);
+  }
+  const std::vector<float> scores = Mean(values, 0);
+  EXPECT_NEAR(std::accumulate(scores.begin(), scores.end(), 0.0), 476883.936, 0.01);
+}
+
+}  // namespace
+}  // namespace sylvomex
