@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Prints how well a session measured the tree tops of the demo site.
+// Prints how well a session measured or found the tree tops of the demo site.
 #include <cstdio>
 #include <exception>
 #include <string>
 
 #include "demo/table/accuracy_table.h"
+#include "demo/table/detection_table.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
 #include "platform/run_time_error.h"
@@ -16,10 +17,20 @@ using namespace sylvomex::demo;
 
 FilePath Native(const char* name) { return {name, name}; }
 
+int Print_Detection(char** arguments) {
+  const auto clusters = Read_Clusters(Native(arguments[3]));
+  const auto plot = Read_Searched_Plot(Read_Whole_File(Native(arguments[1])));
+  const auto table = Compare_Clusters(clusters, Read_True_Trees(Native(arguments[2])), plot);
+  std::fputs(Table_Text(table).c_str(), stdout);
+  return 0;
+}
+
 int Print_Table(int count, char** arguments) {
+  if (count == 4) return Print_Detection(arguments);
   if (count != 3 && !(count == 5 && std::string(arguments[3]) == "--seconds")) {
     throw RunTimeError(Failure::BadContent,
-                       "usage: sylvomex_demo_table TRANSCRIPT TRUTH [--seconds S]");
+                       "usage: sylvomex_demo_table TRANSCRIPT TRUTH [--seconds S]\n"
+                       "       sylvomex_demo_table TRANSCRIPT TRUTH NODES");
   }
   std::optional<double> seconds;
   if (count == 5) seconds = Parse_Double(arguments[4]);

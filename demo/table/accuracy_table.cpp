@@ -5,29 +5,12 @@
 #include <cmath>
 #include <sstream>
 
+#include "demo/table/truth_file.h"
 #include "demo/write/exact_text.h"
-#include "platform/files.h"
 #include "platform/number_text.h"
-#include "platform/run_time_error.h"
 
 namespace sylvomex::demo {
 namespace {
-
-std::vector<std::string> Split_At_Commas(const std::string& line) {
-  std::vector<std::string> fields;
-  std::istringstream stream(line);
-  for (std::string field; std::getline(stream, field, ',');) fields.push_back(field);
-  return fields;
-}
-
-std::size_t Column_Named(const std::vector<std::string>& names, const std::string& name,
-                         const FilePath& file) {
-  const auto found = std::find(names.begin(), names.end(), name);
-  if (found == names.end()) {
-    throw RunTimeError(Failure::BadContent, file.name + ": no column " + name, file.native);
-  }
-  return static_cast<std::size_t>(found - names.begin());
-}
 
 /// The rest of the line after a beginning; nothing when it begins otherwise.
 std::optional<std::string> After(const std::string& line, const std::string& beginning) {
@@ -79,23 +62,12 @@ std::string Axis_Line(const char* name, const AxisErrors& errors) {
 
 }  // namespace
 
-std::map<int, Point3D> Read_True_Tops(const FilePath& truth) {
-  std::istringstream lines(Read_Whole_File(truth));
-  std::string line;
-  std::getline(lines, line);
-  const std::vector<std::string> names = Split_At_Commas(line);
-  const std::size_t id = Column_Named(names, "id", truth), X = Column_Named(names, "X", truth),
-                    Y = Column_Named(names, "Y", truth), Z = Column_Named(names, "top_Z", truth);
+std::map<int, Point3D> Read_True_Tops(const FilePath& file) {
+  const TruthFile truth = Read_Truth_File(file);
+  const std::size_t id = truth.Column("id"), X = truth.Column("X"), Y = truth.Column("Y"),
+                    Z = truth.Column("top_Z");
   std::map<int, Point3D> tops;
-  for (int number = 2; std::getline(lines, line); ++number) {
-    const std::vector<std::string> fields = Split_At_Commas(line);
-    if (fields.size() != names.size()) {
-      throw RunTimeError(Failure::BadContent,
-                         truth.name + ", line " + std::to_string(number) + ": " +
-                             std::to_string(fields.size()) + " fields, the first line has " +
-                             std::to_string(names.size()),
-                         truth.native);
-    }
+  for (const std::vector<std::string>& fields : truth.lines) {
     tops[Parse_Int32(fields[id])] = {Parse_Double(fields[X]), Parse_Double(fields[Y]),
                                      Parse_Double(fields[Z])};
   }

@@ -5,6 +5,7 @@
 #include "demo/write/cursor_file.h"
 #include "demo/write/height_rasters.h"
 #include "demo/write/image_files.h"
+#include "demo/write/match_session.h"
 #include "demo/write/measure_session.h"
 #include "demo/write/site_folders.h"
 #include "demo/write/truth.h"
@@ -32,6 +33,7 @@ void Write_Demo_Site(const Scene& scene, const std::vector<Photograph>& photos,
   Write_Beside_Drives(root / "truth.csv", Truth_Table(scene, photos));
   Write_Beside_Drives(root / "scene.txt", Scene_Summary(scene, photos));
   Write_Beside_Drives(root / "sessions" / "measure.txt", Measure_Session(scene, photos));
+  Write_Beside_Drives(root / "sessions" / "match.txt", Match_Session(scene, photos));
   Write_Beside_Drives(root / "sessions" / "open.txt", Open_Session(scene, photos));
 }
 

@@ -19,7 +19,7 @@ namespace {
 constexpr int kDigitBits = 11;
 constexpr std::size_t kDigits = std::size_t{1} << kDigitBits;
 constexpr std::uint32_t kDigitMask = kDigits - 1;
-constexpr int kPasses = 3;
+static_assert(3 * kDigitBits >= 32, "three passes see every bit of a key");
 constexpr std::size_t kSmallestChunk = 65536;
 constexpr std::size_t kMostChunks = 8;
 constexpr std::size_t kShort = 2048;  // below this the counts cost more than comparisons
@@ -94,8 +94,8 @@ class RadixSort {
         index_(index),
         threads_(threads),
         chunks_(Cut_Chunks(scores.size(), threads)),
-        first_(scores.size()),
-        second_(scores.size()) {}
+        first_(scores.size() + EntryWriter::kAhead),
+        second_(scores.size() + EntryWriter::kAhead) {}
 
   void Run() {
     const Entry* first = first_.Data();

@@ -162,14 +162,11 @@ void Show_Control(QFrame& widget, const Divider& line) {
 
 int Fit_Check_Box(QCheckBox& box, int room) {
   box.setFont(Control_Font());
-  const int needed = box.sizeHint().width();
-  if (needed > room) {
-    QFont narrow = Control_Font();
-    narrow.setStretch(kNarrowestText);
-    box.setFont(narrow);
-  }
-  box.setToolTip(needed > room ? box.text() : QString());
-  return std::min(needed, room);
+  const int natural = box.sizeHint().width();
+  const int beside_caption = natural - QFontMetrics(box.font()).horizontalAdvance(box.text());
+  box.setFont(Squeezed_Font(Control_Font(), box.text(), room - beside_caption));
+  box.setToolTip(box.sizeHint().width() > room ? box.text() : QString());
+  return std::min(natural, room);
 }
 
 QRect Placing(const Control& control) {

@@ -66,7 +66,7 @@ void Show_Control(QPushButton& widget, const Button& button);
 void Show_Control(QFrame& widget, const Divider& line);
 
 /// The width that a tick box needs for its caption, at most `room` pixels: with less room than
-/// needed the caption is squeezed and shown as a tool tip.
+/// needed the caption is squeezed, and shown as a tool tip when that does not help.
 int Fit_Check_Box(QCheckBox& box, int room);
 
 /// Where a control stands in its window, whole pixels.

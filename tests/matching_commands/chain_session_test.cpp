@@ -236,7 +236,7 @@ TEST_F(PlayedChain, FindsTheTreesOfThePlot) {
     EXPECT_TRUE(std::any_of(found.begin(), found.end(),
                             [&top](const Point3D& at) {
                               return std::hypot(at.X - top.X, at.Y - top.Y) < 0.5 &&
-                                     std::abs(at.Z - top.Z) < 0.7;
+                                     std::abs(at.Z - top.Z) < 1;
                             }))
         << top.X << " " << top.Y;
   }

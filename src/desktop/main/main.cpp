@@ -47,6 +47,11 @@ int Report_Failed_Start(const RunTimeError& failure) {
   return kStartFailed;
 }
 
+bool Has_Display() {
+  return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+         qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
+
 int Run_Desktop(const CommandLine& line, int argc, char** argv) {
   const SessionOptions& options = line.options;
   QApplication application(argc, argv);
@@ -77,6 +82,11 @@ int main(int argc, char** argv) {
     std::cout << kUsage;
     return kAllStepsDone;
   }
-  if (!line->options.script.empty()) return Play_Script(line->options);
-  return Run_Desktop(*line, argc, argv);
+  const bool plays_script = !line->options.script.empty();
+  if (plays_script && !line->options.show) return Play_Script(line->options);
+  if (!Has_Display()) {
+    std::cerr << "the desktop needs a display; without one, play a script: --script FILE\n";
+    return kStartFailed;
+  }
+  return plays_script ? Play_Script(line->options) : Run_Desktop(*line, argc, argv);
 }

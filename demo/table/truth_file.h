@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/drive_map.h"
+
+namespace sylvomex::demo {
+
+/// The fields of truth.csv as texts.
+struct TruthFile {
+  FilePath file;
+  std::vector<std::string> names;               // of the columns
+  std::vector<std::vector<std::string>> lines;  // as many fields as names
+
+  /// Position of a column; RunTimeError(BadContent) naming the file and the column without it.
+  [[nodiscard]] std::size_t Column(const std::string& name) const;
+};
+
+/// RunTimeError(BadContent) naming the file and the line for one with another number of fields.
+TruthFile Read_Truth_File(const FilePath& file);
+
+}  // namespace sylvomex::demo
