@@ -39,7 +39,7 @@ double Ground_Pixel_Side(const ImageRecord& image, std::int16_t pixel_side, doub
 
 std::optional<int> Patch_Side(double patch_size, double ground_side) {
   if (ground_side == 0) Throw_Zero("a pixel has no size on the ground");
-  const int wanted = To_Int32(patch_size / ground_side);
+  const double wanted = Round_Half_Even(patch_size / ground_side);
   for (int side = 1; side <= kLargestSide; side += kSeriesStep) {
     if (side >= wanted) return side;
   }

@@ -273,7 +273,7 @@ TEST(DemoSite, IsTheSameByteForByteOnOneThreadAndOnTwo) {
   }
   const std::vector<fs::path> files = Files_Below(first.Path());
   EXPECT_EQ(files, Files_Below(second.Path()));
-  EXPECT_EQ(files.size(), 12U + 4 + 3 + 4);
+  EXPECT_EQ(files.size(), 12U + 4 + 3 + 5);
   for (const fs::path& file : files) {
     EXPECT_TRUE(Bytes_Of(first.Path() / file) == Bytes_Of(second.Path() / file)) << file;
     EXPECT_FALSE(Bytes_Of(first.Path() / file).empty()) << file;

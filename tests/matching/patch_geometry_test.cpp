@@ -57,6 +57,7 @@ TEST(PatchSide, RadiusZeroGivesOnePixel) { EXPECT_EQ(Patch_Side(0, 0.1), 1); }
 TEST(PatchSide, TheSeriesEndsAtTenThousandAndOne) {
   EXPECT_EQ(Patch_Side(10001, 1), 10001);
   EXPECT_EQ(Patch_Side(10002, 1), std::nullopt);
+  EXPECT_EQ(Patch_Side(1e15, 0.1), std::nullopt);
 }
 
 TEST(PatchSide, AGroundPixelWithoutSizeIsADivisionByZero) {
@@ -101,6 +102,16 @@ TEST(PlacePatch, OverTheRightEdgeItIsOneColumnWiderOverTheOthersNot) {
   const RawWindow bottom = Window_At(0, -48, 101);
   EXPECT_EQ(bottom.bottom_row, 999);
   EXPECT_EQ(bottom.Height(), 101);
+}
+
+TEST(PlacePatch, AsWideAsTheRawFileOverTheRightEdgeItLeavesTheFile) {
+  ImageRecord image = Test_Photo();
+  image.SubWidth = 101;
+  image.SubColOrigin = 420;  // the plot in column 80, one column more than fits
+  const PatchPlace place = Place_Patch(image, No_Rotation(), {0, 0, 0}, 101);
+  EXPECT_EQ(place.window.first_col, -1);
+  Failure_Of(Failure::SubscriptOutOfRange,
+             [&] { Read_Raw_Window(image, Pixels_Of(image, {}), place.window, ColourRule::Mean); });
 }
 
 TEST(PlacePatch, LargerThanTheRawFileItIsTheWholeFile) {
