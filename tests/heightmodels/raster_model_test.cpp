@@ -10,13 +10,11 @@
 #include <numeric>
 #include <vector>
 
-#include "heightmodels/temporary_folder.h"
+#include "heightmodels/float_file.h"
 #include "platform/run_time_error.h"
 
 namespace sylvomex {
 namespace {
-
-using testing::TemporaryFolder;
 
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
@@ -159,7 +157,7 @@ long Resident_Megabytes() {
 TEST(DimensionCells, LargeModelCostsNoMemoryBeforeItIsRead) {
   const TemporaryFolder folder;
   const std::vector<float> row(16000, 5.0F);
-  const FilePath cells = folder.Write_Floats("a.raw", row);
+  const FilePath cells = Write_Floats(folder, "a.raw", row);
   RasterModel model;
   model.NCols = 16000;
   model.NRows = 16000;
@@ -177,7 +175,7 @@ TEST(ReadCells, FillsRowByRowFromTheSouth) {
   std::vector<float> values(6);
   std::iota(values.begin(), values.end(), 1.5F);
   RasterModel model = Numbered_Model(3, 2, 0, 0, 1);
-  Read_Cells(folder.Write_Floats("a.raw", values), model);
+  Read_Cells(Write_Floats(folder, "a.raw", values), model);
   EXPECT_EQ(Raster_Height(model, 0, 0), 1.5);
   EXPECT_EQ(Raster_Height(model, 2, 0), 3.5);
   EXPECT_EQ(Raster_Height(model, 0, 1), 4.5);
@@ -200,7 +198,7 @@ TEST(ReadCells, FileThatIsTooShortLeavesTheRestZero) {
   model.NRows = 2;
   model.CellSize = 1;
   Dimension_Cells(model);
-  Read_Cells(folder.Write_Floats("a.raw", values), model);
+  Read_Cells(Write_Floats(folder, "a.raw", values), model);
   EXPECT_EQ(Raster_Height(model, 0, 1), 4);
   EXPECT_EQ(Raster_Height(model, 1, 1), 0);
   EXPECT_EQ(Raster_Height(model, 2, 1), 0);
@@ -222,7 +220,7 @@ TEST(ReadCells, BytesBeyondTheModelAreIgnored) {
   const TemporaryFolder folder;
   const std::vector<float> values = {1, 2, 3, 4};
   RasterModel model = Numbered_Model(1, 1, 0, 0, 1);
-  Read_Cells(folder.Write_Floats("a.raw", values), model);
+  Read_Cells(Write_Floats(folder, "a.raw", values), model);
   EXPECT_EQ(model.Cells.size(), 1U);
   EXPECT_EQ(Raster_Height(model, 0, 0), 1);
 }
