@@ -18,6 +18,11 @@ FilePath Numbered_File(const DriveMap& drives, const char* stem, int image, cons
   return Data_File(drives, stem + std::to_string(image) + extension);
 }
 
+FilePath Size_File(const DriveMap& drives, int image, int size, const char* extension) {
+  return Data_File(drives,
+                   "test_" + std::to_string(image) + "_" + std::to_string(size) + extension);
+}
+
 std::string Four_Numbers(const ImageTemplate& pattern, char separator) {
   std::string text;
   for (const int number :
@@ -38,6 +43,24 @@ std::vector<std::uint8_t> Read_Pixels(const FilePath& file, std::size_t count) {
   return pixels;
 }
 
+// The four numbers of a template and its pixels.
+ImageTemplate Read_Pair(const FilePath& numbers, const FilePath& pixels) {
+  ListReader list(numbers);
+  ImageTemplate pattern;
+  pattern.width = list.Read_Int16();
+  pattern.height = list.Read_Int16();
+  pattern.reference_col = list.Read_Int16();
+  pattern.reference_row = list.Read_Int16();
+  if (pattern.width < 1 || pattern.height < 1) {
+    throw RunTimeError(Failure::BadContent,
+                       numbers.name + ": a template needs at least one column and one row",
+                       numbers.native);
+  }
+  pattern.pixels = Read_Pixels(
+      pixels, static_cast<std::size_t>(pattern.width) * static_cast<std::size_t>(pattern.height));
+  return pattern;
+}
+
 }  // namespace
 
 void Write_Template(const DriveMap& drives, int image, const ImageTemplate& pattern) {
@@ -46,29 +69,22 @@ void Write_Template(const DriveMap& drives, int image, const ImageTemplate& patt
 }
 
 ImageTemplate Read_Template(const DriveMap& drives, int image) {
-  const FilePath file = Numbered_File(drives, "temp", image, ".img");
-  ListReader list(file);
-  ImageTemplate pattern;
-  pattern.width = list.Read_Int16();
-  pattern.height = list.Read_Int16();
-  pattern.reference_col = list.Read_Int16();
-  pattern.reference_row = list.Read_Int16();
-  if (pattern.width < 1 || pattern.height < 1) {
-    throw RunTimeError(Failure::BadContent,
-                       file.name + ": a template needs at least one column and one row",
-                       file.native);
-  }
-  pattern.pixels = Read_Pixels(
-      Numbered_File(drives, "temp", image, ".raw"),
-      static_cast<std::size_t>(pattern.width) * static_cast<std::size_t>(pattern.height));
-  return pattern;
+  return Read_Pair(Numbered_File(drives, "temp", image, ".img"),
+                   Numbered_File(drives, "temp", image, ".raw"));
+}
+
+bool Has_Size_Template(const DriveMap& drives, int image, int size) {
+  return File_Exists(Size_File(drives, image, size, ".img"));
+}
+
+ImageTemplate Read_Size_Template(const DriveMap& drives, int image, int size) {
+  return Read_Pair(Size_File(drives, image, size, ".img"), Size_File(drives, image, size, ".raw"));
 }
 
 void Write_Size_Template(const DriveMap& drives, int image, int size,
                          const ImageTemplate& pattern) {
-  const std::string name = "test_" + std::to_string(image) + "_" + std::to_string(size);
-  Write_Whole_File(Data_File(drives, name + ".img"), Four_Numbers(pattern, ' '));
-  Write_Whole_File(Data_File(drives, name + ".raw"), pattern.pixels);
+  Write_Whole_File(Size_File(drives, image, size, ".img"), Four_Numbers(pattern, ' '));
+  Write_Whole_File(Size_File(drives, image, size, ".raw"), pattern.pixels);
 }
 
 void Write_Patch(const DriveMap& drives, int image, int width, int height,

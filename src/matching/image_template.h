@@ -33,6 +33,11 @@ void Write_Template(const DriveMap& drives, int image, const ImageTemplate& patt
 /// for too few pixels, those of the list reader for the four numbers.
 ImageTemplate Read_Template(const DriveMap& drives, int image);
 
+bool Has_Size_Template(const DriveMap& drives, int image, int size);
+
+/// As Read_Template, for the template of a size counted from 1.
+ImageTemplate Read_Size_Template(const DriveMap& drives, int image, int size);
+
 void Write_Size_Template(const DriveMap& drives, int image, int size, const ImageTemplate& pattern);
 
 void Write_Patch(const DriveMap& drives, int image, int width, int height,

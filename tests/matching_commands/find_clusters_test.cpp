@@ -3,7 +3,7 @@
 
 #include <cmath>
 #include <deque>
-#include <regex>
+#include <string>
 
 #include "matching_commands/matching_site.h"
 
@@ -106,12 +106,19 @@ TEST_F(ClusterPoints, TheLimitsGoToTheSnapshot) {
   EXPECT_EQ(m.CaptureSnapshot.Rl, 0.25);
 }
 
+// Every digit as '9', so that a text of digits can be held against a pattern.
+std::string Digits_As_Nines(std::string text) {
+  for (char& c : text) {
+    if (c >= '0' && c <= '9') c = '9';
+  }
+  return text;
+}
+
 TEST_F(ClusterPoints, TheRunIsDated) {
   Choose("Find_clusters");
-  EXPECT_TRUE(std::regex_match(m.ClusterRunDate.Padded(),
-                               std::regex("[0-3][0-9]\\.[01][0-9]\\.20[0-9]{2}")));
-  EXPECT_TRUE(
-      std::regex_match(m.ClusterRunTime.Padded(), std::regex("[0-2][0-9]:[0-5][0-9]:[0-6][0-9]")));
+  EXPECT_EQ(Digits_As_Nines(m.ClusterRunDate.Padded()), "99.99.9999");
+  EXPECT_EQ(m.ClusterRunDate.Padded().substr(6, 2), "20");
+  EXPECT_EQ(Digits_As_Nines(m.ClusterRunTime.Padded()), "99:99:99");
 }
 
 TEST_F(ClusterPoints, TheResultFileIsMadeEmptyAndKeptOnceItIsThere) {

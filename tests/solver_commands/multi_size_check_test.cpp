@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "crowns/commands/raw_band.h"
-#include "crowns/commands/size_template.h"
+#include "matching/image_template.h"
 #include "solver/commands/point_intersection.h"
 #include "support/synthetic_block.h"
 
@@ -152,7 +152,7 @@ TEST(TemplateSearch, FindsTheTemplateWithinFourPixels) {
   TexturedImage b;
   const RawBand band = Read_Band(b.folder.File("c/data/image.raw"), 200, 120, 140);
   b.Write_Template(1, 104, 196);
-  const SizeTemplate pattern = Read_Size_Template(b.folder.Drives(), 0, 1);
+  const ImageTemplate pattern = Read_Size_Template(b.folder.Drives(), 0, 1);
   // Windows start at the reference pixel's place less column 2 and row 1.
   EXPECT_NEAR(Best_Correlation_Around(band, 100 - 2, 200 - 120 - 1, 4, pattern), 1, 1e-12);
   EXPECT_LT(Best_Correlation_Around(band, 99 - 2, 200 - 120 - 1, 4, pattern), 0.999);
@@ -162,7 +162,7 @@ TEST(TemplateSearch, FindsTheTemplateWithinFourPixels) {
 TEST(TemplateSearch, TheMiddleByteOfEachPixelCounts) {
   TexturedImage b;
   const RawBand band = Read_Band(b.folder.File("c/data/image.raw"), 200, 120, 140);
-  SizeTemplate pattern;
+  ImageTemplate pattern;
   pattern.width = 2;
   pattern.height = 2;
   std::vector<std::uint8_t> window;

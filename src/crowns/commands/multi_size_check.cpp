@@ -4,7 +4,8 @@
 #include <algorithm>
 
 #include "crowns/commands/raw_band.h"
-#include "crowns/commands/size_template.h"
+#include "matching/image_template.h"
+#include "matching/template_sizes.h"
 #include "platform/rounding.h"
 #include "workspace/panes/pane_drawing.h"
 #include "workspace/state/camera_access.h"
@@ -29,7 +30,7 @@ RawBand Band_Around(const Workspace& w, const ImageRecord& record, const Templat
 }
 
 double Best_Correlation(const RawBand& band, const TemplatePosition& at,
-                        const SizeTemplate& pattern) {
+                        const ImageTemplate& pattern) {
   const std::int64_t col = To_Int32(at.col - pattern.reference_col);
   const std::int64_t band_row =
       std::int64_t{To_Int32(at.raw_row)} - band.first_row - pattern.reference_row;
@@ -45,9 +46,9 @@ bool Search_Sizes(const Workspace& w, int image, const Point3D& point, double& b
   const TemplatePosition at{col, (record.SubHeight - 1) - row};
   const RawBand band = Band_Around(w, record, at);
   best = -1;
-  for (int size = 1; size <= kTemplateSizes; ++size) {
+  for (int size = 1; size <= kTemplateSizeCount; ++size) {
     if (!Has_Size_Template(w.Drives, image, size)) return false;
-    const SizeTemplate pattern = Read_Size_Template(w.Drives, image, size);
+    const ImageTemplate pattern = Read_Size_Template(w.Drives, image, size);
     best = std::max(best, Best_Correlation(band, at, pattern));
   }
   return true;

@@ -46,7 +46,7 @@ RawBand Read_Band(const FilePath& raw_file, double sub_width, std::int32_t first
 }
 
 void Cut_Window(const RawBand& band, std::int64_t col, std::int64_t band_row,
-                const SizeTemplate& pattern, std::vector<std::uint8_t>& window) {
+                const ImageTemplate& pattern, std::vector<std::uint8_t>& window) {
   Require_Inside("columns", col, pattern.width, band.columns);
   Require_Inside("band rows", band_row, pattern.height, band.rows);
   window.clear();
@@ -58,7 +58,7 @@ void Cut_Window(const RawBand& band, std::int64_t col, std::int64_t band_row,
 }
 
 double Best_Correlation_Around(const RawBand& band, std::int64_t col, std::int64_t band_row,
-                               int reach, const SizeTemplate& pattern) {
+                               int reach, const ImageTemplate& pattern) {
   double best = -1;
   std::vector<std::uint8_t> window;
   for (int down = -reach; down <= reach; ++down) {

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "crowns/commands/size_template.h"
+#include "matching/image_template.h"
 #include "platform/drive_map.h"
 
 namespace sylvomex {
@@ -27,11 +27,11 @@ RawBand Read_Band(const FilePath& raw_file, double sub_width, std::int32_t first
 /// Middle bytes of a window of the template's size whose first pixel lies at col, band_row.
 /// RunTimeError(SubscriptOutOfRange) when the window leaves the band.
 void Cut_Window(const RawBand& band, std::int64_t col, std::int64_t band_row,
-                const SizeTemplate& pattern, std::vector<std::uint8_t>& window);
+                const ImageTemplate& pattern, std::vector<std::uint8_t>& window);
 
 /// Best correlation of the template with the windows that lie up to reach pixels off the one
 /// at col, band_row, in both directions.
 double Best_Correlation_Around(const RawBand& band, std::int64_t col, std::int64_t band_row,
-                               int reach, const SizeTemplate& pattern);
+                               int reach, const ImageTemplate& pattern);
 
 }  // namespace sylvomex
