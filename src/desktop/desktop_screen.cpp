@@ -111,7 +111,7 @@ QString DesktopScreen::Start_Folder(const FileQuestion& question) const {
   for (const std::string& name : {question.folder, std::string("c:\\data")}) {
     if (name.empty() && !last_folder_.isEmpty()) return last_folder_;
     if (name.empty()) continue;
-    const QString folder = QString::fromStdString(drives_.Locate(name).native.string());
+    QString folder = QString::fromStdString(drives_.Locate(name).native.string());
     if (QFileInfo(folder).isDir()) return folder;
   }
   return QString::fromStdString(drives_.Root().string());
