@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <fstream>
+#include <functional>
 #include <memory>
 
 #include "platform/run_time_error.h"
@@ -10,6 +11,7 @@
 #include "session/script_screen.h"
 #include "session/step_end.h"
 #include "session/step_player.h"
+#include "workspace/operator_event.h"
 #include "workspace/start_up.h"
 
 namespace sylvomex::demo {
