@@ -56,10 +56,13 @@ void Visit_Columns(const MeshSettings& settings, const HeightLookup& terrain,
   const double count_u = Count_Steps(first_u, settings.side_X / 2 + kEndMargin, settings.dx);
   const double count_v = Count_Steps(first_v, settings.side_Y / 2 + kEndMargin, settings.dy);
   Require_Room(count_u * count_v, "columns");
-  for (double i = 0; i < count_u; ++i) {
-    for (double j = 0; j < count_v; ++j) {
-      visit(Column_At(settings, first_u + i * settings.dx, first_v + j * settings.dy, terrain,
-                      canopy));
+  if (count_u * count_v == 0) return;
+  const auto steps_u = static_cast<long>(count_u), steps_v = static_cast<long>(count_v);
+  for (long i = 0; i < steps_u; ++i) {
+    const double u = first_u + static_cast<double>(i) * settings.dx;
+    for (long j = 0; j < steps_v; ++j) {
+      visit(
+          Column_At(settings, u, first_v + static_cast<double>(j) * settings.dy, terrain, canopy));
     }
   }
 }
@@ -76,8 +79,9 @@ std::vector<MeshPoint> Build_Mesh(const MeshSettings& settings, const HeightLook
   std::vector<MeshPoint> mesh;
   mesh.reserve(static_cast<std::size_t>(count));
   Visit_Columns(settings, terrain, canopy, [&](const MeshColumn& column) {
-    for (double k = 0; k < column.points; ++k) {
-      mesh.push_back({column.X, column.Y, column.bottom + k * settings.dz});
+    const auto steps = static_cast<long>(column.points);
+    for (long k = 0; k < steps; ++k) {
+      mesh.push_back({column.X, column.Y, column.bottom + static_cast<double>(k) * settings.dz});
     }
   });
   return mesh;
