@@ -63,7 +63,7 @@ Surface Bitmap_Surface(const PaneBitmap& bitmap) {
 }
 
 void Paint_Point(cairo_t* context, const Mark& mark) {
-  const double reach = mark.width / 2;
+  const int reach = mark.width / 2;
   cairo_rectangle(context, std::round(mark.x1) - reach, std::round(mark.y1) - reach, mark.width,
                   mark.width);
   cairo_fill(context);
