@@ -16,13 +16,13 @@ Answer RecorderScreen::Message_Box(std::string_view text, Buttons buttons, std::
 std::optional<std::string> RecorderScreen::Input_Box(std::string_view prompt,
                                                      std::string_view title,
                                                      std::string_view preset) {
-  const std::optional<std::string> answer = screen_.Input_Box(prompt, title, preset);
+  std::optional<std::string> answer = screen_.Input_Box(prompt, title, preset);
   recorder_.Dialog_Answered(DialogKind::Input, answer);
   return answer;
 }
 
 std::optional<std::string> RecorderScreen::File_Dialog(const FileQuestion& question) {
-  const std::optional<std::string> answer = screen_.File_Dialog(question);
+  std::optional<std::string> answer = screen_.File_Dialog(question);
   recorder_.Dialog_Answered(DialogKind::File, answer);
   return answer;
 }
