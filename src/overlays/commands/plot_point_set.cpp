@@ -19,16 +19,14 @@ constexpr double kLowestHeight = 0;
 constexpr double kHighestHeight = 25;
 
 // A yellow dot with a white core; the measurement number stands beside it in the colour of the
-// height above ground. Overlays lie one pane pixel up and to the left of the plain position.
+// height above ground.
 void Draw_Measured_Point(Workspace& w, int image, const ObservationPoint& point, Colour colour) {
-  double col = 0, row = 0;
-  Object_To_Pixel(w, image, point.X, point.Y, point.Z, col, row);
-  const PanePosition at = Pane_Of_Pixel(w, image, col, row);
+  const PanePosition at = Overlay_Of_Point(w, image, point.X, point.Y, point.Z);
   Picture& pane = w.Form1.Picture1(image);
   pane.DrawWidth = 3;
-  Plot_Point(pane, at.px - 1, at.py - 1, kYellow);
+  Plot_Point(pane, at.px, at.py, kYellow);
   pane.DrawWidth = 1;
-  Plot_Point(pane, at.px - 1, at.py - 1, kWhite);
+  Plot_Point(pane, at.px, at.py, kWhite);
   pane.ForeColor = colour;
   pane.font = {"Arial", 8, false};
   Print_Text(pane, Plain_Text(point.number));
