@@ -26,7 +26,7 @@ struct Input {
   }
 
   std::vector<MeshPoint> mesh;
-  std::vector<double> volume;
+  ZeroedArray<double> volume;
   std::vector<bench::PatchCamera> cameras;
   std::vector<std::vector<float>> values;
   std::vector<std::span<const float>> spans;
@@ -42,7 +42,7 @@ void Project_All(Input& in, int threads) {
   for (std::size_t k = 0; k < kImages; ++k) {
     const bench::PatchCamera& camera = in.cameras[k];
     MYFUNC_COMPUTEBKPROJ(static_cast<int>(k), camera.affine, camera.exterior, camera.patch,
-                         in.values[k], in.mesh, in.volume, threads);
+                         in.values[k], in.mesh, in.volume.All(), threads);
   }
 }
 

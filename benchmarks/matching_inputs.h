@@ -10,6 +10,7 @@
 
 #include "bench_inputs.h"
 #include "closedlib/back_projection.h"
+#include "platform/zeroed_array.h"
 
 namespace sylvomex::bench {
 
@@ -105,8 +106,8 @@ inline PatchCamera Camera(int k) {
 
 /// A volume whose images 0 to 4 hold smooth values from about -0.9 to 0.9. The noise counts its
 /// rows from the patch's lowest.
-inline std::vector<double> Smooth_Volume() {
-  std::vector<double> volume(std::size_t{kVolumeImages} * kVolumeSide * kVolumeSide);
+inline ZeroedArray<double> Smooth_Volume() {
+  ZeroedArray<double> volume(std::size_t{kVolumeImages} * kVolumeSide * kVolumeSide);
   for (int row = 0; row < kVolumeSide; ++row) {
     for (int col = 0; col < kVolumeSide; ++col) {
       const std::size_t at =

@@ -25,9 +25,9 @@ std::int32_t Checked_Size(const char* what, double size) {
   return static_cast<std::int32_t>(size);
 }
 
-CellArray Zero_Cells(std::int32_t columns, std::int32_t rows) {
+ZeroedArray<float> Zero_Cells(std::int32_t columns, std::int32_t rows) {
   try {
-    return CellArray(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows));
+    return ZeroedArray<float>(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows));
   } catch (const std::bad_alloc&) {
     throw RunTimeError(Failure::OutOfMemory, "a height model of " + Plain_Text(columns) +
                                                  " columns and " + Plain_Text(rows) + " rows");
@@ -52,7 +52,7 @@ void Read_Raster_Header(const FilePath& header, RasterModel& model) {
 void Dimension_Cells(RasterModel& model) {
   model.columns = 0;
   model.rows = 0;
-  model.Cells = CellArray();
+  model.Cells = ZeroedArray<float>();
   const std::int32_t columns = Checked_Size("NCols", model.NCols);
   const std::int32_t rows = Checked_Size("NRows", model.NRows);
   model.Cells = Zero_Cells(columns, rows);

@@ -6,9 +6,9 @@
 #include <cmath>
 #include <cstdint>
 
-#include "heightmodels/cell_array.h"
 #include "platform/drive_map.h"
 #include "platform/fixed_text.h"
+#include "platform/zeroed_array.h"
 
 namespace sylvomex {
 
@@ -20,7 +20,7 @@ struct RasterModel {
   double CellSize = 0;  // metres, both axes
   double Reserved = 0;
   FixedText<80> CellFile;
-  CellArray Cells;  // NRows x NCols, row by row from the south, metres
+  ZeroedArray<float> Cells;  // NRows x NCols, row by row from the south, metres
 
   // Whole-number sizes of Cells for the lookup; 0 while nothing is loaded.
   std::int32_t columns = 0;

@@ -2,7 +2,7 @@
 #include "matching/correlation_volume.h"
 
 #include <algorithm>
-#include <cstdlib>
+#include <new>
 #include <string>
 
 #include "platform/rounding.h"
@@ -23,21 +23,19 @@ std::uint8_t Correlation_Byte(double value) {
 
 }  // namespace
 
-void CorrelationVolume::Release::operator()(double* entries) const { std::free(entries); }
-
-double* CorrelationVolume::Entries() {
-  if (!entries_) {
-    // Fresh zero pages from the system: nothing is touched before it is written.
-    entries_.reset(static_cast<double*>(std::calloc(kEntries, sizeof(double))));
-    if (!entries_) {
+std::span<double> CorrelationVolume::Entries() {
+  if (entries_.empty()) {
+    try {
+      entries_ = ZeroedArray<double>(kEntries);
+    } catch (const std::bad_alloc&) {
       throw RunTimeError(Failure::OutOfMemory,
                          std::to_string(kEntries * sizeof(double)) + " bytes of correlations");
     }
   }
-  return entries_.get();
+  return entries_.All();
 }
 
-std::span<const double> CorrelationVolume::All() { return {Entries(), kEntries}; }
+std::span<const double> CorrelationVolume::All() { return Entries(); }
 
 void CorrelationVolume::Require_Room(int width, int height) {
   if (width <= kVolumeSide && height <= kVolumeSide) return;
@@ -49,7 +47,7 @@ void CorrelationVolume::Require_Room(int width, int height) {
 
 void CorrelationVolume::Store(int image, int width, int height, std::span<const double> values) {
   Require_Room(width, height);
-  double* const entries = Entries();
+  const std::span<double> entries = Entries();
   Extent& stored = stored_.at(static_cast<std::size_t>(image));
   const int columns = std::max(width, stored.width), rows = std::max(height, stored.height);
   for (int row = 0; row < rows; ++row) {

@@ -3,11 +3,11 @@
 
 #include <array>
 #include <cstdint>
-#include <memory>
 #include <span>
 #include <vector>
 
 #include "closedlib/back_projection.h"
+#include "platform/zeroed_array.h"
 
 namespace sylvomex {
 
@@ -27,15 +27,12 @@ class CorrelationVolume {
   static void Require_Room(int width, int height);
 
  private:
-  struct Release {
-    void operator()(double* entries) const;
-  };
   struct Extent {
     int width = 0, height = 0;
   };
-  double* Entries();
+  std::span<double> Entries();
 
-  std::unique_ptr<double[], Release> entries_;
+  ZeroedArray<double> entries_;
   std::array<Extent, kVolumeImages> stored_;
 };
 

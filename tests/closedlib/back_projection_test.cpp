@@ -295,12 +295,12 @@ TEST_F(GeometricMeanUnits, EveryUnitAndNumberOfThreadsGivesTheSameBits) {
 TEST(BackProjection, SumOfALargeMeshIsThatOfAnIndependentProgram) {
   constexpr std::size_t kPoints = 500000;
   const std::vector<MeshPoint> mesh = bench::Mesh(kPoints);
-  const std::vector<double> volume = bench::Smooth_Volume();
+  const ZeroedArray<double> volume = bench::Smooth_Volume();
   Images values(5, std::vector<float>(kPoints));
   for (int k = 0; k < 5; ++k) {
     const bench::PatchCamera camera = bench::Camera(k);
     MYFUNC_COMPUTEBKPROJ(k, camera.affine, camera.exterior, camera.patch,
-                         values[static_cast<std::size_t>(k)], mesh, volume);
+                         values[static_cast<std::size_t>(k)], mesh, volume.All());
   }
   const std::vector<float> scores = Mean(values, 0);
   EXPECT_NEAR(std::accumulate(scores.begin(), scores.end(), 0.0), 476883.936, 0.01);
