@@ -59,12 +59,8 @@ PatchProjection Make_Projection(const std::array<double, 6>& affine,
   return projection;
 }
 
-/// Looks the entries up in one image's slice of the volume, which starts at `slice`. They lie a
-/// cache line apart each, so all are called before the first is read.
+/// Looks the entries up in one image's slice of the volume, which starts at `slice`.
 void Look_Up(std::span<const std::int64_t> entries, const double* slice, float* scores) {
-  for (const std::int64_t entry : entries) {
-    __builtin_prefetch(slice + kVolumeImages * std::max<std::int64_t>(entry, 0));
-  }
   for (std::size_t k = 0; k < entries.size(); ++k) {
     scores[k] = entries[k] == kNoEntry ? 0 : static_cast<float>(slice[kVolumeImages * entries[k]]);
   }
@@ -99,7 +95,7 @@ void MYFUNC_COMPUTEBKPROJ(int image, const std::array<double, 6>& affine,
     std::array<std::int64_t, kBlockPoints> entries;
     for (std::size_t at = first; at < last; at += kBlockPoints) {
       const std::size_t count = std::min(kBlockPoints, last - at);
-      Nearest_Entries(projection, mesh.subspan(at, count), entries.data());
+      Nearest_Entries(projection, mesh.subspan(at, count), slice, entries.data());
       Look_Up(std::span(entries).first(count), slice, &scores[at]);
     }
   });

@@ -23,10 +23,11 @@ struct PatchProjection {
 };
 
 /// Entry of a one-image table of each point's nearest pixel, col + kVolumeSide patch row;
-/// kNoEntry where there is none.
+/// kNoEntry where there is none. Each is called to the cache from the image's slice of the
+/// volume, where it lies at slice[kVolumeImages x entry].
 inline constexpr std::int64_t kNoEntry = -1;
 void Nearest_Entries(const PatchProjection& projection, std::span<const MeshPoint> mesh,
-                     std::int64_t* entries);
+                     const double* slice, std::int64_t* entries);
 
 /// (product of 1 + v) ^ (1 / N), from N spans of one value a point; N from 2 to 9. A product
 /// that is not above 0 gives 0.
