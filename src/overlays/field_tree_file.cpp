@@ -25,8 +25,8 @@ FieldTreeFile::FieldTreeFile(std::int32_t tree_count, const PlotHeader& plot) {
 }
 
 void FieldTreeFile::Add(const FieldTree& tree) {
-  for (const double value : {tree.MapX, tree.MapY, tree.TopZ, tree.BaseZ, tree.GroundZ, tree.Dbh,
-                             tree.TreeHeight}) {
+  for (const double value :
+       {tree.MapX, tree.MapY, tree.TopZ, tree.BaseZ, tree.GroundZ, tree.Dbh, tree.TreeHeight}) {
     Put(value);
   }
   for (const std::int32_t value : {tree.TreeId, tree.TreeSpecies, tree.TreeCode}) Put(value);

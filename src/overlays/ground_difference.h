@@ -11,7 +11,7 @@ struct GroundDifference {
   std::int32_t count = 0;
   double sum = 0;  // of the differences
   double sum_of_squares = 0;
-  double lowest_tree = 0;   // 0 while there is no tree
+  double lowest_tree = 0;  // 0 while there is no tree
   double highest_tree = 0;
 
   void Add(double ground, double local_ground, double tree_height);

@@ -36,7 +36,7 @@ std::vector<PlanLine> Hundred_Metre_Grid(double X, double Y) {
 }
 
 PlanLine Circular_Plot(double X, double Y) {
-  constexpr double kRadius = 11.28;    // metres
+  constexpr double kRadius = 11.28;     // metres
   constexpr double kHalfCircle = 3.14;  // radians
   constexpr double kStep = kHalfCircle / 16;
   const int vertices = Loop_Passes(-kHalfCircle, kHalfCircle, kStep);

@@ -56,8 +56,8 @@ TableCamera Read_Camera(CameraLine& line) {
   TableCamera camera;
   camera.identity = line.Integer();
   line.Text();  // not used
-  for (double* value : {&camera.c, &camera.omega, &camera.phi, &camera.kappa, &camera.X0,
-                        &camera.Y0, &camera.Z0}) {
+  for (double* value :
+       {&camera.c, &camera.omega, &camera.phi, &camera.kappa, &camera.X0, &camera.Y0, &camera.Z0}) {
     *value = line.Real();
   }
   camera.name_end = line.Text();
@@ -136,8 +136,7 @@ std::vector<Point3D> Ring_Around(const Point3D& centre) {
   std::vector<Point3D> ring;
   for (int i = 0; i < points; ++i) {
     const double a = -std::numbers::pi + i * kStep;
-    ring.push_back(
-        {centre.X + kRadius * std::cos(a), centre.Y + kRadius * std::sin(a), centre.Z});
+    ring.push_back({centre.X + kRadius * std::cos(a), centre.Y + kRadius * std::sin(a), centre.Z});
   }
   return ring;
 }

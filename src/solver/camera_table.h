@@ -25,8 +25,8 @@ struct TableCamera {
   double X0 = 0;  // projection centre, metres
   double Y0 = 0;
   double Z0 = 0;
-  std::string name_end;    // parts of the point-in-image file's name
-  std::string header;      // path of the image's header
+  std::string name_end;  // parts of the point-in-image file's name
+  std::string header;    // path of the image's header
   std::string name_start;
 };
 

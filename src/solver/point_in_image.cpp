@@ -8,7 +8,8 @@ namespace {
 
 // As a list item: in quotes where it would fall apart without them.
 std::string List_Item(const std::string& text) {
-  if (text.find_first_of(",\"") == std::string::npos) return text;
+  const bool has_blanks_around = text != Without_Blanks_Around(text);
+  if (text.find_first_of(",\"") == std::string::npos && !has_blanks_around) return text;
   std::string item = "\"";
   for (const char c : text) item += c == '"' ? "\"\"" : std::string(1, c);
   return item + "\"";
@@ -21,8 +22,8 @@ std::string Point_In_Image_Name(const TableCamera& camera) {
 }
 
 std::string Point_In_Image_Line(const TableCamera& camera, const Point3D& point) {
-  return Plain_Text(camera.identity) + "," + List_Item(camera.header) + "," +
-         Plain_Text(point.X) + "," + Plain_Text(point.Y) + "," + Plain_Text(point.Z) + "\n";
+  return Plain_Text(camera.identity) + "," + List_Item(camera.header) + "," + Plain_Text(point.X) +
+         "," + Plain_Text(point.Y) + "," + Plain_Text(point.Z) + "\n";
 }
 
 PointInImage Read_Point_In_Image(ListReader& file) {

@@ -77,8 +77,7 @@ TEST_F(ThreeImages, RemovingTheFirstShiftsTheOthersDownWithTheirZoom) {
   EXPECT_EQ(after.substr(0, Asked(2, "\"0\"").size()), Asked(2, "\"0\""));
   EXPECT_NE(after.find(" 600 600 0.5 0.5\n"), std::string::npos) << after;
   EXPECT_NE(after.find("PaneViews(1) = 201 201 600 600 1 1\n"), std::string::npos) << after;
-  EXPECT_NE(after.find("Label10 = Removed an image from the set succesfully\n"),
-            std::string::npos);
+  EXPECT_NE(after.find("Label10 = Removed an image from the set succesfully\n"), std::string::npos);
 }
 
 TEST_F(ThreeImages, CommentAndRelatedRastersStayWithTheirIndex) {
@@ -94,16 +93,14 @@ TEST_F(ThreeImages, TheMovedCamerasProjectAsBefore) {
   const std::string before = After(Play("call Object_To_Pixel 2 3 4 5\n"));
   const std::string after =
       After(Play("input 0\nmenu Remove_an_image\ncall Object_To_Pixel 1 3 4 5\n"));
-  const auto results = [](const std::string& text) {
-    return text.substr(text.rfind(" = ") + 3);
-  };
+  const auto results = [](const std::string& text) { return text.substr(text.rfind(" = ") + 3); };
   EXPECT_EQ(results(before), results(after));
 }
 
 TEST_F(ThreeImages, TheLastLeavesWithoutMovingTheOthers) {
-  const PlayedSession played =
-      Play("input 2\nmenu Remove_an_image\nexpect ImageCount 2\nexpect ImageBlock(1).ImageId 2\n"
-           "print Label10\n");
+  const PlayedSession played = Play(
+      "input 2\nmenu Remove_an_image\nexpect ImageCount 2\nexpect ImageBlock(1).ImageId 2\n"
+      "print Label10\n");
   EXPECT_EQ(played.status, 0) << played.reason;
   EXPECT_NE(After(played).find("Label10 = Removed the last image from the set succesfully\n"),
             std::string::npos);
@@ -160,9 +157,9 @@ TEST_F(ThreeImages, AnEmptyAnswerOrADismissedBoxEndsTheCommand) {
 
 TEST_F(ThreeImages, AnAnswerThatIsNoNumberIsTheStatusLinesError) {
   for (const char* answer : {"abc", "40000", "\" \""}) {
-    const PlayedSession played =
-        Play("input " + std::string(answer) + "\nmenu Remove_an_image\nexpect ImageCount 3\n"
-             "expect Label10 \"An error occurred in removing images\"\n");
+    const PlayedSession played = Play("input " + std::string(answer) +
+                                      "\nmenu Remove_an_image\nexpect ImageCount 3\n"
+                                      "expect Label10 \"An error occurred in removing images\"\n");
     EXPECT_EQ(played.status, 0) << played.reason << played.transcript;
   }
 }

@@ -50,7 +50,8 @@ TEST_F(Search, AerialHitsLeaveOneFileEach) {
             "message \"Written 2 files in c:\\Data\\Imafiles\" title=\"\" buttons=ok -> ok\n");
   EXPECT_EQ(site.Folder().Read("c/data/Imafiles/photo_s 1.txt"),
             "1,c:\\data\\im 1.hdr,50.25,-3,0\n");
-  EXPECT_EQ(site.Folder().Read("c/data/Imafiles/photo_s 4.txt"), "4,c:\\data\\im4.hdr,50.25,-3,0\n");
+  EXPECT_EQ(site.Folder().Read("c/data/Imafiles/photo_s 4.txt"),
+            "4,c:\\data\\im4.hdr,50.25,-3,0\n");
   EXPECT_FALSE(Has("c/data/Imafiles/photo_s 2.txt"));
   EXPECT_FALSE(Has("c/data/Imafiles/photo_s 3.txt"));
   EXPECT_FALSE(Has("c/data/Imafiles/OLD.TXT"));
@@ -80,8 +81,9 @@ TEST_F(Search, AMissingFolderIsAnErrorOnceThereIsAHit) {
   EXPECT_EQ(After(played),
             "message \"Written 0 files in c:\\Data\\Imafiles\" title=\"\" buttons=ok -> ok\n");
   played = Play(Set_Solution(50, 0, 0) + "menu Find_Images_With_XYZ_Sol\n");
-  EXPECT_EQ(After(played),
-            "error Find_Images_With_XYZ_Sol \"Path not found: c:\\data\\ImaFiles\\photo_s 1.txt\"\n");
+  EXPECT_EQ(
+      After(played),
+      "error Find_Images_With_XYZ_Sol \"Path not found: c:\\data\\ImaFiles\\photo_s 1.txt\"\n");
 }
 
 TEST_F(Search, ABadLineOfTheTableIsNamedAndTheHitsBeforeItStay) {
@@ -139,9 +141,9 @@ TEST_F(Search, FindAndAddGoHandInHand) {
 
 TEST_F(Search, AHitWithoutItsHeaderLoadsNothing) {
   site.Folder().Write("c/data/ImaFiles/hit.txt", "1,c:\\data\\none.hdr,10,20,30\n");
-  const PlayedSession played =
-      Play("file c:\\data\\ImaFiles\\hit.txt\n"
-           "try menu Add_Image_Center_to_XYZ\nexpect ImageCount 0\nexpect SolutionValid 0\n");
+  const PlayedSession played = Play(
+      "file c:\\data\\ImaFiles\\hit.txt\n"
+      "try menu Add_Image_Center_to_XYZ\nexpect ImageCount 0\nexpect SolutionValid 0\n");
   EXPECT_EQ(played.status, 0) << played.reason;
   EXPECT_NE(played.transcript.find(
                 "error Add_Image_Center_to_XYZ \"File not found: c:\\data\\none.hdr\"\n"),
@@ -152,9 +154,9 @@ TEST_F(Search, AMalformedHitChangesNothing) {
   for (const char* hit : {"1,c:\\data\\im.hdr,10,20\n", "1,c:\\data\\im.hdr,10,twenty,30\n",
                           "99999,c:\\data\\im.hdr,10,20,30\n", ""}) {
     site.Folder().Write("c/data/ImaFiles/hit.txt", hit);
-    const PlayedSession played =
-        Play("file c:\\data\\ImaFiles\\hit.txt\ntry menu Add_Image_Center_to_XYZ\n"
-             "expect ImageCount 0\nexpect Solution3D \"0 0 0\"\n");
+    const PlayedSession played = Play(
+        "file c:\\data\\ImaFiles\\hit.txt\ntry menu Add_Image_Center_to_XYZ\n"
+        "expect ImageCount 0\nexpect Solution3D \"0 0 0\"\n");
     EXPECT_EQ(played.status, 0) << played.reason;
     EXPECT_NE(played.transcript.find("ImaFiles\\hit.txt, line "), std::string::npos)
         << played.transcript;
@@ -280,10 +282,11 @@ TEST_F(TerrestrialSearch, NoHitLeavesAnEmptyBlockWithoutASolution) {
 TEST_F(TerrestrialSearch, AMissingHeaderEndsTheCommandAndTheImagesBeforeItStay) {
   Write_Table();
   std::filesystem::remove(site.Folder().Path() / "c/data/t3.hdr");
-  const PlayedSession played = Play(Set_Solution(2, 0, 0) +
-                                    "try menu Find_And_Read_Terr_Images_in_Which\n"
-                                    "expect ImageCount 1\nexpect ImageBlock(0).ImageId 1\n"
-                                    "expect Picture1(0).Visible -1\nexpect Picture1(1).Visible 0\n");
+  const PlayedSession played =
+      Play(Set_Solution(2, 0, 0) +
+           "try menu Find_And_Read_Terr_Images_in_Which\n"
+           "expect ImageCount 1\nexpect ImageBlock(0).ImageId 1\n"
+           "expect Picture1(0).Visible -1\nexpect Picture1(1).Visible 0\n");
   EXPECT_EQ(played.status, 0) << played.reason << played.transcript;
   EXPECT_NE(played.transcript.find("error Find_And_Read_Terr_Images_in_Which \"File not found: "
                                    "c:\\data\\t3.hdr\"\n"),
@@ -299,9 +302,9 @@ TEST_F(TerrestrialSearch, TheGroundOfTheModelIsShownAtTheEnd) {
   }
   site.Folder().Write("c/data/dem.raw", cells);
   site.Folder().Write("c/data/dem.hdr", "10\n10\n-5\n-5\n1\n-99\nc:\\data\\dem.raw\n");
-  const PlayedSession played = Play(
-      "file c:\\data\\dem.hdr\ninput 0\nmenu Add_height_Model\n" + Set_Solution(2, 0, 0) +
-      "menu Find_And_Read_Terr_Images_in_Which\nprint Label10\n");
+  const PlayedSession played =
+      Play("file c:\\data\\dem.hdr\ninput 0\nmenu Add_height_Model\n" + Set_Solution(2, 0, 0) +
+           "menu Find_And_Read_Terr_Images_in_Which\nprint Label10\n");
   EXPECT_EQ(After(played), "Label10 = Ground: -1.50 m Difference: 1.50 m\n");
 }
 

@@ -24,8 +24,8 @@ std::string Failure_Of(const std::string& text) {
 }
 
 TEST(PlotText, HeaderAndTreesComeAsTheyStand) {
-  PlotTextReader plot =
-      Reader("10.5, 2515000 6860000\n150\n1,2,3\n\n4.5 5.5 0.5 213 18.25 7 2 -1\n8,9,0,1,2,3,4,5\n");
+  PlotTextReader plot = Reader(
+      "10.5, 2515000 6860000\n150\n1,2,3\n\n4.5 5.5 0.5 213 18.25 7 2 -1\n8,9,0,1,2,3,4,5\n");
   EXPECT_EQ(plot.Header().PlotAngle, 10.5);
   EXPECT_EQ(plot.Header().PlotX0, 2515000);
   EXPECT_EQ(plot.Header().PlotY0, 6860000);

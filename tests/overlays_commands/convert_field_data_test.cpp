@@ -74,9 +74,9 @@ TEST_F(Conversion, WritesPlaceHeightsAndVolumeOfEachTree) {
   EXPECT_EQ(Int_At(116), 7);
   EXPECT_EQ(Int_At(120), 2);
   EXPECT_EQ(Int_At(124), -4);
-  const double spruce = std::exp(std::log(0.022927) + 1.91505 * std::log(20) +
-                                 20 * std::log(0.99146) + 2.82541 * std::log(15) -
-                                 1.53547 * std::log(13.7));
+  const double spruce =
+      std::exp(std::log(0.022927) + 1.91505 * std::log(20) + 20 * std::log(0.99146) +
+               2.82541 * std::log(15) - 1.53547 * std::log(13.7));
   EXPECT_NEAR(Double_At(128), spruce, 1e-9 * spruce);
 }
 
@@ -87,8 +87,8 @@ TEST_F(Conversion, WithoutAModelTheGroundIsMinus99) {
 
 TEST_F(Conversion, ATreeOfBreastHeightEndsTheCommandAndKeepsTheTreesBefore) {
   site.Folder().Write("c/data/plot.bin", std::string(1000, 'x'));
-  const PlayedSession played = Convert(
-      "0,0,0,0,0,0,0\n1,2,3,200,15,1,1,0\n1,2,3,200,1.3,2,1,0\n1,2,3,200,15,3,1,0\n");
+  const PlayedSession played =
+      Convert("0,0,0,0,0,0,0\n1,2,3,200,15,1,1,0\n1,2,3,200,1.3,2,1,0\n1,2,3,200,15,3,1,0\n");
   EXPECT_EQ(played.status, 2);
   EXPECT_NE(played.transcript.find(
                 "error ConvertFieldDataToBinary \"Overflow: c:\\data\\plot.txt, line 3, item 20: "

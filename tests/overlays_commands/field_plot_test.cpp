@@ -51,9 +51,9 @@ struct FieldPlot : testing::Test, SyntheticBlock {
     return points;
   }
   std::size_t Lines(int k) {
-    return static_cast<std::size_t>(std::count_if(
-        Marks(k).begin(), Marks(k).end(),
-        [](const Mark& mark) { return mark.kind == Mark::Kind::Line; }));
+    return static_cast<std::size_t>(
+        std::count_if(Marks(k).begin(), Marks(k).end(),
+                      [](const Mark& mark) { return mark.kind == Mark::Kind::Line; }));
   }
 };
 
@@ -140,8 +140,7 @@ TEST_F(FieldPlot, ReportsMeanAndRmseOfModelAgainstPlot) {
   Lay_Ground(10);
   // Local ground 9 and 13: differences 1 and -3, mean -1, RMSE root of 5.
   Plot("0,0,0,0,0,0,0\n0,0,9,200,15,1,1,0\n0,0,13,200,2,2,1,-1\n");
-  EXPECT_EQ(screen.messages,
-            std::vector<std::string>{"Mean difference: -1.00 m RMSE: 2.24 m"});
+  EXPECT_EQ(screen.messages, std::vector<std::string>{"Mean difference: -1.00 m RMSE: 2.24 m"});
 }
 
 TEST_F(FieldPlot, APlotWithoutTreesIsOneError) {

@@ -132,10 +132,9 @@ TEST_F(Overlays, CircularPlotIsTwoPolygonsOnTheGround) {
     for (std::size_t i = 0; i < 64; ++i) {
       const double t = -3.14 + 3.14 / 16 * static_cast<double>(i % 32), next = t + 3.14 / 16;
       const Colour colour = i < 32 ? Colour{120, 255, 0} : kYellowMark;
-      Expect_Line(Marks(k)[i],
-                  Overlay(k, {30 + 11.28 * std::cos(t), -20 + 11.28 * std::sin(t), 40}),
-                  Overlay(k, {30 + 11.28 * std::cos(next), -20 + 11.28 * std::sin(next), 40}),
-                  colour, 1);
+      Expect_Line(
+          Marks(k)[i], Overlay(k, {30 + 11.28 * std::cos(t), -20 + 11.28 * std::sin(t), 40}),
+          Overlay(k, {30 + 11.28 * std::cos(next), -20 + 11.28 * std::sin(next), 40}), colour, 1);
     }
   }
 }

@@ -149,7 +149,8 @@ TEST(RingAround, Has21PointsAtSteps) {
 }
 
 TEST(SeesRing, OnlyConstantsBetweenSixAndEightMillimetresAreLookedAt) {
-  for (const double c : {0.006, 0.008, 0.2, 0.0059}) EXPECT_FALSE(Sees_Ring(Vertical(c), {0, 0, 0}));
+  for (const double c : {0.006, 0.008, 0.2, 0.0059})
+    EXPECT_FALSE(Sees_Ring(Vertical(c), {0, 0, 0}));
   EXPECT_TRUE(Sees_Ring(Vertical(0.00601), {0, 0, 0}));
   EXPECT_TRUE(Sees_Ring(Vertical(0.00799), {0, 0, 0}));
 }
@@ -183,17 +184,20 @@ TEST(PointInImage, LineHoldsFifteenDigitsAndComesBack) {
   EXPECT_EQ(hit.point.Z, point.Z);
 }
 
-TEST(PointInImage, APathWithACommaComesBack) {
-  TableCamera camera;
-  camera.header = "c:\\a,b\\\"c\".hdr";
-  ListReader list(Point_In_Image_Line(camera, {1, 2, 3}), "c:\\data\\x.txt");
-  const PointInImage hit = Read_Point_In_Image(list);
-  EXPECT_EQ(hit.header, camera.header);
-  EXPECT_EQ(hit.point.X, 1);
+TEST(PointInImage, PathsWithCommasQuotesAndBlanksComeBack) {
+  for (const char* header : {"c:\\a,b\\\"c\".hdr", " x ", "", "a b"}) {
+    TableCamera camera;
+    camera.header = header;
+    ListReader list(Point_In_Image_Line(camera, {1, 2, 3}), "c:\\data\\x.txt");
+    const PointInImage hit = Read_Point_In_Image(list);
+    EXPECT_EQ(hit.header, header);
+    EXPECT_EQ(hit.point.X, 1);
+  }
 }
 
 TEST(PointInImage, ShortLinesAndWideIdentitiesAreErrors) {
-  for (const char* text : {"", "1,a.hdr,1,2", "1,a.hdr,1,2,z", "one,a.hdr,1,2,3", "40000,a,1,2,3"}) {
+  for (const char* text :
+       {"", "1,a.hdr,1,2", "1,a.hdr,1,2,z", "one,a.hdr,1,2,3", "40000,a,1,2,3"}) {
     ListReader list(text, "c:\\data\\x.txt");
     EXPECT_THROW(Read_Point_In_Image(list), RunTimeError) << text;
   }

@@ -36,8 +36,8 @@ void Write_Hit(const Workspace& w, const Archive& archive, const TableCamera& ca
 }
 
 PointInImage Ask_Hit(Workspace& w) {
-  const auto chosen = w.screen->File_Dialog({"Header file for a Point in an Image",
-                                             "Text files (*.txt)|*.txt", 1, "c:\\data\\Imafiles"});
+  const auto chosen = w.screen->File_Dialog(
+      {"Header file for a Point in an Image", "Text files (*.txt)|*.txt", 1, "c:\\data\\Imafiles"});
   if (!chosen) throw RunTimeError(Failure::FileNotFound, "no file was chosen");
   ListReader file(w.Drives.Locate(*chosen));
   return Read_Point_In_Image(file);
@@ -117,8 +117,6 @@ void Find_And_Read_Terr_Images_in_Which(Workspace& w) {
   Get_elevation(w);
 }
 
-void Find_Trees_Based_On_Lidar(Workspace& w) {
-  w.screen->Message_Box("This routine is disabled");
-}
+void Find_Trees_Based_On_Lidar(Workspace& w) { w.screen->Message_Box("This routine is disabled"); }
 
 }  // namespace sylvomex
