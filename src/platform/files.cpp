@@ -121,6 +121,10 @@ void Delete_File(const FilePath& file) {
   if (!is_missing) Throw_File_Error(file, errno);
 }
 
+void Delete_Matching(const DriveMap& drives, std::string_view pattern) {
+  for (const FilePath& file : drives.Match(pattern)) Delete_File(file);
+}
+
 bool File_Exists(const FilePath& file) {
   std::error_code failure;
   const auto status = std::filesystem::status(file.native, failure);

@@ -32,6 +32,10 @@ void Overwrite_Start(const FilePath& file, std::span<const std::uint8_t> content
 /// Removes a file; a file that does not exist is no failure.
 void Delete_File(const FilePath& file);
 
+/// Removes every file that the pattern matches ("c:\data\ImaFiles\*.txt"), without regard to
+/// case. A pattern that matches none, or a folder that does not exist, is no failure.
+void Delete_Matching(const DriveMap& drives, std::string_view pattern);
+
 bool File_Exists(const FilePath& file);
 
 /// A file read at byte offsets counted from 0.

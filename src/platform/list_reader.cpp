@@ -48,6 +48,12 @@ ListReader::ListReader(std::string content, std::string name)
   if (content_.starts_with(kByteOrderMark)) position_ = kByteOrderMark.size();
 }
 
+ListReader::ListReader(std::string line, const FilePath& file, int line_number)
+    : ListReader(std::move(line), file.name) {
+  native_ = file.native;
+  line_ = line_number;
+}
+
 bool ListReader::At_End() const {
   return content_.find_first_not_of(" \t\r\n", position_) == std::string::npos;
 }

@@ -27,6 +27,10 @@ class ListReader {
   /// content: the text itself; name: what messages call it.
   ListReader(std::string content, std::string name);
 
+  /// One line of a file as a list of its own, for files whose rows end with their lines:
+  /// messages name the file and that line, items count from the start of the line.
+  ListReader(std::string line, const FilePath& file, int line_number);
+
   /// True when nothing but blanks and line ends remains.
   [[nodiscard]] bool At_End() const;
 

@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: MIT
 // The rows of the main window's menus, in menu order.
 #include "heightmodels/commands/raster_commands.h"
+#include "imageblock/commands/block_maintenance.h"
+#include "imageblock/commands/image_search.h"
 #include "imageblock/commands/image_set.h"
 #include "matching/commands/correlation_images.h"
 #include "matching/commands/find_clusters.h"
 #include "matching/commands/point_scores.h"
 #include "matching/commands/templates.h"
+#include "overlays/commands/convert_field_data.h"
+#include "overlays/commands/field_plot.h"
 #include "overlays/commands/plot_point_set.h"
+#include "overlays/commands/vector_overlays.h"
 #include "solver/commands/distance_window.h"
 #include "solver/commands/epipolar_and_sun.h"
 #include "solver/commands/observation_window.h"
@@ -60,13 +65,13 @@ constexpr MenuRow kMainMenu[] = {
     {1, "Opening_Images", "Opening images", 0, 0, false, MenuRole::Submenu, nullptr, nullptr},
     {2, "Open_a_set", "Open_an_image_set (*.set)", 0, 0, true, MenuRole::Command, Open_a_set, nullptr},
     {2, "Add_images_to_set", "Add an image to set (*.hdr)", 'D', kCtrl, false, MenuRole::Command, Add_images_to_set, nullptr},
-    {2, "Add_Image_Center_to_XYZ", "Add Image Center to XYZ", kF1 + 1, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
+    {2, "Add_Image_Center_to_XYZ", "Add Image Center to XYZ", kF1 + 1, 0, false, MenuRole::Command, Add_Image_Center_to_XYZ, nullptr},
     {1, "Add_Tin_Or_Raster_DEM", "Add Tin or Raster Height Models", 0, 0, false, MenuRole::Submenu, nullptr, nullptr},
     {2, "Add_height_Model", "Add Raster elevation (DEM) model (*.hdr)", 0, 0, false, MenuRole::Command, Add_height_Model, nullptr},
     {2, "Add_Raster_CHM", "Add Raster canopy height (CHM) model", 0, 0, false, MenuRole::Command, Add_Raster_CHM, nullptr},
     {2, "Add_Tin", "Add TIN elevation (DEM) model (*.hdr)", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
     {2, "Add_Tin_CHM", "Add TIN canopy Height (CHM) Model", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Remove_an_image", "Remove an image from the set", kF1 + 2, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
+    {1, "Remove_an_image", "Remove an image from the set", kF1 + 2, 0, false, MenuRole::Command, Remove_an_image, nullptr},
     {1, "Write_SUB_images", "Write Subimages (RAW and HDR)", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
     {1, "Create_Zonal", "Create a Zonal image (PGMTexture)", 0, 0, true, MenuRole::NotBuilt, nullptr, nullptr},
     {1, "Create_anaglyph_pair", "Create anaglyph pair", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
@@ -98,22 +103,22 @@ constexpr MenuRow kMainMenu[] = {
     {1, "Plot_", "Plot", 0, 0, false, MenuRole::Submenu, nullptr, nullptr},
     {2, "Epipolar_line", "Plot epipolar line based on last image clicked", 'L', kCtrl, false, MenuRole::Command, Epipolar_line, nullptr},
     {2, "Plot_Point_Set", "Plot PointSet File", 'P', kCtrl, false, MenuRole::Command, Plot_Point_Set, nullptr},
-    {2, "Plot_Circular_Plot", "Plot Circular plot", kF1, kShift, true, MenuRole::NotBuilt, nullptr, nullptr},
-    {2, "Plot_3D_line_segments", "Plot 3D-line segments (LMs)", 'B', kCtrl, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {2, "Plot_Field_measured_tree_data", "Plot Field Measured Tree Data", 'F', kCtrl, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {2, "Plot_Crown_polygons", "Plot crown polygons (HitPols)", 0, 0, true, MenuRole::NotBuilt, nullptr, nullptr},
+    {2, "Plot_Circular_Plot", "Plot Circular plot", kF1, kShift, true, MenuRole::Command, Plot_Circular_Plot, nullptr},
+    {2, "Plot_3D_line_segments", "Plot 3D-line segments (LMs)", 'B', kCtrl, false, MenuRole::Command, Plot_3D_line_segments, nullptr},
+    {2, "Plot_Field_measured_tree_data", "Plot Field Measured Tree Data", 'F', kCtrl, false, MenuRole::Command, Plot_Field_measured_tree_data, nullptr},
+    {2, "Plot_Crown_polygons", "Plot crown polygons (HitPols)", 0, 0, true, MenuRole::Command, Plot_Crown_polygons, nullptr},
     {2, "plot_als_bin_file", "Plot 2004 LiDAR", kF1 + 8, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
     {2, "Print_ALS_near_solution", "Plot 2006 LiDAR", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
     {2, "Print_ALS_in_ASCII", "Print 2006 in ASCII", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
     {2, "Plot_ALS_2007", "Plot 2007 LiDAR", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
     {2, "Plot_Lidar_pdf", "Plot 2006 Lidar pdf", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {2, "Plot_Field_Plot_Data", "Plot Field plot data", 'Q', kCtrl, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {2, "Plot_Tie_Points", "Plot Tie Points", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "ConvertFieldDataToBinary", "Convert Field plot data into Binary", 0, 0, true, MenuRole::NotBuilt, nullptr, nullptr},
+    {2, "Plot_Field_Plot_Data", "Plot Field plot data", 'Q', kCtrl, false, MenuRole::Command, Plot_Field_Plot_Data, nullptr},
+    {2, "Plot_Tie_Points", "Plot Tie Points", 0, 0, false, MenuRole::Command, Plot_Tie_Points, nullptr},
+    {1, "ConvertFieldDataToBinary", "Convert Field plot data into Binary", 0, 0, true, MenuRole::Command, ConvertFieldDataToBinary, nullptr},
     {1, "Make_Lidar_Intensity_Map", "Make LiDAR Intensity Map", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
     {1, "Find", "Find", 0, 0, false, MenuRole::Submenu, nullptr, nullptr},
-    {2, "Find_Images_With_XYZ_Sol", "Find Aerial images in which point is Visible", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {2, "Find_And_Read_Terr_Images_in_Which", "Find Terr images in which point is Visible", kF1 + 7, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
+    {2, "Find_Images_With_XYZ_Sol", "Find Aerial images in which point is Visible", 0, 0, false, MenuRole::Command, Find_Images_With_XYZ_Sol, nullptr},
+    {2, "Find_And_Read_Terr_Images_in_Which", "Find Terr images in which point is Visible", kF1 + 7, 0, false, MenuRole::Command, Find_And_Read_Terr_Images_in_Which, nullptr},
     {1, "Dem_", "DEM", 0, 0, false, MenuRole::Submenu, nullptr, nullptr},
     {2, "Get_elevation", "Get Raster-DTM elevation", 'Z', kCtrl, false, MenuRole::Command, Get_elevation, nullptr},
     {2, "Get_Raster_CHM_Elevation", "Get Raster CHM elevation", 0, 0, false, MenuRole::Command, Get_Raster_CHM_Elevation, nullptr},
@@ -127,7 +132,7 @@ constexpr MenuRow kMainMenu[] = {
     {2, "Create_raster_CHM_from_TIN_CHM", "Create raster CHM from TIN-CHM", 0, 0, true, MenuRole::NotBuilt, nullptr, nullptr},
     {2, "Create_CHM_from_ALS", "Create CHM from ALS", 0, 0, true, MenuRole::NotBuilt, nullptr, nullptr},
     {2, "Get_TIN_for_Points", "Get TIN elevation for points", 0, 0, true, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Find_Trees_Based_On_Lidar", "Find Trees Based on Lidar", 0, 0, true, MenuRole::NotBuilt, nullptr, nullptr},
+    {1, "Find_Trees_Based_On_Lidar", "Find Trees Based on Lidar", 0, 0, true, MenuRole::Command, Find_Trees_Based_On_Lidar, nullptr},
     {1, "Find_And_Match_In_Lidar", "Find and Match in Lidar", kF1 + 4, 0, true, MenuRole::NotBuilt, nullptr, nullptr},
     {1, "Image_Lidar_Allometry_Algorithm", "Image Lidar Allometry Algorithm", 0, 0, true, MenuRole::NotBuilt, nullptr, nullptr},
     {1, "Match_Local_Crown", "Match Local Crown", kF1 + 3, 0, false, MenuRole::NotBuilt, nullptr, nullptr},

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/menu_modes.h"
 
+#include "overlays/commands/vector_overlays.h"
 #include "platform/number_text.h"
 
 namespace sylvomex {
@@ -13,7 +14,12 @@ void Toggle(bool& mode) { mode = !mode; }
 }  // namespace
 
 void Toggle_Draw_Polygon(Workspace& w) { Toggle(w.Menu.Draw_Polygon); }
-void Toggle_Draw_XYZ_Polygon(Workspace& w) { Toggle(w.Menu.Draw_XYZ_Polygon); }
+
+void Toggle_Draw_XYZ_Polygon(Workspace& w) {
+  Toggle(w.Menu.Draw_XYZ_Polygon);
+  if (w.Menu.Draw_XYZ_Polygon) Plot_XYZ_Polyline(w);
+}
+
 void Toggle_Measure_Surface(Workspace& w) { Toggle(w.Menu.Measure_Surface); }
 void Toggle_Measure_Triplet(Workspace& w) { Toggle(w.Menu.Measure_Triplet); }
 void Toggle_Measure_Tie_and_CP(Workspace& w) { Toggle(w.Menu.Measure_Tie_and_CP); }

@@ -7,7 +7,7 @@
 namespace sylvomex {
 
 void Toggle_Draw_Polygon(Workspace& w);
-void Toggle_Draw_XYZ_Polygon(Workspace& w);
+void Toggle_Draw_XYZ_Polygon(Workspace& w);  // draws the polyline when it turns on
 void Toggle_Measure_Surface(Workspace& w);
 void Toggle_Measure_Triplet(Workspace& w);
 void Toggle_Measure_tree_tops_By_Matching(Workspace& w);  // and Check5 with it

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/pointer_tie_point.h"
 
+#include "overlays/overlay_rows.h"
 #include "platform/files.h"
-#include "platform/list_reader.h"
 #include "platform/number_text.h"
 #include "workspace/panes/pane_drawing.h"
 
@@ -10,22 +10,6 @@ namespace sylvomex {
 namespace {
 
 constexpr const char* kTiePointFile = "c:\\data\\imageobs.txt";
-
-struct TiePoint {
-  std::int32_t image_id = 0;
-  std::int32_t point_id = 0;
-  double col = 0;
-  double top_down_row = 0;  // of the full image
-};
-
-TiePoint Read_Tie_Point(ListReader& file) {
-  TiePoint point;
-  point.image_id = file.Read_Int32();
-  point.point_id = file.Read_Int32();
-  point.col = file.Read_Double();
-  point.top_down_row = file.Read_Double();
-  return point;
-}
 
 void Mark_Tie_Point(Workspace& w, int image, double col, double row, std::int32_t point_id) {
   Picture& picture = w.Form1.Picture1(image);

@@ -278,5 +278,26 @@ TEST_F(Files, AMappedFileKnowsWhenItWasRewrittenAtTheSameLength) {
   EXPECT_FALSE(mapped.Is_Current());
 }
 
+TEST_F(Files, DeleteMatchingTakesFilesOfThePatternWithoutRegardToCase) {
+  for (const char* name : {"a.txt", "B.TXT", "c.Txt", "d.hdr", "txt"}) {
+    folder.Write(std::string("c/data/ImaFiles/") + name, "x");
+  }
+  folder.Make_Folder("c/data/ImaFiles/folder.txt");
+  folder.Write("c/data/e.txt", "x");
+  Delete_Matching(folder.Drives(), "c:\\DATA\\imafiles\\*.txt");
+  for (const char* name : {"a.txt", "B.TXT", "c.Txt"}) {
+    EXPECT_FALSE(folder.Has(std::string("c/data/ImaFiles/") + name)) << name;
+  }
+  for (const char* name : {"ImaFiles/d.hdr", "ImaFiles/txt", "ImaFiles/folder.txt", "e.txt"}) {
+    EXPECT_TRUE(folder.Has(std::string("c/data/") + name)) << name;
+  }
+}
+
+TEST_F(Files, DeleteMatchingOfNothingIsNoFailure) {
+  folder.Make_Folder("c/data");
+  Delete_Matching(folder.Drives(), "c:\\data\\*.txt");
+  Delete_Matching(folder.Drives(), "c:\\none\\*.txt");
+}
+
 }  // namespace
 }  // namespace sylvomex

@@ -265,6 +265,22 @@ TEST(ListReader, AMissingFileIsAFileNotFound) {
   });
 }
 
+TEST(ListReader, ALineOfAFileIsNamedByItsNumberAndCountsItsOwnItems) {
+  const FilePath file{"c:\\data\\a.csv", "/native/a.csv"};
+  ListReader line("7,x", file, 12);
+  EXPECT_EQ(line.Read_Int32(), 7);
+  try {
+    line.Read_Double();
+    FAIL();
+  } catch (const RunTimeError& error) {
+    EXPECT_STREQ(error.what(),
+                 "Type mismatch: c:\\data\\a.csv, line 12, item 2: \"x\" is not a number");
+    EXPECT_EQ(error.Native_Path(), file.native);
+  }
+  Expect_Failure(Failure::InputPastEnd, "Input past end of file: c:\\data\\a.csv, line 12, item 3",
+                 [&] { line.Read_Double(); });
+}
+
 TEST(ListReader, QuotedTextsComeBackAsTheyWere) {
   // Any text without a line end, quoted with its quotes doubled, is read back unchanged.
   std::mt19937 random(5);

@@ -142,14 +142,14 @@ void Read_Next_Image(Workspace& w, ListReader& header) {
 
 }  // namespace
 
-void Add_Image_By_Name(Workspace& w, const FilePath& header_file) {
+bool Take_In_Image(Workspace& w, const FilePath& header_file) {
   w.ImageAddDone = false;
   ListReader header(header_file);
   if (w.ImageCount > kMostImages) {
     w.screen->Message_Box(
         "At the moment cannot allow more than 9 images (three rows of Picture-boxes to hold the "
         "images!)");
-    return;
+    return false;
   }
   BlockRestorer restorer(w);
   try {
@@ -158,10 +158,16 @@ void Add_Image_By_Name(Workspace& w, const FilePath& header_file) {
     restorer.Restore();
     throw;
   }
-  const int k = w.ImageCount - 1;
   // A tenth image passes the test above and fails here, on the nine panes.
   Lay_Out_Panes(w);
-  Give_Start_View(w, k);
+  Give_Start_View(w, w.ImageCount - 1);
+  return true;
+}
+
+void Add_Image_By_Name(Workspace& w, const FilePath& header_file) {
+  BlockRestorer restorer(w);
+  if (!Take_In_Image(w, header_file)) return;
+  const int k = w.ImageCount - 1;
   if (w.SolutionValid) {
     Center_to_xyz_click(w);
     return;

@@ -9,6 +9,10 @@ namespace sylvomex {
 
 void Add_images_to_set(Workspace& w);
 
+/// The first steps of adding an image, up to its laid-out pane with its start view; the pane has
+/// no picture yet. False after the message that the block is full.
+bool Take_In_Image(Workspace& w, const FilePath& header);
+
 /// The flow of Add_images_to_set without the dialog.
 void Add_Image_By_Name(Workspace& w, const FilePath& header);
 

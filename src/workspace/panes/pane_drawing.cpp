@@ -21,12 +21,16 @@ PanePosition Pane_Of_Point(const Workspace& w, int image, double X, double Y, do
   return Full_Image_To_Pane(w.ImageBlock(image), w.PaneViews(image), col, row);
 }
 
+PanePosition Overlay_Of_Pixel(const Workspace& w, int image, double col, double row) {
+  const PanePosition at = Pane_Of_Pixel(w, image, col, row);
+  return {at.px - 1, at.py - 1};
+}
+
 PanePosition Overlay_Of_Point(const Workspace& w, int image, double X, double Y, double Z) {
   double col = 0;
   double row = 0;
   Object_To_Pixel(w, image, X, Y, Z, col, row);
-  const PanePosition at = Pane_Of_Pixel(w, image, col, row);
-  return {at.px - 1, at.py - 1};
+  return Overlay_Of_Pixel(w, image, col, row);
 }
 
 FullImagePosition Pixel_Of_Pane(const Workspace& w, int image, double px, double py) {

@@ -13,8 +13,10 @@ PanePosition Pane_Of_Pixel(const Workspace& w, int image, double col, double row
 /// Pane position of an object point in a plain view of image k, metres.
 PanePosition Pane_Of_Point(const Workspace& w, int image, double X, double Y, double Z);
 
-/// Where overlays (lidar echoes, field trees, borders, saved points) draw an object point in
-/// pane k: one pane pixel to the left of and above its position by Pane_Of_Pixel.
+/// Where overlays (lidar echoes, field trees, borders, saved points) draw a full-image position
+/// or an object point in pane k: one pane pixel to the left of and above its position by
+/// Pane_Of_Pixel.
+PanePosition Overlay_Of_Pixel(const Workspace& w, int image, double col, double row);
 PanePosition Overlay_Of_Point(const Workspace& w, int image, double X, double Y, double Z);
 
 /// Full-image position of a pane position. Correlation panes as above.

@@ -58,7 +58,7 @@ struct Picture : Control {
   PointerShape MousePointer = PointerShape::Normal;
 };
 
-/// Puts a bitmap on the picture; marks drawn before are dropped.
+/// Puts a bitmap on the picture, null for none; marks drawn before are dropped.
 void Load_Picture(Picture& picture, std::shared_ptr<const PaneBitmap> bitmap);
 
 /// Drops the marks; the bitmap stays.

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// One row each of the text files that overlays are drawn from, read as lists. Every reader takes
+// the next row; RunTimeErrors of the list reader, RunTimeError(InputPastEnd) for a row that is
+// cut short.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/list_reader.h"
+
+namespace sylvomex {
+
+/// Identifier (not kept), X1, Y1, X2, Y2; metres.
+struct GroundSegment {
+  double X1 = 0, Y1 = 0;
+  double X2 = 0, Y2 = 0;
+};
+GroundSegment Read_Ground_Segment(ListReader& file);
+
+/// X, Y, two items without a use here, height, tree number, flag.
+struct MeasuredTree {
+  double X = 0, Y = 0;  // metres
+  double height = 0;    // above ground, metres
+  std::string number;
+  std::int32_t flag = 0;  // 1: to be drawn
+};
+MeasuredTree Read_Measured_Tree(ListReader& file);
+
+/// Identifier (not kept), X, Y, mark size, four numbers without a use here.
+struct CrownPoint {
+  double X = 0, Y = 0;  // metres
+  double size = 0;      // pixels; the mark is one wider
+};
+CrownPoint Read_Crown_Point(ListReader& file);
+
+/// ImageId, point id, column, row of the full image from the top.
+struct TiePoint {
+  std::int32_t image_id = 0;
+  std::int32_t point_id = 0;
+  double col = 0;
+  double top_down_row = 0;
+};
+TiePoint Read_Tie_Point(ListReader& file);
+
+/// X, Y, Z of a polyline's vertex, metres.
+struct GroundVertex {
+  double X = 0, Y = 0, Z = 0;
+};
+GroundVertex Read_Ground_Vertex(ListReader& file);
+
+}  // namespace sylvomex

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include "solver/camera_table.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <utility>
+
+#include "closedlib/counted_loop.h"
+#include "platform/files.h"
+#include "platform/number_text.h"
+#include "platform/run_time_error.h"
+
+namespace sylvomex {
+namespace {
+
+// The items of one line, in order; every read names a line that ends too soon.
+class CameraLine {
+ public:
+  CameraLine(const std::string& line, const FilePath& file, int line_number)
+      : list_(line, file, line_number), native_(file.native) {}
+
+  std::int32_t Integer() {
+    Require_Item();
+    return list_.Read_Int32();
+  }
+  double Real() {
+    Require_Item();
+    return list_.Read_Double();
+  }
+  std::string Text() {
+    Require_Item();
+    return list_.Read_Text_To_Comma();
+  }
+  // Empty items behind the last one are those of a spreadsheet.
+  void Require_End() {
+    while (!list_.At_End()) {
+      if (list_.Read_Text_To_Comma().empty()) continue;
+      throw RunTimeError(Failure::BadContent, list_.Where() + ": 12 items are wanted on a line",
+                         native_);
+    }
+  }
+
+ private:
+  void Require_Item() {
+    if (!list_.At_End()) return;
+    throw RunTimeError(Failure::BadContent,
+                       list_.Where() + ": the line ends here, 12 items are wanted", native_);
+  }
+
+  ListReader list_;
+  std::filesystem::path native_;
+};
+
+TableCamera Read_Camera(CameraLine& line) {
+  TableCamera camera;
+  camera.identity = line.Integer();
+  line.Text();  // not used
+  for (double* value :
+       {&camera.c, &camera.omega, &camera.phi, &camera.kappa, &camera.X0, &camera.Y0, &camera.Z0}) {
+    *value = line.Real();
+  }
+  camera.name_end = line.Text();
+  camera.header = line.Text();
+  camera.name_start = line.Text();
+  line.Require_End();
+  return camera;
+}
+
+struct FrameLimits {
+  double x = 0;  // metres from the principal point, not reached itself
+  double y = 0;
+};
+
+FrameLimits Aerial_Frame(double c) {
+  if (c > 0.204 && c < 0.205) return {0.09, 0.09};
+  if (c > 0.104 && c < 0.106) return {0.05175, 0.03375};
+  return {0.115, 0.115};
+}
+
+constexpr FrameLimits kTerrestrialFrame{0.002692, 0.003589};
+
+// False for a point in the plane through the projection centre that is parallel to the frame.
+bool Falls_On_Frame(const TableCamera& camera, const RotationMatrix& m, const Point3D& point,
+                    const FrameLimits& limits) {
+  const double dX = camera.X0 - point.X;
+  const double dY = camera.Y0 - point.Y;
+  const double dZ = camera.Z0 - point.Z;
+  const double n = m.m31 * dX + m.m32 * dY + m.m33 * dZ;
+  if (n == 0) return false;
+  const double x = -camera.c * (m.m11 * dX + m.m12 * dY + m.m13 * dZ) / n;
+  const double y = -camera.c * (m.m21 * dX + m.m22 * dY + m.m23 * dZ) / n;
+  return std::abs(x) < limits.x && std::abs(y) < limits.y;
+}
+
+RotationMatrix Rotation_Of(const TableCamera& camera) {
+  return Build_Rotation_Matrix(camera.omega, camera.phi, camera.kappa);
+}
+
+}  // namespace
+
+CameraTableReader::CameraTableReader(const FilePath& file)
+    : CameraTableReader(Read_Whole_File(file), file) {}
+
+CameraTableReader::CameraTableReader(std::string content, FilePath file)
+    : file_(std::move(file)), lines_(std::move(content), file_.name) {}
+
+std::optional<TableCamera> CameraTableReader::Next() {
+  while (!lines_.At_End()) {
+    const int line_number = lines_.Line();
+    const std::string text = lines_.Read_Line();
+    if (Without_Blanks_Around(text).empty()) continue;
+    CameraLine line(text, file_, line_number);
+    return Read_Camera(line);
+  }
+  return std::nullopt;
+}
+
+bool Sees_Point(const TableCamera& camera, const Point3D& point) {
+  return Falls_On_Frame(camera, Rotation_Of(camera), point, Aerial_Frame(camera.c));
+}
+
+bool Sees_Ring(const TableCamera& camera, const Point3D& point) {
+  if (!(camera.c > 0.006 && camera.c < 0.008)) return false;
+  const RotationMatrix m = Rotation_Of(camera);
+  const std::vector<Point3D> ring = Ring_Around(point);
+  return std::all_of(ring.begin(), ring.end(), [&](const Point3D& at) {
+    return Falls_On_Frame(camera, m, at, kTerrestrialFrame);
+  });
+}
+
+std::vector<Point3D> Ring_Around(const Point3D& centre) {
+  constexpr double kRadius = 0.19 / 2;  // metres
+  constexpr double kStep = 0.3;         // radians
+  const int points = Loop_Passes(-std::numbers::pi, std::numbers::pi, kStep);
+  std::vector<Point3D> ring;
+  for (int i = 0; i < points; ++i) {
+    const double a = -std::numbers::pi + i * kStep;
+    ring.push_back({centre.X + kRadius * std::cos(a), centre.Y + kRadius * std::sin(a), centre.Z});
+  }
+  return ring;
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "overlays/overlay_rows.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/run_time_error.h"
+
+namespace sylvomex {
+namespace {
+
+ListReader Rows(const std::string& text) { return {text, "c:\\data\\rows.txt"}; }
+
+template <class Read>
+std::string Failure_Of(Read read, const std::string& text) {
+  ListReader rows = Rows(text);
+  try {
+    read(rows);
+  } catch (const RunTimeError& error) {
+    return error.what();
+  }
+  return "no failure";
+}
+
+TEST(GroundSegment, IdentifierMayBeANumberOrAName) {
+  ListReader rows = Rows("12,1,2,3,4\n\nLM-a 5 6 7 8\n\"b c\",9,10,11,12");
+  for (const double first : {1.0, 5.0, 9.0}) {
+    const GroundSegment segment = Read_Ground_Segment(rows);
+    EXPECT_EQ(segment.X1, first);
+    EXPECT_EQ(segment.Y1, first + 1);
+    EXPECT_EQ(segment.X2, first + 2);
+    EXPECT_EQ(segment.Y2, first + 3);
+  }
+  EXPECT_TRUE(rows.At_End());
+}
+
+TEST(MeasuredTree, TakesHeightNumberAndFlagFromItemsFiveToSeven) {
+  ListReader rows = Rows("1,2,pine,4,5.5,T6,1\n");
+  const MeasuredTree tree = Read_Measured_Tree(rows);
+  EXPECT_EQ(tree.X, 1);
+  EXPECT_EQ(tree.Y, 2);
+  EXPECT_EQ(tree.height, 5.5);
+  EXPECT_EQ(tree.number, "T6");
+  EXPECT_EQ(tree.flag, 1);
+  EXPECT_TRUE(rows.At_End());
+}
+
+TEST(CrownPoint, TakesItsSizeFromItemFour) {
+  ListReader rows = Rows("a1 1 2 3.5 4 5 6 7\n");
+  const CrownPoint point = Read_Crown_Point(rows);
+  EXPECT_EQ(point.X, 1);
+  EXPECT_EQ(point.Y, 2);
+  EXPECT_EQ(point.size, 3.5);
+  EXPECT_TRUE(rows.At_End());
+}
+
+TEST(TiePoint, ImageIdComesFirst) {
+  ListReader rows = Rows("402045 7 100.25 200.5\n");
+  const TiePoint point = Read_Tie_Point(rows);
+  EXPECT_EQ(point.image_id, 402045);
+  EXPECT_EQ(point.point_id, 7);
+  EXPECT_EQ(point.col, 100.25);
+  EXPECT_EQ(point.top_down_row, 200.5);
+}
+
+TEST(OverlayRows, ARowCutShortIsNamed) {
+  EXPECT_EQ(Failure_Of(Read_Ground_Segment, "1,2,3,4\n"),
+            "Input past end of file: c:\\data\\rows.txt, line 2, item 5");
+  EXPECT_EQ(Failure_Of(Read_Measured_Tree, "1,2,3,4,5,6"),
+            "Input past end of file: c:\\data\\rows.txt, line 1, item 7");
+  EXPECT_EQ(Failure_Of(Read_Crown_Point, "1,2,3,4,5,6,7"),
+            "Input past end of file: c:\\data\\rows.txt, line 1, item 8");
+  EXPECT_EQ(Failure_Of(Read_Tie_Point, "1,2,3"),
+            "Input past end of file: c:\\data\\rows.txt, line 1, item 4");
+  EXPECT_EQ(Failure_Of(Read_Ground_Vertex, "1,2"),
+            "Input past end of file: c:\\data\\rows.txt, line 1, item 3");
+}
+
+TEST(OverlayRows, ATextInPlaceOfANumberIsNamed) {
+  EXPECT_EQ(Failure_Of(Read_Measured_Tree, "1,2,3,4,tall,6,1"),
+            "Type mismatch: c:\\data\\rows.txt, line 1, item 5: \"tall\" is not a number");
+}
+
+}  // namespace
+}  // namespace sylvomex
