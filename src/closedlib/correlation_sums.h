@@ -38,10 +38,16 @@ struct SumPath {
                int tile_rows, int stride, TilePixels& tile);
   /// Sums of the windows of one row, the slow way.
   void (*start)(const MaskBand& band, const TilePixels& tile, std::size_t first, RowSums& row);
-  /// Sums of kBlockRows rows of windows. first: place of the first window's first pixel in the
-  /// tile. row: sums of the first row at call, of the row after the last on return.
-  void (*block)(const MaskBand& band, const TilePixels& tile, std::size_t first, int stride,
+  /// Products of kBlockRows rows of windows. first: place of the first window's first pixel in
+  /// the tile.
+  void (*products)(const MaskBand& band, const TilePixels& tile, std::size_t first, int stride,
+                   BlockSums& block);
+  /// Window sums of the same rows. row: sums of the first row at call, of the row after the
+  /// last on return.
+  void (*slide)(const MaskBand& band, const TilePixels& tile, std::size_t first, int stride,
                 RowSums& row, BlockSums& block);
+  /// Time that products takes for a window and a tap, in the unit of TileChoice.
+  double tap_cost = 0;
 };
 
 /// For every machine; the widest vector unit is chosen at run time.

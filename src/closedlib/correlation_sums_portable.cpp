@@ -108,9 +108,8 @@ void Move_Down(const MaskBand& band, const std::int16_t* window, RowSums& row) {
   }
 }
 
-void Add_Block(const MaskBand& band, const std::int16_t* window, int stride, RowSums& row,
-               BlockSums& block) {
-  Block_Products(band, window, stride, block);
+void Slide_Block(const MaskBand& band, const std::int16_t* window, int stride, RowSums& row,
+                 BlockSums& block) {
   for (RowSums& to : block.rows) {
     to = row;
     Move_Down(band, window, row);
@@ -157,7 +156,8 @@ namespace sylvomex {
 namespace {
 
 HWY_EXPORT(Add_All);
-HWY_EXPORT(Add_Block);
+HWY_EXPORT(Block_Products);
+HWY_EXPORT(Slide_Block);
 HWY_EXPORT(Tile_Coefficients);
 
 void Load_Words(const std::uint8_t* patch, std::size_t patch_width, int cols, int rows,
@@ -177,12 +177,17 @@ void Start_Row(const MaskBand& band, const TilePixels& tile, std::size_t first, 
   HWY_DYNAMIC_DISPATCH(Add_All)(band, tile.words.data() + first, row);
 }
 
-void Add_Rows(const MaskBand& band, const TilePixels& tile, std::size_t first, int stride,
-              RowSums& row, BlockSums& block) {
-  HWY_DYNAMIC_DISPATCH(Add_Block)(band, tile.words.data() + first, stride, row, block);
+void Add_Products(const MaskBand& band, const TilePixels& tile, std::size_t first, int stride,
+                  BlockSums& block) {
+  HWY_DYNAMIC_DISPATCH(Block_Products)(band, tile.words.data() + first, stride, block);
 }
 
-constexpr SumPath kPortableSums = {Load_Words, Start_Row, Add_Rows};
+void Slide_Rows(const MaskBand& band, const TilePixels& tile, std::size_t first, int stride,
+                RowSums& row, BlockSums& block) {
+  HWY_DYNAMIC_DISPATCH(Slide_Block)(band, tile.words.data() + first, stride, row, block);
+}
+
+constexpr SumPath kPortableSums = {Load_Words, Start_Row, Add_Products, Slide_Rows, 0.0134};
 
 }  // namespace
 

@@ -83,8 +83,9 @@ SYLVOMEX_VNNI_INLINE void Dot_Phases(PhaseSums& sums, const PhasePixels& pixels,
 
 static_assert(kBlockRows == 6, "one variable a row: 24 sums fill the registers");
 
-SYLVOMEX_VNNI void Block_Products(const MaskBand& band, const std::uint8_t* pixels, int stride,
-                                  BlockSums& block) {
+SYLVOMEX_VNNI void Add_Products(const MaskBand& band, const TilePixels& tile, std::size_t first,
+                                int stride, BlockSums& block) {
+  const std::uint8_t* pixels = tile.bytes.data() + first;
   const __m512i zero = _mm512_setzero_si512();
   const PhaseSums none = {zero, zero, zero, zero};
   PhaseSums row0 = none, row1 = none, row2 = none, row3 = none, row4 = none, row5 = none;
@@ -197,10 +198,9 @@ SYLVOMEX_VNNI void Start_Row(const MaskBand& band, const TilePixels& tile, std::
   Add_To(squares, row.squares);
 }
 
-SYLVOMEX_VNNI void Add_Block(const MaskBand& band, const TilePixels& tile, std::size_t first,
-                             int stride, RowSums& row, BlockSums& block) {
+SYLVOMEX_VNNI void Slide_Rows(const MaskBand& band, const TilePixels& tile, std::size_t first,
+                              int stride, RowSums& row, BlockSums& block) {
   const std::uint8_t* window = tile.bytes.data() + first;
-  Block_Products(band, window, stride, block);
   for (RowSums& to : block.rows) {
     to = row;
     WovenSums sums = No_Sums();
@@ -219,7 +219,7 @@ bool Machine_Has_Byte_Dots() {
          __builtin_cpu_supports("avx512vnni");
 }
 
-constexpr SumPath kByteDotSums = {Load_Bytes, Start_Row, Add_Block};
+constexpr SumPath kByteDotSums = {Load_Bytes, Start_Row, Add_Products, Slide_Rows, 0.0025};
 
 }  // namespace
 
