@@ -86,7 +86,7 @@ class TileWorker {
     Load(job, place);
     running_.resize(job.plan.bands.size());
     for (std::size_t k = 0; k < running_.size(); ++k) {
-      job.path.start(job.plan.bands[k], pixels_, Band_Start(job, k, 0), running_[k]);
+      job.path.start(job.plan.bands[k], Window(job, k, 0), running_[k]);
     }
     for (int row = 0; row < place.rows; row += kBlockRows) {
       if (running_.size() == 1) {
@@ -105,22 +105,40 @@ class TileWorker {
     const std::uint8_t* from = job.input.patch.data() +
                                static_cast<std::size_t>(place.row) * width +
                                static_cast<std::size_t>(place.col);
-    job.path.load(from, width, place.cols + job.plan.cols - 1, place.rows + job.plan.rows - 1,
-                  tile_rows, job.plan.stride, pixels_);
+    Copy_Rows(from, width, place, job.plan, tile_rows);
   }
 
-  [[nodiscard]] static std::size_t Band_Start(const Job& job, std::size_t band, int row) {
-    return static_cast<std::size_t>(job.plan.bands[band].first_row + row) *
-           static_cast<std::size_t>(job.plan.stride);
+  /// The rest of the tile becomes 0.
+  void Copy_Rows(const std::uint8_t* from, std::size_t width, const TilePlace& place,
+                 const CorrelationPlan& plan, int tile_rows) {
+    const auto stride = static_cast<std::size_t>(plan.stride);
+    const auto cols = static_cast<std::size_t>(place.cols + plan.cols - 1);
+    const int rows = place.rows + plan.rows - 1;
+    pixels_.resize(stride * static_cast<std::size_t>(tile_rows));
+    auto to = pixels_.begin();
+    for (int row = 0; row < rows; ++row, from += width, to += plan.stride) {
+      std::fill(std::copy_n(from, cols, to), to + plan.stride, std::uint8_t{0});
+    }
+    std::fill(to, pixels_.end(), std::uint8_t{0});
+  }
+
+  /// The first pixel of the band in the first window of a row.
+  [[nodiscard]] const std::uint8_t* Window(const Job& job, std::size_t band, int row) const {
+    return pixels_.data() + static_cast<std::size_t>(job.plan.bands[band].first_row + row) *
+                                static_cast<std::size_t>(job.plan.stride);
+  }
+
+  /// Sums of a band in the block of rows from `row` on.
+  void Add_Block(const Job& job, std::size_t band, int row) {
+    const std::uint8_t* window = Window(job, band, row);
+    if (!job.transformed) {
+      job.path.products(job.plan.bands[band], window, job.plan.stride, block_);
+    }
+    job.path.slide(job.plan.bands[band], window, job.plan.stride, running_[band], block_);
   }
 
   void Short_Block(const Job& job, const TilePlace& place, int row) {
-    if (!job.transformed) {
-      job.path.products(job.plan.bands[0], pixels_, Band_Start(job, 0, row), job.plan.stride,
-                        block_);
-    }
-    job.path.slide(job.plan.bands[0], pixels_, Band_Start(job, 0, row), job.plan.stride,
-                   running_[0], block_);
+    Add_Block(job, 0, row);
     const CoefficientTerms terms = {static_cast<double>(job.plan.pixels),
                                     static_cast<double>(job.plan.sum), job.plan.variance};
     for (int k = 0; k < std::min(kBlockRows, place.rows - row); ++k) {
@@ -137,11 +155,7 @@ class TileWorker {
   void Long_Block(const Job& job, const TilePlace& place, int row) {
     long_block_.assign(static_cast<std::size_t>(kBlockRows) * kTileCols, {});
     for (std::size_t k = 0; k < running_.size(); ++k) {
-      const std::size_t first = Band_Start(job, k, row);
-      if (!job.transformed) {
-        job.path.products(job.plan.bands[k], pixels_, first, job.plan.stride, block_);
-      }
-      job.path.slide(job.plan.bands[k], pixels_, first, job.plan.stride, running_[k], block_);
+      Add_Block(job, k, row);
       Add_Band(block_, long_block_);
     }
     for (int k = 0; k < std::min(kBlockRows, place.rows - row); ++k) {
@@ -154,8 +168,8 @@ class TileWorker {
     }
   }
 
-  TilePixels pixels_;
-  std::vector<RowSums> running_;  // by band: sums of the next row of windows
+  std::vector<std::uint8_t> pixels_;  // under the tile, `stride` a row
+  std::vector<RowSums> running_;      // by band: sums of the next row of windows
   BlockSums block_;
   LongBlock long_block_;
 };

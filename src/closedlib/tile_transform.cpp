@@ -191,9 +191,19 @@ void Inverse(double* x, int n, const double* roots) {
 
 /// Transposes kBlockCols x kBlockCols values whose rows begin kRowReals apart.
 HWY_INLINE void Transpose(const double* from, double* to) {
-  for (int row = 0; row < kBlockCols; ++row) {
-    for (int col = 0; col < kBlockCols; ++col) {
-      to[col * kRowReals + row] = from[row * kRowReals + col];
+  const hn::CappedTag<double, 2> pair;
+  constexpr int kStep = static_cast<int>(hn::MaxLanes(pair));
+  for (int row = 0; row < kBlockCols; row += kStep) {
+    for (int col = 0; col < kBlockCols; col += kStep) {
+      const double* at = from + row * kRowReals + col;
+      const auto upper = hn::Load(pair, at);
+#if HWY_TARGET == HWY_SCALAR
+      hn::Store(upper, pair, to + col * kRowReals + row);
+#else
+      const auto lower = hn::Load(pair, at + kRowReals);
+      hn::Store(hn::InterleaveLower(pair, upper, lower), pair, to + col * kRowReals + row);
+      hn::Store(hn::InterleaveUpper(pair, upper, lower), pair, to + (col + 1) * kRowReals + row);
+#endif
     }
   }
 }
@@ -276,25 +286,33 @@ HWY_EXPORT(Restore_Columns);
 
 constexpr std::size_t kRow = 2 * kBlockCols;
 
+/// Copies up to kBlockCols values; whole blocks without a call.
+template <class From>
+void Copy_Cols(const From* from, int cols, double* to) {
+  if (cols >= kBlockCols) {
+    std::copy_n(from, kBlockCols, to);
+  } else {
+    std::copy_n(from, cols, to);
+  }
+}
+
 /// Copies columns first_col ... first_col + kBlockCols - 1 of the given pixels to the real
 /// (part 0) or imaginary (part 1) parts of a block of zeros.
 template <class Pixel>
 void Fill_Block(const TileView<const Pixel>& pixels, int first_col, int part, double* block) {
-  const auto cols = static_cast<std::size_t>(std::min(kBlockCols, pixels.cols - first_col));
   double* to = block + part * kBlockCols;
   const Pixel* from = pixels.first + first_col;
   for (int row = 0; row < pixels.rows; ++row, to += kRow, from += pixels.width) {
-    std::copy_n(from, cols, to);
+    Copy_Cols(from, pixels.cols - first_col, to);
   }
 }
 
 /// Copies a block's parts to a result.
 void Take_Block(const double* block, int first_col, int part, const TileView<double>& result) {
-  const auto cols = static_cast<std::size_t>(std::min(kBlockCols, result.cols - first_col));
   const double* from = block + part * kBlockCols;
   double* to = result.first + first_col;
   for (int row = 0; row < result.rows; ++row, from += kRow, to += result.width) {
-    std::copy_n(from, cols, to);
+    Copy_Cols(from, result.cols - first_col, to);
   }
 }
 
