@@ -98,28 +98,19 @@ class TileWorker {
   }
 
  private:
+  /// Copies the patch pixels under the tile; the rest of its rows becomes 0.
   void Load(const Job& job, const TilePlace& place) {
     const int blocks = (place.rows + kBlockRows - 1) / kBlockRows;
     const int tile_rows = blocks * kBlockRows + job.plan.rows;
-    const auto width = static_cast<std::size_t>(job.input.patch_width);
-    const std::uint8_t* from = job.input.patch.data() +
-                               static_cast<std::size_t>(place.row) * width +
-                               static_cast<std::size_t>(place.col);
-    Copy_Rows(from, width, place, job.plan, tile_rows);
-  }
-
-  /// The rest of the tile becomes 0.
-  void Copy_Rows(const std::uint8_t* from, std::size_t width, const TilePlace& place,
-                 const CorrelationPlan& plan, int tile_rows) {
-    const auto stride = static_cast<std::size_t>(plan.stride);
-    const auto cols = static_cast<std::size_t>(place.cols + plan.cols - 1);
-    const int rows = place.rows + plan.rows - 1;
-    pixels_.resize(stride * static_cast<std::size_t>(tile_rows));
-    auto to = pixels_.begin();
-    for (int row = 0; row < rows; ++row, from += width, to += plan.stride) {
-      std::fill(std::copy_n(from, cols, to), to + plan.stride, std::uint8_t{0});
+    const int rows = place.rows + job.plan.rows - 1;
+    const auto cols = static_cast<std::size_t>(place.cols + job.plan.cols - 1);
+    const auto stride = static_cast<std::size_t>(job.plan.stride);
+    pixels_.assign(stride * static_cast<std::size_t>(tile_rows), 0);
+    const std::uint8_t* from =
+        job.input.patch.data() + place.row * job.input.patch_width + place.col;
+    for (int row = 0; row < rows; ++row, from += job.input.patch_width) {
+      std::copy_n(from, cols, &pixels_[static_cast<std::size_t>(row) * stride]);
     }
-    std::fill(to, pixels_.end(), std::uint8_t{0});
   }
 
   /// The first pixel of the band in the first window of a row.

@@ -205,7 +205,7 @@ bool Machine_Has_Byte_Dots() {
          __builtin_cpu_supports("avx512vnni");
 }
 
-constexpr SumPath kByteDotSums = {Start_Row, Add_Products, Slide_Rows, 0.0025};
+constexpr SumPath kByteDotSums = {Start_Row, Add_Products, Slide_Rows, 0.0046};
 
 }  // namespace
 

@@ -23,7 +23,7 @@ double Transform_Error(TileShape shape, std::int64_t mask_pixels);
 /// How the windows share out among tiles, and what that costs.
 struct TileChoice {
   TileShape shape;
-  double cost = 0;  // of a thread, nanoseconds on a machine of 2025
+  double cost = 0;  // nanoseconds, about
 };
 
 /// The cheapest tiles for cols x rows windows. The cost is infinite where the box is too large
