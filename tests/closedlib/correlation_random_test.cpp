@@ -142,6 +142,20 @@ TEST_F(CorrelationPaths, BlackAndWhiteExtremesDoNotOverflow) {
   });
 }
 
+/// Every pixel that leaves a window is as far as can be from the one that enters.
+TEST_F(CorrelationPaths, BrightRowsAboveDarkRowsDoNotOverflow) {
+  Run([] {
+    Random random(11);
+    RandomCase striped(420, 24, 300, 3);
+    Bytes patch(striped.Patch_Pixels());
+    for (std::size_t at = 0; at < patch.size(); ++at) patch[at] = at / 420 / 4 % 2 == 0 ? 255 : 0;
+    striped.Take(std::move(patch), Random_Bytes(random, striped.Template_Pixels(), 1, 255));
+    const auto result = By_Path(Portable_Sums(), striped.input, 1);
+    Expect_Definition(striped.input, result, 7);
+    Expect_All_Paths_Agree(striped.input, result);
+  });
+}
+
 TEST(CorrelationImageLarge, TemplateBeyond65536PixelsFollowsTheDefinition) {
   Random random(8);
   RandomCase drawn(330, 310, 300, 290);
