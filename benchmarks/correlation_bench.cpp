@@ -51,17 +51,42 @@ void Every_Size(benchmark::internal::Benchmark* bench) {
 }
 BENCHMARK(Correlation_Image)->Apply(Every_Size);
 
-/// Without the byte dot products that this machine may have.
-void Correlation_Image_Portable(benchmark::State& state) {
+void By_Path(benchmark::State& state, const SumPath* path, Products products) {
+  if (path == nullptr) {
+    state.SkipWithError("this machine has no byte dot products");
+    return;
+  }
   Input in(static_cast<int>(state.range(0)));
-  CorrelationInput arguments = {in.patch, kSide,   kSide,       in.pattern,
-                                in.side,  in.side, in.side / 2, in.side / 2};
+  const CorrelationInput arguments = {in.patch, kSide,   kSide,       in.pattern,
+                                      in.side,  in.side, in.side / 2, in.side / 2};
   for (auto _ : state) {
-    Correlate_By_Path(Portable_Sums(), arguments, in.result, static_cast<int>(state.range(1)));
+    Correlate_By_Path(*path, arguments, in.result, static_cast<int>(state.range(1)), products);
     benchmark::ClobberMemory();
   }
 }
+
+/// Without the byte dot products that this machine may have.
+void Correlation_Image_Portable(benchmark::State& state) {
+  By_Path(state, &Portable_Sums(), Products::Cheapest);
+}
 BENCHMARK(Correlation_Image_Portable)->Apply(Every_Size);
+
+/// Where the products come from: added one by one or by transforms.
+void Portable_Added(benchmark::State& state) { By_Path(state, &Portable_Sums(), Products::Added); }
+BENCHMARK(Portable_Added)->Apply(Every_Size);
+
+void Portable_Transformed(benchmark::State& state) {
+  By_Path(state, &Portable_Sums(), Products::Transformed);
+}
+BENCHMARK(Portable_Transformed)->Apply(Every_Size);
+
+void Byte_Dots_Added(benchmark::State& state) { By_Path(state, Byte_Dot_Sums(), Products::Added); }
+BENCHMARK(Byte_Dots_Added)->Apply(Every_Size);
+
+void Byte_Dots_Transformed(benchmark::State& state) {
+  By_Path(state, Byte_Dot_Sums(), Products::Transformed);
+}
+BENCHMARK(Byte_Dots_Transformed)->Apply(Every_Size);
 
 #ifdef SYLVOMEX_BENCH_OPENCV
 void Opencv_Masked_Match(benchmark::State& state) {

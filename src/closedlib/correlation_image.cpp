@@ -3,12 +3,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "closedlib/correlation_by_path.h"
 #include "closedlib/correlation_plan.h"
 #include "closedlib/correlation_sums.h"
+#include "closedlib/correlation_transform.h"
 #include "closedlib/parallel_tasks.h"
 #include "closedlib/wide_integer.h"
 #include "platform/run_time_error.h"
@@ -33,6 +35,7 @@ struct Job {
   WindowRange windows;
   std::int64_t shift_col = 0, shift_row = 0;  // from a window to its reference pixel
   std::span<double> result;
+  bool transformed = false;  // the result holds the windows' products
 };
 
 /// Place of a rectangle of windows.
@@ -83,7 +86,7 @@ class TileWorker {
     Load(job, place);
     running_.resize(job.plan.bands.size());
     for (std::size_t k = 0; k < running_.size(); ++k) {
-      job.path.start(job.plan.bands[k], pixels_, Band_Start(job, k, 0), running_[k]);
+      job.path.start(job.plan.bands[k], Window(job, k, 0), running_[k]);
     }
     for (int row = 0; row < place.rows; row += kBlockRows) {
       if (running_.size() == 1) {
@@ -95,50 +98,69 @@ class TileWorker {
   }
 
  private:
+  /// Copies the patch pixels under the tile; the rest of its rows becomes 0.
   void Load(const Job& job, const TilePlace& place) {
     const int blocks = (place.rows + kBlockRows - 1) / kBlockRows;
     const int tile_rows = blocks * kBlockRows + job.plan.rows;
-    const auto width = static_cast<std::size_t>(job.input.patch_width);
-    const std::uint8_t* from = job.input.patch.data() +
-                               static_cast<std::size_t>(place.row) * width +
-                               static_cast<std::size_t>(place.col);
-    job.path.load(from, width, place.cols + job.plan.cols - 1, place.rows + job.plan.rows - 1,
-                  tile_rows, job.plan.stride, pixels_);
+    const int rows = place.rows + job.plan.rows - 1;
+    const auto cols = static_cast<std::size_t>(place.cols + job.plan.cols - 1);
+    const auto stride = static_cast<std::size_t>(job.plan.stride);
+    pixels_.assign(stride * static_cast<std::size_t>(tile_rows), 0);
+    const std::uint8_t* from =
+        job.input.patch.data() + place.row * job.input.patch_width + place.col;
+    for (int row = 0; row < rows; ++row, from += job.input.patch_width) {
+      std::copy_n(from, cols, &pixels_[static_cast<std::size_t>(row) * stride]);
+    }
   }
 
-  [[nodiscard]] static std::size_t Band_Start(const Job& job, std::size_t band, int row) {
-    return static_cast<std::size_t>(job.plan.bands[band].first_row + row) *
-           static_cast<std::size_t>(job.plan.stride);
+  /// The first pixel of the band in the first window of a row.
+  [[nodiscard]] const std::uint8_t* Window(const Job& job, std::size_t band, int row) const {
+    return pixels_.data() + static_cast<std::size_t>(job.plan.bands[band].first_row + row) *
+                                static_cast<std::size_t>(job.plan.stride);
+  }
+
+  /// Sums of a band in the block of rows from `row` on.
+  void Add_Block(const Job& job, std::size_t band, int row) {
+    const std::uint8_t* window = Window(job, band, row);
+    if (!job.transformed) {
+      job.path.products(job.plan.bands[band], window, job.plan.stride, block_);
+    }
+    job.path.slide(job.plan.bands[band], window, job.plan.stride, running_[band], block_);
   }
 
   void Short_Block(const Job& job, const TilePlace& place, int row) {
-    job.path.block(job.plan.bands[0], pixels_, Band_Start(job, 0, row), job.plan.stride,
-                   running_[0], block_);
+    Add_Block(job, 0, row);
     const CoefficientTerms terms = {static_cast<double>(job.plan.pixels),
                                     static_cast<double>(job.plan.sum), job.plan.variance};
     for (int k = 0; k < std::min(kBlockRows, place.rows - row); ++k) {
       const auto at = static_cast<std::size_t>(k);
-      Row_Coefficients(terms, block_.products[at], block_.rows[at], place.cols,
-                       &job.result[Result_Place(job, place.col, place.row + row + k)]);
+      double* to = &job.result[Result_Place(job, place.col, place.row + row + k)];
+      if (job.transformed) {
+        std::transform(to, to + place.cols, block_.products[at].begin(),
+                       [](double product) { return static_cast<std::int32_t>(product); });
+      }
+      Row_Coefficients(terms, block_.products[at], block_.rows[at], place.cols, to);
     }
   }
 
   void Long_Block(const Job& job, const TilePlace& place, int row) {
     long_block_.assign(static_cast<std::size_t>(kBlockRows) * kTileCols, {});
     for (std::size_t k = 0; k < running_.size(); ++k) {
-      job.path.block(job.plan.bands[k], pixels_, Band_Start(job, k, row), job.plan.stride,
-                     running_[k], block_);
+      Add_Block(job, k, row);
       Add_Band(block_, long_block_);
     }
     for (int k = 0; k < std::min(kBlockRows, place.rows - row); ++k) {
       double* to = &job.result[Result_Place(job, place.col, place.row + row + k)];
-      const LongSums* sums = &long_block_[static_cast<std::size_t>(k) * kTileCols];
-      for (int col = 0; col < place.cols; ++col) to[col] = Long_Coefficient(job.plan, sums[col]);
+      LongSums* sums = &long_block_[static_cast<std::size_t>(k) * kTileCols];
+      for (int col = 0; col < place.cols; ++col) {
+        if (job.transformed) sums[col].products = static_cast<std::int64_t>(to[col]);
+        to[col] = Long_Coefficient(job.plan, sums[col]);
+      }
     }
   }
 
-  TilePixels pixels_;
-  std::vector<RowSums> running_;  // by band: sums of the next row of windows
+  std::vector<std::uint8_t> pixels_;  // under the tile, `stride` a row
+  std::vector<RowSums> running_;      // by band: sums of the next row of windows
   BlockSums block_;
   LongBlock long_block_;
 };
@@ -208,10 +230,47 @@ void Work_Tiles(const Job& job, int threads) {
   });
 }
 
+/// Time of adding product by product, in the unit of TileChoice.
+double Added_Cost(const Job& job, int threads) {
+  std::int64_t groups = 0;  // of a block of rows
+  for (const MaskBand& band : job.plan.bands) {
+    for (const GroupRange& reach : band.reach) groups += reach.last - reach.first;
+  }
+  const WindowRange& w = job.windows;
+  const auto windows =
+      static_cast<double>(w.last_col - w.first_col) * static_cast<double>(w.last_row - w.first_row);
+  return job.path.tap_cost * windows * static_cast<double>(kTapGroup * groups) / threads;
+}
+
+/// The tiles whose transforms give the products; none when the path adds them.
+std::optional<TileShape> Transform_Tiles(const Job& job, int threads, Products products) {
+  if (products == Products::Added) return std::nullopt;
+  const WindowRange& w = job.windows;
+  const TileChoice choice =
+      Choose_Tiles(job.plan, w.last_col - w.first_col, w.last_row - w.first_row, threads);
+  const bool cheap = products == Products::Transformed || choice.cost < Added_Cost(job, threads);
+  if (!std::isfinite(choice.cost) || !cheap) return std::nullopt;
+  return choice.shape;
+}
+
+/// Writes the products of all windows to the places of their coefficients.
+void Write_Products(const Job& job, TileShape shape, int threads) {
+  const WindowRange& w = job.windows;
+  const auto width = static_cast<std::size_t>(job.input.patch_width);
+  const auto cols = static_cast<int>(w.last_col - w.first_col);
+  const auto rows = static_cast<int>(w.last_row - w.first_row);
+  const TileView<const std::uint8_t> patch = {
+      job.input.patch.data() + w.first_row * job.input.patch_width + w.first_col, width,
+      cols + job.plan.cols - 1, rows + job.plan.rows - 1};
+  const TileView<double> places = {&job.result[Result_Place(job, w.first_col, w.first_row)], width,
+                                   cols, rows};
+  Transform_Products(job.plan, shape, patch, places, threads);
+}
+
 }  // namespace
 
 void Correlate_By_Path(const SumPath& path, const CorrelationInput& input, std::span<double> result,
-                       int threads) {
+                       int threads, Products products) {
   Require_Pixels("patch", input.patch_width, input.patch_height, input.patch.size());
   Require_Pixels("template", input.template_width, input.template_height, input.pattern.size());
   Require_Pixels("result", input.patch_width, input.patch_height, result.size());
@@ -226,8 +285,12 @@ void Correlate_By_Path(const SumPath& path, const CorrelationInput& input, std::
     std::fill(result.begin(), result.end(), 0.0);
     return;
   }
-  const Job job = {path, plan, input, windows, shift_col, shift_row, result};
+  Job job = {path, plan, input, windows, shift_col, shift_row, result};
   Clear_Margins(job);
+  if (const auto shape = Transform_Tiles(job, Thread_Count(threads), products)) {
+    Write_Products(job, *shape, threads);
+    job.transformed = true;
+  }
   Work_Tiles(job, threads);
 }
 

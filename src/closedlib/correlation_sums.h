@@ -13,12 +13,6 @@
 
 namespace sylvomex {
 
-/// The patch pixels under a tile, `stride` a row; a way of adding fills the one it reads.
-struct TilePixels {
-  std::vector<std::uint8_t> bytes;
-  std::vector<std::int16_t> words;
-};
-
 /// Sums of kTileCols windows side by side.
 struct RowSums {
   alignas(64) std::array<std::int32_t, kTileCols> sums{};
@@ -32,16 +26,16 @@ struct BlockSums {
 
 /// A way of adding.
 struct SumPath {
-  /// Copies `rows` rows of `cols` bytes, patch_width apart, to the first places of the tile's
-  /// rows; the rest of the tile's tile_rows rows becomes 0.
-  void (*load)(const std::uint8_t* patch, std::size_t patch_width, int cols, int rows,
-               int tile_rows, int stride, TilePixels& tile);
-  /// Sums of the windows of one row, the slow way.
-  void (*start)(const MaskBand& band, const TilePixels& tile, std::size_t first, RowSums& row);
-  /// Sums of kBlockRows rows of windows. first: place of the first window's first pixel in the
-  /// tile. row: sums of the first row at call, of the row after the last on return.
-  void (*block)(const MaskBand& band, const TilePixels& tile, std::size_t first, int stride,
-                RowSums& row, BlockSums& block);
+  /// Sums of the windows of one row, the slow way. window: the first window's first pixel.
+  void (*start)(const MaskBand& band, const std::uint8_t* window, RowSums& row);
+  /// Products of kBlockRows rows of windows. stride: from one row of pixels to the next.
+  void (*products)(const MaskBand& band, const std::uint8_t* window, int stride, BlockSums& block);
+  /// Window sums of the same rows. row: sums of the first row at call, of the row after the
+  /// last on return.
+  void (*slide)(const MaskBand& band, const std::uint8_t* window, int stride, RowSums& row,
+                BlockSums& block);
+  /// Time that products takes for a window and a tap, in the unit of TileChoice.
+  double tap_cost = 0;
 };
 
 /// For every machine; the widest vector unit is chosen at run time.

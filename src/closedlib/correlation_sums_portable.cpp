@@ -20,6 +20,7 @@ namespace HWY_NAMESPACE {
 namespace hn = hwy::HWY_NAMESPACE;
 
 using Words = hn::CappedTag<std::int16_t, kTileCols>;
+using Bytes = hn::Rebind<std::uint8_t, Words>;
 using Sums = hn::RepartitionToWide<Words>;
 
 constexpr int kPairPhases = 2;
@@ -31,10 +32,13 @@ HWY_INLINE hn::Vec<Words> Tap_Pair(const std::int16_t* taps) {
   return hn::BitCast(Words(), hn::Set(Sums(), pair));
 }
 
+HWY_INLINE hn::Vec<Words> Load_Words(const std::uint8_t* pixels) {
+  return hn::PromoteTo(Words(), hn::LoadU(Bytes(), pixels));
+}
+
 /// Products of kBlockRows rows of as many windows as a vector has words, from column `from`.
-HWY_INLINE void Column_Products(const MaskBand& band, const std::int16_t* pixels, int stride,
+HWY_INLINE void Column_Products(const MaskBand& band, const std::uint8_t* pixels, int stride,
                                 std::size_t from, BlockSums& block) {
-  const Words words;
   const Sums sums;
   hn::Vec<Sums> low[kBlockRows][kPairPhases], high[kBlockRows][kPairPhases];
   for (int row = 0; row < kBlockRows; ++row) {
@@ -43,8 +47,8 @@ HWY_INLINE void Column_Products(const MaskBand& band, const std::int16_t* pixels
   const std::int16_t* taps = band.wide_taps.data() + (kBlockRows - 1) * band.tap_cols;
   for (const GroupRange reach : band.reach) {
     for (int col = kTapGroup * reach.first; col < kTapGroup * reach.last; col += kPairPhases) {
-      const auto even = hn::LoadU(words, pixels + col);
-      const auto odd = hn::LoadU(words, pixels + col + 1);
+      const auto even = Load_Words(pixels + col);
+      const auto odd = Load_Words(pixels + col + 1);
 #pragma GCC unroll 6
       for (int row = 0; row < kBlockRows; ++row) {
         const auto tap = Tap_Pair(taps + col - row * band.tap_cols);
@@ -62,7 +66,7 @@ HWY_INLINE void Column_Products(const MaskBand& band, const std::int16_t* pixels
   }
 }
 
-void Block_Products(const MaskBand& band, const std::int16_t* pixels, int stride,
+void Block_Products(const MaskBand& band, const std::uint8_t* pixels, int stride,
                     BlockSums& block) {
   const std::size_t step = hn::Lanes(Words());
   for (std::size_t from = 0; from < kTileCols; from += step) {
@@ -70,15 +74,15 @@ void Block_Products(const MaskBand& band, const std::int16_t* pixels, int stride
   }
 }
 
-void Add_All(const MaskBand& band, const std::int16_t* window, RowSums& row) {
+void Add_All(const MaskBand& band, const std::uint8_t* window, RowSums& row) {
   const Sums sums;
-  const hn::Rebind<std::int16_t, Sums> words;
+  const hn::Rebind<std::uint8_t, Sums> bytes;
   const auto bias = hn::Set(sums, kTapOffset);
   for (std::size_t k = 0; k < kTileCols; k += hn::Lanes(sums)) {
     auto sum = hn::Zero(sums);
     auto squares = hn::Zero(sums);
     for (const std::int32_t place : band.all) {
-      const auto v = hn::PromoteTo(sums, hn::LoadU(words, window + place + k));
+      const auto v = hn::PromoteTo(sums, hn::LoadU(bytes, window + place + k));
       sum = hn::Add(sum, v);
       squares = hn::Add(squares, hn::Mul(v, hn::Sub(v, bias)));
     }
@@ -87,30 +91,73 @@ void Add_All(const MaskBand& band, const std::int16_t* window, RowSums& row) {
   }
 }
 
-/// Moves the windows down by one row; e (e - 128) - l (l - 128) = (e - l) (e + l - 128).
-void Move_Down(const MaskBand& band, const std::int16_t* window, RowSums& row) {
-  const Sums sums;
-  const hn::Rebind<std::int16_t, Sums> words;
-  const auto bias = hn::Set(sums, kTapOffset);
-  const std::size_t edges = band.entering.size();
-  for (std::size_t k = 0; k < kTileCols; k += hn::Lanes(sums)) {
-    auto sum = hn::Load(sums, row.sums.data() + k);
-    auto squares = hn::Load(sums, row.squares.data() + k);
-    for (std::size_t edge = 0; edge < edges; ++edge) {
-      const auto e = hn::PromoteTo(sums, hn::LoadU(words, window + band.entering[edge] + k));
-      const auto l = hn::PromoteTo(sums, hn::LoadU(words, window + band.leaving[edge] + k));
-      const auto difference = hn::Sub(e, l);
-      sum = hn::Add(sum, difference);
-      squares = hn::Add(squares, hn::Mul(difference, hn::Sub(hn::Add(e, l), bias)));
+/// What the entering pixels of windows have more than the leaving ones, in 16 bits: sums of v and
+/// of v (v - 255) = 256 high + low.
+struct EdgeSums {
+  static constexpr std::size_t kMostEdges = 128;
+
+  alignas(64) std::array<std::int16_t, kTileCols> values{};
+  alignas(64) std::array<std::int16_t, kTileCols> high{};
+  alignas(64) std::array<std::int16_t, kTileCols> low{};
+};
+
+/// For a pixel that enters and one that leaves, adds e - l to the values and returns
+/// e (e - 255) - l (l - 255) = (e - l) (e + l - 255), which lies within +-16256.
+HWY_INLINE hn::Vec<Words> Edge_Change(const std::uint8_t* entering, const std::uint8_t* leaving,
+                                      hn::Vec<Words>& values) {
+  const auto e = Load_Words(entering);
+  const auto l = Load_Words(leaving);
+  const auto difference = hn::Sub(e, l);
+  values = hn::Add(values, difference);
+  return hn::Mul(difference, hn::Sub(hn::Add(e, l), hn::Set(Words(), 255)));
+}
+
+/// Adds edges first to last - 1, at most kMostEdges.
+void Add_Edges(const MaskBand& band, const std::uint8_t* window, std::size_t first,
+               std::size_t last, EdgeSums& edges) {
+  const Words words;
+  const auto low_bits = hn::Set(words, 255);
+  for (std::size_t k = 0; k < kTileCols; k += hn::Lanes(words)) {
+    auto values = hn::Zero(words), high = hn::Zero(words), low = hn::Zero(words);
+    const auto change = [&](std::size_t edge) HWY_ATTR {
+      return Edge_Change(window + band.entering[edge] + k, window + band.leaving[edge] + k, values);
+    };
+    for (std::size_t edge = first; edge < last; edge += 2) {
+      auto squares = change(edge);
+      if (edge + 1 < last) squares = hn::Add(squares, change(edge + 1));
+      high = hn::Add(high, hn::ShiftRight<8>(squares));
+      low = hn::Add(low, hn::And(squares, low_bits));
     }
-    hn::Store(sum, sums, row.sums.data() + k);
-    hn::Store(squares, sums, row.squares.data() + k);
+    hn::Store(values, words, edges.values.data() + k);
+    hn::Store(high, words, edges.high.data() + k);
+    hn::Store(low, words, edges.low.data() + k);
   }
 }
 
-void Add_Block(const MaskBand& band, const std::int16_t* window, int stride, RowSums& row,
-               BlockSums& block) {
-  Block_Products(band, window, stride, block);
+/// Moves the windows down by one row.
+void Move_Down(const MaskBand& band, const std::uint8_t* window, RowSums& row) {
+  const Sums sums;
+  const hn::Rebind<std::int16_t, Sums> words;
+  EdgeSums edges;
+  for (std::size_t first = 0; first < band.entering.size(); first += EdgeSums::kMostEdges) {
+    Add_Edges(band, window, first, std::min(first + EdgeSums::kMostEdges, band.entering.size()),
+              edges);
+    for (std::size_t k = 0; k < kTileCols; k += hn::Lanes(sums)) {
+      const auto values = hn::PromoteTo(sums, hn::Load(words, edges.values.data() + k));
+      const auto high = hn::PromoteTo(sums, hn::Load(words, edges.high.data() + k));
+      const auto low = hn::PromoteTo(sums, hn::Load(words, edges.low.data() + k));
+      // v (v - 128) = v (v - 255) + 127 v.
+      const auto squares = hn::Add(hn::Add(hn::ShiftLeft<8>(high), low),
+                                   hn::Mul(values, hn::Set(sums, 255 - kTapOffset)));
+      hn::Store(hn::Add(hn::Load(sums, row.sums.data() + k), values), sums, row.sums.data() + k);
+      hn::Store(hn::Add(hn::Load(sums, row.squares.data() + k), squares), sums,
+                row.squares.data() + k);
+    }
+  }
+}
+
+void Slide_Block(const MaskBand& band, const std::uint8_t* window, int stride, RowSums& row,
+                 BlockSums& block) {
   for (RowSums& to : block.rows) {
     to = row;
     Move_Down(band, window, row);
@@ -157,32 +204,24 @@ namespace sylvomex {
 namespace {
 
 HWY_EXPORT(Add_All);
-HWY_EXPORT(Add_Block);
+HWY_EXPORT(Block_Products);
+HWY_EXPORT(Slide_Block);
 HWY_EXPORT(Tile_Coefficients);
 
-void Load_Words(const std::uint8_t* patch, std::size_t patch_width, int cols, int rows,
-                int tile_rows, int stride, TilePixels& tile) {
-  tile.words.resize(static_cast<std::size_t>(stride) * static_cast<std::size_t>(tile_rows));
-  auto* to = tile.words.data();
-  for (int row = 0; row < tile_rows; ++row, to += stride) {
-    const int given = row < rows ? cols : 0;
-    const std::uint8_t* from =
-        patch + (given > 0 ? static_cast<std::size_t>(row) * patch_width : 0);
-    std::copy(from, from + given, to);
-    std::fill(to + given, to + stride, std::int16_t{0});
-  }
+void Start_Row(const MaskBand& band, const std::uint8_t* window, RowSums& row) {
+  HWY_DYNAMIC_DISPATCH(Add_All)(band, window, row);
 }
 
-void Start_Row(const MaskBand& band, const TilePixels& tile, std::size_t first, RowSums& row) {
-  HWY_DYNAMIC_DISPATCH(Add_All)(band, tile.words.data() + first, row);
+void Add_Products(const MaskBand& band, const std::uint8_t* window, int stride, BlockSums& block) {
+  HWY_DYNAMIC_DISPATCH(Block_Products)(band, window, stride, block);
 }
 
-void Add_Rows(const MaskBand& band, const TilePixels& tile, std::size_t first, int stride,
-              RowSums& row, BlockSums& block) {
-  HWY_DYNAMIC_DISPATCH(Add_Block)(band, tile.words.data() + first, stride, row, block);
+void Slide_Rows(const MaskBand& band, const std::uint8_t* window, int stride, RowSums& row,
+                BlockSums& block) {
+  HWY_DYNAMIC_DISPATCH(Slide_Block)(band, window, stride, row, block);
 }
 
-constexpr SumPath kPortableSums = {Load_Words, Start_Row, Add_Rows};
+constexpr SumPath kPortableSums = {Start_Row, Add_Products, Slide_Rows, 0.0115};
 
 }  // namespace
 

@@ -83,8 +83,9 @@ SYLVOMEX_VNNI_INLINE void Dot_Phases(PhaseSums& sums, const PhasePixels& pixels,
 
 static_assert(kBlockRows == 6, "one variable a row: 24 sums fill the registers");
 
-SYLVOMEX_VNNI void Block_Products(const MaskBand& band, const std::uint8_t* pixels, int stride,
-                                  BlockSums& block) {
+SYLVOMEX_VNNI void Add_Products(const MaskBand& band, const std::uint8_t* window, int stride,
+                                BlockSums& block) {
+  const std::uint8_t* pixels = window;
   const __m512i zero = _mm512_setzero_si512();
   const PhaseSums none = {zero, zero, zero, zero};
   PhaseSums row0 = none, row1 = none, row2 = none, row3 = none, row4 = none, row5 = none;
@@ -175,32 +176,17 @@ SYLVOMEX_VNNI_INLINE void Add_To(const WovenSums& woven,
   }
 }
 
-void Load_Bytes(const std::uint8_t* patch, std::size_t patch_width, int cols, int rows,
-                int tile_rows, int stride, TilePixels& tile) {
-  const auto row_bytes = static_cast<std::size_t>(stride);
-  tile.bytes.resize(row_bytes * static_cast<std::size_t>(tile_rows));
-  auto* to = tile.bytes.data();
-  for (int row = 0; row < tile_rows; ++row, to += stride) {
-    const std::size_t given = row < rows ? static_cast<std::size_t>(cols) : 0;
-    if (given > 0) std::memcpy(to, patch + static_cast<std::size_t>(row) * patch_width, given);
-    std::memset(to + given, 0, row_bytes - given);
-  }
-}
-
-SYLVOMEX_VNNI void Start_Row(const MaskBand& band, const TilePixels& tile, std::size_t first,
-                             RowSums& row) {
+SYLVOMEX_VNNI void Start_Row(const MaskBand& band, const std::uint8_t* window, RowSums& row) {
   row = {};
   WovenSums sums = No_Sums();
   WovenSums squares = No_Sums();
-  Add_Pixels<true>(band.all, tile.bytes.data() + first, sums, squares);
+  Add_Pixels<true>(band.all, window, sums, squares);
   Add_To(sums, row.sums);
   Add_To(squares, row.squares);
 }
 
-SYLVOMEX_VNNI void Add_Block(const MaskBand& band, const TilePixels& tile, std::size_t first,
-                             int stride, RowSums& row, BlockSums& block) {
-  const std::uint8_t* window = tile.bytes.data() + first;
-  Block_Products(band, window, stride, block);
+SYLVOMEX_VNNI void Slide_Rows(const MaskBand& band, const std::uint8_t* window, int stride,
+                              RowSums& row, BlockSums& block) {
   for (RowSums& to : block.rows) {
     to = row;
     WovenSums sums = No_Sums();
@@ -219,7 +205,7 @@ bool Machine_Has_Byte_Dots() {
          __builtin_cpu_supports("avx512vnni");
 }
 
-constexpr SumPath kByteDotSums = {Load_Bytes, Start_Row, Add_Block};
+constexpr SumPath kByteDotSums = {Start_Row, Add_Products, Slide_Rows, 0.0046};
 
 }  // namespace
 

@@ -3,8 +3,14 @@
 #pragma once
 
 #include <tbb/parallel_for.h>
+#include <tbb/task_arena.h>
 
 namespace sylvomex {
+
+/// How many threads Run_Tasks takes at most.
+inline int Thread_Count(int threads) {
+  return threads == 1 ? 1 : tbb::this_task_arena::max_concurrency();
+}
 
 /// Calls task(0) ... task(count - 1), each once. threads: 1 keeps to the calling thread, in
 /// order; 0 spreads them, in any order.

@@ -39,9 +39,10 @@ struct RandomCase {
   }
 };
 
-std::vector<double> By_Path(const SumPath& path, const CorrelationInput& input, int threads) {
+std::vector<double> By_Path(const SumPath& path, const CorrelationInput& input, int threads,
+                            Products products = Products::Added) {
   std::vector<double> result(static_cast<std::size_t>(input.patch_width * input.patch_height), 77);
-  Correlate_By_Path(path, input, result, threads);
+  Correlate_By_Path(path, input, result, threads, products);
   return result;
 }
 
@@ -67,11 +68,16 @@ void Expect_Definition(const CorrelationInput& input, const std::vector<double>&
 }
 
 void Expect_All_Paths_Agree(const CorrelationInput& input, const std::vector<double>& result) {
-  EXPECT_TRUE(Same_Bits(result, By_Path(Portable_Sums(), input, 1)));
-  EXPECT_TRUE(Same_Bits(result, By_Path(Portable_Sums(), input, 0)));
-  if (const SumPath* byte_dots = Byte_Dot_Sums()) {
-    EXPECT_TRUE(Same_Bits(result, By_Path(*byte_dots, input, 1)));
-    EXPECT_TRUE(Same_Bits(result, By_Path(*byte_dots, input, 0)));
+  std::vector<const SumPath*> paths = {&Portable_Sums()};
+  if (Byte_Dot_Sums() != nullptr) paths.push_back(Byte_Dot_Sums());
+  for (const SumPath* path : paths) {
+    for (const Products products : {Products::Added, Products::Transformed, Products::Cheapest}) {
+      for (const int threads : {1, 0}) {
+        EXPECT_TRUE(Same_Bits(result, By_Path(*path, input, threads, products)))
+            << "path " << (path == paths[0] ? "portable" : "byte dots") << ", products "
+            << static_cast<int>(products) << ", threads " << threads;
+      }
+    }
   }
 }
 
@@ -136,6 +142,20 @@ TEST_F(CorrelationPaths, BlackAndWhiteExtremesDoNotOverflow) {
   });
 }
 
+/// Every pixel that leaves a window is as far as can be from the one that enters.
+TEST_F(CorrelationPaths, BrightRowsAboveDarkRowsDoNotOverflow) {
+  Run([] {
+    Random random(11);
+    RandomCase striped(420, 24, 300, 3);
+    Bytes patch(striped.Patch_Pixels());
+    for (std::size_t at = 0; at < patch.size(); ++at) patch[at] = at / 420 / 4 % 2 == 0 ? 255 : 0;
+    striped.Take(std::move(patch), Random_Bytes(random, striped.Template_Pixels(), 1, 255));
+    const auto result = By_Path(Portable_Sums(), striped.input, 1);
+    Expect_Definition(striped.input, result, 7);
+    Expect_All_Paths_Agree(striped.input, result);
+  });
+}
+
 TEST(CorrelationImageLarge, TemplateBeyond65536PixelsFollowsTheDefinition) {
   Random random(8);
   RandomCase drawn(330, 310, 300, 290);
@@ -149,7 +169,7 @@ TEST(CorrelationImageLarge, TemplateBeyond65536PixelsFollowsTheDefinition) {
 TEST(CorrelationImageLarge, ConstantAndTwoLevelBlocksStayExact) {
   constexpr int kSide = 960;
   const Bytes patch = bench::Grey_Patch(kSide, kSide, true);
-  for (const int side : {21, 41}) {
+  for (const int side : {21, 41, 101}) {
     RandomCase hard(kSide, kSide, side, side);
     hard.Take(patch, bench::Ellipse_Template(patch, kSide, 500, 640, side));
     hard.input.reference_col = hard.input.reference_row = side / 2;
@@ -158,6 +178,29 @@ TEST(CorrelationImageLarge, ConstantAndTwoLevelBlocksStayExact) {
     Expect_All_Paths_Agree(hard.input, result);
     EXPECT_EQ(result[200 * kSide + 200], 0);
   }
+}
+
+TEST(CorrelationImageLarge, TexturedPatchGivesTheSameBitsOnEveryPath) {
+  constexpr int kWidth = 1201, kHeight = 1100;
+  const Bytes patch = bench::Grey_Patch(kWidth, kHeight);
+  for (const int side : {21, 101}) {
+    RandomCase textured(kWidth, kHeight, side, side);
+    textured.Take(patch, bench::Ellipse_Template(patch, kWidth, 500, 640, side));
+    textured.input.reference_col = textured.input.reference_row = side / 2;
+    const auto result = By_Path(Portable_Sums(), textured.input, 0);
+    Expect_Definition(textured.input, result, 4001);
+    Expect_All_Paths_Agree(textured.input, result);
+  }
+}
+
+TEST(CorrelationImageLarge, TemplateTooLargeForATransformIsStillTaken) {
+  Random random(10);
+  RandomCase wide(1100, 3, 1030, 2);
+  wide.Take(Random_Bytes(random, wide.Patch_Pixels(), 0, 255),
+            Random_Bytes(random, wide.Template_Pixels(), 1, 255));
+  const auto result = By_Path(Portable_Sums(), wide.input, 1);
+  Expect_Definition(wide.input, result);
+  Expect_All_Paths_Agree(wide.input, result);
 }
 
 TEST(CorrelationImageLarge, StripsOfAHighPatchJoin) {
