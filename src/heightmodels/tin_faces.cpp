@@ -90,8 +90,8 @@ void Set_Distances(TinFace& face, const Corners& c, double longest) {
     const MapPoint& p = c[k];
     const MapPoint& q = c[(k + 1) % 3];
     const double dx = q.X - p.X, dy = q.Y - p.Y;
-    const double unit = longest * std::sqrt(dx * dx + dy * dy);
-    const double a = -dy / unit, b = dx / unit;
+    const double scale = 1 / (longest * std::sqrt(dx * dx + dy * dy));
+    const double a = -dy * scale, b = dx * scale;
     face.A[k] = static_cast<float>(a);
     face.B[k] = static_cast<float>(b);
     face.C[k] = static_cast<float>(-(a * (p.X - face.MinX) + b * (p.Y - face.MinY)));
@@ -315,25 +315,35 @@ class FaceMaker {
 
   /// Gives the open cells whose centres lie in a triangle its number.
   void Start_Cells_At(std::size_t i) {
-    const TinTriangle& t = triangles_[i];
-    const std::int32_t last_row = std::min(rows_ - 1, Row(t.MaxY));
-    for (std::int32_t row = std::max(0, Row(t.MinY)); row <= last_row; ++row) {
-      const double Y = Row_Centre(row);
-      double west = extent_.east, east = extent_.west;
-      for (std::size_t k = 0; k < 3; ++k) {
-        const MapPoint& p = t.Corners[k];
-        const MapPoint& q = t.Corners[(k + 1) % 3];
-        if ((p.Y < Y) == (q.Y < Y)) continue;
-        const double X = p.X + (Y - p.Y) / (q.Y - p.Y) * (q.X - p.X);
-        west = std::min(west, X);
-        east = std::max(east, X);
-      }
-      const std::int32_t last = std::min(columns_ - 1, Column(east - 0.5 / f_.cells_per_metre));
-      for (std::int32_t column = std::max(0, Column(west - 0.5 / f_.cells_per_metre) + 1);
-           column <= last; ++column) {
-        std::int32_t& start = f_.starts[Cell(column, row)];
-        if (start == kOpenCell) start = static_cast<std::int32_t>(i + 1);
-      }
+    Corners c = triangles_[i].Corners;
+    for (MapPoint& p : c) {  // in cells, from the centre of the first one
+      p.X = (p.X - f_.west) * f_.cells_per_metre - 0.5;
+      p.Y = (p.Y - f_.south) * f_.cells_per_metre - 0.5;
+    }
+    std::ranges::sort(c, {}, &MapPoint::Y);
+    const double whole_slope = (c[2].X - c[0].X) / (c[2].Y - c[0].Y);
+    const double low_slope = (c[1].X - c[0].X) / (c[1].Y - c[0].Y);
+    const double high_slope = (c[2].X - c[1].X) / (c[2].Y - c[1].Y);
+    const std::int32_t last_row =
+        std::min(rows_ - 1, static_cast<std::int32_t>(std::floor(c[2].Y)));
+    for (auto row = static_cast<std::int32_t>(std::max(0.0, std::ceil(c[0].Y))); row <= last_row;
+         ++row) {
+      const double one_end = c[0].X + (row - c[0].Y) * whole_slope;
+      const double other_end =
+          row < c[1].Y ? c[0].X + (row - c[0].Y) * low_slope : c[2].X + (row - c[2].Y) * high_slope;
+      Start_Cells_Between(one_end, other_end, row, static_cast<std::int32_t>(i + 1));
+    }
+  }
+
+  void Start_Cells_Between(double one_end, double other_end, std::int32_t row,
+                           std::int32_t number) {
+    const double west = std::ceil(std::min(one_end, other_end));
+    const double east = std::floor(std::max(one_end, other_end));
+    if (!(west <= east)) return;
+    const auto last = static_cast<std::int32_t>(std::min(east, f_.columns - 1));
+    for (auto column = static_cast<std::int32_t>(std::max(west, 0.0)); column <= last; ++column) {
+      std::int32_t& start = f_.starts[Cell(column, row)];
+      if (start == kOpenCell) start = number;
     }
   }
 

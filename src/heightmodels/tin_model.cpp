@@ -5,6 +5,7 @@
 #include <limits>
 #include <string>
 
+#include "closedlib/parallel_tasks.h"
 #include "platform/list_reader.h"
 #include "platform/number_text.h"
 #include "platform/run_time_error.h"
@@ -107,6 +108,19 @@ void Require_Room(const ListReader& list, const TinModel& model) {
       list.Where() + ": " + Plain_Text(model.NodeCount) + " nodes have two triangles each at most");
 }
 
+void Sort_Index(TinModel& model, const Report& report) {
+  std::vector<float> keys;
+  keys.reserve(model.Triangles.size());
+  for (const TinTriangle& t : model.Triangles) keys.push_back(static_cast<float>(t.MinX));
+  model.Index.resize(keys.size());
+  Heapsort(model.TriangleCount, keys, model.Index, report);
+  model.position_of.resize(model.Index.size());
+  std::int32_t position = 0;
+  for (const std::int32_t number : model.Index) {
+    model.position_of[static_cast<std::size_t>(number - 1)] = ++position;
+  }
+}
+
 }  // namespace
 
 void Read_Tin_Nodes(const FilePath& file, double lift, TinModel& model) {
@@ -154,18 +168,15 @@ bool Read_Tin_Triangles(const FilePath& file, TinModel& model, const Report& rep
 }
 
 void Index_Tin(TinModel& model, const Report& report) {
-  std::vector<float> keys;
-  keys.reserve(model.Triangles.size());
-  for (const TinTriangle& t : model.Triangles) keys.push_back(static_cast<float>(t.MinX));
-  model.Index.resize(keys.size());
-  Heapsort(model.TriangleCount, keys, model.Index, report);
-  model.position_of.resize(model.Index.size());
-  std::int32_t position = 0;
-  for (const std::int32_t number : model.Index) {
-    model.position_of[static_cast<std::size_t>(number - 1)] = ++position;
-  }
-  model.buckets = Make_Tin_Buckets(model.Triangles, model.Index);
-  if (model.buckets.columns > 0) model.faces = Make_Tin_Faces(model.Triangles, model.NodeCount);
+  std::string trouble;
+  const auto sort_and_fill_buckets = [&] {
+    Sort_Index(model, [&trouble](std::string_view sentence) { trouble = sentence; });
+    model.buckets = Make_Tin_Buckets(model.Triangles, model.Index);
+  };
+  const auto make_faces = [&] { model.faces = Make_Tin_Faces(model.Triangles, model.NodeCount); };
+  Run_Tasks(2, 0, [&](int task) { task == 0 ? sort_and_fill_buckets() : make_faces(); });
+  if (model.buckets.columns == 0) model.faces = {};  // nothing is certain without the buckets
+  if (!trouble.empty()) report(trouble);
 }
 
 }  // namespace sylvomex
