@@ -7,11 +7,8 @@
 // time ("cpu_...") tells more on a machine that has other work.
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <cstdio>
-#include <ctime>
 #include <exception>
 #include <functional>
 #include <memory>
@@ -24,6 +21,7 @@
 #include "imageblock/raw_file_cache.h"
 #include "pane_peers.h"
 #include "platform/files.h"
+#include "round_times.h"
 
 namespace sylvomex::bench {
 namespace {
@@ -80,33 +78,10 @@ void Render(const MappedFile& file, const Zoom& zoom, int index, const GammaTabl
   Render_Colour({file.Bytes(), kRawSize, kRawSize, &path}, request, out);
 }
 
-double Median(std::vector<double> values) {
-  if (values.empty()) return 0;
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
-}
-
-/// Milliseconds a pane, by the clock and by the processor time of the program.
-class Times {
+/// Milliseconds a pane.
+class Times : public RoundTimes {
  public:
-  void Run(const Round& round) {
-    const auto start = std::chrono::steady_clock::now();
-    const std::clock_t cpu_start = std::clock();
-    round();
-    const std::clock_t cpu_end = std::clock();
-    const std::chrono::duration<double, std::milli> wall = std::chrono::steady_clock::now() - start;
-    wall_.push_back(wall.count() / kWindows);
-    cpu_.push_back(1000.0 * static_cast<double>(cpu_end - cpu_start) / CLOCKS_PER_SEC / kWindows);
-  }
-
-  [[nodiscard]] double Last_Seconds() const { return wall_.back() / 1000; }
-  [[nodiscard]] double Wall() const { return Median(wall_); }
-  [[nodiscard]] double Cpu() const { return Median(cpu_); }
-
- private:
-  std::vector<double> wall_;
-  std::vector<double> cpu_;
+  Times() : RoundTimes(kWindows) {}
 };
 
 /// One pane after the other into the same bitmap, adding up the checksums.

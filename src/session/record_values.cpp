@@ -37,6 +37,10 @@ Found Field_Of(const RasterModel& model, const std::string& field) {
   return Field_Text(field, [&](auto&& visit) { Visit_Raster_Model(model, visit); });
 }
 
+Found Field_Of(const TinModel& model, const std::string& field) {
+  return Field_Text(field, [&](auto&& visit) { Visit_Tin_Model(model, visit); });
+}
+
 Found Field_Of(const TemplateRecord& record, const std::string& field) {
   return Field_Text(field, [&](auto&& visit) { Visit_Template_Record(record, visit); });
 }
@@ -58,6 +62,10 @@ constexpr std::array kRecords{
               [](const Workspace& w, const std::string& f) { return Field_Of(w.RasterDem, f); }},
     RecordRow{"RasterChm",
               [](const Workspace& w, const std::string& f) { return Field_Of(w.RasterChm, f); }},
+    RecordRow{"TinDem",
+              [](const Workspace& w, const std::string& f) { return Field_Of(w.TinDem, f); }},
+    RecordRow{"TinChm",
+              [](const Workspace& w, const std::string& f) { return Field_Of(w.TinChm, f); }},
     RecordRow{"MeshPoints",
               [](const Workspace& w, const std::string& f) {
                 return Count_Of(w.Matching.MeshPoints.size(), f);

@@ -5,11 +5,13 @@
 #include <array>
 #include <limits>
 
+#include "platform/rounding.h"
 #include "session/step_arguments.h"
 #include "session/step_end.h"
 #include "session/transcript_text.h"
 #include "session/value_text.h"
 #include "workspace/state/camera_access.h"
+#include "workspace/state/tin_access.h"
 
 namespace sylvomex {
 
@@ -70,6 +72,16 @@ std::string Call_Get_Raster_Chm_Elevation(Workspace& w, Arguments a) {
   return Value_Text(Get_Raster_Chm_Elevation(w, Real(a, 0), Real(a, 1)));
 }
 
+// Height at X, Y from a hint, and the hint as it was left.
+using TinLookup = double (*)(const Workspace&, double, double, std::int32_t&);
+
+template <TinLookup Lookup>
+std::string Call_Tin_Lookup(Workspace& w, Arguments a) {
+  std::int32_t hint = To_Int32(static_cast<double>(Whole_Argument(a[2])));
+  const double height = Lookup(w, Real(a, 0), Real(a, 1), hint);
+  return Value_Texts(height, hint);
+}
+
 std::string Call_Format(Workspace&, Arguments a) { return Quoted(Format(Real(a, 0), a[1])); }
 
 struct Routine {
@@ -87,6 +99,9 @@ constexpr std::array kRoutines{
     Routine{"Get_View_Angles", 1, Call_Get_View_Angles},
     Routine{"Get_Raster_Elevation", 2, Call_Get_Raster_Elevation},
     Routine{"Get_Raster_Chm_Elevation", 2, Call_Get_Raster_Chm_Elevation},
+    Routine{"Get_Tin_Elevation", 3, Call_Tin_Lookup<Get_Tin_Elevation>},
+    Routine{"Get_Tin_Elevation_Tiled", 3, Call_Tin_Lookup<Get_Tin_Elevation_Tiled>},
+    Routine{"Get_Tin_Chm_Elevation", 3, Call_Tin_Lookup<Get_Tin_Chm_Elevation>},
     Routine{"Format", 2, Call_Format},
 };
 

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The rows of the main window's menus, in menu order.
+#include "heightmodels/commands/model_conversion.h"
 #include "heightmodels/commands/raster_commands.h"
+#include "heightmodels/commands/test_dem.h"
+#include "heightmodels/commands/tin_commands.h"
+#include "heightmodels/commands/tin_points.h"
 #include "imageblock/commands/block_maintenance.h"
 #include "imageblock/commands/image_search.h"
 #include "imageblock/commands/image_set.h"
@@ -69,8 +73,8 @@ constexpr MenuRow kMainMenu[] = {
     {1, "Add_Tin_Or_Raster_DEM", "Add Tin or Raster Height Models", 0, 0, false, MenuRole::Submenu, nullptr, nullptr},
     {2, "Add_height_Model", "Add Raster elevation (DEM) model (*.hdr)", 0, 0, false, MenuRole::Command, Add_height_Model, nullptr},
     {2, "Add_Raster_CHM", "Add Raster canopy height (CHM) model", 0, 0, false, MenuRole::Command, Add_Raster_CHM, nullptr},
-    {2, "Add_Tin", "Add TIN elevation (DEM) model (*.hdr)", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {2, "Add_Tin_CHM", "Add TIN canopy Height (CHM) Model", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
+    {2, "Add_Tin", "Add TIN elevation (DEM) model (*.hdr)", 0, 0, false, MenuRole::Command, Add_Tin, nullptr},
+    {2, "Add_Tin_CHM", "Add TIN canopy Height (CHM) Model", 0, 0, false, MenuRole::Command, Add_Tin_CHM, nullptr},
     {1, "Remove_an_image", "Remove an image from the set", kF1 + 2, 0, false, MenuRole::Command, Remove_an_image, nullptr},
     {1, "Write_SUB_images", "Write Subimages (RAW and HDR)", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
     {1, "Create_Zonal", "Create a Zonal image (PGMTexture)", 0, 0, true, MenuRole::NotBuilt, nullptr, nullptr},
@@ -122,16 +126,16 @@ constexpr MenuRow kMainMenu[] = {
     {1, "Dem_", "DEM", 0, 0, false, MenuRole::Submenu, nullptr, nullptr},
     {2, "Get_elevation", "Get Raster-DTM elevation", 'Z', kCtrl, false, MenuRole::Command, Get_elevation, nullptr},
     {2, "Get_Raster_CHM_Elevation", "Get Raster CHM elevation", 0, 0, false, MenuRole::Command, Get_Raster_CHM_Elevation, nullptr},
-    {2, "Get_TIN_elevation", "Get TIN-DTM elevation", 'T', kCtrl, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {2, "Get_TIN_DTM_Opt", "Get TIN-DTM elevation (opt)", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {2, "Get_TIN_CHM_Elev", "Get TIN-CHM elevation", 'E', kCtrl, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {2, "Get_Raster_and_TIN_Residuals", "Get Raster and TIN Residuals", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {2, "Test_DEM", "Plot (Test) DEM", kF1 + 11, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {2, "Create_raster_DEM_from_TIN_DEM", "Create raster DEM from TIN-DEM", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {2, "TIN2RASTER_Fast", "TIN2RASTER fast", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {2, "Create_raster_CHM_from_TIN_CHM", "Create raster CHM from TIN-CHM", 0, 0, true, MenuRole::NotBuilt, nullptr, nullptr},
+    {2, "Get_TIN_elevation", "Get TIN-DTM elevation", 'T', kCtrl, false, MenuRole::Command, Get_TIN_elevation, nullptr},
+    {2, "Get_TIN_DTM_Opt", "Get TIN-DTM elevation (opt)", 0, 0, false, MenuRole::Command, Get_TIN_DTM_Opt, nullptr},
+    {2, "Get_TIN_CHM_Elev", "Get TIN-CHM elevation", 'E', kCtrl, false, MenuRole::Command, Get_TIN_CHM_Elev, nullptr},
+    {2, "Get_Raster_and_TIN_Residuals", "Get Raster and TIN Residuals", 0, 0, false, MenuRole::Command, Get_Raster_and_TIN_Residuals, nullptr},
+    {2, "Test_DEM", "Plot (Test) DEM", kF1 + 11, 0, false, MenuRole::Command, Test_DEM, nullptr},
+    {2, "Create_raster_DEM_from_TIN_DEM", "Create raster DEM from TIN-DEM", 0, 0, false, MenuRole::Command, Create_raster_DEM_from_TIN_DEM, nullptr},
+    {2, "TIN2RASTER_Fast", "TIN2RASTER fast", 0, 0, false, MenuRole::Command, TIN2RASTER_Fast, nullptr},
+    {2, "Create_raster_CHM_from_TIN_CHM", "Create raster CHM from TIN-CHM", 0, 0, true, MenuRole::Command, Create_raster_CHM_from_TIN_CHM, nullptr},
     {2, "Create_CHM_from_ALS", "Create CHM from ALS", 0, 0, true, MenuRole::NotBuilt, nullptr, nullptr},
-    {2, "Get_TIN_for_Points", "Get TIN elevation for points", 0, 0, true, MenuRole::NotBuilt, nullptr, nullptr},
+    {2, "Get_TIN_for_Points", "Get TIN elevation for points", 0, 0, true, MenuRole::Command, Get_TIN_for_Points, nullptr},
     {1, "Find_Trees_Based_On_Lidar", "Find Trees Based on Lidar", 0, 0, true, MenuRole::Command, Find_Trees_Based_On_Lidar, nullptr},
     {1, "Find_And_Match_In_Lidar", "Find and Match in Lidar", kF1 + 4, 0, true, MenuRole::NotBuilt, nullptr, nullptr},
     {1, "Image_Lidar_Allometry_Algorithm", "Image Lidar Allometry Algorithm", 0, 0, true, MenuRole::NotBuilt, nullptr, nullptr},

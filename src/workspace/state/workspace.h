@@ -10,6 +10,7 @@
 #include <string>
 
 #include "heightmodels/raster_model.h"
+#include "heightmodels/tin_model.h"
 #include "imageblock/image_record.h"
 #include "imageblock/pane_view.h"
 #include "imageblock/raw_file_cache.h"
@@ -107,6 +108,9 @@ struct Workspace {
   RasterModel RasterChm;
   bool RasterDemLoaded = false;
   std::string LastHeightHeaderName;
+  TinModel TinDem;
+  TinModel TinChm;
+  bool TinDemLoaded = false;
 
   MatchingState Matching;
 

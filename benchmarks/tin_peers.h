@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// The libraries that heights of a triangulated model are measured beside.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "heightmodels/tin_record.h"
+
+namespace sylvomex::bench {
+
+using TinTriple = std::array<std::int32_t, 3>;
+
+/// Heights at places, as many as there are places.
+using TinAnswers = std::function<void(std::span<const MapPoint>, std::span<double>)>;
+
+struct TinPeer {
+  std::string name;
+  TinAnswers random;  // empty where the library has no way of its own for it
+  TinAnswers scan;
+  int threads = 1;
+};
+
+/// The Delaunay triangles of the nodes, and the peers over them. None without the libraries.
+struct TinPeers {
+  std::vector<TinTriple> triples;
+  std::vector<TinPeer> peers;
+};
+
+TinPeers Cgal_Tin(const std::vector<TinNode>& nodes);
+std::vector<TinPeer> Embree_Tin(const std::vector<TinNode>& nodes,
+                                const std::vector<TinTriple>& triples);
+
+}  // namespace sylvomex::bench

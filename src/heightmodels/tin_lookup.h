@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+// Heights from a triangulated model. What each lookup answers is told as a walk over the
+// triangles that stops at the first one which holds the point; the buckets and faces of the
+// model only find that one sooner.
+//
+// A hint is the caller's: handed on from point to point it makes neighbouring lookups cost one
+// polygon test. It is a position in Index, for the tiled lookup a triangle number; both count
+// from 1. One outside the table is a RunTimeError(SubscriptOutOfRange). Any X, Y may be asked
+// for, NaN and infinity included. Nothing here allocates.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "heightmodels/tin_model.h"
+#include "platform/table.h"
+
+namespace sylvomex {
+
+inline constexpr double kNoTinHeight = -99;
+
+/// Position in Index of the first triangle that holds the point, 0 for none.
+std::int32_t First_Position_By_Buckets(const TinModel& model, double X, double Y);
+
+/// Lowest number of the triangles that hold the point, 0 for none.
+std::int32_t Lowest_Number_By_Buckets(const TinModel& model, double X, double Y);
+
+inline std::int32_t First_Position(const TinModel& model, double X, double Y) {
+  const std::int32_t number = Certain_Holder(model.faces, X, Y);
+  if (number > 0) return model.position_of[static_cast<std::size_t>(number - 1)];
+  return First_Position_By_Buckets(model, X, Y);
+}
+
+inline std::int32_t Lowest_Number(const TinModel& model, double X, double Y) {
+  const std::int32_t number = Certain_Holder(model.faces, X, Y);
+  return number > 0 ? number : Lowest_Number_By_Buckets(model, X, Y);
+}
+
+/// The triangle of a number.
+inline const TinTriangle& Tin_Triangle_At(const TinModel& model, std::int32_t number) {
+  if (number < 1 || number > model.TriangleCount) Throw_Subscript(number, 1, model.TriangleCount);
+  return model.Triangles[static_cast<std::size_t>(number - 1)];
+}
+
+/// The triangle at a position in Index.
+inline const TinTriangle& Tin_Triangle_In_Index(const TinModel& model, std::int32_t position) {
+  if (position < 1 || position > model.TriangleCount) {
+    Throw_Subscript(position, 1, model.TriangleCount);
+  }
+  return Tin_Triangle_At(model, model.Index[static_cast<std::size_t>(position - 1)]);
+}
+
+/// Terrain by search. hint: 0 for none; left at the position of the triangle found, and at 0
+/// after a miss, where the answer is -99. A height of exactly 0 that was searched for counts as
+/// a miss.
+inline double Tin_Elevation(const TinModel& model, double X, double Y, std::int32_t& hint) {
+  if (hint != 0) {
+    const TinTriangle& hinted = Tin_Triangle_In_Index(model, hint);
+    if (Holds(hinted, X, Y)) return Height_In_Triangle(hinted, X, Y);
+  }
+  hint = First_Position(model, X, Y);
+  if (hint == 0) return kNoTinHeight;
+  const double height = Height_In_Triangle(Tin_Triangle_In_Index(model, hint), X, Y);
+  if (height != 0) return height;
+  hint = 0;
+  return kNoTinHeight;
+}
+
+/// Canopy by search. hint: 0 or less for none; left at the position of the triangle found, and
+/// at -99 after a miss, where the answer is 0. A height of exactly 0 that was searched for
+/// counts as a miss.
+inline double Tin_Chm_Elevation(const TinModel& model, double X, double Y, std::int32_t& hint) {
+  constexpr std::int32_t kMissed = -99;
+  if (hint > 0) {
+    const TinTriangle& hinted = Tin_Triangle_In_Index(model, hint);
+    if (Holds(hinted, X, Y)) return Height_In_Triangle(hinted, X, Y);
+  }
+  hint = First_Position(model, X, Y);
+  const double height =
+      hint == 0 ? 0 : Height_In_Triangle(Tin_Triangle_In_Index(model, hint), X, Y);
+  if (height == 0) hint = kMissed;
+  return height;
+}
+
+/// Heights of many points, each as Tin_Elevation with a hint of 0 answers; heights has room for
+/// all of them. threads: 1 keeps to the calling thread, 0 takes all; the heights are the same.
+void Tin_Elevations(const TinModel& model, std::span<const MapPoint> points,
+                    std::span<double> heights, int threads = 0);
+
+}  // namespace sylvomex
