@@ -343,6 +343,25 @@ TEST(TinLookups, AtExtremeScalesAreThoseOfThePlainWalk) {
   }
 }
 
+TEST(TinLookups, FindATriangleThatRoundingStretchesWestward) {
+  // The crossing is computed from the far end of the edge, and at the top left corner rounding
+  // can put it west of that corner.
+  std::mt19937 random(21);
+  std::uniform_real_distribution<double> near(0.05, 1), far(100, 5000);
+  int stretched = 0;
+  for (int i = 0; i < 300; ++i) {
+    const double corner = near(random);
+    const TinModel model =
+        Tin_Of({{0, far(random), 0, 50}, {0, corner, 10, 60}, {0, 50, 0, 50}}, {{0, 1, 2}});
+    const double X = std::nextafter(corner, -kInfinity);
+    const std::int32_t plain = First_By_Plain_Walk(model, X, 10);
+    stretched += plain != 0 ? 1 : 0;
+    ASSERT_EQ(First_Position(model, X, 10), plain);
+    ASSERT_EQ(Lowest_Number(model, X, 10), plain);
+  }
+  EXPECT_GT(stretched, 0);
+}
+
 TEST(TinLookups, WithHintsAlongALineAreThoseOfThePlainWalk) {
   const TinModel model = Lattice_Model(20, 0.7, {2515000, 6859000}, 3.2, 30);
   std::int32_t hint = 0, plain_hint = 0;

@@ -49,8 +49,7 @@ TEST_F(Conversion, ANoAtTheBoxEndsTheCommand) {
 }
 
 TEST_F(Conversion, TheCanopyGridHoldsTheCanopyWhereThereIsGround) {
-  // Canopy of 25.3 m over the whole grid's west; ground of 20 m over its first 595.5 m east and
-  // north of 368000 - 5, 6671500 - 10 but for what lies off it.
+  // Canopy of 25.3 m up to X 368100.25, ground of 20 m from Y 6671590 (exclusive) on.
   Load("chm",
        {.west = 367990,
         .south = 6671490,
@@ -75,7 +74,6 @@ TEST_F(Conversion, TheCanopyGridHoldsTheCanopyWhereThereIsGround) {
   ASSERT_EQ(cells.size(), 400U * 300);
   for (int row = 0; row < 300; ++row) {
     for (int col = 0; col < 400; ++col) {
-      // Row 0 of the ground reaches down to Y 6671590 (exclusive): 89 rows of cells have none.
       const bool has_both = row >= 90 && col < 100;
       ASSERT_EQ(cells[static_cast<std::size_t>(row * 400 + col)], has_both ? 25.3F : 0.0F)
           << col << " " << row;

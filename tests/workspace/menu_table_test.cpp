@@ -8,6 +8,7 @@
 
 #include "support/session_run.h"
 #include "support/small_site.h"
+#include "support/synthetic_block.h"
 
 namespace sylvomex {
 namespace {
@@ -78,12 +79,10 @@ TEST(MainMenu, CaptionsStandAsTheyAre) {
 }
 
 TEST(MainMenu, ACommandThatIsNotBuiltSaysSoOnce) {
-  SmallSite site;
-  const PlayedSession played = Play_Script(site.Folder(), "menu Add_Tin\n");
-  EXPECT_EQ(played.status, 0);
-  EXPECT_EQ(played.transcript,
-            "message \"Add TIN elevation (DEM) model (*.hdr): this command is not built yet.\" "
-            "title=\"\" buttons=ok -> ok\n");
+  SyntheticBlock b;
+  Run_Menu_Row(b.w, {1, "Later", "Do it later", 0, 0, false, MenuRole::NotBuilt});
+  EXPECT_EQ(b.screen.messages,
+            std::vector<std::string>{"Do it later: this command is not built yet."});
 }
 
 TEST(MainMenu, ZoomsOfSixAndTenToOneDoNothing) {
