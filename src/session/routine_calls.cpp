@@ -5,6 +5,7 @@
 #include <array>
 #include <limits>
 
+#include "lidar/tile_grid.h"
 #include "session/step_arguments.h"
 #include "session/step_end.h"
 #include "session/transcript_text.h"
@@ -70,6 +71,17 @@ std::string Call_Get_Raster_Chm_Elevation(Workspace& w, Arguments a) {
   return Value_Text(Get_Raster_Chm_Elevation(w, Real(a, 0), Real(a, 1)));
 }
 
+Campaign Campaign_Argument(const std::string& text) {
+  for (const Campaign campaign : {Campaign::Als2004, Campaign::Als2006, Campaign::Als2007}) {
+    if (Whole_Argument(text) == static_cast<long>(campaign)) return campaign;
+  }
+  throw StepEnd{kStepFailed, "there is no campaign " + text};
+}
+
+std::string Call_Tile_Name(Workspace&, Arguments a) {
+  return Quoted(Tile_Name(a[0], Campaign_Argument(a[1]), Real(a, 2), Real(a, 3)));
+}
+
 std::string Call_Format(Workspace&, Arguments a) { return Quoted(Format(Real(a, 0), a[1])); }
 
 struct Routine {
@@ -87,6 +99,7 @@ constexpr std::array kRoutines{
     Routine{"Get_View_Angles", 1, Call_Get_View_Angles},
     Routine{"Get_Raster_Elevation", 2, Call_Get_Raster_Elevation},
     Routine{"Get_Raster_Chm_Elevation", 2, Call_Get_Raster_Chm_Elevation},
+    Routine{"Tile_Name", 4, Call_Tile_Name},
     Routine{"Format", 2, Call_Format},
 };
 

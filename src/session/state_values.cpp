@@ -82,6 +82,7 @@ constexpr std::array kSingleValues{
     SingleValue{"ClusterParameters", Of_Matching<&MatchingState::ClusterParameters>},
     SingleValue{"ObservationFileName", Of_Block<&Workspace::ObservationFileName>},
     SingleValue{"RasterDemLoaded", Of_Block<&Workspace::RasterDemLoaded>},
+    SingleValue{"LidarPlotScale", Of_Block<&Workspace::LidarPlotScale>},
     SingleValue{"EpipolarZDepth", Of_Options<&Options::EpipolarZDepth>},
     SingleValue{"StepLength", Of_Options<&Options::StepLength>},
     SingleValue{"RmseBeepOneLevel", Of_Options<&Options::RmseBeepOneLevel>},

@@ -8,11 +8,14 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "heightmodels/raster_model.h"
 #include "imageblock/image_record.h"
 #include "imageblock/pane_view.h"
 #include "imageblock/raw_file_cache.h"
+#include "lidar/point_file.h"
+#include "lidar/pulse_table.h"
 #include "matching/matching_state.h"
 #include "platform/drive_map.h"
 #include "platform/table.h"
@@ -107,6 +110,11 @@ struct Workspace {
   RasterModel RasterChm;
   bool RasterDemLoaded = false;
   std::string LastHeightHeaderName;
+
+  PulseTable LidarPulses;  // of the tile that was read last
+  std::vector<LidarPoint> LidarPoints;
+  double LidarPlotScale = 0;
+  double PlotPageScale = 0;
 
   MatchingState Matching;
 
