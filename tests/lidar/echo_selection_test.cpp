@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "lidar/failure_of.h"
+#include "support/failure_of.h"
 #include "support/lidar_files.h"
 #include "support/temporary_folder.h"
 

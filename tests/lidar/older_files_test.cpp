@@ -2,9 +2,9 @@
 // Tiles of 2004 and the point file.
 #include <gtest/gtest.h>
 
-#include "lidar/failure_of.h"
 #include "lidar/point_file.h"
 #include "lidar/tile_2004.h"
+#include "support/failure_of.h"
 #include "support/lidar_files.h"
 #include "support/temporary_folder.h"
 

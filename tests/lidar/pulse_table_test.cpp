@@ -6,7 +6,7 @@
 #include <random>
 
 #include "lidar/counted_file.h"
-#include "lidar/failure_of.h"
+#include "support/failure_of.h"
 #include "support/lidar_files.h"
 #include "support/temporary_folder.h"
 

@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "lidar/failure_of.h"
 #include "lidar/path_header.h"
+#include "support/failure_of.h"
 #include "support/temporary_folder.h"
 
 namespace sylvomex {

@@ -14,7 +14,7 @@ namespace {
 constexpr const char* kListing = "D:\\als_2516400_2517500_6856700_6858100_ALS_2007.txt";
 constexpr double kFirstX = 2516405, kLastX = 2517505;  // metres
 constexpr double kFirstY = 6856705, kLastY = 6858105;
-constexpr std::size_t kLongText = std::size_t{1} << 24;  // characters held before they are written
+constexpr std::size_t kLongText = std::size_t{1} << 22;  // characters held before they are written
 
 enum class Listing { GoesOn, Ends };
 
