@@ -41,6 +41,13 @@ TEST(CellHeights, TheMinimumStaysAt1000WhenAllLiesAbove) {
   EXPECT_EQ(heights->minimum, 1000);
 }
 
+TEST(CellHeights, TheSumIsTakenInTheOrderOfTheRecords) {
+  // From west to east it would be 1e20 + 3 - 1e20, which is 0 in double precision.
+  const std::vector<Lidar2004Record> records = {Last(10, 20, 1e20F), Last(10.2, 20, -1e20F),
+                                                Last(10.1, 20, 3)};
+  EXPECT_EQ(LastEchoes(records).Of_Cell(10, 20, 1)->mean, 1);
+}
+
 TEST(CellHeights, CoordinatesThatAreNoNumbersLieInNoCell) {
   const double none = std::numeric_limits<double>::quiet_NaN();
   const double far = std::numeric_limits<double>::infinity();
@@ -68,8 +75,7 @@ std::optional<CellHeights> Plain_Walk(const std::vector<Lidar2004Record>& record
 
 TEST(CellHeights, AreThoseOfAPlainWalkToTheBit) {
   std::mt19937 random(3);
-  // A lattice of tenths, so that many echoes lie on edges, and heights of very unlike size, so
-  // that the order of the sum shows.
+  // A lattice of tenths, so that many echoes lie on edges.
   std::uniform_int_distribution<int> tenth(0, 400);
   std::uniform_real_distribution<float> exponent(-8, 8);
   std::vector<Lidar2004Record> records;
