@@ -70,6 +70,13 @@ constexpr std::array kRecords{
               [](const Workspace& w, const std::string& f) {
                 return Count_Of(w.Matching.MeshPoints.size(), f);
               }},
+    RecordRow{"LidarPulses",
+              [](const Workspace& w, const std::string& f) {
+                return Count_Of(static_cast<std::size_t>(w.LidarPulses.Count()), f);
+              }},
+    RecordRow{
+        "LidarPoints",
+        [](const Workspace& w, const std::string& f) { return Count_Of(w.LidarPoints.size(), f); }},
 };
 
 struct RecordTableRow {

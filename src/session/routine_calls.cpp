@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "platform/rounding.h"
+#include "lidar/tile_grid.h"
 #include "session/step_arguments.h"
 #include "session/step_end.h"
 #include "session/transcript_text.h"
@@ -82,6 +83,17 @@ std::string Call_Tin_Lookup(Workspace& w, Arguments a) {
   return Value_Texts(height, hint);
 }
 
+Campaign Campaign_Argument(const std::string& text) {
+  for (const Campaign campaign : {Campaign::Als2004, Campaign::Als2006, Campaign::Als2007}) {
+    if (Whole_Argument(text) == static_cast<long>(campaign)) return campaign;
+  }
+  throw StepEnd{kStepFailed, "there is no campaign " + text};
+}
+
+std::string Call_Tile_Name(Workspace&, Arguments a) {
+  return Quoted(Tile_Name(a[0], Campaign_Argument(a[1]), Real(a, 2), Real(a, 3)));
+}
+
 std::string Call_Format(Workspace&, Arguments a) { return Quoted(Format(Real(a, 0), a[1])); }
 
 struct Routine {
@@ -102,6 +114,7 @@ constexpr std::array kRoutines{
     Routine{"Get_Tin_Elevation", 3, Call_Tin_Lookup<Get_Tin_Elevation>},
     Routine{"Get_Tin_Elevation_Tiled", 3, Call_Tin_Lookup<Get_Tin_Elevation_Tiled>},
     Routine{"Get_Tin_Chm_Elevation", 3, Call_Tin_Lookup<Get_Tin_Chm_Elevation>},
+    Routine{"Tile_Name", 4, Call_Tile_Name},
     Routine{"Format", 2, Call_Format},
 };
 

@@ -83,6 +83,7 @@ constexpr std::array kSingleValues{
     SingleValue{"ObservationFileName", Of_Block<&Workspace::ObservationFileName>},
     SingleValue{"RasterDemLoaded", Of_Block<&Workspace::RasterDemLoaded>},
     SingleValue{"TinDemLoaded", Of_Block<&Workspace::TinDemLoaded>},
+    SingleValue{"LidarPlotScale", Of_Block<&Workspace::LidarPlotScale>},
     SingleValue{"EpipolarZDepth", Of_Options<&Options::EpipolarZDepth>},
     SingleValue{"StepLength", Of_Options<&Options::StepLength>},
     SingleValue{"RmseBeepOneLevel", Of_Options<&Options::RmseBeepOneLevel>},

@@ -8,6 +8,11 @@
 #include "imageblock/commands/block_maintenance.h"
 #include "imageblock/commands/image_search.h"
 #include "imageblock/commands/image_set.h"
+#include "lidar/commands/als_2004_overlay.h"
+#include "lidar/commands/density_map.h"
+#include "lidar/commands/echo_rasters.h"
+#include "lidar/commands/pulse_listing.h"
+#include "lidar/commands/pulse_overlays.h"
 #include "matching/commands/correlation_images.h"
 #include "matching/commands/find_clusters.h"
 #include "matching/commands/point_scores.h"
@@ -111,15 +116,15 @@ constexpr MenuRow kMainMenu[] = {
     {2, "Plot_3D_line_segments", "Plot 3D-line segments (LMs)", 'B', kCtrl, false, MenuRole::Command, Plot_3D_line_segments, nullptr},
     {2, "Plot_Field_measured_tree_data", "Plot Field Measured Tree Data", 'F', kCtrl, false, MenuRole::Command, Plot_Field_measured_tree_data, nullptr},
     {2, "Plot_Crown_polygons", "Plot crown polygons (HitPols)", 0, 0, true, MenuRole::Command, Plot_Crown_polygons, nullptr},
-    {2, "plot_als_bin_file", "Plot 2004 LiDAR", kF1 + 8, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {2, "Print_ALS_near_solution", "Plot 2006 LiDAR", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {2, "Print_ALS_in_ASCII", "Print 2006 in ASCII", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {2, "Plot_ALS_2007", "Plot 2007 LiDAR", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {2, "Plot_Lidar_pdf", "Plot 2006 Lidar pdf", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
+    {2, "plot_als_bin_file", "Plot 2004 LiDAR", kF1 + 8, 0, false, MenuRole::Command, plot_als_bin_file, nullptr},
+    {2, "Print_ALS_near_solution", "Plot 2006 LiDAR", 0, 0, false, MenuRole::Command, Print_ALS_near_solution, nullptr},
+    {2, "Print_ALS_in_ASCII", "Print 2006 in ASCII", 0, 0, false, MenuRole::Command, Print_ALS_in_ASCII, nullptr},
+    {2, "Plot_ALS_2007", "Plot 2007 LiDAR", 0, 0, false, MenuRole::Command, Plot_ALS_2007, nullptr},
+    {2, "Plot_Lidar_pdf", "Plot 2006 Lidar pdf", 0, 0, false, MenuRole::Command, Plot_Lidar_pdf, nullptr},
     {2, "Plot_Field_Plot_Data", "Plot Field plot data", 'Q', kCtrl, false, MenuRole::Command, Plot_Field_Plot_Data, nullptr},
     {2, "Plot_Tie_Points", "Plot Tie Points", 0, 0, false, MenuRole::Command, Plot_Tie_Points, nullptr},
     {1, "ConvertFieldDataToBinary", "Convert Field plot data into Binary", 0, 0, true, MenuRole::Command, ConvertFieldDataToBinary, nullptr},
-    {1, "Make_Lidar_Intensity_Map", "Make LiDAR Intensity Map", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
+    {1, "Make_Lidar_Intensity_Map", "Make LiDAR Intensity Map", 0, 0, false, MenuRole::Command, Make_Lidar_Intensity_Map, nullptr},
     {1, "Find", "Find", 0, 0, false, MenuRole::Submenu, nullptr, nullptr},
     {2, "Find_Images_With_XYZ_Sol", "Find Aerial images in which point is Visible", 0, 0, false, MenuRole::Command, Find_Images_With_XYZ_Sol, nullptr},
     {2, "Find_And_Read_Terr_Images_in_Which", "Find Terr images in which point is Visible", kF1 + 7, 0, false, MenuRole::Command, Find_And_Read_Terr_Images_in_Which, nullptr},
@@ -134,7 +139,7 @@ constexpr MenuRow kMainMenu[] = {
     {2, "Create_raster_DEM_from_TIN_DEM", "Create raster DEM from TIN-DEM", 0, 0, false, MenuRole::Command, Create_raster_DEM_from_TIN_DEM, nullptr},
     {2, "TIN2RASTER_Fast", "TIN2RASTER fast", 0, 0, false, MenuRole::Command, TIN2RASTER_Fast, nullptr},
     {2, "Create_raster_CHM_from_TIN_CHM", "Create raster CHM from TIN-CHM", 0, 0, true, MenuRole::Command, Create_raster_CHM_from_TIN_CHM, nullptr},
-    {2, "Create_CHM_from_ALS", "Create CHM from ALS", 0, 0, true, MenuRole::NotBuilt, nullptr, nullptr},
+    {2, "Create_CHM_from_ALS", "Create CHM from ALS", 0, 0, true, MenuRole::Command, Create_CHM_from_ALS, nullptr},
     {2, "Get_TIN_for_Points", "Get TIN elevation for points", 0, 0, true, MenuRole::Command, Get_TIN_for_Points, nullptr},
     {1, "Find_Trees_Based_On_Lidar", "Find Trees Based on Lidar", 0, 0, true, MenuRole::Command, Find_Trees_Based_On_Lidar, nullptr},
     {1, "Find_And_Match_In_Lidar", "Find and Match in Lidar", kF1 + 4, 0, true, MenuRole::NotBuilt, nullptr, nullptr},

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "overlays/commands/colour_map.h"
 
-#include <algorithm>
-
 #include "platform/list_reader.h"
 #include "platform/rounding.h"
 
@@ -26,8 +24,8 @@ ColourMap Read_Colour_Map(const FilePath& file) {
 }
 
 int Colour_Row(double value, double lowest, double highest) {
-  const double inside = std::clamp(value, lowest, highest);
-  double index = Round_Half_Even(255 * (inside - lowest) / (highest - lowest));
+  // The two subtractions take part in the rounding.
+  double index = Round_Half_Even(255 - (255 - ((value - lowest) * 255) / (highest - lowest)));
   if (index < 4) index = 4;
   if (index > 254) index = 253;
   return To_Int16(index / 4);

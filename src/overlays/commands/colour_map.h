@@ -14,8 +14,11 @@ using ColourMap = Table<Colour, 1, 64>;
 /// and line for a 65th row, those of the list reader for what is no byte.
 ColourMap Read_Colour_Map(const FilePath& file);
 
-/// Row of a value on a scale whose ends are lowest and highest: the scale is cut into 0 to 255,
-/// four steps to a row. Values off the scale take row 1 or 63.
+/// Row of a value on a scale whose ends are lowest and highest: index i = 255 - (255 - (value -
+/// lowest) 255 / (highest - lowest)), rounded to an integer; an i below 4 becomes 4, one above
+/// 254 becomes 253; the row is i / 4, rounded (both half to even), 1 to 63. The value itself is
+/// not brought inside the scale: callers do what is theirs. RunTimeError(Overflow) for a value
+/// that is no number.
 int Colour_Row(double value, double lowest, double highest);
 
 }  // namespace sylvomex

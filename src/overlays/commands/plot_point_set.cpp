@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "overlays/commands/plot_point_set.h"
 
+#include <algorithm>
 #include <string>
 
 #include "overlays/commands/colour_map.h"
@@ -45,7 +46,8 @@ void Plot_Point_Set(Workspace& w) {
   for (const ObservationPoint& point :
        Read_Observation_Points(w.Drives.Locate(w.ObservationFileName))) {
     const double ground = Get_Raster_Elevation(w, point.X, point.Y);
-    const Colour colour = colours(Colour_Row(point.Z - ground, kLowestHeight, kHighestHeight));
+    const double height = std::clamp(point.Z - ground, kLowestHeight, kHighestHeight);
+    const Colour colour = colours(Colour_Row(height, kLowestHeight, kHighestHeight));
     for (int k = 0; k < w.ImageCount; ++k) Draw_Measured_Point(w, k, point, colour);
     listing += Listing_Line(point, ground);
   }

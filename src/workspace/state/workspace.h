@@ -8,12 +8,15 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "heightmodels/raster_model.h"
 #include "heightmodels/tin_model.h"
 #include "imageblock/image_record.h"
 #include "imageblock/pane_view.h"
 #include "imageblock/raw_file_cache.h"
+#include "lidar/point_file.h"
+#include "lidar/pulse_table.h"
 #include "matching/matching_state.h"
 #include "platform/drive_map.h"
 #include "platform/table.h"
@@ -111,6 +114,11 @@ struct Workspace {
   TinModel TinDem;
   TinModel TinChm;
   bool TinDemLoaded = false;
+
+  PulseTable LidarPulses;  // of the tile that was read last
+  std::vector<LidarPoint> LidarPoints;
+  double LidarPlotScale = 0;
+  double PlotPageScale = 0;
 
   MatchingState Matching;
 

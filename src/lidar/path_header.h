@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+// Path headers: text files of one line that tell where the tiles of a campaign lie.
+#pragma once
+
+#include <string>
+
+#include "platform/drive_map.h"
+
+namespace sylvomex {
+
+/// The prefix of the tile names: the first item, a plain or quoted text up to a comma or the
+/// line's end. Tile names are joined straight to it, so it ends in a backslash.
+/// RunTimeError(FileNotFound) for a missing header, RunTimeError(InputPastEnd) for an empty one.
+std::string Read_Path_Header(const FilePath& header);
+
+}  // namespace sylvomex
