@@ -52,7 +52,7 @@ void Write_Demo_Site(const Scene& scene, const std::vector<Photograph>& photos,
                      const std::filesystem::path& root) {
   Create_Site_Folders(root);
   const DriveMap drives(root);
-  const std::size_t tree = Model_Tree(scene, photos);
+  const std::size_t tree = Overlay_Tree(scene, photos);
   Write_Photographs(scene, photos, Photographs_Around(scene, tree), drives);
   Write_Height_Models(scene, drives);
   Write_Lidar(scene, drives);

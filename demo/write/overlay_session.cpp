@@ -1,13 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "demo/write/overlay_session.h"
 
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
 #include "demo/render/stand_cameras.h"
 #include "demo/write/exact_text.h"
 #include "demo/write/measure_session.h"
 #include "demo/write/session_steps.h"
+#include "demo/write/truth.h"
 
 namespace sylvomex::demo {
 namespace {
+
+constexpr double kDominantHeight = 17;  // metres
 
 constexpr const char* kHeightModels =
     "file c:\\data\\demo\\chm.hdr\nmenu Add_Raster_CHM\n"
@@ -73,7 +80,27 @@ std::string Search_Steps(const Tree& tree) {
          Window_Picture("Form1", "overlay_stand_images");
 }
 
+bool Is_Shown_By_All(const Scene& scene, const std::vector<Photograph>& photos, std::size_t tree) {
+  const std::vector<TopOnPhoto> tops = Tops_On_Photos(scene, photos, tree);
+  return std::all_of(tops.begin(), tops.end(), [](const TopOnPhoto& top) { return top.visible; });
+}
+
 }  // namespace
+
+std::size_t Overlay_Tree(const Scene& scene, const std::vector<Photograph>& photos) {
+  std::optional<std::size_t> nearest;
+  double least = 1e30;
+  for (std::size_t i = 0; i < scene.trees.size(); ++i) {
+    const Tree& tree = scene.trees[i];
+    const double distance =
+        std::hypot(tree.X - kForestWest - kForestSide / 2, tree.Y - kForestSouth - kForestSide / 2);
+    if (tree.Height() < kDominantHeight || distance >= least) continue;
+    if (!Is_Shown_By_All(scene, photos, i)) continue;
+    least = distance;
+    nearest = i;
+  }
+  return nearest ? *nearest : Centre_Tree(scene, kDominantHeight);
+}
 
 std::string Overlay_Session(const Scene& scene, const std::vector<Photograph>& photos,
                             std::size_t tree) {

@@ -10,6 +10,11 @@
 
 namespace sylvomex::demo {
 
+/// The tree of the session, position in the stand: dominant, its top shown by all photographs,
+/// nearest to the middle of the forest, which is the middle of a lidar tile, too. Without one the
+/// nearest dominant tree; RunTimeError as of Centre_Tree.
+std::size_t Overlay_Tree(const Scene& scene, const std::vector<Photograph>& photos);
+
 /// The session's text. It loads everything, measures the top of a tree, plays each overlay at
 /// that solution and clears the panes between them, writes the residuals of the height models,
 /// prints lookups, and finds the photographs that show the point: in the aerial archive, and

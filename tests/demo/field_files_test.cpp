@@ -9,7 +9,7 @@
 
 #include "demo/render/stand_cameras.h"
 #include "demo/write/camera_tables.h"
-#include "demo/write/match_session.h"
+#include "demo/write/overlay_session.h"
 #include "demo/write/truth.h"
 #include "platform/list_reader.h"
 
@@ -27,7 +27,7 @@ const std::vector<Photograph>& Photos() {
 }
 
 const FieldPlot& Plot() {
-  static const FieldPlot plot = Make_Field_Plot(Site(), Model_Tree(Site(), Photos()));
+  static const FieldPlot plot = Make_Field_Plot(Site(), Overlay_Tree(Site(), Photos()));
   return plot;
 }
 
@@ -215,7 +215,7 @@ TEST(AerialCameraTable, HasTheSitesPhotographsAndThreeThatDoNotSeeTheForest) {
 }
 
 TEST(StandCameraTable, EndsWithACameraThatNoSearchConsiders) {
-  const auto photos = Photographs_Around(Site(), Model_Tree(Site(), Photos()));
+  const auto photos = Photographs_Around(Site(), Overlay_Tree(Site(), Photos()));
   const auto lines = Camera_Lines(Stand_Camera_Table(photos));
   ASSERT_EQ(lines.size(), photos.size() + 1);
   EXPECT_EQ(lines[0].header, "c:\\data\\demo\\terr1.hdr");

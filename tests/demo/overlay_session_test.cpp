@@ -3,10 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <set>
 #include <sstream>
 
-#include "demo/write/match_session.h"
+#include "demo/write/truth.h"
+#include "tests/demo/small_scene.h"
 
 namespace sylvomex::demo {
 namespace {
@@ -15,7 +18,7 @@ const std::string& Session() {
   static const std::string text = [] {
     const Scene scene = Build_Scene({});
     const std::vector<Photograph> photos = Fly_Over(scene);
-    return Overlay_Session(scene, photos, Model_Tree(scene, photos));
+    return Overlay_Session(scene, photos, Overlay_Tree(scene, photos));
   }();
   return text;
 }
@@ -27,6 +30,32 @@ std::vector<std::string> Lines_With(const std::string& beginning) {
     if (line.starts_with(beginning)) found.push_back(line.substr(beginning.size()));
   }
   return found;
+}
+
+TEST(OverlaySession, TheTreeIsTheMiddlemostThatAllPhotographsShow) {
+  const Scene scene = Build_Scene({});
+  const std::vector<Photograph> photos = Fly_Over(scene);
+  const auto from_middle = [](const Tree& tree) {
+    return std::hypot(tree.X - kForestWest - 150, tree.Y - kForestSouth - 150);
+  };
+  const std::size_t chosen = Overlay_Tree(scene, photos);
+  EXPECT_LT(from_middle(scene.trees[chosen]), 25);
+  for (std::size_t i = 0; i < scene.trees.size(); ++i) {
+    const auto tops = Tops_On_Photos(scene, photos, i);
+    const bool shown = std::all_of(tops.begin(), tops.end(), [](auto& top) { return top.visible; });
+    if (i == chosen) {
+      EXPECT_TRUE(shown);
+    }
+    if (!shown || scene.trees[i].Height() < 17) continue;
+    EXPECT_GE(from_middle(scene.trees[i]), from_middle(scene.trees[chosen]));
+  }
+}
+
+TEST(OverlaySession, ALowTreeNearerToTheMiddleIsNotIts) {
+  Scene scene =
+      Scene_Of({Tree_At(1, Species::Pine, 100, 150), Tree_At(2, Species::Pine, 140, 150)});
+  scene.trees[1].TopZ = 160;
+  EXPECT_EQ(Overlay_Tree(scene, Fly_Over(scene)), 0U);
 }
 
 TEST(OverlaySession, LoadsMeasuresShowsComparesAndSearchesInThisOrder) {

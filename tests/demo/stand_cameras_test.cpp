@@ -8,7 +8,7 @@
 #include <numbers>
 
 #include "demo/render/ray_caster.h"
-#include "demo/write/match_session.h"
+#include "demo/write/overlay_session.h"
 #include "tests/demo/small_scene.h"
 
 namespace sylvomex::demo {
@@ -19,7 +19,7 @@ const Scene& Site() {
   return scene;
 }
 
-std::size_t Site_Tree() { return Model_Tree(Site(), Fly_Over(Site())); }
+std::size_t Site_Tree() { return Overlay_Tree(Site(), Fly_Over(Site())); }
 
 Ray Level_Ray(const Point3D& from, double azimuth_deg, double climb = 0) {
   const double a = azimuth_deg * std::numbers::pi / 180, level = std::sqrt(1 - climb * climb);
