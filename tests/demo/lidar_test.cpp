@@ -96,7 +96,9 @@ TEST(Beam, PassesSeveralCrownsUntilTheirDepthsSumUp) {
   EXPECT_EQ(Follow_Beam(scene, ray, ground_t, 0.999 * depth).tree, 0);
   const BeamEnd second = Follow_Beam(scene, ray, ground_t, 1.001 * depth);
   EXPECT_EQ(second.tree, 1);
-  EXPECT_GT(second.t, *leave);
+  const auto enter = Intersect_Crown(scene.trees[1], ray, 0, ground_t);
+  ASSERT_TRUE(enter);
+  EXPECT_NEAR(second.t, *enter, 0.01) << "what the first crown took is gone";
 }
 
 TEST(LeaveCrown, IsTheOppositeOfTheEntryOnTheReversedRay) {
