@@ -19,10 +19,10 @@ constexpr double kEyeHeight = 1.6;                              // metres above 
 constexpr int kMostCameras = 3;
 constexpr double kFirstAzimuth = 22, kAzimuthStep = 40;  // degrees
 constexpr int kAzimuths = 9;
-constexpr double kNearest = 8, kFarthest = 14, kDistanceStep = 1;  // metres to the tree
-constexpr double kClearance = 1.0;                                 // metres to the next stem
-constexpr double kTurnedAway = 150;                                // degrees
-constexpr double kStemTolerance = 0.3;                             // metres
+constexpr int kNearest = 8, kFarthest = 14;  // metres to the tree
+constexpr double kClearance = 1.0;           // metres to the next stem
+constexpr double kTurnedAway = 150;          // degrees
+constexpr double kStemTolerance = 0.3;       // metres
 
 Point3D Eye_At(const Scene& scene, double X, double Y) {
   return {X, Y, Ground_Height(scene, X, Y) + kEyeHeight};
@@ -54,7 +54,7 @@ bool Is_Stem_Visible(const Scene& scene, const Point3D& eye, std::size_t tree) {
 
 std::optional<Point3D> Place_At_Azimuth(const Scene& scene, std::size_t tree, double azimuth) {
   const Tree& seen = scene.trees[tree];
-  for (double distance = kNearest; distance <= kFarthest; distance += kDistanceStep) {
+  for (int distance = kNearest; distance <= kFarthest; ++distance) {
     const double a = azimuth * kRadiansPerDegree;
     const Point3D eye =
         Eye_At(scene, seen.X + distance * std::sin(a), seen.Y + distance * std::cos(a));

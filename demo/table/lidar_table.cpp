@@ -149,10 +149,12 @@ LidarSummary Summarize_Lidar(const std::vector<TilePulse>& pulses, const RasterM
 CanopyHeights True_Canopy(const RasterModel& ground, const RasterModel& canopy, double margin) {
   std::vector<double> heights;
   const double cell = canopy.CellSize;
-  for (double X = margin + cell / 2; X < kForestSide - margin; X += cell) {
-    for (double Y = margin + cell / 2; Y < kForestSide - margin; Y += cell) {
-      const double at_x = kForestWest + X, at_y = kForestSouth + Y;
-      heights.push_back(Raster_Height(canopy, at_x, at_y) - Raster_Height(ground, at_x, at_y));
+  const int side = static_cast<int>((kForestSide - 2 * margin) / cell);
+  for (int i = 0; i < side; ++i) {
+    for (int j = 0; j < side; ++j) {
+      const double X = kForestWest + margin + (i + 0.5) * cell;
+      const double Y = kForestSouth + margin + (j + 0.5) * cell;
+      heights.push_back(Raster_Height(canopy, X, Y) - Raster_Height(ground, X, Y));
     }
   }
   return Canopy_Of(heights);

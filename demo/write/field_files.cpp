@@ -156,9 +156,11 @@ std::string Tie_Point_Text(const Scene& scene, const std::vector<Photograph>& ph
 }
 
 std::string Transect_Text() {
+  constexpr int points = 131;
   constexpr double border = 20, step = 2;  // metres
   std::string text;
-  for (double along = border; along <= kForestSide - border; along += step) {
+  for (int i = 0; i < points; ++i) {
+    const double along = border + i * step;
     text += Line_Of({kForestWest + along, kForestSouth + kForestSide / 2 + 0.1 * along}, 2) + "\n";
   }
   return text;
