@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "demo/scene/site_settings.h"
 #include "demo/table/lidar_table.h"
 #include "demo/table/residual_table.h"
 #include "demo/write/packed_bytes.h"
@@ -75,6 +76,27 @@ TEST(LidarSummary, OfNoPulsesIsZeros) {
   EXPECT_EQ(summary.pulses, 0U);
   EXPECT_EQ(summary.density, 0);
   EXPECT_EQ(summary.echoes_per_pulse, 0);
+}
+
+TEST(TrueCanopy, IsTheDifferenceOfTheModelsInsideTheMargin) {
+  RasterModel ground;
+  ground.NCols = ground.NRows = kForestSide;
+  ground.OriginX = kForestWest + 0.5;
+  ground.OriginY = kForestSouth + 1;
+  ground.CellSize = 1;
+  RasterModel canopy = ground;
+  Dimension_Cells(ground);
+  Dimension_Cells(canopy);
+  for (std::size_t i = 0; i < 90000; ++i) {
+    const std::size_t column = i % 300;
+    ground.Cells[i] = 100;
+    // Higher than all else, but outside the margin of 50 m.
+    canopy.Cells[i] = column < 50 ? 190.0F : column < 100 ? 110.0F : 101.0F;
+  }
+  const CanopyHeights heights = True_Canopy(ground, canopy, 50);
+  EXPECT_DOUBLE_EQ(heights.cover, 0.25);
+  EXPECT_EQ(heights.heights.n, 50U * 200);
+  EXPECT_DOUBLE_EQ(heights.heights.largest, 10);
 }
 
 class TileSite : public testing::Test {
