@@ -139,7 +139,8 @@ std::vector<Photograph> Photographs_Around(const Scene& scene, std::size_t tree)
   std::optional<Point3D> first;
   for (int i = 0; i < kAzimuths && photos.size() < kMostCameras; ++i) {
     // Every third step, so that neighbours in the list look from different sides.
-    const double azimuth = kFirstAzimuth + kAzimuthStep * (3 * i % kAzimuths + 3 * i / kAzimuths);
+    const int turns = 3 * i % kAzimuths + 3 * i / kAzimuths;
+    const double azimuth = kFirstAzimuth + kAzimuthStep * turns;
     const auto eye = Place_At_Azimuth(scene, tree, azimuth);
     if (!eye) continue;
     add(*eye, Aim_At(*eye, scene.trees[tree]));

@@ -79,14 +79,14 @@ TEST(LidarSummary, OfNoPulsesIsZeros) {
 }
 
 TEST(TrueCanopy, IsTheDifferenceOfTheModelsInsideTheMargin) {
-  RasterModel ground;
-  ground.NCols = ground.NRows = kForestSide;
-  ground.OriginX = kForestWest + 0.5;
-  ground.OriginY = kForestSouth + 1;
-  ground.CellSize = 1;
-  RasterModel canopy = ground;
-  Dimension_Cells(ground);
-  Dimension_Cells(canopy);
+  RasterModel ground, canopy;
+  for (RasterModel* model : {&ground, &canopy}) {
+    model->NCols = model->NRows = kForestSide;
+    model->OriginX = kForestWest + 0.5;
+    model->OriginY = kForestSouth + 1;
+    model->CellSize = 1;
+    Dimension_Cells(*model);
+  }
   for (std::size_t i = 0; i < 90000; ++i) {
     const std::size_t column = i % 300;
     ground.Cells[i] = 100;
