@@ -20,7 +20,9 @@ using namespace sylvomex::demo;
 constexpr const char* kUsage =
     "sylvomex_demo_site --root DIR [--seed N] [--threads N] [--pixel-scale F]\n"
     "  [--density STEMS_PER_HECTARE] [--pine W] [--spruce W] [--birch W]\n"
-    "  [--sun-azimuth DEG] [--sun-elevation DEG] [--noise GREY_VALUES]\n";
+    "  [--sun-azimuth DEG] [--sun-elevation DEG] [--noise GREY_VALUES]\n"
+    "  [--pulse-share F]\n"
+    "sylvomex_demo_site --version\n";
 
 struct Request {
   SiteSettings settings;
@@ -50,6 +52,7 @@ const std::map<std::string, Setter>& Options() {
       {"--sun-azimuth", Number(&SiteSettings::sun_azimuth_deg)},
       {"--sun-elevation", Number(&SiteSettings::sun_elevation_deg)},
       {"--noise", Number(&SiteSettings::noise_sigma)},
+      {"--pulse-share", Number(&SiteSettings::pulse_share)},
   };
   return options;
 }
@@ -74,6 +77,10 @@ Request Read_Arguments(int count, char** arguments) {
 
 int main(int count, char** arguments) {
   try {
+    if (count == 2 && std::string(arguments[1]) == "--version") {
+      std::printf("%d\n", kSiteVersion);
+      return 0;
+    }
     const auto begin = std::chrono::steady_clock::now();
     const Request request = Read_Arguments(count, arguments);
     const Scene scene = Build_Scene(request.settings);

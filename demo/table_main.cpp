@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Prints how well a session measured or found the tree tops of the demo site.
+// Prints how well a session measured or found the tree tops of the demo site, what its lidar
+// campaigns saw, and how its height models agree.
 #include <cstdio>
 #include <exception>
 #include <string>
 
 #include "demo/table/accuracy_table.h"
 #include "demo/table/detection_table.h"
+#include "demo/table/lidar_table.h"
+#include "demo/table/residual_table.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
 #include "platform/run_time_error.h"
@@ -25,12 +28,28 @@ int Print_Detection(char** arguments) {
   return 0;
 }
 
+int Print_Lidar(const char* site) {
+  std::fputs(Lidar_Table_Of_Site(site).c_str(), stdout);
+  return 0;
+}
+
+int Print_Residuals(const char* file) {
+  const ResidualTable table = Compare_Models(Read_Compared_Points(Native(file)));
+  std::fputs(Table_Text(table).c_str(), stdout);
+  return 0;
+}
+
 int Print_Table(int count, char** arguments) {
+  const std::string first = count > 1 ? arguments[1] : "";
+  if (count == 3 && first == "--lidar") return Print_Lidar(arguments[2]);
+  if (count == 3 && first == "--residuals") return Print_Residuals(arguments[2]);
   if (count == 4) return Print_Detection(arguments);
   if (count != 3 && !(count == 5 && std::string(arguments[3]) == "--seconds")) {
     throw RunTimeError(Failure::BadContent,
                        "usage: sylvomex_demo_table TRANSCRIPT TRUTH [--seconds S]\n"
-                       "       sylvomex_demo_table TRANSCRIPT TRUTH NODES");
+                       "       sylvomex_demo_table TRANSCRIPT TRUTH NODES\n"
+                       "       sylvomex_demo_table --lidar SITE\n"
+                       "       sylvomex_demo_table --residuals FILE");
   }
   std::optional<double> seconds;
   if (count == 5) seconds = Parse_Double(arguments[4]);

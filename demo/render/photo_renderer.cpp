@@ -44,16 +44,12 @@ struct Band {
   }
 };
 
-void Cast_Row(const Scene& scene, const Photograph& photo, Band& band, int row) {
-  double ground_t = photo.image.Z0 - 160;
-  int shading_tree = -1;
+void Cast_Row(const Photograph& photo, const RayColour& colour_of, Band& band, int row) {
+  RowMemory memory;
   Colour3* out = band.colours.data() + band.Start_Of(row);
   for (int i = 0; i < band.width; ++i) {
     const RawPixelCentre centre = Centre_Of_Raw_Pixel(photo.image, i - 1, band.first_row + row);
-    const Ray ray = Ray_Through_Pixel(photo, centre.col, centre.row);
-    ground_t = Ground_Crossing(scene, ray, ground_t);
-    const SurfaceHit hit = Cast_Camera_Ray(scene, ray, ground_t, Foliage::Frayed);
-    out[i] = Surface_Colour(scene, hit, shading_tree);
+    out[i] = colour_of(centre.col, centre.row, memory);
   }
 }
 
@@ -104,20 +100,21 @@ void Develop_Row(const Scene& scene, const Photograph& photo, const Band& band, 
   }
 }
 
-void Render_Band(const Scene& scene, const Photograph& photo, int first_row, int rows,
-                 std::span<std::uint8_t> raw) {
+void Render_Band(const Scene& scene, const Photograph& photo, const RayColour& colour_of,
+                 int first_row, int rows, std::span<std::uint8_t> raw) {
   Band band;
   band.width = static_cast<int>(photo.image.SubWidth) + 2;
   band.first_row = first_row - 1;
   band.rows = rows + 2;
   band.colours.resize(band.Start_Of(band.rows));
-  for (int row = 0; row < band.rows; ++row) Cast_Row(scene, photo, band, row);
+  for (int row = 0; row < band.rows; ++row) Cast_Row(photo, colour_of, band, row);
   for (int row = 1; row <= rows; ++row) Develop_Row(scene, photo, band, row, raw);
 }
 
 }  // namespace
 
-std::vector<std::uint8_t> Render_Photograph(const Scene& scene, const Photograph& photo) {
+std::vector<std::uint8_t> Render_Rays(const Scene& scene, const Photograph& photo,
+                                      const RayColour& colour_of) {
   const int height = static_cast<int>(photo.image.SubHeight);
   const std::size_t bytes = photo.image.ColorFlag == 1 ? 3 : 1;
   std::vector<std::uint8_t> raw(bytes * static_cast<std::size_t>(photo.image.SubWidth) *
@@ -129,11 +126,21 @@ std::vector<std::uint8_t> Render_Photograph(const Scene& scene, const Photograph
     tbb::parallel_for(tbb::blocked_range<int>(0, bands, 1), [&](const auto& range) {
       for (int band = range.begin(); band < range.end(); ++band) {
         const int first = band * kBandRows;
-        Render_Band(scene, photo, first, std::min(kBandRows, height - first), raw);
+        Render_Band(scene, photo, colour_of, first, std::min(kBandRows, height - first), raw);
       }
     });
   });
   return raw;
+}
+
+std::vector<std::uint8_t> Render_Photograph(const Scene& scene, const Photograph& photo) {
+  const double mean_ground_t = photo.image.Z0 - 160;
+  return Render_Rays(scene, photo, [&, mean_ground_t](double col, double row, RowMemory& memory) {
+    const Ray ray = Ray_Through_Pixel(photo, col, row);
+    memory.ground_t = Ground_Crossing(scene, ray, memory.ground_t.value_or(mean_ground_t));
+    return Surface_Colour(scene, Cast_Camera_Ray(scene, ray, *memory.ground_t, Foliage::Frayed),
+                          memory.shading_tree);
+  });
 }
 
 }  // namespace sylvomex::demo

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "demo/render/ray_caster.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "demo/scene/value_noise.h"
@@ -116,7 +118,105 @@ SurfaceHit Hit_On_Tree(const Scene& scene, const Ray& ray, const TreeHit& met) {
   return hit;
 }
 
+/// Distance at which a unit ray meets the ground. A step never passes it: the ground rises by the
+/// steepest slope at most (Hart 1996, "Sphere tracing").
+std::optional<double> Distance_To_Ground(const Scene& scene, const Ray& ray, double reach) {
+  constexpr double tolerance = 1e-3, slack = 1.1;  // metres; slopes across a lattice square
+  constexpr int most_steps = 2000;
+  const double horizontal = std::sqrt(ray.u * ray.u + ray.v * ray.v);
+  const double approach = slack * scene.ground.steepest * horizontal - ray.w;
+  if (approach <= 0) return std::nullopt;
+  double t = 0;
+  for (int step = 0; step < most_steps && t <= reach; ++step) {
+    const double above =
+        ray.z + t * ray.w - Ground_Height(scene, ray.x + t * ray.u, ray.y + t * ray.v);
+    if (above < tolerance) return t;
+    t += above / approach;
+  }
+  return std::nullopt;
+}
+
+double Extinction(Species species) {
+  if (species == Species::Spruce) return 0.60;  // of a metre of way
+  return species == Species::Pine ? 0.50 : 0.55;
+}
+
+struct CrownPass {
+  int tree = -1;
+  double enter = 0, leave = 0;
+};
+
+/// What a beam passes on its way down: crowns in no order, and the first stem.
+struct BeamPath {
+  std::array<CrownPass, 16> crowns;
+  std::size_t count = 0;
+  int stem_tree = -1;
+  double stem_t = 1e30;
+};
+
+void Note_Tree(const Scene& scene, int item, const Ray& ray, double from, double to,
+               BeamPath& path) {
+  for (std::size_t i = 0; i < path.count; ++i) {
+    if (path.crowns[i].tree == item) return;
+  }
+  const Tree& tree = scene.trees[static_cast<std::size_t>(item)];
+  const auto stem = Intersect_Stem(tree, ray, from, to);
+  if (stem && *stem < path.stem_t) {
+    path.stem_tree = item;
+    path.stem_t = *stem;
+  }
+  const auto enter = Intersect_Crown(tree, ray, from, to);
+  if (!enter || path.count == path.crowns.size()) return;
+  path.crowns[path.count++] = {item, *enter, Leave_Crown(tree, ray, *enter, to).value_or(*enter)};
+}
+
+BeamPath Path_Of_Beam(const Scene& scene, const Ray& ray, double ground_t) {
+  BeamPath path;
+  const double from = std::max(ray.z - scene.grid.highest_top, ground_t - Canopy_Reach(scene, ray));
+  const double horizontal_square = ray.u * ray.u + ray.v * ray.v;
+  Walk_Cells(scene.grid, ray, from, ground_t, [&](int cell, double, double) {
+    for (const int item : Trees_Of_Cell(scene.grid, cell)) {
+      const Tree& tree = scene.trees[static_cast<std::size_t>(item)];
+      if (Passes_Crown(tree, ray, horizontal_square)) {
+        Note_Tree(scene, item, ray, from, ground_t, path);
+      }
+    }
+    return false;
+  });
+  std::sort(path.crowns.begin(), path.crowns.begin() + static_cast<std::ptrdiff_t>(path.count),
+            [](const CrownPass& a, const CrownPass& b) { return a.enter < b.enter; });
+  return path;
+}
+
 }  // namespace
+
+std::optional<SurfaceHit> Cast_Stand_Ray(const Scene& scene, const Ray& ray, double reach,
+                                         Foliage foliage) {
+  const auto ground_t = Distance_To_Ground(scene, ray, reach);
+  const TreeHit met =
+      Find_Tree(scene, ray, 0, ground_t.value_or(reach), -1, foliage, Wanted::Nearest);
+  if (met.tree >= 0) return Hit_On_Tree(scene, ray, met);
+  if (ground_t) return Ground_Hit(scene, ray, *ground_t);
+  return std::nullopt;
+}
+
+BeamEnd Follow_Beam(const Scene& scene, const Ray& ray, double ground_t, double optical_depth) {
+  const BeamPath path = Path_Of_Beam(scene, ray, ground_t);
+  const double metres_per_t = std::sqrt(ray.u * ray.u + ray.v * ray.v + ray.w * ray.w);
+  for (std::size_t i = 0; i < path.count; ++i) {
+    const CrownPass& pass = path.crowns[i];
+    if (path.stem_t <= pass.enter) break;
+    const double extinction =
+        metres_per_t * Extinction(scene.trees[static_cast<std::size_t>(pass.tree)].species);
+    const double length = optical_depth / extinction;
+    if (length <= pass.leave - pass.enter) {
+      return {SurfaceHit::Kind::Crown, pass.tree, pass.enter + length};
+    }
+    optical_depth -= (pass.leave - pass.enter) * extinction;
+  }
+  if (path.stem_tree >= 0) return {SurfaceHit::Kind::Stem, path.stem_tree, path.stem_t};
+  return {SurfaceHit::Kind::Ground, -1, ground_t};
+}
 
 double Ground_Crossing(const Scene& scene, const Ray& ray, double guess) {
   double t = guess;

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 // What a ray meets in the scene. Camera rays point down (w = -1), sun rays up (w = 1), so t
-// counts metres of height in both.
+// counts metres of height in both; rays from within the stand are unit vectors in any direction,
+// their t counts metres of distance.
 #pragma once
+
+#include <optional>
 
 #include "demo/scene/scene.h"
 
@@ -25,6 +28,24 @@ double Ground_Crossing(const Scene& scene, const Ray& ray, double guess);
 
 /// The first surface under a camera ray; ground_t: where it meets the ground.
 SurfaceHit Cast_Camera_Ray(const Scene& scene, const Ray& ray, double ground_t, Foliage foliage);
+
+/// The first surface on a ray from within the stand, a unit vector in any direction; nothing where
+/// it meets the sky or goes farther than reach, metres. The start lies above the ground.
+std::optional<SurfaceHit> Cast_Stand_Ray(const Scene& scene, const Ray& ray, double reach,
+                                         Foliage foliage);
+
+/// A thin beam that foliage thins out: it goes through crowns until their optical depth along its
+/// way sums up to the given one, and ends there; else on the first stem or on the ground. The
+/// optical depth of a crown is its extinction times the length within it (Ross 1981, The
+/// Radiation Regime and Architecture of Plant Stands, section II.3); with depths drawn as -ln of
+/// uniform numbers the beams end as light is extinguished. ray and ground_t as in
+/// Cast_Camera_Ray.
+struct BeamEnd {
+  SurfaceHit::Kind kind = SurfaceHit::Kind::Ground;
+  int tree = -1;
+  double t = 0;
+};
+BeamEnd Follow_Beam(const Scene& scene, const Ray& ray, double ground_t, double optical_depth);
 
 /// Whether another tree stands between a point and the sun. own_tree: position in the stand of
 /// the tree on which the point lies, -1 for none; convex crowns need no test against

@@ -29,8 +29,10 @@ struct Interval {
   double from = 0, to = 0;
 };
 
-/// The part of [from, to] with the ray between two heights.
+/// The part of [from, to] with the ray between two heights; empty as from > to.
 Interval Clip_To_Heights(const Ray& ray, double low, double high, Interval clipped) {
+  constexpr Interval nothing{1, 0};
+  if (ray.w == 0) return ray.z >= low && ray.z <= high ? clipped : nothing;
   double at_low = (low - ray.z) / ray.w, at_high = (high - ray.z) / ray.w;
   if (at_low > at_high) std::swap(at_low, at_high);
   return {std::max(clipped.from, at_low), std::min(clipped.to, at_high)};
@@ -91,6 +93,13 @@ std::optional<double> Intersect_Crown(const Tree& tree, const Ray& ray, double f
     t -= outside / rate;
   }
   return std::nullopt;
+}
+
+std::optional<double> Leave_Crown(const Tree& tree, const Ray& ray, double from, double to) {
+  const Ray backward{ray.x, ray.y, ray.z, -ray.u, -ray.v, -ray.w};
+  const auto entry = Intersect_Crown(tree, backward, -to, -from);
+  if (!entry) return std::nullopt;
+  return -*entry;
 }
 
 std::optional<double> Intersect_Stem(const Tree& tree, const Ray& ray, double from, double to) {

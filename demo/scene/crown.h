@@ -47,7 +47,7 @@ std::optional<double> Crown_Depth_At(const Tree& tree, double distance);
 /// A point that moves: (x + t u, y + t v, z + t w), metres.
 struct Ray {
   double x = 0, y = 0, z = 0;
-  double u = 0, v = 0, w = 0;  // w must not be 0
+  double u = 0, v = 0, w = 0;
 };
 
 /// Whether the ray's line, seen in plan, comes within the crown radius of the tree's axis: a
@@ -64,6 +64,9 @@ inline bool Passes_Crown(const Tree& tree, const Ray& ray, double horizontal_squ
 /// it misses. The distance to the axis is convex and the outline concave along any line, so
 /// Newton steps from outside never pass the first crossing.
 std::optional<double> Intersect_Crown(const Tree& tree, const Ray& ray, double from, double to);
+
+/// Last t in [from, to] at which the ray is in the crown; as exact.
+std::optional<double> Leave_Crown(const Tree& tree, const Ray& ray, double from, double to);
 
 /// First t in [from, to] on the stem below the crown base.
 std::optional<double> Intersect_Stem(const Tree& tree, const Ray& ray, double from, double to);

@@ -22,6 +22,7 @@ struct SiteSettings {
   double sun_elevation_deg = 38;  // 20 to 90
   double noise_sigma = 2.5;       // pixel noise, grey values; 0 to 60
   double pixel_scale = 1;         // 1 to 20: pixels of 15 micrometres times this
+  double pulse_share = 1;         // 0.001 to 1: share of the lidar campaigns' pulses
 };
 
 }  // namespace sylvomex::demo

@@ -1,12 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "demo/write/demo_site.h"
 
+#include "demo/render/photo_renderer.h"
+#include "demo/render/stand_cameras.h"
+#include "demo/write/camera_tables.h"
 #include "demo/write/colour_map.h"
 #include "demo/write/cursor_file.h"
+#include "demo/write/field_files.h"
 #include "demo/write/height_rasters.h"
 #include "demo/write/image_files.h"
+#include "demo/write/lidar_files.h"
 #include "demo/write/match_session.h"
 #include "demo/write/measure_session.h"
+#include "demo/write/mesh_files.h"
+#include "demo/write/overlay_session.h"
 #include "demo/write/site_folders.h"
 #include "demo/write/truth.h"
 #include "platform/files.h"
@@ -18,15 +25,38 @@ void Write_Beside_Drives(const std::filesystem::path& file, const std::string& c
   Write_Whole_File(FilePath{file.string(), file}, content);
 }
 
+void Write_Photographs(const Scene& scene, const std::vector<Photograph>& photos,
+                       const std::vector<Photograph>& stand_photos, const DriveMap& drives) {
+  for (const Photograph& photo : photos) {
+    Write_Photograph(photo, Render_Photograph(scene, photo), drives);
+  }
+  for (const Photograph& photo : stand_photos) {
+    Write_Photograph(photo, Render_Stand_Photograph(scene, photo), drives);
+  }
+  Write_Whole_File(drives.Locate("c:\\data\\cam_data_j.csv"), Aerial_Camera_Table(photos));
+  Write_Whole_File(drives.Locate("c:\\data\\cam_data_G6_j.csv"), Stand_Camera_Table(stand_photos));
+}
+
+void Write_Height_Models(const Scene& scene, const DriveMap& drives) {
+  Write_Raster(Make_Ground_Raster(scene), "c:\\data\\demo\\dem.hdr", drives);
+  Write_Raster(Make_Canopy_Raster(scene), "c:\\data\\demo\\chm.hdr", drives);
+  const SurfaceMesh ground = Make_Ground_Mesh(scene);
+  Write_Mesh(ground, "ground", drives);
+  Write_Mesh_Tiles(ground, drives);
+  Write_Mesh(Make_Canopy_Mesh(scene), "canopy", drives);
+}
+
 }  // namespace
 
 void Write_Demo_Site(const Scene& scene, const std::vector<Photograph>& photos,
                      const std::filesystem::path& root) {
   Create_Site_Folders(root);
   const DriveMap drives(root);
-  for (const Photograph& photo : photos) Write_Photograph(scene, photo, drives);
-  Write_Raster(Make_Ground_Raster(scene), "c:\\data\\demo\\dem.hdr", drives);
-  Write_Raster(Make_Canopy_Raster(scene), "c:\\data\\demo\\chm.hdr", drives);
+  const std::size_t tree = Overlay_Tree(scene, photos);
+  Write_Photographs(scene, photos, Photographs_Around(scene, tree), drives);
+  Write_Height_Models(scene, drives);
+  Write_Lidar(scene, drives);
+  Write_Field_Files(scene, photos, Make_Field_Plot(scene, tree), drives);
   Write_Whole_File(drives.Locate("C:\\data\\JetColorMAP.csv"), Jet_Colour_Map());
   Write_Whole_File(drives.Locate("c:\\data\\cross04.CUR"), Cross_Cursor(2, 9));
   Write_Whole_File(drives.Locate("c:\\data\\CROSS03.CUR"), Cross_Cursor(3, 14));
@@ -34,7 +64,9 @@ void Write_Demo_Site(const Scene& scene, const std::vector<Photograph>& photos,
   Write_Beside_Drives(root / "scene.txt", Scene_Summary(scene, photos));
   Write_Beside_Drives(root / "sessions" / "measure.txt", Measure_Session(scene, photos));
   Write_Beside_Drives(root / "sessions" / "match.txt", Match_Session(scene, photos));
+  Write_Beside_Drives(root / "sessions" / "overlays.txt", Overlay_Session(scene, photos, tree));
   Write_Beside_Drives(root / "sessions" / "open.txt", Open_Session(scene, photos));
+  Write_Beside_Drives(root / "version.txt", std::to_string(kSiteVersion) + "\n");
 }
 
 }  // namespace sylvomex::demo

@@ -3,7 +3,6 @@
 
 #include <initializer_list>
 
-#include "demo/render/photo_renderer.h"
 #include "demo/write/exact_text.h"
 #include "platform/files.h"
 
@@ -43,9 +42,10 @@ std::string Image_Header_Text(const ImageRecord& image) {
          "\n" + "0\n";
 }
 
-void Write_Photograph(const Scene& scene, const Photograph& photo, const DriveMap& drives) {
+void Write_Photograph(const Photograph& photo, const std::vector<std::uint8_t>& pixels,
+                      const DriveMap& drives) {
   Write_Whole_File(drives.Locate(photo.image.RawFileName.Trimmed()),
-                   std::span<const std::uint8_t>(Render_Photograph(scene, photo)));
+                   std::span<const std::uint8_t>(pixels));
   Write_Whole_File(drives.Locate(photo.header_name), Image_Header_Text(photo.image));
 }
 

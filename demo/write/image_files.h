@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "demo/scene/flight.h"
 #include "platform/drive_map.h"
@@ -12,7 +14,8 @@ namespace sylvomex::demo {
 /// that they read back the same, texts in quotes, no related rasters.
 std::string Image_Header_Text(const ImageRecord& image);
 
-/// Renders the photograph and writes its header and raw file under their drive names.
-void Write_Photograph(const Scene& scene, const Photograph& photo, const DriveMap& drives);
+/// Writes the photograph's header and its raw pixels under their drive names.
+void Write_Photograph(const Photograph& photo, const std::vector<std::uint8_t>& pixels,
+                      const DriveMap& drives);
 
 }  // namespace sylvomex::demo

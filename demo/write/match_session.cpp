@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "demo/write/exact_text.h"
-#include "demo/write/measure_session.h"
+#include "demo/write/session_steps.h"
 #include "demo/write/truth.h"
 
 namespace sylvomex::demo {
@@ -51,23 +51,13 @@ int Count_Visible_Trees_Around(const Scene& scene, const std::vector<Photograph>
   return count;
 }
 
-std::string Load_Steps(const std::vector<Photograph>& photos) {
-  std::string text = "# The tree tops of a plot, searched by matching the crown of one tree.\n";
-  for (const Photograph& photo : photos) {
-    text += "file " + photo.header_name + "\nmenu Add_images_to_set\n";
-  }
-  return text + "file c:\\data\\demo\\dem.hdr\ninput 0.00\nmenu Add_height_Model\n" +
-         "file c:\\data\\demo\\chm.hdr\nmenu Add_Raster_CHM\n";
-}
-
-std::string Solution_Steps(double X, double Y, double Z) {
-  std::string text;
-  for (const double value : {X, Y, Z}) text += "input " + Fixed_Decimals(value, 2) + "\n";
-  return text + "menu Set_3D_solution\n";
+std::string Load_All_Steps(const std::vector<Photograph>& photos) {
+  return "# The tree tops of a plot, searched by matching the crown of one tree.\n" +
+         Load_Steps(photos) + "file c:\\data\\demo\\chm.hdr\nmenu Add_Raster_CHM\n";
 }
 
 // A click on the model tree in each pane, so that the panes can zoom on it.
-std::string Click_Steps(const Tree& tree, const std::vector<Photograph>& photos) {
+std::string Model_Click_Steps(const Tree& tree, const std::vector<Photograph>& photos) {
   const Point3D top{tree.X, tree.Y, tree.TopZ};
   std::string text = "menu Center_to_xyz_click\n";
   for (std::size_t k = 0; k < photos.size(); ++k) {
@@ -117,9 +107,9 @@ std::size_t Model_Tree(const Scene& scene, const std::vector<Photograph>& photos
 
 std::string Match_Session(const Scene& scene, const std::vector<Photograph>& photos) {
   const Tree& tree = scene.trees[Model_Tree(scene, photos)];
-  return Load_Steps(photos) + Solution_Steps(tree.X, tree.Y, tree.GroundZ) +
-         "menu Read_plot_center_data\n" + Solution_Steps(tree.X, tree.Y, tree.TopZ) + kBoxes +
-         Click_Steps(tree, photos) + "menu Capture_templates\n" +
+  return Load_All_Steps(photos) + Solution_Steps({tree.X, tree.Y, tree.GroundZ}) +
+         "menu Read_plot_center_data\n" + Solution_Steps({tree.X, tree.Y, tree.TopZ}) + kBoxes +
+         Model_Click_Steps(tree, photos) + "menu Capture_templates\n" +
          Picture_Steps(photos, "template") + "menu Compute_Correlation_Images\n" +
          Picture_Steps(photos, "correlation") +
          "menu Create_XYZ_Point_Set\nmenu Compute_Back_Projections\n" + Result_Steps(photos);

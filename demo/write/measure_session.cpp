@@ -4,9 +4,8 @@
 #include <cmath>
 #include <optional>
 
-#include "demo/write/exact_text.h"
+#include "demo/write/session_steps.h"
 #include "demo/write/truth.h"
-#include "imageblock/view_window.h"
 #include "platform/rounding.h"
 
 namespace sylvomex::demo {
@@ -31,49 +30,6 @@ std::optional<std::size_t> Field_Of(const Tree& tree) {
   const double y = (tree.Y - kForestSouth - kBorder) / inside * kFields;
   if (x < 0 || y < 0 || x >= kFields || y >= kFields) return std::nullopt;
   return static_cast<std::size_t>(y) * kFields + static_cast<std::size_t>(x);
-}
-
-/// Panes outside 1 pixel of the edge count as shown.
-bool Is_In_Pane(const PanePosition& at) {
-  return at.px > 1 && at.py > 1 && at.px < kSessionPaneSide - 1 && at.py < kSessionPaneSide - 1;
-}
-
-double To_Half_Pixel(double value) { return Round_Half_Even(2 * value) / 2; }
-
-std::string Load_Steps(const std::vector<Photograph>& photos) {
-  std::string text;
-  for (const Photograph& photo : photos) {
-    text += "file " + photo.header_name + "\nmenu Add_images_to_set\n";
-  }
-  return text + "file c:\\data\\demo\\dem.hdr\ninput 0.00\nmenu Add_height_Model\n";
-}
-
-/// A picture of a window at a stage of the work. A build without windows passes over it.
-std::string Window_Picture(const char* window, const char* stage) {
-  return std::string("try screenshot ") + window + " c:\\data\\demo\\" + stage + ".png\n";
-}
-
-std::string Centre_Steps(const Point3D& point) {
-  std::string text;
-  for (const double value : {point.X, point.Y, point.Z}) {
-    text += "input " + Fixed_Decimals(value, 2) + "\n";
-  }
-  return text + "menu Set_3D_solution\nmenu Center_to_xyz_click\n";
-}
-
-std::string Click_Steps(const Scene& scene, const std::vector<Photograph>& photos, std::size_t tree,
-                        const Point3D& centre) {
-  std::string text;
-  const std::vector<TopOnPhoto> tops = Tops_On_Photos(scene, photos, tree);
-  for (std::size_t k = 0; k < photos.size(); ++k) {
-    if (!tops[k].visible) continue;
-    const PaneView view = View_Centred_On(photos[k], centre, kSessionPaneSide);
-    const PanePosition at = Full_Image_To_Pane(photos[k].image, view, tops[k].col, tops[k].row);
-    if (!Is_In_Pane(at)) continue;
-    text += "click Picture1(" + std::to_string(k) + ") " + Fixed_Decimals(To_Half_Pixel(at.px), 1) +
-            " " + Fixed_Decimals(To_Half_Pixel(at.py), 1) + "\n";
-  }
-  return text;
 }
 
 std::string Pane_Pictures(const std::vector<Photograph>& photos) {
@@ -108,23 +64,6 @@ std::string Measure_Steps(const Scene& scene, const std::vector<Photograph>& pho
 Point3D Rough_Point(const Tree& tree) {
   return {3 * Round_Half_Even(tree.X / 3), 3 * Round_Half_Even(tree.Y / 3),
           Round_Half_Even(tree.GroundZ + 15)};
-}
-
-PaneView View_Centred_On(const Photograph& photo, const Point3D& point, int pane_side) {
-  const ImageRecord& image = photo.image;
-  double col = 0, row = 0;
-  Object_To_Pixel(image, photo.rotation, point.X, point.Y, point.Z, col, row);
-  const ViewWindow window = Compute_View_Window(
-      image.SubWidth, image.SubHeight, To_Int16(col - image.SubColOrigin),
-      To_Int16(image.FullHeight - 1 - row - image.SubRowOrigin), pane_side, pane_side);
-  PaneView view;
-  if (window.fits) {
-    view.ViewCol = To_Int16(window.first_col);
-    view.ViewRow = To_Int16(window.first_row);
-  }
-  view.ViewWidth = view.ViewHeight = To_Int16(pane_side);
-  view.ZoomX = view.ZoomY = 1;
-  return view;
 }
 
 std::vector<std::size_t> Trees_To_Measure(const Scene& scene,

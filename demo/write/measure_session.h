@@ -7,21 +7,13 @@
 #include <vector>
 
 #include "demo/scene/flight.h"
-#include "imageblock/pane_view.h"
 #include "solver/space_intersection.h"
 
 namespace sylvomex::demo {
 
-/// Side of the square panes of six images in the client area of 1280 x 1024 that sessions start
-/// with: three columns share 1280 - 140 pixels.
-inline constexpr int kSessionPaneSide = 380;
-
 /// A point some metres off a tree's top, as one would take it from a map: X and Y to the next
 /// 3 m, 15 m above ground.
 Point3D Rough_Point(const Tree& tree);
-
-/// The view of a pane at zoom 1 after the panes were centred on a point.
-PaneView View_Centred_On(const Photograph& photo, const Point3D& point, int pane_side);
 
 /// Trees to measure, positions in the stand: dominant, 25 m and more inside the forest, seen by
 /// at least four photographs; the best of each field of a 6 x 6 grid over the site.

@@ -2,6 +2,7 @@
 #include "demo/write/truth.h"
 
 #include "demo/render/ray_caster.h"
+#include "demo/scene/lidar_campaign.h"
 #include "demo/write/exact_text.h"
 
 namespace sylvomex::demo {
@@ -74,6 +75,12 @@ std::string Scene_Summary(const Scene& scene, const std::vector<Photograph>& pho
   }
   text += "ground model c:\\data\\demo\\dem.hdr, elevations of the ground\n";
   text += "canopy model c:\\data\\demo\\chm.hdr, elevations of the canopy surface\n";
+  text += "triangulations c:\\data\\demo\\ground.nod and .tri, canopy.nod and .tri\n";
+  for (const LidarCampaign& campaign : Lidar_Campaigns()) {
+    text += "lidar " + std::to_string(campaign.year) + ", " +
+            Exact_Text(campaign.density * settings.pulse_share) + " pulses a square metre, " +
+            Exact_Text(campaign.inset) + " m inside the forest\n";
+  }
   return text;
 }
 

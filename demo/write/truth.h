@@ -24,7 +24,7 @@ std::vector<TopOnPhoto> Tops_On_Photos(const Scene& scene, const std::vector<Pho
 /// visible with its id in the column's name; one line a tree.
 std::string Truth_Table(const Scene& scene, const std::vector<Photograph>& photos);
 
-/// Plain text for the reader: settings, sun, photographs, height models.
+/// Plain text for the reader: settings, sun, photographs, height models, lidar.
 std::string Scene_Summary(const Scene& scene, const std::vector<Photograph>& photos);
 
 }  // namespace sylvomex::demo

@@ -8,6 +8,7 @@
 #include <set>
 #include <sstream>
 
+#include "demo/write/session_steps.h"
 #include "demo/write/truth.h"
 
 namespace sylvomex::demo {

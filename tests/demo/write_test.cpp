@@ -267,17 +267,61 @@ TEST(DemoSite, IsTheSameByteForByteOnOneThreadAndOnTwo) {
   for (int threads = 1; threads <= 2; ++threads) {
     SiteSettings settings;
     settings.pixel_scale = 16;
+    settings.pulse_share = 0.02;
     settings.threads = threads;
     const Scene scene = Build_Scene(settings);
     Write_Demo_Site(scene, Fly_Over(scene), (threads == 1 ? first : second).Path());
   }
   const std::vector<fs::path> files = Files_Below(first.Path());
   EXPECT_EQ(files, Files_Below(second.Path()));
-  EXPECT_EQ(files.size(), 12U + 4 + 3 + 5);
+  const std::size_t photographs = 2 * (6 + 4), rasters = 4, triangulations = 4, tiles = 25,
+                    lidar = 3 * (9 + 1), camera_tables = 2, field = 9, fixed = 3, beside = 7;
+  EXPECT_EQ(files.size(), photographs + rasters + triangulations + tiles + lidar + camera_tables +
+                              field + fixed + beside);
   for (const fs::path& file : files) {
     EXPECT_TRUE(Bytes_Of(first.Path() / file) == Bytes_Of(second.Path() / file)) << file;
     EXPECT_FALSE(Bytes_Of(first.Path() / file).empty()) << file;
   }
+}
+
+/// What a session chooses in file dialogs, but for the one file that a command writes there.
+std::vector<std::string> Files_Asked_By(const std::string& session) {
+  std::vector<std::string> files;
+  std::istringstream lines(session);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.starts_with("file ") && !line.ends_with("plot.bin")) files.push_back(line.substr(5));
+  }
+  return files;
+}
+
+TEST(DemoSite, HoldsEveryFileThatItsSessionsChoose) {
+  const FreshFolder root("site_sessions");
+  SiteSettings settings;
+  settings.pixel_scale = 16;
+  settings.pulse_share = 0.001;
+  const Scene scene = Build_Scene(settings);
+  Write_Demo_Site(scene, Fly_Over(scene), root.Path());
+  const DriveMap drives(root.Path());
+  std::size_t asked = 0;
+  for (const char* session : {"measure.txt", "match.txt", "overlays.txt", "open.txt"}) {
+    for (const std::string& file : Files_Asked_By(Bytes_Of(root.Path() / "sessions" / session))) {
+      EXPECT_TRUE(fs::exists(drives.Locate(file).native)) << file;
+      ++asked;
+    }
+  }
+  EXPECT_GT(asked, 30U);
+}
+
+TEST(DemoSite, TellsItsVersionAndWhereLidarLies) {
+  const FreshFolder root("site_version");
+  SiteSettings settings;
+  settings.pixel_scale = 16;
+  settings.pulse_share = 0.001;
+  const Scene scene = Build_Scene(settings);
+  Write_Demo_Site(scene, Fly_Over(scene), root.Path());
+  EXPECT_EQ(Bytes_Of(root.Path() / "version.txt"), std::to_string(kSiteVersion) + "\n");
+  EXPECT_EQ(Bytes_Of(root.Path() / "c/data/als2004_path.hdr"), "\"c:\\data\\laser2004\\\"\n");
+  EXPECT_TRUE(fs::exists(root.Path() / "c/data/laser2007/051_101.bin"));
 }
 
 }  // namespace
