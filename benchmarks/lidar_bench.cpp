@@ -7,19 +7,16 @@
 // same file. Times are medians in milliseconds, "cpu_ms" those of all threads together.
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
-#include <ctime>
 #include <exception>
 #include <fstream>
-#include <functional>
 #include <memory>
 #include <vector>
 
 #include "bench_files.h"
+#include "bench_times.h"
 #include "lidar/commands/pulse_overlays.h"
 #include "lidar/pulse_table.h"
 #include "lidar_inputs.h"
@@ -31,34 +28,6 @@ namespace {
 constexpr std::int32_t kPulses = 1'000'000;
 constexpr std::int32_t kTilePulses = 100'000;
 constexpr double kChecksum = 1.57198571e+11;  // slot 4's X + gain of every 16th pulse
-
-using Round = std::function<void()>;
-
-double Median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
-}
-
-class Times {
- public:
-  void Run(const Round& round) {
-    const auto start = std::chrono::steady_clock::now();
-    const std::clock_t cpu_start = std::clock();
-    round();
-    cpu_.push_back(1000.0 * static_cast<double>(std::clock() - cpu_start) / CLOCKS_PER_SEC);
-    const std::chrono::duration<double, std::milli> wall = std::chrono::steady_clock::now() - start;
-    wall_.push_back(wall.count());
-  }
-
-  [[nodiscard]] double Last_Seconds() const { return wall_.back() / 1000; }
-  [[nodiscard]] double Wall() const { return Median(wall_); }
-  [[nodiscard]] double Cpu() const { return Median(cpu_); }
-
- private:
-  std::vector<double> wall_;
-  std::vector<double> cpu_;
-};
 
 double Checksum(std::span<const double> X, std::span<const std::uint8_t> gain) {
   double sum = 0;

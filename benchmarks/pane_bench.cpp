@@ -7,18 +7,15 @@
 // time ("cpu_...") tells more on a machine that has other work.
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <cstdio>
-#include <ctime>
 #include <exception>
-#include <functional>
 #include <memory>
 #include <vector>
 
 #include "bench_files.h"
 #include "bench_inputs.h"
+#include "bench_times.h"
 #include "imageblock/bitmap_file.h"
 #include "imageblock/pane_renderer.h"
 #include "imageblock/raw_file_cache.h"
@@ -45,7 +42,6 @@ constexpr Zoom kZooms[] = {{"1_1", 600, 1.0, 34196.2188},
                            {"out_1_10", 6000, 0.1, 34119.3281}};
 
 using Bytes = std::vector<std::uint8_t>;
-using Round = std::function<void()>;
 
 PaneWindow Window(const Zoom& zoom, int index) {
   constexpr std::uint64_t kSeed = 81;
@@ -79,35 +75,6 @@ void Render(const MappedFile& file, const Zoom& zoom, int index, const GammaTabl
   if (gamma != nullptr) request.gamma = *gamma;
   Render_Colour({file.Bytes(), kRawSize, kRawSize, &path}, request, out);
 }
-
-double Median(std::vector<double> values) {
-  if (values.empty()) return 0;
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
-}
-
-/// Milliseconds a pane, by the clock and by the processor time of the program.
-class Times {
- public:
-  void Run(const Round& round) {
-    const auto start = std::chrono::steady_clock::now();
-    const std::clock_t cpu_start = std::clock();
-    round();
-    const std::clock_t cpu_end = std::clock();
-    const std::chrono::duration<double, std::milli> wall = std::chrono::steady_clock::now() - start;
-    wall_.push_back(wall.count() / kWindows);
-    cpu_.push_back(1000.0 * static_cast<double>(cpu_end - cpu_start) / CLOCKS_PER_SEC / kWindows);
-  }
-
-  [[nodiscard]] double Last_Seconds() const { return wall_.back() / 1000; }
-  [[nodiscard]] double Wall() const { return Median(wall_); }
-  [[nodiscard]] double Cpu() const { return Median(cpu_); }
-
- private:
-  std::vector<double> wall_;
-  std::vector<double> cpu_;
-};
 
 /// One pane after the other into the same bitmap, adding up the checksums.
 class Panes {
@@ -156,7 +123,7 @@ void Time_Ours(benchmark::State& state, const MappedFile& file, const Zoom& zoom
   Panes panes(file);
   panes.Ours(zoom);
   if (!Right(state, panes, zoom)) return;
-  Times times;
+  Times times(kWindows);
   for (auto unused : state) {
     times.Run([&] { panes.Ours(zoom, gamma == 1 ? nullptr : &table); });
     state.SetIterationTime(times.Last_Seconds());
@@ -166,7 +133,7 @@ void Time_Ours(benchmark::State& state, const MappedFile& file, const Zoom& zoom
 
 /// Mapped for each round, so that the page faults of first touch are counted.
 void Time_Fresh(benchmark::State& state, const FilePath& path, const Zoom& zoom) {
-  Times times;
+  Times times(kWindows);
   for (auto unused : state) {
     times.Run([&] {
       const MappedFile fresh(path);
@@ -184,8 +151,8 @@ void Time_Beside(benchmark::State& state, const MappedFile& file, const Zoom& zo
   if (!Right(state, panes, zoom)) return;
   panes.Peers(zoom, peer.paint);
   state.counters["peer_checksum"] = panes.Mean_Checksum();
-  Times times;
-  Times peer_times;
+  Times times(kWindows);
+  Times peer_times(kWindows);
   for (auto unused : state) {
     times.Run([&] { panes.Ours(zoom); });
     peer_times.Run([&] { panes.Peers(zoom, peer.paint); });
@@ -203,7 +170,7 @@ void Time_Whole(benchmark::State& state, const FilePath& raw, const Zoom& zoom) 
   const FilePath scratch{"pane.bmp", Data_Folder() / "pane.bmp"};
   RawFileCache cache;
   PaneBitmap out;
-  Times times;
+  Times times(kWindows);
   for (auto unused : state) {
     times.Run([&] {
       for (int index = 0; index < kWindows; ++index) {
