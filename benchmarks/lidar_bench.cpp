@@ -7,15 +7,11 @@
 // same file. Times are medians in milliseconds, "cpu_ms" those of all threads together.
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
-#include <ctime>
 #include <exception>
 #include <fstream>
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -23,6 +19,7 @@
 #include "lidar/commands/pulse_overlays.h"
 #include "lidar/pulse_table.h"
 #include "lidar_inputs.h"
+#include "round_times.h"
 #include "workspace/state/camera_access.h"
 
 namespace sylvomex::bench {
@@ -31,34 +28,6 @@ namespace {
 constexpr std::int32_t kPulses = 1'000'000;
 constexpr std::int32_t kTilePulses = 100'000;
 constexpr double kChecksum = 1.57198571e+11;  // slot 4's X + gain of every 16th pulse
-
-using Round = std::function<void()>;
-
-double Median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
-}
-
-class Times {
- public:
-  void Run(const Round& round) {
-    const auto start = std::chrono::steady_clock::now();
-    const std::clock_t cpu_start = std::clock();
-    round();
-    cpu_.push_back(1000.0 * static_cast<double>(std::clock() - cpu_start) / CLOCKS_PER_SEC);
-    const std::chrono::duration<double, std::milli> wall = std::chrono::steady_clock::now() - start;
-    wall_.push_back(wall.count());
-  }
-
-  [[nodiscard]] double Last_Seconds() const { return wall_.back() / 1000; }
-  [[nodiscard]] double Wall() const { return Median(wall_); }
-  [[nodiscard]] double Cpu() const { return Median(cpu_); }
-
- private:
-  std::vector<double> wall_;
-  std::vector<double> cpu_;
-};
 
 double Checksum(std::span<const double> X, std::span<const std::uint8_t> gain) {
   double sum = 0;
@@ -107,7 +76,7 @@ double Read_Plainly(const FilePath& file) {
   return Checksum(arrays.reals[9], arrays.bytes[2]);
 }
 
-void Report(benchmark::State& state, const Times& times) {
+void Report(benchmark::State& state, const RoundTimes& times) {
   state.counters["ms"] = times.Wall();
   state.counters["cpu_ms"] = times.Cpu();
 }
@@ -118,8 +87,8 @@ void Time_Tile(benchmark::State& state, const FilePath& file, int threads) {
   if (!Right(state, Checksum(table.X(4), table.Gain())) || !Right(state, Read_Plainly(file))) {
     return;
   }
-  Times times;
-  Times plain_times;
+  RoundTimes times;
+  RoundTimes plain_times;
   for (auto unused : state) {
     times.Run([&] { Read_Pulse_Tile(file, table, threads); });
     plain_times.Run([&] { benchmark::DoNotOptimize(Read_Plainly(file)); });
@@ -182,7 +151,7 @@ void Time_Overlay(benchmark::State& state) {
   const auto w = std::make_unique<Workspace>(DriveMap(Make_Site()), screen);
   for (int k = 0; k < 6; ++k) Add_Camera(*w);
   w->Solution3D = {kTileX + 50, kTileY + 50, 180};
-  Times times;
+  RoundTimes times;
   for (auto unused : state) {
     for (Picture& pane : w->Form1.Picture1) pane.marks = {};
     times.Run([&] { Print_ALS_near_solution(*w); });

@@ -10,7 +10,6 @@
 #include <cmath>
 #include <cstdio>
 #include <exception>
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -43,7 +42,6 @@ constexpr Zoom kZooms[] = {{"1_1", 600, 1.0, 34196.2188},
                            {"out_1_10", 6000, 0.1, 34119.3281}};
 
 using Bytes = std::vector<std::uint8_t>;
-using Round = std::function<void()>;
 
 PaneWindow Window(const Zoom& zoom, int index) {
   constexpr std::uint64_t kSeed = 81;
@@ -77,12 +75,6 @@ void Render(const MappedFile& file, const Zoom& zoom, int index, const GammaTabl
   if (gamma != nullptr) request.gamma = *gamma;
   Render_Colour({file.Bytes(), kRawSize, kRawSize, &path}, request, out);
 }
-
-/// Milliseconds a pane.
-class Times : public RoundTimes {
- public:
-  Times() : RoundTimes(kWindows) {}
-};
 
 /// One pane after the other into the same bitmap, adding up the checksums.
 class Panes {
@@ -120,7 +112,7 @@ bool Right(benchmark::State& state, const Panes& panes, const Zoom& zoom) {
   return false;
 }
 
-void Report(benchmark::State& state, const Times& times) {
+void Report(benchmark::State& state, const RoundTimes& times) {
   state.counters["ms"] = times.Wall();
   state.counters["cpu_ms"] = times.Cpu();
   state.counters["pane_bytes/s"] = 1000 * 3.0 * kPaneSize * kPaneSize / times.Wall();
@@ -131,7 +123,7 @@ void Time_Ours(benchmark::State& state, const MappedFile& file, const Zoom& zoom
   Panes panes(file);
   panes.Ours(zoom);
   if (!Right(state, panes, zoom)) return;
-  Times times;
+  RoundTimes times(kWindows);
   for (auto unused : state) {
     times.Run([&] { panes.Ours(zoom, gamma == 1 ? nullptr : &table); });
     state.SetIterationTime(times.Last_Seconds());
@@ -141,7 +133,7 @@ void Time_Ours(benchmark::State& state, const MappedFile& file, const Zoom& zoom
 
 /// Mapped for each round, so that the page faults of first touch are counted.
 void Time_Fresh(benchmark::State& state, const FilePath& path, const Zoom& zoom) {
-  Times times;
+  RoundTimes times(kWindows);
   for (auto unused : state) {
     times.Run([&] {
       const MappedFile fresh(path);
@@ -159,8 +151,8 @@ void Time_Beside(benchmark::State& state, const MappedFile& file, const Zoom& zo
   if (!Right(state, panes, zoom)) return;
   panes.Peers(zoom, peer.paint);
   state.counters["peer_checksum"] = panes.Mean_Checksum();
-  Times times;
-  Times peer_times;
+  RoundTimes times(kWindows);
+  RoundTimes peer_times(kWindows);
   for (auto unused : state) {
     times.Run([&] { panes.Ours(zoom); });
     peer_times.Run([&] { panes.Peers(zoom, peer.paint); });
@@ -178,7 +170,7 @@ void Time_Whole(benchmark::State& state, const FilePath& raw, const Zoom& zoom) 
   const FilePath scratch{"pane.bmp", Data_Folder() / "pane.bmp"};
   RawFileCache cache;
   PaneBitmap out;
-  Times times;
+  RoundTimes times(kWindows);
   for (auto unused : state) {
     times.Run([&] {
       for (int index = 0; index < kWindows; ++index) {

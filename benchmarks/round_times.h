@@ -20,7 +20,7 @@ inline double Median(std::vector<double> values) {
 /// program. parts: told times are those of a part of a round.
 class RoundTimes {
  public:
-  explicit RoundTimes(int parts = 1) : parts_(parts) {}
+  explicit RoundTimes(double parts = 1) : parts_(parts) {}
 
   template <class Round>
   void Run(const Round& round) {
@@ -38,7 +38,7 @@ class RoundTimes {
   [[nodiscard]] double Cpu() const { return Median(cpu_); }
 
  private:
-  int parts_;
+  double parts_;
   std::vector<double> wall_;
   std::vector<double> cpu_;
 };

@@ -28,7 +28,8 @@ void Require_Room(const FilePath& file, std::int32_t count, std::int64_t record_
                   std::uint64_t size) {
   const std::string records =
       std::to_string(count) + " records of " + std::to_string(record_bytes) + " bytes";
-  if (count < 0) Refuse(file, records + " are announced, the file has " + std::to_string(size) + " bytes");
+  if (count < 0)
+    Refuse(file, records + " are announced, the file has " + std::to_string(size) + " bytes");
   const auto wanted = static_cast<std::uint64_t>(kCountBytes + record_bytes * count);
   if (count == 0 || size >= wanted) return;
   Refuse(file, records + " need " + std::to_string(wanted) + " bytes, the file has " +

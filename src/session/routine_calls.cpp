@@ -5,8 +5,8 @@
 #include <array>
 #include <limits>
 
-#include "platform/rounding.h"
 #include "lidar/tile_grid.h"
+#include "platform/rounding.h"
 #include "session/step_arguments.h"
 #include "session/step_end.h"
 #include "session/transcript_text.h"
