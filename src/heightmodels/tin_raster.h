@@ -3,7 +3,7 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
+#include <vector>
 
 #include "heightmodels/cell_array.h"
 #include "heightmodels/tin_model.h"
