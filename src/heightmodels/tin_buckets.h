@@ -2,6 +2,7 @@
 // Triangles by squares of the map: the few that have to be asked whether they hold a point.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <span>
 #include <vector>

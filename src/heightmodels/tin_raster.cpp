@@ -60,15 +60,19 @@ std::size_t Cell_At(const TinRaster& raster, double X, double Y) {
          static_cast<std::size_t>(column);
 }
 
-std::uint8_t Grey_Of(double height) {
+std::uint8_t Grey_Of(double X, double Y, double height) {
   constexpr double kWhite = 255, kWhiteHeight = 500, kGreysAMetre = 1;
-  return To_Byte(kWhite - (kWhiteHeight - height) * kGreysAMetre);
+  const double grey = Round_Half_Even(kWhite - (kWhiteHeight - height) * kGreysAMetre);
+  if (grey >= 0 && grey <= kWhite) return To_Byte(grey);
+  throw RunTimeError(Failure::Overflow, "the height " + Plain_Text(height) + " m at " +
+                                            Plain_Text(X) + ", " + Plain_Text(Y) +
+                                            " is not in 245 to 500 m");
 }
 
 void Write_Cell(TinRaster& raster, double X, double Y, double height) {
   const std::size_t cell = Cell_At(raster, X, Y);
   raster.heights[cell] = static_cast<float>(height);
-  raster.greys[cell] = Grey_Of(height);
+  raster.greys[cell] = Grey_Of(X, Y, height);
   ++raster.cells_written;
 }
 

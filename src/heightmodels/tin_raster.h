@@ -3,7 +3,7 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
+#include <vector>
 
 #include "heightmodels/tin_model.h"
 #include "platform/zeroed_array.h"

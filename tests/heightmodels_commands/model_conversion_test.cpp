@@ -156,7 +156,14 @@ TEST_F(Conversion, RasterizingWritesBothGridsAndTellsTheCells) {
 
 TEST_F(Conversion, AHeightOutsideTheByteEndsTheCommand) {
   Load("dem", {.ground = 495}, Add_Tin);
-  EXPECT_THROW(TIN2RASTER_Fast(w), RunTimeError);
+  try {
+    TIN2RASTER_Fast(w);
+    ADD_FAILURE();
+  } catch (const RunTimeError& error) {
+    // Z = 495 + X - 1000 leaves the bytes at column 6, 5.998 m east of the corner.
+    EXPECT_STREQ(error.what(),
+                 "Overflow: the height 500.998 m at 1005.998, 0.999 is not in 245 to 500 m");
+  }
   EXPECT_FALSE(folder.Has("c/temp/test.raw"));
   EXPECT_FALSE(folder.Has("c/temp/varrio.raw"));
 }

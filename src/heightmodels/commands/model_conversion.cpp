@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "heightmodels/commands/model_conversion.h"
 
+#include <span>
 #include <string>
 
 #include "heightmodels/tin_raster.h"

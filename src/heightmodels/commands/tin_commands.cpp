@@ -2,6 +2,7 @@
 #include "heightmodels/commands/tin_commands.h"
 
 #include <array>
+#include <optional>
 #include <string>
 #include <utility>
 
