@@ -1,71 +1,55 @@
 // SPDX-License-Identifier: MIT
 #include "demo/table/lidar_tiles.h"
 
-#include <cstdint>
-#include <cstring>
 #include <string>
 
 #include "demo/write/lidar_files.h"
-#include "platform/files.h"
-#include "platform/list_reader.h"
+#include "lidar/path_header.h"
+#include "lidar/pulse_table.h"
+#include "lidar/tile_2004.h"
 #include "platform/run_time_error.h"
 
 namespace sylvomex::demo {
 namespace {
 
-template <class Number>
-Number Number_At(const std::string& bytes, std::size_t at) {
-  Number value;
-  std::memcpy(&value, bytes.data() + at, sizeof value);
-  return value;
-}
-
-TilePulse First_And_Last(const std::string& tile, std::size_t record) {
-  const auto point = [&](std::size_t at) {
-    const float Z = Number_At<float>(tile, at + 16) + kHeightOffset2004;
-    return Point3D{Number_At<double>(tile, at), Number_At<double>(tile, at + 8),
-                   static_cast<double>(Z)};
+TilePulse First_And_Last(const Lidar2004Record& record) {
+  const auto point = [](double X, double Y, float Z) {
+    return Point3D{X, Y, static_cast<double>(Z + kHeightOffset2004)};
   };
   TilePulse pulse;
-  pulse.echoes[0] = point(record + 44);
-  pulse.echoes[1] = point(record + 72);
+  pulse.echoes[0] = point(record.FirstX, record.FirstY, record.FirstZ);
+  pulse.echoes[1] = point(record.LastX, record.LastY, record.LastZ);
   const bool single = pulse.echoes[0].Z == pulse.echoes[1].Z;
   pulse.count = single ? 1 : 2;
   return pulse;
 }
 
-TilePulse Four_Slots(const std::string& tile, std::size_t record) {
+TilePulse Four_Slots(const LidarPulse& record) {
   TilePulse pulse;
-  for (int slot = 4; slot >= 1; --slot) {
-    const std::size_t at = record + 9 + 24 * static_cast<std::size_t>(slot - 1);
-    const Point3D echo{Number_At<double>(tile, at), Number_At<double>(tile, at + 8),
-                       Number_At<double>(tile, at + 16)};
-    if (echo.X == 0) break;
-    pulse.echoes[static_cast<std::size_t>(pulse.count++)] = echo;
+  for (int slot = kEchoSlots; slot >= 1 && record.Slot(slot).X != 0; --slot) {
+    const LidarEcho& echo = record.Slot(slot);
+    pulse.echoes[static_cast<std::size_t>(pulse.count++)] = {echo.X, echo.Y, echo.Z};
   }
   return pulse;
 }
 
 void Add_Tile(const FilePath& file, int year, std::vector<TilePulse>& pulses) {
-  const std::string tile = Read_Whole_File(file);
-  const std::size_t bytes = year == 2004 ? kPulseBytes2004 : kPulseBytes;
-  const auto count = tile.size() < 4 ? -1 : Number_At<std::int32_t>(tile, 0);
-  if (count < 0 || tile.size() != 4 + bytes * static_cast<std::size_t>(count)) {
-    throw RunTimeError(
-        Failure::BadContent,
-        file.name + ": " + std::to_string(tile.size()) + " bytes are no tile of whole records",
-        file.native);
+  if (year == 2004) {
+    for (const Lidar2004Record& record : Read_Tile_2004(file)) {
+      pulses.push_back(First_And_Last(record));
+    }
+    return;
   }
-  for (std::size_t record = 4; record < tile.size(); record += bytes) {
-    pulses.push_back(year == 2004 ? First_And_Last(tile, record) : Four_Slots(tile, record));
-  }
+  PulseTable table;
+  const std::int32_t count = Read_Pulse_Tile(file, table);
+  for (std::int32_t i = 1; i <= count; ++i) pulses.push_back(Four_Slots(table(i)));
 }
 
 }  // namespace
 
 std::vector<TilePulse> Read_Lidar_Campaign(const DriveMap& drives, int year) {
   const std::string header = "c:\\data\\als" + std::to_string(year) + "_path.hdr";
-  const std::string folder = ListReader(drives.Locate(header)).Read_Text_To_Comma();
+  const std::string folder = Read_Path_Header(drives.Locate(header));
   const std::vector<FilePath> tiles = drives.Match(folder + "*.bin");
   if (tiles.empty()) {
     throw RunTimeError(Failure::FileNotFound, folder + "*.bin", drives.Locate(folder).native);

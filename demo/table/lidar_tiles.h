@@ -19,7 +19,7 @@ struct TilePulse {
 /// All pulses of a campaign (2004, 2006 or 2007), tile by tile in the order of their names. The
 /// folder is the one that the campaign's path header names. A pulse of 2004 has one echo when
 /// first and last are the same, else two. RunTimeError naming the file when a header or a folder
-/// is missing, or when a tile's size does not fit its count.
+/// is missing, or when a tile is too short for its count.
 std::vector<TilePulse> Read_Lidar_Campaign(const DriveMap& drives, int year);
 
 }  // namespace sylvomex::demo

@@ -91,7 +91,7 @@ void Desktop::Run(const OperatorEvent& event) {
   } catch (const std::exception& failure) {
     screen_.Report_Error(Handler_Name(event), failure.what(), {});
   }
-  --depth_;
+  if (--depth_ == 0) screen_.End_Outer_Event();
   windows_.Mirror();
 }
 

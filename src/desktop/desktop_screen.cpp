@@ -72,6 +72,7 @@ DesktopScreen::DesktopScreen(const DriveMap& drives, Owner owner)
     : drives_(drives), owner_(std::move(owner)) {}
 
 void DesktopScreen::Begin_Outer_Event() {
+  in_event_ = true;
   times_shown_.clear();
   silenced_.clear();
 }
@@ -143,13 +144,23 @@ void DesktopScreen::Copy_To_Clipboard(const PaneBitmap& picture) {
   QApplication::clipboard()->setImage(To_Image(picture));
 }
 
+bool DesktopScreen::Has_Serviced_Enough() {
+  const auto now = SteadyClock::now();
+  if (now - span_start_ > kServicingSpan) {
+    span_start_ = now;
+    serviced_in_span_ = 0;
+  }
+  return ++serviced_in_span_ > kServicings;
+}
+
 void DesktopScreen::Service_Events() {
+  if (in_event_ && Has_Serviced_Enough()) return;
   owner_.show_block();
   QApplication::processEvents();
 }
 
 double DesktopScreen::Clock() {
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
+  return std::chrono::duration<double>(SteadyClock::now() - start_).count();
 }
 
 double DesktopScreen::Random() {

@@ -29,6 +29,7 @@ class DesktopScreen : public Screen {
 
   /// A new event of the operator: messages that were silenced are shown again.
   void Begin_Outer_Event();
+  void End_Outer_Event() { in_event_ = false; }
 
   Answer Message_Box(std::string_view text, Buttons buttons = Buttons::Ok,
                      std::string_view title = {}) override;
@@ -38,7 +39,11 @@ class DesktopScreen : public Screen {
   void Beep(int frequency, int duration) override;
   void Clear_Clipboard() override;
   void Copy_To_Clipboard(const PaneBitmap& picture) override;
+
+  /// A command may ask for it after every triangle of a model: inside an event, more than
+  /// kServicings of them within kServicingSpan wait for the next span.
   void Service_Events() override;
+
   double Clock() override;
   double Random() override;
   void Report_Error(std::string_view command, std::string_view text,
@@ -46,6 +51,11 @@ class DesktopScreen : public Screen {
   void End_Session() override;
 
  private:
+  using SteadyClock = std::chrono::steady_clock;
+  static constexpr std::chrono::milliseconds kServicingSpan{16};
+  static constexpr int kServicings = 20;
+
+  [[nodiscard]] bool Has_Serviced_Enough();
   [[nodiscard]] QString Start_Folder(const FileQuestion& question) const;
 
   DriveMap drives_;
@@ -54,7 +64,10 @@ class DesktopScreen : public Screen {
   std::map<QString, int> times_shown_;  // message texts since the outer event began
   QSet<QString> silenced_;
   QString last_folder_;
-  std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+  bool in_event_ = false;
+  SteadyClock::time_point span_start_;
+  int serviced_in_span_ = 0;
+  SteadyClock::time_point start_ = SteadyClock::now();
   std::mt19937_64 generator_{std::random_device{}()};
 };
 
