@@ -17,7 +17,7 @@ constexpr float kAbove = 1000;  // metres, over all heights
 class Scene {
  public:
   Scene(const std::vector<TinNode>& nodes, const std::vector<TinTriple>& triples)
-      : device_(rtcNewDevice("threads=1")), scene_(rtcNewScene(device_)) {
+      : device_(rtcNewDevice(nullptr)), scene_(rtcNewScene(device_)) {
     rtcSetSceneFlags(scene_, RTC_SCENE_FLAG_ROBUST);
     RTCGeometry geometry = rtcNewGeometry(device_, RTC_GEOMETRY_TYPE_TRIANGLE);
     auto* vertex = static_cast<float*>(rtcSetNewGeometryBuffer(
