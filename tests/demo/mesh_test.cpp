@@ -33,7 +33,10 @@ const SurfaceMesh& Canopy_Mesh() {
 
 class SiteMesh : public testing::TestWithParam<const SurfaceMesh& (*)()> {};
 
-INSTANTIATE_TEST_SUITE_P(GroundAndCanopy, SiteMesh, testing::Values(&Ground_Mesh, &Canopy_Mesh));
+INSTANTIATE_TEST_SUITE_P(Of, SiteMesh, testing::Values(&Ground_Mesh, &Canopy_Mesh),
+                         [](const auto& made) {
+                           return made.param == &Ground_Mesh ? "Ground" : "Canopy";
+                         });
 
 const MeshNode& Node(const SurfaceMesh& mesh, std::int32_t i) {
   return mesh.nodes.at(static_cast<std::size_t>(i));
