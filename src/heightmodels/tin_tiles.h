@@ -5,8 +5,6 @@
 
 #include <cstdint>
 #include <map>
-#include <optional>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -15,9 +13,10 @@
 
 namespace sylvomex {
 
-/// The triangle numbers of a file; nothing when it does not exist. RunTimeError(BadContent)
-/// naming the file when its count does not fit its length.
-std::optional<std::vector<std::int32_t>> Read_Tin_Tile(const FilePath& file);
+/// The triangle numbers of a file, none when it is empty or does not exist; bytes behind the last
+/// number do not count. RunTimeError(BadContent) naming the file and both lengths for a negative
+/// count and for a file that is too short for its count.
+std::vector<std::int32_t> Read_Tin_Tile(const FilePath& file);
 
 /// "c:\data\Tris\003012.bin": column and row of the square from the corner TileMinX, TileMinY.
 std::string Tin_Tile_Name(const TinModel& model, double X, double Y);
@@ -28,13 +27,22 @@ class TinTiles {
  public:
   explicit TinTiles(const DriveMap& drives) : drives_(drives) {}
 
-  /// The triangle numbers listed for the square of a point, none without a file. A number
-  /// outside the model's table is a RunTimeError(SubscriptOutOfRange) naming the file.
-  std::span<const std::int32_t> Numbers_At(const TinModel& model, double X, double Y);
+  /// The first triangle of the point's tile file that holds the point, 0 for none. certain: the
+  /// one triangle of the model that can hold it, 0 where that is not known. A number outside
+  /// the model's table is a RunTimeError(SubscriptOutOfRange) naming file and item, as soon as
+  /// the walk comes to it.
+  std::int32_t First_Holder(const TinModel& model, double X, double Y, std::int32_t certain);
 
  private:
+  struct Tile {
+    FilePath file;
+    std::vector<std::int32_t> numbers;
+    std::int32_t least = 1, greatest = 0;  // of the numbers
+  };
+  const Tile& Tile_At(const TinModel& model, double X, double Y);
+
   const DriveMap& drives_;
-  std::map<std::string, std::vector<std::int32_t>> tiles_;
+  std::map<std::string, Tile> tiles_;
 };
 
 /// Terrain by tiles: the hinted triangle, then those of the tile file in its order, then all in

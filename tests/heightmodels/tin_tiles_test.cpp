@@ -108,19 +108,31 @@ TEST_F(Sheets, AHintOutsideTheTableIsARunTimeFailure) {
 }
 
 TEST_F(Sheets, ACountThatDoesNotFitTheLengthIsRefused) {
-  for (const std::string& bytes :
-       {std::string(), std::string("ab"), Bytes({2, 1}), Bytes({1, 1, 2}), Bytes({-1}),
-        Bytes({1, 1}) + "x", Bytes({std::numeric_limits<std::int32_t>::max()})}) {
+  for (const std::string& bytes : {std::string("ab"), Bytes({2, 1}), Bytes({-1}),
+                                   Bytes({std::numeric_limits<std::int32_t>::max()})}) {
     Tile(bytes);
     EXPECT_EQ(Complaint(1002, 2).find("Bad content: c:\\data\\Tris\\001001.bin: "), 0U)
         << Complaint(1002, 2);
   }
 }
 
+TEST_F(Sheets, AnEmptyTileListsNothingAndBytesBehindTheLastNumberDoNotCount) {
+  Tile("");
+  EXPECT_NEAR(At(1002, 2), 100, 1e-9);
+  hint = 0;
+  Tile(Bytes({1, 2, 1}) + "x");
+  EXPECT_NEAR(At(1002, 2), 150, 1e-9);
+}
+
+TEST_F(Sheets, ANumberBehindTheTriangleThatHoldsThePointIsNotReached) {
+  Tile(Bytes({2, 2, 77}));
+  EXPECT_NEAR(At(1002, 2), 150, 1e-9);
+}
+
 TEST_F(Sheets, ATriangleThatTheModelHasNotIsRefused) {
   for (const std::int32_t number : {0, 3, -7}) {
     Tile(Bytes({2, 1, number}));
-    EXPECT_EQ(Complaint(1002, 2),
+    EXPECT_EQ(Complaint(1012, 1),
               "Subscript out of range: c:\\data\\Tris\\001001.bin, item 2: triangle " +
                   std::to_string(number) + " is not in 1 to 2");
   }
