@@ -1,37 +1,65 @@
 // SPDX-License-Identifier: MIT
 #include "closedlib/cluster_grid.h"
 
+#include <hwy/highway.h>
+
 #include <algorithm>
-#include <bit>
 #include <cmath>
 #include <limits>
 
 namespace sylvomex {
 namespace {
 
-// A cell is wider than the distance by more than the rounding of a stripe number, as long as
-// that stays below kMostStripe.
-constexpr double kWider = 1.001;
-constexpr double kNarrowest = 1e-3;  // metres
-constexpr double kMostStripe = 0x1p40;
+namespace hn = hwy::HWY_NAMESPACE;
 
-/// The nearest of the clusters met so far, which come in the order of their age. Squares are
-/// compared by their bits, which order as the numbers do, what is no number above all: whole
-/// numbers are selected without a jump, whose wrong guesses would cost more than the distance.
+using Reals = hn::FixedTag<double, 2>;
+using Wholes = hn::RebindToSigned<Reals>;
+
+/// The nearest of the means met so far, which come in the order of their age, by its position in
+/// that order. Squares of distances are compared by their bits, which order as the numbers do,
+/// what is no number above all. Two are met at once, and nothing jumps: which one is nearer
+/// cannot be guessed.
 class Nearer {
  public:
-  explicit Nearer(double limit) : bits_(std::bit_cast<std::uint64_t>(limit)) {}
-
-  void Meet(double dx, double dy, int cluster) {
-    const auto bits = std::bit_cast<std::uint64_t>(dx * dx + dy * dy);
-    cluster_ = bits < bits_ ? cluster : cluster_;
-    bits_ = std::min(bits, bits_);
+  /// square: that of the distance below which a mean counts.
+  Nearer(double X, double Y, double square) {
+    const Reals d;
+    const Wholes w;
+    const double place[] = {X, Y};
+    place_ = hn::LoadU(d, place);
+    square_ = hn::BitCast(w, hn::Set(d, square));
+    found_ = hn::Set(w, -1);
+    position_ = hn::Iota(w, 0);
   }
-  [[nodiscard]] int Cluster() const { return cluster_; }
+
+  /// The means at the next two positions.
+  void Meet(const double* first, const double* second) {
+    const Reals d;
+    const Wholes w;
+    const auto one = hn::Sub(place_, hn::Load(d, first));
+    const auto two = hn::Sub(place_, hn::Load(d, second));
+    const auto one_squared = hn::Mul(one, one), two_squared = hn::Mul(two, two);
+    const auto sums = hn::Add(hn::InterleaveLower(d, one_squared, two_squared),
+                              hn::InterleaveUpper(d, one_squared, two_squared));
+    const auto square = hn::BitCast(w, hn::Abs(sums));
+    const auto nearer = hn::Lt(square, square_);
+    square_ = hn::IfThenElse(nearer, square, square_);
+    found_ = hn::IfThenElse(nearer, position_, found_);
+    position_ = hn::Add(position_, hn::Set(w, 2));
+  }
+
+  /// Position of the nearest, the first one of two equally near; -1 when none counts.
+  [[nodiscard]] std::int64_t Position() const {
+    const Wholes w;
+    const auto other_square = hn::Reverse(w, square_), other = hn::Reverse(w, found_);
+    const auto earlier = hn::And(hn::Eq(other_square, square_), hn::Lt(other, found_));
+    const auto better = hn::Or(hn::Lt(other_square, square_), earlier);
+    return hn::GetLane(hn::IfThenElse(better, other, found_));
+  }
 
  private:
-  std::uint64_t bits_;
-  int cluster_ = ClusterGrid::kNone;
+  hn::Vec<Reals> place_;
+  hn::Vec<Wholes> square_, found_, position_;
 };
 
 }  // namespace
@@ -39,37 +67,32 @@ class Nearer {
 ClusterGrid::ClusterGrid(double distance)
     : limit_(distance > 0 ? distance * distance : 0),
       stripes_(1 / std::max(kNarrowest, kWider * distance)),
-      lists_(kSide * kSide) {}
-
-std::int64_t ClusterGrid::Stripe(double at) const {
-  // min and max in this order turn what is no number into a stripe of its own.
-  const double stripe = std::max(-kMostStripe, std::min(kMostStripe, at * stripes_));
-  const auto whole = static_cast<std::int64_t>(stripe);
-  return whole - (static_cast<double>(whole) > stripe);
-}
-
-std::size_t ClusterGrid::Cell(double X, double Y) const {
-  return static_cast<std::size_t>((Stripe(Y) & (kSide - 1)) * kSide + (Stripe(X) & (kSide - 1)));
+      lists_(kSide * kSide) {
+  places_[kMost].X = std::numeric_limits<double>::quiet_NaN();
 }
 
 int ClusterGrid::Nearest(double X, double Y) const {
   const List& list = lists_[Cell(X, Y)];
   if (list.count > kInList) return Nearest_Of_All(X, Y);
-  Nearer nearest(limit_);
-  for (std::size_t k = 0; k < list.count; ++k) {
-    const std::size_t cluster = list.clusters[k];
-    nearest.Meet(X - x_[cluster], Y - y_[cluster], static_cast<int>(cluster));
-  }
-  return nearest.Cluster();
+  Nearer nearer(X, Y, limit_);
+  const auto meet = [&](std::size_t first) {
+    for (std::size_t k = first; k < first + kAtOnce; k += 2) {
+      nearer.Meet(&places_[list.clusters[k]].X, &places_[list.clusters[k + 1]].X);
+    }
+  };
+  for (std::size_t first = 0; first < kMostOften; first += kAtOnce) meet(first);
+  for (std::size_t first = kMostOften; first < list.count; first += kAtOnce) meet(first);
+  const std::int64_t position = nearer.Position();
+  return position < 0 ? kNone : list.clusters[static_cast<std::size_t>(position)];
 }
 
 int ClusterGrid::Nearest_Of_All(double X, double Y) const {
-  Nearer nearest(limit_);
-  for (int cluster = 0; cluster < count_; ++cluster) {
-    const auto at = static_cast<std::size_t>(cluster);
-    nearest.Meet(X - x_[at], Y - y_[at], cluster);
+  Nearer nearer(X, Y, limit_);
+  for (std::size_t cluster = 0; cluster < static_cast<std::size_t>(count_); cluster += 2) {
+    const bool is_last = cluster + 1 == static_cast<std::size_t>(count_);
+    nearer.Meet(&places_[cluster].X, &places_[is_last ? std::size_t{kMost} : cluster + 1].X);
   }
-  return nearest.Cluster();
+  return static_cast<int>(nearer.Position());
 }
 
 void ClusterGrid::Add(double X, double Y) {
@@ -81,8 +104,7 @@ void ClusterGrid::Add(double X, double Y) {
 void ClusterGrid::Move(int cluster, double X, double Y) {
   const auto at = static_cast<std::size_t>(cluster);
   const bool finite = std::isfinite(X) && std::isfinite(Y);
-  x_[at] = finite ? X : std::numeric_limits<double>::quiet_NaN();
-  y_[at] = Y;
+  places_[at] = {finite ? X : std::numeric_limits<double>::quiet_NaN(), Y};
   const std::size_t cell = finite ? Cell(X, Y) : kNoCell;
   if (cell == cell_[at]) return;
   if (cell_[at] != kNoCell) Withdraw(cluster, cell_[at]);
@@ -126,7 +148,7 @@ void ClusterGrid::Withdraw(int cluster, std::size_t cell) {
     const auto end = list.clusters.begin() + list.count;
     const auto place = std::lower_bound(list.clusters.begin(), end, cluster);
     std::copy(place + 1, end, place);
-    --list.count;
+    list.clusters[--list.count] = kMost;
   });
 }
 

@@ -2,6 +2,9 @@
 // The nearest of up to 2000 moving cluster means, exactly as a walk over all of them finds it.
 #pragma once
 
+#include <hwy/base.h>
+
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <vector>
@@ -28,24 +31,44 @@ class ClusterGrid {
   void Move(int cluster, double X, double Y);
 
   /// Calls the list that Nearest will read to the cache.
-  void Prefetch(double X, double Y) const { __builtin_prefetch(&lists_[Cell(X, Y)]); }
+  HWY_INLINE void Prefetch(double X, double Y) const { __builtin_prefetch(&lists_[Cell(X, Y)]); }
 
   [[nodiscard]] int Count() const { return count_; }
 
  private:
   static constexpr int kMost = 2000;
   static constexpr std::int64_t kSide = 64;
-  static constexpr std::size_t kInList = 31;
+  static constexpr std::size_t kInList = 28;
+  static constexpr std::size_t kAtOnce = 4;     // entries of a list that are met without a jump
+  static constexpr std::size_t kMostOften = 8;  // lists seldom hold more
   static constexpr std::size_t kNoCell = ~std::size_t{0};
 
-  /// Oldest first. A list that overflows stays crowded, and all clusters are walked instead.
+  /// Oldest first, then entries kMost, whose place is nowhere. A list that overflows stays
+  /// crowded, and all clusters are walked instead.
   struct alignas(64) List {
+    List() { clusters.fill(kMost); }
     std::uint16_t count = 0;
-    std::array<std::uint16_t, kInList> clusters{};
+    std::array<std::uint16_t, kInList> clusters;
+  };
+  struct alignas(16) Place {
+    double X = 0, Y = 0;
   };
 
-  [[nodiscard]] std::int64_t Stripe(double at) const;
-  [[nodiscard]] std::size_t Cell(double X, double Y) const;
+  // A cell is wider than the distance by more than the rounding of a stripe number, as long as
+  // that stays below kMostStripe.
+  static constexpr double kWider = 1.001;
+  static constexpr double kNarrowest = 1e-3;  // metres
+  static constexpr double kMostStripe = 0x1p40;
+
+  [[nodiscard]] std::int64_t Stripe(double at) const {
+    // min and max in this order turn what is no number into a stripe of its own.
+    const double stripe = std::max(-kMostStripe, std::min(kMostStripe, at * stripes_));
+    const auto whole = static_cast<std::int64_t>(stripe);
+    return whole - (static_cast<double>(whole) > stripe);
+  }
+  [[nodiscard]] std::size_t Cell(double X, double Y) const {
+    return static_cast<std::size_t>((Stripe(Y) & (kSide - 1)) * kSide + (Stripe(X) & (kSide - 1)));
+  }
   void File(int cluster, std::size_t cell);
   void Withdraw(int cluster, std::size_t cell);
   [[nodiscard]] int Nearest_Of_All(double X, double Y) const;
@@ -53,7 +76,7 @@ class ClusterGrid {
   double limit_;    // square of the distance
   double stripes_;  // a metre
   int count_ = 0;
-  std::array<double, kMost> x_{}, y_{};
+  std::array<Place, kMost + 1> places_{};
   std::array<std::size_t, kMost> cell_{};
   std::vector<List> lists_;
 };
