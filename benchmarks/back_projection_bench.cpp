@@ -17,7 +17,10 @@ constexpr std::size_t kPoints = 500000;
 constexpr int kImages = 5;
 
 struct Input {
-  Input() : mesh(bench::Mesh(kPoints)), volume(bench::Smooth_Volume()), scores(kPoints) {
+  Input()
+      : mesh(bench::On_Huge_Pages(bench::Mesh(kPoints))),
+        volume(bench::Smooth_Volume()),
+        scores(kPoints) {
     for (int k = 0; k < kImages; ++k) {
       cameras.push_back(bench::Camera(k));
       values.emplace_back(kPoints);
@@ -25,7 +28,7 @@ struct Input {
     spans.assign(values.begin(), values.end());
   }
 
-  std::vector<MeshPoint> mesh;
+  HugePageVector<MeshPoint> mesh;
   ZeroedArray<double> volume;
   std::vector<bench::PatchCamera> cameras;
   std::vector<std::vector<float>> values;

@@ -22,12 +22,15 @@ constexpr std::int32_t kPoints = 500000;
 constexpr double kDistance = 1.5;
 
 struct Input {
-  Input() : mesh(bench::Mesh(kPoints)), scores(bench::Scores(kPoints)), index(scores.size()) {
+  Input()
+      : mesh(bench::On_Huge_Pages(bench::Mesh(kPoints))),
+        scores(bench::Scores(kPoints)),
+        index(scores.size()) {
     for (float& s : scores) s = 1 + s / 2;
     MYFUNC_INDEXX(scores, index);
   }
 
-  std::vector<MeshPoint> mesh;
+  HugePageVector<MeshPoint> mesh;
   std::vector<float> scores;
   std::vector<std::int32_t> index;
 };

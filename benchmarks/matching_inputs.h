@@ -10,6 +10,7 @@
 
 #include "bench_inputs.h"
 #include "closedlib/back_projection.h"
+#include "platform/huge_page_vector.h"
 #include "platform/zeroed_array.h"
 
 namespace sylvomex::bench {
@@ -60,6 +61,11 @@ inline std::vector<MeshPoint> Mesh(std::size_t count) {
                 0.5 * static_cast<double>(i % 45);
   }
   return mesh;
+}
+
+/// The points as the workstation holds them.
+inline HugePageVector<MeshPoint> On_Huge_Pages(const std::vector<MeshPoint>& mesh) {
+  return {mesh.begin(), mesh.end()};
 }
 
 /// Arguments of MYFUNC_COMPUTEBKPROJ for one of five photographs from 1200 m above the plot.

@@ -10,6 +10,7 @@
 #include "closedlib/back_projection.h"
 #include "closedlib/clusters.h"
 #include "matching/correlation_volume.h"
+#include "matching/search_mesh.h"
 #include "matching/template_record.h"
 #include "platform/fixed_text.h"
 #include "platform/table.h"
@@ -58,7 +59,7 @@ struct MatchingState {
 
   double ModelTreeHeight = 0;
   std::int32_t MeshSide = 0;
-  std::vector<MeshPoint> MeshPoints;
+  MeshTable MeshPoints;
   std::vector<float> PointScore{0};        // entry j + 1 belongs to mesh point j
   std::vector<std::int32_t> SortIndex{0};  // entries of PointScore, ascending
   std::int32_t SortCount = 0;

@@ -69,14 +69,14 @@ void Visit_Columns(const MeshSettings& settings, const HeightLookup& terrain,
 
 }  // namespace
 
-std::vector<MeshPoint> Build_Mesh(const MeshSettings& settings, const HeightLookup& terrain,
-                                  const HeightLookup& canopy) {
+MeshTable Build_Mesh(const MeshSettings& settings, const HeightLookup& terrain,
+                     const HeightLookup& canopy) {
   for (const double spacing : {settings.dx, settings.dy, settings.dz}) Require_Spacing(spacing);
   double count = 0;
   Visit_Columns(settings, terrain, canopy,
                 [&count](const MeshColumn& column) { count += column.points; });
   Require_Room(count, "points");
-  std::vector<MeshPoint> mesh;
+  MeshTable mesh;
   mesh.reserve(static_cast<std::size_t>(count));
   Visit_Columns(settings, terrain, canopy, [&](const MeshColumn& column) {
     const auto steps = static_cast<long>(column.points);

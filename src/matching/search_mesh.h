@@ -4,11 +4,14 @@
 #pragma once
 
 #include <functional>
-#include <vector>
 
 #include "closedlib/back_projection.h"
+#include "platform/huge_page_vector.h"
 
 namespace sylvomex {
+
+/// Some hundred thousand points that are read in the order of their scores.
+using MeshTable = HugePageVector<MeshPoint>;
 
 struct MeshSettings {
   double plot_X = 0, plot_Y = 0;  // middle of the mesh
@@ -31,7 +34,7 @@ inline constexpr double kMostMeshPoints = 50'000'000;
 ///
 /// RunTimeError(BadContent) naming a spacing that is not above 0; RunTimeError(OutOfMemory) with
 /// the count of points or columns above 50 million.
-std::vector<MeshPoint> Build_Mesh(const MeshSettings& settings, const HeightLookup& terrain,
-                                  const HeightLookup& canopy);
+MeshTable Build_Mesh(const MeshSettings& settings, const HeightLookup& terrain,
+                     const HeightLookup& canopy);
 
 }  // namespace sylvomex

@@ -27,7 +27,7 @@ MeshSettings Settings(double side, double spacing) {
 
 TEST(SearchMesh, ColumnsRunThroughTheCanopyLayer) {
   // Ground 100, canopy 120: from 100 + 0.6 x 23 = 113.8 up to 123.
-  const std::vector<MeshPoint> mesh = Build_Mesh(Settings(4, 2), Level(100), Level(120));
+  const MeshTable mesh = Build_Mesh(Settings(4, 2), Level(100), Level(120));
   ASSERT_EQ(mesh.size(), 9U * 5);
   for (std::size_t k = 0; k < 5; ++k) {
     EXPECT_EQ(mesh[k].X, 998);
@@ -42,7 +42,7 @@ TEST(SearchMesh, ColumnsRunThroughTheCanopyLayer) {
 
 TEST(SearchMesh, FollowsTheCanopyAtEachPosition) {
   const auto canopy = [](double X, double) { return X < 1000 ? 90.0 : 110.0; };
-  const std::vector<MeshPoint> mesh = Build_Mesh(Settings(4, 2), Level(100), canopy);
+  const MeshTable mesh = Build_Mesh(Settings(4, 2), Level(100), canopy);
   for (const MeshPoint& point : mesh) EXPECT_GE(point.X, 1000);
   EXPECT_EQ(mesh.size(), 6U * 3);  // 106.9 to 111.5 in steps of 2
 }
@@ -52,7 +52,7 @@ TEST(SearchMesh, CanopyBelowTheGroundHasNoPoints) {
 }
 
 TEST(SearchMesh, CanopyOnTheGroundHasOnePoint) {
-  const std::vector<MeshPoint> mesh = Build_Mesh(Settings(4, 2), Level(100), Level(100));
+  const MeshTable mesh = Build_Mesh(Settings(4, 2), Level(100), Level(100));
   ASSERT_EQ(mesh.size(), 9U);
   EXPECT_EQ(mesh[0].Z, 100);
 }
@@ -61,14 +61,14 @@ TEST(SearchMesh, AnUpperFactorBelowTheLowerOneIsStillALayer) {
   // Top 100 + 0.5 x 20 = 110, bottom 100 + 0.6 x 10 = 106.
   MeshSettings settings = Settings(0, 1);
   settings.top_factor = 0.5;
-  const std::vector<MeshPoint> mesh = Build_Mesh(settings, Level(100), Level(120));
+  const MeshTable mesh = Build_Mesh(settings, Level(100), Level(120));
   ASSERT_EQ(mesh.size(), 5U);
   EXPECT_NEAR(mesh[0].Z, 106, 1e-9);
   EXPECT_NEAR(mesh[4].Z, 110, 1e-9);
 }
 
 TEST(SearchMesh, ASpacingAboveTheSideGivesOnePosition) {
-  const std::vector<MeshPoint> mesh = Build_Mesh(Settings(4, 30), Level(100), Level(120));
+  const MeshTable mesh = Build_Mesh(Settings(4, 30), Level(100), Level(120));
   ASSERT_EQ(mesh.size(), 1U);
   EXPECT_EQ(mesh[0].X, 998);
   EXPECT_EQ(mesh[0].Y, 1998);
@@ -78,7 +78,7 @@ TEST(SearchMesh, TheFarEndIsReachedAlthoughTheSpacingIsNoBinaryFraction) {
   MeshSettings settings = Settings(1, 0.1);
   settings.top_factor = 1;
   settings.low_factor = 0;
-  const std::vector<MeshPoint> mesh = Build_Mesh(settings, Level(0.1), Level(0.4));
+  const MeshTable mesh = Build_Mesh(settings, Level(0.1), Level(0.4));
   ASSERT_EQ(mesh.size(), 11U * 11 * 4);  // Z 0.1, 0.2, 0.3, 0.4
   EXPECT_NEAR(mesh.back().X, 1000.5, 1e-9);
   EXPECT_NEAR(mesh.back().Y, 2000.5, 1e-9);
@@ -88,7 +88,7 @@ TEST(SearchMesh, TheFarEndIsReachedAlthoughTheSpacingIsNoBinaryFraction) {
 TEST(SearchMesh, TurnsAboutThePlotFromXTowardsY) {
   MeshSettings settings = Settings(4, 4);
   settings.rotation = std::numbers::pi / 6;
-  const std::vector<MeshPoint> mesh = Build_Mesh(settings, Level(100), Level(100));
+  const MeshTable mesh = Build_Mesh(settings, Level(100), Level(100));
   ASSERT_EQ(mesh.size(), 4U);
   // u = 2, v = -2, the third column.
   const double cos_q = std::sqrt(3.0) / 2, sin_q = 0.5;

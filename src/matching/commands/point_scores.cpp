@@ -65,7 +65,7 @@ void Summarize_Images(Workspace& w, const std::vector<int>& images) {
 std::vector<float> Back_Project(Workspace& w, int image) {
   const ImageRecord& i = w.ImageBlock(image);
   const ImageRecord& patch = w.CorrelationRecords(image);
-  const std::vector<MeshPoint>& mesh = w.Matching.MeshPoints;
+  const MeshTable& mesh = w.Matching.MeshPoints;
   std::vector<float> correlation(mesh.size());
   MYFUNC_COMPUTEBKPROJ(
       image, {i.AffineA1, i.AffineA2, i.AffineA0, i.AffineB1, i.AffineB2, i.AffineB0},
