@@ -12,7 +12,7 @@
 namespace sylvomex {
 namespace {
 
-constexpr std::size_t kBlockPoints = 256;   // whose entries are called to the cache together
+constexpr std::size_t kBlockPoints = 64;   // whose entries are called to the cache together
 constexpr std::size_t kTaskPoints = 16384;  // a multiple of kBlockPoints
 constexpr std::size_t kMostFactors = 9;     // of a geometric mean: one an image
 
@@ -66,6 +66,22 @@ void Look_Up(std::span<const std::int64_t> entries, const double* slice, float* 
   }
 }
 
+/// The entries of a block are called to the cache while it is projected and read after the next
+/// block has been projected.
+void Project_Stretch(const PatchProjection& projection, std::span<const MeshPoint> mesh,
+                     const double* slice, float* scores) {
+  std::array<std::array<std::int64_t, kBlockPoints>, 2> entries;
+  std::span<const std::int64_t> called;
+  for (std::size_t at = 0; at < mesh.size(); at += kBlockPoints) {
+    auto& block = entries[at / kBlockPoints % 2];
+    const std::size_t count = std::min(kBlockPoints, mesh.size() - at);
+    Nearest_Entries(projection, mesh.subspan(at, count), slice, block.data());
+    Look_Up(called, slice, scores + at - called.size());
+    called = std::span(block).first(count);
+  }
+  Look_Up(called, slice, scores + mesh.size() - called.size());
+}
+
 /// Calls part(first, last) for stretches of points that cover 0 ... count - 1.
 template <class Part>
 void For_Each_Stretch(std::size_t count, int threads, const Part& part) {
@@ -92,12 +108,7 @@ void MYFUNC_COMPUTEBKPROJ(int image, const std::array<double, 6>& affine,
   const PatchProjection projection = Make_Projection(affine, exterior, patch);
   const double* slice = volume.data() + image;
   For_Each_Stretch(mesh.size(), threads, [&](std::size_t first, std::size_t last) {
-    std::array<std::int64_t, kBlockPoints> entries;
-    for (std::size_t at = first; at < last; at += kBlockPoints) {
-      const std::size_t count = std::min(kBlockPoints, last - at);
-      Nearest_Entries(projection, mesh.subspan(at, count), slice, entries.data());
-      Look_Up(std::span(entries).first(count), slice, &scores[at]);
-    }
+    Project_Stretch(projection, mesh.subspan(first, last - first), slice, &scores[first]);
   });
 }
 

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <algorithm>
 #include <limits>
 
 #undef HWY_TARGET_INCLUDE
@@ -56,10 +55,16 @@ HWY_INLINE Real Entries(const PatchProjection& p, Real X, Real Y, Real Z) {
   return hn::IfThenElse(seen, entry, hn::Set(d, kNoEntry));
 }
 
-/// Calls an entry to the cache while the next points are projected; the first one for a point
-/// that is not seen. The entries lie a cache line apart each.
-HWY_INLINE void Call_Entry(const double* slice, std::int64_t entry) {
-  hwy::Prefetch(slice + kVolumeImages * std::max<std::int64_t>(entry, 0));
+/// Calls entries to the cache while the next points are projected; the first one for a point
+/// that is not seen. They lie a cache line apart each.
+HWY_INLINE void Call_Entries(const double* slice, hn::Vec<hn::RebindToSigned<Reals>> entries) {
+  const hn::RebindToSigned<Reals> whole;
+  HWY_ALIGN std::int64_t places[hn::MaxLanes(whole)];
+  const auto seen = hn::Max(entries, hn::Zero(whole));
+  // 9 entries as 8 + 1: no vector unit before AVX-512 multiplies 64-bit integers.
+  static_assert(kVolumeImages == 9);
+  hn::Store(hn::Add(hn::ShiftLeft<3>(seen), seen), whole, places);
+  for (std::size_t lane = 0; lane < hn::Lanes(whole); ++lane) hwy::Prefetch(slice + places[lane]);
 }
 
 void Find_Entries(const PatchProjection& p, const MeshPoint* mesh, std::size_t count,
@@ -71,14 +76,14 @@ void Find_Entries(const PatchProjection& p, const MeshPoint* mesh, std::size_t c
   Real X, Y, Z;
   for (; k + lanes <= count; k += lanes) {
     hn::LoadInterleaved3(d, &mesh[k].X, X, Y, Z);
-    hn::StoreU(hn::ConvertTo(whole, Entries(p, X, Y, Z)), whole, entries + k);
-    for (std::size_t lane = 0; lane < lanes; ++lane) Call_Entry(slice, entries[k + lane]);
+    const auto found = hn::ConvertTo(whole, Entries(p, X, Y, Z));
+    hn::StoreU(found, whole, entries + k);
+    Call_Entries(slice, found);
   }
   for (; k < count; ++k) {
     const auto entry =
         Entries(p, hn::Set(d, mesh[k].X), hn::Set(d, mesh[k].Y), hn::Set(d, mesh[k].Z));
     entries[k] = static_cast<std::int64_t>(hn::GetLane(entry));
-    Call_Entry(slice, entries[k]);
   }
 }
 
