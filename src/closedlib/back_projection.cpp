@@ -12,7 +12,7 @@
 namespace sylvomex {
 namespace {
 
-constexpr std::size_t kBlockPoints = 64;   // whose entries are called to the cache together
+constexpr std::size_t kBlockPoints = 64;    // whose entries are called to the cache together
 constexpr std::size_t kTaskPoints = 16384;  // a multiple of kBlockPoints
 constexpr std::size_t kMostFactors = 9;     // of a geometric mean: one an image
 
