@@ -121,22 +121,34 @@ void Put_Pixel(const std::uint8_t* source, int bytes_per_pixel, std::uint8_t* bg
   bgr[2] = source[0];
 }
 
+/// Calls put(k) for every pixel, and the pixel's place in the row ahead to the cache.
+template <class Put>
+void Gather(std::size_t step, std::size_t pixels, std::span<const std::uint8_t> ahead,
+            const Put& put) {
+  const std::size_t called = std::min(pixels, ahead.size() / step);
+  for (std::size_t k = 0; k < called; ++k) {
+    hwy::Prefetch(ahead.data() + k * step);
+    put(k);
+  }
+  for (std::size_t k = called; k < pixels; ++k) put(k);
+}
+
 /// Four bytes are read and written for each pixel; the one too many is overwritten by the
 /// next pixel, so that the last of all goes byte by byte.
 void Gather_Colour(const std::uint8_t* source, std::size_t step, std::size_t pixels,
-                   std::uint8_t* bgr) {
-  for (std::size_t k = 0; k < pixels; ++k) {
+                   std::span<const std::uint8_t> ahead, std::uint8_t* bgr) {
+  Gather(step, pixels, ahead, [=](std::size_t k) {
     const std::uint32_t swapped = __builtin_bswap32(Load_Four(source + k * step)) >> 8;
     std::memcpy(bgr + 3 * k, &swapped, sizeof swapped);
-  }
+  });
 }
 
 void Gather_Grey(const std::uint8_t* source, std::size_t step, std::size_t pixels,
-                 std::uint8_t* bgr) {
-  for (std::size_t k = 0; k < pixels; ++k) {
+                 std::span<const std::uint8_t> ahead, std::uint8_t* bgr) {
+  Gather(step, pixels, ahead, [=](std::size_t k) {
     const std::uint32_t grey = source[k * step] * std::uint32_t{0x010101};
     std::memcpy(bgr + 3 * k, &grey, sizeof grey);
-  }
+  });
 }
 
 }  // namespace
@@ -175,13 +187,13 @@ void Expand_Row(const ExpandPlan& plan, const std::uint8_t* source, std::size_t 
 void Gather_Row(const std::uint8_t* source, int bytes_per_pixel, std::size_t step,
                 std::size_t pixels, std::span<const std::uint8_t> ahead, std::uint8_t* bgr) {
   if (pixels == 0) return;
-  const auto gather = bytes_per_pixel == 3 ? Gather_Colour : Gather_Grey;
-  const std::size_t in_a_line = std::max<std::size_t>(1, kCacheLine / step);
-  for (std::size_t k = 0; k + 1 < pixels; k += in_a_line) {
-    if (k * step < ahead.size()) hwy::Prefetch(&ahead[k * step]);
-    gather(source + k * step, step, std::min(in_a_line, pixels - 1 - k), bgr + 3 * k);
+  const std::size_t all_but_last = pixels - 1;
+  if (bytes_per_pixel == 3) {
+    Gather_Colour(source, step, all_but_last, ahead, bgr);
+  } else {
+    Gather_Grey(source, step, all_but_last, ahead, bgr);
   }
-  Put_Pixel(source + (pixels - 1) * step, bytes_per_pixel, bgr + 3 * (pixels - 1));
+  Put_Pixel(source + all_but_last * step, bytes_per_pixel, bgr + 3 * all_but_last);
 }
 
 void Prefetch_Bytes(std::span<const std::uint8_t> bytes) {
