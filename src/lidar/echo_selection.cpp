@@ -21,9 +21,8 @@ double Range_Factor(double range, double usual, double exponent) {
 }
 
 [[noreturn]] void Fail_At(std::size_t entry, int slot, const RunTimeError& error) {
-  const std::string cause = std::string(error.what()).substr(Failure_Text(error.Kind()).size());
-  throw RunTimeError(error.Kind(), "pulse " + std::to_string(entry + 1) + ", echo slot " +
-                                       std::to_string(slot) + ", corrected intensity" + cause);
+  throw error.At("pulse " + std::to_string(entry + 1) + ", echo slot " + std::to_string(slot) +
+                 ", corrected intensity");
 }
 
 // Echoes near the solution whose pulse is kept. intensity(entry, slot) is asked for every near

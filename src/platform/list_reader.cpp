@@ -21,12 +21,6 @@ bool Is_Blank(char c) { return c == ' ' || c == '\t'; }
 
 bool Is_Line_End(char c) { return c == '\n' || c == '\r'; }
 
-/// What a RunTimeError says after the words of its kind.
-std::string About(const RunTimeError& error) {
-  const std::string text = error.what();
-  return text.substr(std::min(text.size(), Failure_Text(error.Kind()).size() + 2));
-}
-
 float To_Float(double value) {
   constexpr float kHighest = std::numeric_limits<float>::max();
   if (!(std::fabs(value) <= kHighest)) {
@@ -138,7 +132,7 @@ Number ListReader::Read_Number(Number (*convert)(double)) {
   try {
     return convert(Parse_Double(Take_Item(Ends::AtBlanksToo)));
   } catch (const RunTimeError& error) {
-    throw RunTimeError(error.Kind(), Where() + ": " + About(error), native_);
+    throw error.At(Where(), native_);
   }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/run_time_error.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace sylvomex {
@@ -49,5 +50,17 @@ std::string_view Failure_Text(Failure kind) {
 
 RunTimeError::RunTimeError(Failure kind, const std::string& about, std::filesystem::path native)
     : std::runtime_error(Message(kind, about)), kind_(kind), native_(std::move(native)) {}
+
+std::string_view RunTimeError::About() const {
+  constexpr std::size_t kColonAndBlank = 2;
+  const std::string_view message = what();
+  return message.substr(std::min(message.size(), Failure_Text(kind_).size() + kColonAndBlank));
+}
+
+RunTimeError RunTimeError::At(const std::string& place, std::filesystem::path native) const {
+  const std::string_view about = About();
+  return RunTimeError(kind_, about.empty() ? place : place + ": " + std::string(about),
+                      std::move(native));
+}
 
 }  // namespace sylvomex

@@ -41,6 +41,12 @@ class RunTimeError : public std::runtime_error {
   [[nodiscard]] Failure Kind() const { return kind_; }
   [[nodiscard]] const std::filesystem::path& Native_Path() const { return native_; }
 
+  /// What the message tells behind the kind; lives as long as the failure.
+  [[nodiscard]] std::string_view About() const;
+
+  /// The same failure with the place where it happened in front of what it was about.
+  [[nodiscard]] RunTimeError At(const std::string& place, std::filesystem::path native = {}) const;
+
  private:
   Failure kind_;
   std::filesystem::path native_;

@@ -21,6 +21,21 @@ TEST(RunTimeError, MessageWithoutASubjectIsTheBareKind) {
   EXPECT_TRUE(error.Native_Path().empty());
 }
 
+TEST(RunTimeError, APlaceStandsInFrontOfWhatItWasAbout) {
+  const RunTimeError error(Failure::Overflow, "70000 is too large");
+  EXPECT_EQ(error.About(), "70000 is too large");
+  const RunTimeError placed = error.At("a.txt, line 3", "/drives/a.txt");
+  EXPECT_STREQ(placed.what(), "Overflow: a.txt, line 3: 70000 is too large");
+  EXPECT_EQ(placed.Kind(), Failure::Overflow);
+  EXPECT_EQ(placed.Native_Path(), "/drives/a.txt");
+}
+
+TEST(RunTimeError, WithoutASubjectThePlaceStandsAlone) {
+  const RunTimeError error(Failure::DivisionByZero);
+  EXPECT_EQ(error.About(), "");
+  EXPECT_STREQ(error.At("line 3").what(), "Division by zero: line 3");
+}
+
 TEST(RunTimeError, EveryKindHasItsWords) {
   EXPECT_EQ(Failure_Text(Failure::Overflow), "Overflow");
   EXPECT_EQ(Failure_Text(Failure::DivisionByZero), "Division by zero");

@@ -38,8 +38,7 @@ void Plot_Intensities(Workspace& w, Campaign campaign, const ValueScale& scale, 
     select(echoes);
   } catch (const RunTimeError& error) {
     Plot_Echoes(w, echoes, scale, colours);
-    const std::string cause = std::string(error.what()).substr(Failure_Text(error.Kind()).size());
-    throw RunTimeError(error.Kind(), tile.name + "," + cause.substr(1), tile.native);
+    throw RunTimeError(error.Kind(), tile.name + ", " + std::string(error.About()), tile.native);
   }
   Plot_Echoes(w, echoes, scale, colours);
 }

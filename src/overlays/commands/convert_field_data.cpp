@@ -23,8 +23,7 @@ double Volume_Of(const PlotTree& tree, const PlotTextReader& plot, const FilePat
   try {
     return Stem_Volume(tree.TreeSpecies, tree.Dbh, tree.TreeHeight);
   } catch (const RunTimeError& error) {
-    const std::string cause = std::string(error.what()).substr(Failure_Text(error.Kind()).size());
-    throw RunTimeError(error.Kind(), file.name + ", " + plot.Height_Place() + cause, file.native);
+    throw error.At(file.name + ", " + plot.Height_Place(), file.native);
   }
 }
 

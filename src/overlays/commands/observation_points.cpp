@@ -51,9 +51,7 @@ bool Is_Blank(std::string_view line) {
 
 // The same failure with the place where it happened.
 [[noreturn]] void Fail_At(const FilePath& file, int line_number, const RunTimeError& error) {
-  const std::string cause = std::string(error.what()).substr(Failure_Text(error.Kind()).size());
-  throw RunTimeError(error.Kind(), file.name + ", line " + std::to_string(line_number) + cause,
-                     file.native);
+  throw error.At(file.name + ", line " + std::to_string(line_number), file.native);
 }
 
 }  // namespace
