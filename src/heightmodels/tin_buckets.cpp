@@ -113,9 +113,8 @@ void For_Each_Cell(const CellRange& range, std::int32_t columns, Visit&& visit) 
   }
 }
 
-/// A counting sort; the triangles come in the order of Index, and so do those of each cell.
-void Fill(TinBuckets& grid, const std::vector<CellRange>& ranges,
-          std::span<const std::int32_t> index) {
+/// A counting sort.
+void Fill(TinBuckets& grid, const std::vector<CellRange>& ranges) {
   const std::size_t cells =
       static_cast<std::size_t>(grid.columns) * static_cast<std::size_t>(grid.rows);
   grid.first.assign(cells + 1, 0);
@@ -123,20 +122,19 @@ void Fill(TinBuckets& grid, const std::vector<CellRange>& ranges,
     For_Each_Cell(range, grid.columns, [&](std::size_t cell) { ++grid.first[cell + 1]; });
   }
   for (std::size_t cell = 0; cell < cells; ++cell) grid.first[cell + 1] += grid.first[cell];
-  grid.positions.resize(grid.first.back());
+  grid.numbers.resize(grid.first.back());
   std::vector<std::uint32_t> next(grid.first.begin(), grid.first.end() - 1);
-  std::int32_t position = 0;
-  for (const std::int32_t number : index) {
-    ++position;
-    For_Each_Cell(ranges[static_cast<std::size_t>(number - 1)], grid.columns,
-                  [&](std::size_t cell) { grid.positions[next[cell]++] = position; });
+  std::int32_t number = 0;
+  for (const CellRange& range : ranges) {
+    ++number;
+    For_Each_Cell(range, grid.columns,
+                  [&](std::size_t cell) { grid.numbers[next[cell]++] = number; });
   }
 }
 
 }  // namespace
 
-TinBuckets Make_Tin_Buckets(std::span<const TinTriangle> triangles,
-                            std::span<const std::int32_t> index) {
+TinBuckets Make_Tin_Buckets(std::span<const TinTriangle> triangles) {
   TinBuckets grid;
   const std::optional<std::vector<Box>> boxes = Reaches(triangles);
   if (!boxes || boxes->empty()) return grid;
@@ -146,7 +144,7 @@ TinBuckets Make_Tin_Buckets(std::span<const TinTriangle> triangles,
   grid.south = all.south;
   grid.east = all.east;
   grid.north = all.north;
-  Fill(grid, Choose_Cells(grid, *boxes), index);
+  Fill(grid, Choose_Cells(grid, *boxes));
   return grid;
 }
 

@@ -11,15 +11,15 @@
 
 namespace sylvomex {
 
-/// For each cell of a grid the positions in Index (from 1, ascending) of the triangles whose
-/// boxes touch it. The boxes are widened by what the edge test can err, so that no other
-/// triangle can hold a point of the cell.
+/// For each cell of a grid the numbers (from 1, ascending) of the triangles whose boxes touch it.
+/// The boxes are widened by what the edge test can err, so that no other triangle can hold a point
+/// of the cell.
 struct TinBuckets {
   double west = 0, south = 0, east = 0, north = 0;  // of all boxes
   double columns_per_metre = 0, rows_per_metre = 0;
   std::int32_t columns = 0, rows = 0;  // 0: no grid, every triangle has to be asked
-  std::vector<std::uint32_t> first;    // of each cell in positions, and the end of the last
-  std::vector<std::int32_t> positions;
+  std::vector<std::uint32_t> first;    // of each cell in numbers, and the end of the last
+  std::vector<std::int32_t> numbers;
 
   [[nodiscard]] std::int32_t Column(double X) const {
     return static_cast<std::int32_t>(
@@ -31,20 +31,18 @@ struct TinBuckets {
   }
 };
 
-/// index: the triangles' numbers (from 1) in the order of the lists. Gives no grid for
-/// coordinates beyond 1e100 or edges that all but vanish, whose edge test can err by anything.
-TinBuckets Make_Tin_Buckets(std::span<const TinTriangle> triangles,
-                            std::span<const std::int32_t> index);
+/// Gives no grid for coordinates beyond 1e100 or edges that all but vanish, whose edge test can
+/// err by anything.
+TinBuckets Make_Tin_Buckets(std::span<const TinTriangle> triangles);
 
-/// The positions in Index to be asked, empty where no triangle can hold the point. Only with a
+/// The numbers to be asked, empty where no triangle can hold the point. Only with a
 /// grid. Any X, Y, NaN and infinity included.
 inline std::span<const std::int32_t> Bucket_At(const TinBuckets& grid, double X, double Y) {
   if (!(X >= grid.west && X <= grid.east && Y >= grid.south && Y <= grid.north)) return {};
   const std::size_t cell =
       static_cast<std::size_t>(grid.Row(Y)) * static_cast<std::size_t>(grid.columns) +
       static_cast<std::size_t>(grid.Column(X));
-  return std::span(grid.positions)
-      .subspan(grid.first[cell], grid.first[cell + 1] - grid.first[cell]);
+  return std::span(grid.numbers).subspan(grid.first[cell], grid.first[cell + 1] - grid.first[cell]);
 }
 
 }  // namespace sylvomex

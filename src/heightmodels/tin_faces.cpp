@@ -11,14 +11,21 @@
 #include <array>
 #include <cmath>
 
+#include "heightmodels/tin_sides.h"
+#include "heightmodels/tin_walk.h"
+
 namespace sylvomex {
 namespace {
 
-constexpr double kCellsATriangle = 5;
+constexpr double kCellsATriangle = 3;
 constexpr double kMostLines = 16384;
+constexpr double kLargestCoordinate = 1e12;
 constexpr double kLeastShape = 1e-3;  // height over the longest edge of a sound triangle
 constexpr double kLeastSize = 1e-8;   // of a sound triangle, in largest coordinates
-constexpr double kMostCover = 2;      // area of the triangles in areas of the grid
+constexpr double kLeastShare =
+    3e-7;  // of a sound triangle in the grid: an origin's rounding errs by less
+constexpr double kLeastEdge = 1e-9;  // metres
+constexpr double kMostCover = 2;     // area of the triangles in areas of the grid
 constexpr std::int32_t kOpenCell = -1;
 constexpr std::int32_t kClosedCell = 0;
 
@@ -56,36 +63,21 @@ double Longest_Edge(const Corners& c) {
   return std::sqrt(std::max({squared(0, 1), squared(1, 2), squared(2, 0)}));
 }
 
-/// A triangle's edge as its lower node sees it.
-struct HalfEdge {
-  std::int32_t far_node = 0;
-  std::int32_t number = 0;  // of the triangle
-  std::int8_t edge = 0;     // of the face, 0 to 2
-  bool outward = false;     // leads from the lower node to the far one
-};
-
 struct OutlineEdge {
   MapPoint from, to;
   std::int32_t times = 1;
 };
 
-/// Edges from corner 0 to 1, 1 to 2, 2 to 0 of a triangle that has been turned round when it
-/// came clockwise.
-struct TurnedTriangle {
-  Corners corners;
-  std::array<std::int32_t, 3> nodes{};
-};
-
-TurnedTriangle Turned(const TinTriangle& t, bool clockwise) {
-  TurnedTriangle turned{t.Corners, {t.Node1, t.Node2, t.Node3}};
-  if (clockwise) {
-    std::swap(turned.corners[1], turned.corners[2]);
-    std::swap(turned.nodes[1], turned.nodes[2]);
-  }
-  return turned;
+/// The corners or nodes of a triangle, the other way round when it came clockwise: its edges
+/// then lead counter-clockwise from 0 to 1, 1 to 2 and 2 to 0.
+template <class Corner>
+std::array<Corner, 3> Turned(std::array<Corner, 3> corners, bool clockwise) {
+  if (clockwise) std::swap(corners[1], corners[2]);
+  return corners;
 }
 
-void Set_Distances(TinFace& face, const Corners& c, double longest) {
+void Set_Distances(TinFace& face, const Corners& c, const MapPoint& corner, double longest) {
+  const double origin_X = corner.X + face.origin[0], origin_Y = corner.Y + face.origin[1];
   for (std::size_t k = 0; k < 3; ++k) {
     const MapPoint& p = c[k];
     const MapPoint& q = c[(k + 1) % 3];
@@ -94,14 +86,14 @@ void Set_Distances(TinFace& face, const Corners& c, double longest) {
     const double a = -dy * scale, b = dx * scale;
     face.A[k] = static_cast<float>(a);
     face.B[k] = static_cast<float>(b);
-    face.C[k] = static_cast<float>(-(a * (p.X - face.MinX) + b * (p.Y - face.MinY)));
+    face.C[k] = static_cast<float>(-(a * (p.X - origin_X) + b * (p.Y - origin_Y)));
   }
 }
 
 class FaceMaker {
  public:
   FaceMaker(std::span<const TinTriangle> triangles, std::int32_t node_count)
-      : triangles_(triangles), node_count_(static_cast<std::size_t>(node_count)) {}
+      : triangles_(triangles), node_count_(node_count) {}
 
   TinFaces Make() {
     if (triangles_.empty() || !Lay_Grid()) return {};
@@ -110,8 +102,10 @@ class FaceMaker {
     if (!Outline_Is_Short()) return {};
     Wind_Round_Outline();
     Close_Cells();
-    for (std::size_t i = 0; i < triangles_.size(); ++i) {
-      if (sound_[i] != 0) Start_Cells_At(i);
+    Scatter_Starts();
+    for (std::int32_t row = 0; row < rows_; ++row) {
+      Guess_Starts(row);
+      Walk_To_Centres(row);
     }
     return std::move(f_);
   }
@@ -120,101 +114,59 @@ class FaceMaker {
   bool Lay_Grid() {
     extent_ = Extent_Of(triangles_);
     const double width = extent_.east - extent_.west, height = extent_.north - extent_.south;
-    if (!(extent_.largest <= 1e100 && width > 0 && height > 0)) return false;
+    if (!(extent_.largest <= kLargestCoordinate && width > 0 && height > 0)) return false;
     const double cells = kCellsATriangle * static_cast<double>(triangles_.size());
     f_.cells_per_metre =
         std::min({std::sqrt(cells / (width * height)), kMostLines / width, kMostLines / height});
+    least_edge_ =
+        std::max({kLeastEdge, kLeastSize * extent_.largest, kLeastShare * std::max(width, height)});
     f_.west = extent_.west;
     f_.south = extent_.south;
     f_.columns = std::floor(width * f_.cells_per_metre) + 1;
     f_.rows = std::floor(height * f_.cells_per_metre) + 1;
     columns_ = static_cast<std::int32_t>(f_.columns);
     rows_ = static_cast<std::int32_t>(f_.rows);
-    f_.starts.assign(static_cast<std::size_t>(columns_) * static_cast<std::size_t>(rows_), 0);
+    f_.starts.assign(static_cast<std::size_t>(columns_) * static_cast<std::size_t>(rows_) + 1, 0);
     return true;
   }
 
   /// False when the triangles cannot lie side by side in the grid.
   bool Make_Faces() {
-    f_.faces.resize(triangles_.size());
+    f_.faces.resize(triangles_.size() + 1);
     sound_.assign(triangles_.size(), 0);
+    nodes_.resize(triangles_.size());
+    centre_cells_.resize(triangles_.size());
     double cover = 0;
     for (std::size_t i = 0; i < triangles_.size(); ++i) {
       const TinTriangle& t = triangles_[i];
-      TinFace& face = f_.faces[i];
-      face.MinX = std::min({t.X1, t.X2, t.X3});
-      face.MinY = std::min({t.Y1, t.Y2, t.Y3});
+      TinFace& face = f_.faces[i + 1];
+      face.origin[0] = static_cast<float>(std::min({t.X1, t.X2, t.X3}) - f_.west);
+      face.origin[1] = static_cast<float>(std::min({t.Y1, t.Y2, t.Y3}) - f_.south);
+      nodes_[i][0] = -1;
       const double area = Twice_Area(t.Corners), longest = Longest_Edge(t.Corners);
-      const bool sound = std::abs(area) >= kLeastShape * longest * longest &&
-                         longest >= kLeastSize * extent_.largest && longest > 0;
+      const bool sound =
+          std::abs(area) >= kLeastShape * longest * longest && longest >= least_edge_;
       if (!sound) continue;
       sound_[i] = area < 0 ? -1 : 1;
+      face.beyond[3] = static_cast<std::int32_t>(i + 1);
       cover += std::abs(area) / 2;
-      Set_Distances(face, Turned(t, area < 0).corners, longest);
+      centre_cells_[i] = Centre_Cell(t.Corners);
+      nodes_[i] = Turned(TurnedNodes{t.Node1, t.Node2, t.Node3}, area < 0);
+      Set_Distances(face, Turned(t.Corners, area < 0), {f_.west, f_.south}, longest);
     }
     return cover <= kMostCover * f_.columns * f_.rows / (f_.cells_per_metre * f_.cells_per_metre);
   }
 
-  [[nodiscard]] TurnedTriangle Turned_At(std::size_t i) const {
-    return Turned(triangles_[i], sound_[i] < 0);
+  [[nodiscard]] Corners Turned_At(std::size_t i) const {
+    return Turned(triangles_[i].Corners, sound_[i] < 0);
   }
 
-  template <class Visit>
-  void For_Each_Half_Edge(Visit&& visit) const {
-    for (std::size_t i = 0; i < triangles_.size(); ++i) {
-      if (sound_[i] == 0) continue;
-      const auto [corners, nodes] = Turned_At(i);
-      for (std::size_t k = 0; k < 3; ++k) {
-        const std::int32_t from = nodes[k], to = nodes[(k + 1) % 3];
-        visit(std::min(from, to), HalfEdge{std::max(from, to), static_cast<std::int32_t>(i + 1),
-                                           static_cast<std::int8_t>(k), from < to});
-      }
-    }
-  }
-
-  /// Half edges by their lower node, then pairs of each into neighbours.
   void Join_Faces() {
-    std::vector<std::uint32_t> first(node_count_ + 1);
-    For_Each_Half_Edge(
-        [&](std::int32_t node, const HalfEdge&) { ++first[static_cast<std::size_t>(node) + 1]; });
-    for (std::size_t node = 0; node < node_count_; ++node) first[node + 1] += first[node];
-    std::vector<HalfEdge> edges(first.back());
-    std::vector<std::uint32_t> next(first.begin(), first.end() - 1);
-    For_Each_Half_Edge([&](std::int32_t node, const HalfEdge& edge) {
-      edges[next[static_cast<std::size_t>(node)]++] = edge;
-    });
-    for (std::size_t node = 0; node < node_count_; ++node) {
-      Join_At_Node(std::span(edges).subspan(first[node], first[node + 1] - first[node]));
+    for (const LooseSides& sides : Join_Sides(nodes_, node_count_, f_.faces)) {
+      const Corners c = Turned_At(static_cast<std::size_t>(sides.first.number - 1));
+      const auto k = static_cast<std::size_t>(sides.first.edge);
+      outline_.push_back({c[k], c[(k + 1) % 3], sides.times});
     }
-  }
-
-  void Join_At_Node(std::span<HalfEdge> edges) {
-    std::ranges::sort(edges, {}, &HalfEdge::far_node);
-    for (std::size_t i = 0; i < edges.size();) {
-      std::size_t end = i + 1;
-      while (end < edges.size() && edges[end].far_node == edges[i].far_node) ++end;
-      Join(edges.subspan(i, end - i));
-      i = end;
-    }
-  }
-
-  /// Everything that lies on one edge.
-  void Join(std::span<const HalfEdge> group) {
-    if (group.size() == 2 && group[0].outward != group[1].outward) {
-      Neighbour(group[0]) = group[1].number;
-      Neighbour(group[1]) = group[0].number;
-      return;
-    }
-    std::int32_t times = 0;
-    for (const HalfEdge& edge : group) times += edge.outward == group[0].outward ? 1 : -1;
-    if (times == 0) return;
-    const Corners corners = Turned_At(static_cast<std::size_t>(group[0].number - 1)).corners;
-    const auto k = static_cast<std::size_t>(group[0].edge);
-    outline_.push_back({corners[k], corners[(k + 1) % 3], times});
-  }
-
-  std::int32_t& Neighbour(const HalfEdge& edge) {
-    return f_.faces[static_cast<std::size_t>(edge.number - 1)].neighbour[edge.edge];
   }
 
   [[nodiscard]] std::int32_t Column(double X) const {
@@ -231,6 +183,13 @@ class FaceMaker {
   [[nodiscard]] std::size_t Cell(std::int32_t column, std::int32_t row) const {
     return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_) +
            static_cast<std::size_t>(column);
+  }
+
+  /// The cell of a triangle's centre, or one beside it.
+  [[nodiscard]] std::uint32_t Centre_Cell(const Corners& c) const {
+    const double X = (c[0].X + c[1].X + c[2].X) / 3, Y = (c[0].Y + c[1].Y + c[2].Y) / 3;
+    return static_cast<std::uint32_t>(
+        Cell(std::clamp(Column(X), 0, columns_ - 1), std::clamp(Row(Y), 0, rows_ - 1)));
   }
 
   /// Bounds the work on models that are no triangulation.
@@ -313,45 +272,61 @@ class FaceMaker {
     }
   }
 
-  /// Gives the open cells whose centres lie in a triangle its number.
-  void Start_Cells_At(std::size_t i) {
-    Corners c = triangles_[i].Corners;
-    for (MapPoint& p : c) {  // in cells, from the centre of the first one
-      p.X = (p.X - f_.west) * f_.cells_per_metre - 0.5;
-      p.Y = (p.Y - f_.south) * f_.cells_per_metre - 0.5;
-    }
-    std::ranges::sort(c, {}, &MapPoint::Y);
-    const double whole_slope = (c[2].X - c[0].X) / (c[2].Y - c[0].Y);
-    const double low_slope = (c[1].X - c[0].X) / (c[1].Y - c[0].Y);
-    const double high_slope = (c[2].X - c[1].X) / (c[2].Y - c[1].Y);
-    const std::int32_t last_row =
-        std::min(rows_ - 1, static_cast<std::int32_t>(std::floor(c[2].Y)));
-    for (auto row = static_cast<std::int32_t>(std::max(0.0, std::ceil(c[0].Y))); row <= last_row;
-         ++row) {
-      const double one_end = c[0].X + (row - c[0].Y) * whole_slope;
-      const double other_end =
-          row < c[1].Y ? c[0].X + (row - c[0].Y) * low_slope : c[2].X + (row - c[2].Y) * high_slope;
-      Start_Cells_Between(one_end, other_end, row, static_cast<std::int32_t>(i + 1));
+  /// Gives the open cell at the centre of each triangle its number.
+  void Scatter_Starts() {
+    for (std::size_t i = 0; i < triangles_.size(); ++i) {
+      if (sound_[i] == 0) continue;
+      std::int32_t& start = f_.starts[centre_cells_[i]];
+      if (start == kOpenCell) start = static_cast<std::int32_t>(i + 1);
     }
   }
 
-  void Start_Cells_Between(double one_end, double other_end, std::int32_t row,
-                           std::int32_t number) {
-    const double west = std::ceil(std::min(one_end, other_end));
-    const double east = std::floor(std::max(one_end, other_end));
-    if (!(west <= east)) return;
-    const auto last = static_cast<std::int32_t>(std::min(east, f_.columns - 1));
-    for (auto column = static_cast<std::int32_t>(std::max(west, 0.0)); column <= last; ++column) {
-      std::int32_t& start = f_.starts[Cell(column, row)];
-      if (start == kOpenCell) start = number;
+  /// Gives the open cells that have none the number of a neighbour: of the row before, else in
+  /// their own.
+  void Guess_Starts(std::int32_t row) {
+    const auto columns = static_cast<std::size_t>(columns_);
+    std::int32_t* starts = &f_.starts[Cell(0, row)];
+    const std::int32_t* before = row == 0 ? starts : starts - columns_;
+    std::int32_t last = kOpenCell;
+    for (std::size_t column = 0; column < columns; ++column) {
+      const std::int32_t near = before[column] > 0 ? before[column] : last;
+      starts[column] = starts[column] == kOpenCell ? near : starts[column];
+      last = starts[column] > 0 ? starts[column] : last;
+    }
+    std::int32_t next = kClosedCell;
+    for (std::size_t column = columns; column-- > 0 && last != kOpenCell;) {
+      starts[column] = starts[column] == kOpenCell ? next : starts[column];
+      next = starts[column] > 0 ? starts[column] : next;
+    }
+  }
+
+  /// From its guess to the triangle at each cell's centre, where that is certain.
+  void Walk_To_Centres(std::int32_t row) {
+    const double side = 1 / f_.cells_per_metre;
+    std::array<MapPoint, kMostWalkers> centres;
+    std::array<std::int32_t, kMostWalkers> numbers;
+    for (std::int32_t first = 0; first < columns_;
+         first += static_cast<std::int32_t>(kMostWalkers)) {
+      const std::size_t count = std::min(kMostWalkers, static_cast<std::size_t>(columns_ - first));
+      std::int32_t* starts = &f_.starts[Cell(first, row)];
+      for (std::size_t k = 0; k < count; ++k) {
+        centres[k] = {f_.west + (first + static_cast<double>(k) + 0.5) * side, Row_Centre(row)};
+        starts[k] = std::max(starts[k], kClosedCell);
+        numbers[k] = starts[k];
+      }
+      Walk_To_Holders(f_, std::span(centres).first(count), numbers.data());
+      for (std::size_t k = 0; k < count; ++k) starts[k] = numbers[k] > 0 ? numbers[k] : starts[k];
     }
   }
 
   std::span<const TinTriangle> triangles_;
-  std::size_t node_count_;
+  std::int32_t node_count_;
   Extent extent_;
+  double least_edge_ = 0;  // of a sound triangle's longest, metres
   std::int32_t columns_ = 0, rows_ = 0;
   std::vector<std::int8_t> sound_;  // of each triangle: 1, -1 came clockwise, 0 is not sound
+  std::vector<TurnedNodes> nodes_;
+  std::vector<std::uint32_t> centre_cells_;  // of each sound triangle
   std::vector<OutlineEdge> outline_;
   TinFaces f_;
 };

@@ -20,11 +20,13 @@
 namespace sylvomex {
 
 /// Distances from the three edges, positive inside, in lengths of the longest edge:
-/// A x + B y + C with x, y from the south-west corner of the triangle's box.
-struct TinFace {
-  float A[3] = {}, B[3] = {}, C[3] = {};
-  std::int32_t neighbour[3] = {};  // number of the triangle beyond each edge, 0 for none
-  double MinX = 0, MinY = 0;
+/// A x + B y + C with x, y from the face's origin.
+struct alignas(64) TinFace {
+  float A[3] = {}, B[3] = {}, C[3] = {kFarInside, kFarInside, kFarInside};
+  float origin[2] = {};         // metres east and north of the grid's corner
+  std::int32_t beyond[4] = {};  // number of the triangle beyond each edge, 0 for none, and its own
+
+  static constexpr float kFarInside = 1e30F;
 };
 static_assert(sizeof(TinFace) == 64, "one cache line a step");
 
@@ -33,9 +35,9 @@ struct TinFaces {
   double cells_per_metre = 0;
   double columns = 0, rows = 0;  // whole numbers; 0: nothing is certain
   // For each cell the number of a triangle near its centre; 0 or less where triangles overlap
-  // or leave gaps.
+  // or leave gaps, and once more behind the last cell.
   HugePageVector<std::int32_t> starts;
-  HugePageVector<TinFace> faces;  // by triangle
+  HugePageVector<TinFace> faces;  // by number; the first one is none and holds everything
 };
 
 inline constexpr float kClearOfEdge = 1e-5F;  // in lengths of the longest edge
@@ -58,16 +60,16 @@ inline std::int32_t Walk_To_Holder(const TinFaces& f, std::int32_t start, double
   constexpr int kMostSteps = 100;
   std::int32_t number = start;
   for (int step = 0; step < kMostSteps && number > 0; ++step) {
-    const TinFace& face = f.faces[static_cast<std::size_t>(number - 1)];
-    const auto x = static_cast<float>(X - face.MinX);
-    const auto y = static_cast<float>(Y - face.MinY);
+    const TinFace& face = f.faces[static_cast<std::size_t>(number)];
+    const auto x = static_cast<float>(X - f.west - face.origin[0]);
+    const auto y = static_cast<float>(Y - f.south - face.origin[1]);
     const float d0 = face.A[0] * x + face.B[0] * y + face.C[0];
     const float d1 = face.A[1] * x + face.B[1] * y + face.C[1];
     const float d2 = face.A[2] * x + face.B[2] * y + face.C[2];
     const float nearest = std::min({d0, d1, d2});
     if (nearest > kClearOfEdge) return number;
     if (nearest > -kClearOfEdge) return 0;
-    number = face.neighbour[nearest == d0 ? 0 : nearest == d1 ? 1 : 2];
+    number = face.beyond[nearest == d0 ? 0 : nearest == d1 ? 1 : 2];
   }
   return 0;
 }

@@ -169,12 +169,15 @@ bool Read_Tin_Triangles(const FilePath& file, TinModel& model, const Report& rep
 
 void Index_Tin(TinModel& model, const Report& report) {
   std::string trouble;
-  const auto sort_and_fill_buckets = [&] {
-    Sort_Index(model, [&trouble](std::string_view sentence) { trouble = sentence; });
-    model.buckets = Make_Tin_Buckets(model.Triangles, model.Index);
-  };
-  const auto make_faces = [&] { model.faces = Make_Tin_Faces(model.Triangles, model.NodeCount); };
-  Run_Tasks(2, 0, [&](int task) { task == 0 ? sort_and_fill_buckets() : make_faces(); });
+  Run_Tasks(3, 0, [&](int task) {
+    if (task == 0) {
+      Sort_Index(model, [&trouble](std::string_view sentence) { trouble = sentence; });
+    } else if (task == 1) {
+      model.faces = Make_Tin_Faces(model.Triangles, model.NodeCount);
+    } else {
+      model.buckets = Make_Tin_Buckets(model.Triangles);
+    }
+  });
   if (model.buckets.columns == 0) model.faces = {};  // nothing is certain without the buckets
   if (!trouble.empty()) report(trouble);
 }

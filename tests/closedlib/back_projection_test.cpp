@@ -11,7 +11,7 @@
 
 #include "matching_inputs.h"
 #include "platform/run_time_error.h"
-#include "vector_units.h"
+#include "support/vector_units.h"
 
 namespace sylvomex {
 namespace {

@@ -7,7 +7,7 @@
 #include "closedlib/correlation_image.h"
 #include "matching_inputs.h"
 #include "plain_correlation.h"
-#include "vector_units.h"
+#include "support/vector_units.h"
 
 namespace sylvomex {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "matching_inputs.h"
 #include "plain_correlation.h"
-#include "vector_units.h"
+#include "support/vector_units.h"
 
 namespace sylvomex {
 namespace {

@@ -11,6 +11,7 @@
 
 #include "heightmodels/tin_support.h"
 #include "platform/number_text.h"
+#include "support/vector_units.h"
 
 namespace sylvomex {
 namespace {
@@ -232,6 +233,34 @@ TEST(TinLookups, OnARegularLatticeAreThoseOfThePlainWalk) {
   Expect_Plain_Answers(model, points);
 }
 
+TEST(TinLookups, OfSmallTrianglesInAWideModelAreThoseOfThePlainWalk) {
+  // Two lattices far apart: the finer the triangles, the less their places are worth in the
+  // single precision of the quick way.
+  for (const double spacing : {0.05, 0.2, 0.5, 3.0}) {
+    const TinModel near = Lattice_Model(22, 0.3, {2515000, 6859000}, spacing, 20);
+    const TinModel far = Lattice_Model(23, 0.3, {3515000, 7859000}, spacing, 20);
+    std::vector<TinNode> nodes = near.Nodes;
+    nodes.insert(nodes.end(), far.Nodes.begin(), far.Nodes.end());
+    std::vector<NodeTriple> triples;
+    const auto shift = static_cast<std::int32_t>(near.Nodes.size());
+    for (const TinTriangle& t : near.Triangles) triples.push_back({t.Node1, t.Node2, t.Node3});
+    for (const TinTriangle& t : far.Triangles) {
+      triples.push_back({t.Node1 + shift, t.Node2 + shift, t.Node3 + shift});
+    }
+    std::vector<MapPoint> points = Asked_Points(near, 24);
+    const std::vector<MapPoint> more = Asked_Points(far, 25);
+    points.insert(points.end(), more.begin(), more.end());
+    Expect_Plain_Answers(Tin_Of(nodes, triples), points);
+  }
+}
+
+TEST_F(OnEveryVectorUnit, LookupsAreThoseOfThePlainWalk) {
+  Run([] {
+    const TinModel model = Lattice_Model(26, 0.35, {2515000, 6859000}, 3.2, 40);
+    Expect_Plain_Answers(model, Asked_Points(model, 27));
+  });
+}
+
 TEST(TinLookups, WhereTrianglesFoldOverAreThoseOfThePlainWalk) {
   for (const double jitter : {0.45, 0.7, 1.5}) {
     const TinModel model = Lattice_Model(6, jitter, {2515000, 6859000}, 3.2, 30);
@@ -334,7 +363,7 @@ TEST(TinLookups, AtExtremeScalesAreThoseOfThePlainWalk) {
       model.Index.push_back(++model.TriangleCount);
       model.position_of.push_back(model.TriangleCount);
     }
-    model.buckets = Make_Tin_Buckets(model.Triangles, model.Index);
+    model.buckets = Make_Tin_Buckets(model.Triangles);
     if (model.buckets.columns > 0) model.faces = Make_Tin_Faces(model.Triangles, 60);
     for (const MapPoint& p : Asked_Points(model, 19)) {
       ASSERT_EQ(First_Position(model, p.X, p.Y), First_By_Plain_Walk(model, p.X, p.Y)) << scale;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The fast renderer beside the plain one, on many random views.
 #include <gtest/gtest.h>
-#include <hwy/targets.h>
 
 #include <random>
 #include <stdexcept>
@@ -11,6 +10,7 @@
 #include "imageblock/pane_renderer.h"
 #include "plain_renderer.h"
 #include "platform/run_time_error.h"
+#include "support/vector_units.h"
 
 namespace sylvomex {
 namespace {
@@ -132,25 +132,6 @@ void Expect_Swapped(Random& random, std::size_t pixels) {
   }
   for (std::size_t at = 3 * pixels; at < bgr.size(); ++at) ASSERT_EQ(bgr[at], 77);
 }
-
-/// Every vector unit that this machine has, one after the other.
-class OnEveryVectorUnit : public testing::Test {
- protected:
-  ~OnEveryVectorUnit() override {
-    hwy::SetSupportedTargetsForTest(0);
-    hwy::GetChosenTarget().DeInit();
-  }
-
-  template <class Check>
-  void Run(Check&& check) {
-    for (const std::int64_t target : hwy::SupportedAndGeneratedTargets()) {
-      SCOPED_TRACE(hwy::TargetName(target));
-      hwy::SetSupportedTargetsForTest(target);
-      hwy::GetChosenTarget().Update(hwy::SupportedTargets());
-      check();
-    }
-  }
-};
 
 TEST_F(OnEveryVectorUnit, SwapsEveryLengthAndTouchesNothingBeyond) {
   Random random(7);
