@@ -43,9 +43,8 @@ HWY_INLINE Real Entries(const PatchProjection& p, Real X, Real Y, Real Z) {
   const auto dy = hn::Sub(Y, hn::Set(d, p.Y0));
   const auto dz = hn::Sub(Z, hn::Set(d, p.Z0));
   const auto q = Row_Product(&p.m[6], dx, dy, dz);
-  const auto f = hn::Div(hn::Set(d, -p.c), q);
-  const auto x = hn::Mul(f, Row_Product(&p.m[0], dx, dy, dz));
-  const auto y = hn::Mul(f, Row_Product(&p.m[3], dx, dy, dz));
+  const auto x = hn::Div(hn::Mul(hn::Set(d, -p.c), Row_Product(&p.m[0], dx, dy, dz)), q);
+  const auto y = hn::Div(hn::Mul(hn::Set(d, -p.c), Row_Product(&p.m[3], dx, dy, dz)), q);
   const auto col = hn::Round(hn::Sub(Affine(&p.affine[0], x, y), hn::Set(d, p.col_origin)));
   const auto row = hn::Round(hn::Sub(hn::Set(d, p.row_origin), Affine(&p.affine[3], x, y)));
   const auto finite = hn::Le(hn::Abs(q), hn::Set(d, std::numeric_limits<double>::max()));

@@ -211,6 +211,26 @@ TEST_F(BackProjectionUnits, EveryUnitAndNumberOfThreadsGivesTheSameBits) {
   });
 }
 
+TEST_F(BackProjectionUnits, TiesFallAsTheCollinearityEquationsRoundThem) {
+  // Two pixels a metre, points every half metre: all lie half way between two pixels, and the
+  // last bit of (-c) dX / q decides; another order of the same product decides otherwise.
+  Setting s;
+  s.affine = {16000, 0, 600.5, 0, 16000, 600.5};
+  s.exterior = {0, 0, 0, 0, 0, 800, 0.1};
+  std::vector<MeshPoint> mesh;
+  for (double X = -250; X <= 250; X += 0.5) mesh.push_back({X, 0.25 * X, 0});
+  std::vector<float> expected;
+  int otherwise = 0;
+  for (const MeshPoint& p : mesh) {
+    const double col = 16000 * (-0.1 * p.X / -800) + 600.5;
+    const double row = 1200 - (16000 * (-0.1 * p.Y / -800) + 600.5);
+    expected.push_back(Told(static_cast<int>(std::rint(col)), static_cast<int>(std::rint(row))));
+    otherwise += std::rint(col) != std::rint(16000 * (-0.1 / -800 * p.X) + 600.5) ? 1 : 0;
+  }
+  EXPECT_GT(otherwise, 10);
+  Run([&] { EXPECT_EQ(Project(s, mesh), expected); });
+}
+
 using Images = std::vector<std::vector<float>>;
 
 std::vector<float> Mean(const Images& values, int threads = 1) {
