@@ -35,11 +35,14 @@ std::string Four_Numbers(const ImageTemplate& pattern, char separator) {
 
 std::vector<std::uint8_t> Read_Pixels(const FilePath& file, std::size_t count) {
   const PositionalFile raw(file);
-  std::vector<std::uint8_t> pixels(count);
-  if (raw.Read_At(0, pixels) < count) {
+  if (raw.Size() < count) {
     throw RunTimeError(Failure::InputPastEnd,
-                       file.name + ": " + std::to_string(count) + " pixels wanted", file.native);
+                       file.name + ": " + std::to_string(count) + " pixels wanted, " +
+                           std::to_string(raw.Size()) + " there",
+                       file.native);
   }
+  std::vector<std::uint8_t> pixels(count);
+  raw.Read_At(0, pixels);
   return pixels;
 }
 
@@ -62,6 +65,10 @@ ImageTemplate Read_Pair(const FilePath& numbers, const FilePath& pixels) {
 }
 
 }  // namespace
+
+void Empty_Template(const DriveMap& drives, int image) {
+  Write_Whole_File(Numbered_File(drives, "temp", image, ".raw"), std::string_view());
+}
 
 void Write_Template(const DriveMap& drives, int image, const ImageTemplate& pattern) {
   Write_Whole_File(Numbered_File(drives, "temp", image, ".raw"), pattern.pixels);

@@ -26,6 +26,9 @@ struct ImageTemplate {
   std::vector<std::uint8_t> pixels;  // 0 outside the ellipse
 };
 
+/// Leaves temp<i>.raw without a pixel, so that a capture that fails leaves no former template.
+void Empty_Template(const DriveMap& drives, int image);
+
 /// Files as RunTimeErrors of the file layer.
 void Write_Template(const DriveMap& drives, int image, const ImageTemplate& pattern);
 

@@ -61,10 +61,17 @@ double Step(int source, int target, const char* what) {
 SizeTable Make_Size_Table(const ImageTemplate& pattern) {
   SizeTable table;
   for (std::size_t k = 0; k < table.size(); ++k) {
-    table[k].width = To_Byte(pattern.width * kSizeFactors[k]);
-    table[k].height = To_Byte(pattern.height * kSizeFactors[k]);
-    table[k].reference_col = To_Byte(pattern.reference_col * kSizeFactors[k]);
-    table[k].reference_row = To_Byte(pattern.reference_row * kSizeFactors[k]);
+    const auto entry = [k](int value, const char* what) {
+      try {
+        return To_Byte(value * kSizeFactors[k]);
+      } catch (const RunTimeError& error) {
+        throw error.At("size " + std::to_string(k + 1) + ", " + what);
+      }
+    };
+    table[k].width = entry(pattern.width, "width");
+    table[k].height = entry(pattern.height, "height");
+    table[k].reference_col = entry(pattern.reference_col, "reference column");
+    table[k].reference_row = entry(pattern.reference_row, "reference row");
   }
   return table;
 }

@@ -168,6 +168,14 @@ TEST_F(ScoredPoints, FewerThanTwoTickedImagesAreAnIndexError) {
   }
 }
 
+TEST_F(ScoredPoints, AFailedRunLeavesNoScoresOfTheRunBefore) {
+  Choose("Compute_Back_Projections");
+  ASSERT_GT(m.PointScore[1], 1);
+  w.Form1.Check1(2).Value = 0;
+  Choose("Compute_Back_Projections");
+  EXPECT_EQ(m.PointScore, (std::vector<float>{0, 0, 0, 0}));
+}
+
 TEST_F(ScoredPoints, AnEmptyMeshIsSortedIntoNothing) {
   m.MeshPoints.clear();
   w.Form1.Check1(2).Value = 0;

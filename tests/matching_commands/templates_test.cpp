@@ -171,6 +171,20 @@ TEST_F(MatchingSite, ATreeAtTheRawFilesEdgeEndsTheCaptureAndKeepsWhatWasDone) {
             std::string::npos);
 }
 
+TEST_F(MatchingSite, ACaptureThatFailsLeavesNoTemplateOfTheTreeBefore) {
+  Capture();
+  ASSERT_GT(Data("temp2.raw").size(), 0U);
+  std::swap(w.ImageBlock(0), w.ImageBlock(2));
+  std::swap(w.RotationTable(0), w.RotationTable(2));
+  Set_Solution({14, 4, 10.9});  // in the third image at the raw file's edge, as above
+  Capture();
+  EXPECT_EQ(Data("temp2.raw").size(), 0U);
+  screen.errors.clear();
+  Choose("Resize_templates");
+  ASSERT_EQ(screen.errors.size(), 1U);
+  EXPECT_NE(screen.errors[0].find("temp2.raw"), std::string::npos);
+}
+
 TEST_F(MatchingSite, ColourImagesGiveTheirMiddleByteGreyOnesTheirByte) {
   Capture();
   // A circle of 15.86 pixels around column 552.88, raw row 457.69: columns 538 to 568, rows 442 to
@@ -228,7 +242,22 @@ TEST_F(MatchingSite, ResizeBeyondAByteIsAnOverflow) {
   Write_Data("temp0.raw", std::string(101 * 214, 'a'));
   Choose("Resize_templates");
   ASSERT_EQ(screen.errors.size(), 1U);
-  EXPECT_NE(screen.errors[0].find("Overflow"), std::string::npos);
+  // 214 x 1.2 is the first entry above 255.
+  EXPECT_NE(screen.errors[0].find("Overflow: template of image 0: size 11, height: 256.8"),
+            std::string::npos)
+      << screen.errors[0];
+}
+
+TEST_F(MatchingSite, ATemplateFileShorterThanItsSizesTellsBoth) {
+  Untick_All();
+  w.Form1.Check1(0).Value = 1;
+  Write_Data("temp0.img", "32767\n32767\n50\n50\n");
+  Write_Data("temp0.raw", std::string(576, 'a'));
+  Choose("Resize_templates");
+  ASSERT_EQ(screen.errors.size(), 1U);
+  EXPECT_NE(screen.errors[0].find("temp0.raw: 1073676289 pixels wanted, 576 there"),
+            std::string::npos)
+      << screen.errors[0];
 }
 
 }  // namespace

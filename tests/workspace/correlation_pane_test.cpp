@@ -9,6 +9,7 @@
 #include "support/one_image_fixture.h"
 #include "support/small_site.h"
 #include "workspace/operator_event.h"
+#include "workspace/state/camera_access.h"
 
 namespace sylvomex {
 namespace {
@@ -41,6 +42,27 @@ TEST_F(OneImage, AClickOnACorrelationPeakGivesThePhotographsFilmCoordinates) {
   Click(30, 40, 0);
   EXPECT_EQ(w().Form1.Text1(0).Text, "-0.0037");
   EXPECT_EQ(w().Form1.Text1(1).Text, "0.0026");
+}
+
+TEST_F(OneImage, TheSolutionIsMarkedWhereTheCorrelationImageShowsIt) {
+  w().ImageKinds(0) = 2;
+  w().CorrelationRecords(0) = w().ImageBlock(0);
+  w().CorrelationRecords(0).SubColOrigin = 100;
+  w().CorrelationRecords(0).SubRowOrigin = 800;
+  w().CorrelationPaneViews(0) = {10, 20, 0, 0, 2.0, 2.0};
+  w().Solution3D = {12, -7, 3};
+  w().options.StepLength = 0.5;
+  OperatorEvent north;
+  north.kind = OperatorEvent::Kind::Key;
+  north.form = "Form1";
+  north.key_code = 'N';
+  Handle_Event(w(), north);
+  double col = 0, row = 0;
+  Object_To_Pixel(w(), 0, 12, -6.5, 3, col, row);
+  const std::vector<Mark>& marks = w().Form1.Picture1(0).marks;
+  ASSERT_EQ(marks.size(), 1U);
+  EXPECT_NEAR(marks[0].x1, (col - 100 - 10) * 2 - 1, 1e-9);
+  EXPECT_NEAR(marks[0].y1, (800 - row - 20) * 2 - 1, 1e-9);
 }
 
 TEST_F(OneImage, CentringOnTheSolutionDropsTheCorrelationImage) {

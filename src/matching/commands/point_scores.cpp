@@ -133,6 +133,7 @@ void Create_XYZ_Point_Set(Workspace& w) {
 void Compute_Back_Projections(Workspace& w) {
   MatchingState& m = w.Matching;
   const std::vector<int> images = Ticked_Images(w);
+  m.PointScore.assign(m.MeshPoints.size() + 1, 0);  // a failure leaves none of an earlier run
   Summarize_Images(w, images);
   w.Form1.MousePointer = PointerShape::Hourglass;
   w.screen->Service_Events();

@@ -73,6 +73,7 @@ void Draw_Ellipse(Workspace& w, int image, std::string& log) {
 
 void Cut_And_Write(Workspace& w, int image) {
   const ImageRecord& record = w.ImageBlock(image);
+  Empty_Template(w.Drives, image);
   const CutTemplate cut =
       Cut_Template(record, Raw_Pixels_Of(w, record), w.Matching.Template(image));
   const std::string name = "Image template n:o " + Plain_Text(std::int32_t{image});
@@ -83,11 +84,19 @@ void Cut_And_Write(Workspace& w, int image) {
 
 void Resize_Template(Workspace& w, int image) {
   ImageTemplate pattern = Read_Template(w.Drives, image);
-  const SizeTable sizes = Make_Size_Table(pattern);
+  const auto of_image = [image](const auto& make) {
+    try {
+      return make();
+    } catch (const RunTimeError& error) {
+      throw error.At("template of image " + Plain_Text(std::int32_t{image}));
+    }
+  };
+  const SizeTable sizes = of_image([&] { return Make_Size_Table(pattern); });
   Smooth_Template(pattern);
   for (int size = 1; size <= kTemplateSizeCount; ++size) {
+    const TemplateSize& target = sizes[static_cast<std::size_t>(size - 1)];
     Write_Size_Template(w.Drives, image, size,
-                        Resample_Template(pattern, sizes[static_cast<std::size_t>(size - 1)]));
+                        of_image([&] { return Resample_Template(pattern, target); }));
   }
 }
 

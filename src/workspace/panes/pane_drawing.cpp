@@ -18,7 +18,7 @@ PanePosition Pane_Of_Point(const Workspace& w, int image, double X, double Y, do
   double col = 0;
   double row = 0;
   Object_To_Pixel(w, image, X, Y, Z, col, row);
-  return Full_Image_To_Pane(w.ImageBlock(image), w.PaneViews(image), col, row);
+  return Pane_Of_Pixel(w, image, col, row);
 }
 
 PanePosition Overlay_Of_Pixel(const Workspace& w, int image, double col, double row) {
@@ -27,10 +27,8 @@ PanePosition Overlay_Of_Pixel(const Workspace& w, int image, double col, double 
 }
 
 PanePosition Overlay_Of_Point(const Workspace& w, int image, double X, double Y, double Z) {
-  double col = 0;
-  double row = 0;
-  Object_To_Pixel(w, image, X, Y, Z, col, row);
-  return Overlay_Of_Pixel(w, image, col, row);
+  const PanePosition at = Pane_Of_Point(w, image, X, Y, Z);
+  return {at.px - 1, at.py - 1};
 }
 
 FullImagePosition Pixel_Of_Pane(const Workspace& w, int image, double px, double py) {

@@ -10,7 +10,7 @@ namespace sylvomex {
 /// (ImageKinds 2) use the tables of the correlation images.
 PanePosition Pane_Of_Pixel(const Workspace& w, int image, double col, double row);
 
-/// Pane position of an object point in a plain view of image k, metres.
+/// Pane position of an object point in pane k by Pane_Of_Pixel, metres.
 PanePosition Pane_Of_Point(const Workspace& w, int image, double X, double Y, double Z);
 
 /// Where overlays (lidar echoes, field trees, borders, saved points) draw a full-image position
