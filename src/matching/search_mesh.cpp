@@ -14,24 +14,14 @@ constexpr double kEndMargin = 0.001;  // metres
 
 struct MeshColumn {
   double X = 0, Y = 0;
-  double bottom = 0, top = 0;
+  double bottom = 0;
+  double points = 0;  // whole number
 };
 
-/// About how many steps start, start + step, ... there are up to end; 0 when end lies below start.
-double Estimated_Steps(double start, double end, double step) {
+// Whole number of steps start, start + step, ... up to end; 0 when end lies below start.
+double Count_Steps(double start, double end, double step) {
   if (!(end >= start)) return 0;
-  return std::floor((end - start) / step) + 1;
-}
-
-/// Visits start, start + step, ... up to end, each the sum of the one before and the step.
-template <class Visit>
-void For_Each_Step(double start, double end, double step, const Visit& visit) {
-  for (double at = start; at <= end; at += step) {
-    visit(at);
-    if (at + step > at) continue;
-    throw RunTimeError(Failure::BadContent, "the mesh spacing " + Plain_Text(step) +
-                                                " is too small beside " + Plain_Text(at));
-  }
+  return std::floor((end - start) / step + 1e-6) + 1;
 }
 
 void Require_Spacing(double spacing) {
@@ -53,23 +43,28 @@ MeshColumn Column_At(const MeshSettings& settings, double u, double v, const Hei
   column.X = u * cos_q - v * sin_q + settings.plot_X;
   column.Y = v * cos_q + u * sin_q + settings.plot_Y;
   const double ground = terrain(column.X, column.Y);
-  column.top = ground + settings.top_factor * (canopy(column.X, column.Y) - ground);
-  column.bottom = ground + settings.low_factor * (column.top - ground);
+  const double top = ground + settings.top_factor * (canopy(column.X, column.Y) - ground);
+  column.bottom = ground + settings.low_factor * (top - ground);
+  column.points = Count_Steps(column.bottom, top, settings.dz);
   return column;
 }
 
 template <class Visit>
 void Visit_Columns(const MeshSettings& settings, const HeightLookup& terrain,
                    const HeightLookup& canopy, Visit&& visit) {
-  const double end_u = settings.side_X / 2 + kEndMargin, end_v = settings.side_Y / 2 + kEndMargin;
   const double first_u = -settings.side_X / 2, first_v = -settings.side_Y / 2;
-  Require_Room(
-      Estimated_Steps(first_u, end_u, settings.dx) * Estimated_Steps(first_v, end_v, settings.dy),
-      "columns");
-  For_Each_Step(first_u, end_u, settings.dx, [&](double u) {
-    For_Each_Step(first_v, end_v, settings.dy,
-                  [&](double v) { visit(Column_At(settings, u, v, terrain, canopy)); });
-  });
+  const double count_u = Count_Steps(first_u, settings.side_X / 2 + kEndMargin, settings.dx);
+  const double count_v = Count_Steps(first_v, settings.side_Y / 2 + kEndMargin, settings.dy);
+  Require_Room(count_u * count_v, "columns");
+  if (count_u * count_v == 0) return;
+  const auto steps_u = static_cast<long>(count_u), steps_v = static_cast<long>(count_v);
+  for (long i = 0; i < steps_u; ++i) {
+    const double u = first_u + static_cast<double>(i) * settings.dx;
+    for (long j = 0; j < steps_v; ++j) {
+      visit(
+          Column_At(settings, u, first_v + static_cast<double>(j) * settings.dy, terrain, canopy));
+    }
+  }
 }
 
 }  // namespace
@@ -78,16 +73,16 @@ MeshTable Build_Mesh(const MeshSettings& settings, const HeightLookup& terrain,
                      const HeightLookup& canopy) {
   for (const double spacing : {settings.dx, settings.dy, settings.dz}) Require_Spacing(spacing);
   double count = 0;
-  Visit_Columns(settings, terrain, canopy, [&](const MeshColumn& column) {
-    count += Estimated_Steps(column.bottom, column.top, settings.dz);
-  });
+  Visit_Columns(settings, terrain, canopy,
+                [&count](const MeshColumn& column) { count += column.points; });
   Require_Room(count, "points");
   MeshTable mesh;
   mesh.reserve(static_cast<std::size_t>(count));
   Visit_Columns(settings, terrain, canopy, [&](const MeshColumn& column) {
-    For_Each_Step(column.bottom, column.top, settings.dz, [&](double Z) {
-      mesh.push_back({column.X, column.Y, Z});
-    });
+    const auto steps = static_cast<long>(column.points);
+    for (long k = 0; k < steps; ++k) {
+      mesh.push_back({column.X, column.Y, column.bottom + static_cast<double>(k) * settings.dz});
+    }
   });
   return mesh;
 }

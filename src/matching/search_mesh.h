@@ -27,13 +27,13 @@ using HeightLookup = std::function<double(double X, double Y)>;
 
 inline constexpr double kMostMeshPoints = 50'000'000;
 
-/// Points in the order of u (from -side / 2 to a thousandth of a metre above side / 2, rotated X),
-/// v (likewise, Y) and Z. Each step adds the spacing to the one before, so the upper end of a
-/// column is met or missed as the sums are rounded. A column whose canopy lies below the ground
-/// has no points.
+/// Points in the order of u (from -side / 2 to side / 2, rotated X), v (likewise, Y) and Z. The
+/// k-th step lies at start + k spacing, not at a running sum; the ends count although rounding
+/// misses them by a thousandth of a metre (u, v) or a millionth of the spacing (Z). A column whose
+/// canopy lies below the ground has no points.
 ///
-/// RunTimeError(BadContent) naming a spacing that is not above 0 or is lost beside the place it
-/// is added to; RunTimeError(OutOfMemory) with the count of points or columns above 50 million.
+/// RunTimeError(BadContent) naming a spacing that is not above 0; RunTimeError(OutOfMemory) with
+/// the count of points or columns above 50 million.
 MeshTable Build_Mesh(const MeshSettings& settings, const HeightLookup& terrain,
                      const HeightLookup& canopy);
 

@@ -85,26 +85,6 @@ TEST(SearchMesh, TheFarEndIsReachedAlthoughTheSpacingIsNoBinaryFraction) {
   EXPECT_NEAR(mesh.back().Z, 0.4, 1e-12);
 }
 
-TEST(SearchMesh, StepsAreRunningSums) {
-  // 113.8, 114.2, ...: the sum that would meet the top, 123, is rounded to above it.
-  MeshSettings settings = Settings(0, 0.4);
-  const MeshTable mesh = Build_Mesh(settings, Level(100), Level(120));
-  const double top = 100 + 1.15 * 20, bottom = 100 + 0.6 * (top - 100);
-  std::vector<double> sums;
-  for (double Z = bottom; Z <= top; Z += 0.4) sums.push_back(Z);
-  ASSERT_EQ(mesh.size(), sums.size());
-  EXPECT_EQ(mesh.size(), 23U);
-  for (std::size_t k = 0; k < sums.size(); ++k) EXPECT_EQ(mesh[k].Z, sums[k]);
-}
-
-TEST(SearchMesh, ASpacingThatIsLostInTheHeightIsNamed) {
-  MeshSettings settings = Settings(0, 1);
-  settings.dz = 1e-15;
-  const std::string text =
-      Failure_Of(Failure::BadContent, [&] { Build_Mesh(settings, Level(1e6), Level(1e6 + 1e-9)); });
-  EXPECT_NE(text.find("too small"), std::string::npos) << text;
-}
-
 TEST(SearchMesh, TurnsAboutThePlotFromXTowardsY) {
   MeshSettings settings = Settings(4, 4);
   settings.rotation = std::numbers::pi / 6;
