@@ -22,6 +22,9 @@ struct Equations {
 };
 
 Equations Form_Equations(std::span<const FilmObservation> observations, const Point3D& point) {
+  if (observations.size() > kMaxImages) {
+    Throw_Subscript(static_cast<long long>(observations.size()), 1, kMaxImages);
+  }
   Equations e;
   for (const FilmObservation& o : observations) {
     const CollinearityPartials p =
@@ -115,19 +118,19 @@ void Estimate_Precision(double sum_of_squares, int images, IntersectionResult& r
 
 }  // namespace
 
-IntersectionResult Intersect_Rays(std::span<const FilmObservation> observations,
-                                  const Point3D& start, const IntersectionSettings& settings,
+IntersectionResult Intersect_Rays(const ObservationSource& take_observations, const Point3D& start,
+                                  const IntersectionSettings& settings,
                                   const std::function<void()>& before_next_pass) {
-  if (observations.size() > kMaxImages) {
-    Throw_Subscript(static_cast<long long>(observations.size()), 1, kMaxImages);
-  }
   IntersectionResult result;
   result.point = start;
+  int images = 0;
   double sum_of_squares = 0;
   bool another_pass = true;
   while (another_pass && result.passes < settings.max_passes) {
     ++result.passes;
+    const std::span<const FilmObservation> observations = take_observations();
     const Equations equations = Form_Equations(observations, result.point);
+    images = equations.rows / 2;
     sum_of_squares = equations.sum_of_squares;
     if (!Solve(equations, result)) {
       result.singular = true;
@@ -140,8 +143,15 @@ IntersectionResult Intersect_Rays(std::span<const FilmObservation> observations,
     }
   }
   Apply_Corrections(result);
-  Estimate_Precision(sum_of_squares, static_cast<int>(observations.size()), result);
+  Estimate_Precision(sum_of_squares, images, result);
   return result;
+}
+
+IntersectionResult Intersect_Rays(std::span<const FilmObservation> observations,
+                                  const Point3D& start, const IntersectionSettings& settings,
+                                  const std::function<void()>& before_next_pass) {
+  return Intersect_Rays([observations] { return observations; }, start, settings,
+                        before_next_pass);
 }
 
 }  // namespace sylvomex

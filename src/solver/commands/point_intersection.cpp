@@ -53,9 +53,10 @@ FilmObservation Observation_Of(const Workspace& w, int image) {
           Parse_Double(w.Form1.Text1(2 * image + 1).Text)};
 }
 
-// The film observations of the text boxes; their pixels go to the record.
-std::vector<FilmObservation> Take_Observations(Workspace& w, const std::vector<int>& images) {
-  std::vector<FilmObservation> observations;
+// The film observations of the text boxes as they stand; their pixels go to the record.
+void Take_Observations(Workspace& w, const std::vector<int>& images,
+                       std::vector<FilmObservation>& observations) {
+  observations.clear();
   int slot = 0;
   for (const int k : images) {
     const FilmObservation observation = Observation_Of(w, k);
@@ -67,16 +68,30 @@ std::vector<FilmObservation> Take_Observations(Workspace& w, const std::vector<i
     ++slot;
   }
   for (; slot <= 8; ++slot) w.Observation.Cols(slot) = w.Observation.Rows(slot) = 0;
-  return observations;
 }
 
-IntersectionResult Solve(Workspace& w, const std::vector<FilmObservation>& observations) {
-  const Point3D start{w.Solution3D.X, w.Solution3D.Y, w.Solution3D.Z - 0.03};
+IntersectionSettings Limits_Of(const Options& options) {
   IntersectionSettings settings;
-  settings.stop_dx = w.options.IterationStopDX;
-  settings.stop_dy = w.options.IterationStopDY;
-  settings.stop_dz = w.options.IterationStopDZ;
-  return Intersect_Rays(observations, start, settings, [&w] { w.screen->Service_Events(); });
+  settings.stop_dx = options.IterationStopDX;
+  settings.stop_dy = options.IterationStopDY;
+  settings.stop_dz = options.IterationStopDZ;
+  return settings;
+}
+
+// Events between the passes may change the boxes and the limits: both are read anew.
+IntersectionResult Solve(Workspace& w, const std::vector<int>& images) {
+  const Point3D start{w.Solution3D.X, w.Solution3D.Y, w.Solution3D.Z - 0.03};
+  IntersectionSettings settings = Limits_Of(w.options);
+  std::vector<FilmObservation> observations;
+  const auto read_boxes = [&]() -> std::span<const FilmObservation> {
+    Take_Observations(w, images, observations);
+    return observations;
+  };
+  const auto service_events = [&] {
+    w.screen->Service_Events();
+    settings = Limits_Of(w.options);
+  };
+  return Intersect_Rays(read_boxes, start, settings, service_events);
 }
 
 // Rays that meet no point, or a point behind all reason, end the command before it has changed
@@ -156,7 +171,7 @@ void Point_Intersection(Workspace& w) {
     return;
   }
   w.Observation.ImageCount = static_cast<std::uint8_t>(images.size());
-  const IntersectionResult result = Solve(w, Take_Observations(w, images));
+  const IntersectionResult result = Solve(w, images);
   if (result.singular) {
     Report_Singular(w);
     return;
