@@ -83,6 +83,9 @@ bool Solve(const Equations& e, IntersectionResult& result) {
   if (!MMUL_D(e.design, e.rows, 3, at, 3, e.rows, normal)) return false;
   const double det = Determinant_3(normal);
   if (std::abs(det) < kSmallestDeterminant) return false;
+  if (!std::isfinite(det)) {
+    throw RunTimeError(Failure::Overflow, "the determinant of the normal matrix is out of range");
+  }
 
   const Matrix<3, 3> inverse = Inverse_Of_Symmetric(normal, det);
   Matrix<3, kMaxRows> product;
@@ -150,8 +153,7 @@ IntersectionResult Intersect_Rays(const ObservationSource& take_observations, co
 IntersectionResult Intersect_Rays(std::span<const FilmObservation> observations,
                                   const Point3D& start, const IntersectionSettings& settings,
                                   const std::function<void()>& before_next_pass) {
-  return Intersect_Rays([observations] { return observations; }, start, settings,
-                        before_next_pass);
+  return Intersect_Rays([observations] { return observations; }, start, settings, before_next_pass);
 }
 
 }  // namespace sylvomex

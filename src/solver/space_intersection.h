@@ -57,7 +57,7 @@ using ObservationSource = std::function<std::span<const FilmObservation>()>;
 /// pass limit the last corrections are applied twice. before_next_pass is called after each pass
 /// whose corrections ask for another one, the last allowed pass included; it may change the
 /// settings, which every test reads anew. Observations that are not numbers end the iteration
-/// and show in the result.
+/// and show in the result; RunTimeErrors of Collinearity_Partials pass.
 IntersectionResult Intersect_Rays(const ObservationSource& take_observations, const Point3D& start,
                                   const IntersectionSettings& settings,
                                   const std::function<void()>& before_next_pass = {});

@@ -2,12 +2,12 @@
 #include "solver/commands/point_intersection.h"
 
 #include <cmath>
-#include <limits>
 #include <string>
 #include <vector>
 
 #include "crowns/commands/multi_size_check.h"
 #include "platform/number_text.h"
+#include "platform/rounding.h"
 #include "solver/commands/solution_texts.h"
 #include "solver/space_intersection.h"
 #include "workspace/panes/pane_drawing.h"
@@ -18,14 +18,6 @@ namespace {
 
 constexpr Colour kGoodResult{10, 150, 20};
 constexpr Colour kSuspectResult{255, 50, 30};
-
-// A record field holds single precision.
-float To_Single(double value) {
-  if (std::abs(value) > std::numeric_limits<float>::max()) {
-    throw RunTimeError(Failure::Overflow, Plain_Text(value) + " in single precision");
-  }
-  return static_cast<float>(value);
-}
 
 std::vector<int> Ticked_Images(const Workspace& w) {
   std::vector<int> images;
@@ -94,13 +86,13 @@ IntersectionResult Solve(Workspace& w, const std::vector<int>& images) {
   return Intersect_Rays(read_boxes, start, settings, service_events);
 }
 
-// Rays that meet no point, or a point behind all reason, end the command before it has changed
+// Rays that meet only behind all reason end the command before it has changed
 // the solution.
 void Require_Finite(const IntersectionResult& result) {
   for (const double value : {result.point.X, result.point.Y, result.point.Z, result.rmse_um,
                              result.std_x, result.std_y, result.std_z}) {
     if (!std::isfinite(value)) {
-      throw RunTimeError(Failure::DivisionByZero,
+      throw RunTimeError(Failure::Overflow,
                          "the rays of the ticked images have no finite intersection");
     }
   }
