@@ -5,6 +5,7 @@
 
 #include <cmath>
 
+#include "support/failure_of.h"
 #include "support/synthetic_block.h"
 
 namespace sylvomex {
@@ -287,6 +288,18 @@ TEST(PointIntersection, TextThatIsNoNumberEndsTheCommand) {
     }
     EXPECT_EQ(b.w.Solution3D.X, 99);
   }
+}
+
+TEST(PointIntersection, TextThatIsNoNumberNamesItsBoxAndImage) {
+  const auto failure = [](int box, const char* text) {
+    StereoPair b;
+    b.Observe_With_Parallax(0);
+    b.w.Form1.Text1(box).Text = text;
+    return Failure_Of([&b] { Point_Intersection(b.w); });
+  };
+  EXPECT_EQ(failure(2, "abc"), "Type mismatch: Text1(2) of image 1: \"abc\" is not a number");
+  EXPECT_EQ(failure(1, ""), "Type mismatch: Text1(1) of image 0: an empty text is not a number");
+  EXPECT_EQ(failure(3, "1e999"), "Overflow: Text1(3) of image 1: \"1e999\" is too large");
 }
 
 TEST(PointIntersection, RaysWithoutAFinitePointLeaveTheSolution) {

@@ -11,6 +11,7 @@
 #include "solver/commands/solution_texts.h"
 #include "solver/space_intersection.h"
 #include "workspace/panes/pane_drawing.h"
+#include "workspace/state/box_numbers.h"
 #include "workspace/state/camera_access.h"
 
 namespace sylvomex {
@@ -40,9 +41,8 @@ void Record_Images(Workspace& w, const std::vector<int>& images) {
 }
 
 FilmObservation Observation_Of(const Workspace& w, int image) {
-  return {&w.ImageBlock(image), &w.RotationTable(image),
-          Parse_Double(w.Form1.Text1(2 * image).Text),
-          Parse_Double(w.Form1.Text1(2 * image + 1).Text)};
+  const MeasuredFilm film = Film_In_Boxes(w, image);
+  return {&w.ImageBlock(image), &w.RotationTable(image), film.x, film.y};
 }
 
 // The film observations of the text boxes as they stand; their pixels go to the record.
@@ -145,10 +145,9 @@ void Dot_Solution(Workspace& w) {
 
 // The solution for the film position in the text boxes of the current image at height Z.
 Point3D Cut_Ray_At(const Workspace& w, int image, double Z) {
-  const double x = Parse_Double(w.Form1.Text1(2 * image).Text);
-  const double y = Parse_Double(w.Form1.Text1(2 * image + 1).Text);
+  const MeasuredFilm film = Film_In_Boxes(w, image);
   Point3D point{0, 0, Z};
-  Image_To_Object_At_Z(w, image, Z, x, y, point.X, point.Y);
+  Image_To_Object_At_Z(w, image, Z, film.x, film.y, point.X, point.Y);
   return point;
 }
 
