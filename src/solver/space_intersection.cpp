@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "platform/checked_arithmetic.h"
 #include "solver/small_matrix.h"
 
 namespace sylvomex {
@@ -83,9 +84,8 @@ bool Solve(const Equations& e, IntersectionResult& result) {
   if (!MMUL_D(e.design, e.rows, 3, at, 3, e.rows, normal)) return false;
   const double det = Determinant_3(normal);
   if (std::abs(det) < kSmallestDeterminant) return false;
-  if (!std::isfinite(det)) {
-    throw RunTimeError(Failure::Overflow, "the determinant of the normal matrix is out of range");
-  }
+  Finite_Result(det, "the determinant of the normal matrix", result.point.X, result.point.Y,
+                result.point.Z);
 
   const Matrix<3, 3> inverse = Inverse_Of_Symmetric(normal, det);
   Matrix<3, kMaxRows> product;
