@@ -99,6 +99,14 @@ TEST(ImageHeader, NegativeBandCountIsASubscript) {
   Expect_Failure(Failure::SubscriptOutOfRange, [] { Read(Start() + "-1\n"); });
 }
 
+TEST(ImageHeader, RawFileWithoutANameIsToldWithFileLineAndItem) {
+  for (const char* name : {"\"\"", "\"  \""}) {
+    const std::string text = Expect_Failure(
+        Failure::FileNotFound, [&] { Read(Changed("\"c:\\data\\air photo.raw\"", name)); });
+    EXPECT_TRUE(Contains(text, "block.hdr, line 3, item 4: no raw file is named")) << text;
+  }
+}
+
 TEST(ImageHeader, MissingItemIsInputPastEnd) {
   const std::string text = Expect_Failure(Failure::InputPastEnd, [] { Read(Start()); });
   EXPECT_TRUE(Contains(text, "block.hdr")) << text;
