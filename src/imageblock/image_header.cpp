@@ -45,10 +45,10 @@ void Read_Orientation(ListReader& header, ImageRecord& image) {
 
 void Read_Bands(ListReader& header, ImageRecord& image) {
   image.BandCount = header.Read_Int32();
-  if (image.BandCount < 0 || image.BandCount > kMostBands) {
+  if (image.BandCount > kMostBands) {
     throw header.Failure_Here(Failure::SubscriptOutOfRange,
-                              std::to_string(image.BandCount) + " related rasters, allowed are 0 to " +
-                                  std::to_string(kMostBands));
+                              std::to_string(image.BandCount) + " related rasters, at most " +
+                                  std::to_string(kMostBands) + " are allowed");
   }
   for (std::int32_t band = 0; band < image.BandCount; ++band) {
     image.BandType(band) = header.Read_Int32();
