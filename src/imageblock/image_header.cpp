@@ -15,6 +15,9 @@ void Read_Extent(ListReader& header, ImageRecord& image) {
   image.SubWidth = header.Read_Double();
   image.SubHeight = header.Read_Double();
   image.RawFileName = header.Read_Text();
+  if (image.RawFileName.Trimmed().empty()) {
+    throw header.Failure_Here(Failure::FileNotFound, "no raw file is named");
+  }
   image.ColorFlag = header.Read_Byte();
   image.StartCol = header.Read_Int16();
   image.StartRow = header.Read_Int16();
@@ -42,10 +45,10 @@ void Read_Orientation(ListReader& header, ImageRecord& image) {
 
 void Read_Bands(ListReader& header, ImageRecord& image) {
   image.BandCount = header.Read_Int32();
-  if (image.BandCount < 0 || image.BandCount > kMostBands) {
-    throw RunTimeError(Failure::SubscriptOutOfRange,
-                       header.Where() + ": " + std::to_string(image.BandCount) +
-                           " related rasters, allowed are 0 to " + std::to_string(kMostBands));
+  if (image.BandCount > kMostBands) {
+    throw header.Failure_Here(Failure::SubscriptOutOfRange,
+                              std::to_string(image.BandCount) + " related rasters, at most " +
+                                  std::to_string(kMostBands) + " are allowed");
   }
   for (std::int32_t band = 0; band < image.BandCount; ++band) {
     image.BandType(band) = header.Read_Int32();

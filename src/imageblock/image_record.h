@@ -41,7 +41,7 @@ struct ImageRecord {
   double SunAzimuth = 0;    // radians from north, clockwise
   double SunElevation = 0;  // radians above the horizon
   FixedText<60> ImageComment;
-  std::int32_t BandCount = 0;  // related rasters listed, 0 to 4
+  std::int32_t BandCount = 0;  // related rasters listed, at most 4; below 1 none
   Table<FixedText<60>, 0, 3> BandFile;
   Table<std::int32_t, 0, 3> BandType;
   Table<std::int32_t, 0, 3> BandWidth;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "imageblock/pane_view.h"
 
+#include "platform/checked_arithmetic.h"
+
 namespace sylvomex {
 namespace {
 
@@ -13,7 +15,7 @@ double Top_Row(const ImageRecord& image, const PaneView& view) {
 }
 
 double Pane_To_Col(const ImageRecord& image, const PaneView& view, double px) {
-  return Left_Col(image, view) + px * (1 / view.ZoomX);
+  return Left_Col(image, view) + px * Raw_Pixels_Per_Pane_Pixel(view.ZoomX);
 }
 
 double Col_To_Pane(const ImageRecord& image, const PaneView& view, double col) {
@@ -22,14 +24,18 @@ double Col_To_Pane(const ImageRecord& image, const PaneView& view, double col) {
 
 }  // namespace
 
+double Raw_Pixels_Per_Pane_Pixel(double zoom) {
+  return Quotient(1, zoom, "a pane without an image has no zoom");
+}
+
 FullImagePosition Pane_To_Full_Image(const ImageRecord& image, const PaneView& view, double px,
                                      double py) {
   const double top_row = (image.FullHeight - 1) - Top_Row(image, view);
-  return {Pane_To_Col(image, view, px), top_row - py * (1 / view.ZoomY)};
+  return {Pane_To_Col(image, view, px), top_row - py * Raw_Pixels_Per_Pane_Pixel(view.ZoomY)};
 }
 
 double Pane_To_Top_Down_Row(const ImageRecord& image, const PaneView& view, double py) {
-  return Top_Row(image, view) + py * (1 / view.ZoomY);
+  return Top_Row(image, view) + py * Raw_Pixels_Per_Pane_Pixel(view.ZoomY);
 }
 
 PanePosition Full_Image_To_Pane(const ImageRecord& image, const PaneView& view, double col,
@@ -41,7 +47,7 @@ PanePosition Full_Image_To_Pane(const ImageRecord& image, const PaneView& view, 
 FullImagePosition Correlation_Pane_To_Full_Image(const ImageRecord& correlation,
                                                  const PaneView& view, double px, double py) {
   const double top_row = correlation.SubRowOrigin - view.ViewRow;
-  return {Pane_To_Col(correlation, view, px), top_row - py * (1 / view.ZoomY)};
+  return {Pane_To_Col(correlation, view, px), top_row - py * Raw_Pixels_Per_Pane_Pixel(view.ZoomY)};
 }
 
 PanePosition Full_Image_To_Correlation_Pane(const ImageRecord& correlation, const PaneView& view,

@@ -30,7 +30,11 @@ struct PanePosition {
   double py = 0;
 };
 
-/// Pane position to full image. The view's zoom must not be 0.
+/// Raw pixels a pane pixel, 1 / zoom. RunTimeError(DivisionByZero) for the zoom 0 of a pane
+/// without an image, here and wherever a pane position becomes one of the full image.
+double Raw_Pixels_Per_Pane_Pixel(double zoom);
+
+/// Pane position to full image.
 FullImagePosition Pane_To_Full_Image(const ImageRecord& image, const PaneView& view, double px,
                                      double py);
 

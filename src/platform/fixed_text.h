@@ -1,37 +1,37 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <array>
 #include <string>
 #include <string_view>
 
+#include "platform/characters.h"
+
 namespace sylvomex {
 
-/// A text field of N characters: longer texts are cut, shorter ones padded with blanks.
+/// A text field of N characters (not bytes): longer texts are cut, shorter ones padded with
+/// blanks.
 template <std::size_t N>
 class FixedText {
  public:
-  FixedText() { characters_.fill(' '); }
+  FixedText() = default;
   explicit FixedText(std::string_view text) { *this = text; }
 
   FixedText& operator=(std::string_view text) {
-    characters_.fill(' ');
-    text.copy(characters_.data(), N);
+    text_ = Left_Characters(text, N);
+    text_.erase(text_.find_last_not_of(' ') + 1);
     return *this;
   }
 
   /// All N characters, padding included.
-  [[nodiscard]] std::string Padded() const { return {characters_.data(), N}; }
-
-  /// Without the trailing blanks.
-  [[nodiscard]] std::string Trimmed() const {
-    std::string text = Padded();
-    text.erase(text.find_last_not_of(' ') + 1);
-    return text;
+  [[nodiscard]] std::string Padded() const {
+    return text_ + std::string(N - Character_Count(text_), ' ');
   }
 
+  /// Without the trailing blanks.
+  [[nodiscard]] const std::string& Trimmed() const { return text_; }
+
  private:
-  std::array<char, N> characters_;
+  std::string text_;
 };
 
 }  // namespace sylvomex

@@ -9,7 +9,6 @@
 #include "platform/files.h"
 #include "platform/number_text.h"
 #include "platform/rounding.h"
-#include "platform/run_time_error.h"
 
 namespace sylvomex {
 
@@ -54,6 +53,10 @@ bool ListReader::At_End() const {
 
 std::string ListReader::Where() const {
   return name_ + ", line " + std::to_string(item_line_) + ", item " + std::to_string(item_);
+}
+
+RunTimeError ListReader::Failure_Here(Failure kind, const std::string& cause) const {
+  return RunTimeError(kind, Where() + ": " + cause, native_);
 }
 
 void ListReader::Skip_Blanks() {

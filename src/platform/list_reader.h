@@ -16,6 +16,7 @@
 #include <string_view>
 
 #include "platform/drive_map.h"
+#include "platform/run_time_error.h"
 
 namespace sylvomex {
 
@@ -63,6 +64,10 @@ class ListReader {
 
   /// "<file>, line <n>, item <m>" of the item read last, for messages of the callers.
   [[nodiscard]] std::string Where() const;
+
+  /// A failure of the callers at the item read last: "<kind>: <Where()>: <cause>", with the
+  /// file's native path.
+  [[nodiscard]] RunTimeError Failure_Here(Failure kind, const std::string& cause) const;
 
  private:
   enum class Ends { AtBlanksToo, AtCommas };

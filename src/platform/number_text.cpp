@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "platform/characters.h"
 #include "platform/rounding.h"
 #include "platform/run_time_error.h"
 
@@ -242,11 +243,12 @@ std::string_view Without_Blanks_Around(std::string_view text) {
 std::string Quoted_For_Message(std::string_view text) {
   constexpr std::size_t kLongest = 40;
   std::string shown = "\"";
-  for (const char c : text.substr(0, kLongest)) {
+  const std::string_view start = Left_Characters(text, kLongest);
+  for (const char c : start) {
     const bool is_control = static_cast<unsigned char>(c) < 0x20 || c == 0x7f;
     shown += is_control ? '?' : c;
   }
-  shown += text.size() > kLongest ? "...\"" : "\"";
+  shown += text.size() > start.size() ? "...\"" : "\"";
   return shown;
 }
 

@@ -43,4 +43,11 @@ std::int32_t To_Int32(double value) { return To_Integer<std::int32_t>(value); }
 
 std::uint8_t To_Byte(double value) { return To_Integer<std::uint8_t>(value); }
 
+float To_Single(double value) {
+  if (std::abs(value) > std::numeric_limits<float>::max()) {
+    throw RunTimeError(Failure::Overflow, Plain_Text(value) + " in single precision");
+  }
+  return static_cast<float>(value);
+}
+
 }  // namespace sylvomex

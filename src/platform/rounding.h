@@ -20,4 +20,8 @@ std::int32_t To_Int32(double value);
 /// The same for unsigned bytes, 0 .. 255.
 std::uint8_t To_Byte(double value);
 
+/// The nearest single-precision number; RunTimeError(Overflow) naming the value when it is out
+/// of range. What is no number stays none.
+float To_Single(double value);
+
 }  // namespace sylvomex

@@ -70,6 +70,7 @@ std::optional<ScriptStep> ScriptReader::Next() {
     std::vector<ScriptWord> words = Split_Line(line);
     if (!words.empty()) return ScriptStep{line_, std::move(words)};
   }
+  if (script_.bad()) throw ScriptSyntaxError("the script cannot be read any further");
   return std::nullopt;
 }
 

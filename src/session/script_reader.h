@@ -41,7 +41,8 @@ class ScriptReader {
  public:
   explicit ScriptReader(std::istream& script) : script_(script) {}
 
-  /// The next step; nothing at the end of the script. Raises ScriptSyntaxError.
+  /// The next step; nothing at the end of the script. Raises ScriptSyntaxError, also when the
+  /// script cannot be read to its end.
   std::optional<ScriptStep> Next();
 
   /// Number of the line that was read last.

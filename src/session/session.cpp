@@ -46,6 +46,13 @@ struct Session {
   std::optional<RecorderScreen> recorder_screen;
 };
 
+// A file that cannot be read, a folder for instance, leaves the stream failed.
+std::ifstream Open_Script(const std::filesystem::path& path) {
+  std::ifstream file(path);
+  if (file) file.peek();
+  return file;
+}
+
 bool Open_Record(Session& session, const SessionOptions& options) {
   if (options.record.empty()) return true;
   session.record.open(File_Argument(session.w->Drives, options.record));
@@ -136,7 +143,7 @@ int Run_Session(const SessionOptions& options, const SessionStreams& streams,
   Session session(options, streams);
   std::ifstream file;
   const bool from_file = options.script != kInputStream;
-  if (from_file) file.open(File_Argument(session.w->Drives, options.script));
+  if (from_file) file = Open_Script(File_Argument(session.w->Drives, options.script));
   if (!file) {
     streams.err << "cannot read the script " << options.script << '\n';
     return kStepFailed;
@@ -174,7 +181,7 @@ void Play_All(ScriptReader& reader, StepPlayer& player) {
 
 bool Play_Over_Block(Workspace& w, const std::filesystem::path& script, std::ostream& transcript,
                      std::ostream& err, Recorder* recorder) {
-  std::ifstream file(script);
+  std::ifstream file = Open_Script(script);
   if (!file) {
     err << "cannot read the script " << script << '\n';
     return false;

@@ -39,11 +39,12 @@ std::string Value_Text(const FixedText<N>& text) {
   return text.Trimmed();
 }
 
-/// Several values, separated by blanks.
+/// Several values, separated by blanks; an empty one keeps its place.
 template <class... Values>
 std::string Value_Texts(const Values&... values) {
   std::string texts;
-  ((texts += (texts.empty() ? "" : " ") + Value_Text(values)), ...);
+  ((texts += Value_Text(values) + " "), ...);
+  texts.pop_back();
   return texts;
 }
 

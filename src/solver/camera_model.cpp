@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "solver/camera_model.h"
 
+#include <algorithm>
 #include <cmath>
+#include <string>
+
+#include "platform/checked_arithmetic.h"
 
 namespace sylvomex {
 namespace {
@@ -18,6 +22,20 @@ CameraAxes To_Camera_Axes(const ImageRecord& image, const RotationMatrix& m, dou
   const double dZ = Z - image.Z0;
   return {m.m11 * dX + m.m12 * dY + m.m13 * dZ, m.m21 * dX + m.m22 * dY + m.m23 * dZ,
           m.m31 * dX + m.m32 * dY + m.m33 * dZ};
+}
+
+std::string About_Image(const ImageRecord& image, const char* fact) {
+  return "image " + std::to_string(image.ImageId) + ": " + fact;
+}
+
+/// Results that finite inputs drove out of range end the calculation.
+template <std::size_t N, class... Inputs>
+void Require_Finite(const ImageRecord& image, const char* what, const double (&results)[N],
+                    Inputs... inputs) {
+  if (std::ranges::all_of(results, [](double r) { return std::isfinite(r); })) return;
+  if ((std::isfinite(inputs) && ...)) {
+    throw RunTimeError(Failure::Overflow, About_Image(image, what) + " is out of range");
+  }
 }
 
 }  // namespace
@@ -42,14 +60,20 @@ RotationMatrix Build_Rotation_Matrix(double omega, double phi, double kappa) {
 void Image_To_Pixel(const ImageRecord& image, double x, double y, double& col, double& row) {
   col = image.AffineA1 * x + image.AffineA2 * y + image.AffineA0;
   row = image.AffineB1 * x + image.AffineB2 * y + image.AffineB0;
+  Require_Finite(image, "the pixel position", {col, row}, x, y);
 }
 
 void Pixel_To_Image(const ImageRecord& image, double col, double row, double& x, double& y) {
   const double d = image.AffineA1 * image.AffineB2 - image.AffineA2 * image.AffineB1;
+  if (d == 0) {
+    throw RunTimeError(Failure::DivisionByZero,
+                       About_Image(image, "the affine from film to pixels is singular"));
+  }
   const double dcol = col - image.AffineA0;
   const double drow = row - image.AffineB0;
   x = (image.AffineB2 * dcol - image.AffineA2 * drow) / d;
   y = (image.AffineA1 * drow - image.AffineB1 * dcol) / d;
+  Require_Finite(image, "the film position of a pixel", {d, x, y}, col, row);
 }
 
 void Object_To_Image(const ImageRecord& image, const RotationMatrix& m, double X, double Y,
@@ -62,6 +86,7 @@ void Object_To_Image(const ImageRecord& image, const RotationMatrix& m, double X
   }
   x = (-c) * point.r / point.q;
   y = (-c) * point.s / point.q;
+  Require_Finite(image, "the film position of an object point", {point.q, x, y}, X, Y, Z);
 }
 
 void Object_To_Pixel(const ImageRecord& image, const RotationMatrix& m, double X, double Y,
@@ -80,6 +105,18 @@ void Image_To_Object_At_Z(const ImageRecord& image, const RotationMatrix& m, dou
   const double dZ = Z - image.Z0;
   X = image.X0 + dZ * (m.m11 * x + m.m21 * y + m.m31 * t) / q;
   Y = image.Y0 + dZ * (m.m12 * x + m.m22 * y + m.m32 * t) / q;
+  Require_Finite(image, "the ground position", {q, X, Y}, Z, x, y);
+}
+
+double Scale_Number(const ImageRecord& image, double Z) {
+  const double c = image.PrincipalDistance;
+  if (c == 0) {
+    throw RunTimeError(Failure::DivisionByZero,
+                       About_Image(image, "no scale with a principal distance of 0"));
+  }
+  const double scale = (image.Z0 - Z) / c;
+  Require_Finite(image, "the scale number", {scale}, Z);
+  return scale;
 }
 
 CollinearityPartials Collinearity_Partials(const ImageRecord& image, const RotationMatrix& m,
@@ -87,6 +124,11 @@ CollinearityPartials Collinearity_Partials(const ImageRecord& image, const Rotat
                                            double measured_y) {
   const auto [r, s, q] = To_Camera_Axes(image, m, X, Y, Z);
   const double c = image.PrincipalDistance;
+  if (q * q == 0) {
+    throw RunTimeError(
+        Failure::DivisionByZero,
+        About_Image(image, "the working point lies in the plane of the projection centre"));
+  }
   const double scale = c / (q * q);
   CollinearityPartials p;
   p.ax1 = scale * (m.m11 * q - m.m31 * r);
@@ -97,14 +139,18 @@ CollinearityPartials Collinearity_Partials(const ImageRecord& image, const Rotat
   p.ay3 = scale * (m.m23 * q - m.m33 * s);
   p.lx = (-c) * r / q - measured_x;
   p.ly = (-c) * s / q - measured_y;
+  Require_Finite(image, "the linearised projection of the working point",
+                 {q * q, p.ax1, p.ay1, p.ax2, p.ay2, p.ax3, p.ay3, p.lx, p.ly}, X, Y, Z, measured_x,
+                 measured_y);
   return p;
 }
 
 void Rotate_And_Project(double x, double y, double z, double c, const double (&r)[3][3], double& u,
                         double& v) {
+  constexpr const char* kParallel = "a ray is parallel to the plane of the normalised image";
   const double den = x * r[2][0] + y * r[2][1] - z * r[2][2];
-  u = (-c) * (x * r[0][0] + y * r[0][1] - z * r[0][2]) / den;
-  v = (-c) * (x * r[1][0] + y * r[1][1] - z * r[1][2]) / den;
+  u = Quotient((-c) * (x * r[0][0] + y * r[0][1] - z * r[0][2]), den, kParallel);
+  v = Quotient((-c) * (x * r[1][0] + y * r[1][1] - z * r[1][2]), den, kParallel);
 }
 
 }  // namespace sylvomex

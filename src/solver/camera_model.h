@@ -3,6 +3,9 @@
 //
 // Object X east, Y north, Z up, metres, right-handed. Film x, y and the principal distance c
 // in metres; the camera looks along -z. Full-image col to the right, row from the bottom.
+// A division by zero that a formula does not guard is a RunTimeError(DivisionByZero), a result out
+// of the range of a double from finite numbers a RunTimeError(Overflow); both name the image.
+// What is no number on the way in is none on the way out.
 // Formulas: Kraus, Photogrammetry (2007), section 2.1.3 (collinearity); Wolf and Dewitt,
 // Elements of Photogrammetry (2000), appendix C (sequential omega, phi, kappa) and D.
 #pragma once
@@ -24,7 +27,7 @@ RotationMatrix Build_Rotation_Matrix(double omega, double phi, double kappa);
 /// col = A1 x + A2 y + A0, row = B1 x + B2 y + B0.
 void Image_To_Pixel(const ImageRecord& image, double x, double y, double& col, double& row);
 
-/// The exact inverse; no guard against a singular affine.
+/// The exact inverse. A singular affine is a division by zero.
 void Pixel_To_Image(const ImageRecord& image, double col, double row, double& x, double& y);
 
 /// Collinearity. When the denominator is exactly 0 (or c is 0) x receives -1 if the incoming
@@ -41,8 +44,13 @@ void Object_To_Pixel(const ImageRecord& image, const RotationMatrix& m, double X
 void Image_To_Object_At_Z(const ImageRecord& image, const RotationMatrix& m, double Z, double x,
                           double y, double& X, double& Y);
 
+/// Denominator of the scale 1 : n at elevation Z, (Z0 - Z) / c. A principal distance of 0 is a
+/// division by zero.
+double Scale_Number(const ImageRecord& image, double Z);
+
 /// One image's rows of A d = l: coefficients of X (1), Y (2), Z (3) for film x and y, and the
-/// misclosures computed minus measured.
+/// misclosures computed minus measured. A point in the plane of the projection centre is a
+/// division by zero.
 struct CollinearityPartials {
   double ax1 = 0, ay1 = 0, ax2 = 0, ay2 = 0, ax3 = 0, ay3 = 0;
   double lx = 0, ly = 0;
@@ -51,7 +59,8 @@ CollinearityPartials Collinearity_Partials(const ImageRecord& image, const Rotat
                                            double X, double Y, double Z, double measured_x,
                                            double measured_y);
 
-/// Plane-to-plane transform of normalised images; r has R(row, column) at r[row-1][column-1].
+/// Plane-to-plane transform of normalised images; r has R(row, column) at r[row-1][column-1]. A
+/// ray parallel to the new plane is a division by zero.
 void Rotate_And_Project(double x, double y, double z, double c, const double (&r)[3][3], double& u,
                         double& v);
 

@@ -4,12 +4,15 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/checked_arithmetic.h"
 #include "platform/number_text.h"
 #include "platform/rounding.h"
 #include "platform/table.h"
 
 namespace sylvomex {
 namespace {
+
+constexpr const char* kNoDirection = "a vector of length 0 has no direction";
 
 void Tell(const Report& report, std::string_view sentence) {
   if (report) report(sentence);
@@ -89,20 +92,22 @@ double Safe_Sqrt(double a, const Report& report) {
   return std::sqrt(a);
 }
 
-double Vector_Length(const Vector3& v) { return std::sqrt(v.x * v.x + v.y * v.y + v.z * v.z); }
+double Vector_Length(const Vector3& v) {
+  return Finite_Result(std::sqrt(v.x * v.x + v.y * v.y + v.z * v.z), "the length of a vector", v.x,
+                       v.y, v.z);
+}
 
 double Angle_Between_Vectors(const Vector3& a, const Vector3& b) {
   const double dot = a.x * b.x + a.y * b.y + a.z * b.z;
-  const double cosine = dot / (Vector_Length(a) * Vector_Length(b));
+  const double cosine = Quotient(dot, Vector_Length(a) * Vector_Length(b), kNoDirection);
   // Rounding may carry the cosine of parallel vectors past 1.
   return std::acos(std::clamp(cosine, -1.0, 1.0));
 }
 
 void Normalize_Vector(Vector3& v) {
   const double length = Vector_Length(v);
-  v.x /= length;
-  v.y /= length;
-  v.z /= length;
+  v = {Quotient(v.x, length, kNoDirection), Quotient(v.y, length, kNoDirection),
+       Quotient(v.z, length, kNoDirection)};
 }
 
 void Make_Vector(Vector3& v, double x, double y, double z) { v = {x, y, z}; }

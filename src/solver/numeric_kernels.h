@@ -28,12 +28,14 @@ void Heapsort(std::int32_t n, std::span<const float> values, std::span<std::int3
 /// and answers 0.0001.
 double Safe_Sqrt(double a, const Report& report);
 
+/// RunTimeError(Overflow) when the length of a finite vector is out of range.
 double Vector_Length(const Vector3& v);
 
-/// Radians, by the arc cosine of the normalised dot product. Zero vectors are not guarded.
+/// Radians, by the arc cosine of the normalised dot product. A zero vector is a
+/// RunTimeError(DivisionByZero), here and below.
 double Angle_Between_Vectors(const Vector3& a, const Vector3& b);
 
-/// Divides by the length; the zero vector is not guarded.
+/// Divides by the length.
 void Normalize_Vector(Vector3& v);
 
 void Make_Vector(Vector3& v, double x, double y, double z);

@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "platform/checked_arithmetic.h"
 #include "solver/small_matrix.h"
 
 namespace sylvomex {
@@ -22,6 +23,9 @@ struct Equations {
 };
 
 Equations Form_Equations(std::span<const FilmObservation> observations, const Point3D& point) {
+  if (observations.size() > kMaxImages) {
+    Throw_Subscript(static_cast<long long>(observations.size()), 1, kMaxImages);
+  }
   Equations e;
   for (const FilmObservation& o : observations) {
     const CollinearityPartials p =
@@ -80,6 +84,8 @@ bool Solve(const Equations& e, IntersectionResult& result) {
   if (!MMUL_D(e.design, e.rows, 3, at, 3, e.rows, normal)) return false;
   const double det = Determinant_3(normal);
   if (std::abs(det) < kSmallestDeterminant) return false;
+  Finite_Result(det, "the determinant of the normal matrix", result.point.X, result.point.Y,
+                result.point.Z);
 
   const Matrix<3, 3> inverse = Inverse_Of_Symmetric(normal, det);
   Matrix<3, kMaxRows> product;
@@ -115,19 +121,19 @@ void Estimate_Precision(double sum_of_squares, int images, IntersectionResult& r
 
 }  // namespace
 
-IntersectionResult Intersect_Rays(std::span<const FilmObservation> observations,
-                                  const Point3D& start, const IntersectionSettings& settings,
+IntersectionResult Intersect_Rays(const ObservationSource& take_observations, const Point3D& start,
+                                  const IntersectionSettings& settings,
                                   const std::function<void()>& before_next_pass) {
-  if (observations.size() > kMaxImages) {
-    Throw_Subscript(static_cast<long long>(observations.size()), 1, kMaxImages);
-  }
   IntersectionResult result;
   result.point = start;
+  int images = 0;
   double sum_of_squares = 0;
   bool another_pass = true;
   while (another_pass && result.passes < settings.max_passes) {
     ++result.passes;
+    const std::span<const FilmObservation> observations = take_observations();
     const Equations equations = Form_Equations(observations, result.point);
+    images = equations.rows / 2;
     sum_of_squares = equations.sum_of_squares;
     if (!Solve(equations, result)) {
       result.singular = true;
@@ -140,8 +146,14 @@ IntersectionResult Intersect_Rays(std::span<const FilmObservation> observations,
     }
   }
   Apply_Corrections(result);
-  Estimate_Precision(sum_of_squares, static_cast<int>(observations.size()), result);
+  Estimate_Precision(sum_of_squares, images, result);
   return result;
+}
+
+IntersectionResult Intersect_Rays(std::span<const FilmObservation> observations,
+                                  const Point3D& start, const IntersectionSettings& settings,
+                                  const std::function<void()>& before_next_pass) {
+  return Intersect_Rays([observations] { return observations; }, start, settings, before_next_pass);
 }
 
 }  // namespace sylvomex

@@ -47,12 +47,22 @@ struct IntersectionResult {
   double q33 = 0;
 };
 
-/// observations: 2 to 9, else RunTimeError(SubscriptOutOfRange) above 9. start: first
-/// approximation, used as it is. A pass whose correction in X is exactly 0 counts as not yet
-/// converged. At the pass limit the last corrections are applied twice. before_next_pass is
-/// called after each pass whose corrections ask for another one, the last allowed pass
-/// included; it may change x and y of the observations, which every pass reads anew. Values
-/// that are not numbers end the iteration and show in the result.
+/// Answers the observations of the pass that begins, in the same number at each call; the span
+/// has to live until the next call.
+using ObservationSource = std::function<std::span<const FilmObservation>()>;
+
+/// take_observations: asked at the start of each pass for 2 to 9 observations, else
+/// RunTimeError(SubscriptOutOfRange) above 9; what it throws passes. start: first approximation,
+/// used as it is. A pass whose correction in X is exactly 0 counts as not yet converged. At the
+/// pass limit the last corrections are applied twice. before_next_pass is called after each pass
+/// whose corrections ask for another one, the last allowed pass included; it may change the
+/// settings, which every test reads anew. Observations that are not numbers end the iteration
+/// and show in the result; RunTimeErrors of Collinearity_Partials pass.
+IntersectionResult Intersect_Rays(const ObservationSource& take_observations, const Point3D& start,
+                                  const IntersectionSettings& settings,
+                                  const std::function<void()>& before_next_pass = {});
+
+/// The same for observations that stand in one place all the time.
 IntersectionResult Intersect_Rays(std::span<const FilmObservation> observations,
                                   const Point3D& start, const IntersectionSettings& settings,
                                   const std::function<void()>& before_next_pass = {});

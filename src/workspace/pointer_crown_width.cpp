@@ -3,7 +3,9 @@
 
 #include <cmath>
 
+#include "platform/checked_arithmetic.h"
 #include "platform/number_text.h"
+#include "platform/rounding.h"
 #include "solver/ray_angles.h"
 #include "workspace/panes/pane_drawing.h"
 #include "workspace/state/camera_access.h"
@@ -13,9 +15,10 @@ namespace {
 
 constexpr Colour kSecondEnd{125, 255, 50};
 
-double Scale_Number(const Workspace& w, int pane) {
-  const ImageRecord& image = w.ImageBlock(pane);
-  return (image.Z0 - w.Solution3D.Z) / image.PrincipalDistance;
+// Metres of film along a pixel row.
+double Film_Per_Pixel(const ImageRecord& image) {
+  return Quotient(1, image.AffineA1,
+                  "image " + Plain_Text(image.ImageId) + ": the affine coefficient A1 is 0");
 }
 
 // Ground position of the pointer on the solution's plane, and whose width it is.
@@ -34,10 +37,10 @@ Point3D Identify_And_Locate(Workspace& w, int pane, double px, double py) {
 
 void Take_First_End(Workspace& w, int pane, double px, double py) {
   const ImageRecord& image = w.ImageBlock(pane);
-  w.Crown.CrownPixelSize =
-      (1 / w.PaneViews(pane).ZoomX) * (1 / image.AffineA1) * Scale_Number(w, pane);
-  w.Crown.CrownPointOneX = static_cast<float>(px);
-  w.Crown.CrownPointOneY = static_cast<float>(py);
+  w.Crown.CrownPixelSize = Raw_Pixels_Per_Pane_Pixel(w.PaneViews(pane).ZoomX) *
+                           Film_Per_Pixel(image) * Scale_Number(image, w.Solution3D.Z);
+  w.Crown.CrownPointOneX = To_Single(px);
+  w.Crown.CrownPointOneY = To_Single(py);
   w.Crown.CrownClickOne = true;
   Picture& picture = w.Form1.Picture1(pane);
   picture.DrawWidth = 3;
@@ -49,8 +52,8 @@ void Take_First_End(Workspace& w, int pane, double px, double py) {
 }
 
 void Take_Second_End(Workspace& w, int pane, double px, double py) {
-  w.Crown.CrownPointTwoX = static_cast<float>(px);
-  w.Crown.CrownPointTwoY = static_cast<float>(py);
+  w.Crown.CrownPointTwoX = To_Single(px);
+  w.Crown.CrownPointTwoY = To_Single(py);
   w.Crown.CrownClickTwo = true;
   Picture& picture = w.Form1.Picture1(pane);
   picture.DrawWidth = 3;
@@ -65,8 +68,8 @@ void Take_Second_End(Workspace& w, int pane, double px, double py) {
 void Complete_Entry(Workspace& w, int pane, double distance) {
   const ImageRecord& image = w.ImageBlock(pane);
   XYDistanceEntry& entry = w.XYDistanceEntries(pane);
-  entry.ObservedDistance = static_cast<float>(distance);
-  entry.ScaleAtZ = static_cast<float>(Scale_Number(w, pane));
+  entry.ObservedDistance = To_Single(distance);
+  entry.ScaleAtZ = To_Single(Scale_Number(image, w.Solution3D.Z));
   entry.SunElevation = image.SunElevation * kDegreesPerRadian;
   entry.SunAzimuth = image.SunAzimuth * kDegreesPerRadian;
   Get_View_Angles(w, pane, entry.OffNadirAngle, entry.AzimuthDifference, entry.ObjCamRayAzimuth);
@@ -93,11 +96,18 @@ void Complete_Pair(Workspace& w, int pane) {
 }  // namespace
 
 void Crown_Width_Click(Workspace& w, int pane, double px, double py) {
-  if (!w.Crown.CrownClickOne) {
-    Take_First_End(w, pane, px, py);
-  } else if (!w.Crown.CrownClickTwo) {
-    Take_Second_End(w, pane, px, py);
-    Complete_Pair(w, pane);
+  try {
+    if (!w.Crown.CrownClickOne) {
+      Take_First_End(w, pane, px, py);
+    } else if (!w.Crown.CrownClickTwo) {
+      Take_Second_End(w, pane, px, py);
+      Complete_Pair(w, pane);
+    }
+  } catch (const RunTimeError&) {
+    // The pair is over: the next click is a first one again.
+    w.Crown.CrownClickOne = false;
+    w.Crown.CrownClickTwo = false;
+    throw;
   }
 }
 

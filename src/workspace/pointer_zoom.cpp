@@ -30,7 +30,7 @@ void Zoom_In_Click(Workspace& w, int pane) {
     Zoom_With_Hourglass(w, pane, Round_Half_Even(view.ZoomX) + 1, Round_Half_Even(view.ZoomY) + 1,
                         PointerShape::Normal);
   } else {
-    const auto next = [](double z) { return 1 / ((1 / z) - 1); };
+    const auto next = [](double z) { return 1 / (Raw_Pixels_Per_Pane_Pixel(z) - 1); };
     Zoom_With_Hourglass(w, pane, next(view.ZoomX), next(view.ZoomY), PointerShape::Hourglass);
   }
 }
@@ -40,7 +40,7 @@ void Zoom_Out_Click(Workspace& w, int pane) {
   if (view.ZoomX > kAboveOne) {
     Zoom_With_Hourglass(w, pane, view.ZoomX - 1.0, view.ZoomY - 1.0, PointerShape::Normal);
   } else if (view.ZoomX <= 1.0) {
-    const auto next = [](double z) { return 1 / ((1 / z) + 1); };
+    const auto next = [](double z) { return 1 / (Raw_Pixels_Per_Pane_Pixel(z) + 1); };
     Zoom_With_Hourglass(w, pane, next(view.ZoomX), next(view.ZoomY), PointerShape::Hourglass);
   }
 }

@@ -12,7 +12,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   sylvomex::ListReader header(std::string(data, data + size), "c:\\data\\fuzz.hdr");
   try {
     const sylvomex::ImageRecord image = sylvomex::Read_Image_Header(header);
-    if (image.BandCount < 0 || image.BandCount > 4) std::abort();
+    if (image.BandCount > 4) std::abort();
   } catch (const sylvomex::RunTimeError&) {
     return 0;
   }

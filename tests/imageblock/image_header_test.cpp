@@ -95,8 +95,18 @@ TEST(ImageHeader, BandCountAboveFourIsASubscriptNamingFileLineAndItem) {
   EXPECT_TRUE(Contains(text, "block.hdr, line 15, item 36")) << text;
 }
 
-TEST(ImageHeader, NegativeBandCountIsASubscript) {
-  Expect_Failure(Failure::SubscriptOutOfRange, [] { Read(Start() + "-1\n"); });
+TEST(ImageHeader, NegativeBandCountReadsNoRelatedRasters) {
+  ListReader reader(Start() + "-1, 99\n", "block.hdr");
+  EXPECT_EQ(Read_Image_Header(reader).BandCount, -1);
+  EXPECT_EQ(reader.Item(), 36);
+}
+
+TEST(ImageHeader, RawFileWithoutANameIsToldWithFileLineAndItem) {
+  for (const char* name : {"\"\"", "\"  \""}) {
+    const std::string text = Expect_Failure(
+        Failure::FileNotFound, [&] { Read(Changed("\"c:\\data\\air photo.raw\"", name)); });
+    EXPECT_TRUE(Contains(text, "block.hdr, line 3, item 4: no raw file is named")) << text;
+  }
 }
 
 TEST(ImageHeader, MissingItemIsInputPastEnd) {

@@ -32,5 +32,11 @@ TEST(FixedText, AssignmentLeavesNothingOfTheOldText) {
 
 TEST(FixedText, LeadingBlanksStay) { EXPECT_EQ(FixedText<6>("  ab ").Trimmed(), "  ab"); }
 
+TEST(FixedText, PadsAndCutsByCharactersNotBytes) {
+  EXPECT_EQ(FixedText<6>("p\u00e4\u00e4").Padded(), "p\u00e4\u00e4   ");
+  EXPECT_EQ(FixedText<2>("p\u00e4\u00e4").Padded(), "p\u00e4");
+  EXPECT_EQ(FixedText<3>("\xC3p\xE4z").Padded(), "\xC3p\xE4");
+}
+
 }  // namespace
 }  // namespace sylvomex

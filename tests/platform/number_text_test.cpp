@@ -268,6 +268,8 @@ TEST(ParseIntegers, OutOfRangeIsAnOverflow) {
 TEST(QuotedForMessage, LongTextsAreCutAndControlCharactersReplaced) {
   EXPECT_EQ(Quoted_For_Message("a\tb"), "\"a?b\"");
   EXPECT_EQ(Quoted_For_Message(std::string(40, 'x')), "\"" + std::string(40, 'x') + "\"");
+  EXPECT_EQ(Quoted_For_Message(std::string(39, 'x') + "\u00e4z"),
+            "\"" + std::string(39, 'x') + "\u00e4...\"");
   EXPECT_EQ(Quoted_For_Message(std::string(41, 'x')), "\"" + std::string(40, 'x') + "...\"");
 }
 

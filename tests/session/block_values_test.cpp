@@ -34,6 +34,12 @@ TEST_F(BlockValuesTest, ControlsAnswerWithWhatTheyShow) {
   EXPECT_EQ(Value("Form1.Text1(3)"), "-0.0123");
 }
 
+TEST_F(BlockValuesTest, PlotCentreHasFiveValuesBeforeAPlotIsRead) {
+  EXPECT_EQ(Value("PlotCenter"), " 0 0 0 0");
+  w.Matching.PlotCenter.PlotId = "T1";
+  EXPECT_EQ(Value("PlotCenter"), "T1 0 0 0 0");
+}
+
 TEST_F(BlockValuesTest, ControlsOfOtherWindowsCarryTheirWindow) {
   w.Form3.Text2.Text = "17";
   w.Form2.Check3.Value = 1;

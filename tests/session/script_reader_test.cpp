@@ -84,5 +84,28 @@ TEST(ScriptWord, ReadsBackAsItself) {
   }
 }
 
+// Gives one line, then fails as a broken disk does.
+class BrokenBuffer : public std::streambuf {
+ protected:
+  int_type underflow() override {
+    if (given_) throw std::ios_base::failure("broken");
+    given_ = true;
+    setg(line_, line_, line_ + sizeof line_ - 1);
+    return traits_type::to_int_type(line_[0]);
+  }
+
+ private:
+  char line_[10] = "say done\n";
+  bool given_ = false;
+};
+
+TEST(ScriptReader, ScriptThatBreaksOffIsNoEndOfTheScript) {
+  BrokenBuffer buffer;
+  std::istream script(&buffer);
+  ScriptReader reader(script);
+  ASSERT_TRUE(reader.Next());
+  EXPECT_THROW(reader.Next(), ScriptSyntaxError);
+}
+
 }  // namespace
 }  // namespace sylvomex

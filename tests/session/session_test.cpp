@@ -133,6 +133,19 @@ TEST_F(SessionTest, ScriptFileLiesOnADriveOrIsNative) {
   EXPECT_EQ(told, "cannot read the script /nowhere/steps.txt\n");
 }
 
+TEST_F(SessionTest, FolderInPlaceOfAScriptIsToldAndFails) {
+  options.script = site.Folder().Path().string();
+  EXPECT_EQ(Play(""), 1);
+  EXPECT_EQ(told, "cannot read the script " + options.script + "\n");
+}
+
+TEST_F(SessionTest, EmptyScriptFileIsDone) {
+  site.Folder().Write("c/data/steps.txt", "");
+  options.script = "c:\\data\\steps.txt";
+  EXPECT_EQ(Play(""), 0);
+  EXPECT_EQ(told, "");
+}
+
 TEST_F(SessionTest, ImageIsAddedAndMeasured) {
   const std::string header = site.Write_Image("a", SmallImage());
   ASSERT_EQ(Play("file " + header +

@@ -11,6 +11,8 @@
 #include <random>
 #include <vector>
 
+#include "support/failure_of.h"
+
 namespace sylvomex {
 namespace {
 
@@ -137,8 +139,20 @@ TEST(AngleBetweenVectors, ParallelVectorsNeverGiveNoNumber) {
   }
 }
 
-TEST(AngleBetweenVectors, ZeroVectorGivesNoNumberAndNoCrash) {
-  EXPECT_TRUE(std::isnan(Angle_Between_Vectors({0, 0, 0}, {1, 0, 0})));
+TEST(AngleBetweenVectors, ZeroVectorIsADivisionByZero) {
+  EXPECT_TRUE(Failure_Of([] {
+                Angle_Between_Vectors({0, 0, 0}, {1, 0, 0});
+              }).starts_with("Division by zero: "));
+}
+
+TEST(NormalizeVector, ZeroVectorIsADivisionByZeroAndStays) {
+  Vector3 v;
+  EXPECT_TRUE(Failure_Of([&] { Normalize_Vector(v); }).starts_with("Division by zero: "));
+  EXPECT_EQ(v.x, 0);
+}
+
+TEST(VectorLength, OutOfRangeIsAnOverflow) {
+  EXPECT_TRUE(Failure_Of([] { Vector_Length({1e200, 0, 0}); }).starts_with("Overflow: "));
 }
 
 TEST(NormalizeVector, KeepsTheDirectionAtLengthOne) {

@@ -8,6 +8,7 @@
 
 #include "platform/run_time_error.h"
 #include "solver/test_cameras.h"
+#include "support/failure_of.h"
 
 namespace sylvomex {
 namespace {
@@ -276,6 +277,48 @@ TEST(IntersectRays, StartsAtTheGivenPointAsItIs) {
   Expect_Point(result.point, {kTruth.X + 0.5, kTruth.Y - 0.25, kTruth.Z + 1}, 5e-3);
 }
 
+TEST(IntersectRays, ObservationsAreTakenAtTheStartOfEachPass) {
+  Block block(First_Cameras(4));
+  block.Observe(kTruth);
+  int taken = 0;
+  const auto take = [&]() -> std::span<const FilmObservation> {
+    ++taken;
+    return block.observations;
+  };
+  const IntersectionResult result = Intersect_Rays(take, kStart, {});
+  EXPECT_GT(taken, 1);
+  EXPECT_EQ(taken, result.passes);
+  Expect_Point(result.point, kTruth, 1e-4);
+}
+
+TEST(IntersectRays, ObservationsOfTheLastPassGiveThePointAndItsRmse) {
+  // Exact to the first point, then to the truth with a y-parallax of 10 um: RMSE sqrt(50) um.
+  Block block(Vertical_Pair());
+  block.Observe({40, -30, 15});
+  int taken = 0;
+  const auto take = [&]() -> std::span<const FilmObservation> {
+    if (++taken == 2) {
+      block.Observe({0, 0, 0});
+      block.observations[0].y += 5e-6;
+      block.observations[1].y -= 5e-6;
+    }
+    return block.observations;
+  };
+  const IntersectionResult result = Intersect_Rays(take, {1, 1, 1}, kFine);
+  Expect_Point(result.point, {0, 0, 0}, 1e-6);
+  EXPECT_NEAR(result.rmse_um, std::sqrt(50.0), 1e-6);
+}
+
+TEST(IntersectRays, LimitsChangedBetweenPassesCountAtTheNextTest) {
+  Block block(First_Cameras(4));
+  block.Observe(kTruth);
+  IntersectionSettings settings = {0, 0, 0, 100};
+  const IntersectionResult result = Intersect_Rays(block.observations, kStart, settings, [&] {
+    settings = {1000, 1000, 1000, 100};
+  });
+  EXPECT_EQ(result.passes, 2);
+}
+
 TEST(IntersectRays, EventsAreServicedAfterEveryPassThatAsksForAnother) {
   Block block(First_Cameras(5));
   block.Observe(kTruth);
@@ -330,11 +373,10 @@ TEST(IntersectRays, InfiniteObservationEndsWithinTheLimit) {
   EXPECT_FALSE(std::isfinite(result.point.X));
 }
 
-TEST(IntersectRays, StartAtTheCamerasHeightEndsWithinTheLimit) {
+TEST(IntersectRays, StartAtTheCamerasHeightIsADivisionByZero) {
   Block block(Vertical_Pair());
-  const IntersectionResult result = Intersect_Rays(block.observations, {0, 0, 1000}, {});
-  EXPECT_LE(result.passes, 100);
-  EXPECT_FALSE(std::isfinite(result.point.Z));
+  const auto intersect = [&] { Intersect_Rays(block.observations, {0, 0, 1000}, {}); };
+  EXPECT_TRUE(Failure_Of(intersect).starts_with("Division by zero: "));
 }
 
 TEST(IntersectRays, MoreThanNineObservationsAreASubscriptError) {

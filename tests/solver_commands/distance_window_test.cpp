@@ -191,5 +191,14 @@ TEST(DistanceWindow, ACodingKeepsItsLeftThirtyCharacters) {
   EXPECT_EQ(b.w.XYDistanceEntries(8).ObsCoding.Padded(), std::string(30, 'a'));
 }
 
+TEST(DistanceWindow, ACodingIsNeverCutInsideACharacter) {
+  MeasuredWidth b;
+  std::string letters = "a";
+  for (int i = 1; i < 30; ++i) letters += "\u00e4";
+  b.w.Form7.Text3(0).Text = letters + "\u00f6\u00f6";
+  Form7_Text3_Enter(b.w, 0);
+  EXPECT_EQ(b.w.XYDistanceEntries(0).ObsCoding.Padded(), letters);
+}
+
 }  // namespace
 }  // namespace sylvomex

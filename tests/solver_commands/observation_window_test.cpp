@@ -132,6 +132,24 @@ TEST(AcceptAndSave, ThirtyOneCharactersKeepTheWindowOpen) {
   EXPECT_EQ(b.w.NextMeasurementNumber, 41);
 }
 
+TEST(AcceptAndSave, CommentsAreMeasuredAndPaddedInCharactersNotBytes) {
+  std::string letters;
+  for (int i = 0; i < 30; ++i) letters += "\u00e4";
+  const std::string pine = "m\u00e4nty p\u00e4\u00e4";
+  for (const auto& [typed, field] :
+       {std::pair{letters, letters}, std::pair{pine, pine + std::string(21, ' ')}}) {
+    MeasuredPoint b;
+    b.w.Form3.Text4.Text = typed;
+    Form3_Accept_And_Save(b.w);
+    EXPECT_TRUE(b.screen.messages.empty());
+    EXPECT_NE(b.Line().find("," + field + ","), std::string::npos);
+  }
+  MeasuredPoint b;
+  b.w.Form3.Text4.Text = letters + "\u00e4";
+  Form3_Accept_And_Save(b.w);
+  EXPECT_EQ(b.screen.messages.size(), 1U);
+}
+
 TEST(AcceptAndSave, FieldsBeforeABadOneHaveChanged) {
   MeasuredPoint b;
   b.w.Form3.Text1.Text = "8";

@@ -5,6 +5,7 @@
 
 #include <cmath>
 
+#include "support/failure_of.h"
 #include "support/synthetic_block.h"
 
 namespace sylvomex {
@@ -197,6 +198,61 @@ TEST(PointIntersection, SolutionChangesOnlyAtTheEnd) {
   EXPECT_NEAR(b.w.Solution3D.X, 100, 1e-6);
 }
 
+TEST(PointIntersection, BoxesChangedBetweenPassesMoveTheSolution) {
+  StereoPair b;
+  b.Observe_With_Parallax(0);
+  const Point3D other{104, -3, 25};
+  b.screen.on_service = [&] {
+    if (b.screen.servicings > 1) return;
+    b.Observe(0, other);
+    b.Observe(1, other);
+  };
+  Point_Intersection(b.w);
+  EXPECT_NEAR(b.w.Solution3D.X, 104, 1e-6);
+  EXPECT_NEAR(b.w.Solution3D.Y, -3, 1e-6);
+  EXPECT_NEAR(b.w.Solution3D.Z, 25, 1e-6);
+  // The record keeps the pixels of the last pass: 104 m to the right at 975 m.
+  EXPECT_FLOAT_EQ(b.w.Observation.Cols(0), static_cast<float>(1000 + 1e4 * 104 / 975));
+}
+
+TEST(PointIntersection, BoxEmptiedBetweenPassesEndsTheCommand) {
+  StereoPair b;
+  b.Observe_With_Parallax(0);
+  b.screen.on_service = [&] { b.w.Form1.Text1(2).Text.clear(); };
+  try {
+    Point_Intersection(b.w);
+    FAIL() << "the emptied box was not read";
+  } catch (const RunTimeError& error) {
+    EXPECT_EQ(error.Kind(), Failure::TypeMismatch);
+  }
+  EXPECT_EQ(b.screen.servicings, 1);
+  EXPECT_EQ(b.w.Solution3D.X, 99);
+  EXPECT_FALSE(b.w.SolutionValid);
+}
+
+TEST(PointIntersection, BoxEmptiedAfterTheHundredthPassIsReadNoMore) {
+  StereoPair b;
+  b.Observe_With_Parallax(0);
+  b.w.options.IterationStopDX = 0;
+  b.screen.on_service = [&] {
+    if (b.screen.servicings == 100) b.w.Form1.Text1(2).Text.clear();
+  };
+  Point_Intersection(b.w);
+  EXPECT_TRUE(b.w.SolutionValid);
+}
+
+TEST(PointIntersection, LimitsAppliedBetweenPassesCountAtTheNextTest) {
+  StereoPair b;
+  b.Observe_With_Parallax(0);
+  b.w.options.IterationStopDX = 0;  // would run to the hundredth pass
+  b.screen.on_service = [&] {
+    b.w.options.IterationStopDX = b.w.options.IterationStopDY = b.w.options.IterationStopDZ = 1000;
+  };
+  Point_Intersection(b.w);
+  EXPECT_EQ(b.screen.servicings, 2);  // after the first pass and at the end
+  EXPECT_TRUE(b.w.SolutionValid);
+}
+
 TEST(PointIntersection, HundredPassesEndWithoutAMessage) {
   StereoPair b;
   b.Observe_With_Parallax(0);
@@ -232,6 +288,18 @@ TEST(PointIntersection, TextThatIsNoNumberEndsTheCommand) {
     }
     EXPECT_EQ(b.w.Solution3D.X, 99);
   }
+}
+
+TEST(PointIntersection, TextThatIsNoNumberNamesItsBoxAndImage) {
+  const auto failure = [](int box, const char* text) {
+    StereoPair b;
+    b.Observe_With_Parallax(0);
+    b.w.Form1.Text1(box).Text = text;
+    return Failure_Of([&b] { Point_Intersection(b.w); });
+  };
+  EXPECT_EQ(failure(2, "abc"), "Type mismatch: Text1(2) of image 1: \"abc\" is not a number");
+  EXPECT_EQ(failure(1, ""), "Type mismatch: Text1(1) of image 0: an empty text is not a number");
+  EXPECT_EQ(failure(3, "1e999"), "Overflow: Text1(3) of image 1: \"1e999\" is too large");
 }
 
 TEST(PointIntersection, RaysWithoutAFinitePointLeaveTheSolution) {

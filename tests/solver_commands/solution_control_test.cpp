@@ -176,6 +176,25 @@ TEST(NewPlotLocation, StacksTheHeightOnTheModel) {
   EXPECT_EQ(b.w.CenterTarget.Z, 162.5);
 }
 
+TEST(NewPlotLocation, FailureNamesTheLineBehindEmptyOnesAndTheNativePath) {
+  for (const auto& [text, message] :
+       {std::pair{"\n7,110,90,0,flat,0,12.5,x\n",
+                  "Type mismatch: c:\\data\\plot.txt, line 2, item 5: \"flat\" is not a number"},
+        std::pair{"\n \n7,110,90,0,0,0,12.5\n",
+                  "Input past end of file: c:\\data\\plot.txt, line 3, item 7: 8 values wanted"}}) {
+    NamedBlock b;
+    b.folder.Write("c/data/plot.txt", text);
+    b.screen.files = {"c:\\data\\plot.txt"};
+    try {
+      Set_3D_solution_to_a_new_plot_location(b.w);
+      FAIL() << "the file was taken";
+    } catch (const RunTimeError& error) {
+      EXPECT_STREQ(error.what(), message);
+      EXPECT_EQ(error.Native_Path(), b.folder.Path() / "c/data/plot.txt");
+    }
+  }
+}
+
 TEST(NewPlotLocation, SevenValuesEndTheCommandWithoutAChange) {
   NamedBlock b;
   b.folder.Write("c/data/plot.txt", "7,110,90,0,0,0,12.5\n");

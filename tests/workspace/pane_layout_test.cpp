@@ -50,6 +50,18 @@ TEST(PaneSide, IsNothingForNoImageAndAboveNine) {
 
 TEST(PaneSide, AWindowWithoutRoomStillGetsAPane) { EXPECT_EQ(Pane_Side(20, 20, 1), 4); }
 
+TEST(PaneLayout, SideThatIsRaisedBeyond16BitsIsAnOverflow) {
+  // 32847 - 80 = 32767, a multiple of 4 only as 32768.
+  SmallSite site;
+  const std::string transcript =
+      Play_Script(site.Folder(), "file " + site.Write_Image("a", {}) +
+                                     "\nmenu Add_images_to_set\nsay go\n"
+                                     "try resize Form1 32847 32847\nprint PaneWidth\n")
+          .transcript;
+  EXPECT_EQ(transcript.substr(transcript.find("say go\n") + 7),
+            "error Form_Resize \"Overflow: 32768 is not in -32768 to 32767\"\nPaneWidth = 944\n");
+}
+
 TEST(PaneLayout, ResizeWithoutImagesLeavesPaneSizeAtZero) {
   SmallSite site;
   const PlayedSession played =

@@ -46,6 +46,20 @@ TEST_F(PaneViews, CentringOnTheSolutionMarksItAndNamesTheImage) {
       << transcript;
 }
 
+TEST_F(PaneViews, CentringWithoutAPrincipalDistanceIsTheCommandsErrorNotAnInfiniteScale) {
+  SmallImage image;
+  image.c = 0;
+  const std::string transcript =
+      Transcript("file " + site_.Write_Image("a", image) + "\nmenu Add_images_to_set\n" +
+                 Solve("3", "-2", "0") + "menu Center_to_xyz_click\nprint Label10\n");
+  EXPECT_NE(transcript.find("message \"An error occurred in sub Center_to_xyz_Click() \""),
+            std::string::npos)
+      << transcript;
+  EXPECT_EQ(transcript.find("Inf"), std::string::npos) << transcript;
+  EXPECT_NE(transcript.find("Label10 = 3D-value set succesfully\n"), std::string::npos)
+      << transcript;
+}
+
 TEST_F(PaneViews, AFarSolutionIsLimitedAndShowsTheLastColumns) {
   Expect_Plays(Add_Two() + Solve("90000", "0", "0") +
                "menu Center_to_xyz_click\nexpect PaneViews(0) \"400 201 600 600 1 1\"\n");

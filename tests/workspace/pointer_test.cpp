@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "support/session_run.h"
 #include "support/small_site.h"
 
@@ -187,6 +189,67 @@ TEST_F(Pointer, APairOverTwoPanesFillsTheSecondPanesEntry) {
                        "print XYDistanceEntries(1).Index\nprint Text12(1)\n"),
             "beep 800 50\nXYDistanceEntries(1).X0Obj = 0\n"
             "XYDistanceEntries(0).X1Obj = 0\nXYDistanceEntries(1).Index = 1\nText12(1) = 5.0000\n");
+}
+
+// An image whose film and pixels no formula connects.
+class SingularImage : public testing::Test {
+ protected:
+  std::string Transcript(const std::string& script) {
+    SmallImage image;
+    image.id = 7001;
+    image.a1 = 1, image.a2 = 2, image.b1 = 2, image.b2 = 4;
+    return Played(image, script);
+  }
+  std::string Played(const SmallImage& image, const std::string& script) {
+    const std::string text =
+        Play_Script(site_.Folder(), "file " + site_.Write_Image("a", image) +
+                                        "\nmenu Add_images_to_set\nsay go\n" + script)
+            .transcript;
+    return text.substr(std::min(text.size(), text.find("say go\n") + 7));
+  }
+  static constexpr const char* kError =
+      "error Picture1_MouseDown \"Division by zero: image 7001: the affine from film to pixels is "
+      "singular\"\n";
+  SmallSite site_;
+};
+
+TEST_F(SingularImage, MeasuringClickEndsAndLeavesObservationAndTick) {
+  EXPECT_EQ(Transcript("try click Picture1(0) 5 5\nprint Text1(0)\nprint Text1(1)\n"
+                       "print Check1(0)\nprint CurrentImage\n"),
+            std::string(kError) + "Text1(0) = \nText1(1) = \nCheck1(0) = 0\nCurrentImage = -1\n");
+}
+
+TEST_F(SingularImage, PanEndsAndLeavesTheObservation) {
+  EXPECT_EQ(Transcript("set Text1(0) 0.001\ntry click Picture1(0) 5 5 alt\nprint Text1(0)\n"),
+            std::string(kError) + "Text1(0) = 0.001\n");
+}
+
+TEST_F(SingularImage, CrownWidthEndsAndStoresNoWidth) {
+  const std::string transcript = Transcript(
+      "set MeasureDistancesCheckBox 1\nsay click\ntry click Picture1(0) 5 5\n"
+      "try click Picture1(0) 9 9\nprint Text12(0)\n"
+      "print XYDistanceEntries(0).X0Obj\n");
+  EXPECT_EQ(transcript.substr(transcript.find("say click\n") + 10),
+            std::string(kError) + kError + "Text12(0) = \nXYDistanceEntries(0).X0Obj = 0\n");
+}
+
+TEST_F(SingularImage, CrownWidthWithoutAPrincipalDistanceEndsAtItsFirstClick) {
+  SmallImage image;
+  image.id = 7002;
+  image.c = 0;
+  const std::string transcript =
+      Played(image,
+             "set MeasureDistancesCheckBox 1\nsay click\ntry click Picture1(0) 5 5\n"
+             "print XYDistanceEntries(0).ScaleAtZ\nmarks Picture1(0)\n");
+  EXPECT_EQ(transcript.substr(transcript.find("say click\n") + 10),
+            "error Picture1_MouseDown \"Division by zero: image 7002: no scale with a principal "
+            "distance of 0\"\nXYDistanceEntries(0).ScaleAtZ = 0\n");
+}
+
+TEST_F(SingularImage, RoutineOverAnUntouchedRecordIsAnError) {
+  EXPECT_EQ(Transcript("try call Pixel_To_Image 5 1 2\n"),
+            "error Pixel_To_Image \"Division by zero: image 0: the affine from film to pixels is "
+            "singular\"\n");
 }
 
 TEST_F(Pointer, TiePointAppendsALineAndMarksThePoint) {

@@ -8,6 +8,7 @@
 #include "platform/number_text.h"
 #include "solver/ray_angles.h"
 #include "workspace/panes/pane_drawing.h"
+#include "workspace/state/box_numbers.h"
 #include "workspace/state/camera_access.h"
 
 namespace sylvomex {
@@ -64,15 +65,14 @@ void Draw_Epipolar_Line(Workspace& w) {
     return;
   }
   const int image = w.CurrentImage;
-  const double x = Parse_Double(w.Form1.Text1(2 * image).Text);
-  const double y = Parse_Double(w.Form1.Text1(2 * image + 1).Text);
+  const MeasuredFilm film = Film_In_Boxes(w, image);
   const double first = w.Solution3D.Z - w.options.EpipolarZDepth;
   const double last = w.Solution3D.Z + w.options.EpipolarZDepth;
   const int passes = Loop_Passes(first, last, kEpipolarStep);
   double X = 0, Y = 0;
   for (int pass = 0; pass < passes; ++pass) {
     const double Z = first + pass * kEpipolarStep;
-    Image_To_Object_At_Z(w, image, Z, x, y, X, Y);
+    Image_To_Object_At_Z(w, image, Z, film.x, film.y, X, Y);
     Dot_In_All_Panes(w, X, Y, Z);
   }
 }

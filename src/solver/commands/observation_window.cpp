@@ -5,6 +5,7 @@
 #include <string>
 
 #include "overlays/commands/plot_point_set.h"
+#include "platform/characters.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
 #include "workspace/panes/pane_drawing.h"
@@ -119,7 +120,7 @@ void Form3_Activate(Workspace& w) {
 
 void Form3_Accept_And_Save(Workspace& w) {
   if (!Take_Numbers(w)) return;
-  if (w.Form3.Text4.Text.size() > kLongestComment) {
+  if (Character_Count(w.Form3.Text4.Text) > kLongestComment) {
     w.screen->Message_Box("You have entered a comment longer than 30 characters!, shorten it.");
     return;
   }

@@ -2,15 +2,16 @@
 #include "solver/commands/point_intersection.h"
 
 #include <cmath>
-#include <limits>
 #include <string>
 #include <vector>
 
 #include "crowns/commands/multi_size_check.h"
 #include "platform/number_text.h"
+#include "platform/rounding.h"
 #include "solver/commands/solution_texts.h"
 #include "solver/space_intersection.h"
 #include "workspace/panes/pane_drawing.h"
+#include "workspace/state/box_numbers.h"
 #include "workspace/state/camera_access.h"
 
 namespace sylvomex {
@@ -18,14 +19,6 @@ namespace {
 
 constexpr Colour kGoodResult{10, 150, 20};
 constexpr Colour kSuspectResult{255, 50, 30};
-
-// A record field holds single precision.
-float To_Single(double value) {
-  if (std::abs(value) > std::numeric_limits<float>::max()) {
-    throw RunTimeError(Failure::Overflow, Plain_Text(value) + " in single precision");
-  }
-  return static_cast<float>(value);
-}
 
 std::vector<int> Ticked_Images(const Workspace& w) {
   std::vector<int> images;
@@ -48,14 +41,14 @@ void Record_Images(Workspace& w, const std::vector<int>& images) {
 }
 
 FilmObservation Observation_Of(const Workspace& w, int image) {
-  return {&w.ImageBlock(image), &w.RotationTable(image),
-          Parse_Double(w.Form1.Text1(2 * image).Text),
-          Parse_Double(w.Form1.Text1(2 * image + 1).Text)};
+  const MeasuredFilm film = Film_In_Boxes(w, image);
+  return {&w.ImageBlock(image), &w.RotationTable(image), film.x, film.y};
 }
 
-// The film observations of the text boxes; their pixels go to the record.
-std::vector<FilmObservation> Take_Observations(Workspace& w, const std::vector<int>& images) {
-  std::vector<FilmObservation> observations;
+// The film observations of the text boxes as they stand; their pixels go to the record.
+void Take_Observations(Workspace& w, const std::vector<int>& images,
+                       std::vector<FilmObservation>& observations) {
+  observations.clear();
   int slot = 0;
   for (const int k : images) {
     const FilmObservation observation = Observation_Of(w, k);
@@ -67,25 +60,39 @@ std::vector<FilmObservation> Take_Observations(Workspace& w, const std::vector<i
     ++slot;
   }
   for (; slot <= 8; ++slot) w.Observation.Cols(slot) = w.Observation.Rows(slot) = 0;
-  return observations;
 }
 
-IntersectionResult Solve(Workspace& w, const std::vector<FilmObservation>& observations) {
-  const Point3D start{w.Solution3D.X, w.Solution3D.Y, w.Solution3D.Z - 0.03};
+IntersectionSettings Limits_Of(const Options& options) {
   IntersectionSettings settings;
-  settings.stop_dx = w.options.IterationStopDX;
-  settings.stop_dy = w.options.IterationStopDY;
-  settings.stop_dz = w.options.IterationStopDZ;
-  return Intersect_Rays(observations, start, settings, [&w] { w.screen->Service_Events(); });
+  settings.stop_dx = options.IterationStopDX;
+  settings.stop_dy = options.IterationStopDY;
+  settings.stop_dz = options.IterationStopDZ;
+  return settings;
 }
 
-// Rays that meet no point, or a point behind all reason, end the command before it has changed
+// Events between the passes may change the boxes and the limits: both are read anew.
+IntersectionResult Solve(Workspace& w, const std::vector<int>& images) {
+  const Point3D start{w.Solution3D.X, w.Solution3D.Y, w.Solution3D.Z - 0.03};
+  IntersectionSettings settings = Limits_Of(w.options);
+  std::vector<FilmObservation> observations;
+  const auto read_boxes = [&]() -> std::span<const FilmObservation> {
+    Take_Observations(w, images, observations);
+    return observations;
+  };
+  const auto service_events = [&] {
+    w.screen->Service_Events();
+    settings = Limits_Of(w.options);
+  };
+  return Intersect_Rays(read_boxes, start, settings, service_events);
+}
+
+// Rays that meet only behind all reason end the command before it has changed
 // the solution.
 void Require_Finite(const IntersectionResult& result) {
   for (const double value : {result.point.X, result.point.Y, result.point.Z, result.rmse_um,
                              result.std_x, result.std_y, result.std_z}) {
     if (!std::isfinite(value)) {
-      throw RunTimeError(Failure::DivisionByZero,
+      throw RunTimeError(Failure::Overflow,
                          "the rays of the ticked images have no finite intersection");
     }
   }
@@ -138,10 +145,9 @@ void Dot_Solution(Workspace& w) {
 
 // The solution for the film position in the text boxes of the current image at height Z.
 Point3D Cut_Ray_At(const Workspace& w, int image, double Z) {
-  const double x = Parse_Double(w.Form1.Text1(2 * image).Text);
-  const double y = Parse_Double(w.Form1.Text1(2 * image + 1).Text);
+  const MeasuredFilm film = Film_In_Boxes(w, image);
   Point3D point{0, 0, Z};
-  Image_To_Object_At_Z(w, image, Z, x, y, point.X, point.Y);
+  Image_To_Object_At_Z(w, image, Z, film.x, film.y, point.X, point.Y);
   return point;
 }
 
@@ -156,7 +162,7 @@ void Point_Intersection(Workspace& w) {
     return;
   }
   w.Observation.ImageCount = static_cast<std::uint8_t>(images.size());
-  const IntersectionResult result = Solve(w, Take_Observations(w, images));
+  const IntersectionResult result = Solve(w, images);
   if (result.singular) {
     Report_Singular(w);
     return;

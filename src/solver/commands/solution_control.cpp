@@ -48,10 +48,12 @@ FilePath Ask_Point_File(Workspace& w) {
 ListReader First_Line(const FilePath& file) {
   ListReader whole(file);
   std::string line;
+  int number = whole.Line();
   while (line.find_first_not_of(" \t\r") == std::string::npos && !whole.At_End()) {
+    number = whole.Line();
     line = whole.Read_Line();
   }
-  return {line, file.name};
+  return {line, file, number};
 }
 
 struct NumberedPoint {
@@ -77,7 +79,7 @@ PlotLocation Read_Plot_Location(const Workspace& w, const FilePath& file) {
   plot.Y = line.Read_Double();
   for (int ignored = 0; ignored < 3; ++ignored) line.Read_Double();
   plot.HeightAboveGround = line.Read_Double();
-  if (line.At_End()) throw RunTimeError(Failure::InputPastEnd, line.Where() + ": 8 values wanted");
+  if (line.At_End()) throw line.Failure_Here(Failure::InputPastEnd, "8 values wanted");
   plot.GroundZ = Get_Raster_Elevation(w, plot.X, plot.Y);
   return plot;
 }

@@ -58,7 +58,7 @@ void Mark_Solution_And_Scale(Workspace& w, int image, double col, double row) {
   picture.ForeColor = kWhite;
   picture.CurrentX = 5;
   picture.CurrentY = 5;
-  const double scale = (record.Z0 - kScaleElevation) / record.PrincipalDistance;
+  const double scale = Scale_Number(record, kScaleElevation);
   Print_Text(picture, Plain_Text(record.ImageId) + "    1:" + Format(scale, "00000"));
 }
 

@@ -85,8 +85,7 @@ int Pane_Side(double client_width, double client_height, int image_count) {
 void Compute_Pane_Size(Workspace& w) {
   const int side = Pane_Side(w.Form1.ClientWidth, w.Form1.ClientHeight, w.ImageCount);
   if (side == 0) return;
-  w.PaneWidth = static_cast<std::int16_t>(side);
-  w.PaneHeight = static_cast<std::int16_t>(side);
+  w.PaneWidth = w.PaneHeight = To_Int16(side);
 }
 
 void Lay_Out_Panes(Workspace& w) {

@@ -4,6 +4,7 @@
 #include "platform/number_text.h"
 #include "platform/rounding.h"
 #include "workspace/panes/pane_rendering.h"
+#include "workspace/state/box_numbers.h"
 #include "workspace/state/camera_access.h"
 
 namespace sylvomex {
@@ -19,11 +20,10 @@ struct RawCentre {
 
 // Where the observation in the pane's text boxes lies in the raw file.
 RawCentre Observed_Centre(const Workspace& w, int image) {
-  const double x = Parse_Double(w.Form1.Text1(2 * image).Text);
-  const double y = Parse_Double(w.Form1.Text1(2 * image + 1).Text);
+  const MeasuredFilm film = Film_In_Boxes(w, image);
   double col = 0;
   double row = 0;
-  Image_To_Pixel(w, image, x, y, col, row);
+  Image_To_Pixel(w, image, film.x, film.y, col, row);
   const ImageRecord& record = w.ImageBlock(image);
   return {col - record.SubColOrigin, (record.FullHeight - 1) - row - record.SubRowOrigin};
 }
