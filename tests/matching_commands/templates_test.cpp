@@ -143,13 +143,16 @@ TEST_F(MatchingSite, AnEllipseWiderThanTheWindowIsToldOfTwiceForEachImage) {
 }
 
 TEST_F(MatchingSite, ATextThatIsNoNumberEndsTheCapture) {
-  for (TextBox* box : {&w.Form1.Text5, &w.Form1.Text6, &w.Form1.Text7}) {
+  const std::pair<TextBox*, std::string> boxes[] = {
+      {&w.Form1.Text5, "Text5"}, {&w.Form1.Text6, "Text6"}, {&w.Form1.Text7, "Text7"}};
+  for (const auto& [box, name] : boxes) {
     const std::string before = box->Text;
     box->Text = "wide";
     screen.errors.clear();
     Capture();
     ASSERT_EQ(screen.errors.size(), 1U);
-    EXPECT_NE(screen.errors[0].find("Capture_templates: Type mismatch: \"wide\""),
+    EXPECT_NE(screen.errors[0].find("Capture_templates: Type mismatch: " + name +
+                                    ": \"wide\" is not a number"),
               std::string::npos);
     box->Text = before;
   }

@@ -12,6 +12,7 @@
 #include "matching/patch_geometry.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "workspace/state/box_numbers.h"
 
 namespace sylvomex {
 namespace {
@@ -85,7 +86,7 @@ void Correlate_Image(Workspace& w, int image, int side) {
 }  // namespace
 
 void Compute_Correlation_Images(Workspace& w) {
-  w.Matching.PlotRadius = Parse_Double(w.Form1.Text4.Text);
+  w.Matching.PlotRadius = Number_In(w.Form1.Text4, "Text4");
   w.Matching.PatchSize = w.Matching.PlotRadius * kPatchPerRadius;
   if (!w.SolutionValid) {
     w.screen->Message_Box("Solution X;Y;Z does not exist!");

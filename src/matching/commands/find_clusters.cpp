@@ -13,6 +13,7 @@
 #include "platform/number_text.h"
 #include "solver/numeric_kernels.h"
 #include "workspace/panes/pane_drawing.h"
+#include "workspace/state/box_numbers.h"
 #include "workspace/state/camera_access.h"
 
 namespace sylvomex {
@@ -28,8 +29,8 @@ void Clear_Clusters(MatchingState& m) {
 }
 
 void Take_Limits(Workspace& w) {
-  const double distance = Parse_Double(w.Form1.Text2.Text);
-  const double score_limit = Parse_Double(w.Form1.Text3.Text);
+  const double distance = Number_In(w.Form1.Text2, "Text2");
+  const double score_limit = Number_In(w.Form1.Text3, "Text3");
   w.Matching.CaptureSnapshot.XYt = distance;
   w.Matching.CaptureSnapshot.Rl = score_limit;
 }

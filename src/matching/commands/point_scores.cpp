@@ -14,6 +14,7 @@
 #include "overlays/commands/colour_map.h"
 #include "platform/number_text.h"
 #include "platform/rounding.h"
+#include "workspace/state/box_numbers.h"
 #include "workspace/state/camera_access.h"
 
 namespace sylvomex {
@@ -24,9 +25,9 @@ constexpr float kHotScore = 1.2F;
 
 void Take_Mesh_Options(Workspace& w) {
   CaptureSnapshotRecord& snapshot = w.Matching.CaptureSnapshot;
-  const double top_factor = Parse_Double(w.Form1.Text8.Text);
-  const double low_factor = Parse_Double(w.Form1.Text9.Text);
-  const double spacing = Parse_Double(w.Form1.Text10.Text);
+  const double top_factor = Number_In(w.Form1.Text8, "Text8");
+  const double low_factor = Number_In(w.Form1.Text9, "Text9");
+  const double spacing = Number_In(w.Form1.Text10, "Text10");
   snapshot.fHDOM = top_factor;
   snapshot.Hlow = low_factor;
   snapshot.Mesh = spacing;

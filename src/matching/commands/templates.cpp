@@ -9,6 +9,7 @@
 #include "workspace/panes/pane_centring.h"
 #include "workspace/panes/pane_drawing.h"
 #include "workspace/panes/pane_zoom.h"
+#include "workspace/state/box_numbers.h"
 #include "workspace/state/camera_access.h"
 
 namespace sylvomex {
@@ -20,9 +21,9 @@ constexpr const char* kFilmPattern = "0.0000000";
 
 void Take_Parameters(Workspace& w) {
   MatchingState& m = w.Matching;
-  m.Parameters.Tw = Parse_Double(w.Form1.Text5.Text);
-  m.Parameters.Zd = Parse_Double(w.Form1.Text6.Text);
-  m.Parameters.EZA = Parse_Double(w.Form1.Text7.Text);
+  m.Parameters.Tw = Number_In(w.Form1.Text5, "Text5");
+  m.Parameters.Zd = Number_In(w.Form1.Text6, "Text6");
+  m.Parameters.EZA = Number_In(w.Form1.Text7, "Text7");
   m.CaptureSnapshot.Template = m.Parameters;
   m.CaptureSnapshot.Solution = w.Solution3D;
 }
