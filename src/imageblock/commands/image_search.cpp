@@ -100,11 +100,9 @@ void Add_Image_Center_to_XYZ(Workspace& w) {
   w.SolutionValid = true;
   Center_to_xyz_click(w);
   w.screen->Clear_Clipboard();
+  // Without one the centring has told so.
   const auto& bitmap = w.Form1.Picture1(image).bitmap;
-  if (bitmap == nullptr) {
-    throw RunTimeError(Failure::BadContent, "the new pane holds no picture for the clipboard");
-  }
-  w.screen->Copy_To_Clipboard(*bitmap);
+  if (bitmap != nullptr) w.screen->Copy_To_Clipboard(*bitmap);
 }
 
 void Find_And_Read_Terr_Images_in_Which(Workspace& w) {

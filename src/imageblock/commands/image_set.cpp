@@ -2,6 +2,7 @@
 #include "imageblock/commands/image_set.h"
 
 #include "imageblock/image_header.h"
+#include "imageblock/raw_rows.h"
 #include "platform/list_reader.h"
 #include "platform/number_text.h"
 #include "workspace/panes/pane_centring.h"
@@ -36,6 +37,28 @@ void Validate_Header(Workspace& w, int image) {
     Warn(w, image, "image color:", Plain_Text(std::int32_t{record.ColorFlag}),
          " in set file should be 1 (color) or 0 (grayscale)?");
   }
+}
+
+void Check_Side(const FilePath& header, const char* field, double side) {
+  if (side > 0) return;
+  throw RunTimeError(
+      Failure::BadContent,
+      header.name + ": " + field + " is " + Plain_Text(side) + ", an image has pixels",
+      header.native);
+}
+
+// What no pane could ever show is refused before anything of it is. Pixels of a ColorFlag that
+// no renderer knows are taken for the smallest.
+void Check_Raw_File(Workspace& w, const ImageRecord& record, const FilePath& header) {
+  Check_Side(header, "SubWidth", record.SubWidth);
+  Check_Side(header, "SubHeight", record.SubHeight);
+  const std::string name = record.RawFileName.Trimmed();
+  if (name.empty()) {
+    throw RunTimeError(Failure::BadContent, header.name + ": no raw file is named", header.native);
+  }
+  const MappedFile& file = w.RawFiles.Open(w.Drives.Locate(name));
+  Check_Raw_Length({file.Bytes(), record.SubWidth, record.SubHeight, &file.File()},
+                   record.ColorFlag == 1 ? RawLayout::Colour : RawLayout::Grey);
 }
 
 void Read_Header(Workspace& w, int image, ListReader& header) {
@@ -127,7 +150,7 @@ void Finish_Without_Solution(Workspace& w, int image) {
   w.ImageAddDone = true;
 }
 
-void Read_Next_Image(Workspace& w, ListReader& header) {
+void Read_Next_Image(Workspace& w, ListReader& header, const FilePath& header_file) {
   ++w.ImageCount;
   w.Form1.MousePointer = PointerShape::Hourglass;
   w.screen->Service_Events();
@@ -135,6 +158,7 @@ void Read_Next_Image(Workspace& w, ListReader& header) {
   const int k = w.ImageCount - 1;
   Read_Header(w, k, header);
   Validate_Header(w, k);
+  Check_Raw_File(w, w.ImageBlock(k), header_file);
   w.Form1.MousePointer = PointerShape::Hourglass;
   Show_Count_Read(w, 0);
   w.screen->Service_Events();
@@ -153,7 +177,7 @@ bool Take_In_Image(Workspace& w, const FilePath& header_file) {
   }
   BlockRestorer restorer(w);
   try {
-    Read_Next_Image(w, header);
+    Read_Next_Image(w, header, header_file);
   } catch (const RunTimeError&) {
     restorer.Restore();
     throw;
@@ -165,7 +189,6 @@ bool Take_In_Image(Workspace& w, const FilePath& header_file) {
 }
 
 void Add_Image_By_Name(Workspace& w, const FilePath& header_file) {
-  BlockRestorer restorer(w);
   if (!Take_In_Image(w, header_file)) return;
   const int k = w.ImageCount - 1;
   if (w.SolutionValid) {
@@ -174,9 +197,9 @@ void Add_Image_By_Name(Workspace& w, const FilePath& header_file) {
   }
   try {
     Show_At_Start_Position(w, k);
-  } catch (const RunTimeError&) {
-    restorer.Restore();
-    throw;
+  } catch (const RunTimeError& error) {
+    throw error.At("image " + Plain_Text(std::int32_t{k}) + " stays without a picture",
+                   error.Native_Path());
   }
   Finish_Without_Solution(w, k);
 }
