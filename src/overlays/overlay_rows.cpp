@@ -4,10 +4,11 @@
 namespace sylvomex {
 namespace {
 
-// The text that opens a row, a number or a name. Empty lines between the rows are passed over.
+// The text that opens a row: a number, a name, or nothing before the comma. Empty lines between the
+// rows are passed over.
 void Pass_Over_Identifier(ListReader& file) {
-  while (file.Read_Text().empty()) {
-  }
+  file.Skip_Empty_Lines();
+  file.Read_Text();
 }
 
 }  // namespace
