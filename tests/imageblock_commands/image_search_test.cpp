@@ -94,7 +94,7 @@ TEST_F(Search, ABadLineOfTheTableIsNamedAndTheHitsBeforeItStay) {
   EXPECT_EQ(played.status, 2);
   EXPECT_EQ(After(played),
             "error Find_Images_With_XYZ_Sol \"Bad content: c:\\data\\cam_data_j.csv, line 2, item "
-            "11: the line ends here, 12 items are wanted\"\n");
+            "12: the line ends here, 12 items are wanted\"\n");
   EXPECT_TRUE(Has("c/data/ImaFiles/c_a.txt"));
 }
 

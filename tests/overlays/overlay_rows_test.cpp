@@ -51,7 +51,7 @@ TEST(CrownPoint, AnEmptyIdentifierIsAnItem) {
   const CrownPoint point = Read_Crown_Point(rows);
   EXPECT_EQ(point.X, 8);
   EXPECT_EQ(point.Y, 9);
-  EXPECT_EQ(point.size, 4.5);
+  EXPECT_EQ(point.width, 6);  // 5.5 to even
   EXPECT_TRUE(rows.At_End());
 }
 
@@ -78,13 +78,21 @@ TEST(MeasuredTree, TakesHeightNumberAndFlagFromItemsFiveToSeven) {
   EXPECT_TRUE(rows.At_End());
 }
 
-TEST(CrownPoint, TakesItsSizeFromItemFour) {
+TEST(CrownPoint, IsOneWiderThanItsSizeInItemFour) {
   ListReader rows = Rows("a1 1 2 3.5 4 5 6 7\n");
   const CrownPoint point = Read_Crown_Point(rows);
   EXPECT_EQ(point.X, 1);
   EXPECT_EQ(point.Y, 2);
-  EXPECT_EQ(point.size, 3.5);
+  EXPECT_EQ(point.width, 4);  // 4.5 to even
   EXPECT_TRUE(rows.At_End());
+}
+
+TEST(CrownPoint, ASizeBeyondSixteenBitsIsNamedWithItsPlace) {
+  EXPECT_EQ(Failure_Of(Read_Crown_Point, "\na 1 2 32767 4 5 6 7\n"),
+            "Overflow: c:\\data\\rows.txt, line 2, item 4: 32768 is not in -32768 to 32767");
+  EXPECT_EQ(Failure_Of(Read_Crown_Point, "a 1 2 -40000 4 5 6 7\n"),
+            "Overflow: c:\\data\\rows.txt, line 1, item 4: -39999 is not in -32768 to 32767");
+  EXPECT_EQ(Failure_Of(Read_Crown_Point, "a 1 2 32766 4 5 6 7\n"), "no failure");
 }
 
 TEST(TiePoint, ImageIdComesFirst) {
