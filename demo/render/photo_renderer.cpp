@@ -81,8 +81,7 @@ void Develop_Row(const Scene& scene, const Photograph& photo, const Band& band, 
   const auto sigma = static_cast<float>(scene.settings.noise_sigma);
   const auto columns = static_cast<std::size_t>(band.width - 2);
   const auto raw_row = static_cast<std::size_t>(band.first_row + row);
-  const std::uint64_t key = Stream_Key(scene.settings.seed, kNoiseStream) ^
-                            Mix_Bits(static_cast<std::uint64_t>(photo.image.ImageId));
+  const std::uint64_t key = Stream_Key(scene.settings.seed, kNoiseStream) ^ Mix_Bits(photo.grain);
   const bool colour_photo = photo.image.ColorFlag == 1;
   for (std::size_t i = 0; i < columns; ++i) {
     const Colour3 light = Blurred(band, static_cast<int>(i) + 1, row);

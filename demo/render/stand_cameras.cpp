@@ -113,6 +113,7 @@ Photograph Stand_Photograph(const Scene& scene, const Point3D& position, const P
   image.ImageComment = "Demo stand, level view";
   image.RawFileName = name + ".raw";
   photo.header_name = name + ".hdr";
+  photo.grain = static_cast<std::uint64_t>(id);
   Set_Frame(image, scene.settings.pixel_scale);
   image.StartCol = To_Int16(image.SubWidth / 2);
   image.StartRow = To_Int16(image.SubHeight / 2);

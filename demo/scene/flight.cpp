@@ -12,12 +12,14 @@ namespace sylvomex::demo {
 namespace {
 
 constexpr double kPrincipalDistance = 0.15297;  // metres
+constexpr std::uint64_t kFilm = 264;            // of the block; the ids are its frames
 constexpr int kFrameSide = 15300;               // pixels of 15 micrometres
 constexpr double kMargin = 15;                  // metres around the forest on the raw files
 constexpr double kLeastStartHeight = 18;        // of the tree on which panes start, metres
 
-/// One exposure. Offsets of the projection centre from the middle of the forest, metres;
-/// angles in degrees; the affine at 15 micrometres a pixel.
+/// One exposure. Its id fits 16 bits, as the observation record takes it from a search's hit.
+/// Offsets of the projection centre from the middle of the forest, metres; angles in degrees; the
+/// affine at 15 micrometres a pixel.
 struct Exposure {
   int id;
   const char* comment;
@@ -28,17 +30,17 @@ struct Exposure {
 };
 
 constexpr std::array<Exposure, 6> kExposures = {{
-    {2641204, "Demo block, strip 1, frame 1", true, -527.3, -498.6, 1181.4, 0.412, -0.731, 1.284,
+    {1204, "Demo block, strip 1, frame 1", true, -527.3, -498.6, 1181.4, 0.412, -0.731, 1.284,
      66662.31, -41.7, 7651.6, 38.2, 66671.94, 7647.3},
-    {2641205, "Demo block, strip 1, frame 2", true, 6.8, -505.2, 1183.9, -0.527, 0.318, 0.846,
+    {1205, "Demo block, strip 1, frame 2", true, 6.8, -505.2, 1183.9, -0.527, 0.318, 0.846,
      66663.08, -40.9, 7650.2, 39.4, 66670.55, 7648.8},
-    {2641206, "Demo block, strip 1, frame 3", true, 534.1, -501.7, 1180.2, 0.268, 0.604, 1.557,
+    {1206, "Demo block, strip 1, frame 3", true, 534.1, -501.7, 1180.2, 0.268, 0.604, 1.557,
      66661.75, -42.3, 7652.1, 37.6, 66672.36, 7646.9},
-    {2641231, "Demo block, strip 2, frame 1", true, 529.6, 503.9, 1178.5, -0.344, 0.452, 181.732,
+    {1231, "Demo block, strip 2, frame 1", true, 529.6, 503.9, 1178.5, -0.344, 0.452, 181.732,
      66662.90, -41.2, 7649.4, 38.8, 66671.10, 7649.7},
-    {2641232, "Demo block, strip 2, frame 2", true, -4.2, 499.3, 1176.8, 0.683, -0.219, 180.918,
+    {1232, "Demo block, strip 2, frame 2", true, -4.2, 499.3, 1176.8, 0.683, -0.219, 180.918,
      66662.44, -41.9, 7650.9, 38.0, 66671.68, 7648.1},
-    {2641233, "Demo block, strip 2, frame 3, panchromatic", false, -531.5, 506.4, 1179.7, -0.195,
+    {1233, "Demo block, strip 2, frame 3, panchromatic", false, -531.5, 506.4, 1179.7, -0.195,
      -0.576, 181.365, 66663.27, -40.5, 7651.2, 39.9, 66670.83, 7647.6},
 }};
 
@@ -117,6 +119,7 @@ Photograph Expose(const Scene& scene, const Exposure& exposure, const std::strin
   image.ImageComment = exposure.comment;
   image.RawFileName = name + ".raw";
   photo.header_name = name + ".hdr";
+  photo.grain = 10000 * kFilm + static_cast<std::uint64_t>(exposure.id);
   Set_Interior(image, exposure, scene.settings.pixel_scale);
   Set_Exterior(image, exposure);
   image.SunAzimuth = scene.sun_azimuth;

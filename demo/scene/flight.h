@@ -8,6 +8,7 @@
 // from the bottom: a raw pixel covers one unit of col and row, as a pane at zoom 1 shows it.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,7 @@ struct Photograph {
   ImageRecord image;
   RotationMatrix rotation;
   std::string header_name;  // drive name, "c:\data\demo\im1.hdr"
+  std::uint64_t grain = 0;  // number of its noise pattern, one of its own
 };
 
 std::vector<Photograph> Fly_Over(const Scene& scene);

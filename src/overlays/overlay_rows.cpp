@@ -1,12 +1,26 @@
 // SPDX-License-Identifier: MIT
 #include "overlays/overlay_rows.h"
 
+#include <algorithm>
+
+#include "platform/rounding.h"
+#include "platform/run_time_error.h"
+
 namespace sylvomex {
 namespace {
 
-// The text that opens a row, a number or a name. Empty lines between the rows are passed over.
+// The text that opens a row: a number, a name, or nothing before the comma. Empty lines between the
+// rows are passed over.
 void Pass_Over_Identifier(ListReader& file) {
-  while (file.Read_Text().empty()) {
+  file.Skip_Empty_Lines();
+  file.Read_Text();
+}
+
+int Mark_Width(double size, const ListReader& file) {
+  try {
+    return std::max<int>(1, To_Int16(size + 1));
+  } catch (const RunTimeError& error) {
+    throw error.At(file.Where());
   }
 }
 
@@ -38,7 +52,7 @@ CrownPoint Read_Crown_Point(ListReader& file) {
   Pass_Over_Identifier(file);
   point.X = file.Read_Double();
   point.Y = file.Read_Double();
-  point.size = file.Read_Double();
+  point.width = Mark_Width(file.Read_Double(), file);
   for (int unused = 0; unused < 4; ++unused) file.Read_Double();
   return point;
 }

@@ -27,10 +27,11 @@ struct MeasuredTree {
 };
 MeasuredTree Read_Measured_Tree(ListReader& file);
 
-/// Identifier (not kept), X, Y, mark size, four numbers without a use here.
+/// Identifier (not kept), X, Y, mark size, four numbers without a use here. A size whose width
+/// leaves 16 bits is a RunTimeError(Overflow) that names file, line and item.
 struct CrownPoint {
   double X = 0, Y = 0;  // metres
-  double size = 0;      // pixels; the mark is one wider
+  int width = 1;        // of the mark, pixels: its size plus one, 1 at least
 };
 CrownPoint Read_Crown_Point(ListReader& file);
 

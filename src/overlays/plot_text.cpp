@@ -34,17 +34,13 @@ std::optional<PlotTree> PlotTextReader::Next_Tree() {
   tree.LocalY = list_.Read_Double();
   tree.LocalZ = list_.Read_Double();
   tree.Dbh = list_.Read_Double();
+  dbh_place_ = list_.Where();
   tree.TreeHeight = list_.Read_Double();
-  height_line_ = list_.Line();
-  height_item_ = list_.Item();
+  height_place_ = list_.Where();
   tree.TreeId = list_.Read_Int32();
   tree.TreeSpecies = list_.Read_Int32();
   tree.TreeCode = list_.Read_Int32();
   return tree;
-}
-
-std::string PlotTextReader::Height_Place() const {
-  return "line " + std::to_string(height_line_) + ", item " + std::to_string(height_item_);
 }
 
 }  // namespace sylvomex

@@ -57,14 +57,15 @@ class PlotTextReader {
   /// The next tree, nothing at the end of the file.
   std::optional<PlotTree> Next_Tree();
 
-  /// "line <n>, item <m>" of the height read last.
-  [[nodiscard]] std::string Height_Place() const;
+  /// "<file>, line <n>, item <m>" of the diameter and the height read last.
+  [[nodiscard]] const std::string& Dbh_Place() const { return dbh_place_; }
+  [[nodiscard]] const std::string& Height_Place() const { return height_place_; }
 
  private:
   ListReader list_;
   PlotHeader header_;
-  int height_line_ = 0;
-  int height_item_ = 0;
+  std::string dbh_place_;
+  std::string height_place_;
 };
 
 }  // namespace sylvomex

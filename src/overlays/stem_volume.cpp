@@ -31,11 +31,15 @@ const VolumeFunction& Function_Of(std::int32_t species) {
 
 }  // namespace
 
-double Stem_Volume(std::int32_t species, double dbh, double height) {
+double Diameter_Share(std::int32_t species, double dbh) {
   const VolumeFunction& f = Function_Of(species);
   const double D = dbh / 10;
-  const double volume = f.factor * std::pow(D, f.diameter) * std::pow(f.base, D) *
-                        std::pow(height, f.height) *
+  return f.factor * std::pow(D, f.diameter) * std::pow(f.base, D);
+}
+
+double Stem_Volume(std::int32_t species, double dbh, double height) {
+  const VolumeFunction& f = Function_Of(species);
+  const double volume = Diameter_Share(species, dbh) * std::pow(height, f.height) *
                         std::pow(height - kBreastHeight, f.above_breast);
   if (!std::isfinite(volume)) {
     throw RunTimeError(Failure::Overflow, "no stem volume for a height of " + Plain_Text(height) +

@@ -14,4 +14,7 @@ namespace sylvomex {
 /// that names the two values where the result is no finite number.
 double Stem_Volume(std::int32_t species, double dbh, double height);
 
+/// The factors of the volume that follow from the diameter; not finite for one that has no volume.
+double Diameter_Share(std::int32_t species, double dbh);
+
 }  // namespace sylvomex

@@ -126,11 +126,7 @@ std::string ListReader::Take_Item(Ends ends) {
 
 template <class Number>
 Number ListReader::Read_Number(Number (*convert)(double)) {
-  Begin_Item();
-  while (At_Line_End()) {
-    Take_Line_End();
-    Skip_Blanks();
-  }
+  Skip_Empty_Lines();
   Require_More();
   try {
     return convert(Parse_Double(Take_Item(Ends::AtBlanksToo)));
@@ -177,6 +173,14 @@ std::string ListReader::Read_Line() {
     throw RunTimeError(Failure::InputPastEnd, Where(), native_);
   }
   return Take_Rest_Of_Line();
+}
+
+void ListReader::Skip_Empty_Lines() {
+  Skip_Blanks();
+  while (At_Line_End()) {
+    Take_Line_End();
+    Skip_Blanks();
+  }
 }
 
 void ListReader::Skip_Line() { Take_Rest_Of_Line(); }

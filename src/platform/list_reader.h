@@ -45,7 +45,8 @@ class ListReader {
   std::int16_t Read_Int16();
   std::uint8_t Read_Byte();
 
-  /// A text item. An item that is empty (",," or an empty line) gives the empty text.
+  /// A text item. An item that is empty (",,", a comma that opens a line, "", or an empty line)
+  /// gives the empty text.
   /// RunTimeError(InputPastEnd) at the end of the file, here and below.
   std::string Read_Text();
 
@@ -55,6 +56,10 @@ class ListReader {
 
   /// The rest of the present line without its line end, counted as one item.
   std::string Read_Line();
+
+  /// Passes over the present line's end, if that is all that is left of it, and over empty lines:
+  /// for rows that begin with a text.
+  void Skip_Empty_Lines();
 
   /// Passes over the rest of the present line; at the end of the file it does nothing.
   void Skip_Line();

@@ -14,11 +14,13 @@
 namespace sylvomex {
 namespace {
 
-// The items of one line, in order; every read names a line that ends too soon.
+// The items of one line, in order; every read names the item before which a line ends too soon.
 class CameraLine {
  public:
   CameraLine(const std::string& line, const FilePath& file, int line_number)
-      : list_(line, file, line_number), native_(file.native) {}
+      : list_(line, file, line_number),
+        line_place_(file.name + ", line " + std::to_string(line_number)),
+        native_(file.native) {}
 
   std::int32_t Integer() {
     Require_Item();
@@ -31,6 +33,13 @@ class CameraLine {
   std::string Text() {
     Require_Item();
     return list_.Read_Text_To_Comma();
+  }
+  // A part of a file's name.
+  std::string Name() {
+    std::string name = Text();
+    if (!name.empty()) return name;
+    throw RunTimeError(Failure::BadContent, list_.Where() + ": an empty text names no file",
+                       native_);
   }
   // Empty items behind the last one are those of a spreadsheet.
   void Require_End() {
@@ -45,10 +54,13 @@ class CameraLine {
   void Require_Item() {
     if (!list_.At_End()) return;
     throw RunTimeError(Failure::BadContent,
-                       list_.Where() + ": the line ends here, 12 items are wanted", native_);
+                       line_place_ + ", item " + std::to_string(list_.Item() + 1) +
+                           ": the line ends here, 12 items are wanted",
+                       native_);
   }
 
   ListReader list_;
+  std::string line_place_;
   std::filesystem::path native_;
 };
 
@@ -60,9 +72,9 @@ TableCamera Read_Camera(CameraLine& line) {
        {&camera.c, &camera.omega, &camera.phi, &camera.kappa, &camera.X0, &camera.Y0, &camera.Z0}) {
     *value = line.Real();
   }
-  camera.name_end = line.Text();
-  camera.header = line.Text();
-  camera.name_start = line.Text();
+  camera.name_end = line.Name();
+  camera.header = line.Name();
+  camera.name_start = line.Name();
   line.Require_End();
   return camera;
 }

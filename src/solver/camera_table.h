@@ -31,7 +31,8 @@ struct TableCamera {
 };
 
 /// Reads a table line by line; empty lines are passed over. RunTimeError(BadContent) for a line
-/// without exactly twelve items (empty ones behind them do not count), those of the list reader
+/// without exactly twelve items (empty ones behind them do not count) or with an empty part of a
+/// file's name (items 10 to 12), those of the list reader
 /// for a text in place of a number, each naming file, line and item.
 class CameraTableReader {
  public:

@@ -164,6 +164,63 @@ TEST_F(ThreeImages, AnAnswerThatIsNoNumberIsTheStatusLinesError) {
   }
 }
 
+std::string Add_Third_During(int serviced, const char* answer) {
+  return "file c:\\data\\im3.hdr\ninput " + std::string(answer) + "\nduring " +
+         std::to_string(serviced) + " menu Remove_an_image\ntry menu Add_images_to_set\n";
+}
+
+TEST_F(ThreeImages, RemovingAllWhileAnImageIsAddedLeavesAnEmptyBlock) {
+  for (const int serviced : {1, 2, 3}) {
+    const PlayedSession played =
+        Play(Add_Third_During(serviced, "100") +
+                 "expect ImageCount 0\nexpect SolutionValid 0\n"
+                 "expect Label10 \"Removed all images from the set succesfully\"\n"
+                 "expect Picture1(0).Visible 0\nexpect Picture1(1).Visible 0\n"
+                 "expect Picture1(2).Visible 0\n",
+             2);
+    EXPECT_EQ(played.status, 0) << played.reason << played.transcript;
+    EXPECT_NE(played.transcript.find(
+                  "error Add_images_to_set \"Subscript out of range: the image was removed while "
+                  "the command was under way\"\n"),
+              std::string::npos)
+        << played.transcript;
+  }
+}
+
+TEST_F(ThreeImages, AnImageIsAddedToThoseThatARemovalMeanwhileLeaves) {
+  for (const int serviced : {1, 2}) {
+    const PlayedSession played =
+        Play(Add_Third_During(serviced, "0") +
+                 "expect ImageCount 2\nexpect ImageBlock(0).ImageId 2\n"
+                 "expect ImageBlock(1).ImageId 3\n"
+                 "expect PaneViews(1) \"201 201 600 600 1 1\"\nexpect Picture1(1).Visible -1\n"
+                 "expect Picture1(2).Visible 0\nexpect Label10 \"2/2 images read\"\n",
+             2);
+    EXPECT_EQ(played.status, 0) << played.reason << played.transcript;
+  }
+}
+
+TEST_F(ThreeImages, RemovingTheImageThatIsBeingAddedLeavesTheOthers) {
+  const PlayedSession played = Play(Add_Third_During(1, "2") +
+                                        "expect ImageCount 2\nexpect ImageBlock(0).ImageId 1\n"
+                                        "expect ImageBlock(1).ImageId 2\n"
+                                        "expect Picture1(2).Visible 0\n",
+                                    2);
+  EXPECT_EQ(played.status, 0) << played.reason << played.transcript;
+}
+
+TEST_F(ThreeImages, AFailedAdditionKeepsTheRemovalThatWasPlayedInIt) {
+  site.Folder().Write("c/data/im3.hdr", "3\n");
+  const PlayedSession played = Play(Add_Third_During(1, "0") +
+                                        "expect ImageCount 1\nexpect ImageBlock(0).ImageId 2\n"
+                                        "expect Picture1(0).Visible -1\n"
+                                        "expect Picture1(1).Visible 0\nexpect PaneWidth 944\n",
+                                    2);
+  EXPECT_EQ(played.status, 0) << played.reason << played.transcript;
+  EXPECT_NE(played.transcript.find("error Add_images_to_set \"Input past end of file: "),
+            std::string::npos);
+}
+
 // All fields of a record as text, by name.
 struct FieldTexts {
   std::map<std::string, std::string> texts;

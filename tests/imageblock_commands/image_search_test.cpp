@@ -94,7 +94,7 @@ TEST_F(Search, ABadLineOfTheTableIsNamedAndTheHitsBeforeItStay) {
   EXPECT_EQ(played.status, 2);
   EXPECT_EQ(After(played),
             "error Find_Images_With_XYZ_Sol \"Bad content: c:\\data\\cam_data_j.csv, line 2, item "
-            "11: the line ends here, 12 items are wanted\"\n");
+            "12: the line ends here, 12 items are wanted\"\n");
   EXPECT_TRUE(Has("c/data/ImaFiles/c_a.txt"));
 }
 
@@ -291,6 +291,29 @@ TEST_F(TerrestrialSearch, AMissingHeaderEndsTheCommandAndTheImagesBeforeItStay) 
   EXPECT_NE(played.transcript.find("error Find_And_Read_Terr_Images_in_Which \"File not found: "
                                    "c:\\data\\t3.hdr\"\n"),
             std::string::npos);
+}
+
+TEST_F(TerrestrialSearch, AMissingOrShortRawFileIsNamedAndTheImagesBeforeItStay) {
+  Write_Table();
+  const std::filesystem::path raw = site.Folder().Path() / "c/data/t3.raw";
+  for (const char* cause : {"Input past end of file: c:\\data\\t3.raw: the header tells 3000000 "
+                            "bytes, the file has 4",
+                            "File not found: c:\\data\\t3.raw"}) {
+    if (std::string(cause).starts_with("Input")) {
+      site.Folder().Write("c/data/t3.raw", "abcd");
+    } else {
+      std::filesystem::remove(raw);
+    }
+    const PlayedSession played =
+        Play(Set_Solution(2, 0, 0) +
+             "try menu Find_And_Read_Terr_Images_in_Which\nexpect ImageCount 1\n"
+             "expect ImageBlock(0).ImageId 1\nexpect ImageBlock(1).ImageId 0\n"
+             "expect Picture1(1).Visible 0\n"
+             "expect Label10 \"Images centered to given XYZ\"\n");
+    EXPECT_EQ(played.status, 0) << played.reason << played.transcript;
+    EXPECT_EQ(After(played),
+              "error Find_And_Read_Terr_Images_in_Which \"" + std::string(cause) + "\"\n");
+  }
 }
 
 TEST_F(TerrestrialSearch, TheGroundOfTheModelIsShownAtTheEnd) {

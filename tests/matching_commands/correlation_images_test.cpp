@@ -128,6 +128,55 @@ TEST_F(MatchingSite, OnlyTickedImagesAreCorrelated) {
   EXPECT_FALSE(Has_Data("corimage1.raw"));
 }
 
+// Computes the correlation images while an image is removed after the first one's correlation.
+class RemovalMeanwhile : public MatchingSite {
+ protected:
+  void Compute_While_Removing(const char* answer) {
+    Capture();
+    screen.on_service = [this, answer] {
+      screen.on_service = nullptr;
+      screen.inputs.emplace_back(answer);
+      Choose("Remove_an_image");
+    };
+    Choose("Compute_Correlation_Images");
+    EXPECT_TRUE(screen.errors.empty());
+  }
+  void Expect_Not_Shown(int image) {
+    EXPECT_EQ(w.ImageKinds(image), 1);
+    EXPECT_FALSE(Has_Data("corimage" + std::to_string(image) + ".raw"));
+    EXPECT_FALSE(Has_Data("rkuva" + std::to_string(image) + ".bmp"));
+  }
+};
+
+TEST_F(RemovalMeanwhile, TheLastImageIsSkippedAndTheOthersAreDone) {
+  Compute_While_Removing("2");
+  EXPECT_EQ(w.ImageCount, 2);
+  EXPECT_EQ(w.ImageKinds(0), 2);
+  EXPECT_EQ(w.ImageKinds(1), 2);
+  Expect_Not_Shown(2);
+  EXPECT_FALSE(Has_Data("ccor_ima2.raw"));
+  EXPECT_EQ(w.Form1.Picture1(2).bitmap, nullptr);
+}
+
+TEST_F(RemovalMeanwhile, ImagesThatMovedAreSkippedLikeTheOneThatIsGone) {
+  Compute_While_Removing("0");
+  EXPECT_EQ(w.ImageCount, 2);
+  for (int k = 0; k < 3; ++k) Expect_Not_Shown(k);
+  EXPECT_FALSE(Has_Data("ccor_ima1.raw"));
+  EXPECT_FALSE(Has_Data("ccor_ima2.raw"));
+  EXPECT_EQ(w.Form1.Label10.Caption, "Removed an image from the set succesfully");
+}
+
+TEST_F(RemovalMeanwhile, NothingIsShownInAnEmptyBlock) {
+  Compute_While_Removing("100");
+  EXPECT_EQ(w.ImageCount, 0);
+  for (int k = 0; k < 3; ++k) {
+    Expect_Not_Shown(k);
+    EXPECT_EQ(w.Form1.Picture1(k).bitmap, nullptr);
+  }
+  EXPECT_FALSE(Has_Data("ccor_ima1.raw"));
+}
+
 TEST_F(MatchingSite, RadiusZeroGivesAPatchOfOnePixel) {
   Capture();
   w.Form1.Text4.Text = "0";

@@ -33,6 +33,40 @@ TEST(GroundSegment, IdentifierMayBeANumberOrAName) {
   EXPECT_TRUE(rows.At_End());
 }
 
+TEST(GroundSegment, AnEmptyIdentifierIsAnItem) {
+  ListReader rows = Rows(",1,2,3,4\n\"\",5,6,7,8\n  \n , 9,10,11,12,\n\n\"\" 13 14 15 16\n");
+  for (const double first : {1.0, 5.0, 9.0, 13.0}) {
+    const GroundSegment segment = Read_Ground_Segment(rows);
+    EXPECT_EQ(segment.X1, first);
+    EXPECT_EQ(segment.Y1, first + 1);
+    EXPECT_EQ(segment.X2, first + 2);
+    EXPECT_EQ(segment.Y2, first + 3);
+  }
+  EXPECT_TRUE(rows.At_End());
+}
+
+TEST(CrownPoint, AnEmptyIdentifierIsAnItem) {
+  ListReader rows = Rows(",1,2,3.5,4,5,6,7\n\"\",8,9,4.5,4,5,6,7");
+  EXPECT_EQ(Read_Crown_Point(rows).X, 1);
+  const CrownPoint point = Read_Crown_Point(rows);
+  EXPECT_EQ(point.X, 8);
+  EXPECT_EQ(point.Y, 9);
+  EXPECT_EQ(point.width, 6);  // 5.5 to even
+  EXPECT_TRUE(rows.At_End());
+}
+
+TEST(MeasuredTree, EmptyTextsAreItems) {
+  ListReader rows = Rows("1,2,,\"\",5.5,,1\n3,4,a,,6.5,\"\",0\n");
+  const MeasuredTree first = Read_Measured_Tree(rows);
+  EXPECT_EQ(first.height, 5.5);
+  EXPECT_EQ(first.number, "");
+  EXPECT_EQ(first.flag, 1);
+  const MeasuredTree second = Read_Measured_Tree(rows);
+  EXPECT_EQ(second.height, 6.5);
+  EXPECT_EQ(second.flag, 0);
+  EXPECT_TRUE(rows.At_End());
+}
+
 TEST(MeasuredTree, TakesHeightNumberAndFlagFromItemsFiveToSeven) {
   ListReader rows = Rows("1,2,pine,4,5.5,T6,1\n");
   const MeasuredTree tree = Read_Measured_Tree(rows);
@@ -44,13 +78,21 @@ TEST(MeasuredTree, TakesHeightNumberAndFlagFromItemsFiveToSeven) {
   EXPECT_TRUE(rows.At_End());
 }
 
-TEST(CrownPoint, TakesItsSizeFromItemFour) {
+TEST(CrownPoint, IsOneWiderThanItsSizeInItemFour) {
   ListReader rows = Rows("a1 1 2 3.5 4 5 6 7\n");
   const CrownPoint point = Read_Crown_Point(rows);
   EXPECT_EQ(point.X, 1);
   EXPECT_EQ(point.Y, 2);
-  EXPECT_EQ(point.size, 3.5);
+  EXPECT_EQ(point.width, 4);  // 4.5 to even
   EXPECT_TRUE(rows.At_End());
+}
+
+TEST(CrownPoint, ASizeBeyondSixteenBitsIsNamedWithItsPlace) {
+  EXPECT_EQ(Failure_Of(Read_Crown_Point, "\na 1 2 32767 4 5 6 7\n"),
+            "Overflow: c:\\data\\rows.txt, line 2, item 4: 32768 is not in -32768 to 32767");
+  EXPECT_EQ(Failure_Of(Read_Crown_Point, "a 1 2 -40000 4 5 6 7\n"),
+            "Overflow: c:\\data\\rows.txt, line 1, item 4: -39999 is not in -32768 to 32767");
+  EXPECT_EQ(Failure_Of(Read_Crown_Point, "a 1 2 32766 4 5 6 7\n"), "no failure");
 }
 
 TEST(TiePoint, ImageIdComesFirst) {

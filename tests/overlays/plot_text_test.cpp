@@ -43,9 +43,10 @@ TEST(PlotText, HeaderAndTreesComeAsTheyStand) {
   EXPECT_EQ(tree->TreeId, 7);
   EXPECT_EQ(tree->TreeSpecies, 2);
   EXPECT_EQ(tree->TreeCode, -1);
-  EXPECT_EQ(plot.Height_Place(), "line 5, item 12");
+  EXPECT_EQ(plot.Dbh_Place(), "c:\\data\\plot.txt, line 5, item 11");
+  EXPECT_EQ(plot.Height_Place(), "c:\\data\\plot.txt, line 5, item 12");
   EXPECT_TRUE(plot.Next_Tree());
-  EXPECT_EQ(plot.Height_Place(), "line 6, item 20");
+  EXPECT_EQ(plot.Height_Place(), "c:\\data\\plot.txt, line 6, item 20");
   EXPECT_FALSE(plot.Next_Tree());
 }
 

@@ -100,6 +100,25 @@ TEST_F(Conversion, ATreeOfBreastHeightEndsTheCommandAndKeepsTheTreesBefore) {
   EXPECT_EQ(Int_At(0), 3);
 }
 
+TEST_F(Conversion, ADiameterWithoutAVolumeIsNamedByItsOwnItem) {
+  for (const char* diameter : {"-200", "1E+308"}) {
+    const PlayedSession played = Convert("0,0,0,0,0,0,0\n1,2,3,200,15,1,1,0\n1,2,3," +
+                                         std::string(diameter) + ",15,2,1,0\n");
+    EXPECT_EQ(played.status, 2);
+    EXPECT_NE(played.transcript.find("error ConvertFieldDataToBinary \"Overflow: "
+                                     "c:\\data\\plot.txt, line 3, item 19: no stem volume for a "
+                                     "height of 15 m and a diameter of "),
+              std::string::npos)
+        << played.transcript;
+  }
+}
+
+TEST_F(Conversion, AHeightWithoutAVolumeIsNamedByItsOwnItem) {
+  const PlayedSession played = Convert("0,0,0,0,0,0,0\n1,2,3,200,1E+200,1,1,0\n");
+  EXPECT_NE(played.transcript.find("plot.txt, line 2, item 12: no stem volume"), std::string::npos)
+      << played.transcript;
+}
+
 TEST_F(Conversion, AMalformedRowFailsBeforeTheOutputIsAskedFor) {
   site.Folder().Write("c/data/plot.txt", "0,0,0,0,0,0,0\n1,2,3,200,15,1,1\n");
   const PlayedSession played =

@@ -120,6 +120,23 @@ TEST(ListReader, AnEmptyLineGivesTheEmptyText) {
   EXPECT_EQ(Texts("a,\nb", 3), "a||b");
 }
 
+TEST(ListReader, ACommaThatOpensALineFollowsAnEmptyText) {
+  EXPECT_EQ(Texts(",a,\"\",b\n ,c", 6), "|a||b||c");
+}
+
+TEST(ListReader, SkippingEmptyLinesStopsAtTheNextItemEvenAnEmptyOne) {
+  ListReader list("\n \n,a,\n\n,b", "list.txt");
+  list.Skip_Empty_Lines();
+  EXPECT_EQ(list.Read_Text(), "");
+  EXPECT_EQ(list.Read_Text(), "a");
+  list.Skip_Empty_Lines();
+  EXPECT_EQ(list.Line(), 5);
+  EXPECT_EQ(list.Read_Text(), "");
+  EXPECT_EQ(list.Read_Text(), "b");
+  list.Skip_Empty_Lines();
+  EXPECT_TRUE(list.At_End());
+}
+
 TEST(ListReader, ANumberMayFollowAnEmptyText) {
   ListReader list = Reader("0.5\n\n4\n");
   EXPECT_EQ(list.Read_Double(), 0.5);

@@ -64,10 +64,22 @@ TEST(CameraTable, ReadsTwelveItemsWithBlanksInTheTexts) {
 
 TEST(CameraTable, ALineWithFewerItemsIsNamedAndTakesNoneOfTheNextLine) {
   EXPECT_EQ(Failure_Of("\n1,x,0.2,0,0,0,1,2,3,a,b.hdr\n2,x,0.2,0,0,0,1,2,3,a,b.hdr,c\n"),
-            "Bad content: c:\\data\\cam.csv, line 2, item 11: the line ends here, 12 items are "
+            "Bad content: c:\\data\\cam.csv, line 2, item 12: the line ends here, 12 items are "
             "wanted");
   EXPECT_EQ(Failure_Of("1\n2,3\n"),
-            "Bad content: c:\\data\\cam.csv, line 1, item 1: the line ends here, 12 items are "
+            "Bad content: c:\\data\\cam.csv, line 1, item 2: the line ends here, 12 items are "
+            "wanted");
+}
+
+TEST(CameraTable, AnEmptyPartOfAFileNameIsNamedByItsItem) {
+  EXPECT_EQ(Failure_Of("1,x,0.2,0,0,0,1,2,3,,b.hdr,c\n"),
+            "Bad content: c:\\data\\cam.csv, line 1, item 10: an empty text names no file");
+  EXPECT_EQ(Failure_Of("1,x,0.2,0,0,0,1,2,3,a,\"\",c\n"),
+            "Bad content: c:\\data\\cam.csv, line 1, item 11: an empty text names no file");
+  EXPECT_EQ(Failure_Of("1,x,0.2,0,0,0,1,2,3,a,b.hdr,,\n"),
+            "Bad content: c:\\data\\cam.csv, line 1, item 12: an empty text names no file");
+  EXPECT_EQ(Failure_Of("1,x,0.2,0,0,0,1,2,3,a,b.hdr,\n"),
+            "Bad content: c:\\data\\cam.csv, line 1, item 12: the line ends here, 12 items are "
             "wanted");
 }
 

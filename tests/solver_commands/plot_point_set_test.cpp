@@ -82,18 +82,36 @@ TEST(PlotPointSet, LinesOfAnyLengthCountByTheirFirstHundredCharacters) {
   EXPECT_EQ(b.Marks(0).size(), 3U);
 }
 
+TEST(PlotPointSet, ZRunsOnBehindTheHundredthCharacter) {
+  for (const std::size_t comma : {60U, 96U, 99U}) {  // of Z, counted from 0
+    for (const char* rest : {"155.25", "155.25,0,0"}) {
+      PointFile b;
+      std::string line = "1,100,5";
+      line.resize(comma, ' ');
+      b.Write_Points(line + "," + rest + "\n2,100,5,20\n");
+      Plot_Point_Set(b.w);
+      EXPECT_EQ(b.folder.Read("c/apu/quvex.txt"),
+                "100.00,5.00,155.25,-99.00\n100.00,5.00,20.00,-99.00\n");
+    }
+  }
+}
+
 TEST(PlotPointSet, AThirdCommaBehindTheHundredthCharacterIsNotSeen) {
   PointFile b;
   b.Write_Points("1,100,5" + std::string(95, ' ') + ",20\n");
-  EXPECT_NE(b.Failure_Of_Plot().find("points.txt, line 1"), std::string::npos);
+  EXPECT_NE(b.Failure_Of_Plot().find("points.txt, line 1, item 4: number"), std::string::npos);
 }
 
 TEST(PlotPointSet, AMalformedLineIsNamed) {
   PointFile b;
   b.Write_Points("1,100,5,20\n2,100,abc,20\n");
-  EXPECT_EQ(b.Failure_Of_Plot().substr(0, 44), "Type mismatch: c:\\data\\points.txt, line 2: \"");
+  EXPECT_EQ(b.Failure_Of_Plot(),
+            "Type mismatch: c:\\data\\points.txt, line 2, item 3: \"abc\" is not a number");
+  b.Write_Points("1,100,5,20\n40000,100,3,20\n");
+  EXPECT_EQ(b.Failure_Of_Plot(),
+            "Overflow: c:\\data\\points.txt, line 2, item 1: 40000 is not in -32768 to 32767");
   b.Write_Points("1,100,5,20\n\n2,100\n");
-  EXPECT_NE(b.Failure_Of_Plot().find("points.txt, line 3: number, X, Y and Z are wanted"),
+  EXPECT_NE(b.Failure_Of_Plot().find("points.txt, line 3, item 3: number, X, Y and Z are wanted"),
             std::string::npos);
   EXPECT_TRUE(b.Marks(0).empty());
 }

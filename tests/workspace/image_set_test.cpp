@@ -109,6 +109,47 @@ TEST(AddImage, AColourFlagAboveOneWarnsAndLoadsTheOldBitmap) {
   EXPECT_NE(played.transcript.find("ImageCount = 1\n"), std::string::npos);
 }
 
+TEST(AddImage, StaysWithoutAPictureWhenTheValidationOnlyWarns) {
+  SmallSite site;
+  SmallImage image;
+  image.colour = 2;
+  const std::string header = site.Write_Image("a", image);
+  const PlayedSession without = Play_Script(
+      site.Folder(), "file " + header +
+                         "\ntry menu Add_images_to_set\nexpect ImageCount 1\n"
+                         "expect Picture1(0).Visible -1\nexpect ImageBlock(0).ImageId 1\n");
+  EXPECT_EQ(without.status, 0) << without.reason;
+  const std::string warning =
+      "message \"Image (0-(N-1)): 0Parameter: image color:2 in set file should be 1 (color) or 0 "
+      "(grayscale)?\" title=\"\" buttons=ok -> ok\n";
+  EXPECT_EQ(without.transcript,
+            std::string(kDialogLine) + "\"c:\\data\\a.hdr\"\n" + warning +
+                "error Add_images_to_set \"File not found: image 0 stays without a picture: "
+                "c:\\data\\pic0.bmp\"\n");
+}
+
+TEST(AddImage, StaysWithoutAPictureOnAValidSolutionByBothDialogs) {
+  SmallSite site;
+  SmallImage image;
+  image.colour = 2;
+  site.Write_Image("a", image);
+  site.Folder().Write("c/data/ImaFiles/hit.txt", "1,c:\\data\\a.hdr,1,2,3\n");
+  for (const char* road : {"file c:\\data\\a.hdr\nmenu Add_images_to_set\n",
+                           "file c:\\data\\ImaFiles\\hit.txt\nmenu Add_Image_Center_to_XYZ\n"}) {
+    const PlayedSession played =
+        Play_Script(site.Folder(), "input 1\ninput 2\ninput 3\nmenu Set_3D_solution\nsay add\n" +
+                                       std::string(road) + "expect ImageCount 1\n");
+    EXPECT_EQ(played.status, 0) << played.reason;
+    const std::string told = played.transcript.substr(played.transcript.find("message"));
+    EXPECT_EQ(
+        told,
+        "message \"Image (0-(N-1)): 0Parameter: image color:2 in set file should be 1 (color) "
+        "or 0 (grayscale)?\" title=\"\" buttons=ok -> ok\n"
+        "message \"An error occurred in sub Center_to_xyz_Click() \" title=\"\" buttons=ok -> "
+        "ok\n");
+  }
+}
+
 TEST(AddImage, TheTenthImagePassesTheLimitTestAndFailsOnTheNinePanes) {
   SmallSite site;
   const std::string header = site.Write_Image("a", {});
@@ -126,15 +167,41 @@ TEST(AddImage, TheTenthImagePassesTheLimitTestAndFailsOnTheNinePanes) {
             std::string::npos);
 }
 
-// What a bad file gets: one message with its cause, and the block as it was.
-void Expect_Refused(const SmallSite& site, const std::string& message) {
-  const PlayedSession played = Play_Script(
-      site.Folder(), Add("c:\\data\\good.hdr") + "file c:\\data\\bad.hdr\n" +
-                         "try menu Add_images_to_set\nexpect ImageCount 1\nexpect PaneWidth 944\n"
-                         "expect Picture1(1).Visible 0\nexpect ImageBlock(1).ImageId 0\n");
-  EXPECT_EQ(played.status, 0) << played.reason;
-  EXPECT_NE(played.transcript.find("error Add_images_to_set \"" + message), std::string::npos)
-      << played.transcript;
+const char* const kSetSolution = "input 1\ninput 2\ninput 3\nmenu Set_3D_solution\n";
+
+const char* const kBlockOfOneImage =
+    "expect ImageCount 1\nexpect PaneWidth 944\nexpect Picture1(0).Width 948\n"
+    "expect Picture1(1).Visible 0\nexpect ImageBlock(1).ImageId 0\n"
+    "expect ImageBlock(1).SubWidth 0\nexpect PaneViews(1) \"0 0 0 0 0 0\"\n";
+
+// What a bad file gets, with and without a solution and by both dialogs: one message with its
+// cause, and the block as it was.
+void Expect_Refused(const SmallSite& site, const std::string& message,
+                    const std::string& warnings = "") {
+  site.Folder().Write("c/data/ImaFiles/hit.txt", "1,c:\\data\\bad.hdr,1,2,3\n");
+  for (const std::string solution : {"", kSetSolution}) {
+    for (const std::string& road :
+         {std::string("file c:\\data\\bad.hdr\nsay road\ntry menu Add_images_to_set\n"),
+          std::string(
+              "file c:\\data\\ImaFiles\\hit.txt\nsay road\ntry menu Add_Image_Center_to_XYZ\n")}) {
+      const PlayedSession played = Play_Script(
+          site.Folder(), Add("c:\\data\\good.hdr") + solution + "input 0\nmenu Remove_an_image\n" +
+                             Add("c:\\data\\good.hdr") + "print Label10\n" + road +
+                             "print Label10\n" + kBlockOfOneImage);
+      EXPECT_EQ(played.status, 0) << played.reason << played.transcript;
+      const std::string& text = played.transcript;
+      const std::size_t label = text.find("Label10 = ");
+      const std::size_t told = text.find("file title", label);
+      const std::size_t cause = text.find('\n', told) + 1;
+      ASSERT_EQ(text.substr(cause, warnings.size()), warnings) << text;
+      const std::size_t error = cause + warnings.size();
+      EXPECT_TRUE(text.substr(error).starts_with("error Add_")) << text;
+      EXPECT_TRUE(text.substr(text.find('"', error) + 1).starts_with(message)) << text;
+      // Nothing is told behind the one message, and the status line says what it said before.
+      EXPECT_EQ(text.substr(text.find('\n', error) + 1),
+                text.substr(label, text.find('\n', label) - label + 1));
+    }
+  }
 }
 
 class BadHeader : public testing::Test {
@@ -183,6 +250,51 @@ TEST_F(BadHeader, RawFileShorterThanTheHeaderSays) {
   image.height = 2000;
   Write(SmallSite::Header_Text(image, "c:\\data\\good.raw"));
   Expect_Refused(site_, "Input past end of file: c:\\data\\good.raw");
+}
+
+TEST_F(BadHeader, NoRawFileNamed) {
+  Write(SmallSite::Header_Text({}, ""));
+  Expect_Refused(site_, "Bad content: c:\\data\\bad.hdr: no raw file is named");
+}
+
+std::string Size_Warning(const std::string& side, const std::string& value) {
+  return "message \"Image (0-(N-1)): 1Parameter: Sub-image " + side + ":" + value +
+         " in set file?\" title=\"\" buttons=ok -> ok\n";
+}
+
+TEST_F(BadHeader, NoColumns) {
+  SmallImage image;
+  image.width = 0;
+  Write(SmallSite::Header_Text(image, "c:\\data\\good.raw"));
+  Expect_Refused(site_, "Bad content: c:\\data\\bad.hdr: SubWidth is 0");
+}
+
+TEST_F(BadHeader, NegativeRows) {
+  SmallImage image;
+  image.height = -5;
+  Write(SmallSite::Header_Text(image, "c:\\data\\good.raw"));
+  Expect_Refused(site_, "Bad content: c:\\data\\bad.hdr: SubHeight is -5",
+                 Size_Warning("height", "-5"));
+}
+
+TEST_F(BadHeader, AThousandMillionColumns) {
+  SmallImage image;
+  image.width = 1000000000;
+  Write(SmallSite::Header_Text(image, "c:\\data\\good.raw"));
+  Expect_Refused(
+      site_,
+      "Input past end of file: c:\\data\\good.raw: the header tells 3000000000000 bytes, "
+      "the file has 3000000",
+      Size_Warning("width", "1000000000"));
+}
+
+TEST_F(BadHeader, AnUnknownColourWithoutARawFile) {
+  SmallImage image;
+  image.colour = 2;
+  Write(SmallSite::Header_Text(image, "c:\\data\\none.raw"));
+  Expect_Refused(site_, "File not found: c:\\data\\none.raw",
+                 "message \"Image (0-(N-1)): 1Parameter: image color:2 in set file should be 1 "
+                 "(color) or 0 (grayscale)?\" title=\"\" buttons=ok -> ok\n");
 }
 
 TEST_F(BadHeader, DialogClosedWithoutAChoice) {

@@ -43,14 +43,13 @@ void Move_Down_To(Workspace& w, int first) {
   }
 }
 
-// The panes for a smaller number of images. Those that are free now lose their pictures, so that
+// The panes for the images that are left. Those that are free now lose their pictures, so that
 // none is taken for that of an image to come.
-void Shrink_Block(Workspace& w, int image_count) {
-  w.ImageCount = static_cast<std::int16_t>(image_count);
+void Lay_Out_Those_Left(Workspace& w) {
   w.CurrentImage = -1;
   Compute_Pane_Size(w);
   Lay_Out_Panes(w);
-  for (int k = image_count; k < kPanes; ++k) Load_Picture(w.Form1.Picture1(k), nullptr);
+  for (int k = w.ImageCount; k < kPanes; ++k) Load_Picture(w.Form1.Picture1(k), nullptr);
 }
 
 void Remove_Image(Workspace& w, int image) {
@@ -62,8 +61,8 @@ void Remove_Image(Workspace& w, int image) {
     return;
   }
   const bool is_last = image == w.ImageCount - 1;
-  if (!is_last) Move_Down_To(w, image);
-  Shrink_Block(w, w.ImageCount - 1);
+  Take_Out_Image(w, image);
+  Lay_Out_Those_Left(w);
   Center_On_Solution_Or_Start(w);
   w.Form1.Label10.Caption = is_last ? "Removed the last image from the set succesfully"
                                     : "Removed an image from the set succesfully";
@@ -71,8 +70,15 @@ void Remove_Image(Workspace& w, int image) {
 
 }  // namespace
 
+void Take_Out_Image(Workspace& w, int image) {
+  if (image < w.ImageCount - 1) Move_Down_To(w, image);
+  --w.ImageCount;
+  for (FollowedImage* followed : w.FollowedImages) followed->After_Removal_Of(image);
+}
+
 void Remove_All_Images(Workspace& w) {
-  Shrink_Block(w, 0);
+  while (w.ImageCount > 0) Take_Out_Image(w, w.ImageCount - 1);
+  Lay_Out_Those_Left(w);
   w.SolutionValid = false;
   w.Form1.Label10.Caption = "Removed all images from the set succesfully";
 }

@@ -10,6 +10,9 @@ namespace sylvomex {
 /// move down with their views; comment and related rasters stay with their index.
 void Remove_an_image(Workspace& w);
 
+/// Takes an image out of the tables; the images behind it move down. Panes stay as they are.
+void Take_Out_Image(Workspace& w, int image);
+
 /// Empties the block and drops the solution.
 void Remove_All_Images(Workspace& w);
 

@@ -95,16 +95,15 @@ void Find_Images_With_XYZ_Sol(Workspace& w) {
 void Add_Image_Center_to_XYZ(Workspace& w) {
   const PointInImage hit = Ask_Hit(w);
   Take_Over_Point(w, hit);
-  if (!Take_In_Image(w, w.Drives.Locate(hit.header))) return;
-  const int image = w.ImageCount - 1;
+  const FollowedImage image(w, w.ImageCount);
+  if (!Take_In_Image(w, w.Drives.Locate(hit.header), image)) return;
   w.SolutionValid = true;
   Center_to_xyz_click(w);
   w.screen->Clear_Clipboard();
-  const auto& bitmap = w.Form1.Picture1(image).bitmap;
-  if (bitmap == nullptr) {
-    throw RunTimeError(Failure::BadContent, "the new pane holds no picture for the clipboard");
-  }
-  w.screen->Copy_To_Clipboard(*bitmap);
+  // Without a picture the centring has told so, without an image the operator knows.
+  if (!image.Is_There()) return;
+  const auto& bitmap = w.Form1.Picture1(image.Index()).bitmap;
+  if (bitmap != nullptr) w.screen->Copy_To_Clipboard(*bitmap);
 }
 
 void Find_And_Read_Terr_Images_in_Which(Workspace& w) {

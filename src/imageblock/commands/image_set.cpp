@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "imageblock/commands/image_set.h"
 
+#include "imageblock/commands/block_maintenance.h"
 #include "imageblock/image_header.h"
+#include "imageblock/raw_rows.h"
 #include "platform/list_reader.h"
 #include "platform/number_text.h"
 #include "workspace/panes/pane_centring.h"
@@ -38,6 +40,28 @@ void Validate_Header(Workspace& w, int image) {
   }
 }
 
+void Check_Side(const FilePath& header, const char* field, double side) {
+  if (side > 0) return;
+  throw RunTimeError(
+      Failure::BadContent,
+      header.name + ": " + field + " is " + Plain_Text(side) + ", an image has pixels",
+      header.native);
+}
+
+// What no pane could ever show is refused before anything of it is. Pixels of a ColorFlag that
+// no renderer knows are taken for the smallest.
+void Check_Raw_File(Workspace& w, const ImageRecord& record, const FilePath& header) {
+  Check_Side(header, "SubWidth", record.SubWidth);
+  Check_Side(header, "SubHeight", record.SubHeight);
+  const std::string name = record.RawFileName.Trimmed();
+  if (name.empty()) {
+    throw RunTimeError(Failure::BadContent, header.name + ": no raw file is named", header.native);
+  }
+  const MappedFile& file = w.RawFiles.Open(w.Drives.Locate(name));
+  Check_Raw_Length({file.Bytes(), record.SubWidth, record.SubHeight, &file.File()},
+                   record.ColorFlag == 1 ? RawLayout::Colour : RawLayout::Grey);
+}
+
 void Read_Header(Workspace& w, int image, ListReader& header) {
   w.ImageBlock(image) = Read_Image_Header(header);
   w.ImageKinds(image) = 1;
@@ -60,11 +84,13 @@ void Set_Default_Pan_Center(Workspace& w) {
   w.PanCenter = w.DefaultPanCenter;
 }
 
-// What an image that cannot be read must leave as it was.
-class BlockRestorer {
+// Takes an image that cannot be read out of the block again and puts back what it took the place
+// of. What removals played meanwhile have done stays.
+class Addition {
  public:
-  explicit BlockRestorer(Workspace& w)
+  Addition(Workspace& w, const FollowedImage& image)
       : w_(w),
+        image_(image),
         count_(w.ImageCount),
         record_(w.ImageBlock(count_)),
         kind_(w.ImageKinds(count_)),
@@ -74,20 +100,26 @@ class BlockRestorer {
     if (count_ < kMostImages) view_ = w.PaneViews(count_);
   }
 
-  // Panes that were laid out for the new image go back to their places.
-  void Restore() {
-    w_.ImageCount = count_;
+  void Undo() {
+    if (!image_.Is_There()) return;
+    Take_Out_Image(w_, image_.Index());
+    if (w_.ImageCount == count_) Restore_Tables();
+    Compute_Pane_Size(w_);
+    Lay_Out_Panes(w_);
+  }
+
+ private:
+  void Restore_Tables() {
     w_.ImageBlock(count_) = record_;
     w_.ImageKinds(count_) = kind_;
     w_.RotationTable(count_) = rotation_;
     if (count_ < kMostImages) w_.PaneViews(count_) = view_;
     w_.PaneWidth = pane_width_;
     w_.PaneHeight = pane_height_;
-    Lay_Out_Panes(w_);
   }
 
- private:
   Workspace& w_;
+  const FollowedImage& image_;
   std::int16_t count_;
   ImageRecord record_;
   std::int16_t kind_;
@@ -115,26 +147,29 @@ void Give_Start_View(Workspace& w, int image) {
   view.ViewHeight = w.PaneHeight;
 }
 
-void Finish_Without_Solution(Workspace& w, int image) {
-  Show_Count_Read(w, image + 1);
+void Finish_Without_Solution(Workspace& w, const FollowedImage& image) {
+  Show_Count_Read(w, image.Index() + 1);
   w.Form1.MousePointer = PointerShape::Normal;
   w.screen->Service_Events();
-  Build_Rotation_Matrix(w, image);
-  w.Form1.Picture1(image).Visible = true;
-  w.Form1.Picture1(image).Enabled = true;
+  const int k = image.Index();
+  Build_Rotation_Matrix(w, k);
+  w.Form1.Picture1(k).Visible = true;
+  w.Form1.Picture1(k).Enabled = true;
   Set_Default_Pan_Center(w);
   w.Form1.MousePointer = PointerShape::Normal;
   w.ImageAddDone = true;
 }
 
-void Read_Next_Image(Workspace& w, ListReader& header) {
+void Read_Next_Image(Workspace& w, ListReader& header, const FilePath& header_file,
+                     const FollowedImage& image) {
   ++w.ImageCount;
   w.Form1.MousePointer = PointerShape::Hourglass;
   w.screen->Service_Events();
   Compute_Pane_Size(w);
-  const int k = w.ImageCount - 1;
+  const int k = image.Index();
   Read_Header(w, k, header);
   Validate_Header(w, k);
+  Check_Raw_File(w, w.ImageBlock(k), header_file);
   w.Form1.MousePointer = PointerShape::Hourglass;
   Show_Count_Read(w, 0);
   w.screen->Service_Events();
@@ -142,7 +177,7 @@ void Read_Next_Image(Workspace& w, ListReader& header) {
 
 }  // namespace
 
-bool Take_In_Image(Workspace& w, const FilePath& header_file) {
+bool Take_In_Image(Workspace& w, const FilePath& header_file, const FollowedImage& image) {
   w.ImageAddDone = false;
   ListReader header(header_file);
   if (w.ImageCount > kMostImages) {
@@ -151,34 +186,33 @@ bool Take_In_Image(Workspace& w, const FilePath& header_file) {
         "images!)");
     return false;
   }
-  BlockRestorer restorer(w);
+  Addition addition(w, image);
   try {
-    Read_Next_Image(w, header);
+    Read_Next_Image(w, header, header_file, image);
   } catch (const RunTimeError&) {
-    restorer.Restore();
+    addition.Undo();
     throw;
   }
   // A tenth image passes the test above and fails here, on the nine panes.
   Lay_Out_Panes(w);
-  Give_Start_View(w, w.ImageCount - 1);
+  Give_Start_View(w, image.Index());
   return true;
 }
 
 void Add_Image_By_Name(Workspace& w, const FilePath& header_file) {
-  BlockRestorer restorer(w);
-  if (!Take_In_Image(w, header_file)) return;
-  const int k = w.ImageCount - 1;
+  const FollowedImage image(w, w.ImageCount);
+  if (!Take_In_Image(w, header_file, image)) return;
   if (w.SolutionValid) {
     Center_to_xyz_click(w);
     return;
   }
   try {
-    Show_At_Start_Position(w, k);
-  } catch (const RunTimeError&) {
-    restorer.Restore();
-    throw;
+    Show_At_Start_Position(w, image.Index());
+  } catch (const RunTimeError& error) {
+    throw error.At("image " + Plain_Text(std::int32_t{image.Index()}) + " stays without a picture",
+                   error.Native_Path());
   }
-  Finish_Without_Solution(w, k);
+  Finish_Without_Solution(w, image);
 }
 
 void Add_images_to_set(Workspace& w) {

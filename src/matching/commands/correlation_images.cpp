@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "matching/commands/correlation_images.h"
 
+#include <list>
 #include <memory>
 #include <optional>
 #include <string>
@@ -18,6 +19,18 @@ namespace sylvomex {
 namespace {
 
 constexpr double kPatchPerRadius = 3.5;
+
+// A ticked image. Templates and files go by its place in the set, so that one which a removal has
+// moved is passed over like one that is gone.
+struct TickedImage {
+  TickedImage(Workspace& w, int image) : place(image), followed(w, image) {}
+  [[nodiscard]] bool Is_In_Place() const {
+    return followed.Is_There() && followed.Index() == place;
+  }
+
+  const int place;
+  const FollowedImage followed;
+};
 
 std::string Index_Text(int image) { return Plain_Text(std::int32_t{image}); }
 
@@ -69,14 +82,17 @@ void Write_And_Show(Workspace& w, int image, const RawWindow& window,
   Load_Picture(w.Form1.Picture1(image), std::make_shared<const PaneBitmap>(Load_Bitmap(picture)));
 }
 
-void Correlate_Image(Workspace& w, int image, int side) {
+void Correlate_Image(Workspace& w, const TickedImage& ticked, int side) {
+  const int image = ticked.place;
   // A copy: the events serviced below may change the image set.
   const ImageRecord record = w.ImageBlock(image);
   const RawWindow window = Choose_Window(w, image, side);
   const std::vector<std::uint8_t> patch =
       Read_Raw_Window(record, Raw_Pixels_Of(w, record), window, ColourRule::Mean);
   Write_Patch(w.Drives, image, window.Width(), window.Height(), patch);
-  Write_And_Show(w, image, window, Correlate(w, image, window, patch));
+  const std::vector<double> result = Correlate(w, image, window, patch);
+  if (!ticked.Is_In_Place()) return;
+  Write_And_Show(w, image, window, result);
   w.CorrelationRecords(image) =
       Correlation_Record(record, window, "c:\\data\\ccor_ima" + Index_Text(image) + ".raw");
   w.CorrelationPaneViews(image) = {0, 0, 0, 0, 1.0, 1.0};
@@ -92,9 +108,12 @@ void Compute_Correlation_Images(Workspace& w) {
     w.screen->Message_Box("Solution X;Y;Z does not exist!");
     return;
   }
+  std::list<TickedImage> images;
+  for (const int image : Ticked_Images(w)) images.emplace_back(w, image);
   std::optional<int> side;
-  for (const int image : Ticked_Images(w)) {
-    side = Choose_Side(w, image, side);
+  for (const TickedImage& image : images) {
+    if (!image.Is_In_Place()) continue;
+    side = Choose_Side(w, image.place, side);
     Correlate_Image(w, image, *side);
   }
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "overlays/commands/convert_field_data.h"
 
+#include <cmath>
+
 #include "overlays/commands/field_dialogs.h"
 #include "overlays/field_tree_file.h"
 #include "overlays/stem_volume.h"
@@ -18,12 +20,13 @@ std::int32_t Count_Trees(const FilePath& file) {
   return count;
 }
 
-// The volume; a failure names the height's place in the file.
+// The volume; a failure names the place in the file of the value without one.
 double Volume_Of(const PlotTree& tree, const PlotTextReader& plot, const FilePath& file) {
   try {
     return Stem_Volume(tree.TreeSpecies, tree.Dbh, tree.TreeHeight);
   } catch (const RunTimeError& error) {
-    throw error.At(file.name + ", " + plot.Height_Place(), file.native);
+    const bool has_diameter = std::isfinite(Diameter_Share(tree.TreeSpecies, tree.Dbh));
+    throw error.At(has_diameter ? plot.Height_Place() : plot.Dbh_Place(), file.native);
   }
 }
 

@@ -14,44 +14,64 @@
 namespace sylvomex {
 namespace {
 
-constexpr std::size_t kScanned = 100;  // characters of a line
+constexpr std::size_t kScanned = 100;  // characters of a line that are scanned for commas
 constexpr double kLeastX = 1.0;        // a point without a solution has X 0
 
-using Fields = std::array<std::string_view, 4>;
-
-std::optional<Fields> Split_Fields(std::string_view line) {
-  line = line.substr(0, kScanned);
-  Fields fields;
-  std::size_t begin = 0;
-  for (std::size_t i = 0; i < fields.size(); ++i) {
-    if (begin > line.size()) return std::nullopt;
-    const std::size_t end = std::min(line.find(',', begin), line.size());
-    fields[i] = line.substr(begin, end - begin);
-    begin = end + 1;
+// One line: number, X, Y, Z and more that is not looked at.
+class PointLine {
+ public:
+  PointLine(std::string_view text, const FilePath& file, int line_number)
+      : file_(file), line_number_(line_number) {
+    std::size_t begin = 0;
+    for (std::size_t i = 0; i + 1 < fields_.size(); ++i) {
+      const std::size_t comma = text.substr(0, kScanned).find(',', begin);
+      if (comma == std::string_view::npos) {
+        throw RunTimeError(
+            Failure::BadContent,
+            Place(i + 1) +
+                ": number, X, Y and Z are wanted, with commas in the first 100 characters",
+            file_.native);
+      }
+      fields_[i] = text.substr(begin, comma - begin);
+      begin = comma + 1;
+    }
+    fields_.back() = text.substr(begin, text.find(',', begin) - begin);
   }
-  return fields;
-}
+
+  /// An item, from 0, by a parser of number_text.h.
+  template <class Number>
+  [[nodiscard]] Number Item(std::size_t item, Number (*parse)(std::string_view)) const {
+    try {
+      return parse(fields_[item]);
+    } catch (const RunTimeError& error) {
+      throw error.At(Place(item), file_.native);
+    }
+  }
+
+ private:
+  [[nodiscard]] std::string Place(std::size_t item) const {
+    return file_.name + ", line " + std::to_string(line_number_) + ", item " +
+           std::to_string(item + 1);
+  }
+
+  const FilePath& file_;
+  int line_number_;
+  std::array<std::string_view, 4> fields_;
+};
 
 // Nothing for a line that is to be passed over.
-std::optional<ObservationPoint> Point_Of_Line(std::string_view line) {
-  const std::optional<Fields> fields = Split_Fields(line);
-  if (!fields) throw RunTimeError(Failure::BadContent, "number, X, Y and Z are wanted");
+std::optional<ObservationPoint> Point_Of_Line(const PointLine& line) {
   ObservationPoint point;
-  point.X = Parse_Double((*fields)[1]);
+  point.X = line.Item(1, Parse_Double);
   if (point.X <= kLeastX) return std::nullopt;
-  point.number = Parse_Int16((*fields)[0]);
-  point.Y = Parse_Double((*fields)[2]);
-  point.Z = Parse_Double((*fields)[3]);
+  point.number = line.Item(0, Parse_Int16);
+  point.Y = line.Item(2, Parse_Double);
+  point.Z = line.Item(3, Parse_Double);
   return point;
 }
 
 bool Is_Blank(std::string_view line) {
   return line.find_first_not_of(" \t") == std::string_view::npos;
-}
-
-// The same failure with the place where it happened.
-[[noreturn]] void Fail_At(const FilePath& file, int line_number, const RunTimeError& error) {
-  throw error.At(file.name + ", line " + std::to_string(line_number), file.native);
 }
 
 }  // namespace
@@ -66,11 +86,7 @@ std::vector<ObservationPoint> Read_Observation_Points(const FilePath& file) {
     if (line.ends_with('\r')) line.remove_suffix(1);
     rest.remove_prefix(std::min(length + 1, rest.size()));
     if (Is_Blank(line)) continue;
-    try {
-      if (const auto point = Point_Of_Line(line)) points.push_back(*point);
-    } catch (const RunTimeError& error) {
-      Fail_At(file, line_number, error);
-    }
+    if (const auto point = Point_Of_Line({line, file, line_number})) points.push_back(*point);
   }
   return points;
 }

@@ -14,11 +14,12 @@ struct ObservationPoint {
 };
 
 /// The points of an observation file, from the first four of the comma-separated fields of
-/// each line. Only the first 100 characters of a line are looked at. Lines with X of 1.0 or
-/// less and blank lines are passed over.
+/// each line. The first 100 characters of a line are scanned for the three commas between them; Z
+/// runs on to the next comma or the line's end, wherever that lies. Lines with X of 1.0 or less and
+/// blank lines are passed over.
 ///
-/// RunTimeError(BadContent) for a line with fewer than four fields, RunTimeError(TypeMismatch)
-/// or (Overflow) for a field that is no number, each naming the file and the line.
+/// RunTimeError(BadContent) for a line without the three commas, RunTimeError(TypeMismatch)
+/// or (Overflow) for a field that is no number, each naming file, line and item.
 std::vector<ObservationPoint> Read_Observation_Points(const FilePath& file);
 
 }  // namespace sylvomex

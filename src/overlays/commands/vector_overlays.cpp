@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "overlays/commands/vector_overlays.h"
 
-#include <algorithm>
 #include <optional>
 
 #include "overlays/commands/field_dialogs.h"
@@ -9,7 +8,6 @@
 #include "overlays/plot_geometry.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
-#include "platform/rounding.h"
 #include "workspace/panes/pane_drawing.h"
 #include "workspace/state/camera_access.h"
 
@@ -63,7 +61,7 @@ void Draw_Crown_Point(Workspace& w, const CrownPoint& point) {
   const double Z = Get_Raster_Elevation(w, point.X, point.Y);
   const PanePosition at = Overlay_Of_Point(w, 0, point.X, point.Y, Z);
   Picture& pane = w.Form1.Picture1(0);
-  pane.DrawWidth = std::max<int>(1, To_Int16(point.size + 1));
+  pane.DrawWidth = point.width;
   Plot_Point(pane, at.px, at.py, kYellow);
 }
 

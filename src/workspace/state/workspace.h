@@ -23,6 +23,7 @@
 #include "solver/camera_model.h"
 #include "solver/measurement_records.h"
 #include "solver/space_intersection.h"
+#include "workspace/state/followed_image.h"
 #include "workspace/state/forms.h"
 #include "workspace/state/screen.h"
 
@@ -85,6 +86,7 @@ struct Workspace {
   std::int16_t PaneWidth = 0;
   std::int16_t PaneHeight = 0;
   RawFileCache RawFiles;
+  std::vector<FollowedImage*> FollowedImages;  // of the commands under way
 
   Point3D Solution3D;
   bool SolutionValid = false;
