@@ -16,7 +16,7 @@ void Read_Extent(ListReader& header, ImageRecord& image) {
   image.SubHeight = header.Read_Double();
   image.RawFileName = header.Read_Text();
   if (image.RawFileName.Trimmed().empty()) {
-    throw header.Failure_Here(Failure::FileNotFound, "no raw file is named");
+    throw header.Failure_Here(Failure::BadContent, "no raw file is named");
   }
   image.ColorFlag = header.Read_Byte();
   image.StartCol = header.Read_Int16();

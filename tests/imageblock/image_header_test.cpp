@@ -104,7 +104,7 @@ TEST(ImageHeader, NegativeBandCountReadsNoRelatedRasters) {
 TEST(ImageHeader, RawFileWithoutANameIsToldWithFileLineAndItem) {
   for (const char* name : {"\"\"", "\"  \""}) {
     const std::string text = Expect_Failure(
-        Failure::FileNotFound, [&] { Read(Changed("\"c:\\data\\air photo.raw\"", name)); });
+        Failure::BadContent, [&] { Read(Changed("\"c:\\data\\air photo.raw\"", name)); });
     EXPECT_TRUE(Contains(text, "block.hdr, line 3, item 4: no raw file is named")) << text;
   }
 }

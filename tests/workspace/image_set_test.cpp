@@ -254,7 +254,7 @@ TEST_F(BadHeader, RawFileShorterThanTheHeaderSays) {
 
 TEST_F(BadHeader, NoRawFileNamed) {
   Write(SmallSite::Header_Text({}, ""));
-  Expect_Refused(site_, "Bad content: c:\\data\\bad.hdr: no raw file is named");
+  Expect_Refused(site_, "Bad content: c:\\data\\bad.hdr, line 4, item 4: no raw file is named");
 }
 
 std::string Size_Warning(const std::string& side, const std::string& value) {

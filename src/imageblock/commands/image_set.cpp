@@ -53,11 +53,7 @@ void Check_Side(const FilePath& header, const char* field, double side) {
 void Check_Raw_File(Workspace& w, const ImageRecord& record, const FilePath& header) {
   Check_Side(header, "SubWidth", record.SubWidth);
   Check_Side(header, "SubHeight", record.SubHeight);
-  const std::string name = record.RawFileName.Trimmed();
-  if (name.empty()) {
-    throw RunTimeError(Failure::BadContent, header.name + ": no raw file is named", header.native);
-  }
-  const MappedFile& file = w.RawFiles.Open(w.Drives.Locate(name));
+  const MappedFile& file = w.RawFiles.Open(w.Drives.Locate(record.RawFileName.Trimmed()));
   Check_Raw_Length({file.Bytes(), record.SubWidth, record.SubHeight, &file.File()},
                    record.ColorFlag == 1 ? RawLayout::Colour : RawLayout::Grey);
 }
