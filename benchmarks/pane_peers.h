@@ -34,7 +34,11 @@ struct PanePeer {
   PanePainter paint;
 };
 
-/// The peers that this build has.
+/// Reads what a pane needs of the mapped file and does nothing else: copies its rows, or when they
+/// are passed over by steps looks at each of their cache lines. No pane comes sooner than that.
+PanePeer Pane_Bare_Reading(const PaneSource& source);
+
+/// The peers that this build has, and the bare reading.
 std::vector<PanePeer> Pane_Peers(const PaneSource& source);
 
 }  // namespace sylvomex::bench
