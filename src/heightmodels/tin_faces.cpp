@@ -21,9 +21,10 @@ constexpr double kCellsATriangle = 3;
 constexpr double kMostLines = 16384;
 constexpr double kLargestCoordinate = 1e12;
 constexpr double kLeastShape = 1e-3;  // height over the longest edge of a sound triangle
-constexpr double kLeastSize = 1e-8;   // of a sound triangle, in largest coordinates
-constexpr double kLeastShare =
-    3e-7;  // of a sound triangle in the grid: an origin's rounding errs by less
+// Of a sound triangle's longest edge, in largest coordinates. The rounding of an origin, 2^-24 of
+// the grid's side and so 2^-23 of the largest coordinate, is then at most twelve such edges, and
+// the distances err by less than 8e-6.
+constexpr double kLeastSize = 1e-8;
 constexpr double kLeastEdge = 1e-9;  // metres
 constexpr double kMostCover = 2;     // area of the triangles in areas of the grid
 constexpr std::int32_t kOpenCell = -1;
@@ -96,7 +97,8 @@ class FaceMaker {
       : triangles_(triangles), node_count_(node_count) {}
 
   TinFaces Make() {
-    if (triangles_.empty() || !Lay_Grid()) return {};
+    if (triangles_.empty() || triangles_.size() > kMostJoinedTriangles) return {};
+    if (!Lay_Grid()) return {};
     if (!Make_Faces()) return {};
     Join_Faces();
     if (!Outline_Is_Short()) return {};
@@ -118,8 +120,7 @@ class FaceMaker {
     const double cells = kCellsATriangle * static_cast<double>(triangles_.size());
     f_.cells_per_metre =
         std::min({std::sqrt(cells / (width * height)), kMostLines / width, kMostLines / height});
-    least_edge_ =
-        std::max({kLeastEdge, kLeastSize * extent_.largest, kLeastShare * std::max(width, height)});
+    least_edge_ = std::max(kLeastEdge, kLeastSize * extent_.largest);
     f_.west = extent_.west;
     f_.south = extent_.south;
     f_.columns = std::floor(width * f_.cells_per_metre) + 1;

@@ -34,8 +34,8 @@ struct TinFaces {
   double west = 0, south = 0;
   double cells_per_metre = 0;
   double columns = 0, rows = 0;  // whole numbers; 0: nothing is certain
-  // For each cell the number of a triangle near its centre; 0 or less where triangles overlap
-  // or leave gaps, and once more behind the last cell.
+  // For each cell the number of a triangle near its centre; 0 where triangles overlap or leave
+  // gaps, and once more behind the last cell.
   HugePageVector<std::int32_t> starts;
   HugePageVector<TinFace> faces;  // by number; the first one is none and holds everything
 };

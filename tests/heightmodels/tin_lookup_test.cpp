@@ -254,6 +254,52 @@ TEST(TinLookups, OfSmallTrianglesInAWideModelAreThoseOfThePlainWalk) {
   }
 }
 
+/// Squares in each other, every one an eighth as wide as the one round it, with triangles between
+/// them: those in the middle are lost in a wide model without a gap.
+TinModel Nested_Squares(double half_width, int squares, MapPoint centre) {
+  std::vector<TinNode> nodes;
+  std::vector<NodeTriple> triples;
+  for (int k = 0; k < squares; ++k, half_width /= 8) {
+    const auto inner = static_cast<std::int32_t>(nodes.size());
+    for (std::int32_t i = 0; i < 4; ++i) {
+      const double angle = 0.3 * k + 1.5707963267948966 * i;  // each a little turned
+      // The outermost stands aside, so that no place inside is a round number from its corner.
+      const double aside = k == 0 ? 0.01 : 0;
+      nodes.push_back({0, centre.X + half_width * std::cos(angle) + aside,
+                       centre.Y + half_width * std::sin(angle) - aside, 100.0 + k});
+      const std::int32_t next = (i + 1) % 4, outer = inner - 4;
+      if (k == 0) continue;
+      triples.push_back({outer + i, outer + next, inner + i});
+      triples.push_back({inner + i, outer + next, inner + next});
+    }
+  }
+  const auto last = static_cast<std::int32_t>(nodes.size());
+  triples.push_back({last - 4, last - 3, last - 2});
+  triples.push_back({last - 4, last - 2, last - 1});
+  return Tin_Of(nodes, triples);
+}
+
+TEST(TinLookups, OfTrianglesTooSmallForSinglePrecisionAreThoseOfThePlainWalk) {
+  const MapPoint centre{1234.567, -765.4321};
+  const TinModel model = Nested_Squares(500000, 13, centre);
+  std::mt19937 random(28);
+  std::uniform_real_distribution<double> along(0, 1), beside(-2e-4, 2e-4);
+  std::vector<MapPoint> points;
+  for (const TinTriangle& t : model.Triangles) {
+    for (std::size_t k = 0; k < 3; ++k) {
+      const MapPoint& p = t.Corners[k];
+      const MapPoint& q = t.Corners[(k + 1) % 3];
+      const double dx = q.X - p.X, dy = q.Y - p.Y;
+      for (int i = 0; i < 200; ++i) {  // near the edge, in its lengths
+        const double s = along(random), d = beside(random);
+        points.push_back({p.X + s * dx - d * dy, p.Y + s * dy + d * dx});
+      }
+    }
+  }
+  Expect_Plain_Answers(model, points);
+  EXPECT_GT(Share_Of_Certain(model, points), 0.02);  // of the large ones
+}
+
 TEST_F(OnEveryVectorUnit, LookupsAreThoseOfThePlainWalk) {
   Run([] {
     const TinModel model = Lattice_Model(26, 0.35, {2515000, 6859000}, 3.2, 40);

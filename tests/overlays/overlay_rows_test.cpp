@@ -21,9 +21,10 @@ std::string Failure_Of(Read read, const std::string& text) {
   return "no failure";
 }
 
-TEST(GroundSegment, IdentifierMayBeANumberOrAName) {
-  ListReader rows = Rows("12,1,2,3,4\n\nLM-a 5 6 7 8\n\"b c\",9,10,11,12");
-  for (const double first : {1.0, 5.0, 9.0}) {
+/// Rows whose four numbers go on counting from 1.
+void Expect_Counting_Segments(const std::string& text, int count) {
+  ListReader rows = Rows(text);
+  for (int first = 1; first < 4 * count; first += 4) {
     const GroundSegment segment = Read_Ground_Segment(rows);
     EXPECT_EQ(segment.X1, first);
     EXPECT_EQ(segment.Y1, first + 1);
@@ -33,16 +34,12 @@ TEST(GroundSegment, IdentifierMayBeANumberOrAName) {
   EXPECT_TRUE(rows.At_End());
 }
 
+TEST(GroundSegment, IdentifierMayBeANumberOrAName) {
+  Expect_Counting_Segments("12,1,2,3,4\n\nLM-a 5 6 7 8\n\"b c\",9,10,11,12", 3);
+}
+
 TEST(GroundSegment, AnEmptyIdentifierIsAnItem) {
-  ListReader rows = Rows(",1,2,3,4\n\"\",5,6,7,8\n  \n , 9,10,11,12,\n\n\"\" 13 14 15 16\n");
-  for (const double first : {1.0, 5.0, 9.0, 13.0}) {
-    const GroundSegment segment = Read_Ground_Segment(rows);
-    EXPECT_EQ(segment.X1, first);
-    EXPECT_EQ(segment.Y1, first + 1);
-    EXPECT_EQ(segment.X2, first + 2);
-    EXPECT_EQ(segment.Y2, first + 3);
-  }
-  EXPECT_TRUE(rows.At_End());
+  Expect_Counting_Segments(",1,2,3,4\n\"\",5,6,7,8\n  \n , 9,10,11,12,\n\n\"\" 13 14 15 16\n", 4);
 }
 
 TEST(CrownPoint, AnEmptyIdentifierIsAnItem) {
