@@ -9,10 +9,10 @@
 #include <memory>
 #include <random>
 
+#include "commands/imageblock/image_set.h"
 #include "desktop/desktop.h"
-#include "imageblock/commands/image_set.h"
+#include "panes/pane_zoom.h"
 #include "support/small_site.h"
-#include "workspace/panes/pane_zoom.h"
 
 namespace sylvomex {
 namespace {

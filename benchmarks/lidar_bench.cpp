@@ -16,11 +16,11 @@
 #include <vector>
 
 #include "bench_files.h"
-#include "lidar/commands/pulse_overlays.h"
+#include "commands/lidar/pulse_overlays.h"
 #include "lidar/pulse_table.h"
 #include "lidar_inputs.h"
 #include "round_times.h"
-#include "workspace/state/camera_access.h"
+#include "state/camera_access.h"
 
 namespace sylvomex::bench {
 namespace {

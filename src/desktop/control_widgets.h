@@ -10,7 +10,7 @@
 #include <QPushButton>
 #include <string>
 
-#include "workspace/state/control.h"
+#include "state/control.h"
 
 namespace sylvomex {
 

@@ -12,7 +12,7 @@
 
 #include "desktop/tone_player.h"
 #include "platform/drive_map.h"
-#include "workspace/state/screen.h"
+#include "state/screen.h"
 
 namespace sylvomex {
 

@@ -7,7 +7,7 @@
 #include <QRect>
 #include <cstddef>
 
-#include "workspace/state/picture.h"
+#include "state/picture.h"
 
 namespace sylvomex {
 

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "desktop/operator_events.h"
-#include "workspace/state/picture.h"
+#include "state/picture.h"
 
 namespace sylvomex {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "session/value_name.h"
-#include "workspace/state/workspace.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 

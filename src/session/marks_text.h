@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "workspace/state/picture.h"
+#include "state/picture.h"
 
 namespace sylvomex {
 

@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include "workspace/state/picture.h"
+#include "state/picture.h"
 
 namespace sylvomex {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "session/recorder.h"
-#include "workspace/state/screen.h"
+#include "state/screen.h"
 
 namespace sylvomex {
 

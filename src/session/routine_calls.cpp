@@ -11,8 +11,8 @@
 #include "session/step_end.h"
 #include "session/transcript_text.h"
 #include "session/value_text.h"
-#include "workspace/state/camera_access.h"
-#include "workspace/state/tin_access.h"
+#include "state/camera_access.h"
+#include "state/tin_access.h"
 
 namespace sylvomex {
 

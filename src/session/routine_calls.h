@@ -5,7 +5,7 @@
 #include <span>
 #include <string>
 
-#include "workspace/state/workspace.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 

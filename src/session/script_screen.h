@@ -13,7 +13,7 @@
 
 #include "session/script_reader.h"
 #include "session/step_end.h"
-#include "workspace/state/screen.h"
+#include "state/screen.h"
 
 namespace sylvomex {
 

@@ -10,7 +10,7 @@
 
 #include "session/recorder.h"
 #include "session/window_pictures.h"
-#include "workspace/state/workspace.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 

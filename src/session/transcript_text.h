@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "workspace/state/screen.h"
+#include "state/screen.h"
 
 namespace sylvomex {
 

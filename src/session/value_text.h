@@ -11,7 +11,7 @@
 #include "platform/number_text.h"
 #include "platform/table.h"
 #include "solver/space_intersection.h"
-#include "workspace/state/control.h"
+#include "state/control.h"
 
 namespace sylvomex {
 

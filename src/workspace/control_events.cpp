@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/control_events.h"
 
-#include "solver/commands/distance_window.h"
-#include "solver/commands/observation_window.h"
+#include "commands/solver/distance_window.h"
+#include "commands/solver/observation_window.h"
 #include "workspace/menu_modes.h"
 #include "workspace/menu_table.h"
 #include "workspace/options_window.h"

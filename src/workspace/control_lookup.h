@@ -7,7 +7,7 @@
 #include <string_view>
 #include <variant>
 
-#include "workspace/state/workspace.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 

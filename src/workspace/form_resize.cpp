@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/form_resize.h"
 
-#include "workspace/panes/pane_centring.h"
-#include "workspace/panes/pane_layout.h"
+#include "panes/pane_centring.h"
+#include "panes/pane_layout.h"
 
 namespace sylvomex {
 

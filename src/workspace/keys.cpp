@@ -4,12 +4,12 @@
 #include <string>
 
 #include "imageblock/bitmap_file.h"
+#include "panes/pane_drawing.h"
 #include "platform/number_text.h"
+#include "state/camera_access.h"
 #include "workspace/menu_modes.h"
 #include "workspace/menu_table.h"
 #include "workspace/operator_event.h"
-#include "workspace/panes/pane_drawing.h"
-#include "workspace/state/camera_access.h"
 
 namespace sylvomex {
 namespace {

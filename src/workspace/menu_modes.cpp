@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/menu_modes.h"
 
-#include "overlays/commands/vector_overlays.h"
+#include "commands/overlays/vector_overlays.h"
 #include "platform/number_text.h"
 
 namespace sylvomex {

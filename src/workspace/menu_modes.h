@@ -2,7 +2,7 @@
 // The measuring modes of the menu State and the boxes that mirror them.
 #pragma once
 
-#include "workspace/state/workspace.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/menu_table.h"
 
-#include "solver/commands/distance_window.h"
-#include "solver/commands/observation_window.h"
+#include "commands/solver/distance_window.h"
+#include "commands/solver/observation_window.h"
 #include "workspace/operator_event.h"
 #include "workspace/options_window.h"
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "workspace/state/workspace.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 

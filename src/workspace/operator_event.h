@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "workspace/state/workspace.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 

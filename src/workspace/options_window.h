@@ -2,7 +2,7 @@
 // The options window Form2 and the about window Form4.
 #pragma once
 
-#include "workspace/state/workspace.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 

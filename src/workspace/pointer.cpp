@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/pointer.h"
 
+#include "panes/pane_drawing.h"
 #include "platform/number_text.h"
 #include "workspace/operator_event.h"
-#include "workspace/panes/pane_drawing.h"
 #include "workspace/pointer_crown_width.h"
 #include "workspace/pointer_measuring.h"
 #include "workspace/pointer_polygon.h"

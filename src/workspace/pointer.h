@@ -2,7 +2,7 @@
 // The pointer on the panes: read-out and the dispatch of clicks to the measuring modes.
 #pragma once
 
-#include "workspace/state/workspace.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 

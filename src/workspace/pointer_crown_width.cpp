@@ -3,12 +3,12 @@
 
 #include <cmath>
 
+#include "panes/pane_drawing.h"
 #include "platform/checked_arithmetic.h"
 #include "platform/number_text.h"
 #include "platform/rounding.h"
 #include "solver/ray_angles.h"
-#include "workspace/panes/pane_drawing.h"
-#include "workspace/state/camera_access.h"
+#include "state/camera_access.h"
 
 namespace sylvomex {
 namespace {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/pointer_measuring.h"
 
+#include "commands/solver/epipolar_and_sun.h"
+#include "panes/pane_drawing.h"
 #include "platform/number_text.h"
-#include "solver/commands/epipolar_and_sun.h"
+#include "state/camera_access.h"
 #include "workspace/menu_table.h"
-#include "workspace/panes/pane_drawing.h"
-#include "workspace/state/camera_access.h"
 
 namespace sylvomex {
 namespace {

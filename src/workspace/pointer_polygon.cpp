@@ -3,11 +3,11 @@
 
 #include <vector>
 
+#include "panes/pane_drawing.h"
 #include "platform/files.h"
 #include "platform/list_reader.h"
 #include "platform/number_text.h"
-#include "workspace/panes/pane_drawing.h"
-#include "workspace/state/camera_access.h"
+#include "state/camera_access.h"
 
 namespace sylvomex {
 namespace {

@@ -2,7 +2,7 @@
 // Drawing a polygon on a pane. Its vertices live in the polyline files.
 #pragma once
 
-#include "workspace/state/workspace.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 

@@ -2,9 +2,9 @@
 #include "workspace/pointer_tie_point.h"
 
 #include "overlays/overlay_rows.h"
+#include "panes/pane_drawing.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
-#include "workspace/panes/pane_drawing.h"
 
 namespace sylvomex {
 namespace {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/pointer_zoom.h"
 
+#include "panes/pane_drawing.h"
+#include "panes/pane_zoom.h"
 #include "platform/number_text.h"
 #include "platform/rounding.h"
-#include "workspace/panes/pane_drawing.h"
-#include "workspace/panes/pane_zoom.h"
-#include "workspace/state/camera_access.h"
+#include "state/camera_access.h"
 
 namespace sylvomex {
 namespace {

@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// One #include line. Folders count from the source folder: "solver/commands".
+/// One #include line. Folders count from the source folder: "commands/solver".
 struct Include {
   std::string file;
   std::string folder;
@@ -24,20 +24,19 @@ struct Include {
   std::string included_folder;  // empty for a file that is not ours
 };
 
-/// The height of a folder in the house, none for a folder that has no place in it.
+/// The floor of a folder in the house, none for a folder that has no place in it. The pure
+/// subsystems share a few floors of their own: images below the solver below the rest.
 std::optional<int> Layer(const std::string& folder) {
   static const std::map<std::string, int> kLayers = {
-      {"platform", 0},        {"closedlib", 1},       {"imageblock", 2},   {"solver", 3},
-      {"heightmodels", 3},    {"lidar", 3},           {"matching", 3},     {"crowns", 3},
-      {"products", 3},        {"stereo", 3},          {"overlays", 3},     {"mapview", 3},
-      {"workspace/state", 4}, {"workspace/panes", 5}, {"workspace", 7},    {"session", 8},
-      {"desktop", 9},         {"session/main", 10},   {"desktop/main", 10}};
-  constexpr int kCommands = 6;
-  if (folder.ends_with("/commands")) {
-    const auto subsystem = kLayers.find(folder.substr(0, folder.rfind('/')));
-    if (subsystem != kLayers.end()) return kCommands;
-  }
-  const auto layer = kLayers.find(folder);
+      {"platform", 0},     {"closedlib", 1}, {"imageblock", 2}, {"solver", 3},
+      {"heightmodels", 4}, {"lidar", 4},     {"matching", 4},   {"surfaces", 4},
+      {"evaluation", 4},   {"crowns", 4},    {"products", 4},   {"stereo", 4},
+      {"overlays", 4},     {"mapview", 4},   {"state", 5},      {"panes", 6},
+      {"services", 7},     {"commands", 8},  {"workspace", 9},  {"interchange", 10},
+      {"session", 11},     {"region", 11},   {"desktop", 12},   {"session/main", 13},
+      {"desktop/main", 13}};
+  const std::string floor = folder.starts_with("commands/") ? "commands" : folder;
+  const auto layer = kLayers.find(floor);
   if (layer == kLayers.end()) return std::nullopt;
   return layer->second;
 }
@@ -137,17 +136,14 @@ TEST(Includes, FormNoCircleOfFolders) {
 }
 
 TEST(IncludeRules, AnUpwardIncludeIsFound) {
-  EXPECT_NE(Complaint({"solver/a.h", "solver", "workspace/state/b.h", "workspace/state"}), "");
+  EXPECT_NE(Complaint({"solver/a.h", "solver", "state/b.h", "state"}), "");
   EXPECT_NE(Complaint({"imageblock/a.h", "imageblock", "solver/b.h", "solver"}), "");
-  EXPECT_NE(Complaint({"workspace/panes/a.h", "workspace/panes", "solver/commands/b.h",
-                       "solver/commands"}),
-            "");
-  EXPECT_NE(Complaint({"crowns/commands/a.h", "crowns/commands", "workspace/b.h", "workspace"}),
+  EXPECT_NE(Complaint({"panes/a.h", "panes", "commands/solver/b.h", "commands/solver"}), "");
+  EXPECT_NE(Complaint({"panes/a.h", "panes", "services/b.h", "services"}), "");
+  EXPECT_NE(Complaint({"commands/crowns/a.h", "commands/crowns", "workspace/b.h", "workspace"}),
             "");
   EXPECT_NE(Complaint({"session/a.h", "session", "desktop/b.h", "desktop"}), "");
-  EXPECT_EQ(Complaint({"solver/commands/a.h", "solver/commands", "workspace/panes/b.h",
-                       "workspace/panes"}),
-            "");
+  EXPECT_EQ(Complaint({"commands/solver/a.h", "commands/solver", "panes/b.h", "panes"}), "");
   EXPECT_EQ(Complaint({"session/a.h", "session", "workspace/b.h", "workspace"}), "");
 }
 
@@ -162,12 +158,12 @@ TEST(IncludeRules, QtBelowTheDesktopIsFound) {
 }
 
 TEST(IncludeRules, ACircleOfCommandFoldersIsFound) {
-  const Include solver{"solver/commands/a.h", "solver/commands", "crowns/commands/b.h",
-                       "crowns/commands"};
-  const Include crowns{"crowns/commands/b.h", "crowns/commands", "overlays/commands/c.h",
-                       "overlays/commands"};
-  const Include overlays{"overlays/commands/c.h", "overlays/commands", "solver/commands/a.h",
-                         "solver/commands"};
+  const Include solver{"commands/solver/a.h", "commands/solver", "commands/crowns/b.h",
+                       "commands/crowns"};
+  const Include crowns{"commands/crowns/b.h", "commands/crowns", "commands/overlays/c.h",
+                       "commands/overlays"};
+  const Include overlays{"commands/overlays/c.h", "commands/overlays", "commands/solver/a.h",
+                         "commands/solver"};
   EXPECT_TRUE(Folders_On_Circles({solver, crowns}).empty());
   EXPECT_EQ(Folders_On_Circles({solver, crowns, overlays}).size(), 3u);
 }

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "workspace/state/screen.h"
+#include "state/screen.h"
 
 namespace sylvomex {
 

@@ -11,9 +11,9 @@
 #include <string>
 
 #include "platform/number_text.h"
+#include "state/workspace.h"
 #include "support/recording_screen.h"
 #include "support/temporary_folder.h"
-#include "workspace/state/workspace.h"
 
 namespace sylvomex {
 

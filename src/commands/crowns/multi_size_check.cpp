@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "commands/crowns/multi_size_check.h"
+
+#include <algorithm>
+
+#include "commands/crowns/raw_band.h"
+#include "matching/image_template.h"
+#include "matching/template_sizes.h"
+#include "panes/pane_drawing.h"
+#include "platform/rounding.h"
+#include "state/camera_access.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr int kBandRows = 140;
+constexpr int kBandRowsAbove = 70;  // above the point
+constexpr int kReach = 4;           // shifts of the window, pixels
+
+// A point of the image as the templates are laid over it: columns of the full image and rows
+// from the top by the raw file's height.
+struct TemplatePosition {
+  double col = 0;
+  double raw_row = 0;
+};
+
+RawBand Band_Around(const Workspace& w, const ImageRecord& record, const TemplatePosition& at) {
+  return Read_Band(w.Drives.Locate(record.RawFileName.Padded()), record.SubWidth,
+                   To_Int32(at.raw_row - kBandRowsAbove), kBandRows);
+}
+
+double Best_Correlation(const RawBand& band, const TemplatePosition& at,
+                        const ImageTemplate& pattern) {
+  const std::int64_t col = To_Int32(at.col - pattern.reference_col);
+  const std::int64_t band_row =
+      std::int64_t{To_Int32(at.raw_row)} - band.first_row - pattern.reference_row;
+  return Best_Correlation_Around(band, col, band_row, kReach, pattern);
+}
+
+// True with the best correlation over all sizes, false when a template is missing.
+bool Search_Sizes(const Workspace& w, int image, const Point3D& point, double& best) {
+  if (!Has_Size_Template(w.Drives, image, 1)) return false;
+  const ImageRecord& record = w.ImageBlock(image);
+  double col = 0, row = 0;
+  Object_To_Pixel(w, image, point.X, point.Y, point.Z, col, row);
+  const TemplatePosition at{col, (record.SubHeight - 1) - row};
+  const RawBand band = Band_Around(w, record, at);
+  best = -1;
+  for (int size = 1; size <= kTemplateSizeCount; ++size) {
+    if (!Has_Size_Template(w.Drives, image, size)) return false;
+    const ImageTemplate pattern = Read_Size_Template(w.Drives, image, size);
+    best = std::max(best, Best_Correlation(band, at, pattern));
+  }
+  return true;
+}
+
+void Mark_In_All_Panes(Workspace& w, const Point3D& point) {
+  for (int k = 0; k < w.ImageCount; ++k) {
+    const PanePosition at = Pane_Of_Point(w, k, point.X, point.Y, point.Z);
+    Picture& pane = w.Form1.Picture1(k);
+    pane.DrawWidth = 3;
+    pane.font.size = 8;
+    Plot_Point(pane, at.px - 1, at.py - 1, kYellow);
+    pane.DrawWidth = 2;
+  }
+}
+
+}  // namespace
+
+void Multi_Size_Check(Workspace& w, int image, double X, double Y, double Z) {
+  const Point3D point{X, Y, Z};
+  double best = 0;  // shown and kept nowhere: the mark alone tells that the search went through
+  if (Search_Sizes(w, image, point, best)) Mark_In_All_Panes(w, point);
+}
+
+}  // namespace sylvomex

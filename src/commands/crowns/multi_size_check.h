@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "state/workspace.h"
+
+namespace sylvomex {
+
+/// Looks at the surroundings of a point in one image with the resized crown templates and
+/// marks the point on all panes. Ends quietly when a template file of the image is missing.
+void Multi_Size_Check(Workspace& w, int image, double X, double Y, double Z);
+
+}  // namespace sylvomex

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include "commands/heightmodels/model_conversion.h"
+
+#include <span>
+#include <string>
+
+#include "heightmodels/tin_raster.h"
+#include "platform/files.h"
+#include "platform/number_text.h"
+#include "state/camera_access.h"
+#include "state/tin_access.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr double kLeastGround = 1;  // metres; cells below it stay 0
+
+struct GridPlan {
+  std::int32_t columns = 0, rows = 0;
+  double first_X = 0, first_Y = 0;  // metres, of column 0 and row 0
+  double cell_size = 1;
+  std::string name;  // of cell and header file, without ".raw" and ".hdr"
+};
+
+bool Is_Agreed(Workspace& w) {
+  return w.screen->Message_Box("This routine requires access to source code, Continue?",
+                               Buttons::YesNo) == Answer::Yes;
+}
+
+std::span<const std::uint8_t> Bytes_Of(const ZeroedArray<float>& cells) {
+  return {reinterpret_cast<const std::uint8_t*>(cells.All().data()), cells.All().size_bytes()};
+}
+
+std::string Header_Text(const GridPlan& plan) {
+  std::string text;
+  for (const double value : {static_cast<double>(plan.columns), static_cast<double>(plan.rows),
+                             plan.first_X, plan.first_Y, plan.cell_size, -99.0}) {
+    text += Plain_Text(value) + "\n";
+  }
+  return text + plan.name + ".raw\n";
+}
+
+void Write_Model(Workspace& w, const GridPlan& plan, const ZeroedArray<float>& cells) {
+  Write_Whole_File(w.Drives.Locate(plan.name + ".raw"), Bytes_Of(cells));
+  Write_Whole_File(w.Drives.Locate(plan.name + ".hdr"), Header_Text(plan));
+  w.screen->Message_Box("Written " + Plain_Text(plan.columns) + " by " + Plain_Text(plan.rows) +
+                        " elevations");
+}
+
+// Fills a grid column by column and writes it. progress: the status text of a column; height:
+// of a cell whose ground is not below 1 m.
+template <class Progress, class Height>
+void Create_Model(Workspace& w, const GridPlan& plan, Progress&& progress, Height&& height) {
+  ZeroedArray<float> cells(static_cast<std::size_t>(plan.columns) *
+                           static_cast<std::size_t>(plan.rows));
+  w.Form1.MousePointer = PointerShape::Hourglass;
+  for (std::int32_t column = 0; column < plan.columns; ++column) {
+    w.Form1.Label10.Caption = progress(column);
+    w.screen->Service_Events();
+    const double X = plan.first_X + column * plan.cell_size;
+    for (std::int32_t row = 0; row < plan.rows; ++row) {
+      const double Y = plan.first_Y + row * plan.cell_size;
+      if (Get_Raster_Elevation(w, X, Y) < kLeastGround) continue;
+      cells[static_cast<std::size_t>(row * plan.columns + column)] =
+          static_cast<float>(height(X, Y));
+    }
+  }
+  w.Form1.MousePointer = PointerShape::Normal;
+  Write_Model(w, plan, cells);
+}
+
+// A load that is begun in the middle changes the triangles: they are taken from the block one
+// by one.
+void Rasterize_Model(Workspace& w, TinRaster& raster) {
+  for (std::int32_t i = 0; i < w.TinDem.TriangleCount; ++i) {
+    Rasterize_Triangle(w.TinDem.Triangles[static_cast<std::size_t>(i)], raster);
+    w.Form1.Label10.Caption = Plain_Text(i);
+    w.screen->Service_Events();
+  }
+}
+
+}  // namespace
+
+void Create_raster_CHM_from_TIN_CHM(Workspace& w) {
+  if (!Is_Agreed(w)) return;
+  const GridPlan plan{400, 300, 368000.5, 6671500.5, 1, "c:\\temp\\tin_chm"};
+  const auto progress = [&](std::int32_t column) {
+    return Format(static_cast<double>(column) / plan.columns * 100, "0.0 ");
+  };
+  Create_Model(w, plan, progress, [&w](double X, double Y) {
+    std::int32_t hint = 0;
+    return Get_Tin_Chm_Elevation(w, X, Y, hint);
+  });
+}
+
+void Create_raster_DEM_from_TIN_DEM(Workspace& w) {
+  if (!Is_Agreed(w)) return;
+  const GridPlan plan{160, 140, 2516880.5, 6858340.5, 1, "c:\\temp\\tin_dem"};
+  const auto progress = [&](std::int32_t column) {
+    return "Column " + Plain_Text(column) + " of " + Plain_Text(plan.columns);
+  };
+  TinTiles tiles(w.Drives);
+  Create_Model(w, plan, progress, [&](double X, double Y) {
+    std::int32_t hint = 0;
+    return Get_Tin_Elevation_Tiled(w, X, Y, hint, tiles);
+  });
+}
+
+void TIN2RASTER_Fast(Workspace& w) {
+  w.Form1.MousePointer = PointerShape::Hourglass;
+  TinRaster raster = Make_Tin_Raster(w.TinDem);
+  Rasterize_Model(w, raster);
+  w.Form1.MousePointer = PointerShape::Normal;
+  Write_Whole_File(w.Drives.Locate("c:\\temp\\test.raw"), raster.greys);
+  Write_Whole_File(w.Drives.Locate("c:\\temp\\varrio.raw"), Bytes_Of(raster.heights));
+  w.screen->Message_Box(std::to_string(raster.cells_written));
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+// Loading the triangulated height models and showing their heights at the solution.
+#pragma once
+
+#include "state/workspace.h"
+
+namespace sylvomex {
+
+void Add_Tin(Workspace& w);
+void Add_Tin_CHM(Workspace& w);
+void Get_TIN_elevation(Workspace& w);  // by the tile files
+void Get_TIN_DTM_Opt(Workspace& w);    // by search
+void Get_TIN_CHM_Elev(Workspace& w);
+
+}  // namespace sylvomex

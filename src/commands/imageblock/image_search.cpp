@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#include "commands/imageblock/image_search.h"
+
+#include "commands/heightmodels/raster_commands.h"
+#include "commands/imageblock/block_maintenance.h"
+#include "commands/imageblock/image_set.h"
+#include "panes/pane_centring.h"
+#include "panes/pane_drawing.h"
+#include "platform/files.h"
+#include "platform/number_text.h"
+#include "solver/point_in_image.h"
+#include "state/camera_access.h"
+
+namespace sylvomex {
+namespace {
+
+struct Archive {
+  const char* table;
+  const char* folder;  // of the point-in-image files
+};
+
+constexpr Archive kAerial{"c:\\data\\cam_data_j.csv", "c:\\data\\ImaFiles\\"};
+constexpr Archive kTerrestrial{"c:\\data\\cam_data_G6_j.csv", "c:\\data\\G6\\ImaFiles\\"};
+
+// Opens the table, then drops what the last search found.
+CameraTableReader Begin_Search(const Workspace& w, const Archive& archive) {
+  CameraTableReader table(w.Drives.Locate(archive.table));
+  Delete_Matching(w.Drives, std::string(archive.folder) + "*.txt");
+  return table;
+}
+
+void Write_Hit(const Workspace& w, const Archive& archive, const TableCamera& camera,
+               const Point3D& point) {
+  Write_Whole_File(w.Drives.Locate(archive.folder + Point_In_Image_Name(camera)),
+                   Point_In_Image_Line(camera, point));
+}
+
+PointInImage Ask_Hit(Workspace& w) {
+  const auto chosen = w.screen->File_Dialog(
+      {"Header file for a Point in an Image", "Text files (*.txt)|*.txt", 1, "c:\\data\\Imafiles"});
+  if (!chosen) throw RunTimeError(Failure::FileNotFound, "no file was chosen");
+  ListReader file(w.Drives.Locate(*chosen));
+  return Read_Point_In_Image(file);
+}
+
+void Take_Over_Point(Workspace& w, const PointInImage& hit) {
+  w.Solution3D = hit.point;
+  w.Observation.X = hit.point.X;
+  w.Observation.Y = hit.point.Y;
+  w.Observation.Z = hit.point.Z;
+  w.Observation.FreeInteger = hit.identity;
+  Show_Solution(w, "#.000");
+}
+
+void Load_Images_That_Show(Workspace& w, const Point3D& point) {
+  CameraTableReader table = Begin_Search(w, kTerrestrial);
+  while (const auto camera = table.Next()) {
+    if (!Sees_Ring(*camera, point)) continue;
+    Write_Hit(w, kTerrestrial, *camera, point);
+    w.SolutionValid = true;
+    Add_Image_By_Name(w, w.Drives.Locate(camera->header));
+  }
+}
+
+// The closed ring at the point's height and a plumb line from the point to the ground.
+void Draw_Stem(Workspace& w, int image, const Point3D& point, double ground) {
+  Picture& pane = w.Form1.Picture1(image);
+  const std::vector<Point3D> ring = Ring_Around(point);
+  pane.DrawWidth = 2;
+  for (std::size_t i = 0; i < ring.size(); ++i) {
+    const Point3D& next = ring[(i + 1) % ring.size()];
+    const PanePosition from = Pane_Of_Point(w, image, ring[i].X, ring[i].Y, ring[i].Z);
+    const PanePosition to = Pane_Of_Point(w, image, next.X, next.Y, next.Z);
+    Draw_Line(pane, from.px, from.py, to.px, to.py, kYellow);
+  }
+  pane.DrawWidth = 1;
+  const PanePosition top = Pane_Of_Point(w, image, point.X, point.Y, point.Z);
+  const PanePosition foot = Pane_Of_Point(w, image, point.X, point.Y, ground);
+  Draw_Line(pane, top.px, top.py, foot.px, foot.py, kRed);
+}
+
+}  // namespace
+
+void Find_Images_With_XYZ_Sol(Workspace& w) {
+  CameraTableReader table = Begin_Search(w, kAerial);
+  std::int32_t count = 0;
+  while (const auto camera = table.Next()) {
+    if (!Sees_Point(*camera, w.Solution3D)) continue;
+    Write_Hit(w, kAerial, *camera, w.Solution3D);
+    ++count;
+  }
+  w.screen->Message_Box("Written " + Plain_Text(count) + " files in c:\\Data\\Imafiles");
+}
+
+void Add_Image_Center_to_XYZ(Workspace& w) {
+  const PointInImage hit = Ask_Hit(w);
+  Take_Over_Point(w, hit);
+  const FollowedImage image(w, w.ImageCount);
+  if (!Take_In_Image(w, w.Drives.Locate(hit.header), image)) return;
+  w.SolutionValid = true;
+  Center_to_xyz_click(w);
+  w.screen->Clear_Clipboard();
+  // Without a picture the centring has told so, without an image the operator knows.
+  if (!image.Is_There()) return;
+  const auto& bitmap = w.Form1.Picture1(image.Index()).bitmap;
+  if (bitmap != nullptr) w.screen->Copy_To_Clipboard(*bitmap);
+}
+
+void Find_And_Read_Terr_Images_in_Which(Workspace& w) {
+  Remove_All_Images(w);
+  const Point3D point = w.Solution3D;
+  Load_Images_That_Show(w, point);
+  const double ground = Get_Raster_Elevation(w, point.X, point.Y);
+  for (int k = 0; k < w.ImageCount; ++k) Draw_Stem(w, k, point, ground);
+  Show_Solution(w, "#.000");
+  Get_elevation(w);
+}
+
+void Find_Trees_Based_On_Lidar(Workspace& w) { w.screen->Message_Box("This routine is disabled"); }
+
+}  // namespace sylvomex

@@ -1,0 +1,228 @@
+// SPDX-License-Identifier: MIT
+#include "commands/imageblock/image_set.h"
+
+#include "commands/imageblock/block_maintenance.h"
+#include "imageblock/image_header.h"
+#include "imageblock/raw_rows.h"
+#include "panes/pane_centring.h"
+#include "panes/pane_layout.h"
+#include "panes/pane_rendering.h"
+#include "platform/list_reader.h"
+#include "platform/number_text.h"
+#include "state/camera_access.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr int kMostImages = 9;
+constexpr double kLargestSide = 32768;  // 2^15, allowed itself
+constexpr Point3D kPanCenterOffset{5.0, 2.0, 200.0};
+
+void Warn(Workspace& w, int image, const char* parameter, const std::string& value,
+          const char* ending) {
+  w.screen->Message_Box("Image (0-(N-1)): " + Plain_Text(std::int32_t{image}) +
+                        "Parameter: " + parameter + value + ending);
+}
+
+// Warns only: the image stays in the block in all cases.
+void Validate_Header(Workspace& w, int image) {
+  const ImageRecord& record = w.ImageBlock(image);
+  const auto out_of_range = [](double side) { return !(side >= 0 && side <= kLargestSide); };
+  if (out_of_range(record.SubWidth)) {
+    Warn(w, image, "Sub-image width:", Plain_Text(record.SubWidth), " in set file?");
+  }
+  if (out_of_range(record.SubHeight)) {
+    Warn(w, image, "Sub-image height:", Plain_Text(record.SubHeight), " in set file?");
+  }
+  if (record.ColorFlag > 1) {
+    Warn(w, image, "image color:", Plain_Text(std::int32_t{record.ColorFlag}),
+         " in set file should be 1 (color) or 0 (grayscale)?");
+  }
+}
+
+void Check_Side(const FilePath& header, const char* field, double side) {
+  if (side > 0) return;
+  throw RunTimeError(
+      Failure::BadContent,
+      header.name + ": " + field + " is " + Plain_Text(side) + ", an image has pixels",
+      header.native);
+}
+
+// What no pane could ever show is refused before anything of it is. Pixels of a ColorFlag that
+// no renderer knows are taken for the smallest.
+void Check_Raw_File(Workspace& w, const ImageRecord& record, const FilePath& header) {
+  Check_Side(header, "SubWidth", record.SubWidth);
+  Check_Side(header, "SubHeight", record.SubHeight);
+  const MappedFile& file = w.RawFiles.Open(w.Drives.Locate(record.RawFileName.Trimmed()));
+  Check_Raw_Length({file.Bytes(), record.SubWidth, record.SubHeight, &file.File()},
+                   record.ColorFlag == 1 ? RawLayout::Colour : RawLayout::Grey);
+}
+
+void Read_Header(Workspace& w, int image, ListReader& header) {
+  w.ImageBlock(image) = Read_Image_Header(header);
+  w.ImageKinds(image) = 1;
+  Build_Rotation_Matrix(w, image);
+}
+
+void Show_Count_Read(Workspace& w, int count) {
+  w.Form1.Label10.Caption = Plain_Text(std::int32_t{count}) + "/" +
+                            Plain_Text(std::int32_t{w.ImageCount}) + " images read";
+}
+
+// Once through text, so that 15 significant digits survive.
+double Through_Text(double value) { return Parse_Double(Plain_Text(value)); }
+
+void Set_Default_Pan_Center(Workspace& w) {
+  const ImageRecord& first = w.ImageBlock(0);
+  w.DefaultPanCenter = {Through_Text(first.X0 + kPanCenterOffset.X),
+                        Through_Text(first.Y0 + kPanCenterOffset.Y),
+                        Through_Text(kPanCenterOffset.Z)};
+  w.PanCenter = w.DefaultPanCenter;
+}
+
+// Takes an image that cannot be read out of the block again and puts back what it took the place
+// of. What removals played meanwhile have done stays.
+class Addition {
+ public:
+  Addition(Workspace& w, const FollowedImage& image)
+      : w_(w),
+        image_(image),
+        count_(w.ImageCount),
+        record_(w.ImageBlock(count_)),
+        kind_(w.ImageKinds(count_)),
+        rotation_(w.RotationTable(count_)),
+        pane_width_(w.PaneWidth),
+        pane_height_(w.PaneHeight) {
+    if (count_ < kMostImages) view_ = w.PaneViews(count_);
+  }
+
+  void Undo() {
+    if (!image_.Is_There()) return;
+    Take_Out_Image(w_, image_.Index());
+    if (w_.ImageCount == count_) Restore_Tables();
+    Compute_Pane_Size(w_);
+    Lay_Out_Panes(w_);
+  }
+
+ private:
+  void Restore_Tables() {
+    w_.ImageBlock(count_) = record_;
+    w_.ImageKinds(count_) = kind_;
+    w_.RotationTable(count_) = rotation_;
+    if (count_ < kMostImages) w_.PaneViews(count_) = view_;
+    w_.PaneWidth = pane_width_;
+    w_.PaneHeight = pane_height_;
+  }
+
+  Workspace& w_;
+  const FollowedImage& image_;
+  std::int16_t count_;
+  ImageRecord record_;
+  std::int16_t kind_;
+  RotationMatrix rotation_;
+  PaneView view_;
+  std::int16_t pane_width_;
+  std::int16_t pane_height_;
+};
+
+void Show_At_Start_Position(Workspace& w, int image) {
+  const ImageRecord& record = w.ImageBlock(image);
+  const PaneView& view = w.PaneViews(image);
+  const ViewWindow window =
+      Fit_View_Window(w, image, record.StartCol, record.StartRow,
+                      View_Extent(w.PaneWidth, view.ZoomX), View_Extent(w.PaneHeight, view.ZoomY));
+  Render_Scratch_Bitmap(w, image, window);
+  Load_Scratch_Bitmap(w, image);
+}
+
+void Give_Start_View(Workspace& w, int image) {
+  PaneView& view = w.PaneViews(image);
+  view.ZoomX = 1.0;
+  view.ZoomY = 1.0;
+  view.ViewWidth = w.PaneWidth;
+  view.ViewHeight = w.PaneHeight;
+}
+
+void Finish_Without_Solution(Workspace& w, const FollowedImage& image) {
+  Show_Count_Read(w, image.Index() + 1);
+  w.Form1.MousePointer = PointerShape::Normal;
+  w.screen->Service_Events();
+  const int k = image.Index();
+  Build_Rotation_Matrix(w, k);
+  w.Form1.Picture1(k).Visible = true;
+  w.Form1.Picture1(k).Enabled = true;
+  Set_Default_Pan_Center(w);
+  w.Form1.MousePointer = PointerShape::Normal;
+  w.ImageAddDone = true;
+}
+
+void Read_Next_Image(Workspace& w, ListReader& header, const FilePath& header_file,
+                     const FollowedImage& image) {
+  ++w.ImageCount;
+  w.Form1.MousePointer = PointerShape::Hourglass;
+  w.screen->Service_Events();
+  Compute_Pane_Size(w);
+  const int k = image.Index();
+  Read_Header(w, k, header);
+  Validate_Header(w, k);
+  Check_Raw_File(w, w.ImageBlock(k), header_file);
+  w.Form1.MousePointer = PointerShape::Hourglass;
+  Show_Count_Read(w, 0);
+  w.screen->Service_Events();
+}
+
+}  // namespace
+
+bool Take_In_Image(Workspace& w, const FilePath& header_file, const FollowedImage& image) {
+  w.ImageAddDone = false;
+  ListReader header(header_file);
+  if (w.ImageCount > kMostImages) {
+    w.screen->Message_Box(
+        "At the moment cannot allow more than 9 images (three rows of Picture-boxes to hold the "
+        "images!)");
+    return false;
+  }
+  Addition addition(w, image);
+  try {
+    Read_Next_Image(w, header, header_file, image);
+  } catch (const RunTimeError&) {
+    addition.Undo();
+    throw;
+  }
+  // A tenth image passes the test above and fails here, on the nine panes.
+  Lay_Out_Panes(w);
+  Give_Start_View(w, image.Index());
+  return true;
+}
+
+void Add_Image_By_Name(Workspace& w, const FilePath& header_file) {
+  const FollowedImage image(w, w.ImageCount);
+  if (!Take_In_Image(w, header_file, image)) return;
+  if (w.SolutionValid) {
+    Center_to_xyz_click(w);
+    return;
+  }
+  try {
+    Show_At_Start_Position(w, image.Index());
+  } catch (const RunTimeError& error) {
+    throw error.At("image " + Plain_Text(std::int32_t{image.Index()}) + " stays without a picture",
+                   error.Native_Path());
+  }
+  Finish_Without_Solution(w, image);
+}
+
+void Add_images_to_set(Workspace& w) {
+  const auto chosen =
+      w.screen->File_Dialog({"Header file for an image", "Set files (*.hdr)|*.hdr", 1, ""});
+  Add_Image_By_Name(w, w.Drives.Locate(chosen.value_or("")));
+}
+
+void Open_a_set(Workspace& w) { w.screen->Message_Box("This functionality is disabled!"); }
+
+void Toggle_Gamma(Workspace& w, int n) {
+  const bool was_checked = w.Menu.Gamma(n);
+  for (bool& checked : w.Menu.Gamma) checked = false;
+  w.Menu.Gamma(n) = !was_checked;
+}
+
+}  // namespace sylvomex

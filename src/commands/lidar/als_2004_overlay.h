@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// The overlay of the older lidar data, by height above ground.
+#pragma once
+
+#include <string_view>
+
+#include "state/workspace.h"
+
+namespace sylvomex {
+
+inline constexpr std::string_view kSiteLehtomaa = "LEHTOMAA";  // 2004 tiles
+inline constexpr std::string_view kSiteRovik = "ROVIK";        // one point file
+
+/// The overlay of the site Lehtomaa.
+void plot_als_bin_file(Workspace& w);
+
+/// The overlay of a site; other texts than the two draw nothing. Needs a raster ground model
+/// and says so without one. Any failure is the message "An error has occurred!".
+void Plot_Lidar_Of_Site(Workspace& w, std::string_view site);
+
+}  // namespace sylvomex

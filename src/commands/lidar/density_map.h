@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "state/workspace.h"
+
+namespace sylvomex {
+
+/// Draws the pulse density of the 2006 and 2007 tiles into "c:\temp\LiDMap.raw".
+void Make_Lidar_Intensity_Map(Workspace& w);
+
+}  // namespace sylvomex

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// What the lidar commands read first.
+#pragma once
+
+#include <string>
+
+#include "commands/overlays/colour_map.h"
+#include "lidar/tile_grid.h"
+#include "state/workspace.h"
+
+namespace sylvomex {
+
+/// The colours from "C:\data\JetColorMAP.csv".
+ColourMap Read_Colours(const Workspace& w);
+
+/// The tile prefix of a campaign from its path header.
+std::string Read_Tile_Prefix(const Workspace& w, Campaign campaign);
+
+/// The tile under the solution by the campaign's path header.
+FilePath Solution_Tile(const Workspace& w, Campaign campaign);
+
+}  // namespace sylvomex

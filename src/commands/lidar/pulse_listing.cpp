@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "commands/lidar/pulse_listing.h"
+
+#include <string>
+
+#include "commands/lidar/lidar_inputs.h"
+#include "lidar/echo_listing.h"
+#include "platform/files.h"
+#include "state/camera_access.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr const char* kListing = "D:\\als_2516400_2517500_6856700_6858100_ALS_2007.txt";
+constexpr double kFirstX = 2516405, kLastX = 2517505;  // metres
+constexpr double kFirstY = 6856705, kLastY = 6858105;
+constexpr std::size_t kLongText = std::size_t{1} << 22;  // characters held before they are written
+
+enum class Listing { GoesOn, Ends };
+
+// The lines of a tile of count pulses to the end of the file.
+Listing List_Tile(Workspace& w, std::int32_t count, const FilePath& listing) {
+  const auto ground = [&w](double X, double Y) { return Get_Raster_Elevation(w, X, Y); };
+  const auto complain = [&w] { w.screen->Message_Box("!"); };
+  std::string lines;
+  Listing after = Listing::GoesOn;
+  for (std::int32_t i = 1; i <= count && after == Listing::GoesOn; ++i) {
+    if (!List_Pulse(w.LidarPulses(i), ground, complain, lines)) after = Listing::Ends;
+    if (lines.size() < kLongText) continue;
+    Append_To_File(listing, lines);
+    lines.clear();
+  }
+  if (!lines.empty()) Append_To_File(listing, lines);
+  return after;
+}
+
+Listing List_Tile_At(Workspace& w, const std::string& name, const FilePath& listing) {
+  const FilePath tile = w.Drives.Locate(name);
+  if (!File_Exists(tile)) return Listing::GoesOn;
+  w.Form1.Label10.Caption = name;
+  w.screen->Service_Events();
+  return List_Tile(w, Read_Pulse_Tile(tile, w.LidarPulses), listing);
+}
+
+}  // namespace
+
+void Print_ALS_in_ASCII(Workspace& w) {
+  const std::string prefix = Read_Tile_Prefix(w, Campaign::Als2007);
+  const FilePath listing = w.Drives.Locate(kListing);
+  Write_Whole_File(listing, "");
+  for (double X = kFirstX; X <= kLastX; X += kTileSide) {
+    for (double Y = kFirstY; Y <= kLastY; Y += kTileSide) {
+      const std::string name = Tile_Name(prefix, Campaign::Als2007, X, Y);
+      if (List_Tile_At(w, name, listing) == Listing::Ends) return;
+    }
+  }
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#include "commands/matching/correlation_images.h"
+
+#include <list>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "closedlib/correlation_image.h"
+#include "commands/matching/matching_inputs.h"
+#include "imageblock/bitmap_file.h"
+#include "matching/image_template.h"
+#include "matching/patch_geometry.h"
+#include "platform/files.h"
+#include "platform/number_text.h"
+#include "state/box_numbers.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr double kPatchPerRadius = 3.5;
+
+// A ticked image. Templates and files go by its place in the set, so that one which a removal has
+// moved is passed over like one that is gone.
+struct TickedImage {
+  TickedImage(Workspace& w, int image) : place(image), followed(w, image) {}
+  [[nodiscard]] bool Is_In_Place() const {
+    return followed.Is_There() && followed.Index() == place;
+  }
+
+  const int place;
+  const FollowedImage followed;
+};
+
+std::string Index_Text(int image) { return Plain_Text(std::int32_t{image}); }
+
+// The patch side for an image; without one of its own it is that of the image before.
+int Choose_Side(Workspace& w, int image, std::optional<int> side_before) {
+  const ImageRecord& record = w.ImageBlock(image);
+  const auto report = [&w](std::string_view text) { w.screen->Message_Box(text); };
+  const double ground_side = Ground_Pixel_Side(record, Pixel_Side_Micrometres(record, report),
+                                               w.Matching.PlotCenter.PlotZ);
+  const auto side = Patch_Side(w.Matching.PatchSize, ground_side);
+  if (side) return *side;
+  w.screen->Message_Box("There's a problem defining the size of the corr-image-patch: " +
+                        Index_Text(image));
+  if (side_before) return *side_before;
+  throw RunTimeError(Failure::SubscriptOutOfRange,
+                     "the patch of image " + Index_Text(image) +
+                         " is larger than 10001 pixels and no image before it has a size");
+}
+
+RawWindow Choose_Window(Workspace& w, int image, int side) {
+  const PlotCenterRecord& plot = w.Matching.PlotCenter;
+  const PatchPlace place = Place_Patch(w.ImageBlock(image), w.RotationTable(image),
+                                       {plot.PlotX, plot.PlotY, plot.PlotZ}, side);
+  if (!place.fits) w.screen->Message_Box("Pan window is too large");
+  CorrelationVolume::Require_Room(place.window.Width(), place.window.Height());
+  return place.window;
+}
+
+std::vector<double> Correlate(Workspace& w, int image, const RawWindow& window,
+                              const std::vector<std::uint8_t>& patch) {
+  const ImageTemplate pattern = Read_Template(w.Drives, image);
+  const double begun = w.screen->Clock();
+  std::vector<double> result(patch.size());
+  MYFUNC_CORIMA(patch, window.Width(), window.Height(), pattern.pixels, pattern.width,
+                pattern.height, pattern.reference_col, pattern.reference_row, result);
+  w.Form1.Label10.Caption = Format(w.screen->Clock() - begun, "#.00") +
+                            " Seconds cross-corr for image: " + Index_Text(image);
+  w.screen->Service_Events();
+  return result;
+}
+
+void Write_And_Show(Workspace& w, int image, const RawWindow& window,
+                    const std::vector<double>& result) {
+  w.Matching.CorrelationVolume.Store(image, window.Width(), window.Height(), result);
+  const std::vector<std::uint8_t> bytes = Correlation_Bytes(result);
+  Write_Whole_File(Correlation_Bytes_File(w.Drives, image), bytes);
+  const FilePath picture = Correlation_Picture_File(w.Drives, image);
+  Write_Grey_Bitmap(picture, window.Width(), window.Height(), bytes);
+  Load_Picture(w.Form1.Picture1(image), std::make_shared<const PaneBitmap>(Load_Bitmap(picture)));
+}
+
+void Correlate_Image(Workspace& w, const TickedImage& ticked, int side) {
+  const int image = ticked.place;
+  // A copy: the events serviced below may change the image set.
+  const ImageRecord record = w.ImageBlock(image);
+  const RawWindow window = Choose_Window(w, image, side);
+  const std::vector<std::uint8_t> patch =
+      Read_Raw_Window(record, Raw_Pixels_Of(w, record), window, ColourRule::Mean);
+  Write_Patch(w.Drives, image, window.Width(), window.Height(), patch);
+  const std::vector<double> result = Correlate(w, image, window, patch);
+  if (!ticked.Is_In_Place()) return;
+  Write_And_Show(w, image, window, result);
+  w.CorrelationRecords(image) =
+      Correlation_Record(record, window, "c:\\data\\ccor_ima" + Index_Text(image) + ".raw");
+  w.CorrelationPaneViews(image) = {0, 0, 0, 0, 1.0, 1.0};
+  w.ImageKinds(image) = 2;
+}
+
+}  // namespace
+
+void Compute_Correlation_Images(Workspace& w) {
+  w.Matching.PlotRadius = Number_In(w.Form1.Text4, "Text4");
+  w.Matching.PatchSize = w.Matching.PlotRadius * kPatchPerRadius;
+  if (!w.SolutionValid) {
+    w.screen->Message_Box("Solution X;Y;Z does not exist!");
+    return;
+  }
+  std::list<TickedImage> images;
+  for (const int image : Ticked_Images(w)) images.emplace_back(w, image);
+  std::optional<int> side;
+  for (const TickedImage& image : images) {
+    if (!image.Is_In_Place()) continue;
+    side = Choose_Side(w, image.place, side);
+    Correlate_Image(w, image, *side);
+  }
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "state/workspace.h"
+
+namespace sylvomex {
+
+/// Groups the sorted mesh points into tree tops, lists them in a node file and marks them on all
+/// panes within the plot's circle.
+void Find_clusters(Workspace& w);
+
+}  // namespace sylvomex

@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+#include "commands/matching/point_scores.h"
+
+#include <cmath>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "closedlib/back_projection.h"
+#include "closedlib/index_sort.h"
+#include "commands/matching/matching_inputs.h"
+#include "commands/overlays/colour_map.h"
+#include "matching/search_mesh.h"
+#include "platform/number_text.h"
+#include "platform/rounding.h"
+#include "state/box_numbers.h"
+#include "state/camera_access.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr double kMeshPerPatch = 0.65;  // side of the mesh, in sides of the ground square
+constexpr float kHotScore = 1.2F;
+
+void Take_Mesh_Options(Workspace& w) {
+  CaptureSnapshotRecord& snapshot = w.Matching.CaptureSnapshot;
+  const double top_factor = Number_In(w.Form1.Text8, "Text8");
+  const double low_factor = Number_In(w.Form1.Text9, "Text9");
+  const double spacing = Number_In(w.Form1.Text10, "Text10");
+  snapshot.fHDOM = top_factor;
+  snapshot.Hlow = low_factor;
+  snapshot.Mesh = spacing;
+}
+
+MeshSettings Mesh_Settings(const MatchingState& m) {
+  const CaptureSnapshotRecord& options = m.CaptureSnapshot;
+  MeshSettings settings;
+  settings.plot_X = m.PlotCenter.PlotX;
+  settings.plot_Y = m.PlotCenter.PlotY;
+  settings.side_X = settings.side_Y = m.MeshSide;
+  settings.dx = settings.dy = settings.dz = options.Mesh;
+  settings.rotation = m.PlotCenter.MeshRotation;
+  settings.top_factor = options.fHDOM;
+  settings.low_factor = options.Hlow;
+  return settings;
+}
+
+void Measure_Model_Tree(Workspace& w) {
+  const Point3D& top = w.Solution3D;
+  w.Matching.ModelTreeHeight = top.Z - Get_Raster_Elevation(w, top.X, top.Y);
+  w.Matching.CaptureSnapshot.ModelTreeHeight = w.Matching.ModelTreeHeight;
+}
+
+ImageSummaryRecord Summary_Of(const ImageRecord& image) {
+  return {image.ImageId, image.SunAzimuth, image.SunElevation, image.X0, image.Y0, image.Z0};
+}
+
+void Summarize_Images(Workspace& w, const std::vector<int>& images) {
+  w.Matching.MatchImageCount = static_cast<std::int32_t>(images.size());
+  w.Matching.ImageSummary.clear();
+  for (const int k : images) w.Matching.ImageSummary.push_back(Summary_Of(w.ImageBlock(k)));
+}
+
+// The correlation of every mesh point in one image.
+std::vector<float> Back_Project(Workspace& w, int image) {
+  const ImageRecord& i = w.ImageBlock(image);
+  const ImageRecord& patch = w.CorrelationRecords(image);
+  const MeshTable& mesh = w.Matching.MeshPoints;
+  std::vector<float> correlation(mesh.size());
+  MYFUNC_COMPUTEBKPROJ(
+      image, {i.AffineA1, i.AffineA2, i.AffineA0, i.AffineB1, i.AffineB2, i.AffineB0},
+      {i.Omega, i.Phi, i.Kappa, i.X0, i.Y0, i.Z0, i.PrincipalDistance},
+      {static_cast<double>(patch.FullHeight), patch.SubColOrigin, patch.SubRowOrigin, kVolumeSide},
+      correlation, mesh, w.Matching.CorrelationVolume.All());
+  return correlation;
+}
+
+using ImageCorrelation = std::vector<std::vector<float>>;  // by ticked image, then by point
+
+void Require_Two_Images(const ImageCorrelation& correlations) {
+  if (correlations.size() >= 2) return;
+  throw RunTimeError(
+      Failure::SubscriptOutOfRange,
+      "scores need two ticked images, " + std::to_string(correlations.size()) + " are ticked");
+}
+
+void Score_Points(MatchingState& m, const ImageCorrelation& correlations) {
+  std::vector<float> scores(m.MeshPoints.size() + 1);  // entry 0 stays unused
+  if (!m.MeshPoints.empty()) {
+    Require_Two_Images(correlations);
+    const std::vector<std::span<const float>> values(correlations.begin(), correlations.end());
+    Geometric_Mean_Scores(values, std::span(scores).subspan(1));
+  }
+  m.PointScore = std::move(scores);
+}
+
+std::size_t Count_Hot_Points(const std::vector<float>& scores) {
+  std::size_t count = 0;
+  for (const float score : scores) count += score > kHotScore ? 1 : 0;
+  return count;
+}
+
+void Sort_Points(MatchingState& m) {
+  m.SortIndex.assign(m.PointScore.size(), 0);
+  m.SortCount = static_cast<std::int32_t>(m.PointScore.size() - 1);
+  MYFUNC_INDEXX(m.PointScore, m.SortIndex);
+}
+
+}  // namespace
+
+void Create_XYZ_Point_Set(Workspace& w) {
+  MatchingState& m = w.Matching;
+  if (std::abs(m.PlotCenter.PlotX) < 1 || std::abs(m.PlotCenter.PlotY) < 1) {
+    w.screen->Message_Box("Are the plotcenter values ok?");
+    return;
+  }
+  Measure_Model_Tree(w);
+  m.MeshSide = To_Int32(m.PatchSize * kMeshPerPatch);
+  Take_Mesh_Options(w);
+  w.Form1.MousePointer = PointerShape::Hourglass;
+  w.Form1.Label10.Caption = "Computing 3D-pointmesh...";
+  w.screen->Service_Events();
+  m.MeshPoints = Build_Mesh(
+      Mesh_Settings(m), [&w](double X, double Y) { return Get_Raster_Elevation(w, X, Y); },
+      [&w](double X, double Y) { return Get_Raster_Chm_Elevation(w, X, Y); });
+  w.Form1.Label10.Caption = "3D-Point mesh creation succesfully done";
+  w.Form1.MousePointer = PointerShape::Normal;
+  w.screen->Service_Events();
+  w.Form1.Label10.Caption =
+      "3D-pointmesh computed, meanheight: " + Format(m.ModelTreeHeight, "#.# m");
+}
+
+void Compute_Back_Projections(Workspace& w) {
+  MatchingState& m = w.Matching;
+  const std::vector<int> images = Ticked_Images(w);
+  m.PointScore.assign(m.MeshPoints.size() + 1, 0);  // a failure leaves none of an earlier run
+  Summarize_Images(w, images);
+  w.Form1.MousePointer = PointerShape::Hourglass;
+  w.screen->Service_Events();
+  ImageCorrelation correlations;
+  for (const int image : images) correlations.push_back(Back_Project(w, image));
+  Read_Colour_Map(w.Drives.Locate("C:\\data\\JetColorMAP.csv"));
+  Score_Points(m, correlations);
+  // Where the hot points would be drawn in the colours of the map, the events get their turn.
+  for (std::size_t hot = Count_Hot_Points(m.PointScore); hot > 0; --hot) {
+    w.screen->Service_Events();
+  }
+  Sort_Points(m);
+  w.Form1.MousePointer = PointerShape::Normal;
+  w.Form1.Label10.Caption = "3D-correlation computed and sorted, ready for tree top extraction";
+}
+
+}  // namespace sylvomex

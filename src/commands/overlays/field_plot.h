@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "state/workspace.h"
+
+namespace sylvomex {
+
+/// Draws a 100 m grid and the trees of a plot text file on every pane, lists every tree, and
+/// reports how the raster model differs from the plot's ground heights.
+void Plot_Field_Plot_Data(Workspace& w);
+
+}  // namespace sylvomex

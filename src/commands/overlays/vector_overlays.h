@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+// Points and lines from text files over the panes. A row that cannot be read ends the command
+// with an error; what the rows before it drew stays.
+#pragma once
+
+#include "state/workspace.h"
+
+namespace sylvomex {
+
+void Plot_3D_line_segments(Workspace& w);
+void Plot_Field_measured_tree_data(Workspace& w);
+void Plot_Circular_Plot(Workspace& w);   // around the plot location
+void Plot_Crown_polygons(Workspace& w);  // on the first pane
+void Plot_Tie_Points(Workspace& w);
+
+/// The ground polyline "c:\data\XY_polyline.txt" on every pane; nothing without the file.
+void Plot_XYZ_Polyline(Workspace& w);
+
+}  // namespace sylvomex

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+#include "commands/solver/solution_control.h"
+
+#include <string>
+
+#include "commands/solver/solution_texts.h"
+#include "panes/pane_centring.h"
+#include "panes/pane_drawing.h"
+#include "platform/list_reader.h"
+#include "platform/number_text.h"
+#include "state/camera_access.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr const char* kPlain = "";
+
+void Accept_Solution(Workspace& w) {
+  w.SolutionValid = true;
+  Record_Solution(w);
+  w.Form1.Label10.Caption = "3D-value set succesfully";
+  Show_Solution(w, kPlain);
+}
+
+// The flag is left alone.
+void Fall_Back(Workspace& w) {
+  w.screen->Message_Box("Cannot convert Input into a 3D-solution!");
+  w.Solution3D = w.DefaultPanCenter;
+  Show_Solution(w, kPlain);
+}
+
+double Ask_Value(Workspace& w, const char* prompt, const char* preset) {
+  return Parse_Double(
+      w.screen->Input_Box(prompt, "Set 3D solution to a given value", preset).value_or(""));
+}
+
+FilePath Ask_Point_File(Workspace& w) {
+  FileQuestion question;
+  question.title = "File with X (comma) Y (comma) Z ";
+  question.filter = "TXT files (*.txt)|*.txt";
+  const auto name = w.screen->File_Dialog(question);
+  if (!name) throw RunTimeError(Failure::FileNotFound, "no file was chosen");
+  return w.Drives.Locate(*name);
+}
+
+// The first line of a file that is not empty, as a list of its own: values are not taken from
+// a further line.
+ListReader First_Line(const FilePath& file) {
+  ListReader whole(file);
+  std::string line;
+  int number = whole.Line();
+  while (line.find_first_not_of(" \t\r") == std::string::npos && !whole.At_End()) {
+    number = whole.Line();
+    line = whole.Read_Line();
+  }
+  return {line, file, number};
+}
+
+struct NumberedPoint {
+  std::int16_t number = 0;
+  Point3D point;
+};
+
+NumberedPoint Read_Numbered_Point(const FilePath& file) {
+  ListReader line = First_Line(file);
+  NumberedPoint value;
+  value.number = line.Read_Int16();
+  value.point.X = line.Read_Double();
+  value.point.Y = line.Read_Double();
+  value.point.Z = line.Read_Double();
+  return value;
+}
+
+PlotLocation Read_Plot_Location(const Workspace& w, const FilePath& file) {
+  ListReader line = First_Line(file);
+  PlotLocation plot;
+  plot.PlotNumber = line.Read_Int32();
+  plot.X = line.Read_Double();
+  plot.Y = line.Read_Double();
+  for (int ignored = 0; ignored < 3; ++ignored) line.Read_Double();
+  plot.HeightAboveGround = line.Read_Double();
+  if (line.At_End()) throw line.Failure_Here(Failure::InputPastEnd, "8 values wanted");
+  plot.GroundZ = Get_Raster_Elevation(w, plot.X, plot.Y);
+  return plot;
+}
+
+}  // namespace
+
+void Reset_Point_Solution(Workspace& w) {
+  w.SolutionValid = false;
+  w.Solution3D.X = w.ImageBlock(0).X0;
+  w.Solution3D.Y = w.ImageBlock(0).Y0;
+  w.Solution3D.Z = Get_Raster_Elevation(w, w.Solution3D.X, w.Solution3D.Y);
+  Show_Solution(w, "#.00");
+}
+
+void Set_3D_solution(Workspace& w) {
+  try {
+    w.Solution3D.X = Ask_Value(w, "X-value to be assigned", "2515000.00");
+    w.Solution3D.Y = Ask_Value(w, "Y-value to be assigned", "6860000.00");
+    w.Solution3D.Z = Ask_Value(w, "Z-value to be assigned", "180.00");
+  } catch (const RunTimeError&) {
+    Fall_Back(w);
+    return;
+  }
+  Accept_Solution(w);
+}
+
+void Set_3D_Sol_File(Workspace& w) {
+  try {
+    const NumberedPoint value = Read_Numbered_Point(Ask_Point_File(w));
+    w.XYDistanceEntries(0).TreeNumber = value.number;
+    w.Observation.FreeInteger = value.number;
+    w.Solution3D = value.point;
+  } catch (const RunTimeError&) {
+    Fall_Back(w);
+    return;
+  }
+  Accept_Solution(w);
+  w.screen->Service_Events();
+  Center_to_xyz_click(w);
+}
+
+void Set_3D_solution_To_Stereo_Sol(Workspace& w) {
+  w.Solution3D = w.StereoSolution;
+  Accept_Solution(w);
+}
+
+void Set_3D_solution_to_a_new_plot_location(Workspace& w) {
+  w.Plot = Read_Plot_Location(w, Ask_Point_File(w));
+  w.Solution3D = {w.Plot.X, w.Plot.Y, w.Plot.GroundZ + w.Plot.HeightAboveGround};
+  Show_Solution(w, kPlain);
+  Center_to_xyz_click(w);
+}
+
+}  // namespace sylvomex

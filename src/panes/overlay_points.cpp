@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#include "panes/overlay_points.h"
+
+#include "closedlib/parallel_tasks.h"
+#include "panes/pane_drawing.h"
+
+namespace sylvomex {
+namespace {
+
+void Plot_On_Pane(Workspace& w, int image, std::span<const OverlayPoint> points) {
+  Picture& pane = w.Form1.Picture1(image);
+  pane.marks.reserve(pane.marks.size() + points.size());
+  for (const OverlayPoint& point : points) {
+    const PanePosition at = Overlay_Of_Point(w, image, point.X, point.Y, point.Z);
+    Plot_Point(pane, at.px, at.py, point.colour);
+  }
+}
+
+}  // namespace
+
+void Plot_Overlay_Points(Workspace& w, std::span<const OverlayPoint> points) {
+  Run_Tasks(w.ImageCount, 0, [&](int image) { Plot_On_Pane(w, image, points); });
+}
+
+}  // namespace sylvomex

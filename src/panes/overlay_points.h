@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+// Many object points on a pane at once.
+#pragma once
+
+#include <span>
+
+#include "state/workspace.h"
+
+namespace sylvomex {
+
+struct OverlayPoint {
+  double X = 0, Y = 0, Z = 0;  // metres
+  Colour colour;
+};
+
+/// Plots the points in their order on the panes of all images, each with its present pen
+/// width, where Overlay_Of_Point would put them, to the bit.
+void Plot_Overlay_Points(Workspace& w, std::span<const OverlayPoint> points);
+
+}  // namespace sylvomex

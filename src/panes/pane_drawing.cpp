@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#include "panes/pane_drawing.h"
+
+#include "platform/number_text.h"
+#include "state/camera_access.h"
+
+namespace sylvomex {
+
+PanePosition Pane_Of_Pixel(const Workspace& w, int image, double col, double row) {
+  if (w.ImageKinds(image) == 2) {
+    return Full_Image_To_Correlation_Pane(w.CorrelationRecords(image),
+                                          w.CorrelationPaneViews(image), col, row);
+  }
+  return Full_Image_To_Pane(w.ImageBlock(image), w.PaneViews(image), col, row);
+}
+
+PanePosition Pane_Of_Point(const Workspace& w, int image, double X, double Y, double Z) {
+  double col = 0;
+  double row = 0;
+  Object_To_Pixel(w, image, X, Y, Z, col, row);
+  return Pane_Of_Pixel(w, image, col, row);
+}
+
+PanePosition Overlay_Of_Pixel(const Workspace& w, int image, double col, double row) {
+  const PanePosition at = Pane_Of_Pixel(w, image, col, row);
+  return {at.px - 1, at.py - 1};
+}
+
+PanePosition Overlay_Of_Point(const Workspace& w, int image, double X, double Y, double Z) {
+  const PanePosition at = Pane_Of_Point(w, image, X, Y, Z);
+  return {at.px - 1, at.py - 1};
+}
+
+FullImagePosition Pixel_Of_Pane(const Workspace& w, int image, double px, double py) {
+  if (w.ImageKinds(image) == 2) {
+    return Correlation_Pane_To_Full_Image(w.CorrelationRecords(image),
+                                          w.CorrelationPaneViews(image), px, py);
+  }
+  return Pane_To_Full_Image(w.ImageBlock(image), w.PaneViews(image), px, py);
+}
+
+void Capture(Workspace& w) {
+  w.screen->Clear_Clipboard();
+  const Picture& second = w.Form1.Picture1(1);
+  if (second.bitmap == nullptr) {
+    throw RunTimeError(Failure::BadContent, "the second pane holds no picture to capture");
+  }
+  w.screen->Copy_To_Clipboard(*second.bitmap);
+}
+
+void Clear_ima(Workspace& w) {
+  for (int k = 0; k < w.ImageCount; ++k) Erase_Marks(w.Form1.Picture1(k));
+}
+
+void Clear_all(Workspace& w) {
+  for (int k = 0; k < w.ImageCount; ++k) {
+    w.Form1.Check1(k).Value = 0;
+    w.Form1.Text1(2 * k).Text.clear();
+    w.Form1.Text1(2 * k + 1).Text.clear();
+    w.Form1.Text12(k).Text.clear();
+    Erase_Marks(w.Form1.Picture1(k));
+  }
+  w.CurrentImage = -1;
+}
+
+void Show_Solution(Workspace& w, const char* pattern) {
+  const double values[] = {w.Solution3D.X, w.Solution3D.Y, w.Solution3D.Z};
+  for (int i = 0; i < 3; ++i) {
+    w.Form1.Label4(i).Caption =
+        *pattern == '\0' ? Plain_Text(values[i]) : Format(values[i], pattern);
+  }
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// Drawing in object space on the panes, and the clearing of panes.
+#pragma once
+
+#include "state/workspace.h"
+
+namespace sylvomex {
+
+/// Pane position of a full-image position in pane k by its present view. Correlation panes
+/// (ImageKinds 2) use the tables of the correlation images.
+PanePosition Pane_Of_Pixel(const Workspace& w, int image, double col, double row);
+
+/// Pane position of an object point in pane k by Pane_Of_Pixel, metres.
+PanePosition Pane_Of_Point(const Workspace& w, int image, double X, double Y, double Z);
+
+/// Where overlays (lidar echoes, field trees, borders, saved points) draw a full-image position
+/// or an object point in pane k: one pane pixel to the left of and above its position by
+/// Pane_Of_Pixel.
+PanePosition Overlay_Of_Pixel(const Workspace& w, int image, double col, double row);
+PanePosition Overlay_Of_Point(const Workspace& w, int image, double X, double Y, double Z);
+
+/// Full-image position of a pane position. Correlation panes as above.
+FullImagePosition Pixel_Of_Pane(const Workspace& w, int image, double px, double py);
+
+void Capture(Workspace& w);    // picture of the second pane to the clipboard
+void Clear_ima(Workspace& w);  // erases what was drawn
+void Clear_all(Workspace& w);  // that, the observations and the ticks
+
+inline constexpr Colour kWhite{255, 255, 255};
+inline constexpr Colour kRed{255, 0, 0};
+inline constexpr Colour kGreen{0, 255, 0};
+inline constexpr Colour kYellow{255, 255, 0};
+
+/// X, Y and Z of the solution into the three Label4 fields, by a pattern; an empty pattern
+/// means plain number text.
+void Show_Solution(Workspace& w, const char* pattern);
+
+}  // namespace sylvomex

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "state/workspace.h"
+
+namespace sylvomex {
+
+/// Side of the square panes for a client area and a number of images, a multiple of 4. 0 for
+/// no image or more than nine.
+int Pane_Side(double client_width, double client_height, int image_count);
+
+/// Sets PaneWidth and PaneHeight; leaves them alone for no image or more than nine, and when
+/// the side leaves 16 bits: RunTimeError(Overflow).
+void Compute_Pane_Size(Workspace& w);
+
+/// Places and shows the panes of the loaded images with their controls and hides the others.
+void Lay_Out_Panes(Workspace& w);
+
+}  // namespace sylvomex

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "panes/pane_rendering.h"
+
+#include <memory>
+#include <utility>
+
+#include "imageblock/bitmap_file.h"
+#include "imageblock/pane_renderer.h"
+#include "platform/number_text.h"
+#include "platform/rounding.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr double kGammaExponents[] = {0.4, 0.5, 0.6, 1.4, 2.0, 3.0};
+
+// The last checked item wins.
+std::optional<GammaTable> Chosen_Gamma(const MenuChecks& menu) {
+  std::optional<GammaTable> gamma;
+  for (int n = 1; n <= 6; ++n) {
+    if (menu.Gamma(n)) gamma = Make_Gamma_Table(kGammaExponents[n - 1]);
+  }
+  return gamma;
+}
+
+FilePath Scratch_Bitmap(Workspace& w, int image) {
+  w.ScratchBmpName = "c:\\data\\pic" + Plain_Text(std::int32_t{image}) + ".bmp";
+  return w.Drives.Locate(w.ScratchBmpName.Trimmed());
+}
+
+}  // namespace
+
+int View_Extent(int pane_size, double zoom) { return To_Int16(pane_size / zoom); }
+
+ViewWindow Fit_View_Window(Workspace& w, int image, int centre_col, int centre_row, int width,
+                           int height) {
+  const ImageRecord& record = w.ImageBlock(image);
+  const ViewWindow window =
+      Compute_View_Window(record.SubWidth, record.SubHeight, centre_col, centre_row, width, height);
+  if (!window.fits) {
+    w.screen->Message_Box("Pan window is too large");
+    return window;
+  }
+  PaneView& view = w.PaneViews(image);
+  view.ViewCol = To_Int16(window.first_col);
+  view.ViewRow = To_Int16(window.first_row);
+  return window;
+}
+
+void Render_Scratch_Bitmap(Workspace& w, int image, const ViewWindow& window) {
+  const ImageRecord& record = w.ImageBlock(image);
+  if (record.ColorFlag > 1) return;
+  const PaneView& view = w.PaneViews(image);
+  const MappedFile& file = w.RawFiles.Open(w.Drives.Locate(record.RawFileName.Trimmed()));
+  const RawPixels raw{file.Bytes(), record.SubWidth, record.SubHeight, &file.File()};
+  RenderRequest request;
+  request.window = window;
+  request.zoom_x = view.ZoomX;
+  request.zoom_y = view.ZoomY;
+  request.pane_width = w.PaneWidth;
+  request.pane_height = w.PaneHeight;
+  request.on_exceeding = [&w] {
+    w.screen->Message_Box("In create BMP: exceeding allowed indeces");
+  };
+  PaneBitmap bitmap;
+  if (record.ColorFlag == 1) {
+    request.gamma = Chosen_Gamma(w.Menu);
+    Render_Colour(raw, request, bitmap);
+  } else {
+    Render_Grey(raw, request, bitmap);
+  }
+  Write_Pane_Bitmap(Scratch_Bitmap(w, image), bitmap);
+}
+
+void Load_Scratch_Bitmap(Workspace& w, int image) {
+  auto bitmap = std::make_shared<const PaneBitmap>(Load_Bitmap(Scratch_Bitmap(w, image)));
+  Load_Picture(w.Form1.Picture1(image), std::move(bitmap));
+}
+
+}  // namespace sylvomex

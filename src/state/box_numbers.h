@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+// Numbers that the operator typed into text boxes. A failure to read one names its box.
+#pragma once
+
+#include <string_view>
+
+#include "state/workspace.h"
+
+namespace sylvomex {
+
+/// The number in a box. RunTimeError as of Parse_Double, with the name of the box, e.g. "Text5"
+/// or "Form2.Text5", in front of what it was about.
+double Number_In(const TextBox& box, std::string_view name);
+
+struct MeasuredFilm {
+  double x = 0, y = 0;  // metres
+};
+
+/// The observation in the two measurement boxes of an image. A failure names box and image,
+/// e.g. "Text1(2) of image 1".
+MeasuredFilm Film_In_Boxes(const Workspace& w, int image);
+
+}  // namespace sylvomex

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+// A picture pane: the loaded bitmap and the marks drawn over it since.
+//
+// Positions are pane pixels, px to the right, py downward, as asked for: nothing is rounded
+// or clipped here.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "imageblock/pane_bitmap.h"
+#include "state/control.h"
+
+namespace sylvomex {
+
+struct Font {
+  std::string name = "MS Sans Serif";
+  double size = 8;  // points, 1/72 inch at 96 pixels an inch
+  bool bold = false;
+
+  bool operator==(const Font&) const = default;
+};
+
+/// Height of a line of text in pixels.
+int Text_Height(const Font& font);
+
+struct Mark {
+  enum class Kind : std::uint8_t { Point, Line, Text };
+  Kind kind = Kind::Point;
+  Colour colour;
+  std::int16_t width = 1;  // pen width, pixels
+  std::int32_t text = -1;  // Kind::Text: entry of Picture::texts
+  double x1 = 0, y1 = 0;
+  double x2 = 0, y2 = 0;  // Kind::Line: the far end
+};
+
+struct MarkText {
+  std::string text;
+  Font font;
+};
+
+struct Picture : Control {
+  std::shared_ptr<const PaneBitmap> bitmap;
+  std::vector<Mark> marks;  // in drawing order
+  std::vector<MarkText> texts;
+  std::uint64_t bitmap_version = 0;  // grows with every load
+  std::uint64_t erase_version = 0;   // grows whenever the marks are dropped
+
+  // The pen.
+  int DrawWidth = 1;
+  Colour ForeColor;
+  Font font;
+  double CurrentX = 0;
+  double CurrentY = 0;
+  PointerShape MousePointer = PointerShape::Normal;
+};
+
+/// Puts a bitmap on the picture, null for none; marks drawn before are dropped.
+void Load_Picture(Picture& picture, std::shared_ptr<const PaneBitmap> bitmap);
+
+/// Drops the marks; the bitmap stays.
+void Erase_Marks(Picture& picture);
+
+/// Drawing with the pen's present width; each leaves the pen position at its end.
+void Plot_Point(Picture& picture, double px, double py, Colour colour);
+void Draw_Line(Picture& picture, double px1, double py1, double px2, double py2, Colour colour);
+
+/// Text with its top left corner at the pen position, in ForeColor and font; the pen moves to
+/// the next line.
+void Print_Text(Picture& picture, std::string_view text);
+
+/// (2 reach + 1) by (2 reach + 1) points around a position, row by row from the top left.
+void Plot_Block(Picture& picture, double px, double py, int reach, Colour colour);
+
+}  // namespace sylvomex
