@@ -28,8 +28,8 @@ double Raw_Pixels_Per_Pane_Pixel(double zoom) {
   return Quotient(1, zoom, "a pane without an image has no zoom");
 }
 
-FullImagePosition Pane_To_Full_Image(const ImageRecord& image, const PaneView& view, double px,
-                                     double py) {
+PixelPosition Pane_To_Full_Image(const ImageRecord& image, const PaneView& view, double px,
+                                 double py) {
   const double top_row = (image.FullHeight - 1) - Top_Row(image, view);
   return {Pane_To_Col(image, view, px), top_row - py * Raw_Pixels_Per_Pane_Pixel(view.ZoomY)};
 }
@@ -44,8 +44,8 @@ PanePosition Full_Image_To_Pane(const ImageRecord& image, const PaneView& view, 
   return {Col_To_Pane(image, view, col), (top_down_row - Top_Row(image, view)) * view.ZoomY};
 }
 
-FullImagePosition Correlation_Pane_To_Full_Image(const ImageRecord& correlation,
-                                                 const PaneView& view, double px, double py) {
+PixelPosition Correlation_Pane_To_Full_Image(const ImageRecord& correlation, const PaneView& view,
+                                             double px, double py) {
   const double top_row = correlation.SubRowOrigin - view.ViewRow;
   return {Pane_To_Col(correlation, view, px), top_row - py * Raw_Pixels_Per_Pane_Pixel(view.ZoomY)};
 }

@@ -8,6 +8,7 @@
 #include <cstdint>
 
 #include "imageblock/image_record.h"
+#include "imageblock/pixel_position.h"
 
 namespace sylvomex {
 
@@ -20,11 +21,6 @@ struct PaneView {
   double ZoomY = 0;
 };
 
-struct FullImagePosition {
-  double col = 0;
-  double row = 0;  // from the bottom
-};
-
 struct PanePosition {
   double px = 0;
   double py = 0;
@@ -35,8 +31,8 @@ struct PanePosition {
 double Raw_Pixels_Per_Pane_Pixel(double zoom);
 
 /// Pane position to full image.
-FullImagePosition Pane_To_Full_Image(const ImageRecord& image, const PaneView& view, double px,
-                                     double py);
+PixelPosition Pane_To_Full_Image(const ImageRecord& image, const PaneView& view, double px,
+                                 double py);
 
 /// Top-down full-image row of a pane position.
 double Pane_To_Top_Down_Row(const ImageRecord& image, const PaneView& view, double py);
@@ -46,8 +42,8 @@ PanePosition Full_Image_To_Pane(const ImageRecord& image, const PaneView& view, 
 
 /// The same for a pane that shows a correlation image: the row origin of its record is
 /// counted from the bottom of the full image.
-FullImagePosition Correlation_Pane_To_Full_Image(const ImageRecord& correlation,
-                                                 const PaneView& view, double px, double py);
+PixelPosition Correlation_Pane_To_Full_Image(const ImageRecord& correlation, const PaneView& view,
+                                             double px, double py);
 PanePosition Full_Image_To_Correlation_Pane(const ImageRecord& correlation, const PaneView& view,
                                             double col, double row);
 

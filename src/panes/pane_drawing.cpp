@@ -31,7 +31,7 @@ PanePosition Overlay_Of_Point(const Workspace& w, int image, double X, double Y,
   return {at.px - 1, at.py - 1};
 }
 
-FullImagePosition Pixel_Of_Pane(const Workspace& w, int image, double px, double py) {
+PixelPosition Pixel_Of_Pane(const Workspace& w, int image, double px, double py) {
   if (w.ImageKinds(image) == 2) {
     return Correlation_Pane_To_Full_Image(w.CorrelationRecords(image),
                                           w.CorrelationPaneViews(image), px, py);

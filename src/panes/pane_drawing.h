@@ -20,7 +20,7 @@ PanePosition Overlay_Of_Pixel(const Workspace& w, int image, double col, double 
 PanePosition Overlay_Of_Point(const Workspace& w, int image, double X, double Y, double Z);
 
 /// Full-image position of a pane position. Correlation panes as above.
-FullImagePosition Pixel_Of_Pane(const Workspace& w, int image, double px, double py);
+PixelPosition Pixel_Of_Pane(const Workspace& w, int image, double px, double py);
 
 void Capture(Workspace& w);    // picture of the second pane to the clipboard
 void Clear_ima(Workspace& w);  // erases what was drawn

@@ -24,17 +24,26 @@ CameraAxes To_Camera_Axes(const ImageRecord& image, const RotationMatrix& m, dou
           m.m31 * dX + m.m32 * dY + m.m33 * dZ};
 }
 
-std::string About_Image(const ImageRecord& image, const char* fact) {
-  return "image " + std::to_string(image.ImageId) + ": " + fact;
+CameraAxes To_Camera_Axes(const Camera& camera, const Point3D& point) {
+  const RotationMatrix& m = camera.m;
+  const double dX = point.X - camera.centre.X;
+  const double dY = point.Y - camera.centre.Y;
+  const double dZ = point.Z - camera.centre.Z;
+  return {m.m11 * dX + m.m12 * dY + m.m13 * dZ, m.m21 * dX + m.m22 * dY + m.m23 * dZ,
+          m.m31 * dX + m.m32 * dY + m.m33 * dZ};
+}
+
+std::string About_Image(std::int32_t image_id, const char* fact) {
+  return "image " + std::to_string(image_id) + ": " + fact;
 }
 
 /// Results that finite inputs drove out of range end the calculation.
 template <std::size_t N, class... Inputs>
-void Require_Finite(const ImageRecord& image, const char* what, const double (&results)[N],
+void Require_Finite(std::int32_t image_id, const char* what, const double (&results)[N],
                     Inputs... inputs) {
   if (std::ranges::all_of(results, [](double r) { return std::isfinite(r); })) return;
   if ((std::isfinite(inputs) && ...)) {
-    throw RunTimeError(Failure::Overflow, About_Image(image, what) + " is out of range");
+    throw RunTimeError(Failure::Overflow, About_Image(image_id, what) + " is out of range");
   }
 }
 
@@ -57,23 +66,92 @@ RotationMatrix Build_Rotation_Matrix(double omega, double phi, double kappa) {
   return m;
 }
 
+Camera Make_Camera(const ImageRecord& image, const RotationMatrix& m) {
+  Camera camera;
+  camera.image_id = image.ImageId;
+  camera.c = image.PrincipalDistance;
+  camera.centre = {image.X0, image.Y0, image.Z0};
+  camera.m = m;
+  camera.A1 = image.AffineA1;
+  camera.A2 = image.AffineA2;
+  camera.A0 = image.AffineA0;
+  camera.B1 = image.AffineB1;
+  camera.B2 = image.AffineB2;
+  camera.B0 = image.AffineB0;
+  camera.affine_determinant = camera.A1 * camera.B2 - camera.A2 * camera.B1;
+  return camera;
+}
+
+Camera Make_Camera(const ImageRecord& image) {
+  return Make_Camera(image, Build_Rotation_Matrix(image.Omega, image.Phi, image.Kappa));
+}
+
+std::optional<FilmPosition> Object_To_Image(const Camera& camera, const Point3D& point) {
+  const CameraAxes axes = To_Camera_Axes(camera, point);
+  if (camera.c == 0 || axes.q == 0) return std::nullopt;
+  const FilmPosition film{(-camera.c) * axes.r / axes.q, (-camera.c) * axes.s / axes.q};
+  Require_Finite(camera.image_id, "the film position of an object point", {axes.q, film.x, film.y},
+                 point.X, point.Y, point.Z);
+  return film;
+}
+
+PixelPosition Object_To_Pixel(const Camera& camera, const Point3D& point) {
+  constexpr FilmPosition kNoFilmPosition{-1, 0};
+  return Image_To_Pixel(camera, Object_To_Image(camera, point).value_or(kNoFilmPosition));
+}
+
+std::optional<Point3D> Image_To_Object_At_Z(const Camera& camera, double Z,
+                                            const FilmPosition& film) {
+  const RotationMatrix& m = camera.m;
+  const double t = -camera.c;
+  const double q = m.m13 * film.x + m.m23 * film.y + m.m33 * t;
+  if (q == 0) return std::nullopt;
+  const double dZ = Z - camera.centre.Z;
+  const double X = camera.centre.X + dZ * (m.m11 * film.x + m.m21 * film.y + m.m31 * t) / q;
+  const double Y = camera.centre.Y + dZ * (m.m12 * film.x + m.m22 * film.y + m.m32 * t) / q;
+  Require_Finite(camera.image_id, "the ground position", {q, X, Y}, Z, film.x, film.y);
+  return Point3D{X, Y, Z};
+}
+
+PixelPosition Image_To_Pixel(const Camera& camera, const FilmPosition& film) {
+  const PixelPosition pixel{camera.A1 * film.x + camera.A2 * film.y + camera.A0,
+                            camera.B1 * film.x + camera.B2 * film.y + camera.B0};
+  Require_Finite(camera.image_id, "the pixel position", {pixel.col, pixel.row}, film.x, film.y);
+  return pixel;
+}
+
+FilmPosition Pixel_To_Image(const Camera& camera, const PixelPosition& pixel) {
+  const double d = camera.affine_determinant;
+  if (d == 0) {
+    throw RunTimeError(Failure::DivisionByZero,
+                       About_Image(camera.image_id, "the affine from film to pixels is singular"));
+  }
+  const double dcol = pixel.col - camera.A0;
+  const double drow = pixel.row - camera.B0;
+  const FilmPosition film{(camera.B2 * dcol - camera.A2 * drow) / d,
+                          (camera.A1 * drow - camera.B1 * dcol) / d};
+  Require_Finite(camera.image_id, "the film position of a pixel", {d, film.x, film.y}, pixel.col,
+                 pixel.row);
+  return film;
+}
+
 void Image_To_Pixel(const ImageRecord& image, double x, double y, double& col, double& row) {
   col = image.AffineA1 * x + image.AffineA2 * y + image.AffineA0;
   row = image.AffineB1 * x + image.AffineB2 * y + image.AffineB0;
-  Require_Finite(image, "the pixel position", {col, row}, x, y);
+  Require_Finite(image.ImageId, "the pixel position", {col, row}, x, y);
 }
 
 void Pixel_To_Image(const ImageRecord& image, double col, double row, double& x, double& y) {
   const double d = image.AffineA1 * image.AffineB2 - image.AffineA2 * image.AffineB1;
   if (d == 0) {
     throw RunTimeError(Failure::DivisionByZero,
-                       About_Image(image, "the affine from film to pixels is singular"));
+                       About_Image(image.ImageId, "the affine from film to pixels is singular"));
   }
   const double dcol = col - image.AffineA0;
   const double drow = row - image.AffineB0;
   x = (image.AffineB2 * dcol - image.AffineA2 * drow) / d;
   y = (image.AffineA1 * drow - image.AffineB1 * dcol) / d;
-  Require_Finite(image, "the film position of a pixel", {d, x, y}, col, row);
+  Require_Finite(image.ImageId, "the film position of a pixel", {d, x, y}, col, row);
 }
 
 void Object_To_Image(const ImageRecord& image, const RotationMatrix& m, double X, double Y,
@@ -86,7 +164,7 @@ void Object_To_Image(const ImageRecord& image, const RotationMatrix& m, double X
   }
   x = (-c) * point.r / point.q;
   y = (-c) * point.s / point.q;
-  Require_Finite(image, "the film position of an object point", {point.q, x, y}, X, Y, Z);
+  Require_Finite(image.ImageId, "the film position of an object point", {point.q, x, y}, X, Y, Z);
 }
 
 void Object_To_Pixel(const ImageRecord& image, const RotationMatrix& m, double X, double Y,
@@ -105,17 +183,17 @@ void Image_To_Object_At_Z(const ImageRecord& image, const RotationMatrix& m, dou
   const double dZ = Z - image.Z0;
   X = image.X0 + dZ * (m.m11 * x + m.m21 * y + m.m31 * t) / q;
   Y = image.Y0 + dZ * (m.m12 * x + m.m22 * y + m.m32 * t) / q;
-  Require_Finite(image, "the ground position", {q, X, Y}, Z, x, y);
+  Require_Finite(image.ImageId, "the ground position", {q, X, Y}, Z, x, y);
 }
 
 double Scale_Number(const ImageRecord& image, double Z) {
   const double c = image.PrincipalDistance;
   if (c == 0) {
     throw RunTimeError(Failure::DivisionByZero,
-                       About_Image(image, "no scale with a principal distance of 0"));
+                       About_Image(image.ImageId, "no scale with a principal distance of 0"));
   }
   const double scale = (image.Z0 - Z) / c;
-  Require_Finite(image, "the scale number", {scale}, Z);
+  Require_Finite(image.ImageId, "the scale number", {scale}, Z);
   return scale;
 }
 
@@ -127,7 +205,7 @@ CollinearityPartials Collinearity_Partials(const ImageRecord& image, const Rotat
   if (q * q == 0) {
     throw RunTimeError(
         Failure::DivisionByZero,
-        About_Image(image, "the working point lies in the plane of the projection centre"));
+        About_Image(image.ImageId, "the working point lies in the plane of the projection centre"));
   }
   const double scale = c / (q * q);
   CollinearityPartials p;
@@ -139,7 +217,7 @@ CollinearityPartials Collinearity_Partials(const ImageRecord& image, const Rotat
   p.ay3 = scale * (m.m23 * q - m.m33 * s);
   p.lx = (-c) * r / q - measured_x;
   p.ly = (-c) * s / q - measured_y;
-  Require_Finite(image, "the linearised projection of the working point",
+  Require_Finite(image.ImageId, "the linearised projection of the working point",
                  {q * q, p.ax1, p.ay1, p.ax2, p.ay2, p.ax3, p.ay3, p.lx, p.ly}, X, Y, Z, measured_x,
                  measured_y);
   return p;

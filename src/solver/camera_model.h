@@ -10,7 +10,12 @@
 // Elements of Photogrammetry (2000), appendix C (sequential omega, phi, kappa) and D.
 #pragma once
 
+#include <cstdint>
+#include <optional>
+
 #include "imageblock/image_record.h"
+#include "imageblock/pixel_position.h"
+#include "platform/point3d.h"
 
 namespace sylvomex {
 
@@ -23,6 +28,45 @@ struct RotationMatrix {
 /// Rotation about X by omega, then about Y by phi, then about Z by kappa (radians), which
 /// turns object-space differences into camera axes.
 RotationMatrix Build_Rotation_Matrix(double omega, double phi, double kappa);
+
+/// A film position, metres, principal point at the origin.
+struct FilmPosition {
+  double x = 0, y = 0;
+};
+
+/// One oriented frame camera as a value: what a projection needs of an image's header, and what
+/// is derived from it once.
+struct Camera {
+  std::int32_t image_id = 0;                              // what messages name
+  double c = 0;                                           // principal distance, metres
+  Point3D centre;                                         // projection centre, metres
+  RotationMatrix m;                                       // object-space differences to camera axes
+  double A1 = 0, A2 = 0, A0 = 0, B1 = 0, B2 = 0, B0 = 0;  // film to pixels
+  double affine_determinant = 0;                          // A1 B2 - A2 B1
+};
+
+Camera Make_Camera(const ImageRecord& image, const RotationMatrix& m);
+
+/// With the rotation by the header's own angles.
+Camera Make_Camera(const ImageRecord& image);
+
+/// Collinearity. Nothing when the point lies in the plane of the projection centre, or c is 0.
+std::optional<FilmPosition> Object_To_Image(const Camera& camera, const Point3D& point);
+
+/// Object_To_Image followed by Image_To_Pixel. A point without a film position counts as film
+/// position (-1, 0), which lies far outside every frame.
+PixelPosition Object_To_Pixel(const Camera& camera, const Point3D& point);
+
+/// The ray through a film position cut with the horizontal plane at Z; nothing for a ray parallel
+/// to the plane.
+std::optional<Point3D> Image_To_Object_At_Z(const Camera& camera, double Z,
+                                            const FilmPosition& film);
+
+/// col = A1 x + A2 y + A0, row = B1 x + B2 y + B0.
+PixelPosition Image_To_Pixel(const Camera& camera, const FilmPosition& film);
+
+/// The exact inverse. A singular affine is a division by zero.
+FilmPosition Pixel_To_Image(const Camera& camera, const PixelPosition& pixel);
 
 /// col = A1 x + A2 y + A0, row = B1 x + B2 y + B0.
 void Image_To_Pixel(const ImageRecord& image, double x, double y, double& col, double& row);

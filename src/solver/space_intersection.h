@@ -8,13 +8,10 @@
 #include <functional>
 #include <span>
 
+#include "platform/point3d.h"
 #include "solver/camera_model.h"
 
 namespace sylvomex {
-
-struct Point3D {
-  double X = 0, Y = 0, Z = 0;  // metres
-};
 
 struct FilmObservation {
   const ImageRecord* image = nullptr;

@@ -42,7 +42,7 @@ void Picture1_MouseMove(Workspace& w, int pane, double px, double py) {
   const PaneView& view = w.PaneViews(pane);
   if (view.ZoomX == 0) return;
   w.Form1.Picture1(pane).MousePointer = PointerShape::Custom;
-  const FullImagePosition at = Pixel_Of_Pane(w, pane, px, py);
+  const PixelPosition at = Pixel_Of_Pane(w, pane, px, py);
   w.Form1.Label1(pane).Caption = Format(at.col, "#.0") + " " + Format(at.row, "#.0") + " " +
                                  Format(px, "#") + " " + Format(py, "#") + " " +
                                  Format(view.ViewCol, "#") + " " + Format(view.ViewRow, "#");

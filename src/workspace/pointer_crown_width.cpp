@@ -26,7 +26,7 @@ Point3D Identify_And_Locate(Workspace& w, int pane, double px, double py) {
   XYDistanceEntry& entry = w.XYDistanceEntries(pane);
   entry.Index = static_cast<std::uint8_t>(pane);
   entry.ImageCode = w.ImageBlock(pane).ImageId;
-  const FullImagePosition at = Pane_To_Full_Image(w.ImageBlock(pane), w.PaneViews(pane), px, py);
+  const PixelPosition at = Pane_To_Full_Image(w.ImageBlock(pane), w.PaneViews(pane), px, py);
   double x = 0;
   double y = 0;
   Pixel_To_Image(w, pane, at.col, at.row, x, y);

@@ -26,7 +26,7 @@ void Show_Pixel_Position(Workspace& w, int pane, double px, double py) {
 }
 
 void Store_Observation(Workspace& w, int pane, double px, double py) {
-  const FullImagePosition at = Pixel_Of_Pane(w, pane, px, py);
+  const PixelPosition at = Pixel_Of_Pane(w, pane, px, py);
   double x = 0;
   double y = 0;
   Pixel_To_Image(w, pane, at.col, at.row, x, y);

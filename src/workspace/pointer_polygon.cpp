@@ -17,7 +17,7 @@ constexpr const char* kFilmFile = "c:\\data\\IMA_polyline.txt";
 constexpr const char* kGroundFile = "c:\\data\\XY_polyline.txt";
 
 struct Vertex {
-  FullImagePosition pixel;
+  PixelPosition pixel;
   double x = 0, y = 0;  // film; computed with the ground position only
   double X = 0, Y = 0;  // ground at the solution's height
 };

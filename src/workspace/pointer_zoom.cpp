@@ -46,7 +46,7 @@ void Zoom_Out_Click(Workspace& w, int pane) {
 }
 
 void Pan_Click(Workspace& w, int pane, double px, double py) {
-  const FullImagePosition at = Pane_To_Full_Image(w.ImageBlock(pane), w.PaneViews(pane), px, py);
+  const PixelPosition at = Pane_To_Full_Image(w.ImageBlock(pane), w.PaneViews(pane), px, py);
   double x = 0;
   double y = 0;
   Pixel_To_Image(w, pane, at.col, at.row, x, y);

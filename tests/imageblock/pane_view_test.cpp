@@ -27,26 +27,26 @@ PaneView View(double zoom_x, double zoom_y) {
 }
 
 TEST(PaneView, TopLeftCornerIsTheViewsOrigin) {
-  const FullImagePosition corner = Pane_To_Full_Image(Image(), View(2, 2), 0, 0);
+  const PixelPosition corner = Pane_To_Full_Image(Image(), View(2, 2), 0, 0);
   EXPECT_EQ(corner.col, 1040);
   EXPECT_EQ(corner.row, 9449);  // 11499 - 2050
   EXPECT_EQ(Pane_To_Top_Down_Row(Image(), View(2, 2), 0), 2050);
 }
 
 TEST(PaneView, PositionsGrowByOneOverZoomToTheRightAndDownward) {
-  const FullImagePosition at = Pane_To_Full_Image(Image(), View(4, 2), 10, 30);
+  const PixelPosition at = Pane_To_Full_Image(Image(), View(4, 2), 10, 30);
   EXPECT_EQ(at.col, 1042.5);
   EXPECT_EQ(at.row, 9434);  // 9449 - 15
   EXPECT_EQ(Pane_To_Top_Down_Row(Image(), View(4, 2), 30), 2065);
 }
 
 TEST(PaneView, ZoomedOutPositionsGrowByTheStep) {
-  const FullImagePosition at = Pane_To_Full_Image(Image(), View(0.25, 0.5), 3, 7);
+  const PixelPosition at = Pane_To_Full_Image(Image(), View(0.25, 0.5), 3, 7);
   EXPECT_EQ(at.col, 1052);
   EXPECT_EQ(at.row, 9435);
 }
 
-TEST(PaneView, FullImagePositionGoesToItsPanePixel) {
+TEST(PaneView, PixelPositionGoesToItsPanePixel) {
   const PanePosition at = Full_Image_To_Pane(Image(), View(4, 2), 1042.5, 9434);
   EXPECT_EQ(at.px, 10);
   EXPECT_EQ(at.py, 30);
@@ -60,7 +60,7 @@ TEST(PaneView, TopDownRowAndFullImageRowAddUpToTheLastRow) {
 TEST(PaneView, RoundTripComesBackForEveryMenuZoom) {
   for (const double zoom : {1.0, 0.5, 1.0 / 3, 0.25, 1.0 / 6, 0.1, 2.0, 3.0, 4.0}) {
     const PaneView view = View(zoom, zoom);
-    const FullImagePosition full = Pane_To_Full_Image(Image(), view, 123.5, 456.25);
+    const PixelPosition full = Pane_To_Full_Image(Image(), view, 123.5, 456.25);
     const PanePosition back = Full_Image_To_Pane(Image(), view, full.col, full.row);
     EXPECT_NEAR(back.px, 123.5, 1e-9) << zoom;
     EXPECT_NEAR(back.py, 456.25, 1e-9) << zoom;
@@ -90,7 +90,7 @@ TEST(PaneView, CorrelationPaneCountsItsRowOriginFromTheBottom) {
   ImageRecord correlation;
   correlation.SubColOrigin = 3150;
   correlation.SubRowOrigin = 6350;
-  const FullImagePosition at = Correlation_Pane_To_Full_Image(correlation, View(1, 1), 600, 600);
+  const PixelPosition at = Correlation_Pane_To_Full_Image(correlation, View(1, 1), 600, 600);
   EXPECT_EQ(at.col, 3790);  // 3150 + 40 + 600
   EXPECT_EQ(at.row, 5700);  // 6350 - 50 - 600
 }
