@@ -14,6 +14,7 @@
 #include "matching/template_record.h"
 #include "platform/fixed_text.h"
 #include "platform/table.h"
+#include "solver/camera_model.h"
 #include "solver/space_intersection.h"
 
 namespace sylvomex {

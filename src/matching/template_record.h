@@ -7,10 +7,6 @@
 
 namespace sylvomex {
 
-struct FilmPosition {
-  double x = 0, y = 0;
-};
-
 struct TemplateRecord {
   double SemiAxisRadial = 0;      // film; never smaller than SemiAxisTangential
   double SemiAxisTangential = 0;  // film
