@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A pane of 600 x 600 pixels out of a colour file of 15000 x 15000, one thread, page cache
-// warm. An iteration is a round over 64 random windows; every time told is for one pane.
+// warm. An iteration is a round over 64 random windows; every reported time is for one pane.
 //
 // Beside a peer, rounds of ours and of the peer alternate in one run: "ms" and "peer_ms" are
 // the medians of both, "ratio" is how many times longer the peer takes. The same by processor

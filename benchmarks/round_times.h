@@ -17,7 +17,7 @@ inline double Median(std::vector<double> values) {
 }
 
 /// Milliseconds of the rounds of a benchmark, by the clock and by the processor time of the
-/// program. parts: told times are those of a part of a round.
+/// program. parts: reported times are those of a part of a round.
 class RoundTimes {
  public:
   explicit RoundTimes(double parts = 1) : parts_(parts) {}

@@ -17,8 +17,8 @@ using Wholes = hn::RebindToSigned<Reals>;
 
 /// The nearest of the means met so far, which come in the order of their age, by its position in
 /// that order. Squares of distances are compared by their bits, which order as the numbers do,
-/// what is no number above all. Two are met at once, and nothing jumps: which one is nearer
-/// cannot be guessed.
+/// NaN above all. Two means are taken at a time, branch-free: which one is nearer cannot be
+/// predicted.
 class Nearer {
  public:
   /// square: that of the distance below which a mean counts.
@@ -33,7 +33,7 @@ class Nearer {
   }
 
   /// The means at the next two positions.
-  void Meet(const double* first, const double* second) {
+  void Compare_Two(const double* first, const double* second) {
     const Reals d;
     const Wholes w;
     const auto one = hn::Sub(place_, hn::Load(d, first));
@@ -77,7 +77,7 @@ int ClusterGrid::Nearest(double X, double Y) const {
   Nearer nearer(X, Y, limit_);
   const auto meet = [&](std::size_t first) {
     for (std::size_t k = first; k < first + kAtOnce; k += 2) {
-      nearer.Meet(&places_[list.clusters[k]].X, &places_[list.clusters[k + 1]].X);
+      nearer.Compare_Two(&places_[list.clusters[k]].X, &places_[list.clusters[k + 1]].X);
     }
   };
   for (std::size_t first = 0; first < kMostOften; first += kAtOnce) meet(first);
@@ -90,7 +90,7 @@ int ClusterGrid::Nearest_Of_All(double X, double Y) const {
   Nearer nearer(X, Y, limit_);
   for (std::size_t cluster = 0; cluster < static_cast<std::size_t>(count_); cluster += 2) {
     const bool is_last = cluster + 1 == static_cast<std::size_t>(count_);
-    nearer.Meet(&places_[cluster].X, &places_[is_last ? std::size_t{kMost} : cluster + 1].X);
+    nearer.Compare_Two(&places_[cluster].X, &places_[is_last ? std::size_t{kMost} : cluster + 1].X);
   }
   return static_cast<int>(nearer.Position());
 }
@@ -114,7 +114,7 @@ void ClusterGrid::Move(int cluster, double X, double Y) {
 
 namespace {
 
-/// Calls visit(cell) for a cell of a rolled-up plane and the eight around it.
+/// Calls visit(cell) for a cell (numbers modulo 64) and the eight around it.
 template <class Visit>
 void Around(std::size_t cell, std::size_t side, const Visit& visit) {
   const std::size_t col = cell % side, row = cell / side;

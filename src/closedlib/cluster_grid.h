@@ -12,8 +12,9 @@
 namespace sylvomex {
 
 /// Means are filed by square cells a little wider than the distance limit. Every cell lists the
-/// clusters of its own and the eight cells around, so one list holds all that can be near. The
-/// plane is rolled up to 64 x 64 cells: strangers from afar in a list fail the distance test.
+/// clusters of its own and the eight cells around, so one list holds all that can be near. Cell
+/// numbers are taken modulo 64 in both directions: distant clusters that share a list fail the
+/// distance test.
 class ClusterGrid {
  public:
   static constexpr int kNone = -1;
@@ -30,7 +31,7 @@ class ClusterGrid {
   /// Moves the mean. One that is not finite is found no more.
   void Move(int cluster, double X, double Y);
 
-  /// Calls the list that Nearest will read to the cache.
+  /// Prefetches the list that Nearest will read.
   HWY_INLINE void Prefetch(double X, double Y) const { __builtin_prefetch(&lists_[Cell(X, Y)]); }
 
   [[nodiscard]] int Count() const { return count_; }
@@ -39,12 +40,12 @@ class ClusterGrid {
   static constexpr int kMost = 2000;
   static constexpr std::int64_t kSide = 64;
   static constexpr std::size_t kInList = 28;
-  static constexpr std::size_t kAtOnce = 4;     // entries of a list that are met without a jump
+  static constexpr std::size_t kAtOnce = 4;     // entries of a list compared without a branch
   static constexpr std::size_t kMostOften = 8;  // lists seldom hold more
   static constexpr std::size_t kNoCell = ~std::size_t{0};
 
-  /// Oldest first, then entries kMost, whose place is nowhere. A list that overflows stays
-  /// crowded, and all clusters are walked instead.
+  /// Oldest first, then entries kMost, which are infinitely far. A list that overflows stays
+  /// marked as crowded, and all clusters are searched instead.
   struct alignas(64) List {
     List() { clusters.fill(kMost); }
     std::uint16_t count = 0;
@@ -61,7 +62,7 @@ class ClusterGrid {
   static constexpr double kMostStripe = 0x1p40;
 
   [[nodiscard]] std::int64_t Stripe(double at) const {
-    // min and max in this order turn what is no number into a stripe of its own.
+    // min and max in this order give NaN a stripe of its own.
     const double stripe = std::max(-kMostStripe, std::min(kMostStripe, at * stripes_));
     const auto whole = static_cast<std::int64_t>(stripe);
     return whole - (static_cast<double>(whole) > stripe);

@@ -12,8 +12,8 @@
 namespace sylvomex {
 namespace {
 
-constexpr std::int32_t kFarAhead = 24;  // points whose records are called to the cache
-constexpr std::int32_t kNextAhead = 6;  // points whose cell is called
+constexpr std::int32_t kFarAhead = 24;  // points whose records are prefetched
+constexpr std::int32_t kNextAhead = 6;  // points whose cell is prefetched
 
 void Refuse(const std::string& about) {
   throw RunTimeError(Failure::SubscriptOutOfRange, "clusters: " + about);
@@ -47,9 +47,9 @@ class SortedPoints {
   }
   [[nodiscard]] const MeshPoint& Point(std::size_t entry) const { return mesh_[entry - 1]; }
 
-  // Inlined by force: the compiler takes a function that only calls to the cache for one that
-  // does nothing, and drops it.
-  HWY_INLINE void Call_Ahead(std::int32_t place, const ClusterGrid& grid) const {
+  // Force-inlined: the compiler would drop a call of a function that only prefetches as one
+  // without effect.
+  HWY_INLINE void Prefetch_Ahead(std::int32_t place, const ClusterGrid& grid) const {
     if (place > kFarAhead) {
       const std::int32_t entry = index_[static_cast<std::size_t>(place - kFarAhead)];
       if (Has(entry)) {
@@ -137,7 +137,7 @@ int MYFUNC_FINDCLUSTERS(std::int32_t count, double distance, double score_limit,
   const ClusterTables tables = {weights, sums, members};
   ClusterGrid grid(distance);
   for (std::int32_t place = count; place >= 1; --place) {
-    points.Call_Ahead(place, grid);
+    points.Prefetch_Ahead(place, grid);
     const std::size_t entry = points.Entry(place);
     const double weight = points.Weight(entry);
     if (std::isnan(weight)) continue;

@@ -13,8 +13,8 @@ inline constexpr int kMostClusters = 2000;
 /// Groups sorted mesh points into clusters, best point first, while S - 1 >= score_limit. A point
 /// joins the nearest cluster whose present weighted mean lies nearer than distance horizontally
 /// (metres; the older one of two equally near), else starts one; its weight is S - 1. At most
-/// 2000 clusters; later starters are passed over. Scores that are no numbers, which sort above
-/// all, are passed over too. A distance of 0 or less, or none (NaN), lets no point join.
+/// 2000 clusters; later starters are passed over. NaN scores, which sort above all, are
+/// passed over too. With a distance of 0 or less, or NaN, no point joins.
 ///
 /// index, scores: entries 1 to count, as MYFUNC_INDEXX leaves them; point j of the mesh has
 /// score entry j + 1. weights, sums (weighted X, Y, Z), members (number of points): entries 1 to

@@ -24,7 +24,7 @@ enum class Products {
   Transformed  // by Fourier transforms, where the template is not too large for them
 };
 
-/// MYFUNC_CORIMA with a given way of adding; the values are the same with every one.
+/// MYFUNC_CORIMA with a given implementation of the sums; the values are the same with every one.
 void Correlate_By_Path(const SumPath& path, const CorrelationInput& input, std::span<double> result,
                        int threads, Products products = Products::Cheapest);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The sums behind a correlation image, all exact integers, so that every way of adding them
+// The sums behind a correlation image, all exact integers, so that every implementation
 // gives the same bits. With v a patch pixel and t a template value at a pixel of the mask:
 // products = sum of v (t - 128), sums = sum of v, squares = sum of v (v - 128).
 #pragma once
@@ -24,9 +24,9 @@ struct BlockSums {
   std::array<RowSums, kBlockRows> rows{};
 };
 
-/// A way of adding.
+/// One implementation of the sums.
 struct SumPath {
-  /// Sums of the windows of one row, the slow way. window: the first window's first pixel.
+  /// Sums of the windows of one row, pixel by pixel. window: the first window's first pixel.
   void (*start)(const MaskBand& band, const std::uint8_t* window, RowSums& row);
   /// Products of kBlockRows rows of windows. stride: from one row of pixels to the next.
   void (*products)(const MaskBand& band, const std::uint8_t* window, int stride, BlockSums& block);

@@ -38,8 +38,8 @@ std::size_t Digit(Entry entry, int pass) {
   return (entry >> (32 + kDigitBits * pass)) & kDigitMask;
 }
 
-/// Writes entries to places that grow by one in each of many stretches. The line that a stretch
-/// will reach next is called to the cache, where waiting for it would cost most of the pass.
+/// Appends entries to one of many output runs. The cache line that a run reaches next is
+/// prefetched for writing: waiting for it would cost most of the pass.
 struct EntryWriter {
   static constexpr std::size_t kAhead = 12;  // between one line of eight entries and two
 

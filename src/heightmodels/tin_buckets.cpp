@@ -45,8 +45,9 @@ bool Is_Ordinary(const TinTriangle& t) {
   return true;
 }
 
-/// Where the edge test can say inside. Y and the east are compared as they are; the crossing
-/// itself errs by some units in the last place, and so may reach past the west.
+/// The box in which the edge test can answer "inside". Y and the eastern limit are compared
+/// exactly; the crossing is off by a few units in the last place, so the western limit is
+/// widened.
 Box Reach(const TinTriangle& t) {
   constexpr double kRelativeError = 1e-14, kLeastError = 1e-100;
   const auto& [a, b, c] = t.Corners;
@@ -90,7 +91,7 @@ std::uint64_t Find_Ranges(const TinBuckets& grid, const std::vector<Box>& boxes,
   return entries;
 }
 
-/// Triangles that lie over each other in heaps get coarser cells.
+/// Coarser cells where many triangles overlap, which bounds the memory.
 std::vector<CellRange> Choose_Cells(TinBuckets& grid, const std::vector<Box>& boxes) {
   std::vector<CellRange> ranges(boxes.size());
   double cells = static_cast<double>(boxes.size()) / 2 + 1;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Triangles by squares of the map: the few that have to be asked whether they hold a point.
+// Triangles by map cells: the few that have to be tested for a point.
 #pragma once
 
 #include <algorithm>
@@ -12,12 +12,12 @@
 namespace sylvomex {
 
 /// For each cell of a grid the numbers (from 1, ascending) of the triangles whose boxes touch it.
-/// The boxes are widened by what the edge test can err, so that no other triangle can hold a point
-/// of the cell.
+/// The boxes are widened by the largest error of the edge test, so that no other triangle can
+/// pass the test for a point of the cell.
 struct TinBuckets {
   double west = 0, south = 0, east = 0, north = 0;  // of all boxes
   double columns_per_metre = 0, rows_per_metre = 0;
-  std::int32_t columns = 0, rows = 0;  // 0: no grid, every triangle has to be asked
+  std::int32_t columns = 0, rows = 0;  // 0: no grid, every triangle has to be tested
   std::vector<std::uint32_t> first;    // of each cell in numbers, and the end of the last
   std::vector<std::int32_t> numbers;
 
@@ -31,11 +31,11 @@ struct TinBuckets {
   }
 };
 
-/// Gives no grid for coordinates beyond 1e100 or edges that all but vanish, whose edge test can
-/// err by anything.
+/// No grid for coordinates beyond 1e100 or edges of nearly no length, for which the error of the
+/// edge test has no bound.
 TinBuckets Make_Tin_Buckets(std::span<const TinTriangle> triangles);
 
-/// The numbers to be asked, empty where no triangle can hold the point. Only with a
+/// Numbers of the triangles to be tested, empty where none can hold the point. Only with a
 /// grid. Any X, Y, NaN and infinity included.
 inline std::span<const std::int32_t> Bucket_At(const TinBuckets& grid, double X, double Y) {
   if (!(X >= grid.west && X <= grid.east && Y >= grid.south && Y <= grid.north)) return {};

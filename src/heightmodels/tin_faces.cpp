@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Why an answer is certain. Let the sound triangles be those whose size and shape keep rounding
-// far below kClearOfEdge; all are turned counter-clockwise. Where two of them share an edge in
-// opposite directions the edge cancels; the rest is the outline. How often a point is covered by
-// sound triangles is then the outline's winding number round it. Cells that the outline or a
-// triangle that is not sound comes near are closed (start 0); of the others, those with winding
-// number 1 are covered once. A point of such a cell that is clear of the edges of the sound
-// triangle round it lies in no other triangle, also not by the rounding of the exact test.
+// Why an answer is certain. Call a triangle well-shaped when its size and shape keep rounding
+// errors far below kClearOfEdge; all well-shaped triangles are oriented counter-clockwise. An edge
+// that two of them share in opposite directions cancels; the remaining edges are the outline. The
+// number of well-shaped triangles that cover a point equals the winding number of the outline
+// round it. Cells near the outline or near a triangle that is not well-shaped are closed (start
+// 0); of the others, those with winding number 1 are covered exactly once. A point of such a cell
+// that is clear of the edges of the well-shaped triangle round it lies in no other triangle, also
+// not by the rounding of the exact test.
 #include "heightmodels/tin_faces.h"
 
 #include <array>
@@ -20,13 +21,13 @@ namespace {
 constexpr double kCellsATriangle = 3;
 constexpr double kMostLines = 16384;
 constexpr double kLargestCoordinate = 1e12;
-constexpr double kLeastShape = 1e-3;  // height over the longest edge of a sound triangle
-// Of a sound triangle's longest edge, in largest coordinates. The rounding of an origin, 2^-24 of
-// the grid's side and so 2^-23 of the largest coordinate, is then at most twelve such edges, and
-// the distances err by less than 8e-6.
+constexpr double kLeastShape = 1e-3;  // least height / longest edge of a well-shaped triangle
+// Least longest edge of a well-shaped triangle, as a fraction of the largest coordinate. The
+// rounding of an origin, 2^-24 of the grid's side and so 2^-23 of the largest coordinate, is then
+// at most twelve such edges, and the distances err by less than 8e-6.
 constexpr double kLeastSize = 1e-8;
 constexpr double kLeastEdge = 1e-9;  // metres
-constexpr double kMostCover = 2;     // area of the triangles in areas of the grid
+constexpr double kMostCover = 2;     // area of all triangles / area of the grid
 constexpr std::int32_t kOpenCell = -1;
 constexpr std::int32_t kClosedCell = 0;
 
@@ -69,8 +70,8 @@ struct OutlineEdge {
   std::int32_t times = 1;
 };
 
-/// The corners or nodes of a triangle, the other way round when it came clockwise: its edges
-/// then lead counter-clockwise from 0 to 1, 1 to 2 and 2 to 0.
+/// The corners or nodes of a triangle in counter-clockwise order: its edges run from 0 to 1,
+/// 1 to 2 and 2 to 0.
 template <class Corner>
 std::array<Corner, 3> Turned(std::array<Corner, 3> corners, bool clockwise) {
   if (clockwise) std::swap(corners[1], corners[2]);
@@ -134,7 +135,7 @@ class FaceMaker {
   /// False when the triangles cannot lie side by side in the grid.
   bool Make_Faces() {
     f_.faces.resize(triangles_.size() + 1);
-    sound_.assign(triangles_.size(), 0);
+    well_shaped_.assign(triangles_.size(), 0);
     nodes_.resize(triangles_.size());
     centre_cells_.resize(triangles_.size());
     double cover = 0;
@@ -145,10 +146,10 @@ class FaceMaker {
       face.origin[1] = static_cast<float>(std::min({t.Y1, t.Y2, t.Y3}) - f_.south);
       nodes_[i][0] = -1;
       const double area = Twice_Area(t.Corners), longest = Longest_Edge(t.Corners);
-      const bool sound =
+      const bool is_well_shaped =
           std::abs(area) >= kLeastShape * longest * longest && longest >= least_edge_;
-      if (!sound) continue;
-      sound_[i] = area < 0 ? -1 : 1;
+      if (!is_well_shaped) continue;
+      well_shaped_[i] = area < 0 ? -1 : 1;
       face.beyond[3] = static_cast<std::int32_t>(i + 1);
       cover += std::abs(area) / 2;
       centre_cells_[i] = Centre_Cell(t.Corners);
@@ -159,7 +160,7 @@ class FaceMaker {
   }
 
   [[nodiscard]] Corners Turned_At(std::size_t i) const {
-    return Turned(triangles_[i].Corners, sound_[i] < 0);
+    return Turned(triangles_[i].Corners, well_shaped_[i] < 0);
   }
 
   void Join_Faces() {
@@ -193,7 +194,7 @@ class FaceMaker {
         Cell(std::clamp(Column(X), 0, columns_ - 1), std::clamp(Row(Y), 0, rows_ - 1)));
   }
 
-  /// Bounds the work on models that are no triangulation.
+  /// Limits the work on input that is not a triangulation.
   [[nodiscard]] bool Outline_Is_Short() const {
     double rows = 0;
     const auto count = [&](double low, double high) {
@@ -201,7 +202,7 @@ class FaceMaker {
     };
     for (const OutlineEdge& edge : outline_) count(edge.from.Y, edge.to.Y);
     for (std::size_t i = 0; i < triangles_.size(); ++i) {
-      if (sound_[i] == 0) count(triangles_[i].MinY, triangles_[i].MaxY);
+      if (well_shaped_[i] == 0) count(triangles_[i].MinY, triangles_[i].MaxY);
     }
     return rows <= 20 * static_cast<double>(triangles_.size()) + 1e5;
   }
@@ -236,7 +237,7 @@ class FaceMaker {
   void Close_Cells() {
     for (const OutlineEdge& edge : outline_) Close_Near(std::array{edge.from, edge.to});
     for (std::size_t i = 0; i < triangles_.size(); ++i) {
-      if (sound_[i] == 0) Close_Near(triangles_[i].Corners);
+      if (well_shaped_[i] == 0) Close_Near(triangles_[i].Corners);
     }
   }
 
@@ -276,7 +277,7 @@ class FaceMaker {
   /// Gives the open cell at the centre of each triangle its number.
   void Scatter_Starts() {
     for (std::size_t i = 0; i < triangles_.size(); ++i) {
-      if (sound_[i] == 0) continue;
+      if (well_shaped_[i] == 0) continue;
       std::int32_t& start = f_.starts[centre_cells_[i]];
       if (start == kOpenCell) start = static_cast<std::int32_t>(i + 1);
     }
@@ -323,11 +324,12 @@ class FaceMaker {
   std::span<const TinTriangle> triangles_;
   std::int32_t node_count_;
   Extent extent_;
-  double least_edge_ = 0;  // of a sound triangle's longest, metres
+  double least_edge_ = 0;  // least longest edge of a well-shaped triangle, metres
   std::int32_t columns_ = 0, rows_ = 0;
-  std::vector<std::int8_t> sound_;  // of each triangle: 1, -1 came clockwise, 0 is not sound
+  std::vector<std::int8_t>
+      well_shaped_;  // of each triangle: 1 or, given clockwise, -1; 0: not well-shaped
   std::vector<TurnedNodes> nodes_;
-  std::vector<std::uint32_t> centre_cells_;  // of each sound triangle
+  std::vector<std::uint32_t> centre_cells_;  // of each well-shaped triangle
   std::vector<OutlineEdge> outline_;
   TinFaces f_;
 };

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// A quick way to the triangle at a point, for the points of which it is certain that one
-// triangle and no other holds them.
+// A fast search for the triangle at a point. It answers only where exactly one triangle can hold
+// the point.
 //
-// From a triangle near the point the way leads over the edges that the point lies beyond
+// It walks from a triangle near the point across the edges that the point lies beyond
 // (Lawson 1977, "Software for C1 surface interpolation"; Devillers, Pion and Teillaud 2002,
-// "Walking in a triangulation"). Distances are taken in single precision: a point nearer to an
-// edge than these can tell, one outside, and one where triangles overlap or leave gaps are left
-// to the buckets.
+// "Walking in a triangulation"). Distances are computed in single precision: points that are too
+// close to an edge for that precision, points outside, and points where triangles overlap or
+// leave gaps are left to the buckets.
 #pragma once
 
 #include <algorithm>
@@ -24,7 +24,7 @@ namespace sylvomex {
 struct alignas(64) TinFace {
   float A[3] = {}, B[3] = {}, C[3] = {kFarInside, kFarInside, kFarInside};
   float origin[2] = {};         // metres east and north of the grid's corner
-  std::int32_t beyond[4] = {};  // number of the triangle beyond each edge, 0 for none, and its own
+  std::int32_t beyond[4] = {};  // number of the triangle beyond each edge, 0: none; then its own
 
   static constexpr float kFarInside = 1e30F;
 };
@@ -37,7 +37,7 @@ struct TinFaces {
   // For each cell the number of a triangle near its centre; 0 where triangles overlap or leave
   // gaps, and once more behind the last cell.
   HugePageVector<std::int32_t> starts;
-  HugePageVector<TinFace> faces;  // by number; the first one is none and holds everything
+  HugePageVector<TinFace> faces;  // by number; entry 0 is a sentinel that holds every point
 };
 
 inline constexpr float kClearOfEdge = 1e-5F;  // in lengths of the longest edge

@@ -28,8 +28,8 @@ double Searched_Elevation(const TinModel& model, const MapPoint& at) {
   return Tin_Elevation(model, at.X, at.Y, hint);
 }
 
-/// Blocks of points go through the stages of a lookup one behind the other: what a stage reads
-/// was asked of the memory one block before.
+/// Blocks of points pass the stages of a lookup as a pipeline: each stage prefetches what the
+/// next one reads one block later.
 constexpr std::size_t kBlock = 64;
 
 struct Block {

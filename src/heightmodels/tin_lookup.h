@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Heights from a triangulated model. What each lookup answers is told as a walk over the
-// triangles that stops at the first one which holds the point; the buckets and faces of the
-// model only find that one sooner.
+// Heights from a triangulated model. Each lookup is defined as a linear search over the triangles
+// that stops at the first one which holds the point; the buckets and faces of the model only find
+// that triangle sooner.
 //
 // A hint is the caller's: handed on from point to point it makes neighbouring lookups cost one
 // polygon test. It is a position in Index, for the tiled lookup a triangle number; both count

@@ -44,7 +44,7 @@ void For_Each_Side(std::span<const TurnedNodes> nodes, const Visit& visit) {
 SidesAtNodes Sort_By_Lower_Node(std::span<const TurnedNodes> nodes, std::int32_t node_count) {
   const auto count = static_cast<std::size_t>(node_count);
   SidesAtNodes sides;
-  // Counts stand two places on: filling moves each start to its place.
+  // Counts are stored two entries later: filling then moves each start to its own entry.
   sides.first.assign(count + 2, 0);
   For_Each_Side(nodes, [&](std::int32_t from, std::int32_t to, std::size_t, std::uint32_t) {
     ++sides.first[static_cast<std::size_t>(std::min(from, to)) + 2];

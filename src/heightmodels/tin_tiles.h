@@ -30,7 +30,7 @@ class TinTiles {
   /// The first triangle of the point's tile file that holds the point, 0 for none. certain: the
   /// one triangle of the model that can hold it, 0 where that is not known. A number outside
   /// the model's table is a RunTimeError(SubscriptOutOfRange) naming file and item, as soon as
-  /// the walk comes to it.
+  /// the search reaches it.
   std::int32_t First_Holder(const TinModel& model, double X, double Y, std::int32_t certain);
 
  private:

@@ -50,8 +50,8 @@ HWY_INLINE unsigned Not_Clear(hn::Vec<Four> distances) {
   return bits[0] & 7U;
 }
 
-/// The points that have not arrived go on together: no branch depends on one of them. One too
-/// near to an edge steps to and fro; the last walk sees it.
+/// All points that have not arrived step together, branch-free. A point too close to an edge
+/// may step back and forth until the passes run out; the check after the last pass rejects it.
 void Walk(const TinFaces& f, const MapPoint* points, std::size_t count, std::int32_t* numbers) {
   constexpr int kMostSteps = 12;
   const Four d;

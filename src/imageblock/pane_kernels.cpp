@@ -121,7 +121,7 @@ void Put_Pixel(const std::uint8_t* source, int bytes_per_pixel, std::uint8_t* bg
   bgr[2] = source[0];
 }
 
-/// Calls put(k) for every pixel, and the pixel's place in the row ahead to the cache.
+/// Calls put(k) for every pixel and prefetches the same pixel of the row ahead.
 template <class Put>
 void Gather(std::size_t step, std::size_t pixels, std::span<const std::uint8_t> ahead,
             const Put& put) {

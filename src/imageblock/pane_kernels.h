@@ -35,11 +35,11 @@ void Expand_Row(const ExpandPlan& plan, const std::uint8_t* source, std::size_t 
 
 /// Pane pixel k is the source pixel at byte k x step. source holds at least
 /// (pixels - 1) x step + bytes_per_pixel bytes; step is at least bytes_per_pixel.
-/// ahead: a row that will be gathered soon and is called to the cache meanwhile, may be empty.
+/// ahead: a row that will be gathered soon and is prefetched meanwhile; may be empty.
 void Gather_Row(const std::uint8_t* source, int bytes_per_pixel, std::size_t step,
                 std::size_t pixels, std::span<const std::uint8_t> ahead, std::uint8_t* bgr);
 
-/// Calls the bytes to the cache.
+/// Prefetches the bytes.
 void Prefetch_Bytes(std::span<const std::uint8_t> bytes);
 
 }  // namespace sylvomex

@@ -16,7 +16,7 @@ namespace sylvomex {
 namespace {
 
 constexpr int kLargestPane = 32767;
-constexpr std::size_t kRowsAhead = 4;          // rows called to the cache before their turn
+constexpr std::size_t kRowsAhead = 4;          // rows prefetched before their turn
 constexpr std::size_t kRowsAheadGathered = 2;  // their bytes lie scattered over many lines
 
 using RowBytes = std::span<const std::uint8_t>;
@@ -227,9 +227,9 @@ std::vector<RowBytes> Subsampled_Rows(const Job& job, std::int64_t step_y) {
   return sources;
 }
 
-/// Tells each pixel that lies outside after the picture is complete, so that an answer to
-/// the message cannot meet a picture half drawn.
-void Tell_Exceeding(const RenderRequest& request, std::int64_t pixels) {
+/// Reports each pixel outside the file after the picture is complete, so that events serviced
+/// by the message never see a half-drawn picture.
+void Report_Exceeding(const RenderRequest& request, std::int64_t pixels) {
   if (!request.on_exceeding) return;
   for (std::int64_t pixel = 0; pixel < pixels; ++pixel) request.on_exceeding();
 }
@@ -258,7 +258,7 @@ void Zoom_Out(const Job& job) {
     std::fill_n(pane_row + 3 * shown.end, 3 * (job.out.width - shown.end), std::uint8_t{255});
     exceeding += job.out.width - (shown.end - shown.begin);
   }
-  Tell_Exceeding(job.request, exceeding);
+  Report_Exceeding(job.request, exceeding);
 }
 
 void Render(const RawPixels& raw, const RenderRequest& request, RawLayout layout, int margin,

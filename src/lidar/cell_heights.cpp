@@ -25,8 +25,8 @@ LastEchoes::LastEchoes(std::span<const Lidar2004Record> records) {
   });
 }
 
-// A difference to the centre, however it is rounded, never grows with X, so that the echoes
-// of a cell's column stand together.
+// Rounding keeps the difference to the centre monotonic in X, so that the echoes of a column of
+// cells are contiguous.
 std::optional<CellHeights> LastEchoes::Of_Cell(double X, double Y, double cell_size) const {
   const double half = cell_size / 2;
   const auto first =

@@ -10,7 +10,7 @@
 
 namespace sylvomex {
 
-/// What is wrong with an echo, told while it is listed.
+/// Receives one sentence about an implausible echo while it is listed.
 using ListingComplaint = std::function<void()>;
 
 /// Appends the lines of a pulse: X Y Z H intensity type code 1, a blank behind every item, H the

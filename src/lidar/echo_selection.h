@@ -36,13 +36,13 @@ using GroundHeight = std::function<double(double X, double Y)>;
 /// exponent 2.3, 780 m in 2007 with the exponent 2.5 and a term of the receiver's gain. Power
 /// law of the range: Hoefle and Pfeifer (2007), ISPRS Journal of Photogrammetry and Remote
 /// Sensing 62. Rounded to a 16-bit integer, ties to even; RunTimeError(Overflow) when it does
-/// not fit or is no number.
+/// not fit or is NaN.
 int Corrected_Intensity_2006(double intensity, double range);
 int Corrected_Intensity_2007(double intensity, double range, double gain);
 
 /// Appends the echoes nearer than 150 m to (Xs, Ys), in the order of pulses and slots. An
-/// intensity that cannot be corrected is a RunTimeError(Overflow) naming pulse and slot, be the
-/// echo one that is drawn or not; echoes is then complete up to that slot.
+/// intensity that cannot be corrected is a RunTimeError(Overflow) naming pulse and slot, whether
+/// or not the echo is drawn; echoes is then complete up to that slot.
 ///
 /// 2006: those of pulses whose sensor is above 1000 m.
 void Select_Echoes_2006(const PulseTable& pulses, double Xs, double Ys,

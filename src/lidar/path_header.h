@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Path headers: text files of one line that tell where the tiles of a campaign lie.
+// Path headers: text files of one line with the folder of a campaign's tiles.
 #pragma once
 
 #include <string>

@@ -17,8 +17,7 @@ struct LidarEcho {
 };
 
 /// Slots fill from the top down: the first echo to arrive stands in slot 4, the next in 3.
-/// The eight bytes in front and the 24 reserved ones of a file record are looked at by nobody
-/// and stay in the file.
+/// The first eight bytes and the 24 reserved bytes of a file record are not read.
 struct LidarPulse {
   std::uint8_t EchoCount = 0;
   LidarEcho Echo[kEchoSlots];  // slot k is Echo[k - 1]

@@ -16,12 +16,12 @@ namespace {
 namespace hn = hwy::HWY_NAMESPACE;
 
 constexpr int kRead = 512;     // records of one file access
-constexpr int kTogether = 64;  // records whose fields are moved together, out of the first cache
+constexpr int kTogether = 64;  // records whose fields are copied together from the L1 cache
 constexpr std::size_t kLine = 64;
 constexpr std::size_t kPage = 4096;
 
-// Whole lines go past the cache: nothing of them is read again before the next tile, and the
-// old content of a line need not be fetched. entries is aligned to a line.
+// Non-temporal stores of whole cache lines: nothing of them is read again before the next tile,
+// and the old content of a line need not be fetched. entries is aligned to a line.
 template <class Value>
 void Stream_Entries(const std::array<Value, kTogether>& together, Value* entries) {
   const hn::FixedTag<Value, 16 / sizeof(Value)> vector;
@@ -89,8 +89,8 @@ LidarPulse PulseTable::operator()(long long index) const {
   return pulse;
 }
 
-// Arrays that started at the same offset of a page would push each other out of the cache, so
-// each starts some lines further into its page.
+// Arrays that started at the same page offset would compete for the same cache sets, so each
+// starts some cache lines further into its page.
 void PulseTable::Make_Room(std::int32_t count) {
   constexpr auto kFields = Fields();
   std::array<std::size_t, kArrays> begins{};

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The pulses of a tile, field by field: one array a field, so that a walk over positions or
+// The pulses of a tile, field by field: one array a field, so that a loop over positions or
 // ranges touches nothing else.
 #pragma once
 

@@ -19,7 +19,7 @@ void Set_Shifts(const ImageRecord& image, FilmPosition top, TemplateRecord& elli
   double top_col = 0, top_row = 0, centre_col = 0, centre_row = 0;
   Image_To_Pixel(image, top.x, top.y, top_col, top_row);
   Image_To_Pixel(image, ellipse.CenterX, ellipse.CenterY, centre_col, centre_row);
-  // A smaller shift leaves what the capture before has stored.
+  // A smaller shift keeps the value of the previous capture.
   if (std::abs(top_col - centre_col) > 0.5) ellipse.ShiftCol = To_Int16(top_col - centre_col);
   if (std::abs(top_row - centre_row) > 0.5) ellipse.ShiftRow = To_Int16(top_row - centre_row);
 }

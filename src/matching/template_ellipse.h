@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The picture of a crown in one image: an ellipse whose long axis lies along the radial direction,
-// the line from the nadir point to the tree top, in which a central perspective lays heights down
-// (Kraus, Photogrammetry (2007), section 2.1.3). Film x, y and object X, Y, Z in metres.
+// the line from the nadir point to the tree top, along which a central perspective displaces
+// heights (Kraus, Photogrammetry (2007), section 2.1.3). Film x, y and object X, Y, Z in metres.
 #pragma once
 
 #include <vector>

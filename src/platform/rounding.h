@@ -21,7 +21,7 @@ std::int32_t To_Int32(double value);
 std::uint8_t To_Byte(double value);
 
 /// The nearest single-precision number; RunTimeError(Overflow) naming the value when it is out
-/// of range. What is no number stays none.
+/// of range. NaN stays NaN.
 float To_Single(double value);
 
 }  // namespace sylvomex

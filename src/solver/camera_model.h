@@ -5,7 +5,7 @@
 // in metres; the camera looks along -z. Full-image col to the right, row from the bottom.
 // A division by zero that a formula does not guard is a RunTimeError(DivisionByZero), a result out
 // of the range of a double from finite numbers a RunTimeError(Overflow); both name the image.
-// What is no number on the way in is none on the way out.
+// NaN in gives NaN out.
 // Formulas: Kraus, Photogrammetry (2007), section 2.1.3 (collinearity); Wolf and Dewitt,
 // Elements of Photogrammetry (2000), appendix C (sequential omega, phi, kappa) and D.
 #pragma once

@@ -10,7 +10,7 @@
 
 namespace sylvomex {
 
-/// How a kernel tells the operator that something was wrong: one sentence for a message box.
+/// Receives one sentence for a message box when a kernel meets invalid input.
 using Report = std::function<void(std::string_view)>;
 
 struct Vector3 {

@@ -47,7 +47,7 @@ struct LightingAngles {
 LightingAngles Lighting_At(const ImageRecord& image, const RotationMatrix& m, const Point3D& point);
 
 /// Class by the absolute difference in degrees: "B" below 45, "BS" below 90, "FS" below 135,
-/// "F" up to 180, "" for what is no number. A difference that only rounding keeps below a
+/// "F" up to 180, "" for NaN. A difference that only rounding keeps below a
 /// limit counts as having reached it.
 const char* Lighting_Class(double absolute_difference);
 

@@ -254,7 +254,7 @@ TEST(GeometricMean, OneImageGivesOnePlusItsValue) {
   EXPECT_EQ(Mean({{0.25F, -1}}), (std::vector<float>{1.25F, 0}));
 }
 
-TEST(GeometricMean, ProductBelowZeroAndNoNumberGiveZero) {
+TEST(GeometricMean, ProductBelowZeroAndNaNGiveZero) {
   EXPECT_EQ(Mean({{-3}, {0.5F}})[0], 0);
   EXPECT_EQ(Mean({{std::numeric_limits<float>::quiet_NaN()}, {0.5F}})[0], 0);
 }

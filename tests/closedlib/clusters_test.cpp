@@ -225,7 +225,7 @@ TEST(Clusters, AtMostTwoThousandAndLaterStartersArePassedOver) {
   EXPECT_EQ(found[1999].sum.Y / found[1999].weight, 6859000 + 3.0 * (300 / 60));
 }
 
-TEST(Clusters, ScoresThatAreNoNumbersArePassedOver) {
+TEST(Clusters, NaNScoresArePassedOver) {
   Input in;
   in.Add(0, 0, 0, kNan);
   in.Add(9, 0, 0, 1.5);

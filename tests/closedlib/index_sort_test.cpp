@@ -65,7 +65,7 @@ TEST(IndexSort, NegativeScoresInfinitiesAndTinyOnes) {
             (Index{77, 5, 6, 7, 3, 4, 2, 1}));
 }
 
-TEST(IndexSort, WhatIsNoNumberSortsAboveAllInItsOrder) {
+TEST(IndexSort, NaNSortsAboveAllInItsOrder) {
   EXPECT_EQ(Sorted({kNan, kInfinity, -kNan, 1}), (Index{77, 4, 2, 1, 3}));
 }
 

@@ -23,7 +23,7 @@ TEST(KeyCodes, KeyPadAndFunctionKeysHaveCodesOfTheirOwn) {
   EXPECT_EQ(Code(Qt::Key_Period), 190);
 }
 
-TEST(KeyCodes, EnterTabAndModifiersAreNotTold) {
+TEST(KeyCodes, EnterTabAndModifiersHaveNoKeyCode) {
   EXPECT_EQ(Code(Qt::Key_Return), 0);
   EXPECT_EQ(Code(Qt::Key_Enter, Qt::KeypadModifier), 0);
   EXPECT_EQ(Code(Qt::Key_Tab), 0);

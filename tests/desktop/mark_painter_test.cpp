@@ -53,7 +53,7 @@ TEST_F(MarkPainter, PointAtTheEdgeIsCut) {
   EXPECT_EQ(Inked(Paint()), 4);
 }
 
-TEST_F(MarkPainter, PositionsFarOutsideAndNoNumbersPaintNothing) {
+TEST_F(MarkPainter, PositionsFarOutsideAndNaNPaintNothing) {
   const double not_a_number = std::numeric_limits<double>::quiet_NaN();
   const double infinite = std::numeric_limits<double>::infinity();
   Plot_Point(picture_, 1e300, 5, kInkColour);

@@ -59,7 +59,7 @@ TEST(PointInPolygon, ANotchIsOutside) {
   EXPECT_TRUE(Point_In_Polygon(notched, {3, 1}));
 }
 
-TEST(PointInPolygon, NoVerticesALineAndNoNumbersHoldNothing) {
+TEST(PointInPolygon, NoVerticesALineAndNaNHoldNothing) {
   const std::vector<MapPoint> line = {{0, 0}, {4, 4}};
   EXPECT_FALSE(Point_In_Polygon({}, {0, 0}));
   EXPECT_FALSE(Point_In_Polygon(line, {2, 2}));

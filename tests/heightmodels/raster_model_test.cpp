@@ -290,7 +290,7 @@ TEST(RasterHeight, AgreesWithTheIntervalsOfColumnsAndRows) {
   }
 }
 
-TEST(RasterHeight, PositionsThatAreNoNumbersOrFarAwayAreOutside) {
+TEST(RasterHeight, PositionsThatAreNaNOrFarAwayAreOutside) {
   const RasterModel model = Numbered_Model(3, 3, 0, 0, 1);
   for (const double far : {kNoNumber, kInfinity, -kInfinity, 1e300, -1e300, 40000.0, 4.3e9}) {
     EXPECT_EQ(Raster_Height(model, far, 1), 0) << far;
@@ -299,7 +299,7 @@ TEST(RasterHeight, PositionsThatAreNoNumbersOrFarAwayAreOutside) {
   }
 }
 
-TEST(RasterHeight, CellSizeOfZeroOrNoNumberIsOutside) {
+TEST(RasterHeight, CellSizeOfZeroOrNaNIsOutside) {
   for (const double size : {0.0, -0.0, kNoNumber}) {
     const RasterModel model = Numbered_Model(3, 3, 0, 0, size);
     EXPECT_EQ(Raster_Height(model, 0, 0), 0);

@@ -399,7 +399,7 @@ TEST(TinLookups, AtExtremeScalesAreThoseOfThePlainWalk) {
     model.Nodes = nodes;
     model.NodeCount = 60;
     for (std::int32_t i = 0; i + 2 < 60; ++i) {
-      // The planes are of no interest here, they may be no numbers.
+      // The planes are of no interest here, they may be NaN.
       TinTriangle t;
       t.Node1 = i, t.Node2 = i + 1, t.Node3 = i + 2;
       const auto at = static_cast<std::size_t>(i);

@@ -101,7 +101,7 @@ TEST(ImageHeader, NegativeBandCountReadsNoRelatedRasters) {
   EXPECT_EQ(reader.Item(), 36);
 }
 
-TEST(ImageHeader, RawFileWithoutANameIsToldWithFileLineAndItem) {
+TEST(ImageHeader, RawFileWithoutANameIsReportedWithFileLineAndItem) {
   for (const char* name : {"\"\"", "\"  \""}) {
     const std::string text = Expect_Failure(
         Failure::BadContent, [&] { Read(Changed("\"c:\\data\\air photo.raw\"", name)); });

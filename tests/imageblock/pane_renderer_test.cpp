@@ -319,7 +319,7 @@ TEST(PaneRenderer, ZoomOutLimitsAreInclusive) {
             (Bytes{0, 2, 0, 255, 20, 22, 0, 255, 0, 0, 0, 255, 255, 255, 255, 255}));
 }
 
-TEST(PaneRenderer, ExceedingIsToldOncePerPixelAfterThePictureIsComplete) {
+TEST(PaneRenderer, ExceedingIsReportedOncePerPixelAfterThePictureIsComplete) {
   const Bytes file(16, 7);
   PaneBitmap out;
   std::vector<Bytes> seen;

@@ -48,7 +48,7 @@ TEST(CellHeights, TheSumIsTakenInTheOrderOfTheRecords) {
   EXPECT_EQ(LastEchoes(records).Of_Cell(10, 20, 1)->mean, 1);
 }
 
-TEST(CellHeights, CoordinatesThatAreNoNumbersLieInNoCell) {
+TEST(CellHeights, NaNCoordinatesLieInNoCell) {
   const double none = std::numeric_limits<double>::quiet_NaN();
   const double far = std::numeric_limits<double>::infinity();
   const std::vector<Lidar2004Record> records = {Last(none, 20, 1), Last(10, none, 1),

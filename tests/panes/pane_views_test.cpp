@@ -102,7 +102,7 @@ TEST_F(PaneViews, QueriedPositionCentresEveryImage) {
                "expect PaneViews(1) \"101 51 600 600 1 1\"\n");
 }
 
-TEST_F(PaneViews, AQueriedPositionThatIsNoNumberHasTheStartCommandsMessage) {
+TEST_F(PaneViews, ANonNumericQueryHasTheStartCommandsMessage) {
   const std::string transcript =
       Transcript(Add_Two() + "input abc\nmenu Center_To_Q\nprint PaneViews(0)\n");
   EXPECT_NE(transcript.find("message \"An error occurred in sub Error_in_center_to_sub_c_Click() "

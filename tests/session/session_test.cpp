@@ -73,7 +73,7 @@ TEST_F(SessionTest, GreyedItemFailsUnlessItIsCommanded) {
             "message \"This functionality is disabled!\" title=\"\" buttons=ok -> ok\n");
 }
 
-TEST_F(SessionTest, SyntaxErrorIsToldWithItsLineAfterTheStepsBefore) {
+TEST_F(SessionTest, SyntaxErrorIsReportedWithItsLineAfterTheStepsBefore) {
   EXPECT_EQ(Play("say a\n\nsay \"open\n"), 1);
   EXPECT_EQ(transcript, "say a\n");
   EXPECT_EQ(told, "standard input:3: a quoted text has no closing quote\n");
@@ -133,7 +133,7 @@ TEST_F(SessionTest, ScriptFileLiesOnADriveOrIsNative) {
   EXPECT_EQ(told, "cannot read the script /nowhere/steps.txt\n");
 }
 
-TEST_F(SessionTest, FolderInPlaceOfAScriptIsToldAndFails) {
+TEST_F(SessionTest, FolderInPlaceOfAScriptIsReportedAndFails) {
   options.script = site.Folder().Path().string();
   EXPECT_EQ(Play(""), 1);
   EXPECT_EQ(told, "cannot read the script " + options.script + "\n");

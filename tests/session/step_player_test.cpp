@@ -106,7 +106,7 @@ TEST_F(StepPlayerTest, UnknownNameFailsTheStep) {
   EXPECT_EQ(Failure("call Nothing 1").status, kStepFailed);
 }
 
-TEST_F(StepPlayerTest, GreyedItemIsToldAndFails) {
+TEST_F(StepPlayerTest, GreyedItemIsReportedAndFails) {
   EXPECT_EQ(Failure("menu Grey").status, kStepFailed);
   EXPECT_EQ(transcript.str(), "event menu Grey\ngreyed Grey\n");
 }

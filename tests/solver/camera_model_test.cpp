@@ -217,7 +217,7 @@ TEST(ObjectToImage, PrincipalDistanceOfZeroCountsAsZeroDenominator) {
   EXPECT_EQ(y, 0);
 }
 
-TEST(ObjectToImage, NoNumberGoesInNoNumberComesOut) {
+TEST(ObjectToImage, NaNInGivesNaNOut) {
   const ImageRecord image = Camera(0, 0, 1000);
   double x = 0, y = 0;
   Object_To_Image(image, Rotation_Of(image), std::nan(""), 50, 0, x, y);

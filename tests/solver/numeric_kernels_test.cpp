@@ -68,7 +68,7 @@ TEST(Heapsort, AllValuesEqualGiveAPermutation) {
   Expect_Permutation(Sorted_Index(std::vector<float>(1000, 4.5F)));
 }
 
-TEST(Heapsort, ValuesThatAreNoNumbersGiveAPermutation) {
+TEST(Heapsort, NaNValuesGiveAPermutation) {
   std::vector<float> values(501, std::nanf(""));
   for (std::size_t j = 0; j < values.size(); j += 3) values[j] = static_cast<float>(j % 17);
   values[10] = std::numeric_limits<float>::infinity();
@@ -115,7 +115,7 @@ TEST(SafeSqrt, NegativeArgumentIsReportedAndAnswersASmallNumber) {
   EXPECT_EQ(told.sentences, std::vector<std::string>{"Square root of negative argument!"});
 }
 
-TEST(SafeSqrt, NoNumberCountsAsNegative) {
+TEST(SafeSqrt, NaNCountsAsNegative) {
   Told told;
   EXPECT_EQ(Safe_Sqrt(std::nan(""), told.Sink()), 0.0001);
   EXPECT_EQ(told.sentences.size(), 1U);
@@ -129,7 +129,7 @@ TEST(AngleBetweenVectors, HandWorkedAngles) {
   EXPECT_DOUBLE_EQ(Angle_Between_Vectors({1, 1, 0}, {0, 3, 3}), std::numbers::pi / 3);
 }
 
-TEST(AngleBetweenVectors, ParallelVectorsNeverGiveNoNumber) {
+TEST(AngleBetweenVectors, ParallelVectorsNeverGiveNaN) {
   std::mt19937 random(5);
   std::uniform_real_distribution<double> uniform(-1, 1);
   for (int trial = 0; trial < 1000; ++trial) {

@@ -190,7 +190,7 @@ TEST(LightingClass, RoundingBelowALimitCountsAsTheLimit) {
   EXPECT_STREQ(Lighting_Class(pi / 2 * kDegreesPerRadian), "FS");
 }
 
-TEST(LightingClass, NoNumberHasNoClass) { EXPECT_STREQ(Lighting_Class(std::nan("")), ""); }
+TEST(LightingClass, NaNHasNoClass) { EXPECT_STREQ(Lighting_Class(std::nan("")), ""); }
 
 }  // namespace
 }  // namespace sylvomex

@@ -353,7 +353,7 @@ TEST(IntersectRays, CamerasWithoutPrincipalDistanceAreSingularAtOnce) {
   Expect_Point(result.point, {1, 2, 3}, 0);
 }
 
-TEST(IntersectRays, ObservationThatIsNoNumberEndsTheIteration) {
+TEST(IntersectRays, NaNObservationEndsTheIteration) {
   Block block(First_Cameras(3));
   block.Observe(kTruth);
   block.observations[1].x = std::nan("");

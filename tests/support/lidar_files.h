@@ -22,7 +22,7 @@ struct TestEcho {
   double range = 0;
 };
 
-/// A pulse of 207 bytes; its only echo stands in slot 4 unless told otherwise.
+/// A pulse of 207 bytes; its only echo is in slot 4 unless another slot is given.
 struct TestPulse {
   std::uint8_t echo_count = 1;
   TestEcho slot[5];  // slots 1 to 4, entry 0 unused

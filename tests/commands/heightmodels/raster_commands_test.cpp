@@ -64,7 +64,7 @@ TEST(AddHeightModel, AnOffsetIsAskedForAndNotApplied) {
   EXPECT_EQ(Get_Raster_Elevation(b.w, 100, 0), 17.5);
 }
 
-TEST(AddHeightModel, AnOffsetThatIsNoNumberMakesTheLoadFail) {
+TEST(AddHeightModel, ANonNumericOffsetMakesTheLoadFail) {
   for (const std::optional<std::string>& answer :
        {std::optional<std::string>{"abc"}, std::optional<std::string>{}}) {
     ModelFiles b;

@@ -155,7 +155,7 @@ TEST_F(ThreeImages, AnEmptyAnswerOrADismissedBoxEndsTheCommand) {
   }
 }
 
-TEST_F(ThreeImages, AnAnswerThatIsNoNumberIsTheStatusLinesError) {
+TEST_F(ThreeImages, ANonNumericAnswerIsTheStatusLinesError) {
   for (const char* answer : {"abc", "40000", "\" \""}) {
     const PlayedSession played = Play("input " + std::string(answer) +
                                       "\nmenu Remove_an_image\nexpect ImageCount 3\n"

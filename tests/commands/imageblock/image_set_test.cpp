@@ -197,7 +197,7 @@ void Expect_Refused(const SmallSite& site, const std::string& message,
       const std::size_t error = cause + warnings.size();
       EXPECT_TRUE(text.substr(error).starts_with("error Add_")) << text;
       EXPECT_TRUE(text.substr(text.find('"', error) + 1).starts_with(message)) << text;
-      // Nothing is told behind the one message, and the status line says what it said before.
+      // No second message follows, and the status line keeps its text.
       EXPECT_EQ(text.substr(text.find('\n', error) + 1),
                 text.substr(label, text.find('\n', label) - label + 1));
     }

@@ -36,7 +36,7 @@ TEST(ColourRow, TheTwoSubtractionsTakePartInTheRounding) {
   EXPECT_EQ(Colour_Row(10.500000000000004, 0, 255), 2);
 }
 
-TEST(ColourRow, WhatIsNoNumberIsAnOverflow) {
+TEST(ColourRow, NaNIsAnOverflow) {
   EXPECT_THROW(Colour_Row(std::numeric_limits<double>::quiet_NaN(), 0, 1), RunTimeError);
   EXPECT_THROW(Colour_Row(1, 1, 1), RunTimeError);
 }

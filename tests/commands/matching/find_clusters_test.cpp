@@ -140,7 +140,7 @@ TEST_F(ClusterPoints, AClusterWithoutWeightIsADivisionErrorAndLinesBeforeItStay)
   EXPECT_EQ(Data("testi_89_manual2.nod"), "1,5,4,11\n");
 }
 
-TEST_F(ClusterPoints, ALimitThatIsNoNumberEndsTheCommandWithAnEmptyNodeFile) {
+TEST_F(ClusterPoints, ANonNumericLimitEndsTheCommandWithAnEmptyNodeFile) {
   Write_Data("testi_89_manual2.nod", "old\n");
   w.Form1.Text2.Text = "near";
   Choose("Find_clusters");

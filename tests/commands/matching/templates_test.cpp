@@ -128,7 +128,7 @@ TEST_F(MatchingSite, ASmallShiftLeavesTheOneOfTheCaptureBefore) {
   EXPECT_EQ(m.Template(0).ShiftRow, 2);
 }
 
-TEST_F(MatchingSite, AnEllipseWiderThanTheWindowIsToldOfTwiceForEachImage) {
+TEST_F(MatchingSite, AnEllipseWiderThanTheWindowIsReportedTwiceForEachImage) {
   w.Form1.Text5.Text = "8";
   Capture();
   Texts told;
@@ -142,7 +142,7 @@ TEST_F(MatchingSite, AnEllipseWiderThanTheWindowIsToldOfTwiceForEachImage) {
   EXPECT_EQ(w.Form1.Label10.Caption, "Elliptic templates captured and superimposed on images");
 }
 
-TEST_F(MatchingSite, ATextThatIsNoNumberEndsTheCapture) {
+TEST_F(MatchingSite, ANonNumericTextEndsTheCapture) {
   const std::pair<TextBox*, std::string> boxes[] = {
       {&w.Form1.Text5, "Text5"}, {&w.Form1.Text6, "Text6"}, {&w.Form1.Text7, "Text7"}};
   for (const auto& [box, name] : boxes) {

@@ -180,7 +180,7 @@ TEST(AcceptAndSave, AFileThatCannotBeWrittenLosesNothing) {
   EXPECT_EQ(b.w.Form1.Check1(0).Value, 1);
 }
 
-TEST(AcceptAndSave, TheLastNumberIsSavedAndToldOnce) {
+TEST(AcceptAndSave, TheLastNumberIsSavedAndReportedOnce) {
   MeasuredPoint b;
   b.w.Form3.Text1.Text = "32767";
   try {

@@ -275,7 +275,7 @@ TEST(PointIntersection, NineImagesFillTheRecord) {
   EXPECT_NEAR(b.w.Solution3D.Y, 50, 1e-3);
 }
 
-TEST(PointIntersection, TextThatIsNoNumberEndsTheCommand) {
+TEST(PointIntersection, NonNumericTextEndsTheCommand) {
   for (const char* text : {"abc", ""}) {
     StereoPair b;
     b.Observe_With_Parallax(0);
@@ -290,7 +290,7 @@ TEST(PointIntersection, TextThatIsNoNumberEndsTheCommand) {
   }
 }
 
-TEST(PointIntersection, TextThatIsNoNumberNamesItsBoxAndImage) {
+TEST(PointIntersection, NonNumericTextNamesItsBoxAndImage) {
   const auto failure = [](int box, const char* text) {
     StereoPair b;
     b.Observe_With_Parallax(0);
