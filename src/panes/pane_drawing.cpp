@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "panes/pane_drawing.h"
 
-#include "platform/number_text.h"
 #include "state/camera_access.h"
 
 namespace sylvomex {
@@ -61,14 +60,6 @@ void Clear_all(Workspace& w) {
     Erase_Marks(w.Form1.Picture1(k));
   }
   w.CurrentImage = -1;
-}
-
-void Show_Solution(Workspace& w, const char* pattern) {
-  const double values[] = {w.Solution3D.X, w.Solution3D.Y, w.Solution3D.Z};
-  for (int i = 0; i < 3; ++i) {
-    w.Form1.Label4(i).Caption =
-        *pattern == '\0' ? Plain_Text(values[i]) : Format(values[i], pattern);
-  }
 }
 
 }  // namespace sylvomex

@@ -31,8 +31,4 @@ inline constexpr Colour kRed{255, 0, 0};
 inline constexpr Colour kGreen{0, 255, 0};
 inline constexpr Colour kYellow{255, 255, 0};
 
-/// X, Y and Z of the solution into the three Label4 fields, by a pattern; an empty pattern
-/// means plain number text.
-void Show_Solution(Workspace& w, const char* pattern);
-
 }  // namespace sylvomex

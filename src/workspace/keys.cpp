@@ -6,6 +6,7 @@
 #include "imageblock/bitmap_file.h"
 #include "panes/pane_drawing.h"
 #include "platform/number_text.h"
+#include "services/solution.h"
 #include "state/camera_access.h"
 #include "workspace/menu_modes.h"
 #include "workspace/menu_table.h"
@@ -63,7 +64,7 @@ void Move_Solution(Workspace& w, char letter) {
       solution.Z -= step;
       break;
   }
-  Show_Solution(w, "#.00");
+  Show_Solution(w, kHundredths);
   Mark_Solution_On_Panes(w);
   w.Form1.Label10.Caption =
       std::string("Solution moved as ") + letter + " pressed by " + Plain_Text(step) + " meters";

@@ -7,14 +7,11 @@
 #include "platform/files.h"
 #include "platform/list_reader.h"
 #include "platform/number_text.h"
+#include "services/file_names.h"
 #include "state/camera_access.h"
 
 namespace sylvomex {
 namespace {
-
-constexpr const char* kPixelFile = "c:\\data\\polyline.txt";
-constexpr const char* kFilmFile = "c:\\data\\IMA_polyline.txt";
-constexpr const char* kGroundFile = "c:\\data\\XY_polyline.txt";
 
 struct Vertex {
   PixelPosition pixel;
@@ -46,7 +43,7 @@ std::string Ground_Line(const Vertex& vertex, double Z) {
 }
 
 std::vector<PanePosition> Read_Polyline(Workspace& w, int pane) {
-  ListReader file(w.Drives.Locate(kPixelFile));
+  ListReader file(w.Drives.Locate(kPixelPolylineFile));
   std::vector<PanePosition> vertices;
   while (!file.At_End()) {
     const double col = file.Read_Double();
@@ -67,19 +64,19 @@ void Start_Polygon(Workspace& w, int pane, double px, double py) {
   w.PolygonActive = true;
   const Vertex vertex = Vertex_At(w, pane, px, py);
   if (w.Menu.Draw_XYZ_Polygon) {
-    Write_Whole_File(w.Drives.Locate(kGroundFile), Ground_Line(vertex, w.Solution3D.Z));
+    Write_Whole_File(w.Drives.Locate(kGroundPolylineFile), Ground_Line(vertex, w.Solution3D.Z));
   }
-  Write_Whole_File(w.Drives.Locate(kPixelFile), Pixel_Line(vertex, "#.00"));
-  Write_Whole_File(w.Drives.Locate(kFilmFile), Film_Line(vertex));
+  Write_Whole_File(w.Drives.Locate(kPixelPolylineFile), Pixel_Line(vertex, "#.00"));
+  Write_Whole_File(w.Drives.Locate(kFilmPolylineFile), Film_Line(vertex));
 }
 
 void Add_Polygon_Vertex(Workspace& w, int pane, double px, double py) {
   const Vertex vertex = Vertex_At(w, pane, px, py);
   if (w.Menu.Draw_XYZ_Polygon) {
-    Append_To_File(w.Drives.Locate(kGroundFile), Ground_Line(vertex, w.Solution3D.Z));
+    Append_To_File(w.Drives.Locate(kGroundPolylineFile), Ground_Line(vertex, w.Solution3D.Z));
   }
-  Append_To_File(w.Drives.Locate(kPixelFile), Pixel_Line(vertex, "#.000"));
-  Append_To_File(w.Drives.Locate(kFilmFile), Film_Line(vertex));
+  Append_To_File(w.Drives.Locate(kPixelPolylineFile), Pixel_Line(vertex, "#.000"));
+  Append_To_File(w.Drives.Locate(kFilmPolylineFile), Film_Line(vertex));
   const std::vector<PanePosition> vertices = Read_Polyline(w, pane);
   Picture& picture = w.Form1.Picture1(pane);
   for (std::size_t i = 1; i < vertices.size(); ++i) {

@@ -5,11 +5,10 @@
 #include "panes/pane_drawing.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "services/file_names.h"
 
 namespace sylvomex {
 namespace {
-
-constexpr const char* kTiePointFile = "c:\\data\\imageobs.txt";
 
 void Mark_Tie_Point(Workspace& w, int image, double col, double row, std::int32_t point_id) {
   Picture& picture = w.Form1.Picture1(image);

@@ -10,6 +10,7 @@
 #include "commands/overlays/colour_map.h"
 #include "panes/pane_drawing.h"
 #include "platform/number_text.h"
+#include "services/file_names.h"
 #include "state/camera_access.h"
 
 namespace sylvomex {
@@ -128,7 +129,7 @@ void Test_DEM(Workspace& w) {
     w.screen->Message_Box("Read raster DEM first");
     return;
   }
-  const ColourMap colours = Read_Colour_Map(w.Drives.Locate("C:\\data\\JetColorMAP.csv"));
+  const ColourMap colours = Read_Colour_Map(w.Drives.Locate(kColourMapFile));
   w.Form1.MousePointer = PointerShape::Hourglass;
   w.screen->Service_Events();
   if (w.SolutionValid) Plot_Model(w, colours);

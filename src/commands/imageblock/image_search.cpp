@@ -8,6 +8,7 @@
 #include "panes/pane_drawing.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "services/solution.h"
 #include "solver/point_in_image.h"
 #include "state/camera_access.h"
 
@@ -49,7 +50,7 @@ void Take_Over_Point(Workspace& w, const PointInImage& hit) {
   w.Observation.Y = hit.point.Y;
   w.Observation.Z = hit.point.Z;
   w.Observation.FreeInteger = hit.identity;
-  Show_Solution(w, "#.000");
+  Show_Solution(w, kThousandths);
 }
 
 void Load_Images_That_Show(Workspace& w, const Point3D& point) {
@@ -112,7 +113,7 @@ void Find_And_Read_Terr_Images_in_Which(Workspace& w) {
   Load_Images_That_Show(w, point);
   const double ground = Get_Raster_Elevation(w, point.X, point.Y);
   for (int k = 0; k < w.ImageCount; ++k) Draw_Stem(w, k, point, ground);
-  Show_Solution(w, "#.000");
+  Show_Solution(w, kThousandths);
   Get_elevation(w);
 }
 

@@ -2,11 +2,12 @@
 #include "commands/lidar/lidar_inputs.h"
 
 #include "lidar/path_header.h"
+#include "services/file_names.h"
 
 namespace sylvomex {
 
 ColourMap Read_Colours(const Workspace& w) {
-  return Read_Colour_Map(w.Drives.Locate("C:\\data\\JetColorMAP.csv"));
+  return Read_Colour_Map(w.Drives.Locate(kColourMapFile));
 }
 
 std::string Read_Tile_Prefix(const Workspace& w, Campaign campaign) {

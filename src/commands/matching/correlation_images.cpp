@@ -13,6 +13,7 @@
 #include "matching/patch_geometry.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "services/ticked_images.h"
 #include "state/box_numbers.h"
 
 namespace sylvomex {

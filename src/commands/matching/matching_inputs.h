@@ -3,16 +3,12 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "imageblock/pane_renderer.h"
 #include "platform/files.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
-
-/// Indices of the images that are ticked, ascending.
-std::vector<int> Ticked_Images(const Workspace& w);
 
 /// The raw file of an image. The bytes stay valid while no other file is opened.
 RawPixels Raw_Pixels_Of(Workspace& w, const ImageRecord& record);

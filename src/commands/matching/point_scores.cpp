@@ -14,6 +14,8 @@
 #include "matching/search_mesh.h"
 #include "platform/number_text.h"
 #include "platform/rounding.h"
+#include "services/file_names.h"
+#include "services/ticked_images.h"
 #include "state/box_numbers.h"
 #include "state/camera_access.h"
 
@@ -140,7 +142,7 @@ void Compute_Back_Projections(Workspace& w) {
   w.screen->Service_Events();
   ImageCorrelation correlations;
   for (const int image : images) correlations.push_back(Back_Project(w, image));
-  Read_Colour_Map(w.Drives.Locate("C:\\data\\JetColorMAP.csv"));
+  Read_Colour_Map(w.Drives.Locate(kColourMapFile));
   Score_Points(m, correlations);
   // Where the hot points would be drawn in the colours of the map, the events get their turn.
   for (std::size_t hot = Count_Hot_Points(m.PointScore); hot > 0; --hot) {

@@ -9,6 +9,7 @@
 #include "panes/pane_drawing.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "services/file_names.h"
 #include "state/camera_access.h"
 
 namespace sylvomex {
@@ -41,7 +42,7 @@ std::string Listing_Line(const ObservationPoint& point, double ground) {
 }  // namespace
 
 void Plot_Point_Set(Workspace& w) {
-  const ColourMap colours = Read_Colour_Map(w.Drives.Locate("C:\\data\\JetColorMAP.csv"));
+  const ColourMap colours = Read_Colour_Map(w.Drives.Locate(kColourMapFile));
   std::string listing;
   for (const ObservationPoint& point :
        Read_Observation_Points(w.Drives.Locate(w.ObservationFileName))) {

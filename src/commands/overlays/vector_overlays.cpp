@@ -9,14 +9,13 @@
 #include "panes/pane_drawing.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "services/file_names.h"
 #include "state/camera_access.h"
 
 namespace sylvomex {
 namespace {
 
 constexpr const char* kCrownFile = "d:\\Regression_results.txt";
-constexpr const char* kTiePointFile = "c:\\data\\imageobs.txt";
-constexpr const char* kPolylineFile = "c:\\data\\XY_polyline.txt";
 constexpr double kSegmentZ = 155;  // metres, both ends of every segment
 constexpr Colour kPlotColour{120, 255, 0};
 
@@ -132,7 +131,7 @@ void Plot_Tie_Points(Workspace& w) {
 }
 
 void Plot_XYZ_Polyline(Workspace& w) {
-  const FilePath path = w.Drives.Locate(kPolylineFile);
+  const FilePath path = w.Drives.Locate(kGroundPolylineFile);
   if (!File_Exists(path)) return;
   ListReader file(path);
   std::optional<GroundVertex> from;

@@ -6,10 +6,11 @@
 #include <vector>
 
 #include "commands/crowns/multi_size_check.h"
-#include "commands/solver/solution_texts.h"
 #include "panes/pane_drawing.h"
 #include "platform/number_text.h"
 #include "platform/rounding.h"
+#include "services/solution.h"
+#include "services/ticked_images.h"
 #include "solver/space_intersection.h"
 #include "state/box_numbers.h"
 #include "state/camera_access.h"
@@ -19,14 +20,6 @@ namespace {
 
 constexpr Colour kGoodResult{10, 150, 20};
 constexpr Colour kSuspectResult{255, 50, 30};
-
-std::vector<int> Ticked_Images(const Workspace& w) {
-  std::vector<int> images;
-  for (int k = 0; k < w.ImageCount; ++k) {
-    if (w.Form1.Check1(k).Value == 1) images.push_back(k);
-  }
-  return images;
-}
 
 void Record_Images(Workspace& w, const std::vector<int>& images) {
   ObservationRecord& record = w.Observation;
@@ -101,7 +94,7 @@ void Require_Finite(const IntersectionResult& result) {
 // The flag stays as it was although the point is gone.
 void Report_Singular(Workspace& w) {
   w.screen->Message_Box("Iteration failed, determinant of Normal Matrix is too close to zero !");
-  Show_Point_Plain(w, w.DefaultPanCenter);
+  Show_Point(w, w.DefaultPanCenter, kPlainNumbers);
   w.screen->Message_Box("An error occurred in sub Calculate_Space_intersection_Click() ");
   w.Solution3D = {};
   w.Form1.Label10.Caption = "Could not compute ray intersection";
@@ -118,7 +111,7 @@ void Warn_Of_Rmse(Workspace& w, double rmse) {
 }
 
 void Show_Result(Workspace& w, const IntersectionResult& result) {
-  Show_Point(w, result.point, "#.000");
+  Show_Point(w, result.point, kThousandths);
   w.Form1.Label10.ForeColor = kGoodResult;
   w.screen->Service_Events();
   Warn_Of_Rmse(w, result.rmse_um);
@@ -188,7 +181,7 @@ void Single_Photo_intersection(Workspace& w) {
     return;
   }
   w.SolutionValid = true;
-  Show_Solution(w, "#.00");
+  Show_Solution(w, kHundredths);
   Record_Solution(w);
 }
 

@@ -3,30 +3,21 @@
 
 #include <string>
 
-#include "commands/solver/solution_texts.h"
 #include "panes/pane_centring.h"
 #include "panes/pane_drawing.h"
 #include "platform/list_reader.h"
 #include "platform/number_text.h"
+#include "services/solution.h"
 #include "state/camera_access.h"
 
 namespace sylvomex {
 namespace {
 
-constexpr const char* kPlain = "";
-
-void Accept_Solution(Workspace& w) {
-  w.SolutionValid = true;
-  Record_Solution(w);
-  w.Form1.Label10.Caption = "3D-value set succesfully";
-  Show_Solution(w, kPlain);
-}
-
 // The flag is left alone.
 void Fall_Back(Workspace& w) {
   w.screen->Message_Box("Cannot convert Input into a 3D-solution!");
   w.Solution3D = w.DefaultPanCenter;
-  Show_Solution(w, kPlain);
+  Show_Solution(w, kPlainNumbers);
 }
 
 double Ask_Value(Workspace& w, const char* prompt, const char* preset) {
@@ -91,7 +82,7 @@ void Reset_Point_Solution(Workspace& w) {
   w.Solution3D.X = w.ImageBlock(0).X0;
   w.Solution3D.Y = w.ImageBlock(0).Y0;
   w.Solution3D.Z = Get_Raster_Elevation(w, w.Solution3D.X, w.Solution3D.Y);
-  Show_Solution(w, "#.00");
+  Show_Solution(w, kHundredths);
 }
 
 void Set_3D_solution(Workspace& w) {
@@ -129,7 +120,7 @@ void Set_3D_solution_To_Stereo_Sol(Workspace& w) {
 void Set_3D_solution_to_a_new_plot_location(Workspace& w) {
   w.Plot = Read_Plot_Location(w, Ask_Point_File(w));
   w.Solution3D = {w.Plot.X, w.Plot.Y, w.Plot.GroundZ + w.Plot.HeightAboveGround};
-  Show_Solution(w, kPlain);
+  Show_Solution(w, kPlainNumbers);
   Center_to_xyz_click(w);
 }
 

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vector>
+
+#include "state/workspace.h"
+
+namespace sylvomex {
+
+/// Indices of the images whose Check1 is ticked, ascending.
+std::vector<int> Ticked_Images(const Workspace& w);
+
+}  // namespace sylvomex
