@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include "closedlib/normalized_image.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "closedlib/parallel_tasks.h"
+#include "closedlib/resampling_rows.h"
+#include "platform/files.h"
+#include "platform/replacing_file.h"
+#include "platform/rounding.h"
+#include "platform/run_time_error.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr int kRowsOfATask = 16;
+
+RowProjection Projection_Of_Row(const NormalizedImage& image, int row) {
+  RowProjection projection;
+  projection.Xmin = image.Xmin;
+  projection.PixelWidth = image.PixelWidth;
+  projection.yn = image.Ymax - row * image.PixelWidth;
+  projection.c = image.c;
+  projection.matrix = image.matrix;
+  projection.affine = image.affine;
+  projection.last_col = image.full_width - 1.0;
+  projection.last_row = image.full_height - 1.0;
+  projection.last_start_col = std::max(0.0, projection.last_col - 1);
+  projection.last_start_row = std::max(0.0, projection.last_row - 1);
+  return projection;
+}
+
+std::ptrdiff_t Pixels_Below(const NormalizedImage& image) {
+  return image.full_height > 1 ? image.full_width : 0;
+}
+
+std::ptrdiff_t Pixels_Right(const NormalizedImage& image) { return image.full_width > 1 ? 1 : 0; }
+
+ColourSource Colour_Source(const NormalizedImage& image, const std::uint8_t* bytes) {
+  const std::int32_t pixels = std::int32_t{image.full_width} * image.full_height;
+  const std::ptrdiff_t farthest = Pixels_Right(image) + Pixels_Below(image);
+  return {bytes, 3 * Pixels_Right(image), 3 * Pixels_Below(image),
+          static_cast<std::int32_t>(pixels - 2 - farthest)};
+}
+
+float Between(float a, float b, float weight) { return a + weight * (b - a); }
+
+void Interpolate_Grey(const NormalizedImage& image, const std::uint8_t* bytes,
+                      const SourcePlaces& places, std::size_t count, std::uint8_t* target) {
+  const std::ptrdiff_t right = Pixels_Right(image);
+  const std::ptrdiff_t below = Pixels_Below(image);
+  for (std::size_t k = 0; k < count; ++k) {
+    if (places.pixel[k] == kNoSource) {
+      target[k] = 0;
+      continue;
+    }
+    const std::uint8_t* at = bytes + places.pixel[k];
+    const float upper = Between(at[0], at[right], places.right[k]);
+    const float lower = Between(at[below], at[below + right], places.right[k]);
+    target[k] = To_Byte(Between(upper, lower, places.below[k]));
+  }
+}
+
+void Resample_Row(const NormalizedImage& image, const std::uint8_t* source, int row,
+                  std::uint8_t* target) {
+  const RowProjection projection = Projection_Of_Row(image, row);
+  const ColourSource colour = Colour_Source(image, source);
+  SourcePlaces places;
+  std::array<std::uint8_t, 3 * kResampledTogether + 1> chunk;
+  const auto width = static_cast<std::size_t>(image.width);
+  for (std::size_t first = 0; first < width; first += kResampledTogether) {
+    const std::size_t count = std::min(kResampledTogether, width - first);
+    Find_Source_Places(projection, static_cast<int>(first), count, places);
+    if (image.colour) {
+      Interpolate_Colour(colour, places, count, chunk.data());
+      std::copy_n(chunk.data(), 3 * count, target + 3 * first);
+    } else {
+      Interpolate_Grey(image, source, places, count, target + first);
+    }
+  }
+}
+
+void Require_Sizes(const NormalizedImage& image) {
+  for (const int size : {image.width, image.height, image.full_width, image.full_height}) {
+    if (size >= 1) continue;
+    throw RunTimeError(Failure::BadContent,
+                       "a normalised image with a side of " + std::to_string(size) + " pixels");
+  }
+}
+
+void Require_Span(std::uint64_t have, std::uint64_t wanted, const char* what) {
+  if (have >= wanted) return;
+  throw RunTimeError(Failure::SubscriptOutOfRange, std::string(what) + " of " +
+                                                       std::to_string(have) + " bytes, " +
+                                                       std::to_string(wanted) + " are needed");
+}
+
+void Require_Length(const MappedFile& source, std::uint64_t wanted) {
+  if (source.Bytes().size() >= wanted) return;
+  throw RunTimeError(Failure::InputPastEnd,
+                     source.File().name + ": the image has " + std::to_string(wanted) +
+                         " bytes, the file " + std::to_string(source.Bytes().size()),
+                     source.File().native);
+}
+
+}  // namespace
+
+std::uint64_t Raster_Bytes(std::int16_t width, std::int16_t height, bool colour) {
+  return static_cast<std::uint64_t>(width) * static_cast<std::uint64_t>(height) * (colour ? 3 : 1);
+}
+
+void Resample_Rows(const NormalizedImage& image, std::span<const std::uint8_t> source,
+                   int first_row, int rows, std::span<std::uint8_t> target) {
+  Require_Sizes(image);
+  const std::uint64_t row_bytes = Raster_Bytes(image.width, 1, image.colour);
+  Require_Span(source.size(), Raster_Bytes(image.full_width, image.full_height, image.colour),
+               "a source");
+  Require_Span(target.size(), row_bytes * static_cast<std::uint64_t>(rows), "a target");
+  for (int row = 0; row < rows; ++row) {
+    Resample_Row(image, source.data(), first_row + row,
+                 target.data() + row_bytes * static_cast<std::uint64_t>(row));
+  }
+}
+
+void MYFUNC_CREATENORMALIZEDIMAGE(const NormalizedImage& image, const FilePath& source,
+                                  const FilePath& target, int threads) {
+  Require_Sizes(image);
+  const MappedFile mapped(source);
+  Require_Length(mapped, Raster_Bytes(image.full_width, image.full_height, image.colour));
+  ReplacingFile file(target, Raster_Bytes(image.width, image.height, image.colour));
+  const std::uint64_t row_bytes = Raster_Bytes(image.width, 1, image.colour);
+  const int tasks = (image.height + kRowsOfATask - 1) / kRowsOfATask;
+  // Each task writes its own rows, so that the writing of one overlaps the computing of others.
+  Run_Tasks(tasks, threads, [&](int task) {
+    const int first = task * kRowsOfATask;
+    const int rows = std::min(kRowsOfATask, image.height - first);
+    std::vector<std::uint8_t> bytes(row_bytes * static_cast<std::uint64_t>(rows));
+    Resample_Rows(image, mapped.Bytes(), first, rows, bytes);
+    file.Write_At(row_bytes * static_cast<std::uint64_t>(first), bytes);
+  });
+  file.Commit();
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "platform/replacing_file.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <string>
+
+#include "platform/file_descriptor.h"
+
+namespace sylvomex {
+namespace {
+
+/// The file that a name leads to: a symbolic link stays and what it points to is replaced.
+std::filesystem::path Replaced_Path(const FilePath& file) {
+  std::error_code error;
+  std::filesystem::path target = std::filesystem::canonical(file.native, error);
+  return error ? file.native : target;
+}
+
+FilePath Partial_Name(const FilePath& file) {
+  FilePath partial = file;
+  if (!file.native.empty()) partial.native += ".part" + std::to_string(getpid());
+  return partial;
+}
+
+}  // namespace
+
+ReplacingFile::ReplacingFile(const FilePath& file, std::uint64_t size)
+    : file_{file.name, Replaced_Path(file)}, partial_(Partial_Name(file_)) {
+  std::error_code error;
+  const auto status = std::filesystem::status(file_.native, error);
+  if (std::filesystem::is_directory(status)) Throw_File_Error(file_, EISDIR);
+  if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
+    Throw_File_Failure(file_, "it is not a regular file");
+  }
+  open_file_ = std::make_unique<FileDescriptor>(partial_, O_WRONLY | O_CREAT | O_TRUNC);
+  if (size == 0) return;
+  const int failed = posix_fallocate(open_file_->Number(), 0, static_cast<off_t>(size));
+  if (failed == 0) return;
+  unlink(partial_.native.c_str());
+  Throw_File_Error(file_, failed);
+}
+
+ReplacingFile::~ReplacingFile() {
+  if (open_file_ != nullptr) unlink(partial_.native.c_str());
+}
+
+void ReplacingFile::Write_At(std::uint64_t offset, std::span<const std::uint8_t> content) const {
+  std::size_t done = 0;
+  while (done < content.size()) {
+    const ssize_t count = pwrite(open_file_->Number(), content.data() + done, content.size() - done,
+                                 static_cast<off_t>(offset + done));
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) Throw_File_Error(file_, count == 0 ? ENOSPC : errno);
+    done += static_cast<std::size_t>(count);
+  }
+}
+
+void ReplacingFile::Commit() {
+  open_file_->Close();
+  if (std::rename(partial_.native.c_str(), file_.native.c_str()) != 0) {
+    Throw_File_Error(file_, errno);
+  }
+  open_file_.reset();
+}
+
+void Replace_Whole_File(const FilePath& file, std::span<const std::uint8_t> content) {
+  ReplacingFile replacing(file, content.size());
+  replacing.Write_At(0, content);
+  replacing.Commit();
+}
+
+}  // namespace sylvomex
