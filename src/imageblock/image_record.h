@@ -48,6 +48,11 @@ struct ImageRecord {
   Table<std::int32_t, 0, 3> BandHeight;
 };
 
+/// Whether the raw file can hold a pixel: no picture is drawn of a side of 0 or below.
+inline bool Has_Pixels(const ImageRecord& image) {
+  return image.SubWidth > 0 && image.SubHeight > 0;
+}
+
 /// Calls visit("FieldName", field) for every field in the order of declaration.
 template <class Record, class Visitor>
 void Visit_Image_Record(Record& record, Visitor&& visit) {

@@ -92,7 +92,7 @@ void Center_One_On_Pan_Center(Workspace& w, int image) {
 void Center_One_On_Raw_Position(Workspace& w, int image, RawCentre centre) {
   const ViewWindow window = Fit_At_Present_Zoom(w, image, centre);
   Render_Scratch_Bitmap(w, image, window);
-  if (w.ImageBlock(image).ColorFlag == 1) {
+  if (w.ImageBlock(image).ColorFlag == 1 && Has_Pixels(w.ImageBlock(image))) {
     Rewrite_Bitmap_Header(w.Drives.Locate(w.ScratchBmpName.Trimmed()), w.PaneWidth, w.PaneHeight);
   }
   Load_Scratch_Bitmap(w, image);

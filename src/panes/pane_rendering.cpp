@@ -49,7 +49,7 @@ ViewWindow Fit_View_Window(Workspace& w, int image, int centre_col, int centre_r
 
 void Render_Scratch_Bitmap(Workspace& w, int image, const ViewWindow& window) {
   const ImageRecord& record = w.ImageBlock(image);
-  if (record.ColorFlag > 1) return;
+  if (record.ColorFlag > 1 || !Has_Pixels(record)) return;
   const PaneView& view = w.PaneViews(image);
   const MappedFile& file = w.RawFiles.Open(w.Drives.Locate(record.RawFileName.Trimmed()));
   const RawPixels raw{file.Bytes(), record.SubWidth, record.SubHeight, &file.File()};
@@ -73,6 +73,7 @@ void Render_Scratch_Bitmap(Workspace& w, int image, const ViewWindow& window) {
 }
 
 void Load_Scratch_Bitmap(Workspace& w, int image) {
+  if (!Has_Pixels(w.ImageBlock(image))) return Load_Picture(w.Form1.Picture1(image), nullptr);
   auto bitmap = std::make_shared<const PaneBitmap>(Load_Bitmap(Scratch_Bitmap(w, image)));
   Load_Picture(w.Form1.Picture1(image), std::move(bitmap));
 }

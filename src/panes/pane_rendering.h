@@ -15,10 +15,11 @@ ViewWindow Fit_View_Window(Workspace& w, int image, int centre_col, int centre_r
                            int height);
 
 /// Renders by ColorFlag with the pane's zoom into the image's scratch bitmap; another flag than
-/// 0 or 1 renders nothing.
+/// 0 or 1 renders nothing, nor does an image without pixels.
 void Render_Scratch_Bitmap(Workspace& w, int image, const ViewWindow& window);
 
-/// Loads the image's scratch bitmap into its pane, which drops the marks drawn there.
+/// Loads the image's scratch bitmap into its pane, which drops the marks drawn there; the pane of
+/// an image without pixels gets no picture.
 void Load_Scratch_Bitmap(Workspace& w, int image);
 
 /// Round(pane size / zoom), checked to 16 bits: the size of a view in raw pixels.

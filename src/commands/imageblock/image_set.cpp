@@ -24,35 +24,29 @@ void Warn(Workspace& w, int image, const char* parameter, const std::string& val
                         "Parameter: " + parameter + value + ending);
 }
 
-// Warns only: the image stays in the block in all cases.
-void Validate_Header(Workspace& w, int image) {
+// Warns only: the image stays in the block in all cases. True without a warning.
+bool Validate_Header(Workspace& w, int image) {
   const ImageRecord& record = w.ImageBlock(image);
   const auto out_of_range = [](double side) { return !(side >= 0 && side <= kLargestSide); };
-  if (out_of_range(record.SubWidth)) {
+  const bool bad_width = out_of_range(record.SubWidth);
+  const bool bad_height = out_of_range(record.SubHeight);
+  const bool bad_colour = record.ColorFlag > 1;
+  if (bad_width) {
     Warn(w, image, "Sub-image width:", Plain_Text(record.SubWidth), " in set file?");
   }
-  if (out_of_range(record.SubHeight)) {
+  if (bad_height) {
     Warn(w, image, "Sub-image height:", Plain_Text(record.SubHeight), " in set file?");
   }
-  if (record.ColorFlag > 1) {
+  if (bad_colour) {
     Warn(w, image, "image color:", Plain_Text(std::int32_t{record.ColorFlag}),
          " in set file should be 1 (color) or 0 (grayscale)?");
   }
+  return !(bad_width || bad_height || bad_colour);
 }
 
-void Check_Side(const FilePath& header, const char* field, double side) {
-  if (side > 0) return;
-  throw RunTimeError(
-      Failure::BadContent,
-      header.name + ": " + field + " is " + Plain_Text(side) + ", an image has pixels",
-      header.native);
-}
-
-// What no pane could ever show is refused before anything of it is. Pixels of a ColorFlag that
-// no renderer knows are taken for the smallest.
-void Check_Raw_File(Workspace& w, const ImageRecord& record, const FilePath& header) {
-  Check_Side(header, "SubWidth", record.SubWidth);
-  Check_Side(header, "SubHeight", record.SubHeight);
+// The raw file of a sound header must be there in full. One that the operator has been warned of
+// is taken as it is, as its image can be projected into without a picture.
+void Check_Raw_File(Workspace& w, const ImageRecord& record) {
   const MappedFile& file = w.RawFiles.Open(w.Drives.Locate(record.RawFileName.Trimmed()));
   Check_Raw_Length({file.Bytes(), record.SubWidth, record.SubHeight, &file.File()},
                    record.ColorFlag == 1 ? RawLayout::Colour : RawLayout::Grey);
@@ -156,16 +150,14 @@ void Finish_Without_Solution(Workspace& w, const FollowedImage& image) {
   w.ImageAddDone = true;
 }
 
-void Read_Next_Image(Workspace& w, ListReader& header, const FilePath& header_file,
-                     const FollowedImage& image) {
+void Read_Next_Image(Workspace& w, ListReader& header, const FollowedImage& image) {
   ++w.ImageCount;
   w.Form1.MousePointer = PointerShape::Hourglass;
   w.screen->Service_Events();
   Compute_Pane_Size(w);
   const int k = image.Index();
   Read_Header(w, k, header);
-  Validate_Header(w, k);
-  Check_Raw_File(w, w.ImageBlock(k), header_file);
+  if (Validate_Header(w, k)) Check_Raw_File(w, w.ImageBlock(k));
   w.Form1.MousePointer = PointerShape::Hourglass;
   Show_Count_Read(w, 0);
   w.screen->Service_Events();
@@ -184,7 +176,7 @@ bool Take_In_Image(Workspace& w, const FilePath& header_file, const FollowedImag
   }
   Addition addition(w, image);
   try {
-    Read_Next_Image(w, header, header_file, image);
+    Read_Next_Image(w, header, image);
   } catch (const RunTimeError&) {
     addition.Undo();
     throw;
