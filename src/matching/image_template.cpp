@@ -66,8 +66,15 @@ ImageTemplate Read_Pair(const FilePath& numbers, const FilePath& pixels) {
 
 }  // namespace
 
-void Empty_Template(const DriveMap& drives, int image) {
-  Write_Whole_File(Numbered_File(drives, "temp", image, ".raw"), std::string_view());
+void Delete_Template(const DriveMap& drives, int image) {
+  for (const char* extension : {".raw", ".img"}) {
+    Delete_File(Numbered_File(drives, "temp", image, extension));
+  }
+}
+
+void Delete_Size_Templates(const DriveMap& drives, int image) {
+  Delete_Matching(drives, "c:\\data\\test_" + std::to_string(image) + "_*.raw");
+  Delete_Matching(drives, "c:\\data\\test_" + std::to_string(image) + "_*.img");
 }
 
 void Write_Template(const DriveMap& drives, int image, const ImageTemplate& pattern) {

@@ -26,8 +26,11 @@ struct ImageTemplate {
   std::vector<std::uint8_t> pixels;  // 0 outside the ellipse
 };
 
-/// Leaves temp<i>.raw without a pixel, so that a capture that fails leaves no former template.
-void Empty_Template(const DriveMap& drives, int image);
+/// Removes temp<i>.raw and temp<i>.img, so that a capture that fails leaves no former template.
+void Delete_Template(const DriveMap& drives, int image);
+
+/// Removes test_<i>_<k>.raw and .img of all sizes.
+void Delete_Size_Templates(const DriveMap& drives, int image);
 
 /// Files as RunTimeErrors of the file layer.
 void Write_Template(const DriveMap& drives, int image, const ImageTemplate& pattern);

@@ -4,7 +4,6 @@
 #include <span>
 #include <string>
 
-#include "imageblock/raw_rows.h"
 #include "platform/number_text.h"
 #include "platform/run_time_error.h"
 
@@ -51,6 +50,22 @@ void Append_Row(std::span<const std::uint8_t> row, RawLayout layout, ColourRule 
 }
 
 }  // namespace
+
+RawPixelReader::RawPixelReader(const ImageRecord& image, const RawPixels& raw, ColourRule rule)
+    : raw_(raw), layout_(Layout_Of(image)), rule_(rule) {
+  Check_Raw_Length(raw, layout_);
+}
+
+bool RawPixelReader::Holds(int col, int raw_row) const {
+  return col >= 0 && raw_row >= 0 && col <= raw_.sub_width - 1 && raw_row <= raw_.sub_height - 1;
+}
+
+std::uint8_t RawPixelReader::At(int col, int raw_row) const {
+  const std::span<const std::uint8_t> pixel =
+      Raw_Bytes(raw_, Raw_Position(raw_, layout_, col, raw_row), Bytes_Per_Pixel(layout_));
+  if (layout_ == RawLayout::Grey) return pixel[0];
+  return rule_ == ColourRule::Mean ? Mean_Of_Three(pixel) : pixel[1];
+}
 
 std::vector<std::uint8_t> Read_Raw_Window(const ImageRecord& image, const RawPixels& raw,
                                           const RawWindow& window, ColourRule rule) {

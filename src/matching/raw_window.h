@@ -8,6 +8,7 @@
 
 #include "imageblock/image_record.h"
 #include "imageblock/pane_renderer.h"
+#include "imageblock/raw_rows.h"
 
 namespace sylvomex {
 
@@ -31,5 +32,23 @@ enum class ColourRule { MiddleByte, Mean };
 /// tells, RunTimeError(BadContent) for a ColorFlag other than 0 and 1.
 std::vector<std::uint8_t> Read_Raw_Window(const ImageRecord& image, const RawPixels& raw,
                                           const RawWindow& window, ColourRule rule);
+
+/// Single pixels of an image's raw file.
+class RawPixelReader {
+ public:
+  /// RunTimeErrors of Read_Raw_Window but for the window.
+  RawPixelReader(const ImageRecord& image, const RawPixels& raw, ColourRule rule);
+
+  /// Whether the raw file has this pixel.
+  [[nodiscard]] bool Holds(int col, int raw_row) const;
+
+  /// A pixel that the raw file has.
+  [[nodiscard]] std::uint8_t At(int col, int raw_row) const;
+
+ private:
+  RawPixels raw_;
+  RawLayout layout_;
+  ColourRule rule_;
+};
 
 }  // namespace sylvomex

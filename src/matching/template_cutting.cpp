@@ -85,13 +85,15 @@ Borders Row_Borders(const Mask& mask) {
   });
 }
 
-std::vector<std::uint8_t> Pixels_In_Box(const std::vector<std::uint8_t>& window, const Mask& mask,
-                                        const Borders& cols, const Borders& rows) {
+// The raw file's pixels where the mask is set, 0 elsewhere, where nothing is read.
+std::vector<std::uint8_t> Pixels_In_Box(const RawPixelReader& raw, const RawWindow& window,
+                                        const Mask& mask, const Borders& cols,
+                                        const Borders& rows) {
   std::vector<std::uint8_t> pixels;
   for (int j = rows.first; j <= rows.last; ++j) {
     for (int i = cols.first; i <= cols.last; ++i) {
       const bool inside = mask[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)];
-      pixels.push_back(inside ? window[static_cast<std::size_t>(j * kSide + i)] : std::uint8_t{0});
+      pixels.push_back(inside ? raw.At(window.first_col + i, window.top_row + j) : std::uint8_t{0});
     }
   }
   return pixels;
@@ -103,15 +105,35 @@ void Require_Width(const ImageRecord& image, const TemplateRecord& ellipse) {
                                                   Plain_Text(image.ImageId) + " has no width");
 }
 
+bool Lies_In_Raw_File(const RawPixelReader& raw, const RawWindow& window, const Mask& mask) {
+  if (!raw.Holds(window.first_col + kTemplateReach, window.top_row + kTemplateReach)) return false;
+  for (int i = 0; i < kSide; ++i) {
+    for (int j = 0; j < kSide; ++j) {
+      const bool inside = mask[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)];
+      if (inside && !raw.Holds(window.first_col + i, window.top_row + j)) return false;
+    }
+  }
+  return true;
+}
+
+[[noreturn]] void Throw_Outside(const ImageRecord& image, const RawWindow& window) {
+  throw RunTimeError(Failure::SubscriptOutOfRange,
+                     "image " + Plain_Text(image.ImageId) + ": the ellipse around column " +
+                         Plain_Text(std::int32_t{window.first_col + kTemplateReach}) + ", row " +
+                         Plain_Text(std::int32_t{window.top_row + kTemplateReach}) +
+                         " leaves the raw file of " + Plain_Text(image.SubWidth) + " x " +
+                         Plain_Text(image.SubHeight) + " pixels");
+}
+
 }  // namespace
 
 CutTemplate Cut_Template(const ImageRecord& image, const RawPixels& raw,
                          const TemplateRecord& ellipse) {
   Require_Width(image, ellipse);
   const RawWindow window = Window_Around(image, ellipse);
-  const std::vector<std::uint8_t> bytes =
-      Read_Raw_Window(image, raw, window, ColourRule::MiddleByte);
+  const RawPixelReader pixels(image, raw, ColourRule::MiddleByte);
   const Mask mask = Mask_Of_Ellipse(image, ellipse, window);
+  if (!Lies_In_Raw_File(pixels, window, mask)) Throw_Outside(image, window);
   const Borders cols = Column_Borders(mask);
   const Borders rows = Row_Borders(mask);
   CutTemplate cut;
@@ -122,7 +144,7 @@ CutTemplate Cut_Template(const ImageRecord& image, const RawPixels& raw,
   cut.pattern.reference_col = kTemplateReach - cols.first + ellipse.ShiftCol;
   // Image rows count upwards, those of the window downwards.
   cut.pattern.reference_row = kTemplateReach - rows.first - ellipse.ShiftRow;
-  cut.pattern.pixels = Pixels_In_Box(bytes, mask, cols, rows);
+  cut.pattern.pixels = Pixels_In_Box(pixels, window, mask, cols, rows);
   return cut;
 }
 

@@ -123,8 +123,36 @@ TEST(CutTemplate, AnEllipseWithoutWidthIsADivisionByZero) {
   EXPECT_NE(text.find("image 17"), std::string::npos);
 }
 
-TEST(CutTemplate, AWindowOverTheRawFilesEdgeIsAFailureNotWrongPixels) {
-  for (const double offset : {-60.0, 60.0}) {
+// The raw file's first column lies 100 pixels left of the centre, its last row 79 below.
+TEST(CutTemplate, AWindowThatLeavesTheRawFileIsCutWhereTheEllipseStaysInside) {
+  TemplateRecord ellipse = Ellipse(3.5, 3.5);
+  ellipse.CenterX = -97 * kPixel;
+  ellipse.CenterY = -76 * kPixel;  // raw column 3, raw row 156: columns 0 to 6, rows 153 to 159
+  const CutTemplate cut = Cut(ellipse);
+  EXPECT_EQ(cut.pattern.width, 7);
+  EXPECT_EQ(cut.pattern.height, 7);
+  EXPECT_EQ(At(cut, 0, 3), Grey_At(0, 156));
+  EXPECT_EQ(At(cut, 3, 6), Grey_At(3, 159));
+  EXPECT_EQ(At(cut, 0, 0), 0);
+  EXPECT_TRUE(cut.cols_defined && cut.rows_defined);
+}
+
+TEST(CutTemplate, AnEllipseOnePixelOverTheEdgeIsAFailure) {
+  for (const double beyond : {-98.0, 98.0}) {  // raw columns -1 to 5 and 195 to 201
+    TemplateRecord ellipse = Ellipse(3.5, 3.5);
+    ellipse.CenterX = beyond * kPixel;
+    Failure_Of(Failure::SubscriptOutOfRange, [&ellipse] { Cut(ellipse); });
+  }
+}
+
+TEST(CutTemplate, AnEllipseBetweenThePixelsOutsideTheRawFileIsAFailure) {
+  TemplateRecord ellipse = Ellipse(0.2, 0.2);
+  ellipse.CenterX = 150.4 * kPixel;
+  Failure_Of(Failure::SubscriptOutOfRange, [&ellipse] { Cut(ellipse); });
+}
+
+TEST(CutTemplate, AnEllipseOutsideTheRawFileIsAFailureNotWrongPixels) {
+  for (const double offset : {-110.0, 110.0}) {
     TemplateRecord ellipse = Ellipse(3.5, 3.5);
     ellipse.CenterX = offset * kPixel;
     const std::string text = Failure_Of(Failure::SubscriptOutOfRange, [&ellipse] { Cut(ellipse); });

@@ -37,13 +37,19 @@ double Best_Correlation(const RawBand& band, const TemplatePosition& at,
   return Best_Correlation_Around(band, col, band_row, kReach, pattern);
 }
 
-// True with the best correlation over all sizes, false when a template is missing.
+bool Lies_In_Raster(const ImageRecord& record, double first_row) {
+  return first_row >= 0 && first_row + kBandRows <= record.SubHeight;
+}
+
+// Whether the point is to be marked: false when a template is missing. best: the best correlation
+// over all sizes; left alone where the band leaves the raster, as on sub-images it may.
 bool Search_Sizes(const Workspace& w, int image, const Point3D& point, double& best) {
   if (!Has_Size_Template(w.Drives, image, 1)) return false;
   const ImageRecord& record = w.ImageBlock(image);
   double col = 0, row = 0;
   Object_To_Pixel(w, image, point.X, point.Y, point.Z, col, row);
   const TemplatePosition at{col, (record.SubHeight - 1) - row};
+  if (!Lies_In_Raster(record, Round_Half_Even(at.raw_row - kBandRowsAbove))) return true;
   const RawBand band = Band_Around(w, record, at);
   best = -1;
   for (int size = 1; size <= kTemplateSizeCount; ++size) {

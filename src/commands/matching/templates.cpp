@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/matching/templates.h"
 
+#include <optional>
+
 #include "commands/matching/matching_inputs.h"
 #include "matching/template_cutting.h"
 #include "matching/template_ellipse.h"
@@ -73,15 +75,34 @@ void Draw_Ellipse(Workspace& w, int image, std::string& log) {
   Mark_And_Log(w, image, centre, "EllipseCenter", log);
 }
 
-void Cut_And_Write(Workspace& w, int image) {
+std::string Template_Name(int image) {
+  return "Image template n:o " + Plain_Text(std::int32_t{image});
+}
+
+// Nothing for an image that does not show the whole ellipse or cannot be read: such an
+// image takes no part in the search, and the others go on. An ellipse without width is an error of
+// the boxes, not of the image.
+std::optional<CutTemplate> Cut_Or_Leave_Out(Workspace& w, int image) {
   const ImageRecord& record = w.ImageBlock(image);
-  Empty_Template(w.Drives, image);
-  const CutTemplate cut =
-      Cut_Template(record, Raw_Pixels_Of(w, record), w.Matching.Template(image));
-  const std::string name = "Image template n:o " + Plain_Text(std::int32_t{image});
-  if (!cut.cols_defined) w.screen->Message_Box(name + " cannot define col borders!");
-  if (!cut.rows_defined) w.screen->Message_Box(name + " cannot define row borders!");
-  Write_Template(w.Drives, image, cut.pattern);
+  try {
+    return Cut_Template(record, Raw_Pixels_Of(w, record), w.Matching.Template(image));
+  } catch (const RunTimeError& error) {
+    if (error.Kind() == Failure::DivisionByZero) throw;
+    w.screen->Message_Box(Template_Name(image) + " is left out. " + error.what());
+    w.Form1.Check1(image).Value = 0;
+    Delete_Size_Templates(w.Drives, image);
+    return std::nullopt;
+  }
+}
+
+void Cut_And_Write(Workspace& w, int image) {
+  Delete_Template(w.Drives, image);
+  const std::optional<CutTemplate> cut = Cut_Or_Leave_Out(w, image);
+  if (!cut) return;
+  const std::string name = Template_Name(image);
+  if (!cut->cols_defined) w.screen->Message_Box(name + " cannot define col borders!");
+  if (!cut->rows_defined) w.screen->Message_Box(name + " cannot define row borders!");
+  Write_Template(w.Drives, image, cut->pattern);
 }
 
 void Resize_Template(Workspace& w, int image) {

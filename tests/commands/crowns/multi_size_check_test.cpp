@@ -111,17 +111,44 @@ TEST(MultiSizeCheck, AWindowThatLeavesTheBandIsASubscriptError) {
   EXPECT_TRUE(b.Marks(0).empty());
 }
 
-TEST(MultiSizeCheck, ABandBeforeTheFirstRowIsAFileFailure) {
+// Points whose window also lies left of the raster show whether the band was searched.
+TEST(MultiSizeCheck, ABandThatLeavesTheRasterIsNotSearchedAndThePointIsMarked) {
   TexturedImage b;
   b.Write_All_Templates();
-  EXPECT_EQ(b.Failure_At(0, 15), Failure::FileFailure);  // raw row 49
+  Multi_Size_Check(b.w, 0, -9.5, 15, 0);  // raw row 49: the band begins at row -21
+  EXPECT_EQ(b.Marks(0).size(), 1U);
+  EXPECT_EQ(b.Marks(1).size(), 1U);
+  Multi_Size_Check(b.w, 0, -9.5, -15, 0);  // raw row 349: it ends with row 418 of 399
+  EXPECT_EQ(b.Marks(0).size(), 2U);
+  EXPECT_TRUE(b.screen.messages.empty());
 }
 
-TEST(MultiSizeCheck, ABandThatRunsOverTheLastRowIsReadAsFarAsItGoes) {
+TEST(MultiSizeCheck, ABandThatEndsWithTheRasterIsSearched) {
   TexturedImage b;
   b.Write_All_Templates();
-  Multi_Size_Check(b.w, 0, 0, -15, 0);  // raw row 349
-  EXPECT_EQ(b.Marks(0).size(), 1U);
+  EXPECT_EQ(b.Failure_At(-9.5, 12.9), Failure::SubscriptOutOfRange);   // raw row 70
+  EXPECT_EQ(b.Failure_At(-9.5, -13.1), Failure::SubscriptOutOfRange);  // raw row 330
+  Multi_Size_Check(b.w, 0, -9.5, 13.0, 0);                             // raw row 69
+  Multi_Size_Check(b.w, 0, -9.5, -13.2, 0);                            // raw row 331
+  EXPECT_EQ(b.Marks(0).size(), 2U);
+}
+
+TEST(MultiSizeCheck, WithoutTemplatesNothingIsMarkedWhereTheBandLeavesTheRaster) {
+  TexturedImage b;
+  Multi_Size_Check(b.w, 0, 0, 15, 0);
+  EXPECT_TRUE(b.Marks(0).empty());
+}
+
+TEST(MultiSizeCheck, AnIntersectionOnASubImageGoesToItsEnd) {
+  TexturedImage b;
+  b.Write_All_Templates();
+  b.w.ImageBlock(0).SubHeight = 100;  // full-image rows 200 and above lie outside by its height
+  b.w.Solution3D = {0.5, 0.5, 1};
+  b.Observe(0, {0, 0, 0});
+  b.Observe(1, {0, 0, 0});
+  Point_Intersection(b.w);
+  ASSERT_EQ(b.Marks(1).size(), 10U);
+  EXPECT_EQ(b.Marks(1)[9].colour, (Colour{255, 255, 0}));
 }
 
 TEST(MultiSizeCheck, BrokenTemplateFilesAreNamed) {

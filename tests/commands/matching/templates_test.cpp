@@ -159,33 +159,62 @@ TEST_F(MatchingSite, ANonNumericTextEndsTheCapture) {
   EXPECT_FALSE(Has_Data("temp0.raw"));
 }
 
-TEST_F(MatchingSite, ATreeAtTheRawFilesEdgeEndsTheCaptureAndKeepsWhatWasDone) {
-  // Column 500 + 2000 (14 + 30) / 189.1 = 965 of 1000 in the first image, inside in none before.
-  // In the third image it is column 331.
-  std::swap(w.ImageBlock(0), w.ImageBlock(2));
-  std::swap(w.RotationTable(0), w.RotationTable(2));
-  Set_Solution({14, 4, 10.9});
+// A tree 20 m east of the third camera, 50 m of the second and 80 m of the first one: column 500 +
+// 2000 x 50 / 189.1 = 1028.8 of 1000 in the second image, 1346 in the first.
+constexpr Point3D kTreeOfTheThirdImage{50, 4, 10.9};
+
+TEST_F(MatchingSite, AnImageThatDoesNotShowTheTreeIsLeftOutAndTheOthersGoOn) {
   Capture();
-  ASSERT_EQ(screen.errors.size(), 1U);
-  EXPECT_NE(screen.errors[0].find("1000 x 1000"), std::string::npos);
-  EXPECT_TRUE(Has_Data("temp1.img"));
-  EXPECT_FALSE(Has_Data("temp2.img"));
-  EXPECT_NE(Data("imacoordstest.txt").find("2 0.0046536 0.0004231 EllipseCenter\n"),
-            std::string::npos);
+  Choose("Resize_templates");
+  ASSERT_TRUE(Has_Data("temp0.img"));
+  ASSERT_TRUE(Has_Data("test_1_11.img"));
+  screen.messages.clear();
+  Set_Solution(kTreeOfTheThirdImage);
+  Capture();
+  EXPECT_TRUE(screen.errors.empty());
+  ASSERT_EQ(screen.messages.size(), 2U);
+  for (int k = 0; k < 2; ++k) {
+    const std::string& told = screen.messages[static_cast<std::size_t>(k)];
+    const std::string number = std::to_string(k);
+    EXPECT_TRUE(told.starts_with("Image template n:o " + number + " is left out. ")) << told;
+    EXPECT_NE(told.find("image 10" + number), std::string::npos);
+    EXPECT_NE(told.find("1000 x 1000"), std::string::npos);
+    EXPECT_EQ(w.Form1.Check1(k).Value, 0);
+    for (const std::string& file :
+         {"temp" + number, "test_" + number + "_1", "test_" + number + "_11"}) {
+      EXPECT_FALSE(Has_Data(file + ".img")) << file;
+      EXPECT_FALSE(Has_Data(file + ".raw")) << file;
+    }
+  }
+  EXPECT_EQ(w.Form1.Check1(2).Value, 1);
+  EXPECT_TRUE(Has_Data("temp2.img"));
+  EXPECT_TRUE(Has_Data("test_2_1.img"));
+  EXPECT_EQ(w.Form1.Label10.Caption, "Elliptic templates captured and superimposed on images");
 }
 
-TEST_F(MatchingSite, ACaptureThatFailsLeavesNoTemplateOfTheTreeBefore) {
+TEST_F(MatchingSite, TheLogTellsAlsoOfAnImageThatIsLeftOut) {
+  Set_Solution(kTreeOfTheThirdImage);
   Capture();
-  ASSERT_GT(Data("temp2.raw").size(), 0U);
-  std::swap(w.ImageBlock(0), w.ImageBlock(2));
-  std::swap(w.RotationTable(0), w.RotationTable(2));
-  Set_Solution({14, 4, 10.9});  // in the third image at the raw file's edge, as above
+  const std::string log = Data("imacoordstest.txt");
+  // x = 0.02 (50 - X0) / 189.1.
+  EXPECT_NE(log.find("0 0.0084611 0.0004231 EllipseCenter\n"), std::string::npos) << log;
+  EXPECT_NE(log.find("2 0.0021153 0.0004231 EllipseCenter\n"), std::string::npos) << log;
+}
+
+TEST_F(MatchingSite, AnImageWithoutARawFileIsLeftOut) {
+  std::filesystem::remove(files.site.Folder().Path() / "c/data/im1.raw");
   Capture();
-  EXPECT_EQ(Data("temp2.raw").size(), 0U);
-  screen.errors.clear();
-  Choose("Resize_templates");
+  EXPECT_TRUE(screen.errors.empty());
+  EXPECT_EQ(w.Form1.Check1(1).Value, 0);
+  EXPECT_FALSE(Has_Data("temp1.raw"));
+  EXPECT_TRUE(Has_Data("temp2.raw"));
+}
+
+TEST_F(MatchingSite, AnEllipseWithoutWidthEndsTheCapture) {
+  w.Form1.Text5.Text = "0";
+  Capture();
   ASSERT_EQ(screen.errors.size(), 1U);
-  EXPECT_NE(screen.errors[0].find("temp2.raw"), std::string::npos);
+  EXPECT_NE(screen.errors[0].find("has no width"), std::string::npos);
 }
 
 TEST_F(MatchingSite, ColourImagesGiveTheirMiddleByteGreyOnesTheirByte) {
