@@ -50,21 +50,37 @@ void Dimension_Cells(RasterModel& model);
 /// Reads the cell file into Cells. A file that is too short leaves the rest zero.
 void Read_Cells(const FilePath& cell_file, RasterModel& model);
 
-/// Nearest cell: the column rounds to the nearest (ties to even), the row is
-/// -floor((OriginY - Y) / CellSize). 0 outside the model or without one. Constant time, no
-/// allocation, no file access, safe for any X, Y (NaN and infinity included) and any
-/// CellSize (0 included). The two axes differ on purpose.
-inline double Raster_Height(const RasterModel& model, double X, double Y) {
+/// A column or row that no model has.
+inline constexpr std::uint64_t kNoRasterLine = ~std::uint64_t{0};
+
+/// Column of the cells nearest to X (ties to even) and row -floor((OriginY - Y) / CellSize) of
+/// those at Y; the two axes differ on purpose. Outside the model the number is above that of its
+/// last column or row. Safe for any X, Y (NaN and infinity included) and any CellSize (0 included).
+inline std::uint64_t Raster_Column(const RasterModel& model, double X) {
   const double eastward = (X - model.OriginX) / model.CellSize;
-  const double southward = (model.OriginY - Y) / model.CellSize;
-  if (std::isunordered(eastward, southward)) return 0;
-  // What 64 bits cannot hold converts to a limit of theirs, which lies outside any model; as
+  if (std::isnan(eastward)) return kNoRasterLine;
+  // What 64 bits cannot hold converts to one of their limits, which lies outside any model; as
   // unsigned numbers all positions west and south of it do so, too.
-  const auto col = static_cast<std::uint64_t>(std::llrint(eastward));
-  const auto row = 0 - static_cast<std::uint64_t>(std::llrint(std::floor(southward)));
+  return static_cast<std::uint64_t>(std::llrint(eastward));
+}
+
+inline std::uint64_t Raster_Row(const RasterModel& model, double Y) {
+  const double southward = (model.OriginY - Y) / model.CellSize;
+  if (std::isnan(southward)) return kNoRasterLine;
+  return 0 - static_cast<std::uint64_t>(std::llrint(std::floor(southward)));
+}
+
+/// Height of a cell, 0 outside the model or without one.
+inline double Raster_Cell(const RasterModel& model, std::uint64_t col, std::uint64_t row) {
   const auto columns = static_cast<std::uint64_t>(model.columns);
   if (col >= columns || row >= static_cast<std::uint64_t>(model.rows)) return 0;
   return model.Cells[row * columns + col];
+}
+
+/// Height at a position, 0 outside the model or without one. Constant time, no allocation, no
+/// file access.
+inline double Raster_Height(const RasterModel& model, double X, double Y) {
+  return Raster_Cell(model, Raster_Column(model, X), Raster_Row(model, Y));
 }
 
 }  // namespace sylvomex
