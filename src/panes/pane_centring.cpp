@@ -17,11 +17,6 @@ namespace {
 constexpr double kFarthest = 32000;      // raw pixels that a centre may lie away, 16 bits
 constexpr double kScaleElevation = 160;  // metres, of the scale number printed on the panes
 
-struct RawCentre {
-  int raw_col = 0;
-  int raw_row = 0;
-};
-
 ViewWindow Fit_At_Present_Zoom(Workspace& w, int image, RawCentre centre) {
   PaneView& view = w.PaneViews(image);
   const ViewWindow window =
@@ -52,8 +47,6 @@ void Mark_Solution_And_Scale(Workspace& w, int image, double col, double row) {
   const PanePosition at = Full_Image_To_Pane(record, w.PaneViews(image), col, row);
   picture.DrawWidth = 3;
   Plot_Point(picture, at.px, at.py, kWhite);
-  picture.CurrentX += 20;
-  picture.CurrentY += 20;
   picture.font = {"Arial", 20, true};
   picture.ForeColor = kWhite;
   picture.CurrentX = 5;
@@ -61,6 +54,8 @@ void Mark_Solution_And_Scale(Workspace& w, int image, double col, double row) {
   const double scale = Scale_Number(record, kScaleElevation);
   Print_Text(picture, Plain_Text(record.ImageId) + "    1:" + Format(scale, "00000"));
 }
+
+}  // namespace
 
 void Center_One_On_Target(Workspace& w, int image) {
   double col = 0;
@@ -98,73 +93,6 @@ void Center_One_On_Raw_Position(Workspace& w, int image, RawCentre centre) {
   Load_Scratch_Bitmap(w, image);
   w.Form1.Picture1(image).DrawWidth = 1;
   w.screen->Service_Events();
-}
-
-constexpr const char* kStartError = "An error occurred in sub Error_in_center_to_sub_c_Click() ";
-
-// Runs the steps of a centring command; a failure ends in its message.
-template <class Steps>
-void Guarded(Workspace& w, const char* message, Steps&& steps) {
-  try {
-    steps();
-  } catch (const RunTimeError&) {
-    w.Form1.MousePointer = PointerShape::Normal;
-    w.screen->Message_Box(message);
-  }
-}
-
-std::int16_t Ask_Int16(Workspace& w, const char* prompt) {
-  return Parse_Int16(w.screen->Input_Box(prompt).value_or(""));
-}
-
-}  // namespace
-
-void Center_to_xyz_click(Workspace& w) {
-  Guarded(w, "An error occurred in sub Center_to_xyz_Click() ", [&w] {
-    for (int k = 0; k < w.ImageCount; ++k) w.ImageKinds(k) = 1;
-    w.CenterTarget = w.Solution3D;
-    w.Form1.MousePointer = PointerShape::Hourglass;
-    w.screen->Service_Events();
-    for (int k = 0; k < w.ImageCount; ++k) Center_One_On_Target(w, k);
-    w.Form1.MousePointer = PointerShape::Normal;
-    w.Form1.Label10.Caption = "Images centered to given XYZ";
-  });
-}
-
-void Center_to_pan_center_click(Workspace& w) {
-  Guarded(w, "An error occurred in sub Center_to_pan_center_Click() ", [&w] {
-    w.CenterTarget = w.PanCenter;
-    for (int k = 0; k < w.ImageCount; ++k) Center_One_On_Pan_Center(w, k);
-  });
-}
-
-void Center_To_Sub_c_click(Workspace& w) {
-  Guarded(w, kStartError, [&w] {
-    w.Form1.MousePointer = PointerShape::Hourglass;
-    for (int k = 0; k < w.ImageCount; ++k) {
-      const ImageRecord& record = w.ImageBlock(k);
-      Center_One_On_Raw_Position(w, k, {record.StartCol, record.StartRow});
-    }
-    w.Form1.MousePointer = PointerShape::Normal;
-  });
-}
-
-void Center_To_Q(Workspace& w) {
-  Guarded(w, kStartError, [&w] {
-    w.Form1.MousePointer = PointerShape::Hourglass;
-    const int raw_col = Ask_Int16(w, "Give Col");
-    const int raw_row = Ask_Int16(w, "Give Row");
-    for (int k = 0; k < w.ImageCount; ++k) Center_One_On_Raw_Position(w, k, {raw_col, raw_row});
-    w.Form1.MousePointer = PointerShape::Normal;
-  });
-}
-
-void Center_On_Solution_Or_Start(Workspace& w) {
-  if (w.SolutionValid) {
-    Center_to_xyz_click(w);
-  } else {
-    Center_To_Sub_c_click(w);
-  }
 }
 
 }  // namespace sylvomex

@@ -1,18 +1,25 @@
 // SPDX-License-Identifier: MIT
-// The commands that centre all panes on one point. Each shows its own message when it fails.
+// One pane brought round a centre at its present zoom. RunTimeError(Overflow) for a centre
+// column or row that leaves 16 bits.
 #pragma once
 
 #include "state/workspace.h"
 
 namespace sylvomex {
 
-void Center_to_xyz_click(Workspace& w);         // on Solution3D; drops correlation images
-void Center_to_pan_center_click(Workspace& w);  // on PanCenter
-void Center_To_Sub_c_click(Workspace& w);       // on each header's start position
-void Center_To_Q(Workspace& w);                 // on a queried raw-file column and row
+/// A raw-file position, row from the top.
+struct RawCentre {
+  int raw_col = 0;
+  int raw_row = 0;
+};
 
-/// What a window resize and a changed image set ask for: on the solution if there is one,
-/// else on the start positions.
-void Center_On_Solution_Or_Start(Workspace& w);
+/// On CenterTarget, which is dotted, under the image's number and scale. Services events.
+void Center_One_On_Target(Workspace& w, int image);
+
+/// On CenterTarget, which gets a green block. A grey pane keeps its old bitmap.
+void Center_One_On_Pan_Center(Workspace& w, int image);
+
+/// On a position in the raw file. Services events.
+void Center_One_On_Raw_Position(Workspace& w, int image, RawCentre centre);
 
 }  // namespace sylvomex

@@ -38,28 +38,4 @@ PixelPosition Pixel_Of_Pane(const Workspace& w, int image, double px, double py)
   return Pane_To_Full_Image(w.ImageBlock(image), w.PaneViews(image), px, py);
 }
 
-void Capture(Workspace& w) {
-  w.screen->Clear_Clipboard();
-  const Picture& second = w.Form1.Picture1(1);
-  if (second.bitmap == nullptr) {
-    throw RunTimeError(Failure::BadContent, "the second pane holds no picture to capture");
-  }
-  w.screen->Copy_To_Clipboard(*second.bitmap);
-}
-
-void Clear_ima(Workspace& w) {
-  for (int k = 0; k < w.ImageCount; ++k) Erase_Marks(w.Form1.Picture1(k));
-}
-
-void Clear_all(Workspace& w) {
-  for (int k = 0; k < w.ImageCount; ++k) {
-    w.Form1.Check1(k).Value = 0;
-    w.Form1.Text1(2 * k).Text.clear();
-    w.Form1.Text1(2 * k + 1).Text.clear();
-    w.Form1.Text12(k).Text.clear();
-    Erase_Marks(w.Form1.Picture1(k));
-  }
-  w.CurrentImage = -1;
-}
-
 }  // namespace sylvomex

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Drawing in object space on the panes, and the clearing of panes.
+// Drawing in object space on the panes.
 #pragma once
 
 #include "state/workspace.h"
@@ -21,10 +21,6 @@ PanePosition Overlay_Of_Point(const Workspace& w, int image, double X, double Y,
 
 /// Full-image position of a pane position. Correlation panes as above.
 PixelPosition Pixel_Of_Pane(const Workspace& w, int image, double px, double py);
-
-void Capture(Workspace& w);    // picture of the second pane to the clipboard
-void Clear_ima(Workspace& w);  // erases what was drawn
-void Clear_all(Workspace& w);  // that, the observations and the ticks
 
 inline constexpr Colour kWhite{255, 255, 255};
 inline constexpr Colour kRed{255, 0, 0};

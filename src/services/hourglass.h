@@ -20,13 +20,16 @@ class HourglassGuard {
 
   ~HourglassGuard() { pointer_ = afterwards_; }
 
+  /// Shows it again after a servicing, in which another command may have ended it.
+  void Show() { pointer_ = PointerShape::Hourglass; }
+
   HourglassGuard(const HourglassGuard&) = delete;
   HourglassGuard& operator=(const HourglassGuard&) = delete;
 
  private:
   explicit HourglassGuard(PointerShape& pointer, PointerShape afterwards = PointerShape::Normal)
       : pointer_(pointer), afterwards_(afterwards) {
-    pointer_ = PointerShape::Hourglass;
+    Show();
   }
 
   PointerShape& pointer_;

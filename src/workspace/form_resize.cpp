@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/form_resize.h"
 
-#include "panes/pane_centring.h"
+#include "commands/panes/centring.h"
 #include "panes/pane_layout.h"
 
 namespace sylvomex {

@@ -7,6 +7,7 @@
 #include "panes/pane_drawing.h"
 #include "platform/number_text.h"
 #include "services/solution.h"
+#include "services/status_line.h"
 #include "state/camera_access.h"
 #include "workspace/menu_modes.h"
 #include "workspace/menu_table.h"
@@ -66,8 +67,8 @@ void Move_Solution(Workspace& w, char letter) {
   }
   Show_Solution(w, kHundredths);
   Mark_Solution_On_Panes(w);
-  w.Form1.Label10.Caption =
-      std::string("Solution moved as ") + letter + " pressed by " + Plain_Text(step) + " meters";
+  Show_Status(w, std::string("Solution moved as ") + letter + " pressed by " + Plain_Text(step) +
+                     " meters");
 }
 
 }  // namespace

@@ -21,14 +21,16 @@
 #include "commands/overlays/field_plot.h"
 #include "commands/overlays/plot_point_set.h"
 #include "commands/overlays/vector_overlays.h"
+#include "commands/panes/capture.h"
+#include "commands/panes/centring.h"
+#include "commands/panes/clearing.h"
 #include "commands/solver/distance_window.h"
 #include "commands/solver/epipolar_and_sun.h"
 #include "commands/solver/observation_window.h"
 #include "commands/solver/point_intersection.h"
 #include "commands/solver/solution_control.h"
-#include "panes/pane_centring.h"
-#include "panes/pane_drawing.h"
 #include "panes/pane_zoom.h"
+#include "services/hourglass.h"
 #include "workspace/exit.h"
 #include "workspace/menu_modes.h"
 #include "workspace/menu_table.h"
@@ -47,9 +49,8 @@ void Zoom_To(Workspace& w) {
 
 // The one zoom that reads many rows shows the hourglass.
 void Zoom_To_Tenth(Workspace& w) {
-  w.Form1.MousePointer = PointerShape::Hourglass;
+  const HourglassGuard hourglass(w);
   Zoom_To<1, 10>(w);
-  w.Form1.MousePointer = PointerShape::Normal;
 }
 
 template <int Item>

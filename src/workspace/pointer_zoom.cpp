@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/pointer_zoom.h"
 
-#include "panes/pane_drawing.h"
 #include "panes/pane_zoom.h"
 #include "platform/number_text.h"
 #include "platform/rounding.h"
+#include "services/hourglass.h"
 #include "state/camera_access.h"
 
 namespace sylvomex {
@@ -16,10 +16,9 @@ constexpr double kAboveOne = 1.01;
 // Under the hourglass; afterwards the pane shows the given pointer.
 void Zoom_With_Hourglass(Workspace& w, int pane, double zoom_x, double zoom_y,
                          PointerShape afterwards) {
-  w.Form1.Picture1(pane).MousePointer = PointerShape::Hourglass;
+  const HourglassGuard hourglass(w.Form1.Picture1(pane), afterwards);
   w.screen->Service_Events();
   Set_Zoom(w, pane, zoom_x, zoom_y);
-  w.Form1.Picture1(pane).MousePointer = afterwards;
 }
 
 }  // namespace

@@ -7,6 +7,8 @@
 #include "heightmodels/tin_raster.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "services/hourglass.h"
+#include "services/progress.h"
 #include "state/camera_access.h"
 #include "state/tin_access.h"
 
@@ -47,16 +49,16 @@ void Write_Model(Workspace& w, const GridPlan& plan, const ZeroedArray<float>& c
                         " elevations");
 }
 
-// Fills a grid column by column and writes it. progress: the status text of a column; height:
-// of a cell whose ground is not below 1 m.
-template <class Progress, class Height>
-void Create_Model(Workspace& w, const GridPlan& plan, Progress&& progress, Height&& height) {
+// Fills a grid column by column. text: for the status line at a column; height: of a cell whose
+// ground is not below 1 m.
+template <class Text, class Height>
+ZeroedArray<float> Fill_Grid(Workspace& w, const GridPlan& plan, Text&& text, Height&& height) {
   ZeroedArray<float> cells(static_cast<std::size_t>(plan.columns) *
                            static_cast<std::size_t>(plan.rows));
-  w.Form1.MousePointer = PointerShape::Hourglass;
+  const HourglassGuard hourglass(w);
+  Progress progress(w);
   for (std::int32_t column = 0; column < plan.columns; ++column) {
-    w.Form1.Label10.Caption = progress(column);
-    w.screen->Service_Events();
+    progress.Report(text(column));
     const double X = plan.first_X + column * plan.cell_size;
     for (std::int32_t row = 0; row < plan.rows; ++row) {
       const double Y = plan.first_Y + row * plan.cell_size;
@@ -65,18 +67,20 @@ void Create_Model(Workspace& w, const GridPlan& plan, Progress&& progress, Heigh
           static_cast<float>(height(X, Y));
     }
   }
-  w.Form1.MousePointer = PointerShape::Normal;
-  Write_Model(w, plan, cells);
+  return cells;
 }
 
 // A load that is begun in the middle changes the triangles: they are taken from the block one
 // by one.
-void Rasterize_Model(Workspace& w, TinRaster& raster) {
+TinRaster Rasterize_Model(Workspace& w) {
+  const HourglassGuard hourglass(w);
+  TinRaster raster = Make_Tin_Raster(w.TinDem);
+  Progress progress(w);
   for (std::int32_t i = 0; i < w.TinDem.TriangleCount; ++i) {
     Rasterize_Triangle(w.TinDem.Triangles[static_cast<std::size_t>(i)], raster);
-    w.Form1.Label10.Caption = Plain_Text(i);
-    w.screen->Service_Events();
+    progress.Report(Plain_Text(i));
   }
+  return raster;
 }
 
 }  // namespace
@@ -84,33 +88,32 @@ void Rasterize_Model(Workspace& w, TinRaster& raster) {
 void Create_raster_CHM_from_TIN_CHM(Workspace& w) {
   if (!Is_Agreed(w)) return;
   const GridPlan plan{400, 300, 368000.5, 6671500.5, 1, "c:\\temp\\tin_chm"};
-  const auto progress = [&](std::int32_t column) {
+  const auto text = [&](std::int32_t column) {
     return Format(static_cast<double>(column) / plan.columns * 100, "0.0 ");
   };
-  Create_Model(w, plan, progress, [&w](double X, double Y) {
+  const auto height = [&w](double X, double Y) {
     std::int32_t hint = 0;
     return Get_Tin_Chm_Elevation(w, X, Y, hint);
-  });
+  };
+  Write_Model(w, plan, Fill_Grid(w, plan, text, height));
 }
 
 void Create_raster_DEM_from_TIN_DEM(Workspace& w) {
   if (!Is_Agreed(w)) return;
   const GridPlan plan{160, 140, 2516880.5, 6858340.5, 1, "c:\\temp\\tin_dem"};
-  const auto progress = [&](std::int32_t column) {
+  const auto text = [&](std::int32_t column) {
     return "Column " + Plain_Text(column) + " of " + Plain_Text(plan.columns);
   };
   TinTiles tiles(w.Drives);
-  Create_Model(w, plan, progress, [&](double X, double Y) {
+  const auto height = [&](double X, double Y) {
     std::int32_t hint = 0;
     return Get_Tin_Elevation_Tiled(w, X, Y, hint, tiles);
-  });
+  };
+  Write_Model(w, plan, Fill_Grid(w, plan, text, height));
 }
 
 void TIN2RASTER_Fast(Workspace& w) {
-  w.Form1.MousePointer = PointerShape::Hourglass;
-  TinRaster raster = Make_Tin_Raster(w.TinDem);
-  Rasterize_Model(w, raster);
-  w.Form1.MousePointer = PointerShape::Normal;
+  const TinRaster raster = Rasterize_Model(w);
   Write_Whole_File(w.Drives.Locate("c:\\temp\\test.raw"), raster.greys);
   Write_Whole_File(w.Drives.Locate("c:\\temp\\varrio.raw"), Bytes_Of(raster.heights));
   w.screen->Message_Box(std::to_string(raster.cells_written));

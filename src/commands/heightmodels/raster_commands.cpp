@@ -6,6 +6,8 @@
 #include "commands/heightmodels/height_display.h"
 #include "panes/pane_drawing.h"
 #include "platform/number_text.h"
+#include "services/hourglass.h"
+#include "services/status_line.h"
 #include "state/camera_access.h"
 
 namespace sylvomex {
@@ -21,21 +23,14 @@ FilePath Ask_Header(Workspace& w) {
   return w.Drives.Locate(*name);
 }
 
-void Begin_Reading(Workspace& w) {
-  w.Form1.MousePointer = PointerShape::Hourglass;
-  w.screen->Service_Events();
-}
-
 void End_Reading(Workspace& w, const char* status) {
-  w.Form1.Label10.Caption = status;
-  w.Form1.MousePointer = PointerShape::Normal;
+  Show_Status(w, status);
   w.screen->Service_Events();
 }
 
 void Report_Failed_Reading(Workspace& w, const char* status) {
   w.screen->Message_Box("An error occurred, resuming");
-  w.Form1.Label10.Caption = status;
-  w.Form1.MousePointer = PointerShape::Normal;
+  Show_Status(w, status);
 }
 
 // The answer must be a number and changes no height.
@@ -45,7 +40,8 @@ void Ask_Offset(Workspace& w) {
 }
 
 void Load_Dem(Workspace& w, const FilePath& header) {
-  Begin_Reading(w);
+  const HourglassGuard hourglass(w);
+  w.screen->Service_Events();
   Read_Raster_Header(header, w.RasterDem);
   Dimension_Cells(w.RasterDem);
   Ask_Offset(w);
@@ -53,8 +49,9 @@ void Load_Dem(Workspace& w, const FilePath& header) {
 }
 
 void Load_Chm(Workspace& w, const FilePath& header) {
-  w.Form1.Label10.Caption = header.name;
-  Begin_Reading(w);
+  Show_Status(w, header.name);
+  const HourglassGuard hourglass(w);
+  w.screen->Service_Events();
   Read_Raster_Header(header, w.RasterChm);
   Dimension_Cells(w.RasterChm);
   Read_Cells(w.Drives.Locate(w.RasterChm.CellFile.Padded()), w.RasterChm);

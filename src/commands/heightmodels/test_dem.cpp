@@ -11,6 +11,7 @@
 #include "panes/pane_drawing.h"
 #include "platform/number_text.h"
 #include "services/file_names.h"
+#include "services/hourglass.h"
 #include "state/camera_access.h"
 
 namespace sylvomex {
@@ -130,10 +131,9 @@ void Test_DEM(Workspace& w) {
     return;
   }
   const ColourMap colours = Read_Colour_Map(w.Drives.Locate(kColourMapFile));
-  w.Form1.MousePointer = PointerShape::Hourglass;
+  const HourglassGuard hourglass(w);
   w.screen->Service_Events();
   if (w.SolutionValid) Plot_Model(w, colours);
-  w.Form1.MousePointer = PointerShape::Normal;
 }
 
 }  // namespace sylvomex

@@ -8,6 +8,7 @@
 
 #include "commands/heightmodels/height_display.h"
 #include "panes/pane_drawing.h"
+#include "services/status_line.h"
 #include "state/camera_access.h"
 #include "state/tin_access.h"
 
@@ -37,7 +38,7 @@ void Load_Tin(Workspace& w, TinModel Workspace::*place, double lift) {
   Index_Tin(model, report);
   w.*place = std::move(model);
   if (!complete) return;
-  w.Form1.Label10.Caption = " TIN - DTM read succesfully";
+  Show_Status(w, " TIN - DTM read succesfully");
   w.TinDemLoaded = true;
 }
 

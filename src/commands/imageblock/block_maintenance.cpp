@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "commands/imageblock/block_maintenance.h"
 
-#include "panes/pane_centring.h"
+#include "commands/panes/centring.h"
 #include "panes/pane_layout.h"
 #include "platform/number_text.h"
+#include "services/status_line.h"
 #include "state/camera_access.h"
 
 namespace sylvomex {
@@ -57,15 +58,15 @@ void Remove_Image(Workspace& w, int image) {
     w.screen->Message_Box(
         "You've entered an image number outside acceptable range, remember, numbering starts "
         "from zero");
-    w.Form1.Label10.Caption = "Could not remove images with given input";
+    Show_Status(w, "Could not remove images with given input");
     return;
   }
   const bool is_last = image == w.ImageCount - 1;
   Take_Out_Image(w, image);
   Lay_Out_Those_Left(w);
   Center_On_Solution_Or_Start(w);
-  w.Form1.Label10.Caption = is_last ? "Removed the last image from the set succesfully"
-                                    : "Removed an image from the set succesfully";
+  Show_Status(w, is_last ? "Removed the last image from the set succesfully"
+                         : "Removed an image from the set succesfully");
 }
 
 }  // namespace
@@ -80,7 +81,7 @@ void Remove_All_Images(Workspace& w) {
   while (w.ImageCount > 0) Take_Out_Image(w, w.ImageCount - 1);
   Lay_Out_Those_Left(w);
   w.SolutionValid = false;
-  w.Form1.Label10.Caption = "Removed all images from the set succesfully";
+  Show_Status(w, "Removed all images from the set succesfully");
 }
 
 void Remove_an_image(Workspace& w) {
@@ -94,7 +95,7 @@ void Remove_an_image(Workspace& w) {
       Remove_Image(w, image);
     }
   } catch (const RunTimeError&) {
-    w.Form1.Label10.Caption = "An error occurred in removing images";
+    Show_Status(w, "An error occurred in removing images");
   }
 }
 

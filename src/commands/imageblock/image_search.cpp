@@ -4,7 +4,7 @@
 #include "commands/heightmodels/raster_commands.h"
 #include "commands/imageblock/block_maintenance.h"
 #include "commands/imageblock/image_set.h"
-#include "panes/pane_centring.h"
+#include "commands/panes/centring.h"
 #include "panes/pane_drawing.h"
 #include "platform/files.h"
 #include "platform/number_text.h"

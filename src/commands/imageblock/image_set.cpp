@@ -2,13 +2,15 @@
 #include "commands/imageblock/image_set.h"
 
 #include "commands/imageblock/block_maintenance.h"
+#include "commands/panes/centring.h"
 #include "imageblock/image_header.h"
 #include "imageblock/raw_rows.h"
-#include "panes/pane_centring.h"
 #include "panes/pane_layout.h"
 #include "panes/pane_rendering.h"
 #include "platform/list_reader.h"
 #include "platform/number_text.h"
+#include "services/hourglass.h"
+#include "services/status_line.h"
 #include "state/camera_access.h"
 
 namespace sylvomex {
@@ -59,8 +61,8 @@ void Read_Header(Workspace& w, int image, ListReader& header) {
 }
 
 void Show_Count_Read(Workspace& w, int count) {
-  w.Form1.Label10.Caption = Plain_Text(std::int32_t{count}) + "/" +
-                            Plain_Text(std::int32_t{w.ImageCount}) + " images read";
+  Show_Status(w, Plain_Text(std::int32_t{count}) + "/" + Plain_Text(std::int32_t{w.ImageCount}) +
+                     " images read");
 }
 
 // Once through text, so that 15 significant digits survive.
@@ -139,26 +141,24 @@ void Give_Start_View(Workspace& w, int image) {
 
 void Finish_Without_Solution(Workspace& w, const FollowedImage& image) {
   Show_Count_Read(w, image.Index() + 1);
-  w.Form1.MousePointer = PointerShape::Normal;
   w.screen->Service_Events();
   const int k = image.Index();
   Build_Rotation_Matrix(w, k);
   w.Form1.Picture1(k).Visible = true;
   w.Form1.Picture1(k).Enabled = true;
   Set_Default_Pan_Center(w);
-  w.Form1.MousePointer = PointerShape::Normal;
   w.ImageAddDone = true;
 }
 
-void Read_Next_Image(Workspace& w, ListReader& header, const FollowedImage& image) {
+void Read_Next_Image(Workspace& w, ListReader& header, const FollowedImage& image,
+                     HourglassGuard& hourglass) {
   ++w.ImageCount;
-  w.Form1.MousePointer = PointerShape::Hourglass;
   w.screen->Service_Events();
   Compute_Pane_Size(w);
   const int k = image.Index();
   Read_Header(w, k, header);
   if (Validate_Header(w, k)) Check_Raw_File(w, w.ImageBlock(k));
-  w.Form1.MousePointer = PointerShape::Hourglass;
+  hourglass.Show();
   Show_Count_Read(w, 0);
   w.screen->Service_Events();
 }
@@ -175,8 +175,9 @@ bool Take_In_Image(Workspace& w, const FilePath& header_file, const FollowedImag
     return false;
   }
   Addition addition(w, image);
+  HourglassGuard hourglass(w);
   try {
-    Read_Next_Image(w, header, image);
+    Read_Next_Image(w, header, image, hourglass);
   } catch (const RunTimeError&) {
     addition.Undo();
     throw;

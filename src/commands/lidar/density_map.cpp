@@ -10,6 +10,7 @@
 #include "lidar/counted_file.h"
 #include "lidar/echo_selection.h"
 #include "platform/files.h"
+#include "services/progress.h"
 
 namespace sylvomex {
 namespace {
@@ -95,14 +96,14 @@ void Make_Lidar_Intensity_Map(Workspace& w) {
   CampaignTiles tiles_2006(w, Campaign::Als2006);
   CampaignTiles tiles_2007(w, Campaign::Als2007);
   DensityMap map;
+  Progress progress(w);
   for (int col = 0; col < kTileCols; ++col) {
     for (int row = 0; row < kTileRows; ++row) {
       const double X = kFirstX + col * kTileSide;
       const double Y = kFirstY + row * kTileSide;
       const bool in_2006 = tiles_2006.Go_To(X, Y);
       const bool in_2007 = tiles_2007.Go_To(X, Y);
-      w.Form1.Label10.Caption = tiles_2006.Found_Name() + " " + tiles_2007.Found_Name();
-      w.screen->Service_Events();
+      progress.Report(tiles_2006.Found_Name() + " " + tiles_2007.Found_Name());
       if (!in_2006 && !in_2007) continue;
       map.Set(col, row, Density_Colour(colours, tiles_2006.Pulses() + tiles_2007.Pulses()));
     }

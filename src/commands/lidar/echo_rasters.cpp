@@ -16,6 +16,7 @@
 #include "lidar/tile_grid.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "services/progress.h"
 
 namespace sylvomex {
 namespace {
@@ -143,10 +144,10 @@ void Create_CHM_from_ALS(Workspace& w) {
   const Grid grid = Ask_Grid(w);
   HeightRasters rasters = Room_For(grid);
   ColumnTiles tiles(w.Drives);
+  Progress progress(w, w.Form1.Label2);
   for (int col = 1; col <= grid.columns; ++col) {
     Fill_Column(grid, col, tiles, rasters);
-    w.Form1.Label2.Caption = Plain_Text(col) + " rows";
-    w.screen->Service_Events();
+    progress.Report(Plain_Text(col) + " rows");
   }
   constexpr const char* kChm = "D:\\data\\laser\\CHM.bin";
   constexpr const char* kDem = "D:\\data\\laser\\DEM.bin";

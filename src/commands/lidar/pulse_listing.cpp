@@ -6,6 +6,7 @@
 #include "commands/lidar/lidar_inputs.h"
 #include "lidar/echo_listing.h"
 #include "platform/files.h"
+#include "services/progress.h"
 #include "state/camera_access.h"
 
 namespace sylvomex {
@@ -37,8 +38,7 @@ Listing List_Tile(Workspace& w, std::int32_t count, const FilePath& listing) {
 Listing List_Tile_At(Workspace& w, const std::string& name, const FilePath& listing) {
   const FilePath tile = w.Drives.Locate(name);
   if (!File_Exists(tile)) return Listing::GoesOn;
-  w.Form1.Label10.Caption = name;
-  w.screen->Service_Events();
+  Progress(w).Report(name);
   return List_Tile(w, Read_Pulse_Tile(tile, w.LidarPulses), listing);
 }
 

@@ -13,6 +13,7 @@
 #include "matching/patch_geometry.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "services/progress.h"
 #include "services/ticked_images.h"
 #include "state/box_numbers.h"
 
@@ -63,13 +64,12 @@ RawWindow Choose_Window(Workspace& w, int image, int side) {
 std::vector<double> Correlate(Workspace& w, int image, const RawWindow& window,
                               const std::vector<std::uint8_t>& patch) {
   const ImageTemplate pattern = Read_Template(w.Drives, image);
-  const double begun = w.screen->Clock();
+  Progress progress(w);
   std::vector<double> result(patch.size());
   MYFUNC_CORIMA(patch, window.Width(), window.Height(), pattern.pixels, pattern.width,
                 pattern.height, pattern.reference_col, pattern.reference_row, result);
-  w.Form1.Label10.Caption = Format(w.screen->Clock() - begun, "#.00") +
-                            " Seconds cross-corr for image: " + Index_Text(image);
-  w.screen->Service_Events();
+  progress.Report(Format(progress.Seconds(), "#.00") +
+                  " Seconds cross-corr for image: " + Index_Text(image));
   return result;
 }
 

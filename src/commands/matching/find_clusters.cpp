@@ -12,6 +12,8 @@
 #include "panes/pane_drawing.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "services/progress.h"
+#include "services/status_line.h"
 #include "solver/numeric_kernels.h"
 #include "state/box_numbers.h"
 #include "state/camera_access.h"
@@ -156,8 +158,8 @@ void List_Clusters(Workspace& w, std::string& nodes) {
 void Show_Counts(Workspace& w) {
   const std::string count = Plain_Text(w.Matching.ClusterCount);
   w.Form1.Label10.FontSize = 8;
-  w.Form1.Label10.Caption =
-      "Fd " + count + " cs, " + count + " in plot r=" + Format(w.Matching.PlotRadius, "#.0");
+  Show_Status(
+      w, "Fd " + count + " cs, " + count + " in plot r=" + Format(w.Matching.PlotRadius, "#.0"));
 }
 
 void Draw_Run_Name(Workspace& w) {
@@ -178,8 +180,7 @@ void Run_Search(Workspace& w, std::string& nodes) {
   Fill_Parameters(m);
   Create_Result_File(w);
   Search_Clusters(m);
-  w.Form1.Label10.Caption = "Found " + Plain_Text(m.ClusterCount) + " clusters";
-  w.screen->Service_Events();
+  Progress(w).Report("Found " + Plain_Text(m.ClusterCount) + " clusters");
   List_Clusters(w, nodes);
   Show_Counts(w);
   Draw_Run_Name(w);

@@ -15,6 +15,9 @@
 #include "platform/number_text.h"
 #include "platform/rounding.h"
 #include "services/file_names.h"
+#include "services/hourglass.h"
+#include "services/progress.h"
+#include "services/status_line.h"
 #include "services/ticked_images.h"
 #include "state/box_numbers.h"
 #include "state/camera_access.h"
@@ -109,6 +112,14 @@ void Sort_Points(MatchingState& m) {
   MYFUNC_INDEXX(m.PointScore, m.SortIndex);
 }
 
+void Lay_Mesh(Workspace& w, Progress& progress) {
+  const HourglassGuard hourglass(w);
+  progress.Report("Computing 3D-pointmesh...");
+  w.Matching.MeshPoints = Build_Mesh(
+      Mesh_Settings(w.Matching), [&w](double X, double Y) { return Get_Raster_Elevation(w, X, Y); },
+      [&w](double X, double Y) { return Get_Raster_Chm_Elevation(w, X, Y); });
+}
+
 }  // namespace
 
 void Create_XYZ_Point_Set(Workspace& w) {
@@ -120,17 +131,10 @@ void Create_XYZ_Point_Set(Workspace& w) {
   Measure_Model_Tree(w);
   m.MeshSide = To_Int32(m.PatchSize * kMeshPerPatch);
   Take_Mesh_Options(w);
-  w.Form1.MousePointer = PointerShape::Hourglass;
-  w.Form1.Label10.Caption = "Computing 3D-pointmesh...";
-  w.screen->Service_Events();
-  m.MeshPoints = Build_Mesh(
-      Mesh_Settings(m), [&w](double X, double Y) { return Get_Raster_Elevation(w, X, Y); },
-      [&w](double X, double Y) { return Get_Raster_Chm_Elevation(w, X, Y); });
-  w.Form1.Label10.Caption = "3D-Point mesh creation succesfully done";
-  w.Form1.MousePointer = PointerShape::Normal;
-  w.screen->Service_Events();
-  w.Form1.Label10.Caption =
-      "3D-pointmesh computed, meanheight: " + Format(m.ModelTreeHeight, "#.# m");
+  Progress progress(w);
+  Lay_Mesh(w, progress);
+  progress.Report("3D-Point mesh creation succesfully done");
+  Show_Status(w, "3D-pointmesh computed, meanheight: " + Format(m.ModelTreeHeight, "#.# m"));
 }
 
 void Compute_Back_Projections(Workspace& w) {
@@ -138,19 +142,19 @@ void Compute_Back_Projections(Workspace& w) {
   const std::vector<int> images = Ticked_Images(w);
   m.PointScore.assign(m.MeshPoints.size() + 1, 0);  // a failure leaves none of an earlier run
   Summarize_Images(w, images);
-  w.Form1.MousePointer = PointerShape::Hourglass;
-  w.screen->Service_Events();
+  const HourglassGuard hourglass(w);
+  Progress progress(w);
+  progress.Service();
   ImageCorrelation correlations;
   for (const int image : images) correlations.push_back(Back_Project(w, image));
   Read_Colour_Map(w.Drives.Locate(kColourMapFile));
   Score_Points(m, correlations);
   // Where the hot points would be drawn in the colours of the map, the events get their turn.
   for (std::size_t hot = Count_Hot_Points(m.PointScore); hot > 0; --hot) {
-    w.screen->Service_Events();
+    progress.Service();
   }
   Sort_Points(m);
-  w.Form1.MousePointer = PointerShape::Normal;
-  w.Form1.Label10.Caption = "3D-correlation computed and sorted, ready for tree top extraction";
+  Show_Status(w, "3D-correlation computed and sorted, ready for tree top extraction");
 }
 
 }  // namespace sylvomex

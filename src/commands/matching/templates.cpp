@@ -4,13 +4,14 @@
 #include <optional>
 
 #include "commands/matching/matching_inputs.h"
+#include "commands/panes/centring.h"
 #include "matching/template_cutting.h"
 #include "matching/template_ellipse.h"
 #include "matching/template_sizes.h"
-#include "panes/pane_centring.h"
 #include "panes/pane_drawing.h"
 #include "panes/pane_zoom.h"
 #include "platform/number_text.h"
+#include "services/status_line.h"
 #include "services/ticked_images.h"
 #include "state/box_numbers.h"
 #include "state/camera_access.h"
@@ -149,7 +150,7 @@ void Capture_templates(Workspace& w) {
       Cut_And_Write(w, k);
     }
   });
-  w.Form1.Label10.Caption = "Elliptic templates captured and superimposed on images";
+  Show_Status(w, "Elliptic templates captured and superimposed on images");
 }
 
 void Resize_templates(Workspace& w) {

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "panes/pane_drawing.h"
+#include "commands/panes/clearing.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
 

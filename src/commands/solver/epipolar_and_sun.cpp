@@ -7,6 +7,7 @@
 #include "panes/pane_drawing.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "services/status_line.h"
 #include "solver/ray_angles.h"
 #include "state/box_numbers.h"
 #include "state/camera_access.h"
@@ -60,8 +61,8 @@ std::string Angle_Line(const LightingAngles& angles) {
 
 void Draw_Epipolar_Line(Workspace& w) {
   if (w.CurrentImage == -1 || !w.SolutionValid) {
-    w.Form1.Label10.Caption =
-        "Cannot draw epipolar line, either solution is lacking or LastImageClicked = -1";
+    Show_Status(w,
+                "Cannot draw epipolar line, either solution is lacking or LastImageClicked = -1");
     return;
   }
   const int image = w.CurrentImage;

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "commands/overlays/plot_point_set.h"
-#include "panes/pane_drawing.h"
+#include "commands/panes/clearing.h"
 #include "platform/characters.h"
 #include "platform/files.h"
 #include "platform/number_text.h"

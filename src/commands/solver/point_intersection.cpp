@@ -10,6 +10,7 @@
 #include "platform/number_text.h"
 #include "platform/rounding.h"
 #include "services/solution.h"
+#include "services/status_line.h"
 #include "services/ticked_images.h"
 #include "solver/space_intersection.h"
 #include "state/box_numbers.h"
@@ -97,7 +98,7 @@ void Report_Singular(Workspace& w) {
   Show_Point(w, w.DefaultPanCenter, kPlainNumbers);
   w.screen->Message_Box("An error occurred in sub Calculate_Space_intersection_Click() ");
   w.Solution3D = {};
-  w.Form1.Label10.Caption = "Could not compute ray intersection";
+  Show_Status(w, "Could not compute ray intersection");
 }
 
 void Warn_Of_Rmse(Workspace& w, double rmse) {
@@ -115,9 +116,9 @@ void Show_Result(Workspace& w, const IntersectionResult& result) {
   w.Form1.Label10.ForeColor = kGoodResult;
   w.screen->Service_Events();
   Warn_Of_Rmse(w, result.rmse_um);
-  w.Form1.Label10.Caption = "RMSE: " + Format(result.rmse_um, "#.0") + " um" +
-                            " STDs: " + Format(result.std_x, "#.00 m") + ", " +
-                            Format(result.std_y, "#.00 m") + ", " + Format(result.std_z, "#.00 m");
+  Show_Status(w, "RMSE: " + Format(result.rmse_um, "#.0") + " um" +
+                     " STDs: " + Format(result.std_x, "#.00 m") + ", " +
+                     Format(result.std_y, "#.00 m") + ", " + Format(result.std_z, "#.00 m"));
 }
 
 void Record_Result(Workspace& w, const IntersectionResult& result) {
@@ -151,7 +152,7 @@ void Point_Intersection(Workspace& w) {
   Record_Images(w, images);
   if (images.size() < 2) {
     w.screen->Message_Box("At least two images are needed for stereo restitution!");
-    w.Form1.Label10.Caption = "Could not compute ray intersection for < 2 images";
+    Show_Status(w, "Could not compute ray intersection for < 2 images");
     return;
   }
   w.Observation.ImageCount = static_cast<std::uint8_t>(images.size());

@@ -3,8 +3,7 @@
 
 #include <string>
 
-#include "panes/pane_centring.h"
-#include "panes/pane_drawing.h"
+#include "commands/panes/centring.h"
 #include "platform/list_reader.h"
 #include "platform/number_text.h"
 #include "services/solution.h"

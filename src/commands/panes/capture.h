@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "state/workspace.h"
+
+namespace sylvomex {
+
+/// The picture of the second pane to the clipboard. RunTimeError(BadContent) while that pane holds
+/// none.
+void Capture(Workspace& w);
+
+}  // namespace sylvomex

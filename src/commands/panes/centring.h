@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+// The commands that centre all panes on one point. Each shows its own message when it fails.
+#pragma once
+
+#include "state/workspace.h"
+
+namespace sylvomex {
+
+void Center_to_xyz_click(Workspace& w);         // on Solution3D; drops correlation images
+void Center_to_pan_center_click(Workspace& w);  // on PanCenter
+void Center_To_Sub_c_click(Workspace& w);       // on each header's start position
+void Center_To_Q(Workspace& w);                 // on a queried raw-file column and row
+
+/// What a window resize and a changed image set ask for: on the solution if there is one,
+/// else on the start positions.
+void Center_On_Solution_Or_Start(Workspace& w);
+
+}  // namespace sylvomex
