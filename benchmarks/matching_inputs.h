@@ -10,7 +10,7 @@
 
 #include "bench_inputs.h"
 #include "closedlib/back_projection.h"
-#include "platform/huge_page_vector.h"
+#include "platform/huge_pages.h"
 #include "platform/zeroed_array.h"
 
 namespace sylvomex::bench {

@@ -11,7 +11,7 @@
 #include "demo/scene/ground.h"
 #include "demo/scene/site_settings.h"
 #include "demo/scene/tree_grid.h"
-#include "solver/numeric_kernels.h"
+#include "solver/vector3.h"
 
 namespace sylvomex::demo {
 

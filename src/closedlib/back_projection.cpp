@@ -5,9 +5,9 @@
 #include <cmath>
 #include <string>
 
+#include "closedlib/argument_room.h"
 #include "closedlib/parallel_tasks.h"
 #include "closedlib/projection_rows.h"
-#include "platform/run_time_error.h"
 
 namespace sylvomex {
 namespace {
@@ -16,15 +16,7 @@ constexpr std::size_t kBlockPoints = 64;    // whose entries are called to the c
 constexpr std::size_t kTaskPoints = 16384;  // a multiple of kBlockPoints
 constexpr std::size_t kMostFactors = 9;     // of a geometric mean: one an image
 
-void Refuse(const std::string& about) {
-  throw RunTimeError(Failure::SubscriptOutOfRange, "back-projection: " + about);
-}
-
-void Require_Room(const std::string& what, std::size_t given, std::size_t needed) {
-  if (given >= needed) return;
-  Refuse(std::to_string(needed) + " " + what + " are needed, " + std::to_string(given) +
-         " are given");
-}
+constexpr const char* kRoutine = "back-projection";
 
 /// Rotation about X by omega, then about Y by phi, then about Z by kappa, by rows.
 std::array<double, 9> Rotation(double omega, double phi, double kappa) {
@@ -98,12 +90,14 @@ void MYFUNC_COMPUTEBKPROJ(int image, const std::array<double, 6>& affine,
                           const std::array<double, 7>& exterior, const std::array<double, 4>& patch,
                           std::span<float> scores, std::span<const MeshPoint> mesh,
                           std::span<const double> volume, int threads) {
-  if (image < 0 || image >= kVolumeImages) Refuse("image " + std::to_string(image));
+  if (image < 0 || image >= kVolumeImages)
+    Refuse_Argument(kRoutine, "image " + std::to_string(image));
   if (patch[3] != kVolumeSide) {
-    Refuse("a volume of " + std::to_string(patch[3]) + " columns instead of 1201");
+    Refuse_Argument(kRoutine,
+                    "a volume of " + std::to_string(patch[3]) + " columns instead of 1201");
   }
-  Require_Room("scores", scores.size(), mesh.size());
-  Require_Room("entries of the volume", volume.size(),
+  Require_Room(kRoutine, "scores", scores.size(), mesh.size());
+  Require_Room(kRoutine, "entries of the volume", volume.size(),
                std::size_t{kVolumeImages} * kVolumeSide * kVolumeSide);
   const PatchProjection projection = Make_Projection(affine, exterior, patch);
   const double* slice = volume.data() + image;
@@ -115,9 +109,10 @@ void MYFUNC_COMPUTEBKPROJ(int image, const std::array<double, 6>& affine,
 void Geometric_Mean_Scores(std::span<const std::span<const float>> values, std::span<float> scores,
                            int threads) {
   if (values.empty() || values.size() > kMostFactors) {
-    Refuse("the mean of " + std::to_string(values.size()) + " images, 1 to 9 are possible");
+    Refuse_Argument(
+        kRoutine, "the mean of " + std::to_string(values.size()) + " images, 1 to 9 are possible");
   }
-  for (const auto& image : values) Require_Room("values", image.size(), scores.size());
+  for (const auto& image : values) Require_Room(kRoutine, "values", image.size(), scores.size());
   if (values.size() == 1) {
     std::transform(scores.begin(), scores.end(), values[0].begin(), scores.begin(),
                    [](float, float v) { return static_cast<float>(1 + static_cast<double>(v)); });

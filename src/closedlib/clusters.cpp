@@ -6,8 +6,8 @@
 #include <cmath>
 #include <string>
 
+#include "closedlib/argument_room.h"
 #include "closedlib/cluster_grid.h"
-#include "platform/run_time_error.h"
 
 namespace sylvomex {
 namespace {
@@ -15,15 +15,7 @@ namespace {
 constexpr std::int32_t kFarAhead = 24;  // points whose records are prefetched
 constexpr std::int32_t kNextAhead = 6;  // points whose cell is prefetched
 
-void Refuse(const std::string& about) {
-  throw RunTimeError(Failure::SubscriptOutOfRange, "clusters: " + about);
-}
-
-void Require_Room(const std::string& what, std::size_t given, std::size_t needed) {
-  if (given >= needed) return;
-  Refuse(std::to_string(needed) + " " + what + " are needed, " + std::to_string(given) +
-         " are given");
-}
+constexpr const char* kRoutine = "clusters";
 
 /// The sorted points, walked from the last entry down.
 class SortedPoints {
@@ -36,8 +28,8 @@ class SortedPoints {
   [[nodiscard]] std::size_t Entry(std::int32_t place) const {
     const std::int32_t entry = index_[static_cast<std::size_t>(place)];
     if (!Has(entry)) {
-      Refuse("the index names point " + std::to_string(entry) + " of " +
-             std::to_string(mesh_.size()));
+      Refuse_Argument(kRoutine, "the index names point " + std::to_string(entry) + " of " +
+                                    std::to_string(mesh_.size()));
     }
     return static_cast<std::size_t>(entry);
   }
@@ -127,12 +119,12 @@ int MYFUNC_FINDCLUSTERS(std::int32_t count, double distance, double score_limit,
                         std::span<MeshPoint> sums, std::span<std::int32_t> members) {
   if (count <= 0) return 0;
   const std::size_t entries = static_cast<std::size_t>(count) + 1;
-  Require_Room("entries of the index", index.size(), entries);
-  Require_Room("scores", scores.size(), entries);
-  Require_Room("mesh points", mesh.size(), entries - 1);
-  Require_Room("weights", weights.size(), kMostClusters + 1);
-  Require_Room("sums", sums.size(), kMostClusters + 1);
-  Require_Room("member counts", members.size(), kMostClusters + 1);
+  Require_Room(kRoutine, "entries of the index", index.size(), entries);
+  Require_Room(kRoutine, "scores", scores.size(), entries);
+  Require_Room(kRoutine, "mesh points", mesh.size(), entries - 1);
+  Require_Room(kRoutine, "weights", weights.size(), kMostClusters + 1);
+  Require_Room(kRoutine, "sums", sums.size(), kMostClusters + 1);
+  Require_Room(kRoutine, "member counts", members.size(), kMostClusters + 1);
   const SortedPoints points(index, scores, mesh);
   const ClusterTables tables = {weights, sums, members};
   ClusterGrid grid(distance);

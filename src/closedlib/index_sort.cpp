@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "closedlib/parallel_tasks.h"
-#include "closedlib/scratch_pages.h"
+#include "platform/huge_pages.h"
 #include "platform/run_time_error.h"
 
 namespace sylvomex {

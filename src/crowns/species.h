@@ -3,7 +3,8 @@
 #pragma once
 
 #include "crowns/crown_profile.h"
-#include "solver/numeric_kernels.h"
+#include "platform/report.h"
+#include "solver/safe_sqrt.h"
 
 namespace sylvomex {
 

@@ -15,7 +15,7 @@
 #include <vector>
 
 #include "heightmodels/tin_record.h"
-#include "platform/huge_page_vector.h"
+#include "platform/huge_pages.h"
 
 namespace sylvomex {
 

@@ -9,6 +9,7 @@
 #include "platform/list_reader.h"
 #include "platform/number_text.h"
 #include "platform/run_time_error.h"
+#include "solver/heapsort.h"
 #include "solver/small_matrix.h"
 
 namespace sylvomex {

@@ -10,7 +10,7 @@
 #include "heightmodels/tin_faces.h"
 #include "heightmodels/tin_record.h"
 #include "platform/drive_map.h"
-#include "solver/numeric_kernels.h"
+#include "platform/report.h"
 
 namespace sylvomex {
 

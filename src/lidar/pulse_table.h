@@ -9,9 +9,9 @@
 #include <memory>
 #include <span>
 
-#include "closedlib/scratch_pages.h"
 #include "lidar/pulse_record.h"
 #include "platform/drive_map.h"
+#include "platform/huge_pages.h"
 
 namespace sylvomex {
 

@@ -7,8 +7,9 @@
 #include <string>
 
 #include "matching/raw_window.h"
+#include "platform/report.h"
 #include "solver/camera_model.h"
-#include "solver/numeric_kernels.h"
+#include "solver/safe_sqrt.h"
 #include "solver/space_intersection.h"
 
 namespace sylvomex {

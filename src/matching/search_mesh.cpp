@@ -4,6 +4,7 @@
 #include <cmath>
 #include <string>
 
+#include "closedlib/counted_loop.h"
 #include "platform/number_text.h"
 #include "platform/run_time_error.h"
 
@@ -20,8 +21,7 @@ struct MeshColumn {
 
 // Whole number of steps start, start + step, ... up to end; 0 when end lies below start.
 double Count_Steps(double start, double end, double step) {
-  if (!(end >= start)) return 0;
-  return std::floor((end - start) / step + 1e-6) + 1;
+  return end >= start ? Loop_Steps(start, end, step) : 0;
 }
 
 void Require_Spacing(double spacing) {

@@ -6,7 +6,7 @@
 #include <functional>
 
 #include "closedlib/back_projection.h"
-#include "platform/huge_page_vector.h"
+#include "platform/huge_pages.h"
 
 namespace sylvomex {
 

@@ -5,10 +5,10 @@
 
 #include <cstdint>
 
+#include "platform/huge_pages.h"
+
 namespace sylvomex {
 namespace {
-
-constexpr std::size_t kHugePage = std::size_t{1} << 21;
 
 void* Map(std::size_t bytes) {
   void* const pages =
@@ -35,8 +35,7 @@ void* Map_Zeroed_Pages(std::size_t bytes) {
   const std::size_t whole = (bytes + kPage - 1) / kPage * kPage;
   if (whole < kHugePage) return Map(whole);
   void* const pages = Map_At_Boundary(whole);
-  // Advice only: a system without huge pages goes on with small ones.
-  madvise(pages, whole, MADV_HUGEPAGE);
+  Prefer_Huge_Pages(pages, whole);
   return pages;
 }
 

@@ -8,8 +8,8 @@
 #pragma once
 
 #include "solver/camera_model.h"
-#include "solver/numeric_kernels.h"
 #include "solver/space_intersection.h"
+#include "solver/vector3.h"
 
 namespace sylvomex {
 

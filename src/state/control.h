@@ -6,12 +6,9 @@
 #include <cstdint>
 #include <string>
 
-namespace sylvomex {
+#include "platform/colour.h"
 
-struct Colour {
-  std::uint8_t r = 0, g = 0, b = 0;
-  bool operator==(const Colour&) const = default;
-};
+namespace sylvomex {
 
 enum class PointerShape : std::uint8_t { Normal, Hourglass, Custom };
 

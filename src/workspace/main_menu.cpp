@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The rows of the main window's menus, in menu order.
+#include "commands/heightmodels/height_plot.h"
 #include "commands/heightmodels/model_conversion.h"
 #include "commands/heightmodels/raster_commands.h"
-#include "commands/heightmodels/test_dem.h"
 #include "commands/heightmodels/tin_commands.h"
 #include "commands/heightmodels/tin_points.h"
 #include "commands/imageblock/block_maintenance.h"

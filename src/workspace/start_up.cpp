@@ -2,7 +2,7 @@
 #include "workspace/start_up.h"
 
 #include "workspace/form_resize.h"
-#include "workspace/locale_test.h"
+#include "workspace/number_separators.h"
 
 namespace sylvomex {
 namespace {

@@ -9,7 +9,7 @@
 #include "session/script_screen.h"
 #include "support/session_run.h"
 #include "support/small_site.h"
-#include "workspace/locale_test.h"
+#include "workspace/number_separators.h"
 
 namespace sylvomex {
 namespace {

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
-#include "commands/crowns/raw_band.h"
 #include "matching/image_template.h"
+#include "matching/raw_band.h"
 #include "matching/template_sizes.h"
 #include "panes/pane_drawing.h"
 #include "platform/rounding.h"

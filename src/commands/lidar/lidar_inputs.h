@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "commands/overlays/colour_map.h"
 #include "lidar/tile_grid.h"
+#include "overlays/colour_map.h"
 #include "state/workspace.h"
 
 namespace sylvomex {

@@ -11,6 +11,7 @@
 #include "panes/pane_drawing.h"
 #include "panes/pane_zoom.h"
 #include "platform/number_text.h"
+#include "services/kept_file.h"
 #include "services/status_line.h"
 #include "services/ticked_images.h"
 #include "state/box_numbers.h"

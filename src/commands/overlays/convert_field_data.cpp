@@ -8,6 +8,7 @@
 #include "overlays/stem_volume.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "services/kept_file.h"
 #include "state/camera_access.h"
 
 namespace sylvomex {
@@ -63,13 +64,8 @@ void ConvertFieldDataToBinary(Workspace& w) {
   const FilePath binary_file = Ask_Tree_Data_File(w);
   PlotTextReader plot{ListReader(text_file)};
   FieldTreeFile out(count, plot.Header());
-  try {
-    Convert_Trees(w, plot, text_file, out);
-  } catch (const RunTimeError&) {
-    Write_Whole_File(binary_file, out.Bytes());
-    throw;
-  }
-  Write_Whole_File(binary_file, out.Bytes());
+  Write_However_It_Ends([&] { Convert_Trees(w, plot, text_file, out); },
+                        [&] { Write_Whole_File(binary_file, out.Bytes()); });
   w.screen->Message_Box(Plain_Text(count) + " trees");
 }
 

@@ -10,6 +10,7 @@
 #include "panes/pane_drawing.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "services/kept_file.h"
 #include "state/camera_access.h"
 
 namespace sylvomex {
@@ -93,13 +94,8 @@ void Draw_Trees(Workspace& w, PlotTextReader& plot, GroundDifference& difference
 void Draw_And_List_Trees(Workspace& w, const FilePath& file, GroundDifference& difference) {
   PlotTextReader plot{ListReader(file)};
   std::string listing;
-  try {
-    Draw_Trees(w, plot, difference, listing);
-  } catch (const RunTimeError&) {
-    Write_Listing(w, listing);
-    throw;
-  }
-  Write_Listing(w, listing);
+  Write_However_It_Ends([&] { Draw_Trees(w, plot, difference, listing); },
+                        [&] { Write_Listing(w, listing); });
 }
 
 }  // namespace

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <string>
 
-#include "commands/overlays/colour_map.h"
-#include "commands/overlays/observation_points.h"
+#include "overlays/colour_map.h"
+#include "overlays/observation_points.h"
 #include "panes/pane_drawing.h"
 #include "platform/files.h"
 #include "platform/number_text.h"

@@ -3,9 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "commands/crowns/raw_band.h"
 #include "commands/solver/point_intersection.h"
-#include "matching/image_template.h"
 #include "support/synthetic_block.h"
 
 namespace sylvomex {
@@ -173,29 +171,6 @@ TEST(MultiSizeCheck, IsTheLastActOfAnIntersection) {
   Point_Intersection(b.w);
   ASSERT_EQ(b.Marks(1).size(), 10U);
   EXPECT_EQ(b.Marks(1)[9].colour, (Colour{255, 255, 0}));
-}
-
-TEST(TemplateSearch, FindsTheTemplateWithinFourPixels) {
-  TexturedImage b;
-  const RawBand band = Read_Band(b.folder.File("c/data/image.raw"), 200, 120, 140);
-  b.Write_Template(1, 104, 196);
-  const ImageTemplate pattern = Read_Size_Template(b.folder.Drives(), 0, 1);
-  // Windows start at the reference pixel's place less column 2 and row 1.
-  EXPECT_NEAR(Best_Correlation_Around(band, 100 - 2, 200 - 120 - 1, 4, pattern), 1, 1e-12);
-  EXPECT_LT(Best_Correlation_Around(band, 99 - 2, 200 - 120 - 1, 4, pattern), 0.999);
-  EXPECT_LT(Best_Correlation_Around(band, 100 - 2, 201 - 120 - 1, 4, pattern), 0.999);
-}
-
-TEST(TemplateSearch, TheMiddleByteOfEachPixelCounts) {
-  TexturedImage b;
-  const RawBand band = Read_Band(b.folder.File("c/data/image.raw"), 200, 120, 140);
-  ImageTemplate pattern;
-  pattern.width = 2;
-  pattern.height = 2;
-  std::vector<std::uint8_t> window;
-  Cut_Window(band, 7, 3, pattern, window);
-  EXPECT_EQ(window, (std::vector<std::uint8_t>{Texture(7, 123), Texture(8, 123), Texture(7, 124),
-                                               Texture(8, 124)}));
 }
 
 }  // namespace

@@ -3,8 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "commands/overlays/colour_map.h"
-#include "commands/overlays/observation_points.h"
+#include "overlays/observation_points.h"
 #include "support/synthetic_block.h"
 
 namespace sylvomex {
@@ -121,39 +120,6 @@ TEST(PlotPointSet, MissingFilesEndTheCommand) {
   EXPECT_EQ(b.Failure_Of_Plot(), "File not found: c:\\data\\points.txt");
   std::filesystem::remove(b.folder.Path() / "c/data/JetColorMAP.csv");
   EXPECT_EQ(b.Failure_Of_Plot(), "File not found: C:\\data\\JetColorMAP.csv");
-}
-
-TEST(ColourMap, SixtyFourRowsFillTheTable) {
-  SyntheticBlock b;
-  const ColourMap map = Read_Colour_Map(b.folder.Write("c/map.csv", Rows_Of_Colours(64)));
-  EXPECT_EQ(map(1), (Colour{1, 0, 200}));
-  EXPECT_EQ(map(64), (Colour{64, 0, 200}));
-}
-
-TEST(ColourMap, SixtyFiveRowsAreASubscriptError) {
-  SyntheticBlock b;
-  const FilePath file = b.folder.Write("c/map.csv", Rows_Of_Colours(65));
-  try {
-    Read_Colour_Map(file);
-    FAIL();
-  } catch (const RunTimeError& error) {
-    EXPECT_EQ(error.Kind(), Failure::SubscriptOutOfRange);
-    EXPECT_NE(std::string(error.what()).find("line 65"), std::string::npos);
-  }
-}
-
-TEST(ColourMap, FewerRowsLeaveTheRestZero) {
-  SyntheticBlock b;
-  const ColourMap map = Read_Colour_Map(b.folder.Write("c/map.csv", Rows_Of_Colours(2)));
-  EXPECT_EQ(map(2), (Colour{2, 0, 200}));
-  EXPECT_EQ(map(3), Colour{});
-  EXPECT_EQ(map(64), Colour{});
-}
-
-TEST(ColourMap, AValueThatIsNoByteIsNamed) {
-  SyntheticBlock b;
-  EXPECT_THROW(Read_Colour_Map(b.folder.Write("c/map.csv", "1,2,256\n")), RunTimeError);
-  EXPECT_THROW(Read_Colour_Map(b.folder.Write("c/map.csv", "1,2\n")), RunTimeError);
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "commands/heightmodels/test_dem.h"
+#include "commands/heightmodels/height_plot.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "commands/overlays/colour_map.h"
+#include "overlays/colour_map.h"
 #include "panes/pane_drawing.h"
 #include "platform/number_text.h"
 #include "services/file_names.h"

@@ -2,9 +2,9 @@
 // The colour map file: one colour a row (red, green, blue bytes), rows counted from 1.
 #pragma once
 
+#include "platform/colour.h"
 #include "platform/drive_map.h"
 #include "platform/table.h"
-#include "state/control.h"
 
 namespace sylvomex {
 

@@ -1,13 +1,22 @@
 // SPDX-License-Identifier: MIT
+#include "overlays/colour_map.h"
+
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <string>
 
-#include "commands/overlays/colour_map.h"
 #include "platform/run_time_error.h"
+#include "support/temporary_folder.h"
 
 namespace sylvomex {
 namespace {
+
+std::string Rows_Of_Colours(int count) {
+  std::string rows;
+  for (int i = 1; i <= count; ++i) rows += std::to_string(i) + ",0,200\n";
+  return rows;
+}
 
 TEST(ColourRow, TheEndsOfTheScaleAreRows1And63) {
   EXPECT_EQ(Colour_Row(30, 30, 120), 1);       // index 0, raised to 4
@@ -39,6 +48,39 @@ TEST(ColourRow, TheTwoSubtractionsTakePartInTheRounding) {
 TEST(ColourRow, NaNIsAnOverflow) {
   EXPECT_THROW(Colour_Row(std::numeric_limits<double>::quiet_NaN(), 0, 1), RunTimeError);
   EXPECT_THROW(Colour_Row(1, 1, 1), RunTimeError);
+}
+
+TEST(ColourMap, SixtyFourRowsFillTheTable) {
+  TemporaryFolder folder;
+  const ColourMap map = Read_Colour_Map(folder.Write("c/map.csv", Rows_Of_Colours(64)));
+  EXPECT_EQ(map(1), (Colour{1, 0, 200}));
+  EXPECT_EQ(map(64), (Colour{64, 0, 200}));
+}
+
+TEST(ColourMap, SixtyFiveRowsAreASubscriptError) {
+  TemporaryFolder folder;
+  const FilePath file = folder.Write("c/map.csv", Rows_Of_Colours(65));
+  try {
+    Read_Colour_Map(file);
+    FAIL();
+  } catch (const RunTimeError& error) {
+    EXPECT_EQ(error.Kind(), Failure::SubscriptOutOfRange);
+    EXPECT_NE(std::string(error.what()).find("line 65"), std::string::npos);
+  }
+}
+
+TEST(ColourMap, FewerRowsLeaveTheRestZero) {
+  TemporaryFolder folder;
+  const ColourMap map = Read_Colour_Map(folder.Write("c/map.csv", Rows_Of_Colours(2)));
+  EXPECT_EQ(map(2), (Colour{2, 0, 200}));
+  EXPECT_EQ(map(3), Colour{});
+  EXPECT_EQ(map(64), Colour{});
+}
+
+TEST(ColourMap, AValueThatIsNoByteIsNamed) {
+  TemporaryFolder folder;
+  EXPECT_THROW(Read_Colour_Map(folder.Write("c/map.csv", "1,2,256\n")), RunTimeError);
+  EXPECT_THROW(Read_Colour_Map(folder.Write("c/map.csv", "1,2\n")), RunTimeError);
 }
 
 }  // namespace

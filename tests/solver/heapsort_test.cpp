@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "solver/numeric_kernels.h"
+#include "solver/heapsort.h"
 
 #include <gtest/gtest.h>
 
@@ -95,80 +95,6 @@ TEST(Heapsort, ArraysThatAreTooShortAreReportedWithTheLeftEnd) {
     Heapsort(n, values, index, told.Sink());
     EXPECT_EQ(told.sentences, std::vector<std::string>{sentence});
   }
-}
-
-TEST(SafeSqrt, RootOfFourIsTwo) {
-  Told told;
-  EXPECT_DOUBLE_EQ(Safe_Sqrt(4, told.Sink()), 2);
-  EXPECT_TRUE(told.sentences.empty());
-}
-
-TEST(SafeSqrt, RootOfZeroIsZeroWithoutAMessage) {
-  Told told;
-  EXPECT_EQ(Safe_Sqrt(0, told.Sink()), 0);
-  EXPECT_TRUE(told.sentences.empty());
-}
-
-TEST(SafeSqrt, NegativeArgumentIsReportedAndAnswersASmallNumber) {
-  Told told;
-  EXPECT_EQ(Safe_Sqrt(-1, told.Sink()), 0.0001);
-  EXPECT_EQ(told.sentences, std::vector<std::string>{"Square root of negative argument!"});
-}
-
-TEST(SafeSqrt, NaNCountsAsNegative) {
-  Told told;
-  EXPECT_EQ(Safe_Sqrt(std::nan(""), told.Sink()), 0.0001);
-  EXPECT_EQ(told.sentences.size(), 1U);
-}
-
-TEST(VectorLength, OfTwoThreeSixIsSeven) { EXPECT_DOUBLE_EQ(Vector_Length({2, -3, 6}), 7); }
-
-TEST(AngleBetweenVectors, HandWorkedAngles) {
-  EXPECT_DOUBLE_EQ(Angle_Between_Vectors({1, 0, 0}, {0, 5, 0}), std::numbers::pi / 2);
-  EXPECT_DOUBLE_EQ(Angle_Between_Vectors({1, 0, 0}, {-2, 0, 0}), std::numbers::pi);
-  EXPECT_DOUBLE_EQ(Angle_Between_Vectors({1, 1, 0}, {0, 3, 3}), std::numbers::pi / 3);
-}
-
-TEST(AngleBetweenVectors, ParallelVectorsNeverGiveNaN) {
-  std::mt19937 random(5);
-  std::uniform_real_distribution<double> uniform(-1, 1);
-  for (int trial = 0; trial < 1000; ++trial) {
-    const Vector3 v = {uniform(random), uniform(random), uniform(random)};
-    const Vector3 same = {v.x * 3, v.y * 3, v.z * 3};
-    EXPECT_NEAR(Angle_Between_Vectors(v, same), 0, 1e-7);
-  }
-}
-
-TEST(AngleBetweenVectors, ZeroVectorIsADivisionByZero) {
-  EXPECT_TRUE(Failure_Of([] {
-                Angle_Between_Vectors({0, 0, 0}, {1, 0, 0});
-              }).starts_with("Division by zero: "));
-}
-
-TEST(NormalizeVector, ZeroVectorIsADivisionByZeroAndStays) {
-  Vector3 v;
-  EXPECT_TRUE(Failure_Of([&] { Normalize_Vector(v); }).starts_with("Division by zero: "));
-  EXPECT_EQ(v.x, 0);
-}
-
-TEST(VectorLength, OutOfRangeIsAnOverflow) {
-  EXPECT_TRUE(Failure_Of([] { Vector_Length({1e200, 0, 0}); }).starts_with("Overflow: "));
-}
-
-TEST(NormalizeVector, KeepsTheDirectionAtLengthOne) {
-  Vector3 v;
-  Make_Vector(v, 2, -3, 6);
-  Normalize_Vector(v);
-  EXPECT_DOUBLE_EQ(v.x, 2.0 / 7);
-  EXPECT_DOUBLE_EQ(v.y, -3.0 / 7);
-  EXPECT_DOUBLE_EQ(v.z, 6.0 / 7);
-}
-
-TEST(RandomId8, CutsTheNumberToEightDigitsWithLeadingZeros) {
-  EXPECT_EQ(Random_Id8(0), "00000000");
-  EXPECT_EQ(Random_Id8(0.5), "50000000");
-  EXPECT_EQ(Random_Id8(0.000012349), "00001234");
-  EXPECT_EQ(Random_Id8(1 - 0x1p-53), "99999999");
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "commands/overlays/colour_map.h"
+#include "overlays/colour_map.h"
 
 #include "platform/list_reader.h"
 #include "platform/rounding.h"

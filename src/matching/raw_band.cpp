@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "commands/crowns/raw_band.h"
+#include "matching/raw_band.h"
 
 #include <algorithm>
 #include <string>

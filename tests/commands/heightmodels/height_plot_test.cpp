@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "commands/heightmodels/test_dem.h"
+#include "commands/heightmodels/height_plot.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "workspace/locale_test.h"
+#include "workspace/number_separators.h"
 
 #include <algorithm>
 

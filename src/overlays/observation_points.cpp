@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "commands/overlays/observation_points.h"
+#include "overlays/observation_points.h"
 
 #include <algorithm>
 #include <array>

@@ -1,22 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "solver/numeric_kernels.h"
+#include "solver/heapsort.h"
 
 #include <algorithm>
-#include <cmath>
+#include <string>
 
-#include "platform/checked_arithmetic.h"
-#include "platform/number_text.h"
 #include "platform/rounding.h"
 #include "platform/table.h"
 
 namespace sylvomex {
 namespace {
-
-constexpr const char* kNoDirection = "a vector of length 0 has no direction";
-
-void Tell(const Report& report, std::string_view sentence) {
-  if (report) report(sentence);
-}
 
 /// Entries 1 to n of the caller's arrays; the positions are held in 64 bits, so that
 /// doubling one cannot overflow.
@@ -80,38 +72,8 @@ void Heapsort(std::int32_t n, std::span<const float> values, std::span<std::int3
     IndexedValues heap(n, values, index);
     Sort_Index(n, heap, l);
   } catch (const RunTimeError&) {
-    Tell(report, "Error in Heapsort, l is " + std::to_string(l));
+    if (report) report("Error in Heapsort, l is " + std::to_string(l));
   }
 }
-
-double Safe_Sqrt(double a, const Report& report) {
-  if (!(a >= 0)) {
-    Tell(report, "Square root of negative argument!");
-    return 0.0001;
-  }
-  return std::sqrt(a);
-}
-
-double Vector_Length(const Vector3& v) {
-  return Finite_Result(std::sqrt(v.x * v.x + v.y * v.y + v.z * v.z), "the length of a vector", v.x,
-                       v.y, v.z);
-}
-
-double Angle_Between_Vectors(const Vector3& a, const Vector3& b) {
-  const double dot = a.x * b.x + a.y * b.y + a.z * b.z;
-  const double cosine = Quotient(dot, Vector_Length(a) * Vector_Length(b), kNoDirection);
-  // Rounding may carry the cosine of parallel vectors past 1.
-  return std::acos(std::clamp(cosine, -1.0, 1.0));
-}
-
-void Normalize_Vector(Vector3& v) {
-  const double length = Vector_Length(v);
-  v = {Quotient(v.x, length, kNoDirection), Quotient(v.y, length, kNoDirection),
-       Quotient(v.z, length, kNoDirection)};
-}
-
-void Make_Vector(Vector3& v, double x, double y, double z) { v = {x, y, z}; }
-
-std::string Random_Id8(double uniform) { return Format(std::floor(uniform * 1e8), "00000000"); }
 
 }  // namespace sylvomex

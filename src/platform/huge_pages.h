@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+// Memory of large tables on huge pages where the machine grants them: scattered lookups then
+// find their pages at once, and the first touch of many small pages is spared.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <new>
+#include <vector>
+
+namespace sylvomex {
+
+inline constexpr std::size_t kHugePage = std::size_t{1} << 21;  // bytes
+
+/// Advice only: a system without huge pages goes on with small ones.
+void Prefer_Huge_Pages(void* memory, std::size_t bytes);
+
+/// An allocator. Small arrays get memory as usual.
+template <class T>
+struct HugePages {
+  using value_type = T;
+
+  HugePages() = default;
+  template <class Other>
+  explicit HugePages(const HugePages<Other>&) {}
+
+  T* allocate(std::size_t count) {
+    const std::size_t bytes = count * sizeof(T);
+    void* memory = ::operator new(bytes, Alignment(bytes));
+    if (bytes >= kHugePage) Prefer_Huge_Pages(memory, bytes);
+    return static_cast<T*>(memory);
+  }
+  void deallocate(T* memory, std::size_t count) {
+    ::operator delete(memory, Alignment(count * sizeof(T)));
+  }
+  bool operator==(const HugePages&) const = default;
+
+ private:
+  static std::align_val_t Alignment(std::size_t bytes) {
+    return std::align_val_t{bytes >= kHugePage ? kHugePage : std::max(alignof(T), std::size_t{64})};
+  }
+};
+
+template <class T>
+using HugePageVector = std::vector<T, HugePages<T>>;
+
+/// A scratch array of some megabytes in whole huge pages. Values are not set.
+template <class T>
+class ScratchPages {
+ public:
+  explicit ScratchPages(std::size_t count)
+      : bytes_((count * sizeof(T) + kHugePage - 1) / kHugePage * kHugePage),
+        memory_(HugePages<std::byte>().allocate(bytes_)) {}
+  ~ScratchPages() { HugePages<std::byte>().deallocate(memory_, bytes_); }
+  ScratchPages(const ScratchPages&) = delete;
+  ScratchPages& operator=(const ScratchPages&) = delete;
+
+  [[nodiscard]] T* Data() { return reinterpret_cast<T*>(memory_); }
+
+ private:
+  std::size_t bytes_;
+  std::byte* memory_;
+};
+
+}  // namespace sylvomex

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+namespace sylvomex {
+
+/// Receives one sentence for a message box when an algorithm meets invalid input.
+using Report = std::function<void(std::string_view)>;
+
+}  // namespace sylvomex
