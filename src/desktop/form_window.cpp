@@ -132,6 +132,8 @@ void FormWindow::Add_Control(const std::string& name, const Divider& record) {
 
 void FormWindow::Add_Control(const std::string& name, const Picture& record) {
   auto* pane = new PictureWidget(events_, name_, name, record, client_);
+  const std::string control = Parse_Control_Name(name)->name;
+  pane->Tell_Double_Clicks(Has_Handler(control, Happening::DblClick));
   Add(name, record, pane, [pane] { pane->Mirror(); });
 }
 
@@ -300,6 +302,18 @@ void FormWindow::Send_Move(const QWidget& over, const QMouseEvent& move) {
   events_.Dispatch_Move(event);
 }
 
+void FormWindow::Send_Click(const QMouseEvent& press) {
+  if (press.button() != Qt::LeftButton && press.button() != Qt::RightButton) return;
+  OperatorEvent event;
+  event.kind = OperatorEvent::Kind::Click;
+  event.form = name_;
+  event.button = press.button() == Qt::LeftButton ? kLeftButton : kRightButton;
+  event.shift = Shift_Mask(press.modifiers());
+  event.x = press.position().x();
+  event.y = press.position().y();
+  events_.Dispatch(event);
+}
+
 bool FormWindow::Send_Key(const QKeyEvent& key) {
   OperatorEvent event;
   event.kind = OperatorEvent::Kind::Key;
@@ -319,6 +333,10 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == first && Send_Key(*static_cast<QKeyEvent*>(event))) return true;
   }
   if (watched == client_ && event->type() == QEvent::Resize) Send_Size();
+  if (watched == client_ && event->type() == QEvent::MouseButtonPress &&
+      Has_Handler(kWindowItself, Happening::MouseDown)) {
+    Send_Click(*static_cast<QMouseEvent*>(event));
+  }
   if (event->type() == QEvent::MouseMove && Tells_Moves(watched)) {
     const auto& move = *static_cast<QMouseEvent*>(event);
     Send_Move(*static_cast<QWidget*>(watched), move);

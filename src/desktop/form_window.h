@@ -74,6 +74,7 @@ class FormWindow : public QMainWindow {
   void Mirror_Pointer();
   void Send(OperatorEvent::Kind kind, const std::string& control, std::string text = {});
   void Send_Size();
+  void Send_Click(const QMouseEvent& press);  // on the bare window
   void Send_Move(const QWidget& over, const QMouseEvent& move);
   bool Send_Key(const QKeyEvent& key);  // true for the key of a menu item
   [[nodiscard]] std::string Name_Of(const QWidget* widget) const;

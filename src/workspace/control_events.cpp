@@ -6,12 +6,13 @@ namespace {
 
 constexpr int kEnterKey = 13;
 
-[[noreturn]] void Refuse(const std::string& form, const ControlName& control, const char* why) {
-  throw UnknownName(form + "." + Control_Name_Text(control.name, control.index) + " " + why);
+[[noreturn]] void Refuse(const WindowRow& window, const ControlName& control, const char* why) {
+  throw UnknownName(window.name + ("." + Control_Name_Text(control.name, control.index)) + " " +
+                    why);
 }
 
-void Note_Focus(Workspace& w, const std::string& form, const ControlName& control) {
-  Find_Form(w, form)->ActiveControl = Control_Name_Text(control.name, control.index);
+void Note_Focus(Workspace& w, const WindowRow& window, const ControlName& control) {
+  window.record(w).ActiveControl = Control_Name_Text(control.name, control.index);
 }
 
 ControlEvent Event_Of(const ControlName& control) {
@@ -20,17 +21,17 @@ ControlEvent Event_Of(const ControlName& control) {
   return event;
 }
 
-EventOutcome Set_Check_Box(Workspace& w, const std::string& form, const ControlName& control,
+EventOutcome Set_Check_Box(Workspace& w, const WindowRow& window, const ControlName& control,
                            CheckBox& box, const std::string& text) {
-  if (text != "0" && text != "1") Refuse(form, control, "is a check box, which takes 0 or 1");
+  if (text != "0" && text != "1") Refuse(window, control, "is a check box, which takes 0 or 1");
   const int value = text == "1" ? 1 : 0;
   if (box.Value == value) return EventOutcome::Done;
   box.Value = value;
-  return Tell_Control(w, *Find_Window(form), control.name, Happening::Click, Event_Of(control));
+  return Tell_Control(w, window, control.name, Happening::Click, Event_Of(control));
 }
 
 EventOutcome Press_Enter(Workspace& w, const WindowRow& window, const ControlName& box) {
-  Note_Focus(w, window.name, box);
+  Note_Focus(w, window, box);
   ControlEvent event = Event_Of(box);
   event.key_code = kEnterKey;
   const EventOutcome outcome = Tell_Control(w, window, box.name, Happening::KeyDown, event);
@@ -51,24 +52,27 @@ EventOutcome Tell_Control(Workspace& w, const WindowRow& window, const std::stri
   return Run_Handler(w, Handler_Name(*handler), [&] { handler->run(w, event); });
 }
 
-EventOutcome Set_Control(Workspace& w, const std::string& form, const ControlName& control,
+AnyControl Control_Of(Workspace& w, const WindowRow& window, const ControlName& control) {
+  return Find_Control(window.record(w), *window.design, control.name, control.index);
+}
+
+EventOutcome Set_Control(Workspace& w, const WindowRow& window, const ControlName& control,
                          const std::string& text) {
-  const AnyControl found = Find_Control(w, form, control);
+  const AnyControl found = Control_Of(w, window, control);
   if (TextBox* const* box = std::get_if<TextBox*>(&found)) {
     (*box)->Text = text;
-    Note_Focus(w, form, control);
+    Note_Focus(w, window, control);
     return EventOutcome::Done;
   }
   if (CheckBox* const* box = std::get_if<CheckBox*>(&found)) {
-    return Set_Check_Box(w, form, control, **box, text);
+    return Set_Check_Box(w, window, control, **box, text);
   }
-  Refuse(form, control, "is no text box and no check box");
+  Refuse(window, control, "is no text box and no check box");
 }
 
-EventOutcome Press_Control(Workspace& w, const std::string& form, const ControlName& control) {
-  const AnyControl found = Find_Control(w, form, control);
-  if (!Takes_Enter(found)) Refuse(form, control, "is no button and no text box");
-  const WindowRow& window = *Find_Window(form);
+EventOutcome Press_Control(Workspace& w, const WindowRow& window, const ControlName& control) {
+  const AnyControl found = Control_Of(w, window, control);
+  if (!Takes_Enter(found)) Refuse(window, control, "is no button and no text box");
   if (std::holds_alternative<TextBox*>(found)) return Press_Enter(w, window, control);
   return Tell_Control(w, window, control.name, Happening::Click, Event_Of(control));
 }
@@ -77,9 +81,8 @@ EventOutcome Key_In_Control(Workspace& w, const WindowRow& window, const std::st
                             const ControlEvent& key) {
   const auto control = Parse_Control_Name(focus);
   if (focus.empty() || !control) return EventOutcome::Done;
-  const bool is_pressed =
-      key.key_code == kEnterKey && Takes_Enter(Find_Control(w, window.name, *control));
-  if (is_pressed) return Press_Control(w, window.name, *control);
+  const bool is_pressed = key.key_code == kEnterKey && Takes_Enter(Control_Of(w, window, *control));
+  if (is_pressed) return Press_Control(w, window, *control);
   ControlEvent event = key;
   event.index = control->index;
   return Tell_Control(w, window, control->name, Happening::KeyDown, event);

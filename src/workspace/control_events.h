@@ -13,13 +13,16 @@ namespace sylvomex {
 EventOutcome Tell_Control(Workspace& w, const WindowRow& window, const std::string& control,
                           Happening happening, const ControlEvent& event);
 
+/// The control of a window, monostate when it has none of that name.
+AnyControl Control_Of(Workspace& w, const WindowRow& window, const ControlName& control);
+
 /// Types into a text box, or sets a check box ("0" or "1") with the click event that a change
 /// fires. UnknownName for anything else.
-EventOutcome Set_Control(Workspace& w, const std::string& form, const ControlName& control,
+EventOutcome Set_Control(Workspace& w, const WindowRow& window, const ControlName& control,
                          const std::string& text);
 
 /// Presses a button, or Enter in a text box. UnknownName for anything else.
-EventOutcome Press_Control(Workspace& w, const std::string& form, const ControlName& control);
+EventOutcome Press_Control(Workspace& w, const WindowRow& window, const ControlName& control);
 
 /// A key reaches the control that has the focus ("Text3(0)", or empty); Enter presses it.
 EventOutcome Key_In_Control(Workspace& w, const WindowRow& window, const std::string& focus,

@@ -53,8 +53,8 @@ const WindowRow& Require_Window(const std::string& form) {
   return *window;
 }
 
-const MenuRow& Require_Row(const OperatorEvent& event) {
-  const MenuRow* row = Find_Menu_Row(event.form, event.control);
+const MenuRow& Require_Row(const WindowRow& window, const OperatorEvent& event) {
+  const MenuRow* row = Find_Menu_Row(window.menu, event.control);
   if (row == nullptr) {
     throw UnknownName("there is no menu item " + event.form + "." + event.control);
   }
@@ -75,8 +75,9 @@ ControlName Require_Name(const OperatorEvent& event) {
   return *name;
 }
 
-void Require_Shown_Picture(Workspace& w, const OperatorEvent& event, const ControlName& name) {
-  const AnyControl control = Find_Control(w, event.form, name);
+void Require_Shown_Picture(Workspace& w, const WindowRow& window, const OperatorEvent& event,
+                           const ControlName& name) {
+  const AnyControl control = Control_Of(w, window, name);
   Picture* const* picture = std::get_if<Picture*>(&control);
   if (picture == nullptr) {
     throw UnknownName("there is no picture " + event.form + "." + event.control);
@@ -89,45 +90,42 @@ ControlEvent Pointer_At(const OperatorEvent& event, int index) {
 }
 
 /// What the pointer is on: a picture that is shown, or the window itself.
-ControlName Pointer_Target(Workspace& w, const OperatorEvent& event) {
+ControlName Pointer_Target(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
   if (event.control.empty()) return {kWindowItself, kNoIndex};
   const ControlName name = Require_Name(event);
-  Require_Shown_Picture(w, event, name);
+  Require_Shown_Picture(w, window, event, name);
   return name;
 }
 
 EventOutcome Worse(EventOutcome a, EventOutcome b) { return a == EventOutcome::Done ? b : a; }
 
-EventOutcome Click(Workspace& w, const OperatorEvent& event) {
-  const WindowRow& window = Require_Window(event.form);
-  const ControlName name = Pointer_Target(w, event);
+EventOutcome Click(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
+  const ControlName name = Pointer_Target(w, window, event);
   return Tell_Control(w, window, name.name, Happening::MouseDown, Pointer_At(event, name.index));
 }
 
-EventOutcome Double_Click(Workspace& w, const OperatorEvent& event) {
-  const WindowRow& window = Require_Window(event.form);
-  const ControlName name = Pointer_Target(w, event);
+EventOutcome Double_Click(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
+  const ControlName name = Pointer_Target(w, window, event);
   if (Find_Handler(window, name.name, Happening::DblClick) != nullptr) {
     return Tell_Control(w, window, name.name, Happening::DblClick, Pointer_At(event, name.index));
   }
-  const EventOutcome first = Click(w, event);
-  return Worse(first, Click(w, event));
+  const EventOutcome first = Click(w, window, event);
+  return Worse(first, Click(w, window, event));
 }
 
-ControlName Move_Target(Workspace& w, const OperatorEvent& event) {
+ControlName Move_Target(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
   if (event.control.empty()) return {kWindowItself, kNoIndex};
   const ControlName name = Require_Name(event);
-  const AnyControl control = Find_Control(w, event.form, name);
+  const AnyControl control = Control_Of(w, window, name);
   if (std::holds_alternative<std::monostate>(control)) {
     throw UnknownName("there is no control " + event.form + "." + event.control);
   }
-  if (std::holds_alternative<Picture*>(control)) Require_Shown_Picture(w, event, name);
+  if (std::holds_alternative<Picture*>(control)) Require_Shown_Picture(w, window, event, name);
   return name;
 }
 
-EventOutcome Move(Workspace& w, const OperatorEvent& event) {
-  const ControlName name = Move_Target(w, event);
-  const WindowRow& window = Require_Window(event.form);
+EventOutcome Move(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
+  const ControlName name = Move_Target(w, window, event);
   return Tell_Control(w, window, name.name, Happening::MouseMove, Pointer_At(event, name.index));
 }
 
@@ -136,8 +134,7 @@ bool Is_Key_Of(const MenuRow& row, const OperatorEvent& event) {
 }
 
 // The window sees the key first, then the menu's accelerators, then the control in focus.
-EventOutcome Key(Workspace& w, const OperatorEvent& event) {
-  const WindowRow& window = Require_Window(event.form);
+EventOutcome Key(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
   ControlEvent key;
   key.key_code = event.key_code;
   key.shift = event.shift;
@@ -154,18 +151,16 @@ EventOutcome Key(Workspace& w, const OperatorEvent& event) {
                Key_In_Control(w, window, event.control.empty() ? active : event.control, key));
 }
 
-EventOutcome Resize(Workspace& w, const OperatorEvent& event) {
-  const WindowRow& window = Require_Window(event.form);
+EventOutcome Resize(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
   Form& form = window.record(w);
   form.ClientWidth = event.x;
   form.ClientHeight = event.y;
   return Tell_Control(w, window, kWindowItself, Happening::Resize, {});
 }
 
-EventOutcome Close(Workspace& w, const OperatorEvent& event) {
-  const WindowRow& window = Require_Window(event.form);
+EventOutcome Close(Workspace& w, const WindowRow& window) {
   const OperatorEvent closing = Close_Event(window);
-  if (closing.kind != OperatorEvent::Kind::Close) return Handle_Event(w, closing);
+  if (closing.kind != OperatorEvent::Kind::Close) return Handle_Event(w, window, closing);
   window.record(w).Visible = false;
   Set_Focus(w.Form1, "");
   return EventOutcome::Done;
@@ -191,34 +186,38 @@ OperatorEvent Close_Event(const WindowRow& window) {
   OperatorEvent event;
   event.form = window.name;
   event.control = window.closing;
-  const bool is_menu_item = Find_Menu_Row(window.name, window.closing) != nullptr;
+  const bool is_menu_item = Find_Menu_Row(window.menu, window.closing) != nullptr;
   event.kind = event.control.empty() ? Kind::Close : is_menu_item ? Kind::Menu : Kind::Press;
   return event;
 }
 
 EventOutcome Handle_Event(Workspace& w, const OperatorEvent& event) {
+  return Handle_Event(w, Require_Window(event.form), event);
+}
+
+EventOutcome Handle_Event(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
   using Kind = OperatorEvent::Kind;
   switch (event.kind) {
     case Kind::Menu:
-      return Choose_Row(w, Require_Row(event));
+      return Choose_Row(w, Require_Row(window, event));
     case Kind::Command:
-      return Run_Row(w, Require_Row(event));
+      return Run_Row(w, Require_Row(window, event));
     case Kind::Set:
-      return Set_Control(w, event.form, Require_Name(event), event.text);
+      return Set_Control(w, window, Require_Name(event), event.text);
     case Kind::Press:
-      return Press_Control(w, event.form, Require_Name(event));
+      return Press_Control(w, window, Require_Name(event));
     case Kind::Click:
-      return Click(w, event);
+      return Click(w, window, event);
     case Kind::DoubleClick:
-      return Double_Click(w, event);
+      return Double_Click(w, window, event);
     case Kind::Move:
-      return Move(w, event);
+      return Move(w, window, event);
     case Kind::Key:
-      return Key(w, event);
+      return Key(w, window, event);
     case Kind::Resize:
-      return Resize(w, event);
+      return Resize(w, window, event);
     case Kind::Close:
-      return Close(w, event);
+      return Close(w, window);
   }
   return EventOutcome::Done;
 }

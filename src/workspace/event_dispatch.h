@@ -21,6 +21,9 @@ enum class EventOutcome {
 /// UnknownName only.
 EventOutcome Handle_Event(Workspace& w, const OperatorEvent& event);
 
+/// The same for an event of a window that is at hand.
+EventOutcome Handle_Event(Workspace& w, const WindowRow& window, const OperatorEvent& event);
+
 /// Runs a handler with the failure report that every event has, under the handler's name.
 EventOutcome Run_Handler(Workspace& w, const std::string& name,
                          const std::function<void()>& handler);

@@ -12,13 +12,16 @@ constexpr int kF12 = 123;
 
 }  // namespace
 
-const MenuRow* Find_Menu_Row(std::string_view form, std::string_view name) {
-  const WindowRow* window = Find_Window(form);
-  if (window == nullptr) return nullptr;
-  for (const MenuRow& row : window->menu) {
+const MenuRow* Find_Menu_Row(std::span<const MenuRow> rows, std::string_view name) {
+  for (const MenuRow& row : rows) {
     if (name == row.name) return &row;
   }
   return nullptr;
+}
+
+const MenuRow* Find_Menu_Row(std::string_view form, std::string_view name) {
+  const WindowRow* window = Find_Window(form);
+  return window == nullptr ? nullptr : Find_Menu_Row(window->menu, name);
 }
 
 std::string Key_Text(const MenuRow& row) {
@@ -38,7 +41,7 @@ void Run_Menu_Row(Workspace& w, const MenuRow& row) {
 }
 
 void Run_Menu_Command(Workspace& w, std::string_view name) {
-  const MenuRow* row = Find_Menu_Row("Form1", name);
+  const MenuRow* row = Find_Menu_Row(Main_Menu(), name);
   if (row == nullptr) {
     throw RunTimeError(Failure::BadContent, "there is no menu item " + std::string(name));
   }

@@ -32,6 +32,9 @@ struct MenuRow {
 /// The 127 rows of the main window, in menu order.
 std::span<const MenuRow> Main_Menu();
 
+/// The row of that name, null when there is none.
+const MenuRow* Find_Menu_Row(std::span<const MenuRow> rows, std::string_view name);
+
 /// The row of that name in the menu of a window ("Form3"), null when there is none.
 const MenuRow* Find_Menu_Row(std::string_view form, std::string_view name);
 
