@@ -4,29 +4,18 @@
 #include <QCloseEvent>
 #include <QMouseEvent>
 #include <cmath>
+#include <concepts>
 #include <utility>
 
 #include "desktop/key_codes.h"
 #include "desktop/qt_text.h"
+#include "workspace/control_lookup.h"
+#include "workspace/event_dispatch.h"
 
 namespace sylvomex {
 namespace {
 
-constexpr QSize kSmallestMainWindow(640, 480);
 constexpr QLatin1StringView kClientName("client");
-
-/// What the title bar's close button stands for.
-OperatorEvent Close_Event(const std::string& form) {
-  OperatorEvent event;
-  event.form = form;
-  event.kind = form == "Form4" ? OperatorEvent::Kind::Press : OperatorEvent::Kind::Menu;
-  event.control = form == "Form1"   ? "Exit"
-                  : form == "Form2" ? "close_window"
-                  : form == "Form3" ? "C_and_c"
-                  : form == "Form4" ? "OK_Button"
-                                    : "Close_No_Save";
-  return event;
-}
 
 /// Moves over the bare window and over tick boxes are told; a pane tells its own.
 bool Tells_Moves(const QObject* watched) {
@@ -41,22 +30,24 @@ bool Carries_Text(const QWidget& widget) {
          qobject_cast<const QCheckBox*>(&widget) != nullptr;
 }
 
-QSize Client_Size(const Form& form) {
-  return {static_cast<int>(std::lround(form.ClientWidth)),
-          static_cast<int>(std::lround(form.ClientHeight))};
+QSize Whole_Pixels(double width, double height) {
+  return {static_cast<int>(std::lround(width)), static_cast<int>(std::lround(height))};
 }
+
+QSize Client_Size(const Form& form) { return Whole_Pixels(form.ClientWidth, form.ClientHeight); }
 
 }  // namespace
 
-FormWindow::FormWindow(OperatorEvents& events, Workspace& w, std::string name, Form& form,
+FormWindow::FormWindow(OperatorEvents& events, Workspace& w, const WindowRow& window,
                        QWidget* owner)
-    : QMainWindow(owner, Qt::Window),
+    : QMainWindow(owner, owner == nullptr ? Qt::Window : Qt::Dialog),
       events_(events),
       w_(w),
-      name_(std::move(name)),
-      form_(form),
+      window_(window),
+      name_(window.name),
+      form_(window.record(w)),
       client_(new QWidget(this)),
-      menus_(events, name_, name_ == "Form1" ? Main_Menu() : Window_Menu(name_), *menuBar()) {
+      menus_(events, name_, window.menu, *menuBar()) {
   setObjectName(QString::fromStdString(name_));
   setFont(Control_Font());
   menuBar()->setFont(Control_Font());
@@ -70,10 +61,24 @@ FormWindow::FormWindow(OperatorEvents& events, Workspace& w, std::string name, F
   client_->setFocus();
   installEventFilter(this);
   client_->installEventFilter(this);
+  Visit_Controls(form_, window_.design->controls,
+                 [this](const ControlRow& row, int index, AnyControl any) {
+                   Add_Control(Control_Name_Text(row.name, index), any);
+                 });
 }
 
-std::string FormWindow::Indexed_Name(const char* control, int index) {
-  return index < 0 ? control : control + ("(" + std::to_string(index) + ")");
+void FormWindow::Add_Control(const std::string& name, AnyControl any) {
+  std::visit(
+      [&](auto control) {
+        if constexpr (!std::same_as<decltype(control), std::monostate>) {
+          Add_Control(name, *control);
+        }
+      },
+      any);
+}
+
+bool FormWindow::Has_Handler(const std::string& control, Happening happening) const {
+  return Find_Handler(window_, control, happening) != nullptr;
 }
 
 void FormWindow::Add(const std::string& name, const Control& record, QWidget* widget,
@@ -127,6 +132,8 @@ void FormWindow::Add_Control(const std::string& name, const Divider& record) {
 
 void FormWindow::Add_Control(const std::string& name, const Picture& record) {
   auto* pane = new PictureWidget(events_, name_, name, record, client_);
+  const std::string control = Parse_Control_Name(name)->name;
+  pane->Tell_Double_Clicks(Has_Handler(control, Happening::DblClick));
   Add(name, record, pane, [pane] { pane->Mirror(); });
 }
 
@@ -188,8 +195,9 @@ void FormWindow::Mirror_Size() {
   if (operator_sizes_) return;
   sizing_ = true;
   const QSize whole = wanted + QSize(0, Menu_Height());
-  if (name_ == "Form1") {
-    setMinimumSize(kSmallestMainWindow.boundedTo(whole));
+  if (Has_Handler(kWindowItself, Happening::Resize)) {
+    setMinimumSize(Whole_Pixels(window_.design->smallest_width, window_.design->smallest_height)
+                       .boundedTo(whole));
     resize(whole);
   } else {
     setFixedSize(whole);
@@ -294,6 +302,18 @@ void FormWindow::Send_Move(const QWidget& over, const QMouseEvent& move) {
   events_.Dispatch_Move(event);
 }
 
+void FormWindow::Send_Click(const QMouseEvent& press) {
+  if (press.button() != Qt::LeftButton && press.button() != Qt::RightButton) return;
+  OperatorEvent event;
+  event.kind = OperatorEvent::Kind::Click;
+  event.form = name_;
+  event.button = press.button() == Qt::LeftButton ? kLeftButton : kRightButton;
+  event.shift = Shift_Mask(press.modifiers());
+  event.x = press.position().x();
+  event.y = press.position().y();
+  events_.Dispatch(event);
+}
+
 bool FormWindow::Send_Key(const QKeyEvent& key) {
   OperatorEvent event;
   event.kind = OperatorEvent::Kind::Key;
@@ -301,7 +321,7 @@ bool FormWindow::Send_Key(const QKeyEvent& key) {
   event.key_code = Event_Key_Code(key);
   event.shift = Shift_Mask(key.modifiers());
   if (event.key_code == 0) return false;
-  if (name_ != "Form1") event.control = Name_Of(focusWidget());
+  event.control = Name_Of(focusWidget());
   events_.Dispatch(event);
   return menus_.Has_Key(event.key_code, event.shift);
 }
@@ -313,6 +333,10 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == first && Send_Key(*static_cast<QKeyEvent*>(event))) return true;
   }
   if (watched == client_ && event->type() == QEvent::Resize) Send_Size();
+  if (watched == client_ && event->type() == QEvent::MouseButtonPress &&
+      Has_Handler(kWindowItself, Happening::MouseDown)) {
+    Send_Click(*static_cast<QMouseEvent*>(event));
+  }
   if (event->type() == QEvent::MouseMove && Tells_Moves(watched)) {
     const auto& move = *static_cast<QMouseEvent*>(event);
     Send_Move(*static_cast<QWidget*>(watched), move);
@@ -324,7 +348,7 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
 
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
-  events_.Dispatch(Close_Event(name_));
+  events_.Dispatch(Close_Event(window_));
 }
 
 }  // namespace sylvomex

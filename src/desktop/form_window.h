@@ -12,20 +12,15 @@
 #include "desktop/form_menus.h"
 #include "desktop/operator_events.h"
 #include "desktop/picture_widget.h"
+#include "workspace/window_table.h"
 
 namespace sylvomex {
 
 class FormWindow : public QMainWindow {
  public:
-  /// form: one of the forms of `w`; both outlive the window.
-  template <class FormState>
-  FormWindow(OperatorEvents& events, Workspace& w, std::string name, FormState& form,
-             QWidget* owner)
-      : FormWindow(events, w, std::move(name), static_cast<Form&>(form), owner) {
-    Visit_Controls(form, [this](const char* control, int index, auto& record) {
-      Add_Control(Indexed_Name(control, index), record);
-    });
-  }
+  /// The block and the row outlive the window. owner: the main window, above which the others
+  /// stay; null for itself.
+  FormWindow(OperatorEvents& events, Workspace& w, const WindowRow& window, QWidget* owner);
 
   /// Copies what has changed in the records to the widgets, while the window is shown.
   void Mirror();
@@ -55,10 +50,7 @@ class FormWindow : public QMainWindow {
     QRect placing;  // as it was last copied from the record
   };
 
-  FormWindow(OperatorEvents& events, Workspace& w, std::string name, Form& form, QWidget* owner);
-
-  static std::string Indexed_Name(const char* control, int index);
-
+  void Add_Control(const std::string& name, AnyControl any);
   void Add_Control(const std::string& name, const Label& record);
   void Add_Control(const std::string& name, const TextBox& record);
   void Add_Control(const std::string& name, const CheckBox& record);
@@ -69,6 +61,7 @@ class FormWindow : public QMainWindow {
            std::function<void()> show_content);
 
   void Place_Over_Owner();
+  [[nodiscard]] bool Has_Handler(const std::string& control, Happening happening) const;
   void Mirror_Size();
   void Mirror_Controls();
   void Mirror_Placing(Mirrored& control);
@@ -81,12 +74,14 @@ class FormWindow : public QMainWindow {
   void Mirror_Pointer();
   void Send(OperatorEvent::Kind kind, const std::string& control, std::string text = {});
   void Send_Size();
+  void Send_Click(const QMouseEvent& press);  // on the bare window
   void Send_Move(const QWidget& over, const QMouseEvent& move);
   bool Send_Key(const QKeyEvent& key);  // true for the key of a menu item
   [[nodiscard]] std::string Name_Of(const QWidget* widget) const;
 
   OperatorEvents& events_;
   Workspace& w_;
+  const WindowRow& window_;
   std::string name_;
   Form& form_;
   QWidget* client_;

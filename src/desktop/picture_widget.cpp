@@ -86,14 +86,21 @@ OperatorEvent PictureWidget::Event_At(OperatorEvent::Kind kind, const QMouseEven
   return made;
 }
 
-void PictureWidget::mousePressEvent(QMouseEvent* event) {
-  if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton) return;
-  OperatorEvent click = Event_At(OperatorEvent::Kind::Click, *event);
-  click.button = event->button() == Qt::LeftButton ? kLeftButton : kRightButton;
-  events_.Dispatch(click);
+void PictureWidget::Send_Press(OperatorEvent::Kind kind, const QMouseEvent& event) {
+  if (event.button() != Qt::LeftButton && event.button() != Qt::RightButton) return;
+  OperatorEvent press = Event_At(kind, event);
+  press.button = event.button() == Qt::LeftButton ? kLeftButton : kRightButton;
+  events_.Dispatch(press);
 }
 
-void PictureWidget::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
+void PictureWidget::mousePressEvent(QMouseEvent* event) {
+  Send_Press(OperatorEvent::Kind::Click, *event);
+}
+
+void PictureWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+  using Kind = OperatorEvent::Kind;
+  Send_Press(tells_double_clicks_ ? Kind::DoubleClick : Kind::Click, *event);
+}
 
 void PictureWidget::mouseMoveEvent(QMouseEvent* event) {
   events_.Dispatch_Move(Event_At(OperatorEvent::Kind::Move, *event));

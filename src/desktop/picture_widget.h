@@ -19,6 +19,9 @@ class PictureWidget : public QWidget {
   PictureWidget(OperatorEvents& events, std::string form, std::string control,
                 const Picture& picture, QWidget* parent);
 
+  /// A second press goes out as a double click, not as one more click.
+  void Tell_Double_Clicks(bool tell) { tells_double_clicks_ = tell; }
+
   /// Brings the picture up to date: new marks are added to what is painted already; all is
   /// painted anew only after a load, an erasing or a change of size.
   void Mirror();
@@ -37,12 +40,14 @@ class PictureWidget : public QWidget {
  private:
   [[nodiscard]] bool Needs_Full_Painting() const;
   void Mirror_Pointer();
+  void Send_Press(OperatorEvent::Kind kind, const QMouseEvent& event);
   OperatorEvent Event_At(OperatorEvent::Kind kind, const QMouseEvent& event) const;
 
   OperatorEvents& events_;
   std::string form_;
   std::string control_;
   const Picture& picture_;
+  bool tells_double_clicks_ = false;
   QImage painted_;
   std::uint64_t bitmap_version_ = 0;
   std::uint64_t erase_version_ = 0;

@@ -32,12 +32,10 @@ void Set_Application_Look() {
 }
 
 Windows::Windows(OperatorEvents& events, Workspace& w) {
-  windows_[0] = std::make_unique<FormWindow>(events, w, "Form1", w.Form1, nullptr);
-  QWidget* main = windows_[0].get();
-  windows_[1] = std::make_unique<FormWindow>(events, w, "Form2", w.Form2, main);
-  windows_[2] = std::make_unique<FormWindow>(events, w, "Form3", w.Form3, main);
-  windows_[3] = std::make_unique<FormWindow>(events, w, "Form4", w.Form4, main);
-  windows_[4] = std::make_unique<FormWindow>(events, w, "Form7", w.Form7, main);
+  for (const WindowRow& window : All_Windows()) {
+    QWidget* owner = windows_.empty() ? nullptr : windows_.front().get();
+    windows_.push_back(std::make_unique<FormWindow>(events, w, window, owner));
+  }
 }
 
 void Windows::Mirror() {

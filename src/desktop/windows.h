@@ -2,9 +2,9 @@
 // The windows of the workstation over one block.
 #pragma once
 
-#include <array>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 #include "desktop/form_window.h"
 
@@ -27,7 +27,7 @@ class Windows {
   [[nodiscard]] FormWindow* Find(std::string_view form) const;
 
  private:
-  std::array<std::unique_ptr<FormWindow>, 5> windows_;  // the main window first: it owns the rest
+  std::vector<std::unique_ptr<FormWindow>> windows_;  // the main window first: it owns the rest
 };
 
 }  // namespace sylvomex

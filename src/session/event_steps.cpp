@@ -57,30 +57,30 @@ OperatorEvent Set_Event(Kind kind, Words words) {
   return event;
 }
 
-OperatorEvent Click_Event(Kind kind, Words words) {
-  OperatorEvent event = Event_On(kind, words[1].text);
-  Set_Position(event, words);
-  for (const ScriptWord& word : words.subspan(4)) Add_Pointer_Word(event, word.text);
-  return event;
-}
-
 OperatorEvent Window_Event(Kind kind, Words words) {
   OperatorEvent event;
   event.kind = kind;
   event.form = words[1].text;
+  return event;
+}
+
+/// On a control, or on a window itself.
+OperatorEvent Pointer_Event(Kind kind, Words words) {
+  const std::string& target = words[1].text;
+  OperatorEvent event = Is_Form_Name(target) ? Window_Event(kind, words) : Event_On(kind, target);
   Set_Position(event, words);
   return event;
 }
 
-OperatorEvent Move_Event(Kind kind, Words words) {
-  if (Is_Form_Name(words[1].text)) return Window_Event(kind, words);
-  OperatorEvent event = Event_On(kind, words[1].text);
-  Set_Position(event, words);
+OperatorEvent Click_Event(Kind kind, Words words) {
+  OperatorEvent event = Pointer_Event(kind, words);
+  for (const ScriptWord& word : words.subspan(4)) Add_Pointer_Word(event, word.text);
   return event;
 }
 
 OperatorEvent Resize_Event(Kind kind, Words words) {
   OperatorEvent event = Window_Event(kind, words);
+  Set_Position(event, words);
   if (event.x < 0 || event.y < 0) throw StepEnd{kStepFailed, "a window has no negative size"};
   return event;
 }
@@ -118,9 +118,10 @@ constexpr std::array kEventSteps{
     EventStep{"press", Kind::Press, Named_Event},
     EventStep{"click", Kind::Click, Click_Event},
     EventStep{"doubleclick", Kind::DoubleClick, Click_Event},
-    EventStep{"move", Kind::Move, Move_Event},
+    EventStep{"move", Kind::Move, Pointer_Event},
     EventStep{"key", Kind::Key, Key_Event},
     EventStep{"resize", Kind::Resize, Resize_Event},
+    EventStep{"close", Kind::Close, Window_Event},
 };
 
 std::string Plain_Real(double value) {
@@ -185,6 +186,7 @@ std::string Step_Text(const OperatorEvent& event) {
     case Kind::Menu:
     case Kind::Command:
     case Kind::Press:
+    case Kind::Close:
       break;
   }
   return step + Target_Text(event);

@@ -11,8 +11,8 @@
 namespace sylvomex {
 
 /// The event of a step whose name and number of words have been checked: menu, command, set,
-/// press, click, doubleclick, move, key or resize. Raises StepEnd for an argument that does
-/// not fit.
+/// press, click, doubleclick, move, key, resize or close. Raises StepEnd for an argument that
+/// does not fit.
 OperatorEvent Event_Of_Step(std::span<const ScriptWord> words);
 
 /// The step that makes the event again.

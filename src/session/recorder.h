@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "workspace/operator_event.h"
+#include "workspace/event_dispatch.h"
 
 namespace sylvomex {
 

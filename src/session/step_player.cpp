@@ -66,6 +66,7 @@ const StepPlayer::Row& StepPlayer::Find_Row(const ScriptStep& step) {
       Row{"move", 3, 3, &StepPlayer::Play_Event},
       Row{"key", 1, kAnyNumber, &StepPlayer::Play_Event},
       Row{"resize", 3, 3, &StepPlayer::Play_Event},
+      Row{"close", 1, 1, &StepPlayer::Play_Event},
       Row{"print", 1, 1, &StepPlayer::Play_Print},
       Row{"marks", 1, 1, &StepPlayer::Play_Marks},
       Row{"call", 1, kAnyNumber, &StepPlayer::Play_Call},

@@ -10,7 +10,7 @@
 #include "session/script_screen.h"
 #include "session/step_end.h"
 #include "session/window_pictures.h"
-#include "workspace/operator_event.h"
+#include "workspace/event_dispatch.h"
 
 namespace sylvomex {
 

@@ -24,7 +24,11 @@
 #include "solver/measurement_records.h"
 #include "solver/space_intersection.h"
 #include "state/followed_image.h"
-#include "state/forms.h"
+#include "state/form1.h"
+#include "state/form2.h"
+#include "state/form3.h"
+#include "state/form4.h"
+#include "state/form7.h"
 #include "state/screen.h"
 
 namespace sylvomex {

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/menu_table.h"
 
-#include "commands/solver/distance_window.h"
-#include "commands/solver/observation_window.h"
 #include "workspace/operator_event.h"
-#include "workspace/options_window.h"
+#include "workspace/window_table.h"
 
 namespace sylvomex {
 namespace {
@@ -12,44 +10,18 @@ namespace {
 constexpr int kF1 = 112;
 constexpr int kF12 = 123;
 
-constexpr MenuRow kOptionsMenu[] = {
-    {0, "Window", "Window"},
-    {1, "Apply", "Apply Changes and Close", 0, 0, false, MenuRole::Command, Form2_Apply},
-    {1, "close_window", "Close Without Applying Changes", 0, 0, false, MenuRole::Command,
-     Form2_Close_Window},
-};
-
-constexpr MenuRow kObservationMenu[] = {
-    {0, "Window", "Window"},
-    {1, "A_and_s", "Accept save and close", 0, 0, false, MenuRole::Command, Form3_Accept_And_Save},
-    {1, "C_and_c", "Cancel and close", 0, 0, false, MenuRole::Command, Form3_Cancel},
-};
-
-constexpr MenuRow kDistanceMenu[] = {
-    {0, "Window", "Window"},
-    {1, "Save_and_Close", "Close, Save and Reset", 'S', kCtrl, false, MenuRole::Command,
-     Form7_Save_Close_And_Reset},
-    {1, "Reset_and_Close", "Close and Reset", 'A', kCtrl, false, MenuRole::Command,
-     Form7_Reset_And_Close},
-    {1, "Close_No_Save", "Close (just)", 'Z', kCtrl, false, MenuRole::Command,
-     Form7_Return_To_Main},
-};
-
 }  // namespace
 
-std::span<const MenuRow> Window_Menu(std::string_view form) {
-  if (form == "Form1") return Main_Menu();
-  if (form == "Form2") return kOptionsMenu;
-  if (form == "Form3") return kObservationMenu;
-  if (form == "Form7") return kDistanceMenu;
-  return {};
-}
-
-const MenuRow* Find_Menu_Row(std::string_view form, std::string_view name) {
-  for (const MenuRow& row : Window_Menu(form)) {
+const MenuRow* Find_Menu_Row(std::span<const MenuRow> rows, std::string_view name) {
+  for (const MenuRow& row : rows) {
     if (name == row.name) return &row;
   }
   return nullptr;
+}
+
+const MenuRow* Find_Menu_Row(std::string_view form, std::string_view name) {
+  const WindowRow* window = Find_Window(form);
+  return window == nullptr ? nullptr : Find_Menu_Row(window->menu, name);
 }
 
 std::string Key_Text(const MenuRow& row) {
@@ -69,7 +41,11 @@ void Run_Menu_Row(Workspace& w, const MenuRow& row) {
 }
 
 void Run_Menu_Command(Workspace& w, std::string_view name) {
-  Run_Menu_Row(w, *Find_Menu_Row("Form1", name));
+  const MenuRow* row = Find_Menu_Row(Main_Menu(), name);
+  if (row == nullptr) {
+    throw RunTimeError(Failure::BadContent, "there is no menu item " + std::string(name));
+  }
+  Run_Menu_Row(w, *row);
 }
 
 void Say_Not_Built(Workspace& w, std::string_view caption) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The menu trees. Menus, accelerators, scripts and documentation are made from these rows.
+// The rows of the menu trees. Menus, accelerators, scripts and documentation are made from them.
 #pragma once
 
 #include <span>
@@ -32,10 +32,10 @@ struct MenuRow {
 /// The 127 rows of the main window, in menu order.
 std::span<const MenuRow> Main_Menu();
 
-/// The rows of a window ("Form1", "Form2", "Form3", "Form7"); empty for one without a menu.
-std::span<const MenuRow> Window_Menu(std::string_view form);
-
 /// The row of that name, null when there is none.
+const MenuRow* Find_Menu_Row(std::span<const MenuRow> rows, std::string_view name);
+
+/// The row of that name in the menu of a window ("Form3"), null when there is none.
 const MenuRow* Find_Menu_Row(std::string_view form, std::string_view name);
 
 /// "Ctrl+I", "Shift+F12", "F2", or "".
@@ -44,7 +44,8 @@ std::string Key_Text(const MenuRow& row);
 /// Runs the command of a row, greyed or not; one that is not built yet says so.
 void Run_Menu_Row(Workspace& w, const MenuRow& row);
 
-/// Run_Menu_Row for a command of the main menu; the name must exist.
+/// Run_Menu_Row for a command of the main menu. RunTimeError(BadContent) for a name that it does
+/// not have.
 void Run_Menu_Command(Workspace& w, std::string_view name);
 
 /// One message that the named command is not built yet.

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Everything that an operator can do, as data. The desktop makes these records from widget
 // events, scripts from their steps, and the recorder writes them down: there is one path
-// into the commands.
+// into the commands, event_dispatch.h.
 #pragma once
 
 #include <stdexcept>
 #include <string>
-
-#include "state/workspace.h"
 
 namespace sylvomex {
 
@@ -23,11 +21,13 @@ struct OperatorEvent {
     Command,      // control: runs a command by name, greyed or not
     Set,          // form, control, text: types into a text box, or sets a check box to 0 or 1
     Press,        // form, control: presses a button, or Enter in a text box
-    Click,        // form, control, button, shift, x, y: presses and releases the pointer
-    DoubleClick,  // the same twice
+    Click,        // form, control (empty: the form itself), button, shift, x, y: presses and
+                  // releases the pointer
+    DoubleClick,  // what the picture does on a double click, or else two clicks
     Move,         // form, control (empty: the form itself), x, y
     Key,          // form, key_code, shift
     Resize,       // form, x by y client pixels
+    Close,        // form: closes it as its title bar does
   };
   Kind kind = Kind::Menu;
   std::string form = "Form1";
@@ -44,16 +44,5 @@ class UnknownName : public std::invalid_argument {
  public:
   using std::invalid_argument::invalid_argument;
 };
-
-enum class EventOutcome {
-  Done,
-  Greyed,  // the menu item is greyed and was not run
-  Error,   // the command ended in a failure, which Screen::Report_Error has shown
-};
-
-/// Runs the handler of an event to its end. A failure that passes the handler is caught here,
-/// shown once through Screen::Report_Error, and leaves no pointer shape behind. Raises
-/// UnknownName only.
-EventOutcome Handle_Event(Workspace& w, const OperatorEvent& event);
 
 }  // namespace sylvomex

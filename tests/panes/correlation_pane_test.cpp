@@ -9,7 +9,7 @@
 #include "state/camera_access.h"
 #include "support/one_image_fixture.h"
 #include "support/small_site.h"
-#include "workspace/operator_event.h"
+#include "workspace/event_dispatch.h"
 
 namespace sylvomex {
 namespace {

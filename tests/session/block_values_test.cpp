@@ -8,7 +8,7 @@
 #include "platform/run_time_error.h"
 #include "session/script_screen.h"
 #include "support/temporary_folder.h"
-#include "workspace/operator_event.h"
+#include "workspace/event_dispatch.h"
 
 namespace sylvomex {
 namespace {

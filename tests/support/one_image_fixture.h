@@ -9,7 +9,7 @@
 
 #include "session/script_screen.h"
 #include "support/small_site.h"
-#include "workspace/operator_event.h"
+#include "workspace/event_dispatch.h"
 #include "workspace/start_up.h"
 
 namespace sylvomex {

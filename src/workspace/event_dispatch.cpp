@@ -1,0 +1,225 @@
+// SPDX-License-Identifier: MIT
+#include "workspace/event_dispatch.h"
+
+#include <new>
+
+#include "workspace/control_events.h"
+#include "workspace/control_lookup.h"
+
+namespace sylvomex {
+namespace {
+
+void Drop_Hourglass(PointerShape& shape) {
+  if (shape == PointerShape::Hourglass) shape = PointerShape::Normal;
+}
+
+void Drop_Hourglasses(Workspace& w) {
+  for (const WindowRow& window : All_Windows()) {
+    Form& form = window.record(w);
+    Drop_Hourglass(form.MousePointer);
+    Visit_Controls(form, window.design->controls, [](const ControlRow&, int, AnyControl control) {
+      if (Picture** picture = std::get_if<Picture*>(&control)) {
+        Drop_Hourglass((*picture)->MousePointer);
+      }
+    });
+  }
+}
+
+// Whatever ends a handler early leaves no hourglass behind.
+class PointerGuard {
+ public:
+  explicit PointerGuard(Workspace& w) : w_(w) {}
+  ~PointerGuard() {
+    if (!done_) Drop_Hourglasses(w_);
+  }
+  PointerGuard(const PointerGuard&) = delete;
+  PointerGuard& operator=(const PointerGuard&) = delete;
+  void Done() { done_ = true; }
+
+ private:
+  Workspace& w_;
+  bool done_ = false;
+};
+
+void Run_Guarded(Workspace& w, const std::function<void()>& handler) {
+  PointerGuard guard(w);
+  handler();
+  guard.Done();
+}
+
+const WindowRow& Require_Window(const std::string& form) {
+  const WindowRow* window = Find_Window(form);
+  if (window == nullptr) throw UnknownName("there is no window " + form);
+  return *window;
+}
+
+const MenuRow& Require_Row(const WindowRow& window, const OperatorEvent& event) {
+  const MenuRow* row = Find_Menu_Row(window.menu, event.control);
+  if (row == nullptr) {
+    throw UnknownName("there is no menu item " + event.form + "." + event.control);
+  }
+  return *row;
+}
+
+EventOutcome Run_Row(Workspace& w, const MenuRow& row) {
+  return Run_Handler(w, row.name, [&] { Run_Menu_Row(w, row); });
+}
+
+EventOutcome Choose_Row(Workspace& w, const MenuRow& row) {
+  return row.greyed ? EventOutcome::Greyed : Run_Row(w, row);
+}
+
+ControlName Require_Name(const OperatorEvent& event) {
+  const auto name = Parse_Control_Name(event.control);
+  if (!name) throw UnknownName("there is no control " + event.control);
+  return *name;
+}
+
+void Require_Shown_Picture(Workspace& w, const WindowRow& window, const OperatorEvent& event,
+                           const ControlName& name) {
+  const AnyControl control = Control_Of(w, window, name);
+  Picture* const* picture = std::get_if<Picture*>(&control);
+  if (picture == nullptr) {
+    throw UnknownName("there is no picture " + event.form + "." + event.control);
+  }
+  if (!(*picture)->Visible) throw UnknownName(event.control + " is not shown");
+}
+
+ControlEvent Pointer_At(const OperatorEvent& event, int index) {
+  return {index, event.button, event.shift, 0, event.x, event.y};
+}
+
+/// What the pointer is on: a picture that is shown, or the window itself.
+ControlName Pointer_Target(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
+  if (event.control.empty()) return {kWindowItself, kNoIndex};
+  const ControlName name = Require_Name(event);
+  Require_Shown_Picture(w, window, event, name);
+  return name;
+}
+
+EventOutcome Worse(EventOutcome a, EventOutcome b) { return a == EventOutcome::Done ? b : a; }
+
+EventOutcome Click(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
+  const ControlName name = Pointer_Target(w, window, event);
+  return Tell_Control(w, window, name.name, Happening::MouseDown, Pointer_At(event, name.index));
+}
+
+EventOutcome Double_Click(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
+  const ControlName name = Pointer_Target(w, window, event);
+  if (Find_Handler(window, name.name, Happening::DblClick) != nullptr) {
+    return Tell_Control(w, window, name.name, Happening::DblClick, Pointer_At(event, name.index));
+  }
+  const EventOutcome first = Click(w, window, event);
+  return Worse(first, Click(w, window, event));
+}
+
+ControlName Move_Target(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
+  if (event.control.empty()) return {kWindowItself, kNoIndex};
+  const ControlName name = Require_Name(event);
+  const AnyControl control = Control_Of(w, window, name);
+  if (std::holds_alternative<std::monostate>(control)) {
+    throw UnknownName("there is no control " + event.form + "." + event.control);
+  }
+  if (std::holds_alternative<Picture*>(control)) Require_Shown_Picture(w, window, event, name);
+  return name;
+}
+
+EventOutcome Move(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
+  const ControlName name = Move_Target(w, window, event);
+  return Tell_Control(w, window, name.name, Happening::MouseMove, Pointer_At(event, name.index));
+}
+
+bool Is_Key_Of(const MenuRow& row, const OperatorEvent& event) {
+  return row.key_code != 0 && row.key_code == event.key_code && row.key_shift == event.shift;
+}
+
+// The window sees the key first, then the menu's accelerators, then the control in focus.
+EventOutcome Key(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
+  ControlEvent key;
+  key.key_code = event.key_code;
+  key.shift = event.shift;
+  EventOutcome outcome = Tell_Control(w, window, kWindowItself, Happening::KeyDown, key);
+  bool taken = false;
+  for (const MenuRow& row : window.menu) {
+    if (!Is_Key_Of(row, event) || row.greyed) continue;
+    taken = true;
+    outcome = Worse(outcome, Run_Row(w, row));
+  }
+  if (taken) return outcome;
+  const std::string& active = window.record(w).ActiveControl;
+  return Worse(outcome,
+               Key_In_Control(w, window, event.control.empty() ? active : event.control, key));
+}
+
+EventOutcome Resize(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
+  Form& form = window.record(w);
+  form.ClientWidth = event.x;
+  form.ClientHeight = event.y;
+  return Tell_Control(w, window, kWindowItself, Happening::Resize, {});
+}
+
+EventOutcome Close(Workspace& w, const WindowRow& window) {
+  const OperatorEvent closing = Close_Event(window);
+  if (closing.kind != OperatorEvent::Kind::Close) return Handle_Event(w, window, closing);
+  window.record(w).Visible = false;
+  Set_Focus(w.Form1, "");
+  return EventOutcome::Done;
+}
+
+}  // namespace
+
+EventOutcome Run_Handler(Workspace& w, const std::string& name,
+                         const std::function<void()>& handler) {
+  try {
+    Run_Guarded(w, handler);
+    return EventOutcome::Done;
+  } catch (const RunTimeError& error) {
+    w.screen->Report_Error(name, error.what(), error.Native_Path().string());
+  } catch (const std::bad_alloc&) {
+    w.screen->Report_Error(name, Failure_Text(Failure::OutOfMemory), "");
+  }
+  return EventOutcome::Error;
+}
+
+OperatorEvent Close_Event(const WindowRow& window) {
+  using Kind = OperatorEvent::Kind;
+  OperatorEvent event;
+  event.form = window.name;
+  event.control = window.closing;
+  const bool is_menu_item = Find_Menu_Row(window.menu, window.closing) != nullptr;
+  event.kind = event.control.empty() ? Kind::Close : is_menu_item ? Kind::Menu : Kind::Press;
+  return event;
+}
+
+EventOutcome Handle_Event(Workspace& w, const OperatorEvent& event) {
+  return Handle_Event(w, Require_Window(event.form), event);
+}
+
+EventOutcome Handle_Event(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
+  using Kind = OperatorEvent::Kind;
+  switch (event.kind) {
+    case Kind::Menu:
+      return Choose_Row(w, Require_Row(window, event));
+    case Kind::Command:
+      return Run_Row(w, Require_Row(window, event));
+    case Kind::Set:
+      return Set_Control(w, window, Require_Name(event), event.text);
+    case Kind::Press:
+      return Press_Control(w, window, Require_Name(event));
+    case Kind::Click:
+      return Click(w, window, event);
+    case Kind::DoubleClick:
+      return Double_Click(w, window, event);
+    case Kind::Move:
+      return Move(w, window, event);
+    case Kind::Key:
+      return Key(w, window, event);
+    case Kind::Resize:
+      return Resize(w, window, event);
+    case Kind::Close:
+      return Close(w, window);
+  }
+  return EventOutcome::Done;
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+// The windows of the workstation, each told once: its record, its controls, its menu, what its
+// controls do, and what closing it does. Look-up by name, dispatch, widgets and scripts are made
+// from these rows.
+#pragma once
+
+#include <concepts>
+#include <span>
+#include <string_view>
+
+#include "state/workspace.h"
+#include "workspace/menu_table.h"
+
+namespace sylvomex {
+
+/// What can reach a control or the window itself.
+enum class Happening {
+  Click,      // a button was pressed, or a tick box has changed
+  KeyPress,   // Enter in a text box
+  KeyDown,    // of the window: every key, before the menu; of a control that has the focus: a key
+              // that the menu leaves, before the control takes it
+  MouseDown,  // the pointer is pressed on a picture or on the bare window
+  DblClick,   // the second press on a picture; without such a handler it is a MouseDown
+  MouseMove,  // the pointer moves over a control or the bare window
+  Resize,     // the window has a new client size; a window with this handler can be resized
+};
+
+struct ControlEvent {
+  int index = kNoIndex;  // of a control of an array
+  int button = 0;        // kLeftButton, kRightButton
+  int shift = 0;         // mask of kShift, kCtrl, kAlt
+  int key_code = 0;      // as in OperatorEvent
+  double x = 0, y = 0;   // pane pixels; of the window itself: client pixels
+};
+
+inline constexpr const char* kWindowItself = "";
+
+struct HandlerRow {
+  const char* control = kWindowItself;  // name without index
+  Happening happening = Happening::Click;
+  void (*run)(Workspace& w, const ControlEvent& event) = nullptr;
+};
+
+struct WindowRow {
+  const char* name = "";
+  const WindowDesign* design = nullptr;
+  Form& (*record)(Workspace& w) = nullptr;
+  std::span<const MenuRow> menu;
+  std::span<const HandlerRow> handlers;
+  const char* closing = "";  // the menu item or button that the title bar's close stands for;
+                             // without one, closing hides the window
+};
+
+/// All windows, the main one first.
+std::span<const WindowRow> All_Windows();
+
+/// Null for a window that does not exist.
+const WindowRow* Find_Window(std::string_view name);
+
+/// The handler of a control (name without index) or of the window itself; null for none.
+const HandlerRow* Find_Handler(const WindowRow& window, std::string_view control,
+                               Happening happening);
+
+/// A handler's name for failures: "Command1_Click", "Form_Resize".
+std::string Handler_Name(const HandlerRow& handler);
+
+/// The record of a window, for the rows of All_Windows.
+template <auto Member>
+Form& Record(Workspace& w) {
+  return w.*Member;
+}
+
+/// Runs a command that needs nothing of the event, or only the index of its control.
+template <auto Command>
+void Run(Workspace& w, [[maybe_unused]] const ControlEvent& event) {
+  if constexpr (std::invocable<decltype(Command), Workspace&, int>) {
+    Command(w, event.index);
+  } else {
+    Command(w);
+  }
+}
+
+// The rows of the table, each in the file of its window.
+WindowRow Form1_Window();
+WindowRow Form2_Window();
+WindowRow Form3_Window();
+WindowRow Form4_Window();
+WindowRow Form7_Window();
+
+}  // namespace sylvomex

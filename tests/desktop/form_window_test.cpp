@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+// A window made from its rows alone.
+#include "desktop/form_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <QWindow>
+#include <sstream>
+
+#include "desktop_fixture.h"
+#include "session/event_steps.h"
+#include "session/script_screen.h"
+#include "support/sample_window.h"
+
+namespace sylvomex {
+namespace {
+
+/// Writes down what a window hands on, as steps.
+struct NotedEvents : OperatorEvents {
+  void Dispatch(const OperatorEvent& event) override { steps += Step_Text(event) + "\n"; }
+  void Dispatch_Move(const OperatorEvent& event) override { Dispatch(event); }
+  bool Dispatch_Resize(const OperatorEvent& event) override {
+    Dispatch(event);
+    return true;
+  }
+  const QCursor& Custom_Cursor() override { return cursor; }
+
+  std::string steps;
+  QCursor cursor;
+};
+
+struct FormWindowTest : testing::Test {
+  FormWindowTest() {
+    form.Visible = true;
+    window.Mirror();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    events.steps.clear();
+  }
+
+  QWidget& Control(const char* name) { return *window.Control_Widget(name); }
+
+  TemporaryFolder folder;
+  std::ostringstream out;
+  ScriptScreen screen{out, out};
+  std::unique_ptr<Workspace> block = std::make_unique<Workspace>(folder.Drives(), screen);
+  SampleForm form;
+  NotedEvents events;
+  FormWindow window{events, *block, sample::kWindow, nullptr};
+};
+
+TEST_F(FormWindowTest, HasAWidgetForEveryControlOfItsRows) {
+  EXPECT_NE(dynamic_cast<PictureWidget*>(&Control("Picture1")), nullptr);
+  EXPECT_EQ(Control("Picture2(1)").geometry(), QRect(110, 120, 90, 60));
+  EXPECT_EQ(dynamic_cast<QLineEdit&>(Control("Text1")).text(), "start");
+  EXPECT_EQ(window.Control_Widget("Picture2"), nullptr);
+  EXPECT_EQ(window.windowTitle(), "A sample");
+}
+
+TEST_F(FormWindowTest, TakesItsMenuFromItsRows) {
+  window.findChild<QAction*>("Say_It")->trigger();
+  EXPECT_EQ(events.steps, "menu Form99.Say_It\n");
+}
+
+TEST_F(FormWindowTest, TellsClicksOnPicturesWithAndWithoutIndex) {
+  QTest::mouseClick(&Control("Picture2(1)"), Qt::LeftButton, Qt::ControlModifier, QPoint(12, 22));
+  QTest::mouseClick(&Control("Picture1"), Qt::RightButton, {}, QPoint(7, 8));
+  EXPECT_EQ(events.steps, "click Form99.Picture2(1) 10 20 ctrl\nclick Form99.Picture1 5 6 right\n");
+}
+
+TEST_F(FormWindowTest, TellsADoubleClickWhereAHandlerWaitsForIt) {
+  QTest::mouseDClick(&Control("Picture1"), Qt::LeftButton, {}, QPoint(7, 8));
+  QTest::mouseDClick(&Control("Picture2(0)"), Qt::LeftButton, {}, QPoint(7, 8));
+  EXPECT_NE(events.steps.find("doubleclick Form99.Picture1 5 6\n"), std::string::npos);
+  EXPECT_EQ(events.steps.find("doubleclick Form99.Picture2(0)"), std::string::npos);
+  EXPECT_NE(events.steps.find("click Form99.Picture2(0) 5 6\nclick Form99.Picture2(0) 5 6\n"),
+            std::string::npos);
+}
+
+TEST_F(FormWindowTest, TellsClicksOnTheBareWindow) {
+  QTest::mouseClick(window.centralWidget(), Qt::LeftButton, {}, QPoint(300, 250));
+  EXPECT_EQ(events.steps, "click Form99 300 250\n");
+}
+
+TEST_F(FormWindowTest, IsResizedByTheHandSinceItHasAHandlerForIt) {
+  const int menu = window.Menu_Height();
+  EXPECT_EQ(window.minimumSize(), QSize(200, 160));
+  window.resize(500, 400 + menu);
+  EXPECT_TRUE(QTest::qWaitFor(
+      [&] { return events.steps.find("resize Form99 500 400\n") != std::string::npos; }, 2000));
+}
+
+TEST_F(FormWindowTest, TellsKeysWhicheverControlHasTheFocus) {
+  Control("Picture1").setFocus();
+  QTest::keyClick(&Control("Picture1"), Qt::Key_U);
+  EXPECT_EQ(events.steps, "key Form99 U\n");
+}
+
+TEST_F(FormWindowTest, ClosesByTheStepThatAScriptWouldPlay) {
+  window.close();
+  EXPECT_EQ(events.steps, "close Form99\n");
+}
+
+class WindowOrder : public DesktopTest {};
+
+// The window system keeps a dialog above the window that it is transient for.
+TEST_F(WindowOrder, SecondaryWindowsStayAboveTheMainWindow) {
+  for (const WindowRow& row : All_Windows().subspan(1)) {
+    row.record(w()).Visible = true;
+    desktop_->Shown().Mirror();
+    const QWindow* handle = Window(row.name).windowHandle();
+    ASSERT_NE(handle, nullptr) << row.name;
+    EXPECT_EQ(handle->transientParent(), Main().windowHandle()) << row.name;
+    EXPECT_EQ(handle->type(), Qt::Dialog) << row.name;
+  }
+  EXPECT_EQ(Main().windowHandle()->type(), Qt::Window);
+}
+
+}  // namespace
+}  // namespace sylvomex
