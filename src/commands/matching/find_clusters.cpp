@@ -14,7 +14,6 @@
 #include "platform/number_text.h"
 #include "solver/numeric_kernels.h"
 #include "state/box_numbers.h"
-#include "state/camera_access.h"
 
 namespace sylvomex {
 namespace {
@@ -44,12 +43,6 @@ std::string Time_Text(const char* pattern) {
   return {text, std::strftime(text, sizeof text, pattern, &local)};
 }
 
-PanePosition Pane_Of_Object(const Workspace& w, int image, double X, double Y, double Z) {
-  double col = 0, row = 0;
-  Object_To_Pixel(w, image, X, Y, Z, col, row);
-  return Pane_Of_Pixel(w, image, col, row);
-}
-
 void Draw_Plot_Circle(Workspace& w, int image) {
   constexpr double kFirst = -3.14159265358979, kLast = 3.14159265358979, kStep = 0.1;
   const PlotCenterRecord& plot = w.Matching.PlotCenter;
@@ -62,8 +55,9 @@ void Draw_Plot_Circle(Workspace& w, int image) {
   PanePosition from;
   for (int pass = 0; pass < passes; ++pass) {
     const double t = kFirst + pass * kStep;
-    const PanePosition to = Pane_Of_Object(w, image, plot.PlotX + radius * std::cos(t),
-                                           plot.PlotY + radius * std::sin(t), plot.PlotZ);
+    const PanePosition to = Pane_Of_Point(
+        w, image,
+        {plot.PlotX + radius * std::cos(t), plot.PlotY + radius * std::sin(t), plot.PlotZ});
     if (pass > 0) Draw_Line(pane, from.px, from.py, to.px, to.py, kCircleColour);
     from = to;
   }
@@ -137,7 +131,7 @@ std::string Node_Line(int number, const Point3D& at) {
 
 void Mark_Cluster(Workspace& w, const Point3D& top) {
   for (int k = 0; k < w.ImageCount; ++k) {
-    const PanePosition at = Pane_Of_Object(w, k, top.X, top.Y, top.Z);
+    const PanePosition at = Pane_Of_Point(w, k, top);
     Picture& pane = w.Form1.Picture1(k);
     pane.DrawWidth = 2;
     Plot_Block(pane, at.px, at.py, 1, kWhite);
