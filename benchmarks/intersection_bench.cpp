@@ -32,33 +32,25 @@ class Strip {
       image.X0 = 2515000 + 300.0 * (k - count / 2);
       image.Y0 = 6860000 + 10.0 * k;
       image.Z0 = 1800 + k;
-      images_.push_back(image);
-      rotations_.push_back(
-          Build_Rotation_Matrix(0.01 * k - 0.02, 0.015 - 0.01 * k, 0.3 + 0.02 * k));
-    }
-    for (std::size_t k = 0; k < images_.size(); ++k) {
-      double x = 0, y = 0;
-      Object_To_Image(images_[k], rotations_[k], kTruth.X, kTruth.Y, kTruth.Z, x, y);
-      texts.push_back(Plain_Text(x + noise(random)));
-      texts.push_back(Plain_Text(y + noise(random)));
-      observations.push_back({&images_[k], &rotations_[k], 0, 0});
+      const Camera camera = Make_Camera(
+          image, Build_Rotation_Matrix(0.01 * k - 0.02, 0.015 - 0.01 * k, 0.3 + 0.02 * k));
+      const FilmPosition film = Film_Of_Point(camera, kTruth);
+      texts.push_back(Plain_Text(film.x + noise(random)));
+      texts.push_back(Plain_Text(film.y + noise(random)));
+      observations.push_back({camera, {}});
     }
     Parse();
   }
 
   void Parse() {
     for (std::size_t k = 0; k < observations.size(); ++k) {
-      observations[k].x = Parse_Double(texts[2 * k]);
-      observations[k].y = Parse_Double(texts[2 * k + 1]);
+      observations[k].film.x = Parse_Double(texts[2 * k]);
+      observations[k].film.y = Parse_Double(texts[2 * k + 1]);
     }
   }
 
   std::vector<FilmObservation> observations;
   std::vector<std::string> texts;
-
- private:
-  std::vector<ImageRecord> images_;
-  std::vector<RotationMatrix> rotations_;
 };
 
 void Intersection(benchmark::State& state) {
@@ -93,7 +85,7 @@ void Eigen_Least_Squares(benchmark::State& state) {
     for (int pass = 0; pass < 3; ++pass) {
       for (Eigen::Index row = 0; const FilmObservation& o : strip.observations) {
         const CollinearityPartials p =
-            Collinearity_Partials(*o.image, *o.rotation, point(0), point(1), point(2), o.x, o.y);
+            Collinearity_Partials(o.camera, {point(0), point(1), point(2)}, o.film);
         design.row(row) << p.ax1, p.ax2, p.ax3;
         misclosures(row++) = p.lx;
         design.row(row) << p.ay1, p.ay2, p.ay3;

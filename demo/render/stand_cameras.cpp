@@ -126,7 +126,7 @@ Photograph Stand_Photograph(const Scene& scene, const Point3D& position, const P
   image.Z0 = position.Z;
   image.SunAzimuth = scene.sun_azimuth;
   image.SunElevation = scene.sun_elevation;
-  photo.rotation = Build_Rotation_Matrix(image.Omega, image.Phi, image.Kappa);
+  photo.camera = Make_Camera(image);
   return photo;
 }
 
@@ -152,9 +152,7 @@ std::vector<Photograph> Photographs_Around(const Scene& scene, std::size_t tree)
 }
 
 Ray Stand_Ray(const Photograph& photo, double col, double row) {
-  double x = 0, y = 0;
-  Pixel_To_Image(photo.image, col, row, x, y);
-  Vector3 d = Film_Ray(photo.image, photo.rotation, x, y);
+  Vector3 d = Film_Ray(photo.camera, Pixel_To_Image(photo.camera, {col, row}));
   Normalize_Vector(d);
   return {photo.image.X0, photo.image.Y0, photo.image.Z0, d.x, d.y, d.z};
 }

@@ -80,9 +80,8 @@ PixelBox Forest_Box(const Photograph& photo, const Scene& scene) {
   for (const double x : {-kMargin, kForestSide + kMargin}) {
     for (const double y : {-kMargin, kForestSide + kMargin}) {
       for (const double Z : {low, std::max(low, scene.grid.highest_top)}) {
-        double col = 0, row = 0;
-        Object_To_Pixel(photo.image, photo.rotation, kForestWest + x, kForestSouth + y, Z, col,
-                        row);
+        const auto [col, row] =
+            Object_To_Pixel(photo.camera, {kForestWest + x, kForestSouth + y, Z});
         const double top = photo.image.FullHeight - 1 - row;
         box.least_col = std::min(box.least_col, col);
         box.most_col = std::max(box.most_col, col);
@@ -105,8 +104,7 @@ void Set_Sub_Image(Photograph& photo, const Scene& scene) {
 }
 
 void Set_Start(Photograph& photo, const Tree& tree) {
-  double col = 0, row = 0;
-  Object_To_Pixel(photo.image, photo.rotation, tree.X, tree.Y, tree.TopZ, col, row);
+  const auto [col, row] = Object_To_Pixel(photo.camera, {tree.X, tree.Y, tree.TopZ});
   photo.image.StartCol = To_Int16(col - photo.image.SubColOrigin);
   photo.image.StartRow = To_Int16(photo.image.FullHeight - 1 - row - photo.image.SubRowOrigin);
 }
@@ -124,7 +122,7 @@ Photograph Expose(const Scene& scene, const Exposure& exposure, const std::strin
   Set_Exterior(image, exposure);
   image.SunAzimuth = scene.sun_azimuth;
   image.SunElevation = scene.sun_elevation;
-  photo.rotation = Build_Rotation_Matrix(image.Omega, image.Phi, image.Kappa);
+  photo.camera = Make_Camera(image);
   Set_Sub_Image(photo, scene);
   return photo;
 }
@@ -142,9 +140,8 @@ std::vector<Photograph> Fly_Over(const Scene& scene) {
 }
 
 Ray Ray_Through_Pixel(const Photograph& photo, double col, double row) {
-  double x = 0, y = 0;
-  Pixel_To_Image(photo.image, col, row, x, y);
-  const Vector3 direction = Film_Ray(photo.image, photo.rotation, x, y);
+  const FilmPosition film = Pixel_To_Image(photo.camera, {col, row});
+  const Vector3 direction = Film_Ray(photo.camera, film);
   return {photo.image.X0,
           photo.image.Y0,
           photo.image.Z0,

@@ -20,7 +20,7 @@ namespace sylvomex::demo {
 
 struct Photograph {
   ImageRecord image;
-  RotationMatrix rotation;
+  Camera camera;            // of the header, once it is oriented
   std::string header_name;  // drive name, "c:\data\demo\im1.hdr"
   std::uint64_t grain = 0;  // number of its noise pattern, one of its own
 };

@@ -22,6 +22,7 @@ Photograph Far_Photograph(Photograph photo, int number, double principal_distanc
   photo.image.ImageId = 1990 + number;
   photo.image.PrincipalDistance = principal_distance;
   photo.image.X0 += east;
+  photo.camera = Make_Camera(photo.image);
   photo.header_name = "c:\\data\\demo\\far" + std::to_string(number) + ".hdr";
   return photo;
 }

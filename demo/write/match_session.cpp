@@ -62,8 +62,7 @@ std::string Model_Click_Steps(const Tree& tree, const std::vector<Photograph>& p
   std::string text = "menu Center_to_xyz_click\n";
   for (std::size_t k = 0; k < photos.size(); ++k) {
     const Photograph& photo = photos[k];
-    double col = 0, row = 0;
-    Object_To_Pixel(photo.image, photo.rotation, top.X, top.Y, top.Z, col, row);
+    const auto [col, row] = Object_To_Pixel(photo.camera, top);
     const PanePosition at =
         Full_Image_To_Pane(photo.image, View_Centred_On(photo, top, kSessionPaneSide), col, row);
     text += "click Picture1(" + std::to_string(k) + ") " + Fixed_Decimals(at.px, 1) + " " +

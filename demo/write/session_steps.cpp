@@ -20,8 +20,7 @@ double To_Half_Pixel(double value) { return Round_Half_Even(2 * value) / 2; }
 
 PaneView View_Centred_On(const Photograph& photo, const Point3D& point, int pane_side) {
   const ImageRecord& image = photo.image;
-  double col = 0, row = 0;
-  Object_To_Pixel(image, photo.rotation, point.X, point.Y, point.Z, col, row);
+  const auto [col, row] = Object_To_Pixel(photo.camera, point);
   const ViewWindow window = Compute_View_Window(
       image.SubWidth, image.SubHeight, To_Int16(col - image.SubColOrigin),
       To_Int16(image.FullHeight - 1 - row - image.SubRowOrigin), pane_side, pane_side);

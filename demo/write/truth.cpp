@@ -10,11 +10,11 @@ namespace {
 
 TopOnPhoto Top_On_Photo(const Scene& scene, const Photograph& photo, std::size_t index) {
   const Tree& tree = scene.trees[index];
-  TopOnPhoto top;
-  Object_To_Pixel(photo.image, photo.rotation, tree.X, tree.Y, tree.TopZ, top.col, top.row);
-  top.visible = Is_On_Raw_File(photo.image, top.col, top.row) &&
-                Is_Apex_Visible(scene, index, photo.image.X0, photo.image.Y0, photo.image.Z0);
-  return top;
+  const auto [col, row] = Object_To_Pixel(photo.camera, {tree.X, tree.Y, tree.TopZ});
+  const bool visible =
+      Is_On_Raw_File(photo.image, col, row) &&
+      Is_Apex_Visible(scene, index, photo.image.X0, photo.image.Y0, photo.image.Z0);
+  return {col, row, visible};
 }
 
 std::string Tree_Fields(const Tree& tree) {

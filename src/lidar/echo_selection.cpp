@@ -37,7 +37,7 @@ void Select(const PulseTable& pulses, double Xs, double Ys, const ValueScale& sc
       const double distance = std::sqrt((Y - Ys) * (Y - Ys) + (X - Xs) * (X - Xs));
       if (!(distance < kRadius)) continue;
       const double value = scale.Inside(intensity(entry, slot));
-      if (keep(entry, slot)) echoes.push_back({X, Y, pulses.Z(slot)[entry], value});
+      if (keep(entry, slot)) echoes.push_back({{X, Y, pulses.Z(slot)[entry]}, value});
     }
   }
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "lidar/pulse_table.h"
+#include "platform/point3d.h"
 
 namespace sylvomex {
 
@@ -26,8 +27,8 @@ inline constexpr ValueScale kScale2006{2, 250};
 inline constexpr ValueScale kScale2007{30, 120};
 
 struct SelectedEcho {
-  double X = 0, Y = 0, Z = 0;  // metres
-  double value = 0;            // corrected intensity inside the scale
+  Point3D at;
+  double value = 0;  // corrected intensity inside the scale
 };
 
 using GroundHeight = std::function<double(double X, double Y)>;

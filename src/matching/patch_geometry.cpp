@@ -46,10 +46,9 @@ std::optional<int> Patch_Side(double patch_size, double ground_side) {
   return std::nullopt;
 }
 
-PatchPlace Place_Patch(const ImageRecord& image, const RotationMatrix& m, const Point3D& centre,
+PatchPlace Place_Patch(const ImageRecord& image, const Camera& camera, const Point3D& centre,
                        int side) {
-  double col = 0, row = 0;
-  Object_To_Pixel(image, m, centre.X, centre.Y, centre.Z, col, row);
+  const auto [col, row] = Object_To_Pixel(camera, centre);
   const int centre_col = To_Int16(col - image.SubColOrigin);
   const double last_row = image.FullHeight - 1 - (image.SubHeight - 1 + image.SubRowOrigin);
   const int centre_row_upward = To_Int16(row - last_row);

@@ -10,7 +10,6 @@
 #include "platform/report.h"
 #include "solver/camera_model.h"
 #include "solver/safe_sqrt.h"
-#include "solver/space_intersection.h"
 
 namespace sylvomex {
 
@@ -35,7 +34,7 @@ struct PatchPlace {
 
 /// The patch of side by side pixels around an object point, pushed inside the raw file.
 /// RunTimeError(Overflow) when the point's pixel leaves 16 bits.
-PatchPlace Place_Patch(const ImageRecord& image, const RotationMatrix& m, const Point3D& centre,
+PatchPlace Place_Patch(const ImageRecord& image, const Camera& camera, const Point3D& centre,
                        int side);
 
 /// The patch as an image of its own, for panes and projection: the row origin counts from the

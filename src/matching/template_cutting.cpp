@@ -18,17 +18,17 @@ constexpr int kSide = 2 * kTemplateReach + 1;
 // Which pixels of the window lie in the ellipse: [column][row from the top].
 using Mask = std::array<std::array<bool, kSide>, kSide>;
 
-RawWindow Window_Around(const ImageRecord& image, const TemplateRecord& ellipse) {
-  double col = 0, row = 0;
-  Image_To_Pixel(image, ellipse.CenterX, ellipse.CenterY, col, row);
+RawWindow Window_Around(const ImageRecord& image, const Camera& camera,
+                        const TemplateRecord& ellipse) {
+  const auto [col, row] = Image_To_Pixel(camera, {ellipse.CenterX, ellipse.CenterY});
   const int centre_row = To_Int16(image.FullHeight - 1 - row - image.SubRowOrigin);
   const int centre_col = To_Int16(col - image.SubColOrigin);
   return {centre_col - kTemplateReach, centre_col + kTemplateReach, centre_row - kTemplateReach,
           centre_row + kTemplateReach};
 }
 
-bool Is_In_Ellipse(const TemplateRecord& ellipse, double x, double y) {
-  const double dx = x - ellipse.CenterX, dy = y - ellipse.CenterY;
+bool Is_In_Ellipse(const TemplateRecord& ellipse, const FilmPosition& film) {
+  const double dx = film.x - ellipse.CenterX, dy = film.y - ellipse.CenterY;
   const double cos_q = std::cos(ellipse.RadialAngle), sin_q = std::sin(ellipse.RadialAngle);
   const double u = cos_q * dx + sin_q * dy;
   const double v = -sin_q * dx + cos_q * dy;
@@ -37,15 +37,15 @@ bool Is_In_Ellipse(const TemplateRecord& ellipse, double x, double y) {
          1.0;
 }
 
-Mask Mask_Of_Ellipse(const ImageRecord& image, const TemplateRecord& ellipse,
+Mask Mask_Of_Ellipse(const ImageRecord& image, const Camera& camera, const TemplateRecord& ellipse,
                      const RawWindow& window) {
   Mask mask{};
   for (int i = 0; i < kSide; ++i) {
     for (int j = 0; j < kSide; ++j) {
-      double x = 0, y = 0;
-      Pixel_To_Image(image, window.first_col + i + image.SubColOrigin,
-                     image.FullHeight - image.SubRowOrigin - 1 - (window.top_row + j), x, y);
-      mask[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)] = Is_In_Ellipse(ellipse, x, y);
+      const PixelPosition pixel{window.first_col + i + image.SubColOrigin,
+                                image.FullHeight - image.SubRowOrigin - 1 - (window.top_row + j)};
+      mask[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)] =
+          Is_In_Ellipse(ellipse, Pixel_To_Image(camera, pixel));
     }
   }
   return mask;
@@ -130,9 +130,10 @@ bool Lies_In_Raw_File(const RawPixelReader& raw, const RawWindow& window, const 
 CutTemplate Cut_Template(const ImageRecord& image, const RawPixels& raw,
                          const TemplateRecord& ellipse) {
   Require_Width(image, ellipse);
-  const RawWindow window = Window_Around(image, ellipse);
+  const Camera camera = Make_Camera(image);
+  const RawWindow window = Window_Around(image, camera, ellipse);
   const RawPixelReader pixels(image, raw, ColourRule::MiddleByte);
-  const Mask mask = Mask_Of_Ellipse(image, ellipse, window);
+  const Mask mask = Mask_Of_Ellipse(image, camera, ellipse, window);
   if (!Lies_In_Raw_File(pixels, window, mask)) Throw_Outside(image, window);
   const Borders cols = Column_Borders(mask);
   const Borders rows = Row_Borders(mask);

@@ -15,36 +15,29 @@ double Distance(FilmPosition a, FilmPosition b) {
   return std::pow((a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y), 0.5);
 }
 
-void Set_Shifts(const ImageRecord& image, FilmPosition top, TemplateRecord& ellipse) {
-  double top_col = 0, top_row = 0, centre_col = 0, centre_row = 0;
-  Image_To_Pixel(image, top.x, top.y, top_col, top_row);
-  Image_To_Pixel(image, ellipse.CenterX, ellipse.CenterY, centre_col, centre_row);
+void Set_Shifts(const Camera& camera, FilmPosition top, TemplateRecord& ellipse) {
+  const PixelPosition at_top = Image_To_Pixel(camera, top);
+  const PixelPosition centre = Image_To_Pixel(camera, {ellipse.CenterX, ellipse.CenterY});
+  const double cols = at_top.col - centre.col;
+  const double rows = at_top.row - centre.row;
   // A smaller shift keeps the value of the previous capture.
-  if (std::abs(top_col - centre_col) > 0.5) ellipse.ShiftCol = To_Int16(top_col - centre_col);
-  if (std::abs(top_row - centre_row) > 0.5) ellipse.ShiftRow = To_Int16(top_row - centre_row);
+  if (std::abs(cols) > 0.5) ellipse.ShiftCol = To_Int16(cols);
+  if (std::abs(rows) > 0.5) ellipse.ShiftRow = To_Int16(rows);
 }
 
 }  // namespace
 
-FilmPosition Film_Of_Point(const ImageRecord& image, const RotationMatrix& m,
-                           const Point3D& point) {
-  FilmPosition film;
-  Object_To_Image(image, m, point.X, point.Y, point.Z, film.x, film.y);
-  return film;
-}
-
-TemplateRecord Ellipse_Of_Crown(const ImageRecord& image, const RotationMatrix& m,
-                                const Point3D& top, const TemplateParameters& crown,
-                                const TemplateRecord& previous) {
+TemplateRecord Ellipse_Of_Crown(const Camera& camera, const Point3D& top,
+                                const TemplateParameters& crown, const TemplateRecord& previous) {
   TemplateRecord ellipse = previous;
-  const FilmPosition at_top = Film_Of_Point(image, m, top);
-  const FilmPosition centre = Film_Of_Point(image, m, {top.X, top.Y, top.Z + crown.EZA});
-  const FilmPosition nadir = Film_Of_Point(image, m, {image.X0, image.Y0, top.Z});
-  const FilmPosition above = Film_Of_Point(image, m, {top.X, top.Y, top.Z + crown.Zd});
-  const FilmPosition beside = Film_Of_Point(image, m, {top.X + crown.Tw, top.Y, top.Z});
+  const FilmPosition at_top = Film_Of_Point(camera, top);
+  const FilmPosition centre = Film_Of_Point(camera, {top.X, top.Y, top.Z + crown.EZA});
+  const FilmPosition nadir = Film_Of_Point(camera, {camera.centre.X, camera.centre.Y, top.Z});
+  const FilmPosition above = Film_Of_Point(camera, {top.X, top.Y, top.Z + crown.Zd});
+  const FilmPosition beside = Film_Of_Point(camera, {top.X + crown.Tw, top.Y, top.Z});
   ellipse.CenterX = centre.x;
   ellipse.CenterY = centre.y;
-  Set_Shifts(image, at_top, ellipse);
+  Set_Shifts(camera, at_top, ellipse);
   ellipse.RadialAngle = MYFUNC_ATAN2(at_top.x - nadir.x, at_top.y - nadir.y);
   ellipse.SemiAxisTangential = Distance(beside, at_top);
   ellipse.SemiAxisRadial = std::max(Distance(above, at_top), ellipse.SemiAxisTangential);

@@ -8,17 +8,13 @@
 
 #include "matching/template_record.h"
 #include "solver/camera_model.h"
-#include "solver/space_intersection.h"
 
 namespace sylvomex {
 
-FilmPosition Film_Of_Point(const ImageRecord& image, const RotationMatrix& m, const Point3D& point);
-
 /// The ellipse of a crown with its top at the given point. A shift of half a pixel or less keeps
 /// the value that it has in previous. RunTimeError(Overflow) for a shift beyond 16 bits.
-TemplateRecord Ellipse_Of_Crown(const ImageRecord& image, const RotationMatrix& m,
-                                const Point3D& top, const TemplateParameters& crown,
-                                const TemplateRecord& previous);
+TemplateRecord Ellipse_Of_Crown(const Camera& camera, const Point3D& top,
+                                const TemplateParameters& crown, const TemplateRecord& previous);
 
 /// 126 points of the ellipse around a centre, by its parameter angle in steps of 0.05 radians.
 std::vector<FilmPosition> Ellipse_Outline(const TemplateRecord& ellipse, FilmPosition centre);

@@ -62,11 +62,11 @@ class PointLine {
 // Nothing for a line that is to be passed over.
 std::optional<ObservationPoint> Point_Of_Line(const PointLine& line) {
   ObservationPoint point;
-  point.X = line.Item(1, Parse_Double);
-  if (point.X <= kLeastX) return std::nullopt;
+  point.at.X = line.Item(1, Parse_Double);
+  if (point.at.X <= kLeastX) return std::nullopt;
   point.number = line.Item(0, Parse_Int16);
-  point.Y = line.Item(2, Parse_Double);
-  point.Z = line.Item(3, Parse_Double);
+  point.at.Y = line.Item(2, Parse_Double);
+  point.at.Z = line.Item(3, Parse_Double);
   return point;
 }
 

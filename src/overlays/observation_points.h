@@ -5,12 +5,13 @@
 #include <vector>
 
 #include "platform/drive_map.h"
+#include "platform/point3d.h"
 
 namespace sylvomex {
 
 struct ObservationPoint {
-  std::int16_t number = 0;     // measurement number
-  double X = 0, Y = 0, Z = 0;  // metres
+  std::int16_t number = 0;  // measurement number
+  Point3D at;
 };
 
 /// The points of an observation file, from the first four of the comma-separated fields of

@@ -66,8 +66,8 @@ TiePoint Read_Tie_Point(ListReader& file) {
   return point;
 }
 
-GroundVertex Read_Ground_Vertex(ListReader& file) {
-  GroundVertex vertex;
+Point3D Read_Ground_Vertex(ListReader& file) {
+  Point3D vertex;
   vertex.X = file.Read_Double();
   vertex.Y = file.Read_Double();
   vertex.Z = file.Read_Double();

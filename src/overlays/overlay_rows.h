@@ -8,6 +8,7 @@
 #include <string>
 
 #include "platform/list_reader.h"
+#include "platform/point3d.h"
 
 namespace sylvomex {
 
@@ -45,9 +46,6 @@ struct TiePoint {
 TiePoint Read_Tie_Point(ListReader& file);
 
 /// X, Y, Z of a polyline's vertex, metres.
-struct GroundVertex {
-  double X = 0, Y = 0, Z = 0;
-};
-GroundVertex Read_Ground_Vertex(ListReader& file);
+Point3D Read_Ground_Vertex(ListReader& file);
 
 }  // namespace sylvomex

@@ -3,6 +3,7 @@
 
 #include "closedlib/parallel_tasks.h"
 #include "panes/pane_drawing.h"
+#include "state/camera_access.h"
 
 namespace sylvomex {
 namespace {
@@ -10,8 +11,9 @@ namespace {
 void Plot_On_Pane(Workspace& w, int image, std::span<const OverlayPoint> points) {
   Picture& pane = w.Form1.Picture1(image);
   pane.marks.reserve(pane.marks.size() + points.size());
+  const Camera camera = Camera_Of(w, image);
   for (const OverlayPoint& point : points) {
-    const PanePosition at = Overlay_Of_Point(w, image, point.X, point.Y, point.Z);
+    const PanePosition at = Overlay_Of_Pixel(w, image, Object_To_Pixel(camera, point.at));
     Plot_Point(pane, at.px, at.py, point.colour);
   }
 }

@@ -9,7 +9,7 @@
 namespace sylvomex {
 
 struct OverlayPoint {
-  double X = 0, Y = 0, Z = 0;  // metres
+  Point3D at;
   Colour colour;
 };
 

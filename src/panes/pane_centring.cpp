@@ -51,16 +51,14 @@ void Mark_Solution_And_Scale(Workspace& w, int image, double col, double row) {
   picture.ForeColor = kWhite;
   picture.CurrentX = 5;
   picture.CurrentY = 5;
-  const double scale = Scale_Number(record, kScaleElevation);
+  const double scale = Scale_Number(Camera_Of(w, image), kScaleElevation);
   Print_Text(picture, Plain_Text(record.ImageId) + "    1:" + Format(scale, "00000"));
 }
 
 }  // namespace
 
 void Center_One_On_Target(Workspace& w, int image) {
-  double col = 0;
-  double row = 0;
-  Object_To_Pixel(w, image, w.CenterTarget.X, w.CenterTarget.Y, w.CenterTarget.Z, col, row);
+  const auto [col, row] = Object_To_Pixel(w, image, w.CenterTarget);
   const RawCentre centre = Limited_Raw_Centre(w.ImageBlock(image), col, row);
   Render_And_Load(w, image, Fit_At_Present_Zoom(w, image, centre));
   Mark_Solution_And_Scale(w, image, col, row);
@@ -69,9 +67,7 @@ void Center_One_On_Target(Workspace& w, int image) {
 
 void Center_One_On_Pan_Center(Workspace& w, int image) {
   const ImageRecord& record = w.ImageBlock(image);
-  double col = 0;
-  double row = 0;
-  Object_To_Pixel(w, image, w.CenterTarget.X, w.CenterTarget.Y, w.CenterTarget.Z, col, row);
+  const auto [col, row] = Object_To_Pixel(w, image, w.CenterTarget);
   const RawCentre centre{To_Int16(col - record.SubColOrigin),
                          To_Int16((record.FullHeight - 1 - row) - record.SubRowOrigin)};
   const ViewWindow window = Fit_At_Present_Zoom(w, image, centre);

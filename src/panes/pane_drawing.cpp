@@ -5,28 +5,25 @@
 
 namespace sylvomex {
 
-PanePosition Pane_Of_Pixel(const Workspace& w, int image, double col, double row) {
+PanePosition Pane_Of_Pixel(const Workspace& w, int image, const PixelPosition& pixel) {
   if (w.ImageKinds(image) == 2) {
     return Full_Image_To_Correlation_Pane(w.CorrelationRecords(image),
-                                          w.CorrelationPaneViews(image), col, row);
+                                          w.CorrelationPaneViews(image), pixel.col, pixel.row);
   }
-  return Full_Image_To_Pane(w.ImageBlock(image), w.PaneViews(image), col, row);
+  return Full_Image_To_Pane(w.ImageBlock(image), w.PaneViews(image), pixel.col, pixel.row);
 }
 
-PanePosition Pane_Of_Point(const Workspace& w, int image, double X, double Y, double Z) {
-  double col = 0;
-  double row = 0;
-  Object_To_Pixel(w, image, X, Y, Z, col, row);
-  return Pane_Of_Pixel(w, image, col, row);
+PanePosition Pane_Of_Point(const Workspace& w, int image, const Point3D& point) {
+  return Pane_Of_Pixel(w, image, Object_To_Pixel(w, image, point));
 }
 
-PanePosition Overlay_Of_Pixel(const Workspace& w, int image, double col, double row) {
-  const PanePosition at = Pane_Of_Pixel(w, image, col, row);
+PanePosition Overlay_Of_Pixel(const Workspace& w, int image, const PixelPosition& pixel) {
+  const PanePosition at = Pane_Of_Pixel(w, image, pixel);
   return {at.px - 1, at.py - 1};
 }
 
-PanePosition Overlay_Of_Point(const Workspace& w, int image, double X, double Y, double Z) {
-  const PanePosition at = Pane_Of_Point(w, image, X, Y, Z);
+PanePosition Overlay_Of_Point(const Workspace& w, int image, const Point3D& point) {
+  const PanePosition at = Pane_Of_Point(w, image, point);
   return {at.px - 1, at.py - 1};
 }
 

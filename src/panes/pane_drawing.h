@@ -8,16 +8,16 @@ namespace sylvomex {
 
 /// Pane position of a full-image position in pane k by its present view. Correlation panes
 /// (ImageKinds 2) use the tables of the correlation images.
-PanePosition Pane_Of_Pixel(const Workspace& w, int image, double col, double row);
+PanePosition Pane_Of_Pixel(const Workspace& w, int image, const PixelPosition& pixel);
 
-/// Pane position of an object point in pane k by Pane_Of_Pixel, metres.
-PanePosition Pane_Of_Point(const Workspace& w, int image, double X, double Y, double Z);
+/// Pane position of an object point in pane k by Pane_Of_Pixel.
+PanePosition Pane_Of_Point(const Workspace& w, int image, const Point3D& point);
 
 /// Where overlays (lidar echoes, field trees, borders, saved points) draw a full-image position
 /// or an object point in pane k: one pane pixel to the left of and above its position by
 /// Pane_Of_Pixel.
-PanePosition Overlay_Of_Pixel(const Workspace& w, int image, double col, double row);
-PanePosition Overlay_Of_Point(const Workspace& w, int image, double X, double Y, double Z);
+PanePosition Overlay_Of_Pixel(const Workspace& w, int image, const PixelPosition& pixel);
+PanePosition Overlay_Of_Point(const Workspace& w, int image, const Point3D& point);
 
 /// Full-image position of a pane position. Correlation panes as above.
 PixelPosition Pixel_Of_Pane(const Workspace& w, int image, double px, double py);

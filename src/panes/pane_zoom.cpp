@@ -20,10 +20,7 @@ struct RawCentre {
 
 // Where the observation in the pane's text boxes lies in the raw file.
 RawCentre Observed_Centre(const Workspace& w, int image) {
-  const MeasuredFilm film = Film_In_Boxes(w, image);
-  double col = 0;
-  double row = 0;
-  Image_To_Pixel(w, image, film.x, film.y, col, row);
+  const auto [col, row] = Image_To_Pixel(w, image, Film_In_Boxes(w, image));
   const ImageRecord& record = w.ImageBlock(image);
   return {col - record.SubColOrigin, (record.FullHeight - 1) - row - record.SubRowOrigin};
 }

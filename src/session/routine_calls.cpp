@@ -7,11 +7,11 @@
 
 #include "lidar/tile_grid.h"
 #include "platform/rounding.h"
+#include "session/left_outputs.h"
 #include "session/step_arguments.h"
 #include "session/step_end.h"
 #include "session/transcript_text.h"
 #include "session/value_text.h"
-#include "state/camera_access.h"
 #include "state/tin_access.h"
 
 namespace sylvomex {
@@ -22,6 +22,10 @@ using Arguments = std::span<const std::string>;
 
 double Real(Arguments arguments, std::size_t i) { return Real_Argument(arguments[i]); }
 
+Point3D Point_Argument(Arguments arguments) {
+  return {Real(arguments, 1), Real(arguments, 2), Real(arguments, 3)};
+}
+
 int Image_Index(Arguments arguments) {
   const long image = Whole_Argument(arguments[0]);
   constexpr long kFirst = std::numeric_limits<int>::min();
@@ -30,39 +34,36 @@ int Image_Index(Arguments arguments) {
 }
 
 std::string Call_Object_To_Pixel(Workspace& w, Arguments a) {
-  double col = 0, row = 0;
-  Object_To_Pixel(w, Image_Index(a), Real(a, 1), Real(a, 2), Real(a, 3), col, row);
+  const auto [col, row] = Object_To_Pixel(w, Image_Index(a), Point_Argument(a));
   return Value_Texts(col, row);
 }
 
 std::string Call_Object_To_Image(Workspace& w, Arguments a) {
-  double x = 0, y = 0;
-  Object_To_Image(w, Image_Index(a), Real(a, 1), Real(a, 2), Real(a, 3), x, y);
-  return Value_Texts(x, y);
+  FilmPosition film;
+  Object_To_Image(Camera_Of(w, Image_Index(a)), Point_Argument(a), film);
+  return Value_Texts(film.x, film.y);
 }
 
 std::string Call_Image_To_Object_At_Z(Workspace& w, Arguments a) {
-  double X = 0, Y = 0;
-  Image_To_Object_At_Z(w, Image_Index(a), Real(a, 1), Real(a, 2), Real(a, 3), X, Y);
-  return Value_Texts(X, Y);
+  Point3D ground;
+  Image_To_Object_At_Z(Camera_Of(w, Image_Index(a)), Real(a, 1), {Real(a, 2), Real(a, 3)}, ground);
+  return Value_Texts(ground.X, ground.Y);
 }
 
 std::string Call_Image_To_Pixel(Workspace& w, Arguments a) {
-  double col = 0, row = 0;
-  Image_To_Pixel(w, Image_Index(a), Real(a, 1), Real(a, 2), col, row);
+  const auto [col, row] = Image_To_Pixel(w, Image_Index(a), {Real(a, 1), Real(a, 2)});
   return Value_Texts(col, row);
 }
 
 std::string Call_Pixel_To_Image(Workspace& w, Arguments a) {
-  double x = 0, y = 0;
-  Pixel_To_Image(w, Image_Index(a), Real(a, 1), Real(a, 2), x, y);
+  const auto [x, y] = Pixel_To_Image(w, Image_Index(a), {Real(a, 1), Real(a, 2)});
   return Value_Texts(x, y);
 }
 
 std::string Call_Get_View_Angles(Workspace& w, Arguments a) {
-  double off_nadir = 0, azimuth_difference = 0, ray_azimuth = 0;
-  Get_View_Angles(w, Image_Index(a), off_nadir, azimuth_difference, ray_azimuth);
-  return Value_Texts(off_nadir, azimuth_difference, ray_azimuth);
+  ViewAngles angles;
+  Get_View_Angles(w, Image_Index(a), angles);
+  return Value_Texts(angles.off_nadir, angles.azimuth_difference, angles.ray_azimuth);
 }
 
 std::string Call_Get_Raster_Elevation(Workspace& w, Arguments a) {

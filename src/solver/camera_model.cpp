@@ -10,29 +10,6 @@
 namespace sylvomex {
 namespace {
 
-/// An object point seen from the projection centre, in camera axes (metres).
-struct CameraAxes {
-  double r = 0, s = 0, q = 0;
-};
-
-CameraAxes To_Camera_Axes(const ImageRecord& image, const RotationMatrix& m, double X, double Y,
-                          double Z) {
-  const double dX = X - image.X0;
-  const double dY = Y - image.Y0;
-  const double dZ = Z - image.Z0;
-  return {m.m11 * dX + m.m12 * dY + m.m13 * dZ, m.m21 * dX + m.m22 * dY + m.m23 * dZ,
-          m.m31 * dX + m.m32 * dY + m.m33 * dZ};
-}
-
-CameraAxes To_Camera_Axes(const Camera& camera, const Point3D& point) {
-  const RotationMatrix& m = camera.m;
-  const double dX = point.X - camera.centre.X;
-  const double dY = point.Y - camera.centre.Y;
-  const double dZ = point.Z - camera.centre.Z;
-  return {m.m11 * dX + m.m12 * dY + m.m13 * dZ, m.m21 * dX + m.m22 * dY + m.m23 * dZ,
-          m.m31 * dX + m.m32 * dY + m.m33 * dZ};
-}
-
 std::string About_Image(std::int32_t image_id, const char* fact) {
   return "image " + std::to_string(image_id) + ": " + fact;
 }
@@ -86,6 +63,15 @@ Camera Make_Camera(const ImageRecord& image) {
   return Make_Camera(image, Build_Rotation_Matrix(image.Omega, image.Phi, image.Kappa));
 }
 
+CameraAxes To_Camera_Axes(const Camera& camera, const Point3D& point) {
+  const RotationMatrix& m = camera.m;
+  const double dX = point.X - camera.centre.X;
+  const double dY = point.Y - camera.centre.Y;
+  const double dZ = point.Z - camera.centre.Z;
+  return {m.m11 * dX + m.m12 * dY + m.m13 * dZ, m.m21 * dX + m.m22 * dY + m.m23 * dZ,
+          m.m31 * dX + m.m32 * dY + m.m33 * dZ};
+}
+
 std::optional<FilmPosition> Object_To_Image(const Camera& camera, const Point3D& point) {
   const CameraAxes axes = To_Camera_Axes(camera, point);
   if (camera.c == 0 || axes.q == 0) return std::nullopt;
@@ -95,9 +81,12 @@ std::optional<FilmPosition> Object_To_Image(const Camera& camera, const Point3D&
   return film;
 }
 
+FilmPosition Film_Of_Point(const Camera& camera, const Point3D& point) {
+  return Object_To_Image(camera, point).value_or(FilmPosition{-1, 0});
+}
+
 PixelPosition Object_To_Pixel(const Camera& camera, const Point3D& point) {
-  constexpr FilmPosition kNoFilmPosition{-1, 0};
-  return Image_To_Pixel(camera, Object_To_Image(camera, point).value_or(kNoFilmPosition));
+  return Image_To_Pixel(camera, Film_Of_Point(camera, point));
 }
 
 std::optional<Point3D> Image_To_Object_At_Z(const Camera& camera, double Z,
@@ -135,77 +124,25 @@ FilmPosition Pixel_To_Image(const Camera& camera, const PixelPosition& pixel) {
   return film;
 }
 
-void Image_To_Pixel(const ImageRecord& image, double x, double y, double& col, double& row) {
-  col = image.AffineA1 * x + image.AffineA2 * y + image.AffineA0;
-  row = image.AffineB1 * x + image.AffineB2 * y + image.AffineB0;
-  Require_Finite(image.ImageId, "the pixel position", {col, row}, x, y);
-}
-
-void Pixel_To_Image(const ImageRecord& image, double col, double row, double& x, double& y) {
-  const double d = image.AffineA1 * image.AffineB2 - image.AffineA2 * image.AffineB1;
-  if (d == 0) {
+double Scale_Number(const Camera& camera, double Z) {
+  if (camera.c == 0) {
     throw RunTimeError(Failure::DivisionByZero,
-                       About_Image(image.ImageId, "the affine from film to pixels is singular"));
+                       About_Image(camera.image_id, "no scale with a principal distance of 0"));
   }
-  const double dcol = col - image.AffineA0;
-  const double drow = row - image.AffineB0;
-  x = (image.AffineB2 * dcol - image.AffineA2 * drow) / d;
-  y = (image.AffineA1 * drow - image.AffineB1 * dcol) / d;
-  Require_Finite(image.ImageId, "the film position of a pixel", {d, x, y}, col, row);
-}
-
-void Object_To_Image(const ImageRecord& image, const RotationMatrix& m, double X, double Y,
-                     double Z, double& x, double& y) {
-  const double c = image.PrincipalDistance;
-  const CameraAxes point = To_Camera_Axes(image, m, X, Y, Z);
-  if (c == 0 || point.q == 0) {
-    x = y == 0 ? -1 : 0;
-    return;
-  }
-  x = (-c) * point.r / point.q;
-  y = (-c) * point.s / point.q;
-  Require_Finite(image.ImageId, "the film position of an object point", {point.q, x, y}, X, Y, Z);
-}
-
-void Object_To_Pixel(const ImageRecord& image, const RotationMatrix& m, double X, double Y,
-                     double Z, double& col, double& row) {
-  double x = 0;
-  double y = 0;
-  Object_To_Image(image, m, X, Y, Z, x, y);
-  Image_To_Pixel(image, x, y, col, row);
-}
-
-void Image_To_Object_At_Z(const ImageRecord& image, const RotationMatrix& m, double Z, double x,
-                          double y, double& X, double& Y) {
-  const double t = -image.PrincipalDistance;
-  const double q = m.m13 * x + m.m23 * y + m.m33 * t;
-  if (q == 0) return;
-  const double dZ = Z - image.Z0;
-  X = image.X0 + dZ * (m.m11 * x + m.m21 * y + m.m31 * t) / q;
-  Y = image.Y0 + dZ * (m.m12 * x + m.m22 * y + m.m32 * t) / q;
-  Require_Finite(image.ImageId, "the ground position", {q, X, Y}, Z, x, y);
-}
-
-double Scale_Number(const ImageRecord& image, double Z) {
-  const double c = image.PrincipalDistance;
-  if (c == 0) {
-    throw RunTimeError(Failure::DivisionByZero,
-                       About_Image(image.ImageId, "no scale with a principal distance of 0"));
-  }
-  const double scale = (image.Z0 - Z) / c;
-  Require_Finite(image.ImageId, "the scale number", {scale}, Z);
+  const double scale = (camera.centre.Z - Z) / camera.c;
+  Require_Finite(camera.image_id, "the scale number", {scale}, Z);
   return scale;
 }
 
-CollinearityPartials Collinearity_Partials(const ImageRecord& image, const RotationMatrix& m,
-                                           double X, double Y, double Z, double measured_x,
-                                           double measured_y) {
-  const auto [r, s, q] = To_Camera_Axes(image, m, X, Y, Z);
-  const double c = image.PrincipalDistance;
+CollinearityPartials Collinearity_Partials(const Camera& camera, const Point3D& point,
+                                           const FilmPosition& measured) {
+  const auto [r, s, q] = To_Camera_Axes(camera, point);
+  const RotationMatrix& m = camera.m;
+  const double c = camera.c;
   if (q * q == 0) {
-    throw RunTimeError(
-        Failure::DivisionByZero,
-        About_Image(image.ImageId, "the working point lies in the plane of the projection centre"));
+    throw RunTimeError(Failure::DivisionByZero,
+                       About_Image(camera.image_id,
+                                   "the working point lies in the plane of the projection centre"));
   }
   const double scale = c / (q * q);
   CollinearityPartials p;
@@ -215,20 +152,21 @@ CollinearityPartials Collinearity_Partials(const ImageRecord& image, const Rotat
   p.ay2 = scale * (m.m22 * q - m.m32 * s);
   p.ax3 = scale * (m.m13 * q - m.m33 * r);
   p.ay3 = scale * (m.m23 * q - m.m33 * s);
-  p.lx = (-c) * r / q - measured_x;
-  p.ly = (-c) * s / q - measured_y;
-  Require_Finite(image.ImageId, "the linearised projection of the working point",
-                 {q * q, p.ax1, p.ay1, p.ax2, p.ay2, p.ax3, p.ay3, p.lx, p.ly}, X, Y, Z, measured_x,
-                 measured_y);
+  p.lx = (-c) * r / q - measured.x;
+  p.ly = (-c) * s / q - measured.y;
+  Require_Finite(camera.image_id, "the linearised projection of the working point",
+                 {q * q, p.ax1, p.ay1, p.ax2, p.ay2, p.ax3, p.ay3, p.lx, p.ly}, point.X, point.Y,
+                 point.Z, measured.x, measured.y);
   return p;
 }
 
-void Rotate_And_Project(double x, double y, double z, double c, const double (&r)[3][3], double& u,
-                        double& v) {
+FilmPosition Rotate_And_Project(const FilmPosition& film, double z, double c,
+                                const double (&r)[3][3]) {
   constexpr const char* kParallel = "a ray is parallel to the plane of the normalised image";
+  const auto [x, y] = film;
   const double den = x * r[2][0] + y * r[2][1] - z * r[2][2];
-  u = Quotient((-c) * (x * r[0][0] + y * r[0][1] - z * r[0][2]), den, kParallel);
-  v = Quotient((-c) * (x * r[1][0] + y * r[1][1] - z * r[1][2]), den, kParallel);
+  return {Quotient((-c) * (x * r[0][0] + y * r[0][1] - z * r[0][2]), den, kParallel),
+          Quotient((-c) * (x * r[1][0] + y * r[1][1] - z * r[1][2]), den, kParallel)};
 }
 
 }  // namespace sylvomex

@@ -50,11 +50,21 @@ Camera Make_Camera(const ImageRecord& image, const RotationMatrix& m);
 /// With the rotation by the header's own angles.
 Camera Make_Camera(const ImageRecord& image);
 
+/// An object point seen from the projection centre, metres along the film's x axis, its y axis and
+/// against the view.
+struct CameraAxes {
+  double r = 0, s = 0, q = 0;
+};
+CameraAxes To_Camera_Axes(const Camera& camera, const Point3D& point);
+
 /// Collinearity. Nothing when the point lies in the plane of the projection centre, or c is 0.
 std::optional<FilmPosition> Object_To_Image(const Camera& camera, const Point3D& point);
 
-/// Object_To_Image followed by Image_To_Pixel. A point without a film position counts as film
-/// position (-1, 0), which lies far outside every frame.
+/// Object_To_Image for callers that go on in any case: a point without a film position counts as
+/// film position (-1, 0), which lies far outside every frame.
+FilmPosition Film_Of_Point(const Camera& camera, const Point3D& point);
+
+/// Film_Of_Point followed by Image_To_Pixel.
 PixelPosition Object_To_Pixel(const Camera& camera, const Point3D& point);
 
 /// The ray through a film position cut with the horizontal plane at Z; nothing for a ray parallel
@@ -68,29 +78,9 @@ PixelPosition Image_To_Pixel(const Camera& camera, const FilmPosition& film);
 /// The exact inverse. A singular affine is a division by zero.
 FilmPosition Pixel_To_Image(const Camera& camera, const PixelPosition& pixel);
 
-/// col = A1 x + A2 y + A0, row = B1 x + B2 y + B0.
-void Image_To_Pixel(const ImageRecord& image, double x, double y, double& col, double& row);
-
-/// The exact inverse. A singular affine is a division by zero.
-void Pixel_To_Image(const ImageRecord& image, double col, double row, double& x, double& y);
-
-/// Collinearity. When the denominator is exactly 0 (or c is 0) x receives -1 if the incoming
-/// y is 0, else 0, and y is left as it came in.
-void Object_To_Image(const ImageRecord& image, const RotationMatrix& m, double X, double Y,
-                     double Z, double& x, double& y);
-
-/// Object_To_Image with fresh film coordinates, followed by Image_To_Pixel.
-void Object_To_Pixel(const ImageRecord& image, const RotationMatrix& m, double X, double Y,
-                     double Z, double& col, double& row);
-
-/// The ray through (x, y) cut with the horizontal plane at Z. A ray parallel to the plane
-/// leaves X and Y as they came in.
-void Image_To_Object_At_Z(const ImageRecord& image, const RotationMatrix& m, double Z, double x,
-                          double y, double& X, double& Y);
-
 /// Denominator of the scale 1 : n at elevation Z, (Z0 - Z) / c. A principal distance of 0 is a
 /// division by zero.
-double Scale_Number(const ImageRecord& image, double Z);
+double Scale_Number(const Camera& camera, double Z);
 
 /// One image's rows of A d = l: coefficients of X (1), Y (2), Z (3) for film x and y, and the
 /// misclosures computed minus measured. A point in the plane of the projection centre is a
@@ -99,13 +89,13 @@ struct CollinearityPartials {
   double ax1 = 0, ay1 = 0, ax2 = 0, ay2 = 0, ax3 = 0, ay3 = 0;
   double lx = 0, ly = 0;
 };
-CollinearityPartials Collinearity_Partials(const ImageRecord& image, const RotationMatrix& m,
-                                           double X, double Y, double Z, double measured_x,
-                                           double measured_y);
+CollinearityPartials Collinearity_Partials(const Camera& camera, const Point3D& point,
+                                           const FilmPosition& measured);
 
-/// Plane-to-plane transform of normalised images; r has R(row, column) at r[row-1][column-1]. A
-/// ray parallel to the new plane is a division by zero.
-void Rotate_And_Project(double x, double y, double z, double c, const double (&r)[3][3], double& u,
-                        double& v);
+/// Plane-to-plane transform of normalised images: the position on a film at the distance z, seen on
+/// a film turned by r at the distance c; r has R(row, column) at r[row-1][column-1]. A ray parallel
+/// to the new plane is a division by zero.
+FilmPosition Rotate_And_Project(const FilmPosition& film, double z, double c,
+                                const double (&r)[3][3]);
 
 }  // namespace sylvomex

@@ -93,20 +93,22 @@ FrameLimits Aerial_Frame(double c) {
 constexpr FrameLimits kTerrestrialFrame{0.002692, 0.003589};
 
 // False for a point in the plane through the projection centre that is parallel to the frame.
-bool Falls_On_Frame(const TableCamera& camera, const RotationMatrix& m, const Point3D& point,
-                    const FrameLimits& limits) {
-  const double dX = camera.X0 - point.X;
-  const double dY = camera.Y0 - point.Y;
-  const double dZ = camera.Z0 - point.Z;
-  const double n = m.m31 * dX + m.m32 * dY + m.m33 * dZ;
-  if (n == 0) return false;
-  const double x = -camera.c * (m.m11 * dX + m.m12 * dY + m.m13 * dZ) / n;
-  const double y = -camera.c * (m.m21 * dX + m.m22 * dY + m.m23 * dZ) / n;
+// A camera constant of 0 sees everything, and a ray that leaves the range of numbers nothing.
+bool Falls_On_Frame(const Camera& camera, const Point3D& point, const FrameLimits& limits) {
+  const auto [r, s, q] = To_Camera_Axes(camera, point);
+  if (q == 0) return false;
+  const double x = -camera.c * r / q;
+  const double y = -camera.c * s / q;
   return std::abs(x) < limits.x && std::abs(y) < limits.y;
 }
 
-RotationMatrix Rotation_Of(const TableCamera& camera) {
-  return Build_Rotation_Matrix(camera.omega, camera.phi, camera.kappa);
+Camera Camera_Of(const TableCamera& line) {
+  Camera camera;
+  camera.image_id = line.identity;
+  camera.c = line.c;
+  camera.centre = {line.X0, line.Y0, line.Z0};
+  camera.m = Build_Rotation_Matrix(line.omega, line.phi, line.kappa);
+  return camera;
 }
 
 }  // namespace
@@ -129,15 +131,15 @@ std::optional<TableCamera> CameraTableReader::Next() {
 }
 
 bool Sees_Point(const TableCamera& camera, const Point3D& point) {
-  return Falls_On_Frame(camera, Rotation_Of(camera), point, Aerial_Frame(camera.c));
+  return Falls_On_Frame(Camera_Of(camera), point, Aerial_Frame(camera.c));
 }
 
 bool Sees_Ring(const TableCamera& camera, const Point3D& point) {
   if (!(camera.c > 0.006 && camera.c < 0.008)) return false;
-  const RotationMatrix m = Rotation_Of(camera);
+  const Camera terrestrial = Camera_Of(camera);
   const std::vector<Point3D> ring = Ring_Around(point);
   return std::all_of(ring.begin(), ring.end(), [&](const Point3D& at) {
-    return Falls_On_Frame(camera, m, at, kTerrestrialFrame);
+    return Falls_On_Frame(terrestrial, at, kTerrestrialFrame);
   });
 }
 

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "platform/list_reader.h"
-#include "solver/space_intersection.h"
+#include "solver/camera_model.h"
 
 namespace sylvomex {
 

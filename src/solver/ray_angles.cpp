@@ -21,11 +21,8 @@ double Ray_Azimuth(const Vector3& ray) {
   return azimuth > 180 && azimuth - 180 < 180 ? azimuth + 180 : azimuth;
 }
 
-Vector3 Ray_To(const ImageRecord& image, const RotationMatrix& m, const Point3D& point) {
-  double x = 0;
-  double y = 0;
-  Object_To_Image(image, m, point.X, point.Y, point.Z, x, y);
-  return Film_Ray(image, m, x, y);
+Vector3 Ray_To(const Camera& camera, const Point3D& point) {
+  return Film_Ray(camera, Film_Of_Point(camera, point));
 }
 
 double Off_Nadir(const RotationMatrix& m, Vector3 ray) {
@@ -61,41 +58,42 @@ double MYFUNC_ATAN2(double u, double v) {
   return std::atan2(v + 0.0, u + 0.0);
 }
 
-Vector3 Sun_Vector(double sun_azimuth, double sun_elevation) {
-  const double a = (90 - sun_azimuth * kDegreesPerRadian) * kRadiansPerDegree;
-  const double e = (90 - sun_elevation * kDegreesPerRadian) * kRadiansPerDegree;
+SunAngles Sun_Of(const ImageRecord& image) { return {image.SunAzimuth, image.SunElevation}; }
+
+Vector3 Sun_Vector(const SunAngles& sun) {
+  const double a = (90 - sun.azimuth * kDegreesPerRadian) * kRadiansPerDegree;
+  const double e = (90 - sun.elevation * kDegreesPerRadian) * kRadiansPerDegree;
   return {std::sin(e) * std::cos(a), std::sin(e) * std::sin(a), std::cos(e)};
 }
 
-Vector3 Film_Ray(const ImageRecord& image, const RotationMatrix& m, double x, double y) {
-  const double c = image.PrincipalDistance;
+Vector3 Film_Ray(const Camera& camera, const FilmPosition& film) {
+  const RotationMatrix& m = camera.m;
+  const auto [x, y] = film;
+  const double c = camera.c;
   return {m.m11 * x + m.m21 * y - m.m31 * c, m.m12 * x + m.m22 * y - m.m32 * c,
           m.m13 * x + m.m23 * y - m.m33 * c};
 }
 
-ViewAngles View_Angles(const ImageRecord& image, const RotationMatrix& m, const Point3D& point) {
-  const Vector3 ray = Ray_To(image, m, point);
-  const Vector3 sun = Sun_Vector(image.SunAzimuth, image.SunElevation);
+ViewAngles View_Angles(const Camera& camera, const SunAngles& sun, const Point3D& point) {
+  const Vector3 ray = Ray_To(camera, point);
   ViewAngles angles;
   angles.ray_azimuth = Ray_Azimuth(ray);
   angles.azimuth_difference =
-      Azimuth_Difference(Azimuth_Of_Angle(Horizontal_Angle(sun)), angles.ray_azimuth);
-  angles.off_nadir = Off_Nadir(m, ray);
+      Azimuth_Difference(Azimuth_Of_Angle(Horizontal_Angle(Sun_Vector(sun))), angles.ray_azimuth);
+  angles.off_nadir = Off_Nadir(camera.m, ray);
   return angles;
 }
 
-LightingAngles Lighting_At(const ImageRecord& image, const RotationMatrix& m,
-                           const Point3D& point) {
-  const Vector3 ray = Ray_To(image, m, point);
-  const Vector3 sun = Sun_Vector(image.SunAzimuth, image.SunElevation);
+LightingAngles Lighting_At(const Camera& camera, const SunAngles& sun, const Point3D& point) {
+  const Vector3 ray = Ray_To(camera, point);
   LightingAngles angles;
-  angles.sun_azimuth = image.SunAzimuth * kDegreesPerRadian;
-  angles.sun_elevation = image.SunElevation * kDegreesPerRadian;
+  angles.sun_azimuth = sun.azimuth * kDegreesPerRadian;
+  angles.sun_elevation = sun.elevation * kDegreesPerRadian;
   angles.ray_azimuth = Ray_Azimuth(ray);
-  angles.difference =
-      Angle_Difference(Horizontal_Angle(sun), Horizontal_Angle(ray)) * kDegreesPerRadian;
+  angles.difference = Angle_Difference(Horizontal_Angle(Sun_Vector(sun)), Horizontal_Angle(ray)) *
+                      kDegreesPerRadian;
   angles.lighting = Lighting_Class(std::abs(angles.difference));
-  angles.off_nadir = Off_Nadir(m, ray);
+  angles.off_nadir = Off_Nadir(camera.m, ray);
   return angles;
 }
 

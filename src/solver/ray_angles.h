@@ -8,7 +8,6 @@
 #pragma once
 
 #include "solver/camera_model.h"
-#include "solver/space_intersection.h"
 #include "solver/vector3.h"
 
 namespace sylvomex {
@@ -20,12 +19,20 @@ inline constexpr double kRadiansPerDegree = 0.0174532925199433;
 /// the angle 0.
 double MYFUNC_ATAN2(double u, double v);
 
-/// Unit vector towards the sun, from the header's azimuth and elevation in radians.
-Vector3 Sun_Vector(double sun_azimuth, double sun_elevation);
+/// Where the sun stood, radians; the azimuth clockwise from north.
+struct SunAngles {
+  double azimuth = 0, elevation = 0;
+};
 
-/// Vector of the film ray (x, y) in object space, from the projection centre; its length is
-/// that of (x, y, c) in metres.
-Vector3 Film_Ray(const ImageRecord& image, const RotationMatrix& m, double x, double y);
+/// As the header has them.
+SunAngles Sun_Of(const ImageRecord& image);
+
+/// Unit vector towards the sun.
+Vector3 Sun_Vector(const SunAngles& sun);
+
+/// Vector of a film ray in object space, from the projection centre; its length is that of
+/// (x, y, c) in metres.
+Vector3 Film_Ray(const Camera& camera, const FilmPosition& film);
 
 struct ViewAngles {
   double off_nadir = 0;           // between the camera's axis and the ray, 0 to 180
@@ -33,7 +40,7 @@ struct ViewAngles {
   double ray_azimuth = 0;         // -90 to 180; directions between south and west, 180 to
                                   // 270, come out 180 higher, as 360 to 450
 };
-ViewAngles View_Angles(const ImageRecord& image, const RotationMatrix& m, const Point3D& point);
+ViewAngles View_Angles(const Camera& camera, const SunAngles& sun, const Point3D& point);
 
 /// One line of the angle table.
 struct LightingAngles {
@@ -44,7 +51,7 @@ struct LightingAngles {
   const char* lighting = "";  // Lighting_Class of the difference
   double off_nadir = 0;       // as in ViewAngles
 };
-LightingAngles Lighting_At(const ImageRecord& image, const RotationMatrix& m, const Point3D& point);
+LightingAngles Lighting_At(const Camera& camera, const SunAngles& sun, const Point3D& point);
 
 /// Class by the absolute difference in degrees: "B" below 45, "BS" below 90, "FS" below 135,
 /// "F" up to 180, "" for NaN. A difference that only rounding keeps below a

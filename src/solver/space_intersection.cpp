@@ -28,8 +28,7 @@ Equations Form_Equations(std::span<const FilmObservation> observations, const Po
   }
   Equations e;
   for (const FilmObservation& o : observations) {
-    const CollinearityPartials p =
-        Collinearity_Partials(*o.image, *o.rotation, point.X, point.Y, point.Z, o.x, o.y);
+    const CollinearityPartials p = Collinearity_Partials(o.camera, point, o.film);
     const int x_row = ++e.rows;
     const int y_row = ++e.rows;
     e.misclosures(x_row) = p.lx;

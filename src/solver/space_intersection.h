@@ -14,9 +14,8 @@
 namespace sylvomex {
 
 struct FilmObservation {
-  const ImageRecord* image = nullptr;
-  const RotationMatrix* rotation = nullptr;
-  double x = 0, y = 0;  // film, metres
+  Camera camera;
+  FilmPosition film;
 };
 
 struct IntersectionSettings {

@@ -24,7 +24,7 @@ double Number_In(const TextBox& box, std::string_view name) {
   return Number_Of(box, [name] { return std::string(name); });
 }
 
-MeasuredFilm Film_In_Boxes(const Workspace& w, int image) {
+FilmPosition Film_In_Boxes(const Workspace& w, int image) {
   const auto film = [&w, image](int item) {
     return Number_Of(w.Form1.Text1(item), [item, image] {
       return "Text1(" + std::to_string(item) + ") of image " + std::to_string(image);

@@ -12,12 +12,8 @@ namespace sylvomex {
 /// or "Form2.Text5", in front of what it was about.
 double Number_In(const TextBox& box, std::string_view name);
 
-struct MeasuredFilm {
-  double x = 0, y = 0;  // metres
-};
-
 /// The observation in the two measurement boxes of an image. A failure names box and image,
 /// e.g. "Text1(2) of image 1".
-MeasuredFilm Film_In_Boxes(const Workspace& w, int image);
+FilmPosition Film_In_Boxes(const Workspace& w, int image);
 
 }  // namespace sylvomex

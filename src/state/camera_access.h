@@ -3,23 +3,39 @@
 // RunTimeError(SubscriptOutOfRange). Frames and units: solver/camera_model.h.
 #pragma once
 
+#include <optional>
+
+#include "solver/ray_angles.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
 
 void Build_Rotation_Matrix(Workspace& w, int image);
-void Image_To_Pixel(const Workspace& w, int image, double x, double y, double& col, double& row);
-void Pixel_To_Image(const Workspace& w, int image, double col, double row, double& x, double& y);
-void Object_To_Image(const Workspace& w, int image, double X, double Y, double Z, double& x,
-                     double& y);
-void Object_To_Pixel(const Workspace& w, int image, double X, double Y, double Z, double& col,
-                     double& row);
-void Image_To_Object_At_Z(const Workspace& w, int image, double Z, double x, double y, double& X,
-                          double& Y);
 
-/// Degrees; a view without a valid solution leaves the outputs as they were.
-void Get_View_Angles(const Workspace& w, int image, double& off_nadir, double& azimuth_difference,
-                     double& ray_azimuth);
+/// The image's camera with the rotation of the RotationTable. Loops over many points take it once.
+inline Camera Camera_Of(const Workspace& w, int image) {
+  return Make_Camera(w.ImageBlock(image), w.RotationTable(image));
+}
+
+inline PixelPosition Object_To_Pixel(const Workspace& w, int image, const Point3D& point) {
+  return Object_To_Pixel(Camera_Of(w, image), point);
+}
+
+inline PixelPosition Image_To_Pixel(const Workspace& w, int image, const FilmPosition& film) {
+  return Image_To_Pixel(Camera_Of(w, image), film);
+}
+
+inline FilmPosition Pixel_To_Image(const Workspace& w, int image, const PixelPosition& pixel) {
+  return Pixel_To_Image(Camera_Of(w, image), pixel);
+}
+
+inline std::optional<Point3D> Image_To_Object_At_Z(const Workspace& w, int image, double Z,
+                                                   const FilmPosition& film) {
+  return Image_To_Object_At_Z(Camera_Of(w, image), Z, film);
+}
+
+/// The angles at the solution; nothing without a valid one, whatever the index.
+std::optional<ViewAngles> Get_View_Angles(const Workspace& w, int image);
 
 /// Metres; -99 without a loaded model, 0 outside it.
 inline double Get_Raster_Elevation(const Workspace& w, double X, double Y) {

@@ -36,7 +36,7 @@ void Mark_Solution_On_Panes(Workspace& w) {
   for (int k = 0; k < w.ImageCount; ++k) {
     Picture& picture = w.Form1.Picture1(k);
     picture.DrawWidth = 3;
-    const PanePosition at = Pane_Of_Point(w, k, w.Solution3D.X, w.Solution3D.Y, w.Solution3D.Z);
+    const PanePosition at = Pane_Of_Point(w, k, w.Solution3D);
     Plot_Point(picture, at.px - 1, at.py - 1, kWhite);
     picture.DrawWidth = 1;
   }

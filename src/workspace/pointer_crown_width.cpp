@@ -21,24 +21,22 @@ double Film_Per_Pixel(const ImageRecord& image) {
                   "image " + Plain_Text(image.ImageId) + ": the affine coefficient A1 is 0");
 }
 
-// Ground position of the pointer on the solution's plane, and whose width it is.
+// Ground position of the pointer on the solution's plane, X and Y 0 for a level ray, and whose
+// width it is.
 Point3D Identify_And_Locate(Workspace& w, int pane, double px, double py) {
   XYDistanceEntry& entry = w.XYDistanceEntries(pane);
   entry.Index = static_cast<std::uint8_t>(pane);
   entry.ImageCode = w.ImageBlock(pane).ImageId;
   const PixelPosition at = Pane_To_Full_Image(w.ImageBlock(pane), w.PaneViews(pane), px, py);
-  double x = 0;
-  double y = 0;
-  Pixel_To_Image(w, pane, at.col, at.row, x, y);
-  Point3D ground{0, 0, w.Solution3D.Z};
-  Image_To_Object_At_Z(w, pane, ground.Z, x, y, ground.X, ground.Y);
-  return ground;
+  const Camera camera = Camera_Of(w, pane);
+  const double Z = w.Solution3D.Z;
+  return Image_To_Object_At_Z(camera, Z, Pixel_To_Image(camera, at)).value_or(Point3D{0, 0, Z});
 }
 
 void Take_First_End(Workspace& w, int pane, double px, double py) {
   const ImageRecord& image = w.ImageBlock(pane);
   w.Crown.CrownPixelSize = Raw_Pixels_Per_Pane_Pixel(w.PaneViews(pane).ZoomX) *
-                           Film_Per_Pixel(image) * Scale_Number(image, w.Solution3D.Z);
+                           Film_Per_Pixel(image) * Scale_Number(Camera_Of(w, pane), w.Solution3D.Z);
   w.Crown.CrownPointOneX = To_Single(px);
   w.Crown.CrownPointOneY = To_Single(py);
   w.Crown.CrownClickOne = true;
@@ -69,10 +67,14 @@ void Complete_Entry(Workspace& w, int pane, double distance) {
   const ImageRecord& image = w.ImageBlock(pane);
   XYDistanceEntry& entry = w.XYDistanceEntries(pane);
   entry.ObservedDistance = To_Single(distance);
-  entry.ScaleAtZ = To_Single(Scale_Number(image, w.Solution3D.Z));
+  entry.ScaleAtZ = To_Single(Scale_Number(Camera_Of(w, pane), w.Solution3D.Z));
   entry.SunElevation = image.SunElevation * kDegreesPerRadian;
   entry.SunAzimuth = image.SunAzimuth * kDegreesPerRadian;
-  Get_View_Angles(w, pane, entry.OffNadirAngle, entry.AzimuthDifference, entry.ObjCamRayAzimuth);
+  if (const auto angles = Get_View_Angles(w, pane)) {
+    entry.OffNadirAngle = angles->off_nadir;
+    entry.AzimuthDifference = angles->azimuth_difference;
+    entry.ObjCamRayAzimuth = angles->ray_azimuth;
+  }
   entry.X = w.Solution3D.X;
   entry.Y = w.Solution3D.Y;
   entry.Z = w.Solution3D.Z;

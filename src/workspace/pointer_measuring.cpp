@@ -27,11 +27,9 @@ void Show_Pixel_Position(Workspace& w, int pane, double px, double py) {
 
 void Store_Observation(Workspace& w, int pane, double px, double py) {
   const PixelPosition at = Pixel_Of_Pane(w, pane, px, py);
-  double x = 0;
-  double y = 0;
-  Pixel_To_Image(w, pane, at.col, at.row, x, y);
-  w.Form1.Text1(2 * pane).Text = Format(x, "0.#######");
-  w.Form1.Text1(2 * pane + 1).Text = Format(y, "0.#######");
+  const FilmPosition film = Pixel_To_Image(w, pane, at);
+  w.Form1.Text1(2 * pane).Text = Format(film.x, "0.#######");
+  w.Form1.Text1(2 * pane + 1).Text = Format(film.y, "0.#######");
 }
 
 void Draw_Gapped_Cross(Picture& picture, double px, double py) {

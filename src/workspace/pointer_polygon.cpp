@@ -15,16 +15,18 @@ namespace {
 
 struct Vertex {
   PixelPosition pixel;
-  double x = 0, y = 0;  // film; computed with the ground position only
-  double X = 0, Y = 0;  // ground at the solution's height
+  FilmPosition film;  // computed with the ground position only
+  Point3D ground;     // at the solution's height; X and Y are 0 for a level ray
 };
 
 Vertex Vertex_At(Workspace& w, int pane, double px, double py) {
   Vertex vertex;
   vertex.pixel = Pane_To_Full_Image(w.ImageBlock(pane), w.PaneViews(pane), px, py);
   if (w.Menu.Draw_XYZ_Polygon) {
-    Pixel_To_Image(w, pane, vertex.pixel.col, vertex.pixel.row, vertex.x, vertex.y);
-    Image_To_Object_At_Z(w, pane, w.Solution3D.Z, vertex.x, vertex.y, vertex.X, vertex.Y);
+    const Camera camera = Camera_Of(w, pane);
+    const double Z = w.Solution3D.Z;
+    vertex.film = Pixel_To_Image(camera, vertex.pixel);
+    vertex.ground = Image_To_Object_At_Z(camera, Z, vertex.film).value_or(Point3D{0, 0, Z});
   }
   return vertex;
 }
@@ -34,12 +36,12 @@ std::string Pixel_Line(const Vertex& vertex, const char* pattern) {
 }
 
 std::string Film_Line(const Vertex& vertex) {
-  return Format(vertex.x, "#.000000") + "," + Format(vertex.y, "#.000000") + "\n";
+  return Format(vertex.film.x, "#.000000") + "," + Format(vertex.film.y, "#.000000") + "\n";
 }
 
-std::string Ground_Line(const Vertex& vertex, double Z) {
-  return Format(vertex.X, "#.000") + "," + Format(vertex.Y, "#.000") + "," + Format(Z, "#.000") +
-         "\n";
+std::string Ground_Line(const Point3D& ground) {
+  return Format(ground.X, "#.000") + "," + Format(ground.Y, "#.000") + "," +
+         Format(ground.Z, "#.000") + "\n";
 }
 
 std::vector<PanePosition> Read_Polyline(Workspace& w, int pane) {
@@ -64,7 +66,7 @@ void Start_Polygon(Workspace& w, int pane, double px, double py) {
   w.PolygonActive = true;
   const Vertex vertex = Vertex_At(w, pane, px, py);
   if (w.Menu.Draw_XYZ_Polygon) {
-    Write_Whole_File(w.Drives.Locate(kGroundPolylineFile), Ground_Line(vertex, w.Solution3D.Z));
+    Write_Whole_File(w.Drives.Locate(kGroundPolylineFile), Ground_Line(vertex.ground));
   }
   Write_Whole_File(w.Drives.Locate(kPixelPolylineFile), Pixel_Line(vertex, "#.00"));
   Write_Whole_File(w.Drives.Locate(kFilmPolylineFile), Film_Line(vertex));
@@ -73,7 +75,7 @@ void Start_Polygon(Workspace& w, int pane, double px, double py) {
 void Add_Polygon_Vertex(Workspace& w, int pane, double px, double py) {
   const Vertex vertex = Vertex_At(w, pane, px, py);
   if (w.Menu.Draw_XYZ_Polygon) {
-    Append_To_File(w.Drives.Locate(kGroundPolylineFile), Ground_Line(vertex, w.Solution3D.Z));
+    Append_To_File(w.Drives.Locate(kGroundPolylineFile), Ground_Line(vertex.ground));
   }
   Append_To_File(w.Drives.Locate(kPixelPolylineFile), Pixel_Line(vertex, "#.000"));
   Append_To_File(w.Drives.Locate(kFilmPolylineFile), Film_Line(vertex));

@@ -46,11 +46,9 @@ void Zoom_Out_Click(Workspace& w, int pane) {
 
 void Pan_Click(Workspace& w, int pane, double px, double py) {
   const PixelPosition at = Pane_To_Full_Image(w.ImageBlock(pane), w.PaneViews(pane), px, py);
-  double x = 0;
-  double y = 0;
-  Pixel_To_Image(w, pane, at.col, at.row, x, y);
-  w.Form1.Text1(2 * pane).Text = Format(x, "0.#######");
-  w.Form1.Text1(2 * pane + 1).Text = Format(y, "0.#######");
+  const FilmPosition film = Pixel_To_Image(w, pane, at);
+  w.Form1.Text1(2 * pane).Text = Format(film.x, "0.#######");
+  w.Form1.Text1(2 * pane + 1).Text = Format(film.y, "0.#######");
   const PaneView view = w.PaneViews(pane);
   Set_Zoom(w, pane, view.ZoomX, view.ZoomY);
 }

@@ -128,8 +128,7 @@ TEST(TiePoints, AreTheTopsOnThePhotographsByTopDownRows) {
     for (const Photograph& photo : Photos()) {
       if (photo.image.ImageId != row[0]) continue;
       const Tree& tree = Tree_Of_Id(row[1]);
-      double col = 0, bottom_up_row = 0;
-      Object_To_Pixel(photo.image, photo.rotation, tree.X, tree.Y, tree.TopZ, col, bottom_up_row);
+      const auto [col, bottom_up_row] = Object_To_Pixel(photo.camera, {tree.X, tree.Y, tree.TopZ});
       EXPECT_NEAR(row[2], col, 0.0051);
       EXPECT_NEAR(photo.image.FullHeight - 1 - row[3], bottom_up_row, 0.0051);
     }
@@ -187,9 +186,7 @@ std::vector<CameraLine> Camera_Lines(const std::string& table) {
 }
 
 bool Sees(const ImageRecord& image, const Point3D& point, double limit_x, double limit_y) {
-  const RotationMatrix m = Build_Rotation_Matrix(image.Omega, image.Phi, image.Kappa);
-  double x = 0, y = 0;
-  Object_To_Image(image, m, point.X, point.Y, point.Z, x, y);
+  const auto [x, y] = Film_Of_Point(Make_Camera(image), point);
   return std::abs(x) < limit_x && std::abs(y) < limit_y;
 }
 

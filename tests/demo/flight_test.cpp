@@ -76,8 +76,7 @@ TEST(Flight, EveryTreeIsOnAtLeastFiveRawFiles) {
     const Tree& tree = Site().trees[i];
     int on = 0;
     for (const Photograph& photo : Photos()) {
-      double col = 0, row = 0;
-      Object_To_Pixel(photo.image, photo.rotation, tree.X, tree.Y, tree.TopZ, col, row);
+      const auto [col, row] = Object_To_Pixel(photo.camera, {tree.X, tree.Y, tree.TopZ});
       on += Is_On_Raw_File(photo.image, col, row) ? 1 : 0;
     }
     EXPECT_GE(on, 5) << "tree " << tree.id;
@@ -96,8 +95,7 @@ TEST(Flight, PanesStartOnATreeNearTheMiddle) {
   const Tree& tree = Site().trees[Centre_Tree(Site(), 18)];
   EXPECT_LT(std::hypot(tree.X - 2515150, tree.Y - 6860150), 15);
   for (const Photograph& photo : Photos()) {
-    double col = 0, row = 0;
-    Object_To_Pixel(photo.image, photo.rotation, tree.X, tree.Y, tree.TopZ, col, row);
+    const auto [col, row] = Object_To_Pixel(photo.camera, {tree.X, tree.Y, tree.TopZ});
     EXPECT_NEAR(photo.image.StartCol, col - photo.image.SubColOrigin, 0.5);
     EXPECT_NEAR(photo.image.StartRow, 15299 - row - photo.image.SubRowOrigin, 0.5);
   }
@@ -109,10 +107,9 @@ TEST(Flight, CoarserPixelsShowTheSamePlaces) {
   const std::vector<Photograph> coarse = Fly_Over(Build_Scene(settings));
   const Tree& tree = Site().trees[0];
   for (std::size_t k = 0; k < 6; ++k) {
-    double col = 0, row = 0, coarse_col = 0, coarse_row = 0;
-    Object_To_Pixel(Photos()[k].image, Photos()[k].rotation, tree.X, tree.Y, tree.TopZ, col, row);
-    Object_To_Pixel(coarse[k].image, coarse[k].rotation, tree.X, tree.Y, tree.TopZ, coarse_col,
-                    coarse_row);
+    const Point3D top{tree.X, tree.Y, tree.TopZ};
+    const auto [col, row] = Object_To_Pixel(Photos()[k].camera, top);
+    const auto [coarse_col, coarse_row] = Object_To_Pixel(coarse[k].camera, top);
     EXPECT_EQ(coarse[k].image.FullHeight, 3825);
     EXPECT_NEAR(coarse_col, col / 4, 1e-6);
     // Top-down positions divide by the scale; rows count from the bottom.

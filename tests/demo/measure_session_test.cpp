@@ -82,17 +82,15 @@ TEST(MeasureSession, ClicksIntersectAtTheTopsToTheirRounding) {
       EXPECT_EQ(std::fmod(at.px, 0.5), 0);
       const Photograph& photo = Photos().at(pane);
       // The even window of 380 pixels starts 189 pixels before its centre.
-      double col = 0, row = 0;
-      Object_To_Pixel(photo.image, photo.rotation, scripted.inputs[0], scripted.inputs[1],
-                      scripted.inputs[2], col, row);
+      const auto [col, row] = Object_To_Pixel(
+          photo.camera, {scripted.inputs[0], scripted.inputs[1], scripted.inputs[2]});
       const double top = photo.image.FullHeight - 1 - row;
       const double view_col = std::nearbyint(col - photo.image.SubColOrigin) - 189;
       const double view_row = std::nearbyint(top - photo.image.SubRowOrigin) - 189;
-      FilmObservation observation{&photo.image, &photo.rotation, 0, 0};
-      Pixel_To_Image(photo.image, view_col + photo.image.SubColOrigin + at.px,
-                     photo.image.FullHeight - 1 - (view_row + photo.image.SubRowOrigin + at.py),
-                     observation.x, observation.y);
-      observations.push_back(observation);
+      const PixelPosition clicked{
+          view_col + photo.image.SubColOrigin + at.px,
+          photo.image.FullHeight - 1 - (view_row + photo.image.SubRowOrigin + at.py)};
+      observations.push_back({photo.camera, Pixel_To_Image(photo.camera, clicked)});
     }
     const IntersectionResult result = Intersect_Rays(
         observations, {scripted.inputs[0], scripted.inputs[1], scripted.inputs[2]}, {});

@@ -20,8 +20,8 @@ void Crop_Around(Photograph& photo, double col, double row, int side) {
   photo.image.SubWidth = photo.image.SubHeight = side;
 }
 
-void Project_Top(const Photograph& photo, const Tree& tree, double& col, double& row) {
-  Object_To_Pixel(photo.image, photo.rotation, tree.X, tree.Y, tree.TopZ, col, row);
+PixelPosition Project_Top(const Photograph& photo, const Tree& tree) {
+  return Object_To_Pixel(photo.camera, {tree.X, tree.Y, tree.TopZ});
 }
 
 SurfaceHit Cast_At(const Scene& scene, const Photograph& photo, double col, double row) {
@@ -34,8 +34,7 @@ TEST(CameraRay, OfAProjectedTopMeetsTheApex) {
   for (const Species species : {Species::Pine, Species::Spruce, Species::Birch}) {
     const Scene scene = Scene_Of({Tree_At(1, species, 150, 150)});
     for (const Photograph& photo : Fly_Over(scene)) {
-      double col = 0, row = 0;
-      Project_Top(photo, scene.trees[0], col, row);
+      const auto [col, row] = Project_Top(photo, scene.trees[0]);
       const SurfaceHit hit = Cast_At(scene, photo, col, row);
       ASSERT_EQ(hit.tree, 0);
       EXPECT_NEAR(hit.Z, 170, 0.01);
@@ -48,8 +47,8 @@ TEST(CameraRay, OfAProjectedTopMeetsTheApex) {
 TEST(CameraRay, MeetsTheGroundBesideTheTrees) {
   const Scene scene = Scene_Of({Tree_At(1, Species::Pine, 150, 150)});
   const Photograph photo = Fly_Over(scene)[0];
-  double col = 0, row = 0;
-  Object_To_Pixel(photo.image, photo.rotation, kForestWest + 60, kForestSouth + 200, 150, col, row);
+  const auto [col, row] =
+      Object_To_Pixel(photo.camera, {kForestWest + 60, kForestSouth + 200, 150});
   const SurfaceHit hit = Cast_At(scene, photo, col, row);
   EXPECT_EQ(hit.kind, SurfaceHit::Kind::Ground);
   EXPECT_NEAR(hit.X, kForestWest + 60, 0.005);
@@ -138,10 +137,9 @@ TEST(RenderedPhotograph, ShowsTheTopWhereItProjects) {
   const Scene scene = Scene_Of({Tree_At(1, Species::Spruce, 150, 150)});
   const Scene bare = Scene_Of({Tree_At(1, Species::Spruce, 20, 20)});
   Photograph photo = Fly_Over(scene)[4];  // from the north, where the shadow falls
-  double col = 0, row = 0, base_col = 0, base_row = 0;
-  Project_Top(photo, scene.trees[0], col, row);
-  Object_To_Pixel(photo.image, photo.rotation, scene.trees[0].X, scene.trees[0].Y, 160, base_col,
-                  base_row);
+  const auto [col, row] = Project_Top(photo, scene.trees[0]);
+  const auto [base_col, base_row] =
+      Object_To_Pixel(photo.camera, {scene.trees[0].X, scene.trees[0].Y, 160});
   Crop_Around(photo, col, row, 61);
   const auto with_tree = Render_Photograph(scene, photo), without = Render_Photograph(bare, photo);
   const double length = std::hypot(col - base_col, row - base_row);
@@ -166,8 +164,7 @@ TEST(RenderedPhotograph, HasSunlitAndShadedCrownSides) {
   const auto mean_green = [&](double dx, double dy) {
     const Tree& tree = scene.trees[0];
     const double Z = tree.TopZ - Crown_Depth_At(tree, std::hypot(dx, dy)).value();
-    double col = 0, row = 0;
-    Object_To_Pixel(photo.image, photo.rotation, tree.X + dx, tree.Y + dy, Z, col, row);
+    const auto [col, row] = Object_To_Pixel(photo.camera, {tree.X + dx, tree.Y + dy, Z});
     Crop_Around(photo, col, row, 7);
     const auto raw = Render_Photograph(scene, photo);
     double sum = 0;

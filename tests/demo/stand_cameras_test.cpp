@@ -109,32 +109,30 @@ TEST(AnglesOfView, PutTheTargetInTheMiddleAndTheSkyUp) {
     for (const double climb : {-0.4, 0.0, 0.3}) {
       const Ray axis = Level_Ray({1000, 2000, 50}, azimuth, climb);
       const RotationAngles angles = Angles_Of_View({axis.u, axis.v, axis.w});
-      const RotationMatrix m = Build_Rotation_Matrix(angles.omega, angles.phi, angles.kappa);
-      ImageRecord image;
-      image.PrincipalDistance = 0.007;
-      image.X0 = 1000;
-      image.Y0 = 2000;
-      image.Z0 = 50;
-      double x = 0, y = 0;
-      const double X = 1000 + 10 * axis.u, Y = 2000 + 10 * axis.v, Z = 50 + 10 * axis.w;
-      Object_To_Image(image, m, X, Y, Z, x, y);
-      EXPECT_NEAR(x, 0, 1e-12);
-      EXPECT_NEAR(y, 0, 1e-12);
-      Object_To_Image(image, m, X, Y, Z + 0.1, x, y);
-      EXPECT_NEAR(x, 0, 1e-12);
-      EXPECT_GT(y, 0);
+      Camera camera;
+      camera.c = 0.007;
+      camera.centre = {1000, 2000, 50};
+      camera.m = Build_Rotation_Matrix(angles.omega, angles.phi, angles.kappa);
+      const Point3D target{1000 + 10 * axis.u, 2000 + 10 * axis.v, 50 + 10 * axis.w};
+      const FilmPosition middle = Film_Of_Point(camera, target);
+      EXPECT_NEAR(middle.x, 0, 1e-12);
+      EXPECT_NEAR(middle.y, 0, 1e-12);
+      const FilmPosition above = Film_Of_Point(camera, {target.X, target.Y, target.Z + 0.1});
+      EXPECT_NEAR(above.x, 0, 1e-12);
+      EXPECT_GT(above.y, 0);
       // To the right of the view: azimuth + 90 degrees.
       const Ray right = Level_Ray({}, azimuth + 90);
-      Object_To_Image(image, m, X + right.u, Y + right.v, Z, x, y);
-      EXPECT_NEAR(x, 0.0007, 1e-9);
-      EXPECT_NEAR(y, 0, 1e-12);
+      const FilmPosition beside =
+          Film_Of_Point(camera, {target.X + right.u, target.Y + right.v, target.Z});
+      EXPECT_NEAR(beside.x, 0.0007, 1e-9);
+      EXPECT_NEAR(beside.y, 0, 1e-12);
     }
   }
 }
 
 /// Whether a ring around a point falls inside the frame by the projection d . m1 / d . m3.
 bool Ring_Is_In_Frame(const Photograph& photo, const Point3D& centre) {
-  const RotationMatrix& m = photo.rotation;
+  const RotationMatrix& m = photo.camera.m;
   const ImageRecord& image = photo.image;
   for (double a = -std::numbers::pi; a <= std::numbers::pi; a += 0.3) {
     const double dX = image.X0 - (centre.X + 0.095 * std::cos(a));
@@ -166,8 +164,7 @@ TEST(StandPhotographs, TheRayThroughTheProjectedStemMeetsThatTree) {
   const std::vector<Photograph> photos = Photographs_Around(Site(), tree);
   const Point3D stem = Breast_Height_Point(Site().trees[tree]);
   for (std::size_t k = 0; k < 3; ++k) {
-    double col = 0, row = 0;
-    Object_To_Pixel(photos[k].image, photos[k].rotation, stem.X, stem.Y, stem.Z, col, row);
+    const auto [col, row] = Object_To_Pixel(photos[k].camera, stem);
     ASSERT_TRUE(Is_On_Raw_File(photos[k].image, col, row));
     const auto hit = Cast_Stand_Ray(Site(), Stand_Ray(photos[k], col, row), 100, Foliage::Closed);
     ASSERT_TRUE(hit);
@@ -178,9 +175,8 @@ TEST(StandPhotographs, TheRayThroughTheProjectedStemMeetsThatTree) {
 
 TEST(StandPhotographs, TheFrameIsAsLargeAsTheCamerasLimits) {
   const Photograph photo = Photographs_Around(Site(), Site_Tree())[0];
-  double x = 0, y = 0;
   const RawPixelCentre corner = Centre_Of_Raw_Pixel(photo.image, -0.5, -0.5);
-  Pixel_To_Image(photo.image, corner.col, corner.row, x, y);
+  const auto [x, y] = Pixel_To_Image(photo.camera, {corner.col, corner.row});
   EXPECT_NEAR(x, -0.002692, 1e-9);
   EXPECT_NEAR(y, 0.003589, 3e-6);
 }

@@ -66,8 +66,8 @@ TEST_F(Selection, AnEchoExactly150MetresAwayIsNotDrawn) {
         High_Single(1000, 1850.001, 50)});
   Select_2007();
   ASSERT_EQ(echoes.size(), 2U);
-  EXPECT_EQ(echoes[0].X, 1149.999);
-  EXPECT_EQ(echoes[1].Y, 1850.001);
+  EXPECT_EQ(echoes[0].at.X, 1149.999);
+  EXPECT_EQ(echoes[1].at.Y, 1850.001);
   echoes.clear();
   Select_2006();
   EXPECT_EQ(echoes.size(), 2U);
@@ -106,7 +106,7 @@ TEST_F(Selection, Only2007SingleEchoesAboveSixMetresAreDrawn) {
   Read({two, at_six, above_six});
   Select_2007();
   ASSERT_EQ(echoes.size(), 1U);
-  EXPECT_EQ(echoes[0].Z, 106.01);
+  EXPECT_EQ(echoes[0].at.Z, 106.01);
 }
 
 TEST_F(Selection, Only2006PulsesWithTheSensorAbove1000MetresAreDrawn) {
@@ -118,7 +118,7 @@ TEST_F(Selection, Only2006PulsesWithTheSensorAbove1000MetresAreDrawn) {
   Read({low, high});
   Select_2006();
   ASSERT_EQ(echoes.size(), 1U);
-  EXPECT_EQ(echoes[0].Z, 51);
+  EXPECT_EQ(echoes[0].at.Z, 51);
 }
 
 TEST_F(Selection, EchoesComeByPulseThenBySlot) {
@@ -128,8 +128,8 @@ TEST_F(Selection, EchoesComeByPulseThenBySlot) {
   Read({first, Single_Echo({1009, 2000, 120, 10, 840})});
   Select_2006();
   ASSERT_EQ(echoes.size(), 5U);
-  for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(echoes[i].X, 1001.0 + static_cast<double>(i));
-  EXPECT_EQ(echoes[4].X, 1009);
+  for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(echoes[i].at.X, 1001.0 + static_cast<double>(i));
+  EXPECT_EQ(echoes[4].at.X, 1009);
 }
 
 TEST_F(Selection, AnOverflowNamesPulseAndSlotAndKeepsWhatCameBefore) {
@@ -141,7 +141,7 @@ TEST_F(Selection, AnOverflowNamesPulseAndSlotAndKeepsWhatCameBefore) {
   EXPECT_EQ(Failure_Of([&] { Select_2006(); }).substr(0, 59),
             "Overflow: pulse 3, echo slot 4, corrected intensity: 161363");
   ASSERT_EQ(echoes.size(), 1U);
-  EXPECT_EQ(echoes[0].X, 1001);
+  EXPECT_EQ(echoes[0].at.X, 1001);
 }
 
 }  // namespace

@@ -65,7 +65,7 @@ TEST(PatchSide, AGroundPixelWithoutSizeIsADivisionByZero) {
 }
 
 RawWindow Window_At(double X, double Y, int side) {
-  return Place_Patch(Test_Photo(), No_Rotation(), {X, Y, 0}, side).window;
+  return Place_Patch(Test_Photo(), Upright(Test_Photo()), {X, Y, 0}, side).window;
 }
 
 TEST(PlacePatch, LiesAroundThePlotInRowsFromTheTop) {
@@ -83,7 +83,7 @@ TEST(PlacePatch, CountsFromTheRawFilesOrigin) {
   image.SubWidth = image.SubHeight = 400;
   image.SubColOrigin = 200;
   image.SubRowOrigin = 350;
-  const RawWindow window = Place_Patch(image, No_Rotation(), {0, 0, 0}, 101).window;
+  const RawWindow window = Place_Patch(image, Upright(image), {0, 0, 0}, 101).window;
   EXPECT_EQ(window.first_col, 250);  // raw column 300
   EXPECT_EQ(window.top_row, 100);    // raw row 150
 }
@@ -108,14 +108,14 @@ TEST(PlacePatch, AsWideAsTheRawFileOverTheRightEdgeItLeavesTheFile) {
   ImageRecord image = Test_Photo();
   image.SubWidth = 101;
   image.SubColOrigin = 420;  // the plot in column 80, one column more than fits
-  const PatchPlace place = Place_Patch(image, No_Rotation(), {0, 0, 0}, 101);
+  const PatchPlace place = Place_Patch(image, Upright(image), {0, 0, 0}, 101);
   EXPECT_EQ(place.window.first_col, -1);
   Failure_Of(Failure::SubscriptOutOfRange,
              [&] { Read_Raw_Window(image, Pixels_Of(image, {}), place.window, ColourRule::Mean); });
 }
 
 TEST(PlacePatch, LargerThanTheRawFileItIsTheWholeFile) {
-  const PatchPlace place = Place_Patch(Test_Photo(), No_Rotation(), {0, 0, 0}, 1001);
+  const PatchPlace place = Place_Patch(Test_Photo(), Upright(Test_Photo()), {0, 0, 0}, 1001);
   EXPECT_FALSE(place.fits);
   EXPECT_EQ(place.window.Width(), 1000);
   EXPECT_EQ(place.window.top_row, 0);

@@ -13,7 +13,7 @@ constexpr TemplateParameters kCrown{1.5, 3, 0};
 
 TemplateRecord Ellipse_At(const Point3D& top, const TemplateParameters& crown = kCrown,
                           const TemplateRecord& previous = {}) {
-  return Ellipse_Of_Crown(Test_Photo(), No_Rotation(), top, crown, previous);
+  return Ellipse_Of_Crown(Upright(Test_Photo()), top, crown, previous);
 }
 
 TEST(TemplateEllipse, ATreeBelowTheCameraGivesACircleWithoutDirection) {

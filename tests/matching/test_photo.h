@@ -30,7 +30,9 @@ inline ImageRecord Test_Photo() {
   return image;
 }
 
-inline RotationMatrix No_Rotation() { return {1, 0, 0, 0, 1, 0, 0, 0, 1}; }
+inline Camera Upright(const ImageRecord& image) {
+  return Make_Camera(image, {1, 0, 0, 0, 1, 0, 0, 0, 1});
+}
 
 /// Grey value of a raw pixel, never 0.
 inline std::uint8_t Grey_At(int col, int raw_row) {

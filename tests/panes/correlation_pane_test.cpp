@@ -57,8 +57,7 @@ TEST_F(OneImage, TheSolutionIsMarkedWhereTheCorrelationImageShowsIt) {
   north.form = "Form1";
   north.key_code = 'N';
   Handle_Event(w(), north);
-  double col = 0, row = 0;
-  Object_To_Pixel(w(), 0, 12, -6.5, 3, col, row);
+  const auto [col, row] = Object_To_Pixel(w(), 0, {12, -6.5, 3});
   const std::vector<Mark>& marks = w().Form1.Picture1(0).marks;
   ASSERT_EQ(marks.size(), 1U);
   EXPECT_NEAR(marks[0].x1, (col - 100 - 10) * 2 - 1, 1e-9);

@@ -11,13 +11,17 @@
 namespace sylvomex {
 namespace {
 
-using testing::Camera;
 using testing::Elementary_Product;
 using testing::FilmPoint;
+using testing::Image_From;
 using testing::Matrix33;
-using testing::Nine_Cameras;
+using testing::Nine_Images;
 using testing::Project;
-using testing::Rotation_Of;
+
+template <class... Orientation>
+Camera Camera_From(Orientation... orientation) {
+  return Make_Camera(Image_From(orientation...));
+}
 
 Matrix33 Rows(const RotationMatrix& m) {
   return {{{m.m11, m.m12, m.m13}, {m.m21, m.m22, m.m23}, {m.m31, m.m32, m.m33}}};
@@ -57,11 +61,11 @@ TEST(BuildRotationMatrix, RowsAreOrthonormal) {
 }
 
 TEST(BuildRotationMatrix, QuarterTurnOfKappaPutsNorthOnTheFilmsXAxis) {
-  const ImageRecord image = Camera(0, 0, 1000, 0, 0, std::numbers::pi / 2);
-  double x = 0, y = 0;
-  Object_To_Image(image, Rotation_Of(image), 0, 100, 0, x, y);
-  EXPECT_NEAR(x, 0.01, 1e-15);
-  EXPECT_NEAR(y, 0, 1e-15);
+  const Camera camera = Camera_From(0, 0, 1000, 0, 0, std::numbers::pi / 2);
+  const auto film = Object_To_Image(camera, {0, 100, 0});
+  ASSERT_TRUE(film);
+  EXPECT_NEAR(film->x, 0.01, 1e-15);
+  EXPECT_NEAR(film->y, 0, 1e-15);
 }
 
 TEST(PixelAffine, ForwardIsTheHandWorkedSum) {
@@ -72,25 +76,22 @@ TEST(PixelAffine, ForwardIsTheHandWorkedSum) {
   image.AffineB1 = 7;
   image.AffineB2 = 11;
   image.AffineB0 = 13;
-  double col = 0, row = 0;
-  Image_To_Pixel(image, 10, 100, col, row);
-  EXPECT_EQ(col, 325);
-  EXPECT_EQ(row, 1183);
-  double x = 0, y = 0;
-  Pixel_To_Image(image, 325, 1183, x, y);
-  EXPECT_DOUBLE_EQ(x, 10);
-  EXPECT_DOUBLE_EQ(y, 100);
+  const Camera camera = Make_Camera(image);
+  const PixelPosition pixel = Image_To_Pixel(camera, {10, 100});
+  EXPECT_EQ(pixel.col, 325);
+  EXPECT_EQ(pixel.row, 1183);
+  const FilmPosition film = Pixel_To_Image(camera, {325, 1183});
+  EXPECT_DOUBLE_EQ(film.x, 10);
+  EXPECT_DOUBLE_EQ(film.y, 100);
 }
 
 TEST(PixelAffine, BackwardAfterForwardReturnsTheFilmPosition) {
-  const ImageRecord image = Camera(0, 0, 0);
+  const Camera camera = Camera_From(0, 0, 0);
   for (const double film_x : {-0.112, 0.0, 0.03719}) {
     for (const double film_y : {-0.108, 0.0, 0.0501}) {
-      double col = 0, row = 0, x = 0, y = 0;
-      Image_To_Pixel(image, film_x, film_y, col, row);
-      Pixel_To_Image(image, col, row, x, y);
-      EXPECT_NEAR(x, film_x, 1e-15);
-      EXPECT_NEAR(y, film_y, 1e-15);
+      const FilmPosition film = Pixel_To_Image(camera, Image_To_Pixel(camera, {film_x, film_y}));
+      EXPECT_NEAR(film.x, film_x, 1e-15);
+      EXPECT_NEAR(film.y, film_y, 1e-15);
     }
   }
 }
@@ -103,168 +104,149 @@ TEST(PixelAffine, SingularAffineIsADivisionByZeroThatNamesTheImage) {
   image.AffineB1 = 2;
   image.AffineB2 = 4;
   for (const ImageRecord& singular : {image, ImageRecord{}}) {
-    double x = 3, y = 4;
-    EXPECT_EQ(Failure_Of([&] { Pixel_To_Image(singular, 1, 2, x, y); }),
+    EXPECT_EQ(Failure_Of([&] {
+                Pixel_To_Image(Make_Camera(singular), {1, 2});
+              }),
               "Division by zero: image " + std::to_string(singular.ImageId) +
                   ": the affine from film to pixels is singular");
-    EXPECT_EQ(x, 3);
-    EXPECT_EQ(y, 4);
   }
 }
 
 TEST(PixelAffine, PositionOutOfRangeIsAnOverflow) {
-  const ImageRecord image = Camera(0, 0, 1000);
-  double a = 0, b = 0;
-  EXPECT_TRUE(Failure_Of([&] { Image_To_Pixel(image, 1e306, 0, a, b); }).starts_with("Overflow: "));
-  EXPECT_TRUE(
-      Failure_Of([&] { Pixel_To_Image(image, 1e308, 1e308, a, b); }).starts_with("Overflow: "));
+  const Camera camera = Camera_From(0, 0, 1000);
+  EXPECT_TRUE(Failure_Of([&] { Image_To_Pixel(camera, {1e306, 0}); }).starts_with("Overflow: "));
+  EXPECT_TRUE(Failure_Of([&] {
+                Pixel_To_Image(camera, {1e308, 1e308});
+              }).starts_with("Overflow: "));
 }
 
 TEST(ScaleNumber, IsTheHeightOverTheGroundByThePrincipalDistance) {
-  EXPECT_DOUBLE_EQ(Scale_Number(Camera(0, 0, 1660), 160), 15000);
+  EXPECT_DOUBLE_EQ(Scale_Number(Camera_From(0, 0, 1660), 160), 15000);
 }
 
 TEST(ScaleNumber, PrincipalDistanceOfZeroIsADivisionByZero) {
   for (const double Z : {0.0, 1000.0}) {
-    const ImageRecord image = Camera(0, 0, 1000, 0, 0, 0, 0.0);
-    EXPECT_TRUE(Failure_Of([&] { Scale_Number(image, Z); }).starts_with("Division by zero: "));
+    const Camera camera = Camera_From(0, 0, 1000, 0, 0, 0, 0.0);
+    EXPECT_TRUE(Failure_Of([&] { Scale_Number(camera, Z); }).starts_with("Division by zero: "));
   }
 }
 
 TEST(RotateAndProject, RayParallelToThePlaneIsADivisionByZero) {
   const double r[3][3] = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
-  double u = 0, v = 0;
   EXPECT_TRUE(Failure_Of([&] {
-                Rotate_And_Project(1, 2, 0, 0.1, r, u, v);
+                Rotate_And_Project({1, 2}, 0, 0.1, r);
               }).starts_with("Division by zero: "));
 }
 
 TEST(CollinearityPartials, PointInThePlaneOfTheCameraIsADivisionByZero) {
-  const ImageRecord image = Camera(0, 0, 1000);
-  const auto partials = [&] { Collinearity_Partials(image, Rotation_Of(image), 5, 6, 1000, 0, 0); };
+  const Camera camera = Camera_From(0, 0, 1000);
+  const auto partials = [&] { Collinearity_Partials(camera, {5, 6, 1000}, {}); };
   EXPECT_TRUE(Failure_Of(partials).starts_with("Division by zero: "));
 }
 
 TEST(ObjectToImage, FilmPositionOutOfRangeIsAnOverflow) {
-  const ImageRecord image = Camera(0, 0, 0);
-  double x = 0, y = 0;
-  const auto project = [&] { Object_To_Image(image, Rotation_Of(image), 1e300, 0, 1e-20, x, y); };
+  const Camera camera = Camera_From(0, 0, 0);
+  const auto project = [&] { (void)Object_To_Image(camera, {1e300, 0, 1e-20}); };
   EXPECT_TRUE(Failure_Of(project).starts_with("Overflow: "));
 }
 
 TEST(ImageToObjectAtZ, GroundPositionOutOfRangeIsAnOverflow) {
-  const ImageRecord image = Camera(0, 0, 0);
-  double X = 0, Y = 0;
-  const auto cut = [&] { Image_To_Object_At_Z(image, Rotation_Of(image), 1e308, 100, 0, X, Y); };
+  const Camera camera = Camera_From(0, 0, 0);
+  const auto cut = [&] { (void)Image_To_Object_At_Z(camera, 1e308, {100, 0}); };
   EXPECT_TRUE(Failure_Of(cut).starts_with("Overflow: "));
 }
 
 TEST(ObjectToImage, PointStraightBelowFallsOnThePrincipalPoint) {
-  const ImageRecord image = Camera(2515000, 6860000, 1810);
-  double x = 7, y = 7;
-  Object_To_Image(image, Rotation_Of(image), 2515000, 6860000, 160, x, y);
-  EXPECT_EQ(x, 0);
-  EXPECT_EQ(y, 0);
+  const auto film = Object_To_Image(Camera_From(2515000, 6860000, 1810), {2515000, 6860000, 160});
+  ASSERT_TRUE(film);
+  EXPECT_EQ(film->x, 0);
+  EXPECT_EQ(film->y, 0);
 }
 
 TEST(ObjectToImage, HundredMetresEastAThousandBelowIsOneCentimetreOnTheFilm) {
-  const ImageRecord image = Camera(500, 600, 1200);
-  double x = 0, y = 0;
-  Object_To_Image(image, Rotation_Of(image), 600, 600, 200, x, y);
-  EXPECT_DOUBLE_EQ(x, 0.01);
-  EXPECT_EQ(y, 0);
+  const auto film = Object_To_Image(Camera_From(500, 600, 1200), {600, 600, 200});
+  ASSERT_TRUE(film);
+  EXPECT_DOUBLE_EQ(film->x, 0.01);
+  EXPECT_EQ(film->y, 0);
 }
 
 TEST(ObjectToImage, TiltedCamerasAgreeWithTheIndependentProjection) {
-  for (const ImageRecord& image : Nine_Cameras()) {
-    double x = 0, y = 0;
-    Object_To_Image(image, Rotation_Of(image), 2515123.4, 6859876.5, 171.25, x, y);
-    const FilmPoint film = Project(image, 2515123.4, 6859876.5, 171.25);
-    EXPECT_NEAR(x, static_cast<double>(film.x), 1e-14);
-    EXPECT_NEAR(y, static_cast<double>(film.y), 1e-14);
+  for (const ImageRecord& image : Nine_Images()) {
+    const auto film = Object_To_Image(Make_Camera(image), {2515123.4, 6859876.5, 171.25});
+    const FilmPoint expected = Project(image, 2515123.4, 6859876.5, 171.25);
+    ASSERT_TRUE(film);
+    EXPECT_NEAR(film->x, static_cast<double>(expected.x), 1e-14);
+    EXPECT_NEAR(film->y, static_cast<double>(expected.y), 1e-14);
   }
 }
 
 TEST(ObjectToImage, PointAboveTheCameraComesOutMirrored) {
-  const ImageRecord image = Camera(0, 0, 1000);
-  double x = 0, y = 0;
-  Object_To_Image(image, Rotation_Of(image), 100, 50, 2000, x, y);
-  EXPECT_DOUBLE_EQ(x, -0.01);
-  EXPECT_DOUBLE_EQ(y, -0.005);
+  const auto film = Object_To_Image(Camera_From(0, 0, 1000), {100, 50, 2000});
+  ASSERT_TRUE(film);
+  EXPECT_DOUBLE_EQ(film->x, -0.01);
+  EXPECT_DOUBLE_EQ(film->y, -0.005);
 }
 
-TEST(ObjectToImage, PointAtTheCamerasHeightWithZeroYGivesMinusOneAndZero) {
-  const ImageRecord image = Camera(0, 0, 1000);
-  double x = 3, y = 0;
-  Object_To_Image(image, Rotation_Of(image), 100, 50, 1000, x, y);
-  EXPECT_EQ(x, -1);
-  EXPECT_EQ(y, 0);
+TEST(ObjectToImage, PointAtTheCamerasHeightHasNoFilmPosition) {
+  EXPECT_FALSE(Object_To_Image(Camera_From(0, 0, 1000), {100, 50, 1000}));
 }
 
-TEST(ObjectToImage, PointAtTheCamerasHeightWithAnotherYGivesZeroAndKeepsIt) {
-  const ImageRecord image = Camera(0, 0, 1000);
-  double x = 3, y = 5;
-  Object_To_Image(image, Rotation_Of(image), 100, 50, 1000, x, y);
-  EXPECT_EQ(x, 0);
-  EXPECT_EQ(y, 5);
+TEST(FilmOfPoint, PointAtTheCamerasHeightIsMinusOneAndZero) {
+  const FilmPosition film = Film_Of_Point(Camera_From(0, 0, 1000), {100, 50, 1000});
+  EXPECT_EQ(film.x, -1);
+  EXPECT_EQ(film.y, 0);
+}
+
+TEST(FilmOfPoint, AnyOtherPointIsWhereObjectToImageHasIt) {
+  const FilmPosition film = Film_Of_Point(Camera_From(0, 0, 1000), {100, 50, 0});
+  EXPECT_DOUBLE_EQ(film.x, 0.01);
+  EXPECT_DOUBLE_EQ(film.y, 0.005);
 }
 
 TEST(ObjectToImage, PrincipalDistanceOfZeroCountsAsZeroDenominator) {
-  const ImageRecord image = Camera(0, 0, 1000, 0, 0, 0, 0.0);
-  double x = 3, y = 0;
-  Object_To_Image(image, Rotation_Of(image), 100, 50, 0, x, y);
-  EXPECT_EQ(x, -1);
-  EXPECT_EQ(y, 0);
+  EXPECT_FALSE(Object_To_Image(Camera_From(0, 0, 1000, 0, 0, 0, 0.0), {100, 50, 0}));
 }
 
 TEST(ObjectToImage, NaNInGivesNaNOut) {
-  const ImageRecord image = Camera(0, 0, 1000);
-  double x = 0, y = 0;
-  Object_To_Image(image, Rotation_Of(image), std::nan(""), 50, 0, x, y);
-  EXPECT_TRUE(std::isnan(x));
+  const auto film = Object_To_Image(Camera_From(0, 0, 1000), {std::nan(""), 50, 0});
+  ASSERT_TRUE(film);
+  EXPECT_TRUE(std::isnan(film->x));
 }
 
 TEST(ObjectToPixel, IsTheAffineOfTheProjection) {
-  const ImageRecord image = Camera(0, 0, 1000);
-  double col = 0, row = 0;
-  Object_To_Pixel(image, Rotation_Of(image), 100, 50, 0, col, row);
+  const auto [col, row] = Object_To_Pixel(Camera_From(0, 0, 1000), {100, 50, 0});
   EXPECT_DOUBLE_EQ(col, 71428.5 * 0.01 + 12.5 * 0.005 + 4000);
   EXPECT_DOUBLE_EQ(row, -11.25 * 0.01 + 71430 * 0.005 + 3900);
 }
 
 TEST(ObjectToPixel, ZeroDenominatorIsThePixelOfMinusOneAndZero) {
-  const ImageRecord image = Camera(0, 0, 1000);
-  double col = 9, row = 9;
-  Object_To_Pixel(image, Rotation_Of(image), 100, 50, 1000, col, row);
+  const auto [col, row] = Object_To_Pixel(Camera_From(0, 0, 1000), {100, 50, 1000});
   EXPECT_EQ(col, 4000 - 71428.5);
   EXPECT_EQ(row, 3900 + 11.25);
 }
 
 TEST(ImageToObjectAtZ, HandWorkedVerticalRay) {
-  const ImageRecord image = Camera(500, 600, 1200);
-  double X = 0, Y = 0;
-  Image_To_Object_At_Z(image, Rotation_Of(image), 200, 0.01, -0.02, X, Y);
-  EXPECT_DOUBLE_EQ(X, 600);
-  EXPECT_DOUBLE_EQ(Y, 400);
+  const auto ground = Image_To_Object_At_Z(Camera_From(500, 600, 1200), 200, {0.01, -0.02});
+  ASSERT_TRUE(ground);
+  EXPECT_DOUBLE_EQ(ground->X, 600);
+  EXPECT_DOUBLE_EQ(ground->Y, 400);
+  EXPECT_EQ(ground->Z, 200);
 }
 
-TEST(ImageToObjectAtZ, RayParallelToThePlaneLeavesTheOutputsAsTheyWere) {
+TEST(ImageToObjectAtZ, RayParallelToThePlaneHasNoGroundPosition) {
   // Without a principal distance the ray of an untilted camera lies in the film plane.
-  const ImageRecord image = Camera(500, 600, 1200, 0, 0, 0, 0.0);
-  double X = 17, Y = 18;
-  Image_To_Object_At_Z(image, Rotation_Of(image), 200, 0.01, -0.02, X, Y);
-  EXPECT_EQ(X, 17);
-  EXPECT_EQ(Y, 18);
+  const Camera camera = Camera_From(500, 600, 1200, 0, 0, 0, 0.0);
+  EXPECT_FALSE(Image_To_Object_At_Z(camera, 200, {0.01, -0.02}));
 }
 
 TEST(ImageToObjectAtZ, ReturnsToThePointThatWasProjected) {
-  for (const ImageRecord& image : Nine_Cameras()) {
+  for (const ImageRecord& image : Nine_Images()) {
     const FilmPoint film = Project(image, 2515123.4, 6859876.5, 171.25);
-    double X = 0, Y = 0;
-    Image_To_Object_At_Z(image, Rotation_Of(image), 171.25, static_cast<double>(film.x),
-                         static_cast<double>(film.y), X, Y);
-    EXPECT_NEAR(X, 2515123.4, 1e-8);
-    EXPECT_NEAR(Y, 6859876.5, 1e-8);
+    const auto ground = Image_To_Object_At_Z(
+        Make_Camera(image), 171.25, {static_cast<double>(film.x), static_cast<double>(film.y)});
+    ASSERT_TRUE(ground);
+    EXPECT_NEAR(ground->X, 2515123.4, 1e-8);
+    EXPECT_NEAR(ground->Y, 6859876.5, 1e-8);
   }
 }
 
@@ -287,9 +269,9 @@ Derivative Numeric_Derivative(const ImageRecord& image, int axis) {
 }
 
 TEST(CollinearityPartials, AreTheNegatedDerivativesOfTheProjection) {
-  for (const ImageRecord& image : Nine_Cameras()) {
+  for (const ImageRecord& image : Nine_Images()) {
     const CollinearityPartials p =
-        Collinearity_Partials(image, Rotation_Of(image), 2515123.4, 6859876.5, 171.25, 0, 0);
+        Collinearity_Partials(Make_Camera(image), {2515123.4, 6859876.5, 171.25}, {});
     const double ax[3] = {p.ax1, p.ax2, p.ax3};
     const double ay[3] = {p.ay1, p.ay2, p.ay3};
     for (int axis = 0; axis < 3; ++axis) {
@@ -302,9 +284,8 @@ TEST(CollinearityPartials, AreTheNegatedDerivativesOfTheProjection) {
 
 TEST(CollinearityPartials, HandWorkedVerticalCamera) {
   // c / H = 1e-4; r = 100, s = 50, q = -1000.
-  const ImageRecord image = Camera(0, 0, 1000);
   const CollinearityPartials p =
-      Collinearity_Partials(image, Rotation_Of(image), 100, 50, 0, 0.0099, 0.0052);
+      Collinearity_Partials(Camera_From(0, 0, 1000), {100, 50, 0}, {0.0099, 0.0052});
   EXPECT_DOUBLE_EQ(p.ax1, -1e-4);
   EXPECT_DOUBLE_EQ(p.ay1, 0);
   EXPECT_DOUBLE_EQ(p.ax2, 0);
@@ -317,8 +298,7 @@ TEST(CollinearityPartials, HandWorkedVerticalCamera) {
 
 TEST(RotateAndProject, IdentityScalesByTheRatioOfTheDistances) {
   const double identity[3][3] = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
-  double u = 0, v = 0;
-  Rotate_And_Project(0.02, -0.03, 0.1, 0.2, identity, u, v);
+  const auto [u, v] = Rotate_And_Project({0.02, -0.03}, 0.1, 0.2, identity);
   EXPECT_DOUBLE_EQ(u, 0.04);
   EXPECT_DOUBLE_EQ(v, -0.06);
 }
@@ -326,8 +306,7 @@ TEST(RotateAndProject, IdentityScalesByTheRatioOfTheDistances) {
 TEST(RotateAndProject, HandWorkedMatrix) {
   // den = 1*7 + 2*8 - 3*10 = -7; u = -5(1*1 + 2*2 - 3*3) / -7; v = -5(1*4 + 2*5 - 3*6) / -7.
   const double r[3][3] = {{1, 2, 3}, {4, 5, 6}, {7, 8, 10}};
-  double u = 0, v = 0;
-  Rotate_And_Project(1, 2, 3, 5, r, u, v);
+  const auto [u, v] = Rotate_And_Project({1, 2}, 3, 5, r);
   EXPECT_DOUBLE_EQ(u, -20.0 / 7);
   EXPECT_DOUBLE_EQ(v, -20.0 / 7);
 }

@@ -125,18 +125,16 @@ TEST(SeesPoint, AnglesTurnTheCameraAsTheCameraModelDoes) {
   camera.phi = -0.3;
   camera.kappa = 1.2;
   camera.X0 = 500;
-  const RotationMatrix m = Build_Rotation_Matrix(camera.omega, camera.phi, camera.kappa);
-  ImageRecord record;
-  record.PrincipalDistance = camera.c;
-  record.X0 = 500;
-  record.Z0 = 1000;
+  Camera model;
+  model.c = camera.c;
+  model.centre = {500, 0, 1000};
+  model.m = Build_Rotation_Matrix(camera.omega, camera.phi, camera.kappa);
   int seen = 0;
   for (int X = -500; X <= 1500; X += 50) {
     for (int Y = -1000; Y <= 1000; Y += 50) {
-      double x = 0, y = 0;
-      Object_To_Image(record, m, X, Y, 20, x, y);
-      const bool expected = std::abs(x) < 0.05175 && std::abs(y) < 0.03375;
       const Point3D point{static_cast<double>(X), static_cast<double>(Y), 20};
+      const auto [x, y] = Film_Of_Point(model, point);
+      const bool expected = std::abs(x) < 0.05175 && std::abs(y) < 0.03375;
       EXPECT_EQ(Sees_Point(camera, point), expected) << X << " " << Y;
       seen += expected ? 1 : 0;
     }

@@ -12,8 +12,7 @@ namespace sylvomex {
 namespace {
 
 using std::numbers::pi;
-using testing::Camera;
-using testing::Rotation_Of;
+using testing::Image_From;
 
 constexpr double kToRadians = pi / 180;
 
@@ -43,22 +42,22 @@ void Expect_Vector(const Vector3& v, double x, double y, double z) {
 
 TEST(SunVector, PointsTowardsTheSun) {
   const double half_root = std::sqrt(0.5);
-  Expect_Vector(Sun_Vector(90 * kToRadians, 0), 1, 0, 0);
-  Expect_Vector(Sun_Vector(0, 0), 0, 1, 0);
-  Expect_Vector(Sun_Vector(180 * kToRadians, 45 * kToRadians), 0, -half_root, half_root);
-  Expect_Vector(Sun_Vector(1, 90 * kToRadians), 0, 0, 1);
+  Expect_Vector(Sun_Vector({90 * kToRadians, 0}), 1, 0, 0);
+  Expect_Vector(Sun_Vector({0, 0}), 0, 1, 0);
+  Expect_Vector(Sun_Vector({180 * kToRadians, 45 * kToRadians}), 0, -half_root, half_root);
+  Expect_Vector(Sun_Vector({1, 90 * kToRadians}), 0, 0, 1);
 }
 
 TEST(FilmRay, OfAnUntiltedCameraIsTheFilmPositionAboveMinusC) {
-  const ImageRecord image = Camera(0, 0, 1000);
-  Expect_Vector(Film_Ray(image, Rotation_Of(image), 0.02, -0.03), 0.02, -0.03, -0.1);
+  const ImageRecord image = Image_From(0, 0, 1000);
+  Expect_Vector(Film_Ray(Make_Camera(image), {0.02, -0.03}), 0.02, -0.03, -0.1);
 }
 
 TEST(FilmRay, OfATiltedCameraLeadsThroughTheObjectPoint) {
-  const ImageRecord image = Camera(10, 20, 1000, 0.3, -0.2, 1.9);
+  const ImageRecord image = Image_From(10, 20, 1000, 0.3, -0.2, 1.9);
   const testing::FilmPoint film = testing::Project(image, 150, -90, 40);
   const Vector3 ray =
-      Film_Ray(image, Rotation_Of(image), static_cast<double>(film.x), static_cast<double>(film.y));
+      Film_Ray(Make_Camera(image), {static_cast<double>(film.x), static_cast<double>(film.y)});
   const double scale = ray.z / (40 - 1000);
   EXPECT_GT(scale, 0);
   EXPECT_NEAR(ray.x, scale * 140, 1e-12);
@@ -67,7 +66,7 @@ TEST(FilmRay, OfATiltedCameraLeadsThroughTheObjectPoint) {
 
 /// A vertical photograph from 1000 m above the origin under a given sun, in degrees.
 ImageRecord Sunlit_Camera(double sun_azimuth, double sun_elevation = 30) {
-  ImageRecord image = Camera(0, 0, 1000);
+  ImageRecord image = Image_From(0, 0, 1000);
   image.SunAzimuth = sun_azimuth * kToRadians;
   image.SunElevation = sun_elevation * kToRadians;
   return image;
@@ -79,11 +78,11 @@ Point3D Ground_Point(double azimuth) {
 }
 
 ViewAngles View(const ImageRecord& image, const Point3D& point) {
-  return View_Angles(image, Rotation_Of(image), point);
+  return View_Angles(Make_Camera(image), Sun_Of(image), point);
 }
 
 LightingAngles Lighting(const ImageRecord& image, const Point3D& point) {
-  return Lighting_At(image, Rotation_Of(image), point);
+  return Lighting_At(Make_Camera(image), Sun_Of(image), point);
 }
 
 TEST(RayAzimuth, CountsClockwiseFromNorth) {
@@ -132,7 +131,7 @@ TEST(OffNadir, OfAVerticalCameraIsTheAngleFromThePlumbLine) {
 
 TEST(OffNadir, IsMeasuredFromTheCamerasAxis) {
   // An axis tilted by 30 degrees meets the ground 1000 tan 30 m away, where the angle is 0.
-  ImageRecord image = Camera(0, 0, 1000, 0, 30 * kToRadians);
+  ImageRecord image = Image_From(0, 0, 1000, 0, 30 * kToRadians);
   const Point3D on_axis = {-1000 * std::tan(30 * kToRadians), 0, 0};
   EXPECT_NEAR(View(image, on_axis).off_nadir, 0, 1e-5);
   EXPECT_NEAR(View(image, {0, 0, 0}).off_nadir, 30, 1e-9);

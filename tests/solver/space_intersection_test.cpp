@@ -14,9 +14,9 @@ namespace sylvomex {
 namespace {
 
 using testing::Block;
-using testing::Camera;
 using testing::FilmPoint;
-using testing::Nine_Cameras;
+using testing::Image_From;
+using testing::Nine_Images;
 using testing::Project;
 
 constexpr Point3D kTruth = {2515103.27, 6859941.6, 172.84};
@@ -24,13 +24,15 @@ constexpr Point3D kStart = {2515095, 6859950, 160};
 constexpr IntersectionSettings kFine = {1e-6, 1e-6, 1e-6, 100};
 
 std::vector<ImageRecord> First_Cameras(std::size_t n) {
-  std::vector<ImageRecord> cameras = Nine_Cameras();
+  std::vector<ImageRecord> cameras = Nine_Images();
   cameras.resize(n);
   return cameras;
 }
 
 /// Two vertical photographs 600 m apart, 1000 m above the origin, which lies midway.
-std::vector<ImageRecord> Vertical_Pair() { return {Camera(-300, 0, 1000), Camera(300, 0, 1000)}; }
+std::vector<ImageRecord> Vertical_Pair() {
+  return {Image_From(-300, 0, 1000), Image_From(300, 0, 1000)};
+}
 
 void Expect_Point(const Point3D& point, const Point3D& expected, double tolerance) {
   EXPECT_NEAR(point.X, expected.X, tolerance);
@@ -63,8 +65,8 @@ TEST(IntersectRays, TwoImagesLeaveOneDegreeOfFreedom) {
   // A y-parallax of 10 um cannot be fitted: 5 um stay in each image, sqrt(2 * 25 / 1) um.
   Block block(Vertical_Pair());
   block.Observe({0, 0, 0});
-  block.observations[0].y += 5e-6;
-  block.observations[1].y -= 5e-6;
+  block.observations[0].film.y += 5e-6;
+  block.observations[1].film.y -= 5e-6;
   const IntersectionResult result = Intersect_Rays(block.observations, {1, 1, 1}, kFine);
   Expect_Point(result.point, {0, 0, 0}, 1e-6);
   EXPECT_NEAR(result.rmse_um, std::sqrt(50.0), 1e-6);
@@ -74,8 +76,8 @@ TEST(IntersectRays, StandardDeviationsOfTheNormalCase) {
   // sigma_X = sigma_Y = rmse H / (c sqrt 2), sigma_Z = rmse H^2 / (c (B / 2) sqrt 2).
   Block block(Vertical_Pair());
   block.Observe({0, 0, 0});
-  block.observations[0].y += 5e-6;
-  block.observations[1].y -= 5e-6;
+  block.observations[0].film.y += 5e-6;
+  block.observations[1].film.y -= 5e-6;
   const IntersectionResult result = Intersect_Rays(block.observations, {1, 1, 1}, kFine);
   EXPECT_NEAR(result.std_x, 0.05, 1e-8);
   EXPECT_NEAR(result.std_y, 0.05, 1e-8);
@@ -93,8 +95,7 @@ struct Adjustment {
 
 class IndependentSolver {
  public:
-  explicit IndependentSolver(const std::vector<FilmObservation>& observations)
-      : observations_(observations) {}
+  explicit IndependentSolver(const Block& block) : block_(block) {}
 
   Adjustment Solve(const Point3D& start) {
     Adjustment a;
@@ -108,7 +109,7 @@ class IndependentSolver {
     }
     Accumulate(a.point);
     Gauss_Jordan();
-    a.rmse_um = 1e6L * std::sqrt(sum_ / (2 * static_cast<long double>(observations_.size()) - 3));
+    a.rmse_um = 1e6L * std::sqrt(sum_ / (2 * static_cast<long double>(block_.images.size()) - 3));
     for (int i = 0; i < 3; ++i) a.std[i] = a.rmse_um / 1e6L * std::sqrt(n_[i][4 + i]);
     return a;
   }
@@ -119,12 +120,13 @@ class IndependentSolver {
     for (auto& row : n_) std::fill(std::begin(row), std::end(row), 0.0L);
     for (int i = 0; i < 3; ++i) n_[i][4 + i] = 1;
     sum_ = 0;
-    for (const FilmObservation& o : observations_) {
-      const FilmPoint at = Project(*o.image, p[0], p[1], p[2]);
+    for (std::size_t k = 0; k < block_.images.size(); ++k) {
+      const FilmPoint at = Project(block_.images[k], p[0], p[1], p[2]);
+      const FilmPosition& measured = block_.observations[k].film;
       long double gx[3], gy[3];
-      Gradient(*o.image, p, gx, gy);
-      Add_Row(gx, o.x - at.x);
-      Add_Row(gy, o.y - at.y);
+      Gradient(block_.images[k], p, gx, gy);
+      Add_Row(gx, measured.x - at.x);
+      Add_Row(gy, measured.y - at.y);
     }
   }
 
@@ -160,7 +162,7 @@ class IndependentSolver {
     }
   }
 
-  const std::vector<FilmObservation>& observations_;
+  const Block& block_;
   long double n_[3][7] = {};
   long double sum_ = 0;
 };
@@ -172,11 +174,11 @@ TEST(IntersectRays, NoisyObservationsAgreeWithAnIndependentAdjustment) {
     Block block(First_Cameras(n));
     block.Observe(kTruth);
     for (FilmObservation& o : block.observations) {
-      o.x += noise(random);
-      o.y += noise(random);
+      o.film.x += noise(random);
+      o.film.y += noise(random);
     }
     const IntersectionResult result = Intersect_Rays(block.observations, kStart, kFine);
-    const Adjustment other = IndependentSolver(block.observations).Solve(kStart);
+    const Adjustment other = IndependentSolver(block).Solve(kStart);
     EXPECT_NEAR(result.point.X, static_cast<double>(other.point[0]), 1e-6);
     EXPECT_NEAR(result.point.Y, static_cast<double>(other.point[1]), 1e-6);
     EXPECT_NEAR(result.point.Z, static_cast<double>(other.point[2]), 1e-6);
@@ -226,7 +228,7 @@ TEST(IntersectRays, CorrectionInXOfExactlyZeroForcesOneExtraPass) {
   Block block(Vertical_Pair());
   block.Observe({0, 0, 0});
   const auto shift = [&block] {
-    for (FilmObservation& o : block.observations) o.x += 1e-7;
+    for (FilmObservation& o : block.observations) o.film.x += 1e-7;
   };
   const IntersectionResult result = Intersect_Rays(block.observations, {0, 0, 0.01}, {}, shift);
   EXPECT_EQ(result.passes, 2);
@@ -299,8 +301,8 @@ TEST(IntersectRays, ObservationsOfTheLastPassGiveThePointAndItsRmse) {
   const auto take = [&]() -> std::span<const FilmObservation> {
     if (++taken == 2) {
       block.Observe({0, 0, 0});
-      block.observations[0].y += 5e-6;
-      block.observations[1].y -= 5e-6;
+      block.observations[0].film.y += 5e-6;
+      block.observations[1].film.y -= 5e-6;
     }
     return block.observations;
   };
@@ -346,7 +348,7 @@ TEST(IntersectRays, ParallelRaysRunAwayUntilTheNormalMatrixIsSingular) {
 }
 
 TEST(IntersectRays, CamerasWithoutPrincipalDistanceAreSingularAtOnce) {
-  Block block({Camera(-300, 0, 1000, 0, 0, 0, 0.0), Camera(300, 0, 1000, 0, 0, 0, 0.0)});
+  Block block({Image_From(-300, 0, 1000, 0, 0, 0, 0.0), Image_From(300, 0, 1000, 0, 0, 0, 0.0)});
   const IntersectionResult result = Intersect_Rays(block.observations, {1, 2, 3}, {});
   EXPECT_TRUE(result.singular);
   EXPECT_EQ(result.passes, 1);
@@ -356,7 +358,7 @@ TEST(IntersectRays, CamerasWithoutPrincipalDistanceAreSingularAtOnce) {
 TEST(IntersectRays, NaNObservationEndsTheIteration) {
   Block block(First_Cameras(3));
   block.Observe(kTruth);
-  block.observations[1].x = std::nan("");
+  block.observations[1].film.x = std::nan("");
   const IntersectionResult result = Intersect_Rays(block.observations, kStart, {});
   EXPECT_EQ(result.passes, 1);
   EXPECT_FALSE(result.singular);
@@ -367,7 +369,7 @@ TEST(IntersectRays, NaNObservationEndsTheIteration) {
 TEST(IntersectRays, InfiniteObservationEndsWithinTheLimit) {
   Block block(First_Cameras(3));
   block.Observe(kTruth);
-  block.observations[1].x = std::numeric_limits<double>::infinity();
+  block.observations[1].film.x = std::numeric_limits<double>::infinity();
   const IntersectionResult result = Intersect_Rays(block.observations, kStart, {});
   EXPECT_LE(result.passes, 100);
   EXPECT_FALSE(std::isfinite(result.point.X));
@@ -380,7 +382,7 @@ TEST(IntersectRays, StartAtTheCamerasHeightIsADivisionByZero) {
 }
 
 TEST(IntersectRays, MoreThanNineObservationsAreASubscriptError) {
-  std::vector<ImageRecord> cameras = Nine_Cameras();
+  std::vector<ImageRecord> cameras = Nine_Images();
   cameras.push_back(cameras.front());
   Block block(cameras);
   try {

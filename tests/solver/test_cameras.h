@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Cameras for the solver's tests and a forward model of their own: long double, the rotation
+// Images for the solver's tests and a forward model of their own: long double, the rotation
 // built as the product of three elementary rotations.
 #pragma once
 
@@ -50,8 +50,8 @@ inline FilmPoint Project(const ImageRecord& image, long double X, long double Y,
           -image.PrincipalDistance * axes[1] / axes[2]};
 }
 
-inline ImageRecord Camera(double X0, double Y0, double Z0, double omega = 0, double phi = 0,
-                          double kappa = 0, double c = 0.1) {
+inline ImageRecord Image_From(double X0, double Y0, double Z0, double omega = 0, double phi = 0,
+                              double kappa = 0, double c = 0.1) {
   ImageRecord image;
   image.PrincipalDistance = c;
   image.X0 = X0;
@@ -69,51 +69,37 @@ inline ImageRecord Camera(double X0, double Y0, double Z0, double omega = 0, dou
   return image;
 }
 
-inline RotationMatrix Rotation_Of(const ImageRecord& image) {
-  return Build_Rotation_Matrix(image.Omega, image.Phi, image.Kappa);
-}
-
 /// Nine overlapping photographs from about 1800 m in a Finnish map system, tilted by up to a
 /// few degrees and flown in two directions.
-inline std::vector<ImageRecord> Nine_Cameras() {
-  std::vector<ImageRecord> cameras;
+inline std::vector<ImageRecord> Nine_Images() {
+  std::vector<ImageRecord> images;
   for (int k = 0; k < 9; ++k) {
     const double across = k % 3 - 1;
     const double along = k / 3 - 1;
-    cameras.push_back(Camera(2515000 + 610 * along + 13 * across,
-                             6860000 + 540 * across - 7 * along, 1810 + 11 * across - 6 * along,
-                             0.021 * across - 0.008, 0.034 * along,
-                             k % 2 == 0 ? 0.4 + 0.01 * k : 3.5 - 0.02 * k, 0.15));
+    images.push_back(Image_From(2515000 + 610 * along + 13 * across,
+                                6860000 + 540 * across - 7 * along, 1810 + 11 * across - 6 * along,
+                                0.021 * across - 0.008, 0.034 * along,
+                                k % 2 == 0 ? 0.4 + 0.01 * k : 3.5 - 0.02 * k, 0.15));
   }
-  return cameras;
+  return images;
 }
 
-/// Cameras with their rotations and observations; the spans handed out point into it.
-class Block {
- public:
-  explicit Block(std::vector<ImageRecord> cameras) : images_(std::move(cameras)) {
-    for (const ImageRecord& image : images_) rotations_.push_back(Rotation_Of(image));
-    for (std::size_t k = 0; k < images_.size(); ++k) {
-      observations.push_back({&images_[k], &rotations_[k], 0, 0});
-    }
+/// Images with an observation in each.
+struct Block {
+  explicit Block(std::vector<ImageRecord> oriented) : images(std::move(oriented)) {
+    for (const ImageRecord& image : images) observations.push_back({Make_Camera(image), {}});
   }
-  Block(const Block&) = delete;
-  Block& operator=(const Block&) = delete;
 
   /// Observes the point without error in all images.
   void Observe(const Point3D& point) {
-    for (FilmObservation& o : observations) {
-      const FilmPoint film = Project(*o.image, point.X, point.Y, point.Z);
-      o.x = static_cast<double>(film.x);
-      o.y = static_cast<double>(film.y);
+    for (std::size_t k = 0; k < images.size(); ++k) {
+      const FilmPoint film = Project(images[k], point.X, point.Y, point.Z);
+      observations[k].film = {static_cast<double>(film.x), static_cast<double>(film.y)};
     }
   }
 
+  std::vector<ImageRecord> images;
   std::vector<FilmObservation> observations;
-
- private:
-  std::vector<ImageRecord> images_;
-  std::vector<RotationMatrix> rotations_;
 };
 
 }  // namespace sylvomex::testing

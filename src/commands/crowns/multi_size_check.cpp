@@ -46,8 +46,7 @@ bool Lies_In_Raster(const ImageRecord& record, double first_row) {
 bool Search_Sizes(const Workspace& w, int image, const Point3D& point, double& best) {
   if (!Has_Size_Template(w.Drives, image, 1)) return false;
   const ImageRecord& record = w.ImageBlock(image);
-  double col = 0, row = 0;
-  Object_To_Pixel(w, image, point.X, point.Y, point.Z, col, row);
+  const auto [col, row] = Object_To_Pixel(w, image, point);
   const TemplatePosition at{col, (record.SubHeight - 1) - row};
   if (!Lies_In_Raster(record, Round_Half_Even(at.raw_row - kBandRowsAbove))) return true;
   const RawBand band = Band_Around(w, record, at);
@@ -62,7 +61,7 @@ bool Search_Sizes(const Workspace& w, int image, const Point3D& point, double& b
 
 void Mark_In_All_Panes(Workspace& w, const Point3D& point) {
   for (int k = 0; k < w.ImageCount; ++k) {
-    const PanePosition at = Pane_Of_Point(w, k, point.X, point.Y, point.Z);
+    const PanePosition at = Pane_Of_Point(w, k, point);
     Picture& pane = w.Form1.Picture1(k);
     pane.DrawWidth = 3;
     pane.font.size = 8;
@@ -73,8 +72,7 @@ void Mark_In_All_Panes(Workspace& w, const Point3D& point) {
 
 }  // namespace
 
-void Multi_Size_Check(Workspace& w, int image, double X, double Y, double Z) {
-  const Point3D point{X, Y, Z};
+void Multi_Size_Check(Workspace& w, int image, const Point3D& point) {
   double best = 0;  // shown and kept nowhere: the mark alone tells that the search went through
   if (Search_Sizes(w, image, point, best)) Mark_In_All_Panes(w, point);
 }

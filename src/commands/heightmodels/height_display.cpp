@@ -16,10 +16,10 @@ void Draw_Height_Scale(Workspace& w, int image, double ground) {
   const Point3D& top = w.Solution3D;
   Picture& pane = w.Form1.Picture1(image);
   const int passes = Loop_Passes(ground + kHeightStep, top.Z, kHeightStep);
-  PanePosition from = Pane_Of_Point(w, image, top.X, top.Y, ground);
+  PanePosition from = Pane_Of_Point(w, image, {top.X, top.Y, ground});
   for (int pass = 1; pass <= passes; ++pass) {
     const double above_ground = pass * kHeightStep;
-    const PanePosition to = Pane_Of_Point(w, image, top.X, top.Y, ground + above_ground);
+    const PanePosition to = Pane_Of_Point(w, image, {top.X, top.Y, ground + above_ground});
     Draw_Line(pane, from.px, from.py, to.px, to.py, kLineColour);
     pane.CurrentX = to.px + 10;
     pane.CurrentY = to.py - 10;
@@ -32,8 +32,8 @@ void Draw_Height_Scale(Workspace& w, int image, double ground) {
 void Draw_Height(Workspace& w, int image, const HeightMark& mark) {
   const Point3D& top = w.Solution3D;
   Picture& pane = w.Form1.Picture1(image);
-  const PanePosition at_top = Pane_Of_Point(w, image, top.X, top.Y, top.Z);
-  const PanePosition at_ground = Pane_Of_Point(w, image, top.X, top.Y, mark.ground);
+  const PanePosition at_top = Pane_Of_Point(w, image, top);
+  const PanePosition at_ground = Pane_Of_Point(w, image, {top.X, top.Y, mark.ground});
   Plot_Block(pane, at_top.px, at_top.py, mark.reach, mark.top_colour);
   Plot_Block(pane, at_ground.px, at_ground.py, mark.reach, kRed);
   Draw_Line(pane, at_top.px, at_top.py, at_ground.px, at_ground.py, kLineColour);

@@ -91,7 +91,7 @@ void Mark_Cells(Workspace& w, int image, const std::vector<ColouredCell>& cells)
   std::vector<bool> taken(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
   pane.DrawWidth = 2;
   for (const ColouredCell& cell : cells) {
-    const PanePosition at = Pane_Of_Point(w, image, cell.at.X, cell.at.Y, cell.at.Z);
+    const PanePosition at = Pane_Of_Point(w, image, cell.at);
     if (!(at.px >= 0 && at.py >= 0 && at.px < width && at.py < height)) continue;
     const auto pixel = static_cast<std::size_t>(at.py) * static_cast<std::size_t>(width) +
                        static_cast<std::size_t>(at.px);

@@ -71,9 +71,7 @@ CanopyLattice Canopy_Lattice(const Workspace& w) {
 
 void Draw_Canopy(Workspace& w, int image, const CanopyLattice& lattice) {
   Picture& pane = w.Form1.Picture1(image);
-  const auto position = [&](const CanopyPoint& point) {
-    return Pane_Of_Point(w, image, point.at.X, point.at.Y, point.at.Z);
-  };
+  const auto position = [&](const CanopyPoint& point) { return Pane_Of_Point(w, image, point.at); };
   const auto join = [&](const PanePosition& here, const CanopyPoint& neighbour) {
     if (!neighbour.is_drawn) return;
     const PanePosition there = position(neighbour);

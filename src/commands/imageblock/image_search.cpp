@@ -70,13 +70,13 @@ void Draw_Stem(Workspace& w, int image, const Point3D& point, double ground) {
   pane.DrawWidth = 2;
   for (std::size_t i = 0; i < ring.size(); ++i) {
     const Point3D& next = ring[(i + 1) % ring.size()];
-    const PanePosition from = Pane_Of_Point(w, image, ring[i].X, ring[i].Y, ring[i].Z);
-    const PanePosition to = Pane_Of_Point(w, image, next.X, next.Y, next.Z);
+    const PanePosition from = Pane_Of_Point(w, image, ring[i]);
+    const PanePosition to = Pane_Of_Point(w, image, next);
     Draw_Line(pane, from.px, from.py, to.px, to.py, kYellow);
   }
   pane.DrawWidth = 1;
-  const PanePosition top = Pane_Of_Point(w, image, point.X, point.Y, point.Z);
-  const PanePosition foot = Pane_Of_Point(w, image, point.X, point.Y, ground);
+  const PanePosition top = Pane_Of_Point(w, image, point);
+  const PanePosition foot = Pane_Of_Point(w, image, {point.X, point.Y, ground});
   Draw_Line(pane, top.px, top.py, foot.px, foot.py, kRed);
 }
 

@@ -31,14 +31,14 @@ Colour Scaled_Colour(const ColourMap& colours, const ValueScale& scale, double h
   return colours(Colour_Row(height, scale.lowest, scale.highest));
 }
 
-void Plot_Low_Echo(Workspace& w, double X, double Y, double Z, Colour colour) {
+void Plot_Low_Echo(Workspace& w, const Point3D& echo, Colour colour) {
   for (int k = 0; k < w.ImageCount; ++k) {
     Picture& pane = w.Form1.Picture1(k);
     pane.ForeColor = kYellow;
     pane.font.size = 8;
     pane.font.bold = false;
     pane.DrawWidth = kDrawWidth;
-    const PanePosition at = Overlay_Of_Point(w, k, X, Y, Z);
+    const PanePosition at = Overlay_Of_Point(w, k, echo);
     Plot_Point(pane, at.px, at.py, colour);
   }
 }
@@ -52,7 +52,7 @@ void Plot_Last_Echo(Workspace& w, const Lidar2004Record& record, const ColourMap
   const double ground = Get_Raster_Elevation(w, record.LastX, record.LastY);
   const double height = kLehtomaaScale.Below_Top(Above_Ground(Z - ground));
   const Colour colour = Scaled_Colour(colours, kLehtomaaScale, height);
-  if (height < kLehtomaaScale.highest) Plot_Low_Echo(w, record.LastX, record.LastY, Z, colour);
+  if (height < kLehtomaaScale.highest) Plot_Low_Echo(w, {record.LastX, record.LastY, Z}, colour);
 }
 
 void Plot_Lehtomaa(Workspace& w) {
@@ -74,7 +74,7 @@ void Plot_Rovik_Point(Workspace& w, const LidarPoint& point, const ColourMap& co
   const Colour colour = Scaled_Colour(colours, kRovikScale, height);
   if (!(height > kRovikScale.lowest)) return;
   for (int k = 0; k < w.ImageCount; ++k) {
-    const PanePosition at = Overlay_Of_Point(w, k, point.X, point.Y, Z);
+    const PanePosition at = Overlay_Of_Point(w, k, {point.X, point.Y, Z});
     Plot_Point(w.Form1.Picture1(k), at.px, at.py, colour);
   }
 }

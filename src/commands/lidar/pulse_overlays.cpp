@@ -20,7 +20,7 @@ void Plot_Echoes(Workspace& w, const std::vector<SelectedEcho>& echoes, const Va
   points.reserve(echoes.size());
   for (const SelectedEcho& echo : echoes) {
     const int row = Colour_Row(echo.value, scale.lowest, scale.highest);
-    points.push_back({echo.X, echo.Y, echo.Z, colours(row)});
+    points.push_back({echo.at, colours(row)});
   }
   Plot_Overlay_Points(w, points);
 }

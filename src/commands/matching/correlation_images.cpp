@@ -16,6 +16,7 @@
 #include "services/progress.h"
 #include "services/ticked_images.h"
 #include "state/box_numbers.h"
+#include "state/camera_access.h"
 
 namespace sylvomex {
 namespace {
@@ -54,7 +55,7 @@ int Choose_Side(Workspace& w, int image, std::optional<int> side_before) {
 
 RawWindow Choose_Window(Workspace& w, int image, int side) {
   const PlotCenterRecord& plot = w.Matching.PlotCenter;
-  const PatchPlace place = Place_Patch(w.ImageBlock(image), w.RotationTable(image),
+  const PatchPlace place = Place_Patch(w.ImageBlock(image), Camera_Of(w, image),
                                        {plot.PlotX, plot.PlotY, plot.PlotZ}, side);
   if (!place.fits) w.screen->Message_Box("Pan window is too large");
   CorrelationVolume::Require_Room(place.window.Width(), place.window.Height());

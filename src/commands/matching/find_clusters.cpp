@@ -17,7 +17,6 @@
 #include "services/status_line.h"
 #include "solver/random_id.h"
 #include "state/box_numbers.h"
-#include "state/camera_access.h"
 
 namespace sylvomex {
 namespace {
@@ -59,8 +58,9 @@ void Draw_Plot_Circle(Workspace& w, int image) {
   PanePosition from;
   for (int pass = 0; pass < passes; ++pass) {
     const double t = kFirst + pass * kStep;
-    const PanePosition to = Pane_Of_Point(w, image, plot.PlotX + radius * std::cos(t),
-                                          plot.PlotY + radius * std::sin(t), plot.PlotZ);
+    const PanePosition to = Pane_Of_Point(
+        w, image,
+        {plot.PlotX + radius * std::cos(t), plot.PlotY + radius * std::sin(t), plot.PlotZ});
     if (pass > 0) Draw_Line(pane, from.px, from.py, to.px, to.py, kCircleColour);
     from = to;
   }
@@ -134,7 +134,7 @@ std::string Node_Line(int number, const Point3D& at) {
 
 void Mark_Cluster(Workspace& w, const Point3D& top) {
   for (int k = 0; k < w.ImageCount; ++k) {
-    const PanePosition at = Pane_Of_Point(w, k, top.X, top.Y, top.Z);
+    const PanePosition at = Pane_Of_Point(w, k, top);
     Picture& pane = w.Form1.Picture1(k);
     pane.DrawWidth = 2;
     Plot_Block(pane, at.px, at.py, 1, kWhite);

@@ -38,22 +38,20 @@ std::string Film_Text(FilmPosition film) {
 }
 
 PanePosition Pane_Of_Film(const Workspace& w, int image, FilmPosition film) {
-  double col = 0, row = 0;
-  Image_To_Pixel(w, image, film.x, film.y, col, row);
-  return Pane_Of_Pixel(w, image, col, row);
+  return Pane_Of_Pixel(w, image, Image_To_Pixel(w, image, film));
 }
 
 // The solution, raised by a height, on the film.
 FilmPosition Film_Of_Solution(const Workspace& w, int image, double raised) {
   const Point3D point{w.Solution3D.X, w.Solution3D.Y, w.Solution3D.Z + raised};
-  return Film_Of_Point(w.ImageBlock(image), w.RotationTable(image), point);
+  return Film_Of_Point(Camera_Of(w, image), point);
 }
 
 void Lay_Ellipse(Workspace& w, int image, std::string& log) {
   MatchingState& m = w.Matching;
   log += Film_Text(Film_Of_Solution(w, image, 0)) + "\n";
-  m.Template(image) = Ellipse_Of_Crown(w.ImageBlock(image), w.RotationTable(image), w.Solution3D,
-                                       m.Parameters, m.Template(image));
+  m.Template(image) =
+      Ellipse_Of_Crown(Camera_Of(w, image), w.Solution3D, m.Parameters, m.Template(image));
   w.Form1.Check1(image).Value = 1;
   Set_Zoom(w, image, 1.0, 1.0);
 }

@@ -28,7 +28,7 @@ void Draw_On_Ground(Workspace& w, int image, const PlanLine& line) {
   for (const PlanPosition& vertex : line) {
     const double ground = Get_Raster_Elevation(w, vertex.X, vertex.Y);
     if (ground < 0) continue;
-    const PanePosition to = Overlay_Of_Point(w, image, vertex.X, vertex.Y, ground);
+    const PanePosition to = Overlay_Of_Point(w, image, {vertex.X, vertex.Y, ground});
     if (has_start) Draw_Line(pane, from.px, from.py, to.px, to.py, kWhite);
     from = to;
     has_start = true;
@@ -66,7 +66,7 @@ Colour Class_Colour(std::int32_t species) {
 
 void Draw_Tree(Workspace& w, int image, const PlotTree& tree, const TreePlace& place) {
   Picture& pane = w.Form1.Picture1(image);
-  const PanePosition at = Overlay_Of_Point(w, image, place.MapX, place.MapY, place.TopZ);
+  const PanePosition at = Overlay_Of_Point(w, image, {place.MapX, place.MapY, place.TopZ});
   pane.DrawWidth = 3;
   Plot_Point(pane, at.px, at.py, Class_Colour(tree.TreeSpecies));
   if (!w.options.IncludeTreeNumbers) return;

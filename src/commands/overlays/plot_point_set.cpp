@@ -23,7 +23,7 @@ constexpr double kHighestHeight = 25;
 // A yellow dot with a white core; the measurement number stands beside it in the colour of the
 // height above ground.
 void Draw_Measured_Point(Workspace& w, int image, const ObservationPoint& point, Colour colour) {
-  const PanePosition at = Overlay_Of_Point(w, image, point.X, point.Y, point.Z);
+  const PanePosition at = Overlay_Of_Point(w, image, point.at);
   Picture& pane = w.Form1.Picture1(image);
   pane.DrawWidth = 3;
   Plot_Point(pane, at.px, at.py, kYellow);
@@ -35,8 +35,8 @@ void Draw_Measured_Point(Workspace& w, int image, const ObservationPoint& point,
 }
 
 std::string Listing_Line(const ObservationPoint& point, double ground) {
-  return Format(point.X, "#.00") + "," + Format(point.Y, "#.00") + "," + Format(point.Z, "#.00") +
-         "," + Format(ground, "#.00") + "\n";
+  return Format(point.at.X, "#.00") + "," + Format(point.at.Y, "#.00") + "," +
+         Format(point.at.Z, "#.00") + "," + Format(ground, "#.00") + "\n";
 }
 
 }  // namespace
@@ -46,8 +46,8 @@ void Plot_Point_Set(Workspace& w) {
   std::string listing;
   for (const ObservationPoint& point :
        Read_Observation_Points(w.Drives.Locate(w.ObservationFileName))) {
-    const double ground = Get_Raster_Elevation(w, point.X, point.Y);
-    const double height = std::clamp(point.Z - ground, kLowestHeight, kHighestHeight);
+    const double ground = Get_Raster_Elevation(w, point.at.X, point.at.Y);
+    const double height = std::clamp(point.at.Z - ground, kLowestHeight, kHighestHeight);
     const Colour colour = colours(Colour_Row(height, kLowestHeight, kHighestHeight));
     for (int k = 0; k < w.ImageCount; ++k) Draw_Measured_Point(w, k, point, colour);
     listing += Listing_Line(point, ground);

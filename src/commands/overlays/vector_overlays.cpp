@@ -20,8 +20,8 @@ constexpr double kSegmentZ = 155;  // metres, both ends of every segment
 constexpr Colour kPlotColour{120, 255, 0};
 
 void Draw_Segment(Workspace& w, int image, const GroundSegment& segment) {
-  const PanePosition from = Overlay_Of_Point(w, image, segment.X1, segment.Y1, kSegmentZ);
-  const PanePosition to = Overlay_Of_Point(w, image, segment.X2, segment.Y2, kSegmentZ);
+  const PanePosition from = Overlay_Of_Point(w, image, {segment.X1, segment.Y1, kSegmentZ});
+  const PanePosition to = Overlay_Of_Point(w, image, {segment.X2, segment.Y2, kSegmentZ});
   Picture& pane = w.Form1.Picture1(image);
   pane.DrawWidth = 5;
   Draw_Line(pane, from.px, from.py, to.px, to.py, kRed);
@@ -30,7 +30,7 @@ void Draw_Segment(Workspace& w, int image, const GroundSegment& segment) {
 }
 
 void Draw_Measured_Tree(Workspace& w, int image, const MeasuredTree& tree, double Z) {
-  const PanePosition at = Overlay_Of_Point(w, image, tree.X, tree.Y, Z);
+  const PanePosition at = Overlay_Of_Point(w, image, {tree.X, tree.Y, Z});
   Picture& pane = w.Form1.Picture1(image);
   for (const int width : {6, 4}) {
     pane.DrawWidth = width;
@@ -45,8 +45,8 @@ void Draw_Measured_Tree(Workspace& w, int image, const MeasuredTree& tree, doubl
 void Draw_Circle(Workspace& w, int image, const PlanLine& circle, Colour colour) {
   Picture& pane = w.Form1.Picture1(image);
   const auto pane_of = [&w, image](const PlanPosition& vertex) {
-    return Overlay_Of_Point(w, image, vertex.X, vertex.Y,
-                            Get_Raster_Elevation(w, vertex.X, vertex.Y));
+    const double ground = Get_Raster_Elevation(w, vertex.X, vertex.Y);
+    return Overlay_Of_Point(w, image, {vertex.X, vertex.Y, ground});
   };
   PanePosition from = pane_of(circle.front());
   for (std::size_t i = 1; i < circle.size(); ++i) {
@@ -58,7 +58,7 @@ void Draw_Circle(Workspace& w, int image, const PlanLine& circle, Colour colour)
 
 void Draw_Crown_Point(Workspace& w, const CrownPoint& point) {
   const double Z = Get_Raster_Elevation(w, point.X, point.Y);
-  const PanePosition at = Overlay_Of_Point(w, 0, point.X, point.Y, Z);
+  const PanePosition at = Overlay_Of_Point(w, 0, {point.X, point.Y, Z});
   Picture& pane = w.Form1.Picture1(0);
   pane.DrawWidth = point.width;
   Plot_Point(pane, at.px, at.py, kYellow);
@@ -66,7 +66,7 @@ void Draw_Crown_Point(Workspace& w, const CrownPoint& point) {
 
 void Draw_Tie_Point(Workspace& w, int image, const TiePoint& point) {
   const double row = (w.ImageBlock(image).FullHeight - 1) - point.top_down_row;
-  const PanePosition at = Overlay_Of_Pixel(w, image, point.col, row);
+  const PanePosition at = Overlay_Of_Pixel(w, image, {point.col, row});
   Picture& pane = w.Form1.Picture1(image);
   pane.DrawWidth = 3;
   Plot_Point(pane, at.px, at.py, kRed);
@@ -75,9 +75,9 @@ void Draw_Tie_Point(Workspace& w, int image, const TiePoint& point) {
   Print_Text(pane, Plain_Text(point.point_id));
 }
 
-void Draw_Polyline_Side(Workspace& w, int image, const GroundVertex& from, const GroundVertex& to) {
-  const PanePosition start = Overlay_Of_Point(w, image, from.X, from.Y, from.Z);
-  const PanePosition end = Overlay_Of_Point(w, image, to.X, to.Y, to.Z);
+void Draw_Polyline_Side(Workspace& w, int image, const Point3D& from, const Point3D& to) {
+  const PanePosition start = Overlay_Of_Point(w, image, from);
+  const PanePosition end = Overlay_Of_Point(w, image, to);
   Picture& pane = w.Form1.Picture1(image);
   pane.DrawWidth = 3;
   Draw_Line(pane, start.px, start.py, end.px, end.py, kYellow);
@@ -134,9 +134,9 @@ void Plot_XYZ_Polyline(Workspace& w) {
   const FilePath path = w.Drives.Locate(kGroundPolylineFile);
   if (!File_Exists(path)) return;
   ListReader file(path);
-  std::optional<GroundVertex> from;
+  std::optional<Point3D> from;
   while (!file.At_End()) {
-    const GroundVertex to = Read_Ground_Vertex(file);
+    const Point3D to = Read_Ground_Vertex(file);
     for (int k = 0; from && k < w.ImageCount; ++k) Draw_Polyline_Side(w, k, *from, to);
     from = to;
   }

@@ -19,11 +19,9 @@ constexpr Colour kCyan{0, 255, 255};
 constexpr double kEpipolarStep = 0.1;  // metres of height
 constexpr int kSunRayReach = 30;       // metres to either side
 
-void Dot_In_All_Panes(Workspace& w, double X, double Y, double Z) {
+void Dot_In_All_Panes(Workspace& w, const Point3D& point) {
   for (int k = 0; k < w.ImageCount; ++k) {
-    double col = 0, row = 0;
-    Object_To_Pixel(w, k, X, Y, Z, col, row);
-    const PanePosition at = Pane_Of_Pixel(w, k, col, row);
+    const PanePosition at = Pane_Of_Point(w, k, point);
     Picture& pane = w.Form1.Picture1(k);
     pane.DrawWidth = 1;
     Plot_Point(pane, at.px, at.py, w.ImageKinds(k) == 2 ? kGreen : kCyan);
@@ -43,10 +41,10 @@ void Print_Sun_Angles(Workspace& w, int image) {
 
 // The point t metres from the solution towards the sun of an image.
 void Block_On_Sun_Ray(Workspace& w, int image, int t) {
-  const ImageRecord& record = w.ImageBlock(image);
-  const Vector3 sun = Sun_Vector(record.SunAzimuth, record.SunElevation);
-  const PanePosition at = Pane_Of_Point(w, image, w.Solution3D.X + t * sun.x,
-                                        w.Solution3D.Y + t * sun.y, w.Solution3D.Z + t * sun.z);
+  const Vector3 sun = Sun_Vector(Sun_Of(w.ImageBlock(image)));
+  const Point3D& foot = w.Solution3D;
+  const PanePosition at =
+      Pane_Of_Point(w, image, {foot.X + t * sun.x, foot.Y + t * sun.y, foot.Z + t * sun.z});
   Plot_Block(w.Form1.Picture1(image), at.px, at.py, 1, t % 2 == 0 ? kRed : kGreen);
 }
 
@@ -65,16 +63,15 @@ void Draw_Epipolar_Line(Workspace& w) {
                 "Cannot draw epipolar line, either solution is lacking or LastImageClicked = -1");
     return;
   }
-  const int image = w.CurrentImage;
-  const MeasuredFilm film = Film_In_Boxes(w, image);
+  const FilmPosition film = Film_In_Boxes(w, w.CurrentImage);
+  const Camera camera = Camera_Of(w, w.CurrentImage);
   const double first = w.Solution3D.Z - w.options.EpipolarZDepth;
   const double last = w.Solution3D.Z + w.options.EpipolarZDepth;
   const int passes = Loop_Passes(first, last, kEpipolarStep);
-  double X = 0, Y = 0;
   for (int pass = 0; pass < passes; ++pass) {
     const double Z = first + pass * kEpipolarStep;
-    Image_To_Object_At_Z(w, image, Z, film.x, film.y, X, Y);
-    Dot_In_All_Panes(w, X, Y, Z);
+    // A level ray is drawn as the plumb line through the origin of X and Y.
+    Dot_In_All_Panes(w, Image_To_Object_At_Z(camera, Z, film).value_or(Point3D{0, 0, Z}));
   }
 }
 
@@ -95,7 +92,7 @@ void Get_angles(Workspace& w) {
   if (!w.SolutionValid) return;
   std::string table;
   for (int k = 0; k < w.ImageCount; ++k) {
-    table += Angle_Line(Lighting_At(w.ImageBlock(k), w.RotationTable(k), w.Solution3D));
+    table += Angle_Line(Lighting_At(Camera_Of(w, k), Sun_Of(w.ImageBlock(k)), w.Solution3D));
   }
   Write_Whole_File(w.Drives.Locate("c:\\data\\sun.txt"), table);
 }

@@ -35,8 +35,8 @@ void Record_Images(Workspace& w, const std::vector<int>& images) {
 }
 
 FilmObservation Observation_Of(const Workspace& w, int image) {
-  const MeasuredFilm film = Film_In_Boxes(w, image);
-  return {&w.ImageBlock(image), &w.RotationTable(image), film.x, film.y};
+  const FilmPosition film = Film_In_Boxes(w, image);
+  return {Camera_Of(w, image), film};
 }
 
 // The film observations of the text boxes as they stand; their pixels go to the record.
@@ -46,10 +46,9 @@ void Take_Observations(Workspace& w, const std::vector<int>& images,
   int slot = 0;
   for (const int k : images) {
     const FilmObservation observation = Observation_Of(w, k);
-    double col = 0, row = 0;
-    Image_To_Pixel(w, k, observation.x, observation.y, col, row);
-    w.Observation.Cols(slot) = To_Single(col);
-    w.Observation.Rows(slot) = To_Single(row);
+    const PixelPosition pixel = Image_To_Pixel(observation.camera, observation.film);
+    w.Observation.Cols(slot) = To_Single(pixel.col);
+    w.Observation.Rows(slot) = To_Single(pixel.row);
     observations.push_back(observation);
     ++slot;
   }
@@ -130,19 +129,18 @@ void Record_Result(Workspace& w, const IntersectionResult& result) {
 
 void Dot_Solution(Workspace& w) {
   for (int k = 0; k < w.ImageCount; ++k) {
-    const PanePosition at = Pane_Of_Point(w, k, w.Solution3D.X, w.Solution3D.Y, w.Solution3D.Z);
+    const PanePosition at = Pane_Of_Point(w, k, w.Solution3D);
     Picture& pane = w.Form1.Picture1(k);
     pane.DrawWidth = 1;
     Plot_Block(pane, at.px, at.py, 1, kGreen);
   }
 }
 
-// The solution for the film position in the text boxes of the current image at height Z.
+// The solution for the film position in the text boxes of an image at height Z; X and Y are 0 for
+// a level ray.
 Point3D Cut_Ray_At(const Workspace& w, int image, double Z) {
-  const MeasuredFilm film = Film_In_Boxes(w, image);
-  Point3D point{0, 0, Z};
-  Image_To_Object_At_Z(w, image, Z, film.x, film.y, point.X, point.Y);
-  return point;
+  const FilmPosition film = Film_In_Boxes(w, image);
+  return Image_To_Object_At_Z(w, image, Z, film).value_or(Point3D{0, 0, Z});
 }
 
 }  // namespace
@@ -166,7 +164,7 @@ void Point_Intersection(Workspace& w) {
   Show_Result(w, result);
   Record_Result(w, result);
   Dot_Solution(w);
-  Multi_Size_Check(w, 0, w.Solution3D.X, w.Solution3D.Y, w.Solution3D.Z);
+  Multi_Size_Check(w, 0, w.Solution3D);
 }
 
 void Single_Photo_intersection(Workspace& w) {

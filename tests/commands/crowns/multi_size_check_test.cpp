@@ -54,7 +54,7 @@ struct TexturedImage : SyntheticBlock {
   }
   Failure Failure_At(double X, double Y) {
     try {
-      Multi_Size_Check(w, 0, X, Y, 0);
+      Multi_Size_Check(w, 0, {X, Y, 0});
     } catch (const RunTimeError& error) {
       return error.Kind();
     }
@@ -66,7 +66,7 @@ struct TexturedImage : SyntheticBlock {
 TEST(MultiSizeCheck, WithoutTemplatesItEndsBeforeItReadsABand) {
   TexturedImage b;
   std::filesystem::remove(b.folder.Path() / "c/data/image.raw");
-  Multi_Size_Check(b.w, 0, 0, 0, 0);
+  Multi_Size_Check(b.w, 0, {0, 0, 0});
   EXPECT_TRUE(b.Marks(0).empty());
   EXPECT_TRUE(b.screen.messages.empty());
 }
@@ -75,7 +75,7 @@ TEST(MultiSizeCheck, AMissingSizeEndsItQuietly) {
   TexturedImage b;
   b.Write_All_Templates();
   std::filesystem::remove(b.folder.Path() / "c/data/test_0_7.img");
-  Multi_Size_Check(b.w, 0, 0, 0, 0);
+  Multi_Size_Check(b.w, 0, {0, 0, 0});
   EXPECT_TRUE(b.Marks(0).empty());
 }
 
@@ -83,7 +83,7 @@ TEST(MultiSizeCheck, MarksThePointOnAllPanes) {
   TexturedImage b;
   b.Write_All_Templates();
   for (int k = 0; k < 2; ++k) b.w.Form1.Picture1(k).font.size = 20;
-  Multi_Size_Check(b.w, 0, 0, 0, 0);
+  Multi_Size_Check(b.w, 0, {0, 0, 0});
   ASSERT_EQ(b.Marks(0).size(), 1U);
   ASSERT_EQ(b.Marks(1).size(), 1U);
   EXPECT_NEAR(b.Marks(0)[0].x1, 100 - 1, 1e-6);
@@ -113,10 +113,10 @@ TEST(MultiSizeCheck, AWindowThatLeavesTheBandIsASubscriptError) {
 TEST(MultiSizeCheck, ABandThatLeavesTheRasterIsNotSearchedAndThePointIsMarked) {
   TexturedImage b;
   b.Write_All_Templates();
-  Multi_Size_Check(b.w, 0, -9.5, 15, 0);  // raw row 49: the band begins at row -21
+  Multi_Size_Check(b.w, 0, {-9.5, 15, 0});  // raw row 49: the band begins at row -21
   EXPECT_EQ(b.Marks(0).size(), 1U);
   EXPECT_EQ(b.Marks(1).size(), 1U);
-  Multi_Size_Check(b.w, 0, -9.5, -15, 0);  // raw row 349: it ends with row 418 of 399
+  Multi_Size_Check(b.w, 0, {-9.5, -15, 0});  // raw row 349: it ends with row 418 of 399
   EXPECT_EQ(b.Marks(0).size(), 2U);
   EXPECT_TRUE(b.screen.messages.empty());
 }
@@ -126,14 +126,14 @@ TEST(MultiSizeCheck, ABandThatEndsWithTheRasterIsSearched) {
   b.Write_All_Templates();
   EXPECT_EQ(b.Failure_At(-9.5, 12.9), Failure::SubscriptOutOfRange);   // raw row 70
   EXPECT_EQ(b.Failure_At(-9.5, -13.1), Failure::SubscriptOutOfRange);  // raw row 330
-  Multi_Size_Check(b.w, 0, -9.5, 13.0, 0);                             // raw row 69
-  Multi_Size_Check(b.w, 0, -9.5, -13.2, 0);                            // raw row 331
+  Multi_Size_Check(b.w, 0, {-9.5, 13.0, 0});                             // raw row 69
+  Multi_Size_Check(b.w, 0, {-9.5, -13.2, 0});                            // raw row 331
   EXPECT_EQ(b.Marks(0).size(), 2U);
 }
 
 TEST(MultiSizeCheck, WithoutTemplatesNothingIsMarkedWhereTheBandLeavesTheRaster) {
   TexturedImage b;
-  Multi_Size_Check(b.w, 0, 0, 15, 0);
+  Multi_Size_Check(b.w, 0, {0, 15, 0});
   EXPECT_TRUE(b.Marks(0).empty());
 }
 

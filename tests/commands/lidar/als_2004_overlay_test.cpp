@@ -48,7 +48,7 @@ TEST_F(Als2004, TheCorrectionIsAddedInSinglePrecision) {
   Write_Records({Last(kX, kY, 100.3F)});
   plot_als_bin_file(w);
   const float Z = 100.3F + 0.18F;
-  const PanePosition at = Overlay_Of_Point(w, 0, kX, kY, Z);
+  const PanePosition at = Overlay_Of_Point(w, 0, {kX, kY, Z});
   ASSERT_EQ(Marks(0).size(), 1U);
   EXPECT_EQ(Marks(0)[0].x1, at.px);
   EXPECT_EQ(Marks(0)[0].y1, at.py);

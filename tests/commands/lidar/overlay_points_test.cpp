@@ -37,9 +37,7 @@ struct OverlayPoints : SyntheticBlock, testing::Test {
 
   void Add_Points(int count) {
     for (int i = 0; i < count; ++i) {
-      points.push_back({2516400 + Within(0, 100),
-                        6857000 + Within(0, 100),
-                        Within(100, 200),
+      points.push_back({{2516400 + Within(0, 100), 6857000 + Within(0, 100), Within(100, 200)},
                         {static_cast<std::uint8_t>(i), 2, 3}});
     }
   }
@@ -49,7 +47,7 @@ struct OverlayPoints : SyntheticBlock, testing::Test {
       ASSERT_EQ(Marks(k).size(), points.size());
       for (std::size_t i = 0; i < points.size(); ++i) {
         const OverlayPoint& p = points[i];
-        const PanePosition at = Overlay_Of_Point(w, k, p.X, p.Y, p.Z);
+        const PanePosition at = Overlay_Of_Point(w, k, p.at);
         const Mark& mark = Marks(k)[i];
         ASSERT_EQ(std::bit_cast<std::uint64_t>(mark.x1), std::bit_cast<std::uint64_t>(at.px));
         ASSERT_EQ(std::bit_cast<std::uint64_t>(mark.y1), std::bit_cast<std::uint64_t>(at.py));
@@ -91,7 +89,7 @@ TEST_F(OverlayPoints, ComeAfterTheMarksThatWereThere) {
   Add_Camera(0, 0, 1000);
   Plot_Point(w.Form1.Picture1(0), 1, 2, kRed);
   w.Form1.Picture1(0).DrawWidth = 7;
-  Plot_Overlay_Points(w, std::vector<OverlayPoint>{{0, 0, 0, kGreen}});
+  Plot_Overlay_Points(w, std::vector<OverlayPoint>{{{0, 0, 0}, kGreen}});
   ASSERT_EQ(Marks(0).size(), 2U);
   EXPECT_EQ(Marks(0)[0].colour, kRed);
   EXPECT_EQ(Marks(0)[1].width, 7);

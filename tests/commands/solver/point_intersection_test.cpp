@@ -88,10 +88,10 @@ TEST(PointIntersection, RmseAtTheLevelIsNeitherRedNorHeard) {
   StereoPair b;
   b.Observe_With_Parallax(30e-6);
   const FilmObservation rays[] = {
-      {&b.w.ImageBlock(0), &b.w.RotationTable(0), Parse_Double(b.w.Form1.Text1(0).Text),
-       Parse_Double(b.w.Form1.Text1(1).Text)},
-      {&b.w.ImageBlock(1), &b.w.RotationTable(1), Parse_Double(b.w.Form1.Text1(2).Text),
-       Parse_Double(b.w.Form1.Text1(3).Text)}};
+      {Make_Camera(b.w.ImageBlock(0), b.w.RotationTable(0)),
+       {Parse_Double(b.w.Form1.Text1(0).Text), Parse_Double(b.w.Form1.Text1(1).Text)}},
+      {Make_Camera(b.w.ImageBlock(1), b.w.RotationTable(1)),
+       {Parse_Double(b.w.Form1.Text1(2).Text), Parse_Double(b.w.Form1.Text1(3).Text)}}};
   b.w.options.RmseBeepOneLevel =
       Intersect_Rays(rays, {99, 1, 22 - 0.03}, {1e-7, 1e-7, 1e-7, 100}).rmse_um;
   Point_Intersection(b.w);
