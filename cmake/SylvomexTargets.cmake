@@ -21,15 +21,27 @@ if(SYLVOMEX_SANITIZE)
   target_link_options(sylvomex_options INTERFACE -fsanitize=${SYLVOMEX_SANITIZE})
 endif()
 
-# Headers of the standard library and of the test framework are read once for all targets that are
-# compiled with the same flags. No header of our own is among them: changing one recompiles
-# only what includes it, and ccache finds the same bytes in every checkout.
+# Headers of the standard library, of the test framework and of Qt are read once for all targets
+# that are compiled with the same flags. No header of our own is among them: changing one
+# recompiles only what includes it.
+# sylvomex_precompile(<target> <header>...)
+function(sylvomex_precompile target)
+  target_precompile_headers(${target} PRIVATE ${ARGN})
+  # g++ never writes the same bytes twice: ccache goes by this sum instead (CCACHE_PCH_EXTSUM), and so
+  # finds what was compiled with the precompiled headers of another checkout.
+  file(SHA256 ${CMAKE_CURRENT_FUNCTION_LIST_FILE} options)
+  string(SHA256 sum "${ARGN} ${options} ${CMAKE_CXX_COMPILER_VERSION} ${GTest_VERSION}
+    ${Qt6_VERSION} ${CMAKE_BUILD_TYPE} ${CMAKE_CXX_FLAGS} ${SYLVOMEX_SANITIZE}")
+  file(CONFIGURE CONTENT "${sum}"
+       OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/CMakeFiles/${target}.dir/cmake_pch.hxx.gch.sum)
+endfunction()
+
 set(standard_headers
   <algorithm> <array> <cmath> <cstdint> <filesystem> <fstream> <functional> <limits> <map> <memory>
   <optional> <random> <span> <sstream> <string> <string_view> <utility> <vector>)
 add_library(precompiled_standard OBJECT ${CMAKE_SOURCE_DIR}/cmake/precompiled/empty.cpp)
 target_link_libraries(precompiled_standard PRIVATE sylvomex_options)
-target_precompile_headers(precompiled_standard PRIVATE ${standard_headers})
+sylvomex_precompile(precompiled_standard ${standard_headers})
 
 function(sylvomex_test_options target)
   # The optimizer spends more time on the tests' own code than the tests then save.
@@ -41,7 +53,7 @@ if(SYLVOMEX_TESTS)
   add_library(precompiled_tests OBJECT ${CMAKE_SOURCE_DIR}/cmake/precompiled/empty.cpp)
   target_link_libraries(precompiled_tests PRIVATE GTest::gtest)
   sylvomex_test_options(precompiled_tests)
-  target_precompile_headers(precompiled_tests PRIVATE <gtest/gtest.h> <iostream> ${standard_headers})
+  sylvomex_precompile(precompiled_tests <gtest/gtest.h> <iostream> ${standard_headers})
 endif()
 
 # sylvomex_library(<name> <dependency>...): a static library of the sources of the present
