@@ -1,0 +1,2 @@
+// SPDX-License-Identifier: MIT
+// Empty: only its precompiled headers are wanted.
