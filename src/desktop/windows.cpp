@@ -38,6 +38,11 @@ Windows::Windows(OperatorEvents& events, Workspace& w) {
   }
 }
 
+// From the back: the main window would take the windows that it owns along.
+Windows::~Windows() {
+  while (!windows_.empty()) windows_.pop_back();
+}
+
 void Windows::Mirror() {
   for (const auto& window : windows_) window->Mirror();
 }

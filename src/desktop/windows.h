@@ -17,6 +17,9 @@ class Windows {
  public:
   /// The block outlives the windows.
   Windows(OperatorEvents& events, Workspace& w);
+  ~Windows();
+  Windows(const Windows&) = delete;
+  Windows& operator=(const Windows&) = delete;
 
   /// Copies what has changed in the block to all windows.
   void Mirror();

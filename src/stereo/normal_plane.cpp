@@ -23,9 +23,8 @@ NormalPosition Film_To_Normal(const StereoImage& side, const FilmPosition& film)
   // The inverse of the normal matrix is its transpose.
   const double to_normal[3][3] = {
       {n.m11, n.m21, n.m31}, {n.m12, n.m22, n.m32}, {n.m13, n.m23, n.m33}};
-  NormalPosition at;
-  Rotate_And_Project(film.x, film.y, side.c, side.c, to_normal, at.xn, at.yn);
-  return at;
+  const FilmPosition at = Rotate_And_Project(film, side.c, side.c, to_normal);
+  return {at.x, at.y};
 }
 
 FilmPosition Normal_To_Film(const StereoImage& side, const NormalPosition& at) {
