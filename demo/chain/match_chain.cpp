@@ -11,7 +11,7 @@
 #include "session/script_screen.h"
 #include "session/step_end.h"
 #include "session/step_player.h"
-#include "workspace/operator_event.h"
+#include "workspace/event_dispatch.h"
 #include "workspace/start_up.h"
 
 namespace sylvomex::demo {

@@ -160,7 +160,7 @@ EventOutcome Resize(Workspace& w, const WindowRow& window, const OperatorEvent& 
 
 EventOutcome Close(Workspace& w, const WindowRow& window) {
   const OperatorEvent closing = Close_Event(window);
-  if (closing.kind != OperatorEvent::Kind::Close) return Handle_Event(w, window, closing);
+  if (closing.kind != OperatorEvent::Kind::Close) return Handle_Window_Event(w, window, closing);
   window.record(w).Visible = false;
   Set_Focus(w.Form1, "");
   return EventOutcome::Done;
@@ -192,10 +192,11 @@ OperatorEvent Close_Event(const WindowRow& window) {
 }
 
 EventOutcome Handle_Event(Workspace& w, const OperatorEvent& event) {
-  return Handle_Event(w, Require_Window(event.form), event);
+  return Handle_Window_Event(w, Require_Window(event.form), event);
 }
 
-EventOutcome Handle_Event(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
+EventOutcome Handle_Window_Event(Workspace& w, const WindowRow& window,
+                                 const OperatorEvent& event) {
   using Kind = OperatorEvent::Kind;
   switch (event.kind) {
     case Kind::Menu:

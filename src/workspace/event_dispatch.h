@@ -22,7 +22,7 @@ enum class EventOutcome {
 EventOutcome Handle_Event(Workspace& w, const OperatorEvent& event);
 
 /// The same for an event of a window that is at hand.
-EventOutcome Handle_Event(Workspace& w, const WindowRow& window, const OperatorEvent& event);
+EventOutcome Handle_Window_Event(Workspace& w, const WindowRow& window, const OperatorEvent& event);
 
 /// Runs a handler with the failure report that every event has, under the handler's name.
 EventOutcome Run_Handler(Workspace& w, const std::string& name,

@@ -24,7 +24,7 @@ struct EventDispatch : testing::Test {
   SampleForm form;
 
   EventOutcome Do(const std::string& step) {
-    return Handle_Event(w, sample::kWindow, Event_Of_Step(Split_Line(step)));
+    return Handle_Window_Event(w, sample::kWindow, Event_Of_Step(Split_Line(step)));
   }
   std::string Told_By(const std::string& step) {
     sample::told.clear();
