@@ -26,6 +26,8 @@
 #include "commands/solver/observation_window.h"
 #include "commands/solver/point_intersection.h"
 #include "commands/solver/solution_control.h"
+#include "commands/surfaces/polygon_surfaces.h"
+#include "commands/surfaces/surface_points.h"
 #include "panes/pane_centring.h"
 #include "panes/pane_drawing.h"
 #include "panes/pane_zoom.h"
@@ -164,10 +166,10 @@ constexpr MenuRow kMainMenu[] = {
     {1, "Measure_tree_tops_By_Matching", "Measure tree tops (Multi TM Matching)", 0, 0, false, MenuRole::Command, Toggle_Measure_tree_tops_By_Matching, Mode_Check<&MenuChecks::Measure_tree_tops_By_Matching>},
     {1, "Measure_Tie_and_CP", "Measure Tie and CP", 0, 0, false, MenuRole::Command, Toggle_Measure_Tie_and_CP, Mode_Check<&MenuChecks::Measure_Tie_and_CP>},
     {0, "Surface_estimation", "Surface matching", 0, 0, false, MenuRole::Submenu, nullptr, nullptr},
-    {1, "Get_Surface_Height", "Get surface single point (pair)", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Get_surface_single_point_triplet", "Get surface single point (triplet)", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Get_Surface_Height_InCdll", "Get surface in a polygon", kF1 + 6, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Triplet_Matching", "Triple image matching", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
+    {1, "Get_Surface_Height", "Get surface single point (pair)", 0, 0, false, MenuRole::Command, Get_Surface_Height, nullptr},
+    {1, "Get_surface_single_point_triplet", "Get surface single point (triplet)", 0, 0, false, MenuRole::Command, Get_surface_single_point_triplet, nullptr},
+    {1, "Get_Surface_Height_InCdll", "Get surface in a polygon", kF1 + 6, 0, false, MenuRole::Command, Get_Surface_Height_InCdll, nullptr},
+    {1, "Triplet_Matching", "Triple image matching", 0, 0, false, MenuRole::Command, Triplet_Matching, nullptr},
     {0, "Manipulate_images", "Pan", 0, 0, false, MenuRole::Submenu, nullptr, nullptr},
     {1, "Center_to_xyz_click", "Center images to space intersection (X,Y,Z) solution", 'M', kCtrl, false, MenuRole::Command, Center_to_xyz_click, nullptr},
     {1, "Center_to_pan_center_click", "Center images to given (X,Y,Z) (Options)", 0, 0, false, MenuRole::Command, Center_to_pan_center_click, nullptr},
