@@ -21,6 +21,7 @@
 #include "commands/overlays/field_plot.h"
 #include "commands/overlays/plot_point_set.h"
 #include "commands/overlays/vector_overlays.h"
+#include "commands/solver/batch_orientation.h"
 #include "commands/solver/distance_window.h"
 #include "commands/solver/epipolar_and_sun.h"
 #include "commands/solver/observation_window.h"
@@ -93,8 +94,8 @@ constexpr MenuRow kMainMenu[] = {
     {1, "Open_Stereo_window", "Open stereo window", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
     {1, "Open_Map_Window", "Open Map window", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
     {1, "Open_Options_Window", "Open Options Window", 'O', kCtrl, false, MenuRole::Command, Open_Options_Window, nullptr},
-    {1, "Compute_Points_From_Pairs", "Compute_Points_From_Pairs", 0, 0, true, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Compute_initial_apprx", "Compute Initial APRX", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
+    {1, "Compute_Points_From_Pairs", "Compute_Points_From_Pairs", 0, 0, true, MenuRole::Command, Compute_Points_From_Pairs, nullptr},
+    {1, "Compute_initial_apprx", "Compute Initial APRX", 0, 0, false, MenuRole::Command, Compute_initial_apprx, nullptr},
     {1, "Exit", "Exit Program", 0, 0, false, MenuRole::Command, Exit, nullptr},
     {0, "Clear", "Edit", 0, 0, false, MenuRole::Submenu, nullptr, nullptr},
     {1, "Clear_ima", "Clear images", 'C', kCtrl, false, MenuRole::Command, Clear_ima, nullptr},

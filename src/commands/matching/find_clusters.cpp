@@ -13,6 +13,7 @@
 #include "panes/pane_drawing.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "services/text_output.h"
 #include "solver/numeric_kernels.h"
 #include "state/box_numbers.h"
 #include "state/camera_access.h"

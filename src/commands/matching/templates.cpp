@@ -11,6 +11,7 @@
 #include "panes/pane_drawing.h"
 #include "panes/pane_zoom.h"
 #include "platform/number_text.h"
+#include "services/text_output.h"
 #include "services/ticked_images.h"
 #include "state/box_numbers.h"
 #include "state/camera_access.h"
