@@ -10,6 +10,15 @@
 namespace sylvomex {
 namespace {
 
+void Require_Square(const char* which, std::size_t pixels, int side) {
+  const bool fits = side >= 1 && side <= kMostWindowSide &&
+                    pixels == static_cast<std::size_t>(side) * static_cast<std::size_t>(side);
+  if (fits) return;
+  throw RunTimeError(Failure::SubscriptOutOfRange, std::string("correlation of a ") + which +
+                                                       " window of " + std::to_string(pixels) +
+                                                       " pixels with side " + std::to_string(side));
+}
+
 void Require_Same_Size(std::size_t window, std::size_t pattern) {
   if (window == pattern) return;
   throw RunTimeError(Failure::SubscriptOutOfRange,
@@ -51,6 +60,23 @@ double MYFUNC_CCORB(std::span<const std::uint8_t> window, std::span<const std::u
   if (window_squares == 0 || pattern_squares == 0) return 0;
   const double r = products / (std::sqrt(window_squares) * std::sqrt(pattern_squares));
   return std::clamp(r, -1.0, 1.0);
+}
+
+double MYFUNC_CCORA(std::span<const std::uint8_t> fixed, std::span<const std::uint8_t> moving,
+                    double fixed_mean, int side) {
+  Require_Square("fixed", fixed.size(), side);
+  Require_Square("moving", moving.size(), side);
+  const auto n = static_cast<std::int64_t>(fixed.size());
+  const std::int64_t fixed_sum = std::llrint(fixed_mean * static_cast<double>(n));
+  std::int64_t fixed_squares = 0;
+  WindowSums sums;
+  for (std::size_t i = 0; i < fixed.size(); ++i) {
+    fixed_squares += std::int64_t{fixed[i]} * fixed[i];
+    sums.values += moving[i];
+    sums.squares += std::int64_t{moving[i]} * moving[i];
+    sums.products += std::int64_t{fixed[i]} * moving[i];
+  }
+  return Correlation_Of_Sums(n, fixed_sum, n * fixed_squares - fixed_sum * fixed_sum, sums);
 }
 
 }  // namespace sylvomex

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "overlays/plot_text.h"
+#include "platform/drive_map.h"
 
 namespace sylvomex {
 
@@ -41,5 +42,10 @@ class FieldTreeFile {
 
   std::vector<std::uint8_t> bytes_;
 };
+
+/// The trees of a binary tree file, in its order. RunTimeError(BadContent) that names the file for
+/// one that holds no tree, whose length does not follow from its count, or that has a number
+/// which is none; RunTimeErrors of opening a file pass.
+std::vector<FieldTree> Read_Field_Trees(const FilePath& file);
 
 }  // namespace sylvomex

@@ -29,4 +29,15 @@ void With_Text_File(const FilePath& file, Steps&& steps) {
   Write_However_It_Ends([&] { steps(text); }, [&] { Write_Whole_File(file, text); });
 }
 
+/// Lines that go to the end of a file with one write when steps(text) has ended. No text leaves
+/// the file alone.
+template <class Steps>
+void With_Appended_Lines(const FilePath& file, Steps&& steps) {
+  std::string text;
+  Write_However_It_Ends([&] { steps(text); },
+                        [&] {
+                          if (!text.empty()) Append_To_File(file, text);
+                        });
+}
+
 }  // namespace sylvomex

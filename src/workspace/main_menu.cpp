@@ -24,11 +24,14 @@
 #include "commands/panes/capture.h"
 #include "commands/panes/centring.h"
 #include "commands/panes/clearing.h"
+#include "commands/solver/batch_orientation.h"
 #include "commands/solver/distance_window.h"
 #include "commands/solver/epipolar_and_sun.h"
 #include "commands/solver/observation_window.h"
 #include "commands/solver/point_intersection.h"
 #include "commands/solver/solution_control.h"
+#include "commands/surfaces/polygon_surfaces.h"
+#include "commands/surfaces/surface_points.h"
 #include "panes/pane_zoom.h"
 #include "services/hourglass.h"
 #include "workspace/exit.h"
@@ -92,8 +95,8 @@ constexpr MenuRow kMainMenu[] = {
     {1, "Open_Stereo_window", "Open stereo window", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
     {1, "Open_Map_Window", "Open Map window", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
     {1, "Open_Options_Window", "Open Options Window", 'O', kCtrl, false, MenuRole::Command, Open_Options_Window, nullptr},
-    {1, "Compute_Points_From_Pairs", "Compute_Points_From_Pairs", 0, 0, true, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Compute_initial_apprx", "Compute Initial APRX", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
+    {1, "Compute_Points_From_Pairs", "Compute_Points_From_Pairs", 0, 0, true, MenuRole::Command, Compute_Points_From_Pairs, nullptr},
+    {1, "Compute_initial_apprx", "Compute Initial APRX", 0, 0, false, MenuRole::Command, Compute_initial_apprx, nullptr},
     {1, "Exit", "Exit Program", 0, 0, false, MenuRole::Command, Exit, nullptr},
     {0, "Clear", "Edit", 0, 0, false, MenuRole::Submenu, nullptr, nullptr},
     {1, "Clear_ima", "Clear images", 'C', kCtrl, false, MenuRole::Command, Clear_ima, nullptr},
@@ -165,10 +168,10 @@ constexpr MenuRow kMainMenu[] = {
     {1, "Measure_tree_tops_By_Matching", "Measure tree tops (Multi TM Matching)", 0, 0, false, MenuRole::Command, Toggle_Measure_tree_tops_By_Matching, Mode_Check<&MenuChecks::Measure_tree_tops_By_Matching>},
     {1, "Measure_Tie_and_CP", "Measure Tie and CP", 0, 0, false, MenuRole::Command, Toggle_Measure_Tie_and_CP, Mode_Check<&MenuChecks::Measure_Tie_and_CP>},
     {0, "Surface_estimation", "Surface matching", 0, 0, false, MenuRole::Submenu, nullptr, nullptr},
-    {1, "Get_Surface_Height", "Get surface single point (pair)", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Get_surface_single_point_triplet", "Get surface single point (triplet)", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Get_Surface_Height_InCdll", "Get surface in a polygon", kF1 + 6, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Triplet_Matching", "Triple image matching", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
+    {1, "Get_Surface_Height", "Get surface single point (pair)", 0, 0, false, MenuRole::Command, Get_Surface_Height, nullptr},
+    {1, "Get_surface_single_point_triplet", "Get surface single point (triplet)", 0, 0, false, MenuRole::Command, Get_surface_single_point_triplet, nullptr},
+    {1, "Get_Surface_Height_InCdll", "Get surface in a polygon", kF1 + 6, 0, false, MenuRole::Command, Get_Surface_Height_InCdll, nullptr},
+    {1, "Triplet_Matching", "Triple image matching", 0, 0, false, MenuRole::Command, Triplet_Matching, nullptr},
     {0, "Manipulate_images", "Pan", 0, 0, false, MenuRole::Submenu, nullptr, nullptr},
     {1, "Center_to_xyz_click", "Center images to space intersection (X,Y,Z) solution", 'M', kCtrl, false, MenuRole::Command, Center_to_xyz_click, nullptr},
     {1, "Center_to_pan_center_click", "Center images to given (X,Y,Z) (Options)", 0, 0, false, MenuRole::Command, Center_to_pan_center_click, nullptr},

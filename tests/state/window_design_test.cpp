@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-
 #include "state/control_rows.h"
 
 namespace sylvomex {

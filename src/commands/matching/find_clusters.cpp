@@ -9,6 +9,7 @@
 #include "closedlib/clusters.h"
 #include "closedlib/counted_loop.h"
 #include "commands/matching/matching_inputs.h"
+#include "matching/cluster_position.h"
 #include "panes/pane_drawing.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
@@ -115,16 +116,6 @@ void Search_Clusters(MatchingState& m) {
   for (int i = 0; i <= m.ClusterCount; ++i) {
     m.ClusterInfo(i).Members = members[static_cast<std::size_t>(i)];
   }
-}
-
-Point3D Cluster_Position(const MatchingState& m, int cluster) {
-  const double weight = m.ClusterWeight(cluster);
-  if (weight == 0) {
-    throw RunTimeError(Failure::DivisionByZero,
-                       "cluster " + std::to_string(cluster) + " has no weight");
-  }
-  const MeshPoint& sum = m.ClusterSum(cluster);
-  return {sum.X / weight, sum.Y / weight, sum.Z / weight};
 }
 
 std::string Node_Line(int number, const Point3D& at) {

@@ -126,8 +126,8 @@ TEST(MultiSizeCheck, ABandThatEndsWithTheRasterIsSearched) {
   b.Write_All_Templates();
   EXPECT_EQ(b.Failure_At(-9.5, 12.9), Failure::SubscriptOutOfRange);   // raw row 70
   EXPECT_EQ(b.Failure_At(-9.5, -13.1), Failure::SubscriptOutOfRange);  // raw row 330
-  Multi_Size_Check(b.w, 0, {-9.5, 13.0, 0});                             // raw row 69
-  Multi_Size_Check(b.w, 0, {-9.5, -13.2, 0});                            // raw row 331
+  Multi_Size_Check(b.w, 0, {-9.5, 13.0, 0});                           // raw row 69
+  Multi_Size_Check(b.w, 0, {-9.5, -13.2, 0});                          // raw row 331
   EXPECT_EQ(b.Marks(0).size(), 2U);
 }
 

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vector>
+
+#include "matching/matching_state.h"
+#include "platform/point3d.h"
+
+namespace sylvomex {
+
+/// Weighted mean of a cluster's points, metres; clusters count from 1. RunTimeError(DivisionByZero)
+/// that names the cluster for one without weight.
+Point3D Cluster_Position(const MatchingState& state, int cluster);
+
+/// The positions of all clusters of the last search; cluster i at i - 1.
+std::vector<Point3D> Cluster_Positions(const MatchingState& state);
+
+}  // namespace sylvomex
