@@ -15,6 +15,7 @@
 #include "demo/write/mesh_files.h"
 #include "demo/write/overlay_session.h"
 #include "demo/write/site_folders.h"
+#include "demo/write/surface_session.h"
 #include "demo/write/truth.h"
 #include "platform/files.h"
 
@@ -46,6 +47,18 @@ void Write_Height_Models(const Scene& scene, const DriveMap& drives) {
   Write_Mesh(Make_Canopy_Mesh(scene), "canopy", drives);
 }
 
+void Write_Surface_Sessions(const Scene& scene, const std::vector<Photograph>& photos,
+                            const std::filesystem::path& root) {
+  const DriveMap drives(root);
+  for (const Photograph& photo : Whole_Image_Photographs(photos)) {
+    Write_Whole_File(drives.Locate(photo.header_name), Image_Header_Text(photo.image));
+  }
+  const std::filesystem::path sessions = root / "sessions";
+  Write_Beside_Drives(sessions / "surface_points.txt", Surface_Points_Session(scene, photos));
+  Write_Beside_Drives(sessions / "surface_pair.txt", Pair_Surface_Session(scene, photos));
+  Write_Beside_Drives(sessions / "surface_triplet.txt", Triplet_Surface_Session(scene, photos));
+}
+
 }  // namespace
 
 void Write_Demo_Site(const Scene& scene, const std::vector<Photograph>& photos,
@@ -65,6 +78,7 @@ void Write_Demo_Site(const Scene& scene, const std::vector<Photograph>& photos,
   Write_Beside_Drives(root / "sessions" / "measure.txt", Measure_Session(scene, photos));
   Write_Beside_Drives(root / "sessions" / "match.txt", Match_Session(scene, photos));
   Write_Beside_Drives(root / "sessions" / "overlays.txt", Overlay_Session(scene, photos, tree));
+  Write_Surface_Sessions(scene, photos, root);
   Write_Beside_Drives(root / "sessions" / "open.txt", Open_Session(scene, photos));
   Write_Beside_Drives(root / "version.txt", std::to_string(kSiteVersion) + "\n");
 }
