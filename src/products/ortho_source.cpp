@@ -5,8 +5,9 @@
 
 namespace sylvomex {
 
-OrthoSource Make_Ortho_Source(const ImageRecord& image, std::span<const std::uint8_t> bytes) {
-  return {Make_Camera(image), bytes, image.SubWidth, image.SubHeight, image.ColorFlag == 1 ? 3 : 1};
+OrthoSource Make_Ortho_Source(const ImageRecord& image, const Camera& camera,
+                              std::span<const std::uint8_t> bytes) {
+  return {camera, bytes, image.SubWidth, image.SubHeight, image.ColorFlag == 1 ? 3 : 1};
 }
 
 double Byte_Position(const OrthoSource& source, const PixelPosition& pixel) {

@@ -17,7 +17,8 @@ struct OrthoSource {
   int pixel_bytes = 1;                   // 3 red, green, blue; 1 grey
 };
 
-OrthoSource Make_Ortho_Source(const ImageRecord& image, std::span<const std::uint8_t> bytes);
+OrthoSource Make_Ortho_Source(const ImageRecord& image, const Camera& camera,
+                              std::span<const std::uint8_t> bytes);
 
 /// Byte position, counted from 0, of the pixel nearest to a full-image position (half to even in
 /// both directions): round((sub_height - 1 - round(row)) sub_width pixel_bytes) +

@@ -24,12 +24,14 @@
 #include "commands/panes/capture.h"
 #include "commands/panes/centring.h"
 #include "commands/panes/clearing.h"
+#include "commands/products/orthoimage.h"
 #include "commands/solver/batch_orientation.h"
 #include "commands/solver/distance_window.h"
 #include "commands/solver/epipolar_and_sun.h"
 #include "commands/solver/observation_window.h"
 #include "commands/solver/point_intersection.h"
 #include "commands/solver/solution_control.h"
+#include "commands/stereo/anaglyph_pair.h"
 #include "commands/surfaces/polygon_surfaces.h"
 #include "commands/surfaces/surface_points.h"
 #include "panes/pane_zoom.h"
@@ -87,8 +89,8 @@ constexpr MenuRow kMainMenu[] = {
     {1, "Remove_an_image", "Remove an image from the set", kF1 + 2, 0, false, MenuRole::Command, Remove_an_image, nullptr},
     {1, "Write_SUB_images", "Write Subimages (RAW and HDR)", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
     {1, "Create_Zonal", "Create a Zonal image (PGMTexture)", 0, 0, true, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Create_anaglyph_pair", "Create anaglyph pair", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Orto", "Create an OrthoImage", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
+    {1, "Create_anaglyph_pair", "Create anaglyph pair", 0, 0, false, MenuRole::Command, Create_anaglyph_pair, nullptr},
+    {1, "Orto", "Create an OrthoImage", 0, 0, false, MenuRole::Command, Orto, nullptr},
     {1, "Create_an_Ortho_Block_2", "Create an OrtoBlock (2)", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
     {1, "OrthoBlock", "Create an OrthoBlock", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
     {1, "Create_An_OrthoIndex", "Create an OrthoIndex", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},

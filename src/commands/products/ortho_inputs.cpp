@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "commands/products/ortho_inputs.h"
+
+#include "platform/number_text.h"
+#include "platform/replacing_file.h"
+#include "platform/run_time_error.h"
+
+namespace sylvomex {
+
+void Say_Too_Wide(Workspace& w) {
+  w.screen->Message_Box("An error occurred, too wide orthoimage?");
+}
+
+std::optional<double> Ask_Number(Workspace& w, const std::string& prompt, double value,
+                                 const std::string& preset) {
+  const auto answer = w.screen->Input_Box(prompt, kOrthoTitle, preset);
+  if (!answer) return std::nullopt;
+  try {
+    return Parse_Double(*answer);
+  } catch (const RunTimeError&) {
+    Say_Too_Wide(w);
+    return value;
+  }
+}
+
+std::optional<OrthoExtent> Ask_Extent(Workspace& w) {
+  struct Question {
+    const char* prompt;
+    double OrthoExtent::*value;
+  };
+  constexpr Question kQuestions[] = {
+      {"X-value for origo (low left corner)?", &OrthoExtent::X0},
+      {"Y-value for origo (low left corner)?", &OrthoExtent::Y0},
+      {"X-extent (how wide image) (m)?", &OrthoExtent::extent_x},
+      {"Y-extent (how high image) (m)?", &OrthoExtent::extent_y},
+      {"Pixel size in orthoimage? (m)", &OrthoExtent::pixel},
+  };
+  OrthoExtent extent;
+  for (const Question& question : kQuestions) {
+    const auto answer = Ask_Number(w, question.prompt, 0);
+    if (!answer) return std::nullopt;
+    extent.*question.value = *answer;
+  }
+  return extent;
+}
+
+OrthoGrid Grid_Of(const OrthoExtent& extent) {
+  return Make_Ortho_Grid(extent.X0, extent.Y0, extent.extent_x, extent.extent_y, extent.pixel);
+}
+
+void Show_Size(Workspace& w, const OrthoGrid& grid) {
+  w.screen->Message_Box("Columns: " + Plain_Text(grid.columns) +
+                        "  Rows: " + Plain_Text(grid.rows));
+}
+
+void Ask_Name_And_Write(Workspace& w, std::span<const std::uint8_t> cells) {
+  const std::string name =
+      w.screen->Input_Box("Give filename for the raw-file", kOrthoTitle).value_or("");
+  if (name.empty()) return;
+  try {
+    Replace_Whole_File(w.Drives.Locate(name), cells);
+  } catch (const RunTimeError&) {
+    return Say_Too_Wide(w);
+  }
+  w.screen->Message_Box(name + " written");
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "commands/products/orthoimage.h"
+
+#include <algorithm>
+#include <new>
+#include <optional>
+
+#include "commands/products/ortho_inputs.h"
+#include "platform/number_text.h"
+#include "platform/rounding.h"
+#include "platform/zeroed_array.h"
+#include "products/ortho_image.h"
+#include "services/progress.h"
+#include "state/followed_image.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr std::int32_t kSlabColumns = 64;  // computed between servicings of the events
+
+struct OrthoOrder {
+  int image = 0;
+  OrthoGrid grid;
+  double elsewhere = 170;  // metres
+};
+
+/// Asks until the number is one of the block's; nothing when the question was dismissed.
+std::optional<int> Ask_Image(Workspace& w) {
+  for (;;) {
+    const auto number = Ask_Number(w, "Which image is used, first = 0, 2nd = 1 etc.?", 0);
+    if (!number) return std::nullopt;
+    if (*number <= w.ImageCount - 1) return To_Int32(*number);
+    w.screen->Message_Box("There are :" + Plain_Text(std::int32_t{w.ImageCount}) +
+                          " photographs, numbered : 0-" +
+                          Plain_Text(std::int32_t{w.ImageCount} - 1));
+  }
+}
+
+std::optional<OrthoOrder> Ask_Order(Workspace& w) {
+  OrthoOrder order;
+  const auto image = Ask_Image(w);
+  if (!image) return std::nullopt;
+  order.image = *image;
+  const auto extent = Ask_Extent(w);
+  if (!extent) return std::nullopt;
+  const auto elsewhere =
+      Ask_Number(w, "Elevation outside DEM? , Default = 170 (m)", order.elsewhere, "160");
+  if (!elsewhere) return std::nullopt;
+  order.elsewhere = *elsewhere;
+  order.grid = Grid_Of(*extent);
+  return order;
+}
+
+/// The image as it is now: a command that ran while events were serviced may have moved it.
+OrthoSource Present_Source(Workspace& w, const FollowedImage& image) {
+  const ImageRecord& record = w.ImageBlock(image.Index());
+  const MappedFile& file = w.RawFiles.Open(w.Drives.Locate(record.RawFileName.Trimmed()));
+  return Make_Ortho_Source(record, Make_Camera(record, w.RotationTable(image.Index())),
+                           file.Bytes());
+}
+
+void Fill_Cells(Workspace& w, const OrthoOrder& order, const FollowedImage& image, int pixel_bytes,
+                std::span<std::uint8_t> cells) {
+  Progress progress(w, w.Form1.Label2);
+  const OrthoGrid& grid = order.grid;
+  LastPixel last{};
+  for (std::int32_t col = 0; col < grid.columns; ++col) {
+    progress.Report(Format(static_cast<double>(col) / grid.columns * 100, "0000.0000") + " %");
+    if (col % kSlabColumns != 0) continue;
+    OrthoSource source = Present_Source(w, image);
+    source.pixel_bytes = pixel_bytes;
+    const OrthoHeights heights{w.RasterDemLoaded ? &w.RasterDem : nullptr, order.elsewhere};
+    Fill_Ortho_Columns(grid, source, heights, col, std::min(grid.columns, col + kSlabColumns),
+                       cells, last);
+  }
+}
+
+int Pixel_Bytes(const ImageRecord& record) { return record.ColorFlag == 1 ? 3 : 1; }
+
+}  // namespace
+
+void Orto(Workspace& w) {
+  if (!w.RasterDemLoaded) {
+    w.screen->Message_Box("Read height model first!");
+    return;
+  }
+  ZeroedArray<std::uint8_t> cells;
+  try {
+    const auto order = Ask_Order(w);
+    if (!order) return;
+    Show_Size(w, order->grid);
+    const FollowedImage image(w, order->image);
+    const int pixel_bytes = Pixel_Bytes(w.ImageBlock(order->image));
+    cells =
+        ZeroedArray<std::uint8_t>(order->grid.Cells() * static_cast<std::uint64_t>(pixel_bytes));
+    Fill_Cells(w, *order, image, pixel_bytes, cells.All());
+  } catch (const RunTimeError&) {
+    Say_Too_Wide(w);
+  } catch (const std::bad_alloc&) {
+    Say_Too_Wide(w);
+  }
+  Ask_Name_And_Write(w, cells.All());
+}
+
+}  // namespace sylvomex

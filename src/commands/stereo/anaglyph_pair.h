@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "state/workspace.h"
+
+namespace sylvomex {
+
+void Create_anaglyph_pair(Workspace& w);  // images 0 and 1 as a normal-case pair
+
+}  // namespace sylvomex
