@@ -98,10 +98,12 @@ std::string Measure_Session(const Scene& scene, const std::vector<Photograph>& p
 }
 
 std::string Open_Session(const Scene& scene, const std::vector<Photograph>& photos) {
-  std::string text = "# The demo site on the screen, centred on a tree.\n" + Load_Steps(photos);
+  std::string text =
+      "# The demo site on the screen, centred on the top of a tree.\n" + Load_Steps(photos);
   const std::vector<std::size_t> trees = Trees_To_Measure(scene, photos);
   if (trees.empty()) return text;
-  return text + Centre_Steps(Rough_Point(scene.trees[trees[trees.size() / 2]]));
+  const Tree& tree = scene.trees[trees[trees.size() / 2]];
+  return text + Centre_Steps({tree.X, tree.Y, tree.TopZ});
 }
 
 }  // namespace sylvomex::demo

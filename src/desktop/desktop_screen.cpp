@@ -16,6 +16,7 @@
 #include "desktop/file_filter.h"
 #include "desktop/mark_painter.h"
 #include "desktop/qt_text.h"
+#include "services/chosen_file.h"
 
 namespace sylvomex {
 namespace {
@@ -131,9 +132,11 @@ std::optional<std::string> DesktopScreen::File_Dialog(const FileQuestion& questi
     dialog.selectNameFilter(filters[question.filter_index - 1]);
   }
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-  const QString chosen = dialog.selectedFiles().constFirst();
-  last_folder_ = QFileInfo(chosen).absolutePath();
-  return Block_Text(chosen);
+  std::string chosen =
+      Chosen_File_Name(drives_, question, Block_Text(dialog.selectedFiles().constFirst()));
+  last_folder_ =
+      QFileInfo(QString::fromStdString(drives_.Locate(chosen).native.string())).absolutePath();
+  return chosen;
 }
 
 void DesktopScreen::Beep(int frequency, int duration) { tones_.Play(frequency, duration); }

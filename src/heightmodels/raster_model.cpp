@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "heightmodels/raster_model.h"
 
+#include <algorithm>
 #include <bit>
 #include <new>
 #include <string>
@@ -60,13 +61,20 @@ void Dimension_Cells(RasterModel& model) {
   model.rows = rows;
 }
 
-void Read_Cells(const FilePath& cell_file, RasterModel& model) {
+std::string No_Data_Text(std::string_view model, double X, double Y, double height) {
+  return std::string(model) + " holds no data at X " + Format(X, "0.00") + ", Y " +
+         Format(Y, "0.00") + ": " + Plain_Text(static_cast<float>(height));
+}
+
+std::int64_t Read_Cells(const FilePath& cell_file, RasterModel& model) {
   const PositionalFile file(cell_file);
   const std::span<float> cells = model.Cells.All();
   auto* bytes = reinterpret_cast<std::uint8_t*>(cells.data());
   const std::size_t got = file.Read_At(0, {bytes, cells.size_bytes()});
   // A cell that the file's end cuts through counts as missing.
   if (got % sizeof(float) != 0) cells[got / sizeof(float)] = 0;
+  const std::span<const float> read = cells.first(got / sizeof(float));
+  return std::count_if(read.begin(), read.end(), [](float cell) { return Is_No_Data(cell); });
 }
 
 }  // namespace sylvomex

@@ -5,6 +5,8 @@
 
 #include <cmath>
 #include <cstdint>
+#include <string>
+#include <string_view>
 
 #include "platform/drive_map.h"
 #include "platform/fixed_text.h"
@@ -47,8 +49,16 @@ void Read_Raster_Header(const FilePath& header, RasterModel& model);
 /// no room; the model then has no cells and every lookup gives 0.
 void Dimension_Cells(RasterModel& model);
 
-/// Reads the cell file into Cells. A file that is too short leaves the rest zero.
-void Read_Cells(const FilePath& cell_file, RasterModel& model);
+/// Whether a height stands for a cell without data: -9999, -3.4e38 (or beyond), NaN.
+inline bool Is_No_Data(double height) { return height == -9999 || !(std::abs(height) < 1e30); }
+
+/// Says which model holds no data where, and what it holds instead: "the ground model holds no data
+/// at X 2515057.50, Y 6860179.20: -9999".
+std::string No_Data_Text(std::string_view model, double X, double Y, double height);
+
+/// Reads the cell file into Cells. A file that is too short leaves the rest zero. Returns how many
+/// of the cells read hold no data; they stay as they are.
+std::int64_t Read_Cells(const FilePath& cell_file, RasterModel& model);
 
 /// A column or row that no model has.
 inline constexpr std::uint64_t kNoRasterLine = ~std::uint64_t{0};

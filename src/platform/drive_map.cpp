@@ -108,6 +108,21 @@ FilePath DriveMap::Locate(std::string_view name) const {
   return {std::string(name), native};
 }
 
+std::string DriveMap::Drive_Name(const fs::path& native) const {
+  const fs::path full = fs::absolute(native).lexically_normal();
+  const fs::path below = full.lexically_relative(fs::absolute(root_).lexically_normal());
+  std::string name;
+  for (const fs::path& component : below) {
+    if (!name.empty()) name += '\\';
+    name += component.string();
+    if (name.size() == 1) name += ':';
+  }
+  const bool on_drive = name.size() > 3 && Is_Letter(name[0]) && name[1] == ':' && name[2] == '\\';
+  return on_drive && Locate(name).native.lexically_normal() == (root_ / below).lexically_normal()
+             ? name
+             : native.string();
+}
+
 std::vector<FilePath> DriveMap::Match(std::string_view pattern) const {
   pattern = Without_Blanks_Around(pattern);
   std::size_t folder_length = pattern.size();

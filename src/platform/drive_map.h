@@ -28,6 +28,10 @@ class DriveMap {
   /// letter lies on drive c; the empty name gives an empty FilePath.
   [[nodiscard]] FilePath Locate(std::string_view name) const;
 
+  /// The name under which a native path is known here: "c:\data\a.hdr" when it lies on one of the
+  /// drives, else the path itself. The inverse of Locate.
+  [[nodiscard]] std::string Drive_Name(const std::filesystem::path& native) const;
+
   /// Files that match a pattern with '*' and '?' in its last component, sorted by name,
   /// without regard to case. A folder that does not exist gives none.
   [[nodiscard]] std::vector<FilePath> Match(std::string_view pattern) const;

@@ -44,7 +44,9 @@ void Tie_Point_Click(Workspace& w, int pane, double px, double py) {
   if (w.TiePointFileLeftOpen) throw RunTimeError(Failure::FileAlreadyOpen, kTiePointFile);
   const FilePath path = w.Drives.Locate(kTiePointFile);
   Append_To_File(path, "");  // fails before the question when the file cannot be opened
-  const std::int32_t point_id = Parse_Int32(w.screen->Input_Box("Give Point Id").value_or(""));
+  const auto answer = w.screen->Input_Box("Give Point Id");
+  if (!answer) return;
+  const std::int32_t point_id = Parse_Int32(*answer);
   if (point_id < 0) {
     // The file stays open after a negative answer, so that the next tie point fails.
     w.TiePointFileLeftOpen = true;

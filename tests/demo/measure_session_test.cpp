@@ -3,13 +3,22 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <map>
+#include <memory>
 #include <set>
 #include <sstream>
 
+#include "commands/solver/point_intersection.h"
+#include "commands/solver/solution_control.h"
 #include "demo/write/session_steps.h"
 #include "demo/write/truth.h"
+#include "platform/number_text.h"
+#include "state/camera_access.h"
+#include "support/recording_screen.h"
+#include "support/temporary_folder.h"
 
 namespace sylvomex::demo {
 namespace {
@@ -99,6 +108,71 @@ TEST(MeasureSession, ClicksIntersectAtTheTopsToTheirRounding) {
     EXPECT_NEAR(result.point.Y, tree.Y, 0.05) << "tree " << id;
     EXPECT_NEAR(result.point.Z, tree.TopZ, 0.1) << "tree " << id;
   }
+}
+
+// The demo's photographs in a block without a solution, over a level ground model of 150 m.
+struct DemoBlock {
+  DemoBlock() {
+    for (std::size_t k = 0; k < Photos().size(); ++k) {
+      const int image = static_cast<int>(k);
+      w.ImageBlock(image) = Photos()[k].image;
+      Build_Rotation_Matrix(w, image);
+      ++w.ImageCount;
+    }
+    w.RasterDem.NCols = w.RasterDem.NRows = 1;
+    w.RasterDem.OriginX = kForestWest;
+    w.RasterDem.OriginY = kForestSouth + 50000;
+    w.RasterDem.CellSize = 100000;
+    Dimension_Cells(w.RasterDem);
+    w.RasterDem.Cells[0] = 150;
+    w.RasterDemLoaded = true;
+  }
+
+  // The film position of the point in every photograph, rounded as a click rounds it.
+  void Observe(const Point3D& point) {
+    for (int k = 0; k < w.ImageCount; ++k) {
+      const FilmPosition film = Object_To_Image(Camera_Of(w, k), point).value();
+      w.Form1.Text1(2 * k).Text = Format(film.x, "0.#######");
+      w.Form1.Text1(2 * k + 1).Text = Format(film.y, "0.#######");
+      w.Form1.Check1(k).Value = 1;
+    }
+  }
+
+  TemporaryFolder folder;
+  RecordingScreen screen;
+  std::unique_ptr<Workspace> block = std::make_unique<Workspace>(folder.Drives(), screen);
+  Workspace& w = *block;
+};
+
+TEST(MeasureSession, FromNothingTheFirstIntersectionFailsAndAResetSolutionConverges) {
+  DemoBlock b;
+  const Tree& tree = Site().trees[Trees_To_Measure(Site(), Photos()).front()];
+  b.Observe({tree.X, tree.Y, tree.TopZ});
+  Point_Intersection(b.w);
+  EXPECT_EQ(b.w.Form1.Label10.Caption, "Could not compute ray intersection");
+  EXPECT_NE(b.w.Form1.Label3.Caption.find("Reset (X,Y,Z) - solution"), std::string::npos);
+  Reset_Point_Solution(b.w);
+  EXPECT_EQ(b.w.Solution3D.Z, 150);
+  Point_Intersection(b.w);
+  EXPECT_TRUE(b.w.SolutionValid);
+  // 0.05 um of rounding at a scale of some 1:8000 are below a millimetre, in height a few.
+  EXPECT_NEAR(b.w.Solution3D.X, tree.X, 0.005);
+  EXPECT_NEAR(b.w.Solution3D.Y, tree.Y, 0.005);
+  EXPECT_NEAR(b.w.Solution3D.Z, tree.TopZ, 0.02);
+}
+
+TEST(OpenSession, CentresOnTheTopOfATree) {
+  const std::string session = Open_Session(Site(), Photos());
+  double X = 0, Y = 0, Z = 0;
+  const std::size_t at = session.rfind("Add_height_Model\n");
+  ASSERT_NE(at, std::string::npos);
+  ASSERT_EQ(std::sscanf(session.c_str() + at, "Add_height_Model\ninput %lf\ninput %lf\ninput %lf",
+                        &X, &Y, &Z),
+            3);
+  EXPECT_TRUE(std::ranges::any_of(
+      Site().trees,
+      [&](const Tree& tree) { return std::hypot(tree.X - X, tree.Y - Y, tree.TopZ - Z) < 0.02; }))
+      << X << " " << Y << " " << Z;
 }
 
 TEST(MeasureSession, LoadsEverythingBeforeTheFirstTreeAndSavesEachTree) {

@@ -84,12 +84,26 @@ TEST_F(Dialogs, InputBoxGivesTheTextEntered) {
   EXPECT_EQ(w().screen->Input_Box("Give Col"), std::nullopt);
 }
 
-TEST_F(Dialogs, FileDialogGivesTheNativePath) {
+TEST_F(Dialogs, FileDialogGivesTheDriveName) {
   const FilePath file = site_.Folder().Write("c/data/x.hdr", "x");
   dialogs_.files.push_back(file.native.string());
   EXPECT_EQ(w().screen->File_Dialog({"Header file", "HDR files (*.hdr)|*.hdr", 1, ""}),
-            file.native.string());
+            "c:\\data\\x.hdr");
   EXPECT_EQ(dialogs_.titles, std::vector<std::string>{"Header file"});
+}
+
+TEST_F(Dialogs, FileDialogUnderstandsATypedDriveNameWithoutItsEnding) {
+  site_.Folder().Write("c/data/x.hdr", "x");
+  dialogs_.files.push_back("c:\\data\\x");
+  EXPECT_EQ(w().screen->File_Dialog({"Header file", "HDR files (*.hdr)|*.hdr", 1, ""}),
+            "c:\\data\\x.hdr");
+}
+
+TEST_F(Dialogs, FileDialogGivesTheNativePathOfAFileOutsideTheDrives) {
+  const FilePath file = site_.Folder().Write("elsewhere/x.hdr", "x");
+  dialogs_.files.push_back(file.native.string());
+  EXPECT_EQ(w().screen->File_Dialog({"Header file", "HDR files (*.hdr)|*.hdr", 1, ""}),
+            file.native.string());
 }
 
 TEST_F(Dialogs, ErrorNamesTheCommandAndTheCause) {

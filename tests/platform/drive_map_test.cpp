@@ -25,6 +25,21 @@ TEST_F(DriveMapTest, KeepsTheNameAsTheOperatorGaveIt) {
   EXPECT_EQ(drives.Locate("  C:\\Data\\x.hdr ").name, "C:\\Data\\x.hdr");
 }
 
+TEST_F(DriveMapTest, DriveNamesAreTheInverseOfLocate) {
+  folder.Write("c/Data/Pic0.BMP", "x");
+  for (const char* name : {"c:\\Data\\Pic0.BMP", "d:\\new\\x.hdr", "e:\\a b.txt"}) {
+    EXPECT_EQ(drives.Drive_Name(Native(name)), name);
+  }
+}
+
+TEST_F(DriveMapTest, PathsThatAreNotOnADriveStayNative) {
+  for (const std::string& path : {std::string("/tmp/x.hdr"), (folder.Path() / "x.hdr").string(),
+                                  (folder.Path() / "cc/x.hdr").string(), folder.Path().string(),
+                                  (folder.Path() / "c/back\\slash.txt").string()}) {
+    EXPECT_EQ(drives.Drive_Name(path), path);
+  }
+}
+
 TEST_F(DriveMapTest, TheExactSpellingComesFirst) {
   folder.Write("c/data/A.txt", "1");
   folder.Write("c/data/a.txt", "2");

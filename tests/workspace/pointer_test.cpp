@@ -260,6 +260,15 @@ TEST_F(Pointer, TiePointAppendsALineAndMarksThePoint) {
   EXPECT_EQ(site_.Folder().Read("c/data/imageobs.txt"), "2 12 301.5 251\n");
 }
 
+TEST_F(Pointer, ADismissedTiePointQuestionEndsQuietlyAndTheNextOneIsTaken) {
+  const std::string transcript = Transcript(
+      "menu Measure_Tie_and_CP\ncancel\nclick Picture1(0) 10 10\nmarks Picture1(0)\nsay next\n"
+      "input 4\nclick Picture1(1) 100.5 50\n");
+  EXPECT_EQ(transcript.substr(0, transcript.find("say next")),
+            "input \"Give Point Id\" title=\"\" default=\"\" -> cancel\n");
+  EXPECT_EQ(site_.Folder().Read("c/data/imageobs.txt"), "2 4 301.5 251\n");
+}
+
 TEST_F(Pointer, ANegativeTiePointIdLeavesTheFileOpenSoThatTheNextOneFails) {
   const std::string transcript = Transcript(
       "menu Measure_Tie_and_CP\ninput -1\nclick Picture1(0) 10 10\n"

@@ -2,6 +2,7 @@
 #include "commands/heightmodels/height_display.h"
 
 #include "closedlib/counted_loop.h"
+#include "heightmodels/raster_model.h"
 #include "panes/pane_drawing.h"
 #include "platform/number_text.h"
 
@@ -51,6 +52,11 @@ void Show_Height_Text(Workspace& w, const char* what, double height) {
 }
 
 void Show_Height(Workspace& w, const HeightMark& mark) {
+  if (Is_No_Data(mark.ground)) {
+    w.Form1.Label10.Caption =
+        No_Data_Text("the height model", w.Solution3D.X, w.Solution3D.Y, mark.ground);
+    return;
+  }
   Show_Height_Text(w, "Ground: ", mark.ground);
   for (int k = 0; k < w.ImageCount; ++k) Draw_Height(w, k, mark);
 }

@@ -102,11 +102,13 @@ void Mark_Cells(Workspace& w, int image, const std::vector<ColouredCell>& cells)
   pane.DrawWidth = 1;
 }
 
-// In the pane's top left corner, over the marks.
+// At the pane's left edge, over the marks and below the photo's number and scale.
 void Print_Legend(Workspace& w, int image, const HeightRange& range) {
-  constexpr double kMargin = 5;  // pane pixels
+  constexpr double kMargin = 5;        // pane pixels
+  constexpr double kBelowNumber = 45;  // the number is 20 points high
   Picture& pane = w.Form1.Picture1(image);
-  pane.CurrentX = pane.CurrentY = kMargin;
+  pane.CurrentX = kMargin;
+  pane.CurrentY = kBelowNumber;
   pane.ForeColor = kWhite;
   pane.font.size = 12;
   Print_Text(pane, kShown.legend + Format(range.lowest, "#.0 m") + " to " +

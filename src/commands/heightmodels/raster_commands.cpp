@@ -6,6 +6,7 @@
 #include "commands/heightmodels/height_display.h"
 #include "panes/pane_drawing.h"
 #include "platform/number_text.h"
+#include "services/chosen_file.h"
 #include "services/hourglass.h"
 #include "services/status_line.h"
 #include "state/camera_access.h"
@@ -14,13 +15,11 @@ namespace sylvomex {
 namespace {
 
 FilePath Ask_Header(Workspace& w) {
-  FileQuestion question;
-  question.title = "Header file for a height model";
-  question.filter = "HDR files (*.hdr)|*.hdr";
-  const auto name = w.screen->File_Dialog(question);
-  if (!name) throw RunTimeError(Failure::FileNotFound, "no header was chosen");
-  w.LastHeightHeaderName = *name;
-  return w.Drives.Locate(*name);
+  const auto file =
+      Ask_File(w, {"Header file for a height model", "HDR files (*.hdr)|*.hdr", 1, ""});
+  if (!file) throw RunTimeError(Failure::FileNotFound, "no header was chosen");
+  w.LastHeightHeaderName = file->name;
+  return *file;
 }
 
 void End_Reading(Workspace& w, const char* status) {
@@ -33,51 +32,63 @@ void Report_Failed_Reading(Workspace& w, const char* status) {
   Show_Status(w, status);
 }
 
+// Lookups give what such cells hold.
+void Tell_No_Data(Workspace& w, const RasterModel& model, std::int64_t cells) {
+  if (cells == 0) return;
+  w.screen->Message_Box(w.LastHeightHeaderName + ": " + std::to_string(cells) + " of " +
+                        std::to_string(model.Cells.size()) +
+                        " cells hold no data (-9999, -3.4e38 or no number)");
+}
+
 // The answer must be a number and changes no height.
 void Ask_Offset(Workspace& w) {
   Parse_Double(
       w.screen->Input_Box("What value to add to each cell Z?", "Query", "0.00").value_or(""));
 }
 
-void Load_Dem(Workspace& w, const FilePath& header) {
+std::int64_t Load_Dem(Workspace& w, const FilePath& header) {
   const HourglassGuard hourglass(w);
   w.screen->Service_Events();
   Read_Raster_Header(header, w.RasterDem);
   Dimension_Cells(w.RasterDem);
   Ask_Offset(w);
-  Read_Cells(w.Drives.Locate(w.RasterDem.CellFile.Padded()), w.RasterDem);
+  return Read_Cells(w.Drives.Locate(w.RasterDem.CellFile.Padded()), w.RasterDem);
 }
 
-void Load_Chm(Workspace& w, const FilePath& header) {
+std::int64_t Load_Chm(Workspace& w, const FilePath& header) {
   Show_Status(w, header.name);
   const HourglassGuard hourglass(w);
   w.screen->Service_Events();
   Read_Raster_Header(header, w.RasterChm);
   Dimension_Cells(w.RasterChm);
-  Read_Cells(w.Drives.Locate(w.RasterChm.CellFile.Padded()), w.RasterChm);
+  return Read_Cells(w.Drives.Locate(w.RasterChm.CellFile.Padded()), w.RasterChm);
 }
 
 }  // namespace
 
 void Add_height_Model(Workspace& w) {
+  std::int64_t without_data = 0;
   try {
-    Load_Dem(w, Ask_Header(w));
+    without_data = Load_Dem(w, Ask_Header(w));
   } catch (const RunTimeError&) {
     Report_Failed_Reading(w, " DEM read unsuccesfully");
     return;
   }
   w.RasterDemLoaded = true;
   End_Reading(w, " DEM read succesfully");
+  Tell_No_Data(w, w.RasterDem, without_data);
 }
 
 void Add_Raster_CHM(Workspace& w) {
+  std::int64_t without_data = 0;
   try {
-    Load_Chm(w, Ask_Header(w));
+    without_data = Load_Chm(w, Ask_Header(w));
   } catch (const RunTimeError&) {
     Report_Failed_Reading(w, " RASTER CHM read unsuccesfully");
     return;
   }
   End_Reading(w, " Raster CHM read succesfully");
+  Tell_No_Data(w, w.RasterChm, without_data);
 }
 
 void Get_elevation(Workspace& w) {

@@ -8,6 +8,8 @@
 
 #include "commands/heightmodels/height_display.h"
 #include "panes/pane_drawing.h"
+#include "platform/number_text.h"
+#include "services/chosen_file.h"
 #include "services/status_line.h"
 #include "state/camera_access.h"
 #include "state/tin_access.h"
@@ -17,10 +19,10 @@ namespace {
 
 constexpr double kCanopyLift = 0.3;  // metres
 
-std::optional<FilePath> Ask_File(Workspace& w, const char* title, const char* filter) {
-  const auto name = w.screen->File_Dialog({title, filter, 1, ""});
-  if (!name) return std::nullopt;
-  return w.Drives.Locate(*name);
+void Tell_Degenerate_Triangle(Workspace& w, const TinModel& model) {
+  Show_Status(w, " TIN: triangle " + Plain_Text(model.TriangleCount + 1) +
+                     " is degenerate, the reading stopped there; the " +
+                     Plain_Text(model.TriangleCount) + " before it serve");
 }
 
 // The model is read apart and takes its place in the block when its files have turned out to
@@ -29,15 +31,15 @@ std::optional<FilePath> Ask_File(Workspace& w, const char* title, const char* fi
 void Load_Tin(Workspace& w, TinModel Workspace::*place, double lift) {
   const Report report = [&w](std::string_view sentence) { w.screen->Message_Box(sentence); };
   TinModel model;
-  const auto nodes = Ask_File(w, "File with node x,y,z", "NOD files (*.nod)|*.nod");
+  const auto nodes = Ask_File(w, {"File with node x,y,z", "NOD files (*.nod)|*.nod", 1, ""});
   if (!nodes) return;
   Read_Tin_Nodes(*nodes, lift, model);
-  const auto triangles = Ask_File(w, "File with Triangle ids", "NOD files (*.tri)|*.tri");
+  const auto triangles = Ask_File(w, {"File with Triangle ids", "NOD files (*.tri)|*.tri", 1, ""});
   if (!triangles) return;
   const bool complete = Read_Tin_Triangles(*triangles, model, report);
   Index_Tin(model, report);
   w.*place = std::move(model);
-  if (!complete) return;
+  if (!complete) return Tell_Degenerate_Triangle(w, w.*place);
   Show_Status(w, " TIN - DTM read succesfully");
   w.TinDemLoaded = true;
 }

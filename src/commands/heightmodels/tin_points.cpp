@@ -8,6 +8,7 @@
 #include "platform/files.h"
 #include "platform/list_reader.h"
 #include "platform/number_text.h"
+#include "services/chosen_file.h"
 #include "state/camera_access.h"
 #include "state/tin_access.h"
 
@@ -70,9 +71,9 @@ void Get_TIN_for_Points(Workspace& w) {
 
 void Get_Raster_and_TIN_Residuals(Workspace& w) {
   constexpr const char* kResultName = "c:\\data\\dem_tin_res.txt";
-  const auto name = w.screen->File_Dialog({"File with X,Y,Z points", "HDR files (*.*)|*.*", 1, ""});
-  if (!name) return;
-  const std::vector<Point3D> points = Read_Points(w.Drives.Locate(*name));
+  const auto file = Ask_File(w, {"File with X,Y,Z points", "HDR files (*.*)|*.*", 1, ""});
+  if (!file) return;
+  const std::vector<Point3D> points = Read_Points(*file);
   Write_Whole_File(w.Drives.Locate(kResultName), Residual_Lines(w, points));
   w.screen->Message_Box("Processed " + std::to_string(points.size()) + " points. Results in " +
                         kResultName);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/imageblock/image_search.h"
 
+#include <optional>
+
 #include "commands/heightmodels/raster_commands.h"
 #include "commands/imageblock/block_maintenance.h"
 #include "commands/imageblock/image_set.h"
@@ -8,6 +10,7 @@
 #include "panes/pane_drawing.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "services/chosen_file.h"
 #include "services/solution.h"
 #include "solver/point_in_image.h"
 #include "state/camera_access.h"
@@ -36,11 +39,11 @@ void Write_Hit(const Workspace& w, const Archive& archive, const TableCamera& ca
                    Point_In_Image_Line(camera, point));
 }
 
-PointInImage Ask_Hit(Workspace& w) {
-  const auto chosen = w.screen->File_Dialog(
-      {"Header file for a Point in an Image", "Text files (*.txt)|*.txt", 1, "c:\\data\\Imafiles"});
-  if (!chosen) throw RunTimeError(Failure::FileNotFound, "no file was chosen");
-  ListReader file(w.Drives.Locate(*chosen));
+std::optional<PointInImage> Ask_Hit(Workspace& w) {
+  const auto chosen = Ask_File(w, {"Header file for a Point in an Image",
+                                   "Text files (*.txt)|*.txt", 1, "c:\\data\\Imafiles"});
+  if (!chosen) return std::nullopt;
+  ListReader file(*chosen);
   return Read_Point_In_Image(file);
 }
 
@@ -94,10 +97,11 @@ void Find_Images_With_XYZ_Sol(Workspace& w) {
 }
 
 void Add_Image_Center_to_XYZ(Workspace& w) {
-  const PointInImage hit = Ask_Hit(w);
-  Take_Over_Point(w, hit);
+  const std::optional<PointInImage> hit = Ask_Hit(w);
+  if (!hit) return;
+  Take_Over_Point(w, *hit);
   const FollowedImage image(w, w.ImageCount);
-  if (!Take_In_Image(w, w.Drives.Locate(hit.header), image)) return;
+  if (!Take_In_Image(w, w.Drives.Locate(hit->header), image)) return;
   w.SolutionValid = true;
   Center_to_xyz_click(w);
   w.screen->Clear_Clipboard();

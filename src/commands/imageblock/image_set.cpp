@@ -9,6 +9,7 @@
 #include "panes/pane_rendering.h"
 #include "platform/list_reader.h"
 #include "platform/number_text.h"
+#include "services/chosen_file.h"
 #include "services/hourglass.h"
 #include "services/status_line.h"
 #include "state/camera_access.h"
@@ -205,9 +206,8 @@ void Add_Image_By_Name(Workspace& w, const FilePath& header_file) {
 }
 
 void Add_images_to_set(Workspace& w) {
-  const auto chosen =
-      w.screen->File_Dialog({"Header file for an image", "Set files (*.hdr)|*.hdr", 1, ""});
-  Add_Image_By_Name(w, w.Drives.Locate(chosen.value_or("")));
+  const auto chosen = Ask_File(w, {"Header file for an image", "Set files (*.hdr)|*.hdr", 1, ""});
+  if (chosen) Add_Image_By_Name(w, *chosen);
 }
 
 void Open_a_set(Workspace& w) { w.screen->Message_Box("This functionality is disabled!"); }

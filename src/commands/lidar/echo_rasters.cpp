@@ -9,6 +9,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "lidar/cell_heights.h"
@@ -28,8 +29,9 @@ constexpr std::int64_t kStride = 25;             // bytes between the starts of 
                                                  // have 100
 constexpr std::size_t kMostEchoes = 50'000'000;  // held at a time
 
-double Ask_Number(Workspace& w, const char* prompt) {
-  return Parse_Double(w.screen->Input_Box(prompt).value_or(""));
+std::optional<double> Ask_Number(Workspace& w, const char* prompt) {
+  const auto answer = w.screen->Input_Box(prompt);
+  return answer ? std::optional(Parse_Double(*answer)) : std::nullopt;
 }
 
 struct Grid {
@@ -46,13 +48,21 @@ int Whole_Cells(const char* what, double length, double cell_size) {
                      std::string(what) + ": " + Plain_Text(cells) + " cells are not 0 to 32767");
 }
 
-Grid Ask_Grid(Workspace& w) {
+// Nothing when one of the boxes is dismissed.
+std::optional<Grid> Ask_Grid(Workspace& w) {
   Grid grid;
-  grid.X0 = Ask_Number(w, "Give X for the upper left corner (of the DEM-pixel)");
-  grid.Y0 = Ask_Number(w, "Give Y for the upper left corner (of the DEM-pixel)");
-  const double width = Ask_Number(w, "Give width in X, m");
-  const double height = Ask_Number(w, "Give height in Y, m");
-  grid.cell_size = Ask_Number(w, "Give gridcell size, m ");
+  double width = 0, height = 0;
+  const std::pair<const char*, double*> questions[] = {
+      {"Give X for the upper left corner (of the DEM-pixel)", &grid.X0},
+      {"Give Y for the upper left corner (of the DEM-pixel)", &grid.Y0},
+      {"Give width in X, m", &width},
+      {"Give height in Y, m", &height},
+      {"Give gridcell size, m ", &grid.cell_size}};
+  for (const auto& [prompt, value] : questions) {
+    const std::optional<double> answer = Ask_Number(w, prompt);
+    if (!answer) return std::nullopt;
+    *value = *answer;
+  }
   grid.columns = Whole_Cells("width in X", width, grid.cell_size);
   grid.rows = Whole_Cells("height in Y", height, grid.cell_size);
   return grid;
@@ -141,7 +151,9 @@ void Write_Header(const Workspace& w, const char* name, const Grid& grid, const 
 }  // namespace
 
 void Create_CHM_from_ALS(Workspace& w) {
-  const Grid grid = Ask_Grid(w);
+  const std::optional<Grid> asked = Ask_Grid(w);
+  if (!asked) return;
+  const Grid& grid = *asked;
   HeightRasters rasters = Room_For(grid);
   ColumnTiles tiles(w.Drives);
   Progress progress(w, w.Form1.Label2);

@@ -2,6 +2,7 @@
 #include "commands/matching/point_scores.h"
 
 #include <cmath>
+#include <limits>
 #include <span>
 #include <string>
 #include <utility>
@@ -10,6 +11,7 @@
 #include "closedlib/back_projection.h"
 #include "closedlib/index_sort.h"
 #include "commands/matching/matching_inputs.h"
+#include "heightmodels/raster_model.h"
 #include "matching/search_mesh.h"
 #include "overlays/colour_map.h"
 #include "platform/number_text.h"
@@ -27,6 +29,7 @@ namespace {
 
 constexpr double kMeshPerPatch = 0.65;  // side of the mesh, in sides of the ground square
 constexpr float kHotScore = 1.2F;
+constexpr double kNoCanopy = std::numeric_limits<double>::quiet_NaN();
 
 void Take_Mesh_Options(Workspace& w) {
   CaptureSnapshotRecord& snapshot = w.Matching.CaptureSnapshot;
@@ -51,9 +54,31 @@ MeshSettings Mesh_Settings(const MatchingState& m) {
   return settings;
 }
 
+// The ground below a mesh or a tree; without one there is no layer to search.
+double Ground_At(const Workspace& w, double X, double Y) {
+  const double ground = Get_Raster_Elevation(w, X, Y);
+  if (!Is_No_Data(ground)) return ground;
+  throw RunTimeError(Failure::BadContent, No_Data_Text("the ground model", X, Y, ground));
+}
+
+// Where the canopy model holds no data the column stays empty; where that is first is told.
+MeshTable Build_Mesh_And_Tell(Workspace& w) {
+  std::string told;
+  const auto ground = [&w](double X, double Y) { return Ground_At(w, X, Y); };
+  const auto canopy = [&w, &told](double X, double Y) {
+    const double height = Get_Raster_Chm_Elevation(w, X, Y);
+    if (!Is_No_Data(height)) return height;
+    if (told.empty()) told = No_Data_Text("the canopy model", X, Y, height);
+    return kNoCanopy;
+  };
+  MeshTable mesh = Build_Mesh(Mesh_Settings(w.Matching), ground, canopy);
+  if (!told.empty()) w.screen->Message_Box("The mesh stays empty where " + told);
+  return mesh;
+}
+
 void Measure_Model_Tree(Workspace& w) {
   const Point3D& top = w.Solution3D;
-  w.Matching.ModelTreeHeight = top.Z - Get_Raster_Elevation(w, top.X, top.Y);
+  w.Matching.ModelTreeHeight = top.Z - Ground_At(w, top.X, top.Y);
   w.Matching.CaptureSnapshot.ModelTreeHeight = w.Matching.ModelTreeHeight;
 }
 
@@ -115,9 +140,7 @@ void Sort_Points(MatchingState& m) {
 void Lay_Mesh(Workspace& w, Progress& progress) {
   const HourglassGuard hourglass(w);
   progress.Report("Computing 3D-pointmesh...");
-  w.Matching.MeshPoints = Build_Mesh(
-      Mesh_Settings(w.Matching), [&w](double X, double Y) { return Get_Raster_Elevation(w, X, Y); },
-      [&w](double X, double Y) { return Get_Raster_Chm_Elevation(w, X, Y); });
+  w.Matching.MeshPoints = Build_Mesh_And_Tell(w);
 }
 
 }  // namespace

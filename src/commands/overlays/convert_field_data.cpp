@@ -59,13 +59,16 @@ void Convert_Trees(const Workspace& w, PlotTextReader& plot, const FilePath& tex
 }  // namespace
 
 void ConvertFieldDataToBinary(Workspace& w) {
-  const FilePath text_file = Ask_Plot_Text_File(w);
+  const auto chosen = Ask_Plot_Text_File(w);
+  if (!chosen) return;
+  const FilePath& text_file = *chosen;
   const std::int32_t count = Count_Trees(text_file);
-  const FilePath binary_file = Ask_Tree_Data_File(w);
+  const auto binary_file = Ask_Tree_Data_File(w);
+  if (!binary_file) return;
   PlotTextReader plot{ListReader(text_file)};
   FieldTreeFile out(count, plot.Header());
   Write_However_It_Ends([&] { Convert_Trees(w, plot, text_file, out); },
-                        [&] { Write_Whole_File(binary_file, out.Bytes()); });
+                        [&] { Write_Whole_File(*binary_file, out.Bytes()); });
   w.screen->Message_Box(Plain_Text(count) + " trees");
 }
 

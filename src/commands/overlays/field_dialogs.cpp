@@ -1,28 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "commands/overlays/field_dialogs.h"
 
-#include "platform/run_time_error.h"
+#include "services/chosen_file.h"
 
 namespace sylvomex {
-namespace {
 
-FilePath Ask_File(Workspace& w, const char* title, const char* filter) {
-  FileQuestion question;
-  question.title = title;
-  question.filter = filter;
-  const auto name = w.screen->File_Dialog(question);
-  if (!name) throw RunTimeError(Failure::FileNotFound, "no file was chosen");
-  return w.Drives.Locate(*name);
+std::optional<FilePath> Ask_Plot_Text_File(Workspace& w) {
+  return Ask_File(w, {"File which has Plot-Border data!", "3D-data files (*.txt)|*.txt", 1, ""});
 }
 
-}  // namespace
-
-FilePath Ask_Plot_Text_File(Workspace& w) {
-  return Ask_File(w, "File which has Plot-Border data!", "3D-data files (*.txt)|*.txt");
-}
-
-FilePath Ask_Tree_Data_File(Workspace& w) {
-  return Ask_File(w, "File to be outputted in Binary", "Tree data files (*.bin)|*.bin");
+std::optional<FilePath> Ask_Tree_Data_File(Workspace& w) {
+  return Ask_File(w, {"File to be outputted in Binary", "Tree data files (*.bin)|*.bin", 1, ""});
 }
 
 }  // namespace sylvomex

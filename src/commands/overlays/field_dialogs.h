@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
+
 #include "state/workspace.h"
 
 namespace sylvomex {
 
-/// The text file of a plot, its borders or its trees, by file dialog. RunTimeError(FileNotFound)
-/// when the dialog is dismissed, here and below.
-FilePath Ask_Plot_Text_File(Workspace& w);
+/// The text file of a plot, its borders or its trees, by file dialog; nothing when it is dismissed,
+/// here and below.
+std::optional<FilePath> Ask_Plot_Text_File(Workspace& w);
 
 /// The binary tree file to be written, by file dialog.
-FilePath Ask_Tree_Data_File(Workspace& w);
+std::optional<FilePath> Ask_Tree_Data_File(Workspace& w);
 
 }  // namespace sylvomex

@@ -103,7 +103,9 @@ void Draw_And_List_Trees(Workspace& w, const FilePath& file, GroundDifference& d
 void Plot_Field_Plot_Data(Workspace& w) {
   Draw_Grid(w);
   Write_Listing(w, "");
-  const FilePath file = Ask_Plot_Text_File(w);
+  const auto chosen = Ask_Plot_Text_File(w);
+  if (!chosen) return;
+  const FilePath& file = *chosen;
   GroundDifference difference;
   Draw_And_List_Trees(w, file, difference);
   if (difference.count == 0) {

@@ -86,7 +86,9 @@ void Draw_Polyline_Side(Workspace& w, int image, const Point3D& from, const Poin
 }  // namespace
 
 void Plot_3D_line_segments(Workspace& w) {
-  ListReader file(Ask_Plot_Text_File(w));
+  const auto chosen = Ask_Plot_Text_File(w);
+  if (!chosen) return;
+  ListReader file(*chosen);
   while (!file.At_End()) {
     const GroundSegment segment = Read_Ground_Segment(file);
     for (int k = 0; k < w.ImageCount; ++k) Draw_Segment(w, k, segment);
@@ -94,7 +96,9 @@ void Plot_3D_line_segments(Workspace& w) {
 }
 
 void Plot_Field_measured_tree_data(Workspace& w) {
-  ListReader file(Ask_Plot_Text_File(w));
+  const auto chosen = Ask_Plot_Text_File(w);
+  if (!chosen) return;
+  ListReader file(*chosen);
   while (!file.At_End()) {
     const MeasuredTree tree = Read_Measured_Tree(file);
     if (tree.flag != 1) continue;

@@ -98,6 +98,8 @@ void Report_Singular(Workspace& w) {
   w.screen->Message_Box("An error occurred in sub Calculate_Space_intersection_Click() ");
   w.Solution3D = {};
   Show_Status(w, "Could not compute ray intersection");
+  w.Form1.Label3.Caption =
+      "No point to start from: choose \"Reset (X,Y,Z) - solution\", then again";
 }
 
 void Warn_Of_Rmse(Workspace& w, double rmse) {

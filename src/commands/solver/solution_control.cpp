@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "commands/solver/solution_control.h"
 
+#include <optional>
 #include <string>
 
 #include "commands/panes/centring.h"
 #include "platform/list_reader.h"
 #include "platform/number_text.h"
+#include "services/chosen_file.h"
 #include "services/solution.h"
 #include "state/camera_access.h"
 
@@ -24,13 +26,8 @@ double Ask_Value(Workspace& w, const char* prompt, const char* preset) {
       w.screen->Input_Box(prompt, "Set 3D solution to a given value", preset).value_or(""));
 }
 
-FilePath Ask_Point_File(Workspace& w) {
-  FileQuestion question;
-  question.title = "File with X (comma) Y (comma) Z ";
-  question.filter = "TXT files (*.txt)|*.txt";
-  const auto name = w.screen->File_Dialog(question);
-  if (!name) throw RunTimeError(Failure::FileNotFound, "no file was chosen");
-  return w.Drives.Locate(*name);
+std::optional<FilePath> Ask_Point_File(Workspace& w) {
+  return Ask_File(w, {"File with X (comma) Y (comma) Z ", "TXT files (*.txt)|*.txt", 1, ""});
 }
 
 // The first line of a file that is not empty, as a list of its own: values are not taken from
@@ -98,7 +95,7 @@ void Set_3D_solution(Workspace& w) {
 
 void Set_3D_Sol_File(Workspace& w) {
   try {
-    const NumberedPoint value = Read_Numbered_Point(Ask_Point_File(w));
+    const NumberedPoint value = Read_Numbered_Point(Ask_Point_File(w).value_or(FilePath()));
     w.XYDistanceEntries(0).TreeNumber = value.number;
     w.Observation.FreeInteger = value.number;
     w.Solution3D = value.point;
@@ -117,7 +114,9 @@ void Set_3D_solution_To_Stereo_Sol(Workspace& w) {
 }
 
 void Set_3D_solution_to_a_new_plot_location(Workspace& w) {
-  w.Plot = Read_Plot_Location(w, Ask_Point_File(w));
+  const auto file = Ask_Point_File(w);
+  if (!file) return;
+  w.Plot = Read_Plot_Location(w, *file);
   w.Solution3D = {w.Plot.X, w.Plot.Y, w.Plot.GroundZ + w.Plot.HeightAboveGround};
   Show_Solution(w, kPlainNumbers);
   Center_to_xyz_click(w);

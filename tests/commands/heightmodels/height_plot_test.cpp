@@ -98,6 +98,8 @@ TEST_F(PlottedDem, TheLegendTellsTheRange) {
   ASSERT_EQ(pane.texts.size(), 1U);
   EXPECT_EQ(pane.texts[0].text, "DTM, 100.0 m to 180.0 m");
   EXPECT_EQ(pane.marks.back().kind, Mark::Kind::Text);
+  // The photo's number stands at 5, 5 in 20 points, 27 pixels of 1/96 inch.
+  EXPECT_GT(pane.marks.back().y1, 5 + 27);
   EXPECT_EQ(pane.DrawWidth, 1);
 }
 

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <vector>
 
 #include "state/camera_access.h"
@@ -105,6 +106,49 @@ TEST(AddHeightModel, AShortCellFileLeavesTheLastRowZeroUnreported) {
   EXPECT_TRUE(b.screen.messages.empty());
   EXPECT_EQ(Get_Raster_Elevation(b.w, 100, -10), 2);
   EXPECT_EQ(Get_Raster_Elevation(b.w, 100, 0), 0);
+}
+
+constexpr float kLeastFloat = -3.4e38F;
+
+TEST(AddHeightModel, CellsWithoutDataAreCountedAndTold) {
+  ModelFiles b;
+  b.folder.Write("c/data/dem.bin",
+                 Cells({1, -9999, kLeastFloat, 4, std::numeric_limits<float>::quiet_NaN(), 6}));
+  b.screen.inputs = {"0"};
+  Add_height_Model(b.w);
+  EXPECT_EQ(b.screen.messages,
+            std::vector<std::string>{"c:\\data\\dem.hdr: 3 of 6 cells hold no data (-9999, "
+                                     "-3.4e38 or no number)"});
+  EXPECT_EQ(b.w.Form1.Label10.Caption, " DEM read succesfully");
+  EXPECT_EQ(Get_Raster_Elevation(b.w, 100, -10), -9999);  // lookups give what the cell holds
+  b.screen.messages.clear();
+  b.screen.files = {"c:\\data\\dem.hdr"};
+  Add_Raster_CHM(b.w);
+  EXPECT_EQ(b.screen.messages.size(), 1U);
+}
+
+TEST(AddHeightModel, AModelWithDataEverywhereAndOneTooShortHaveNoMessage) {
+  ModelFiles b;
+  b.folder.Write("c/data/dem.bin", Cells({-99, -9998, 0}));
+  b.screen.inputs = {"0"};
+  Add_height_Model(b.w);
+  EXPECT_TRUE(b.screen.messages.empty());
+}
+
+TEST(GetElevation, ACellWithoutDataIsToldInsteadOfAGround) {
+  for (const float cell : {-9999.0F, kLeastFloat, std::numeric_limits<float>::quiet_NaN()}) {
+    ModelFiles b;
+    b.folder.Write("c/data/dem.bin", Cells({1, 2, 3, 4, cell, 6}));
+    b.screen.inputs = {"0"};
+    Add_height_Model(b.w);
+    b.w.Solution3D = {100, 0, 200};
+    b.w.SolutionValid = true;
+    Get_elevation(b.w);
+    EXPECT_TRUE(b.w.Form1.Label10.Caption.starts_with(
+        "the height model holds no data at X 100.00, Y 0.00: "))
+        << b.w.Form1.Label10.Caption;
+    EXPECT_TRUE(b.Marks(0).empty());
+  }
 }
 
 TEST(AddRasterChm, LoadsWithoutAnOffsetQuestion) {

@@ -97,6 +97,8 @@ TEST_F(TinFiles, ADegenerateTriangleStopsTheReadingAndTheOnesBeforeServe) {
   EXPECT_NEAR(Terrain_At(1008, 2), 308, 1e-9);
   EXPECT_EQ(Terrain_At(1002, 8), -99);
   EXPECT_FALSE(w.TinDemLoaded);
+  EXPECT_EQ(w.Form1.Label10.Caption,
+            " TIN: triangle 2 is degenerate, the reading stopped there; the 1 before it serve");
 }
 
 TEST_F(TinFiles, SmallCoordinatesWarnOnceATriangle) {

@@ -98,6 +98,16 @@ TEST_F(Search, ABadLineOfTheTableIsNamedAndTheHitsBeforeItStay) {
   EXPECT_TRUE(Has("c/data/ImaFiles/c_a.txt"));
 }
 
+TEST(AddImageCentre, ADismissedDialogEndsQuietlyAndLeavesTheSolution) {
+  SmallSite site;
+  const PlayedSession played =
+      Play_Script(site.Folder(),
+                  "cancel\nmenu Add_Image_Center_to_XYZ\nexpect ImageCount 0\n"
+                  "expect SolutionValid 0\n");
+  EXPECT_EQ(played.status, 0) << played.reason;
+  EXPECT_EQ(played.transcript.find("error"), std::string::npos);
+}
+
 const char* const kAddHit = "file c:\\data\\ImaFiles\\hit.txt\nmenu Add_Image_Center_to_XYZ\n";
 
 TEST_F(Search, AHitIsAddedCentredAndPutOnTheClipboard) {

@@ -355,11 +355,24 @@ TEST_F(BadHeader, AnImageWithoutPixelsLeavesThePanesBehindItTheirPictures) {
   EXPECT_EQ(played.status, 0) << played.reason << played.transcript;
 }
 
-TEST_F(BadHeader, DialogClosedWithoutAChoice) {
+TEST(AddImage, ADismissedDialogEndsQuietly) {
+  SmallSite site;
   const PlayedSession played =
-      Play_Script(site_.Folder(), "cancel\ntry menu Add_images_to_set\nexpect ImageCount 0\n");
+      Play_Script(site.Folder(), "cancel\nmenu Add_images_to_set\nexpect ImageCount 0\n");
   EXPECT_EQ(played.status, 0) << played.reason;
-  EXPECT_NE(played.transcript.find("error Add_images_to_set \"File not found"), std::string::npos);
+  EXPECT_EQ(played.transcript, std::string(kDialogLine) + "cancel\n");
+}
+
+TEST(AddImage, AHeaderChosenWithoutItsEndingOrByItsNativePathHasADriveName) {
+  SmallSite site;
+  site.Write_Image("a", {});
+  PlayedSession played = Play_Script(site.Folder(), Add("c:\\data\\a") + "expect ImageCount 1\n");
+  EXPECT_EQ(played.status, 0) << played.reason;
+  std::filesystem::remove(site.Folder().Path() / "c/data/a.hdr");
+  const std::string native = (site.Folder().Path() / "c/data/a.hdr").string();
+  played = Play_Script(site.Folder(), "file " + native + "\ntry menu Add_images_to_set\n");
+  EXPECT_NE(played.transcript.find("\"File not found: c:\\data\\a.hdr\""), std::string::npos)
+      << played.transcript;
 }
 
 TEST(Gamma, AtMostOneItemIsChecked) {

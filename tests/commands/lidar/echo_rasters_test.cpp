@@ -65,6 +65,15 @@ TEST_F(EchoRasters, AsksFiveQuestionsInOrder) {
                          "Give width in X, m", "Give height in Y, m", "Give gridcell size, m "}));
 }
 
+TEST_F(EchoRasters, ADismissedQuestionEndsQuietlyAndWritesNothing) {
+  Answer({"2514110", "6855220"});
+  screen.inputs.emplace_back(std::nullopt);
+  Create_CHM_from_ALS(w);
+  EXPECT_EQ(screen.input_boxes.size(), 3U);
+  EXPECT_TRUE(screen.messages.empty());
+  EXPECT_FALSE(folder.Has("d/data/laser/CHM.bin"));
+}
+
 TEST_F(EchoRasters, ACellWithoutATileGets160) {
   Answer({"2514110", "6855220", "2", "1", "1"});
   Create_CHM_from_ALS(w);

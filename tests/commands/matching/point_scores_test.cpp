@@ -70,6 +70,36 @@ TEST_F(MatchingSite, WithoutATerrainModelTheMeshIsMeaninglessWithoutAMessage) {
   EXPECT_NEAR(m.ModelTreeHeight, 10.9 + 99, 1e-12);
 }
 
+constexpr float kNoDataHeights[] = {-9999, -3.4e38F};
+
+TEST_F(MatchingSite, AMeshOverGroundWithoutDataSaysWhereAndWhat) {
+  for (const float height : kNoDataHeights) {
+    w.RasterDem.Cells[0] = height;
+    screen.errors.clear();
+    Choose("Create_XYZ_Point_Set");
+    ASSERT_EQ(screen.errors.size(), 1U);
+    EXPECT_NE(screen.errors[0].find("the ground model holds no data at X 5.00, Y 4.00: "),
+              std::string::npos)
+        << screen.errors[0];
+    EXPECT_EQ(w.Form1.MousePointer, PointerShape::Normal);
+  }
+}
+
+TEST_F(MatchingSite, ColumnsOverCanopyWithoutDataStayEmptyAndAreTold) {
+  w.Form1.Text9.Text = "1.5";  // a lower limit above the upper one
+  for (const float height : kNoDataHeights) {
+    w.RasterChm.Cells[0] = height;
+    screen.messages.clear();
+    Choose("Create_XYZ_Point_Set");
+    EXPECT_TRUE(screen.errors.empty());
+    EXPECT_TRUE(m.MeshPoints.empty());
+    ASSERT_EQ(screen.messages.size(), 1U);
+    EXPECT_TRUE(screen.messages[0].starts_with(
+        "The mesh stays empty where the canopy model holds no data at X "))
+        << screen.messages[0];
+  }
+}
+
 TEST_F(MatchingSite, ASpacingThatWouldNeverEndIsOneFailure) {
   for (const char* spacing : {"0", "-0.5"}) {
     w.Form1.Text10.Text = spacing;

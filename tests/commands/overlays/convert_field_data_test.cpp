@@ -136,14 +136,22 @@ TEST_F(Conversion, NoTreesMakeAHeaderOnly) {
   EXPECT_EQ(Bytes().size(), 60U);
 }
 
-TEST_F(Conversion, DismissedDialogsAndUnwritableFilesAreErrors) {
-  PlayedSession played = Play_Script(site.Folder(), "cancel\ncommand ConvertFieldDataToBinary\n");
-  EXPECT_EQ(played.status, 2);
-  EXPECT_NE(played.transcript.find("no file was chosen"), std::string::npos);
+TEST_F(Conversion, DismissedDialogsEndQuietlyAndWriteNothing) {
   site.Folder().Write("c/data/plot.txt", "0,0,0,0,0,0,0\n");
-  played = Play_Script(site.Folder(),
-                       "file c:\\data\\plot.txt\nfile c:\\none\\plot.bin\n"
-                       "command ConvertFieldDataToBinary\n");
+  for (const char* answers : {"cancel\n", "file c:\\data\\plot.txt\ncancel\n"}) {
+    const PlayedSession played =
+        Play_Script(site.Folder(), std::string(answers) + "command ConvertFieldDataToBinary\n");
+    EXPECT_EQ(played.status, 0) << played.reason;
+    EXPECT_EQ(played.transcript.find("message"), std::string::npos);
+  }
+  EXPECT_FALSE(site.Folder().Has("c/data/plot.bin"));
+}
+
+TEST_F(Conversion, UnwritableFilesAreErrors) {
+  site.Folder().Write("c/data/plot.txt", "0,0,0,0,0,0,0\n");
+  const PlayedSession played = Play_Script(site.Folder(),
+                                           "file c:\\data\\plot.txt\nfile c:\\none\\plot.bin\n"
+                                           "command ConvertFieldDataToBinary\n");
   EXPECT_EQ(played.status, 2);
   EXPECT_NE(played.transcript.find("Path not found: c:\\none\\plot.bin"), std::string::npos)
       << played.transcript;

@@ -180,8 +180,15 @@ TEST_F(Overlays, ATiePointOfAnImageLoadedTwiceShowsInBothPanes) {
 TEST_F(Overlays, MissingFilesAreErrors) {
   EXPECT_EQ(Failure_Of(Plot_Tie_Points), "File not found: c:\\data\\imageobs.txt");
   EXPECT_EQ(Failure_Of(Plot_Crown_polygons), "File not found: d:\\Regression_results.txt");
-  screen.files.emplace_back(std::nullopt);
-  EXPECT_EQ(Failure_Of(Plot_3D_line_segments), "File not found: no file was chosen");
+}
+
+TEST_F(Overlays, DismissedDialogsEndQuietly) {
+  screen.files = {std::nullopt, std::nullopt};
+  Plot_3D_line_segments(w);
+  Plot_Field_measured_tree_data(w);
+  EXPECT_EQ(screen.file_questions.size(), 2U);
+  EXPECT_TRUE(Marks(0).empty());
+  EXPECT_TRUE(screen.messages.empty());
 }
 
 TEST_F(Overlays, PolylineJoinsConsecutiveRowsWhenItsModeTurnsOn) {

@@ -186,6 +186,8 @@ TEST(PointIntersection, ParallelRaysLeaveAZeroPointAndTheFlag) {
   EXPECT_EQ(b.w.Solution3D.Z, 0);
   EXPECT_TRUE(b.w.SolutionValid);
   EXPECT_EQ(b.w.Form1.Label10.Caption, "Could not compute ray intersection");
+  EXPECT_EQ(b.w.Form1.Label3.Caption,
+            "No point to start from: choose \"Reset (X,Y,Z) - solution\", then again");
   EXPECT_TRUE(b.Marks(0).empty());
 }
 
