@@ -9,6 +9,7 @@
 #include <sstream>
 #include <utility>
 
+#include "platform/number_text.h"
 #include "session/session.h"
 #include "workspace/start_up.h"
 
@@ -71,7 +72,7 @@ void Desktop::Begin_With(const std::filesystem::path& script) {
       Play_Over_Block(*w_, script, transcript, reasons, recorder_ ? &*recorder_ : nullptr);
   std::cerr << reasons.str();
   windows_.Mirror();
-  if (!done) screen_.Report_Error("--begin", reasons.str(), {});
+  if (!done) screen_.Report_Error("--begin", Without_Blanks_Around(reasons.str()), {});
 }
 
 void Desktop::Dispatch(const OperatorEvent& event) {

@@ -26,8 +26,8 @@ qsizetype Break_At(const QString& line, qsizetype fitting) {
   for (qsizetype at = fitting; at > 0; --at) {
     if (Is_Blank(line[at]) || Is_Slash(line[at - 1])) return at;
   }
-  const bool halves_a_letter = fitting > 1 && line[fitting].isLowSurrogate();
-  return halves_a_letter ? fitting - 1 : fitting;
+  if (!line[fitting].isLowSurrogate()) return fitting;
+  return fitting > 1 ? fitting - 1 : fitting + 1;
 }
 
 void Append_Wrapped(QStringList& lines, QString line, const QFontMetrics& letters, int width) {

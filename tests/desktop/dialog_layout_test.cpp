@@ -31,7 +31,7 @@ TEST(WrappedText, LineEndsOfTheTextStay) {
 }
 
 TEST(WrappedText, PathsBreakBehindSlashesOfBothKinds) {
-  EXPECT_EQ(Wrapped("c:\\data\\images\\a.hdr", Width_Of("c:\\data\\imag")),
+  EXPECT_EQ(Wrapped("c:\\data\\images\\a.hdr", Width_Of("c:\\data\\image")),
             "c:\\data\\\nimages\\a.hdr");
   EXPECT_EQ(Wrapped("/home/data/images/a.hdr", Width_Of("/home/data/ima")),
             "/home/data/\nimages/a.hdr");

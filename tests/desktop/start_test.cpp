@@ -61,8 +61,12 @@ TEST(Program, WithoutADisplayEndsWithAMessage) {
 }
 
 TEST(Program, WithADisplayThatDoesNotAnswerEndsWithAMessage) {
-  for (const QStringList& words : {QStringList{}, QStringList{"--script", "/dev/null", "--show"}}) {
-    const Ended ended = Run_Program(words, ":4711");
+  const SmallSite site;
+  const QString root = QString::fromStdString(site.Folder().Path().string());
+  const FilePath script = site.Folder().Write("c/script.txt", "say shown\n");
+  const QString file = QString::fromStdString(script.native.string());
+  for (const QStringList& words : {QStringList{}, QStringList{"--script", file, "--show"}}) {
+    const Ended ended = Run_Program(QStringList{"--root", root} + words, QStringLiteral(":4711"));
     EXPECT_FALSE(ended.crashed);
     EXPECT_EQ(ended.status, kStartFailed);
     EXPECT_TRUE(ended.told.contains("needs a display")) << ended.told.toStdString();
