@@ -9,6 +9,7 @@
 #include <sstream>
 #include <utility>
 
+#include "platform/number_text.h"
 #include "session/session.h"
 #include "workspace/start_up.h"
 
@@ -66,8 +67,12 @@ void Desktop::Start_Recording() {
 
 void Desktop::Begin_With(const std::filesystem::path& script) {
   std::ostringstream transcript;  // the windows show what it would tell
-  Play_Over_Block(*w_, script, transcript, std::cerr, recorder_ ? &*recorder_ : nullptr);
+  std::ostringstream reasons;
+  const bool done =
+      Play_Over_Block(*w_, script, transcript, reasons, recorder_ ? &*recorder_ : nullptr);
+  std::cerr << reasons.str();
   windows_.Mirror();
+  if (!done) screen_.Report_Error("--begin", Without_Blanks_Around(reasons.str()), {});
 }
 
 void Desktop::Dispatch(const OperatorEvent& event) {

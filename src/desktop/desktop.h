@@ -32,7 +32,7 @@ class Desktop : public OperatorEvents {
   /// the record cannot be written.
   void Start();
 
-  /// Plays a script before the hand takes over; what fails is told on standard error.
+  /// Plays a script before the hand takes over; what fails is told in a box and on standard error.
   void Begin_With(const std::filesystem::path& script);
 
   void Dispatch(const OperatorEvent& event) override;

@@ -13,8 +13,9 @@
 #include <QUrl>
 #include <utility>
 
+#include "desktop/dialog_layout.h"
 #include "desktop/file_filter.h"
-#include "desktop/mark_painter.h"
+#include "desktop/pane_image.h"
 #include "desktop/qt_text.h"
 #include "services/chosen_file.h"
 
@@ -61,12 +62,6 @@ QList<QUrl> Drive_Urls(const DriveMap& drives) {
   return urls << QUrl::fromLocalFile(QDir::homePath());
 }
 
-/// Plain text, and wide enough for the window's title.
-void Lay_Out(QMessageBox& box) {
-  box.setTextFormat(Qt::PlainText);
-  box.setStyleSheet(QStringLiteral("QLabel#qt_msgbox_label { min-width: 260px; }"));
-}
-
 }  // namespace
 
 DesktopScreen::DesktopScreen(const DriveMap& drives, Owner owner)
@@ -84,13 +79,13 @@ Answer DesktopScreen::Message_Box(std::string_view text, Buttons buttons, std::s
   owner_.show_block();
   QMessageBox box(QMessageBox::NoIcon, Window_Title(title), shown, Box_Buttons(buttons),
                   owner_.front_window());
-  Lay_Out(box);
   QCheckBox* silence = nullptr;
   if (++times_shown_[shown] > 1 && buttons == Buttons::Ok) {
     silence = new QCheckBox(QStringLiteral("Do not show this message again until the command ends"),
                             &box);
     box.setCheckBox(silence);
   }
+  Lay_Out(box);
   const int button = box.exec();
   if (silence != nullptr && silence->isChecked()) silenced_.insert(shown);
   return Chosen(button);
@@ -102,9 +97,9 @@ std::optional<std::string> DesktopScreen::Input_Box(std::string_view prompt, std
   QInputDialog box(owner_.front_window());
   box.setInputMode(QInputDialog::TextInput);
   box.setWindowTitle(Window_Title(title));
-  box.setLabelText(
-      Qt_Text(prompt).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>")));
+  box.setLabelText(Qt_Text(prompt));
   box.setTextValue(Qt_Text(preset));
+  Lay_Out(box);
   if (box.exec() != QDialog::Accepted) return std::nullopt;
   return Block_Text(box.textValue());
 }
@@ -177,8 +172,8 @@ void DesktopScreen::Report_Error(std::string_view command, std::string_view text
   QMessageBox box(QMessageBox::Warning, kProgram,
                   Qt_Text(command) + QLatin1String(": ") + Qt_Text(text), QMessageBox::Ok,
                   owner_.front_window());
-  Lay_Out(box);
   box.setInformativeText(Qt_Text(native_path));
+  Lay_Out(box);
   box.exec();
 }
 

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "desktop/key_codes.h"
-#include "desktop/mark_painter.h"
+#include "desktop/pane_image.h"
 
 namespace sylvomex {
 
@@ -37,14 +37,14 @@ void PictureWidget::Mirror() {
   QRect changed;
   if (Needs_Full_Painting()) {
     const QSize inside(width() - 2 * kPictureBorder, height() - 2 * kPictureBorder);
-    painted_ = Paint_Bitmap(picture_, inside.expandedTo(QSize(1, 1)));
+    painted_ = To_Image(picture_.bitmap.get(), inside.expandedTo(QSize(1, 1)));
     bitmap_version_ = picture_.bitmap_version;
     erase_version_ = picture_.erase_version;
     marks_in_picture_ = 0;
     changed = painted_.rect();
   }
   if (marks_in_picture_ < picture_.marks.size()) {
-    changed |= Paint_Marks(painted_, picture_, marks_in_picture_);
+    changed |= Rect_Of(Paint_Marks(Pixels_Of(painted_), picture_, marks_in_picture_));
     marks_painted_ += picture_.marks.size() - marks_in_picture_;
     marks_in_picture_ = picture_.marks.size();
   }

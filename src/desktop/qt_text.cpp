@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/qt_text.h"
 
-#include <QByteArrayView>
+#include "platform/characters.h"
 
 namespace sylvomex {
 
-QString Qt_Text(std::string_view text) {
-  const QByteArrayView bytes(text.data(), static_cast<qsizetype>(text.size()));
-  return bytes.isValidUtf8() ? QString::fromUtf8(bytes) : QString::fromLatin1(bytes);
-}
+QString Qt_Text(std::string_view text) { return QString::fromStdString(As_Utf8(text)); }
 
 std::string Block_Text(const QString& text) { return text.toStdString(); }
 

@@ -4,13 +4,15 @@
 #include <QPixmap>
 #include <stdexcept>
 
+#include "desktop/open_display.h"
+
 namespace sylvomex {
 
 void ScriptWindows::Make_Windows() {
   if (windows_) return;
   if (QApplication::instance() == nullptr) {
     if (!on_screen_) qputenv("QT_QPA_PLATFORM", "offscreen");
-    application_ = std::make_unique<QApplication>(argument_count_, arguments_);
+    application_ = Open_Display(argument_count_, arguments_);
     Set_Application_Look();
   }
   windows_ = std::make_unique<Windows>(*this, *w_);

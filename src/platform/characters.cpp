@@ -47,6 +47,15 @@ std::size_t First_Character(std::string_view text) {
   return sequence == std::end(kSequences) ? 1 : sequence->length;
 }
 
+bool Is_Utf8(std::string_view text) {
+  while (!text.empty()) {
+    const std::size_t length = First_Character(text);
+    if (length == 1 && static_cast<unsigned char>(text[0]) >= 0x80) return false;
+    text.remove_prefix(length);
+  }
+  return true;
+}
+
 }  // namespace
 
 std::size_t Character_Count(std::string_view text) {
@@ -59,6 +68,21 @@ std::string_view Left_Characters(std::string_view text, std::size_t count) {
   std::size_t bytes = 0;
   for (; count > 0 && bytes < text.size(); --count) bytes += First_Character(text.substr(bytes));
   return text.substr(0, bytes);
+}
+
+std::string As_Utf8(std::string_view text) {
+  if (Is_Utf8(text)) return std::string(text);
+  std::string utf8;
+  for (const char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte < 0x80) {
+      utf8 += c;
+    } else {
+      utf8 += static_cast<char>(0xC0U | byte >> 6U);
+      utf8 += static_cast<char>(0x80U | (byte & 0x3FU));
+    }
+  }
+  return utf8;
 }
 
 }  // namespace sylvomex

@@ -10,6 +10,7 @@
 #include "session/recorder_screen.h"
 #include "session/script_reader.h"
 #include "session/script_screen.h"
+#include "session/start_advice.h"
 #include "session/step_arguments.h"
 #include "session/step_end.h"
 #include "session/step_player.h"
@@ -76,6 +77,8 @@ bool Start(Session& session, const SessionOptions& options) {
     session.streams.err << "the start-up failed: " << error.what();
     if (!error.Native_Path().empty()) session.streams.err << " (" << error.Native_Path() << ")";
     session.streams.err << '\n';
+    const std::string advice = Start_Advice(session.w->Drives);
+    if (!advice.empty()) session.streams.err << advice << '\n';
     return false;
   }
 }

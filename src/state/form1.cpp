@@ -83,7 +83,7 @@ constinit const WindowDesign kForm1Design{
     1280,
     1024,
     kControls,
-    640,
+    1276,  // the status line and the boxes of the strip stay in view
     480};
 
 Form1State::Form1State() { Apply_Design(*this, kForm1Design); }

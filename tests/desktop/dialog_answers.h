@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -32,8 +33,29 @@ class DialogAnswers {
   std::vector<std::string> messages;
   std::vector<std::string> titles;  // of all dialogs
   int silencers_offered = 0;
+  int texts_cut = 0;  // texts of message and input boxes that were not in view as a whole
 
  private:
+  /// Each line as it is broken by line ends lies in the label, and all lines stand below each
+  /// other.
+  static bool Is_Whole(const QLabel& label) {
+    const QStringList lines = label.text().split(QLatin1Char('\n'));
+    const QFontMetrics letters = label.fontMetrics();
+    for (const QString& line : lines) {
+      if (letters.horizontalAdvance(line) > label.contentsRect().width()) return false;
+    }
+    return lines.size() * letters.lineSpacing() <=
+               label.contentsRect().height() + letters.leading() &&
+           label.window()->rect().contains(
+               QRect(label.mapTo(label.window(), QPoint(0, 0)), label.size()));
+  }
+
+  void Look_At_Texts(const QDialog& dialog) {
+    for (const QLabel* label : dialog.findChildren<QLabel*>()) {
+      if (!label->text().isEmpty() && label->isVisible() && !Is_Whole(*label)) ++texts_cut;
+    }
+  }
+
   void Answer_Front_Dialog() {
     QWidget* front = QApplication::activeModalWidget();
     if (auto* file = qobject_cast<QFileDialog*>(front)) return Answer_File(*file);
@@ -51,6 +73,7 @@ class DialogAnswers {
 
   void Answer_Input(QInputDialog& dialog) {
     titles.push_back(dialog.windowTitle().toStdString());
+    Look_At_Texts(dialog);
     if (inputs.empty()) return dialog.reject();
     dialog.setTextValue(QString::fromStdString(inputs.front()));
     inputs.pop_front();
@@ -60,6 +83,7 @@ class DialogAnswers {
   void Answer_Message(QMessageBox& box) {
     titles.push_back(box.windowTitle().toStdString());
     messages.push_back(box.text().toStdString());
+    Look_At_Texts(box);
     if (box.checkBox() != nullptr) {
       ++silencers_offered;
       if (silence) box.checkBox()->click();

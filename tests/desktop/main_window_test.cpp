@@ -34,23 +34,37 @@ TEST_F(MainWindow, PlacesThePanesUnderTheStrip) {
   EXPECT_EQ(Pane(1).geometry(), QRect(3 + 460 + 3, 96, 464, 464));
 }
 
-// (900 - 80) / 2 = 410, rounded up to a multiple of 4: 410 + (1230 mod 4) = 412.
+// (1100 - 80) / 2 = 510, rounded up to a multiple of 4: 510 + (1530 mod 4) = 512.
 TEST_F(MainWindow, ResizingLaysThePanesOutAgain) {
   Add_Two_Images();
-  Main().resize(Main().size() - QSize(100, 0));
-  EXPECT_TRUE(Soon([&] { return int(w().PaneWidth) == 412; }));
-  EXPECT_EQ(w().Form1.ClientWidth, 900);
-  EXPECT_EQ(Pane(0).width(), 416);
+  Main().resize(Main().size() + QSize(100, 0));
+  EXPECT_TRUE(Soon([&] { return int(w().PaneWidth) == 512; }));
+  EXPECT_EQ(w().Form1.ClientWidth, 1100);
+  EXPECT_EQ(Pane(0).width(), 516);
 }
 
 TEST_F(MainWindow, OfManyResizesTheLastCounts) {
   Add_Two_Images();
   for (int step = 1; step <= 20; ++step) {
-    Main().resize(Main().size() - QSize(5, 0));
+    Main().resize(Main().size() + QSize(5, 0));
     QApplication::processEvents();
   }
-  EXPECT_TRUE(Soon([&] { return w().Form1.ClientWidth == 900.0; }));
-  EXPECT_EQ(Client_Width(), 900);
+  EXPECT_TRUE(Soon([&] { return w().Form1.ClientWidth == 1100.0; }));
+  EXPECT_EQ(Client_Width(), 1100);
+}
+
+TEST_F(MainWindow, KeepsTheStatusLineAndTheBoxesOfTheStripInViewWhenItShrinks) {
+  Add_Two_Images();
+  w().Form1.ClientWidth = 1600;
+  w().Form1.ClientHeight = 900;
+  w().screen->Service_Events();
+  Main().resize(100, 100);
+  QApplication::processEvents();
+  const QRect client(QPoint(0, 0), Main().centralWidget()->size());
+  for (const char* name : {"Label10", "Label3", "Check5", "Check2(3)", "Text10", "Text4"}) {
+    const QWidget& control = Get<QWidget>(name);
+    EXPECT_TRUE(client.contains(control.geometry())) << name;
+  }
 }
 
 TEST_F(MainWindow, TypingGoesIntoTheBlock) {

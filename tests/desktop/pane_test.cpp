@@ -2,6 +2,7 @@
 #include <QClipboard>
 
 #include "desktop_fixture.h"
+#include "session/picture_png.h"
 
 namespace sylvomex {
 namespace {
@@ -71,6 +72,24 @@ TEST_F(PaneOnScreen, MarksAppearAtEventServicing) {
   w().screen->Service_Events();
   EXPECT_EQ(Pane(0).Painted().pixel(41, 31), qRgb(255, 0, 0));
   EXPECT_NE(Pane(0).Painted().pixel(42, 30), qRgb(255, 0, 0));
+}
+
+TEST_F(PaneOnScreen, APictureFileHasThePixelsOfTheScreen) {
+  Picture& picture = w().Form1.Picture1(0);
+  picture.ForeColor = {255, 255, 0};
+  picture.CurrentX = 12.5;
+  picture.CurrentY = 20.5;
+  Print_Text(picture, "tree 12");
+  for (const int width : {1, 2, 3, 8}) {
+    picture.DrawWidth = width;
+    Plot_Point(picture, 40.5 + 20 * width, 31.5, {255, 0, 0});
+    Draw_Line(picture, 10.5, 50.5 + 9 * width, 199.4, 71.5 + 12 * width, {0, 255, 0});
+  }
+  w().screen->Service_Events();
+  const std::filesystem::path file = site_.Folder().Path() / "pane.png";
+  Save_Picture_Png(picture, file);
+  const QImage saved(QString::fromStdString(file.string()));
+  EXPECT_EQ(saved.convertToFormat(QImage::Format_RGB32), Pane(0).Painted());
 }
 
 TEST_F(PaneOnScreen, ErasingBringsThePictureBack) {

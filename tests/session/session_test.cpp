@@ -119,6 +119,7 @@ TEST_F(SessionTest, StartWithoutTheDataFolderFails) {
   EXPECT_EQ(Play("say never\n"), 3);
   EXPECT_EQ(transcript, "");
   EXPECT_TRUE(told.starts_with("the start-up failed: ")) << told;
+  EXPECT_NE(told.find("--root"), std::string::npos) << told;
 }
 
 TEST_F(SessionTest, ScriptFileLiesOnADriveOrIsNative) {

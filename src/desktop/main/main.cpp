@@ -8,10 +8,13 @@
 #include <iostream>
 
 #include "desktop/desktop.h"
+#include "desktop/dialog_layout.h"
 #include "desktop/main/desktop_command_line.h"
+#include "desktop/open_display.h"
 #include "desktop/qt_text.h"
 #include "desktop/script_windows.h"
 #include "platform/run_time_error.h"
+#include "session/start_advice.h"
 #include "session/step_end.h"
 
 namespace {
@@ -35,14 +38,16 @@ void End_Process() {
   std::_Exit(kAllStepsDone);
 }
 
-int Report_Failed_Start(const RunTimeError& failure) {
-  const QString path = QString::fromStdString(failure.Native_Path().string());
-  std::cerr << "the start-up failed: " << failure.what() << " (" << Block_Text(path) << ")\n";
+int Report_Failed_Start(const RunTimeError& failure, const DriveMap& drives) {
+  const std::string path = failure.Native_Path().string();
+  const std::string advice = Start_Advice(drives);
+  std::cerr << "the start-up failed: " << failure.what() << " (" << path << ")\n";
+  if (!advice.empty()) std::cerr << advice << '\n';
   QMessageBox box(QMessageBox::Critical, QStringLiteral("SYLVOMEX"),
                   QStringLiteral("The start-up failed: ") + Qt_Text(failure.what()),
                   QMessageBox::Close);
-  box.setTextFormat(Qt::PlainText);
-  box.setInformativeText(path);
+  box.setInformativeText(Qt_Text(advice.empty() ? path : advice));
+  Lay_Out(box);
   box.exec();
   return kStartFailed;
 }
@@ -54,8 +59,8 @@ bool Has_Display() {
 
 int Run_Desktop(const CommandLine& line, int argc, char** argv) {
   const SessionOptions& options = line.options;
-  QApplication application(argc, argv);
-  application.setQuitOnLastWindowClosed(false);
+  const auto application = Open_Display(argc, argv);
+  application->setQuitOnLastWindowClosed(false);
   Set_Application_Look();
   DesktopOptions desktop_options{DriveMap(options.root), std::nullopt, options.record, End_Process};
   if (line.size_given) {
@@ -66,7 +71,7 @@ int Run_Desktop(const CommandLine& line, int argc, char** argv) {
   try {
     desktop.Start();
   } catch (const RunTimeError& failure) {
-    return Report_Failed_Start(failure);
+    return Report_Failed_Start(failure, DriveMap(options.root));
   }
   if (!line.begin.empty()) desktop.Begin_With(line.begin);
   return QApplication::exec();
@@ -85,7 +90,7 @@ int main(int argc, char** argv) {
   const bool plays_script = !line->options.script.empty();
   if (plays_script && !line->options.show) return Play_Script(line->options);
   if (!Has_Display()) {
-    std::cerr << "the desktop needs a display; without one, play a script: --script FILE\n";
+    std::cerr << Display_Needed("");
     return kStartFailed;
   }
   return plays_script ? Play_Script(line->options) : Run_Desktop(*line, argc, argv);

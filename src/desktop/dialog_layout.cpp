@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/dialog_layout.h"
+
+#include <QLabel>
+#include <QScreen>
+#include <algorithm>
+
+#include "desktop/wrapped_text.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr int kNarrowest = 260;  // pixels
+constexpr int kWidest = 640;
+
+/// What a text may take of the screen beside an icon, the margins and the window's frame.
+int Room_For_Text(const QWidget& box) {
+  constexpr int kAround = 160;
+  return std::clamp(box.screen()->availableSize().width() - kAround, kNarrowest, kWidest);
+}
+
+/// The window manager's letters are unknown; they are taken for half as wide again as ours.
+int Room_For_Title(const QWidget& box) {
+  constexpr int kFrameAndButtons = 120;
+  const int title = box.fontMetrics().horizontalAdvance(box.windowTitle()) * 3 / 2;
+  const int screen = box.screen()->availableSize().width();
+  return std::min(title + kFrameAndButtons, std::max(screen - kFrameAndButtons, kNarrowest));
+}
+
+QString Wrapped_For(const QWidget& box, const QString& text) {
+  return Wrapped_Text(text, box.fontMetrics(), Room_For_Text(box));
+}
+
+int Needed_Width(const QWidget& box, const QString& wrapped) {
+  constexpr int kSlack = 4;
+  const int text = Widest_Line(wrapped, box.fontMetrics()) + kSlack;
+  return std::max({kNarrowest, text, Room_For_Title(box)});
+}
+
+}  // namespace
+
+void Lay_Out(QMessageBox& box) {
+  box.ensurePolished();
+  box.setTextFormat(Qt::PlainText);
+  box.setText(Wrapped_For(box, box.text()));
+  box.setInformativeText(Wrapped_For(box, box.informativeText()));
+  const int width =
+      std::max(Needed_Width(box, box.text()), Needed_Width(box, box.informativeText()));
+  box.setStyleSheet(QStringLiteral("QLabel#qt_msgbox_label, QLabel#qt_msgbox_informativelabel "
+                                   "{ min-width: %1px; }")
+                        .arg(width));
+}
+
+void Lay_Out(QInputDialog& box) {
+  box.ensurePolished();
+  box.setLabelText(Wrapped_For(box, box.labelText()));
+  if (auto* prompt = box.findChild<QLabel*>()) prompt->setTextFormat(Qt::PlainText);
+  box.setMinimumWidth(Needed_Width(box, box.labelText()));
+}
+
+}  // namespace sylvomex

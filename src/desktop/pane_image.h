@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// The pixels of a pane as an image of Qt.
+#pragma once
+
+#include <QImage>
+
+#include "panes/picture_painter.h"
+
+namespace sylvomex {
+
+/// image: Format_RGB32.
+PixelView Pixels_Of(QImage& image);
+
+/// A bitmap at its own size.
+QImage To_Image(const PaneBitmap& bitmap);
+
+/// A bitmap, null for none, in the top left corner of a pane of that size.
+QImage To_Image(const PaneBitmap* bitmap, QSize size);
+
+QRect Rect_Of(const PixelRect& rect);
+
+}  // namespace sylvomex

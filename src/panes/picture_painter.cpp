@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#include "panes/picture_painter.h"
+
+#include <algorithm>
+
+#include "panes/cairo_brush.h"
+#include "panes/mark_shapes.h"
+
+namespace sylvomex {
+namespace {
+
+PixelRect United(const PixelRect& a, const PixelRect& b) {
+  if (a.Is_Empty()) return b;
+  if (b.Is_Empty()) return a;
+  return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
+          std::max(a.bottom, b.bottom)};
+}
+
+std::uint32_t* Paint_Row(std::uint32_t* to, const std::uint8_t* bgr, int count) {
+  for (int x = 0; x < count; ++x, bgr += 3) *to++ = Pixel_Of({bgr[2], bgr[1], bgr[0]});
+  return to;
+}
+
+/// Points and thin lines are written straight into the pixels; the brush of cairo is taken up when
+/// the first mark comes that needs it.
+PixelRect Paint_Mark(const PixelView& pixels, CairoBrush& brush, const Picture& picture,
+                     const Mark& mark) {
+  switch (mark.kind) {
+    case Mark::Kind::Point:
+      return Paint_Point(pixels, mark);
+    case Mark::Kind::Line:
+      return mark.width <= 1 ? Paint_Thin_Line(pixels, mark) : brush.Paint_Line(mark);
+    case Mark::Kind::Text:
+      return brush.Paint_Text(mark, picture.texts.at(static_cast<std::size_t>(mark.text)));
+  }
+  return {};
+}
+
+}  // namespace
+
+void Paint_Bitmap(const PixelView& pixels, const PaneBitmap* bitmap) {
+  const int width = bitmap == nullptr ? 0 : std::min(bitmap->width, pixels.width);
+  const int height = bitmap == nullptr ? 0 : std::min(bitmap->height, pixels.height);
+  for (int y = 0; y < pixels.height; ++y) {
+    std::uint32_t* rest = pixels.Row(y);
+    if (y < height) {
+      const std::ptrdiff_t row = std::ptrdiff_t{y} * bitmap->width;
+      rest = Paint_Row(rest, bitmap->bgr.data() + 3 * row, width);
+    }
+    std::fill(rest, pixels.Row(y) + pixels.width, Pixel_Of(kPaneBackground));
+  }
+}
+
+PixelRect Paint_Marks(const PixelView& pixels, const Picture& picture, std::size_t first) {
+  CairoBrush brush(pixels);
+  PixelRect touched;
+  for (std::size_t k = first; k < picture.marks.size(); ++k) {
+    touched = United(touched, Paint_Mark(pixels, brush, picture, picture.marks[k]));
+  }
+  return Inside(pixels, touched);
+}
+
+}  // namespace sylvomex
