@@ -6,6 +6,8 @@
 namespace sylvomex {
 namespace {
 
+constexpr const char* kTreeDataFilter = "Tree data files (*.bin)|*.bin";
+
 FilePath Ask_File(Workspace& w, const char* title, const char* filter) {
   FileQuestion question;
   question.title = title;
@@ -22,7 +24,11 @@ FilePath Ask_Plot_Text_File(Workspace& w) {
 }
 
 FilePath Ask_Tree_Data_File(Workspace& w) {
-  return Ask_File(w, "File to be outputted in Binary", "Tree data files (*.bin)|*.bin");
+  return Ask_File(w, "File to be outputted in Binary", kTreeDataFilter);
+}
+
+FilePath Ask_Field_Tree_File(Workspace& w) {
+  return Ask_File(w, "Binary field tree file", kTreeDataFilter);
 }
 
 }  // namespace sylvomex
