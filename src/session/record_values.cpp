@@ -45,6 +45,10 @@ Found Field_Of(const TemplateRecord& record, const std::string& field) {
   return Field_Text(field, [&](auto&& visit) { Visit_Template_Record(record, visit); });
 }
 
+Found Field_Of(const ReferenceTreeRecord& record, const std::string& field) {
+  return Field_Text(field, [&](auto&& visit) { Visit_Reference_Tree(record, visit); });
+}
+
 Found Count_Of(std::size_t count, const std::string& field) {
   if (field != "Count") return std::nullopt;
   return Value_Text(count);
@@ -70,6 +74,10 @@ constexpr std::array kRecords{
               [](const Workspace& w, const std::string& f) {
                 return Count_Of(w.Matching.MeshPoints.size(), f);
               }},
+    RecordRow{"ReferenceTree",
+              [](const Workspace& w, const std::string& f) {
+                return Count_Of(w.Evaluation.ReferenceTree.size(), f);
+              }},
     RecordRow{"LidarPulses",
               [](const Workspace& w, const std::string& f) {
                 return Count_Of(static_cast<std::size_t>(w.LidarPulses.Count()), f);
@@ -93,6 +101,10 @@ constexpr std::array kRecordTables{
     RecordTableRow{"ImageBlock", Field_In_Table<&Workspace::ImageBlock>},
     RecordTableRow{"CorrelationRecords", Field_In_Table<&Workspace::CorrelationRecords>},
     RecordTableRow{"XYDistanceEntries", Field_In_Table<&Workspace::XYDistanceEntries>},
+    RecordTableRow{"ReferenceTree",
+                   [](const Workspace& w, long i, const std::string& f) {
+                     return Field_Of(Entry_From_One(w.Evaluation.ReferenceTree, i), f);
+                   }},
     RecordTableRow{"Template",
                    [](const Workspace& w, long k, const std::string& f) {
                      return Field_Of(w.Matching.Template(k), f);

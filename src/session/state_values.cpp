@@ -57,6 +57,11 @@ const auto& Entry_Of_Matching(const Workspace& w, long index) {
 }
 
 template <auto Member>
+std::string Of_Evaluation(const Workspace& w) {
+  return Value_Text(w.Evaluation.*Member);
+}
+
+template <auto Member>
 std::string Of_Options(const Workspace& w) {
   return Value_Text(w.options.*Member);
 }
@@ -80,6 +85,9 @@ constexpr std::array kSingleValues{
     SingleValue{"ModelTreeHeight", Of_Matching<&MatchingState::ModelTreeHeight>},
     SingleValue{"ClusterCount", Of_Matching<&MatchingState::ClusterCount>},
     SingleValue{"ClusterParameters", Of_Matching<&MatchingState::ClusterParameters>},
+    SingleValue{"MatchCount", Of_Evaluation<&EvaluationState::MatchCount>},
+    SingleValue{"OmittedCount", Of_Evaluation<&EvaluationState::OmittedCount>},
+    SingleValue{"CommissionCount", Of_Evaluation<&EvaluationState::CommissionCount>},
     SingleValue{"ObservationFileName", Of_Block<&Workspace::ObservationFileName>},
     SingleValue{"RasterDemLoaded", Of_Block<&Workspace::RasterDemLoaded>},
     SingleValue{"TinDemLoaded", Of_Block<&Workspace::TinDemLoaded>},
@@ -124,6 +132,10 @@ constexpr std::array kTableValues{
     TableValue{"SortIndex",
                [](const Workspace& w, long j) {
                  return Value_Text(Entry_Of_Matching<&MatchingState::SortIndex>(w, j));
+               }},
+    TableValue{"MatchIndex",
+               [](const Workspace& w, long i) {
+                 return Value_Text(Entry_From_One(w.Evaluation.MatchIndex, i));
                }},
     TableValue{"PaneViews", [](const Workspace& w, long k) { return View_Text(w.PaneViews(k)); }},
 };

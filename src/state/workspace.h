@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "evaluation/evaluation_state.h"
 #include "heightmodels/raster_model.h"
 #include "heightmodels/tin_model.h"
 #include "imageblock/image_record.h"
@@ -28,6 +29,7 @@
 #include "state/form2.h"
 #include "state/form3.h"
 #include "state/form4.h"
+#include "state/form6.h"
 #include "state/form7.h"
 #include "state/screen.h"
 
@@ -127,11 +129,13 @@ struct Workspace {
   double PlotPageScale = 0;
 
   MatchingState Matching;
+  EvaluationState Evaluation;
 
   Form1State Form1;
   Form2State Form2;
   Form3State Form3;
   Form4State Form4;
+  Form6State Form6;
   Form7State Form7;
 };
 

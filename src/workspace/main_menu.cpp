@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The rows of the main window's menus, in menu order.
+#include "commands/evaluation/results_window.h"
 #include "commands/heightmodels/height_plot.h"
 #include "commands/heightmodels/model_conversion.h"
 #include "commands/heightmodels/raster_commands.h"
@@ -161,7 +162,7 @@ constexpr MenuRow kMainMenu[] = {
     {1, "Create_XYZ_Point_Set", "Create XYZ-point set", 'G', kCtrl, false, MenuRole::Command, Create_XYZ_Point_Set, nullptr},
     {1, "Compute_Back_Projections", "Compute Back-projections (form correspondence data)", 'N', kCtrl, false, MenuRole::Command, Compute_Back_Projections, nullptr},
     {1, "Find_clusters", "Find clusters", 'W', kCtrl, false, MenuRole::Command, Find_clusters, nullptr},
-    {1, "Show_Results_Window", "Show Results Window", 'R', kCtrl, false, MenuRole::NotBuilt, nullptr, nullptr},
+    {1, "Show_Results_Window", "Show Results Window", 'R', kCtrl, false, MenuRole::Command, Show_Results_Window, nullptr},
     {0, "State", "State", 0, 0, false, MenuRole::Submenu, nullptr, nullptr},
     {1, "Draw_Polygon", "Draw polygon", 0, 0, false, MenuRole::Command, Toggle_Draw_Polygon, Mode_Check<&MenuChecks::Draw_Polygon>},
     {1, "Draw_XYZ_Polygon", "Draw XY-polygon given Z", 0, 0, false, MenuRole::Command, Toggle_Draw_XYZ_Polygon, Mode_Check<&MenuChecks::Draw_XYZ_Polygon>},

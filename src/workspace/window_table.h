@@ -85,6 +85,7 @@ WindowRow Form1_Window();
 WindowRow Form2_Window();
 WindowRow Form3_Window();
 WindowRow Form4_Window();
+WindowRow Form6_Window();
 WindowRow Form7_Window();
 
 }  // namespace sylvomex

@@ -14,4 +14,7 @@ std::optional<FilePath> Ask_Plot_Text_File(Workspace& w);
 /// The binary tree file to be written, by file dialog.
 std::optional<FilePath> Ask_Tree_Data_File(Workspace& w);
 
+/// A binary tree file to be read, by file dialog.
+std::optional<FilePath> Ask_Field_Tree_File(Workspace& w);
+
 }  // namespace sylvomex
