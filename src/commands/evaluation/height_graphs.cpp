@@ -112,7 +112,7 @@ void Draw_Class_Heights(const Workspace& w, Picture& pane) {
   int line = 0;
   for (const ClassHeights& c : classes) {
     Print_Legend(
-        pane, line--, c.colour, kDot,
+        pane, High_Legend(line++), c.colour, kDot,
         std::string(c.name) + ": " + Plain_Text(static_cast<std::int32_t>(c.heights.size())));
   }
 }
