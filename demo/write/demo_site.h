@@ -13,8 +13,9 @@ inline constexpr int kSiteVersion = 4;
 /// Writes the whole site below the root: photographs from the air and from within the stand,
 /// height models as rasters and triangles, lidar tiles, field data, camera tables, colour map and
 /// cursors on the drives; truth.csv and scene.txt beside them, sessions/measure.txt, match.txt,
-/// overlays.txt, surface_points.txt, surface_pair.txt, surface_triplet.txt and open.txt. version.txt
-/// with kSiteVersion comes last and tells that all is there. RunTimeError as the files raise it.
+/// overlays.txt, surface_points.txt, surface_pair.txt, surface_triplet.txt and open.txt.
+/// version.txt with kSiteVersion comes last and tells that all is there. RunTimeError as the files
+/// raise it.
 void Write_Demo_Site(const Scene& scene, const std::vector<Photograph>& photos,
                      const std::filesystem::path& root);
 

@@ -54,8 +54,11 @@ void Lay_Out(QMessageBox& box) {
 void Lay_Out(QInputDialog& box) {
   box.ensurePolished();
   box.setLabelText(Wrapped_For(box, box.labelText()));
-  if (auto* prompt = box.findChild<QLabel*>()) prompt->setTextFormat(Qt::PlainText);
-  box.setMinimumWidth(Needed_Width(box, box.labelText()));
+  // The dialog's layout sets its size: what it holds has to ask for the room.
+  auto* prompt = box.findChild<QLabel*>();
+  if (prompt == nullptr) return;
+  prompt->setTextFormat(Qt::PlainText);
+  prompt->setMinimumWidth(Needed_Width(box, box.labelText()));
 }
 
 }  // namespace sylvomex
