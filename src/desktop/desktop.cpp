@@ -9,7 +9,6 @@
 #include <sstream>
 #include <utility>
 
-#include "platform/number_text.h"
 #include "session/session.h"
 #include "workspace/start_up.h"
 
@@ -70,9 +69,12 @@ void Desktop::Begin_With(const std::filesystem::path& script) {
   std::ostringstream reasons;
   const bool done =
       Play_Over_Block(*w_, script, transcript, reasons, recorder_ ? &*recorder_ : nullptr);
-  std::cerr << reasons.str();
+  std::string told = reasons.str();
+  std::cerr << told;
   windows_.Mirror();
-  if (!done) screen_.Report_Error("--begin", Without_Blanks_Around(reasons.str()), {});
+  if (done) return;
+  if (told.ends_with('\n')) told.pop_back();
+  screen_.Report_Error("--begin", told, {});
 }
 
 void Desktop::Dispatch(const OperatorEvent& event) {
