@@ -150,6 +150,13 @@ bool Show_Control(QCheckBox& widget, const CheckBox& box) {
   return true;
 }
 
+void Show_Control(QRadioButton& widget, const OptionButton& option) {
+  const bool chosen = option.Value != 0;
+  if (widget.isChecked() != chosen) widget.setChecked(chosen);
+  const QString caption = Caption_Text(option.Caption);
+  if (widget.text() != caption) widget.setText(caption);
+}
+
 void Show_Control(QPushButton& widget, const Button& button) {
   const QString caption = Caption_Text(button.Caption);
   if (widget.text() != caption) widget.setText(caption);

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <string>
 
 #include "state/control.h"
@@ -62,6 +63,7 @@ class TextBoxWidget : public QLineEdit {
 void Show_Control(TextLabel& widget, const Label& label);
 void Show_Control(TextBoxWidget& widget, const TextBox& box);
 bool Show_Control(QCheckBox& widget, const CheckBox& box);  // true when the caption is new
+void Show_Control(QRadioButton& widget, const OptionButton& option);
 void Show_Control(QPushButton& widget, const Button& button);
 void Show_Control(QFrame& widget, const Divider& line);
 

@@ -36,7 +36,6 @@ Desktop::Desktop(DesktopOptions options)
       screen_(options_.drives, {[this] { windows_.Mirror(); }, [this] { return Front_Window(); },
                                 [this] { End(); }}),
       w_(std::make_unique<Workspace>(options_.drives, screen_)),
-      custom_cursor_(w_->Drives, "c:\\data\\cross04.CUR"),
       windows_(*this, *w_) {
   move_timer_.setSingleShot(true);
   resize_timer_.setSingleShot(true);
@@ -131,7 +130,9 @@ void Desktop::Send_Waiting_Resize() {
   resize_timer_.start(kMillisecondsBetweenResizes);
 }
 
-const QCursor& Desktop::Custom_Cursor() { return custom_cursor_.Cursor(); }
+const QCursor& Desktop::Custom_Cursor(const std::string& file) {
+  return custom_cursors_.try_emplace(file, w_->Drives, file).first->second.Cursor();
+}
 
 QWidget* Desktop::Front_Window() {
   if (QWidget* active = QApplication::activeWindow()) return active;

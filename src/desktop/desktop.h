@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 
@@ -38,7 +39,7 @@ class Desktop : public OperatorEvents {
   void Dispatch(const OperatorEvent& event) override;
   void Dispatch_Move(const OperatorEvent& event) override;
   bool Dispatch_Resize(const OperatorEvent& event) override;
-  const QCursor& Custom_Cursor() override;
+  const QCursor& Custom_Cursor(const std::string& file) override;
 
   [[nodiscard]] Workspace& Block() { return *w_; }
   [[nodiscard]] Windows& Shown() { return windows_; }
@@ -57,7 +58,7 @@ class Desktop : public OperatorEvents {
   std::ofstream record_;
   std::optional<Recorder> recorder_;
   std::optional<RecorderScreen> recorder_screen_;
-  CursorFile custom_cursor_;
+  std::map<std::string, CursorFile> custom_cursors_;  // by file
   Windows windows_;
   QTimer move_timer_;
   QTimer resize_timer_;

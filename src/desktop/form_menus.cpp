@@ -32,6 +32,13 @@ FormMenus::FormMenus(OperatorEvents& events, std::string form, std::span<const M
 }
 
 void FormMenus::Add_Item(const MenuRow& row, QWidget& parent) {
+  if (row.role == MenuRole::Separator) {
+    auto* line = new QAction(&parent);
+    line->setSeparator(true);
+    line->setObjectName(QString::fromLatin1(row.name));
+    parent.addAction(line);
+    return;
+  }
   QString text = Caption_Text(row.caption);
   if (const std::string key = Key_Text(row); !key.empty()) {
     text += QLatin1Char('\t') + QString::fromStdString(key);

@@ -115,6 +115,17 @@ void FormWindow::Add_Control(const std::string& name, const CheckBox& record) {
   });
 }
 
+void FormWindow::Add_Control(const std::string& name, const OptionButton& record) {
+  auto* option = new QRadioButton(client_);
+  option->setAutoExclusive(false);  // which one is chosen stands in the records
+  option->setFont(Control_Font());
+  connect(option, &QRadioButton::clicked, this, [this, name, option, &record] {
+    Send(OperatorEvent::Kind::Set, name, "1");
+    Show_Control(*option, record);
+  });
+  Add(name, record, option, [option, &record] { Show_Control(*option, record); });
+}
+
 void FormWindow::Add_Control(const std::string& name, const Button& record) {
   auto* button = new QPushButton(client_);
   button->setFont(Control_Font());

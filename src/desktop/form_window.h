@@ -54,6 +54,7 @@ class FormWindow : public QMainWindow {
   void Add_Control(const std::string& name, const Label& record);
   void Add_Control(const std::string& name, const TextBox& record);
   void Add_Control(const std::string& name, const CheckBox& record);
+  void Add_Control(const std::string& name, const OptionButton& record);
   void Add_Control(const std::string& name, const Button& record);
   void Add_Control(const std::string& name, const Divider& record);
   void Add_Control(const std::string& name, const Picture& record);

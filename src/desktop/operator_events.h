@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QCursor>
+#include <string>
 
 #include "workspace/operator_event.h"
 
@@ -20,7 +21,8 @@ class OperatorEvents {
   /// The same for sizes. False when the window is to keep the size of its record.
   virtual bool Dispatch_Resize(const OperatorEvent& event) = 0;
 
-  virtual const QCursor& Custom_Cursor() = 0;
+  /// The pointer shape of a .CUR file, a drive name.
+  virtual const QCursor& Custom_Cursor(const std::string& file) = 0;
 };
 
 }  // namespace sylvomex

@@ -60,7 +60,9 @@ void PictureWidget::Mirror_Pointer() {
       if (cursor().shape() != Qt::WaitCursor) setCursor(Qt::WaitCursor);
       break;
     case PointerShape::Custom:
-      if (const QCursor& custom = events_.Custom_Cursor(); cursor() != custom) setCursor(custom);
+      if (const QCursor& custom = events_.Custom_Cursor(picture_.PointerFile); cursor() != custom) {
+        setCursor(custom);
+      }
       break;
   }
 }

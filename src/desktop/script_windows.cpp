@@ -34,7 +34,7 @@ void ScriptWindows::Save_Window(const std::string& form, const std::filesystem::
   }
 }
 
-const QCursor& ScriptWindows::Custom_Cursor() {
+const QCursor& ScriptWindows::Custom_Cursor(const std::string&) {
   static const QCursor cross(Qt::CrossCursor);
   return cross;
 }

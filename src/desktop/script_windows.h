@@ -28,7 +28,7 @@ class ScriptWindows : public WindowPictures, public OperatorEvents {
   void Dispatch(const OperatorEvent&) override {}
   void Dispatch_Move(const OperatorEvent&) override {}
   bool Dispatch_Resize(const OperatorEvent&) override { return false; }
-  const QCursor& Custom_Cursor() override;
+  const QCursor& Custom_Cursor(const std::string& file) override;
 
  private:
   void Make_Windows();

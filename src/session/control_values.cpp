@@ -14,6 +14,7 @@ using Found = std::optional<std::string>;
 Found Own_Value(const Label& label) { return label.Caption; }
 Found Own_Value(const TextBox& box) { return box.Text; }
 Found Own_Value(const CheckBox& box) { return Value_Text(box.Value); }
+Found Own_Value(const OptionButton& option) { return Value_Text(option.Value); }
 Found Own_Value(const Button& button) { return button.Caption; }
 Found Own_Value(const Control&) { return std::nullopt; }
 

@@ -34,6 +34,12 @@ struct CheckBox : Control {
   int Value = 0;  // 0 or 1
 };
 
+/// One of the choices of a window: choosing it takes the choice from the others.
+struct OptionButton : Control {
+  std::string Caption;
+  int Value = 0;  // 0 or 1
+};
+
 struct Button : Control {
   std::string Caption;
 };

@@ -56,6 +56,7 @@ struct Picture : Control {
   double CurrentX = 0;
   double CurrentY = 0;
   PointerShape MousePointer = PointerShape::Normal;
+  std::string PointerFile = "c:\\data\\cross04.CUR";  // of PointerShape::Custom, a drive name
 };
 
 /// Puts a bitmap on the picture, null for none; marks drawn before are dropped.

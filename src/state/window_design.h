@@ -13,8 +13,8 @@
 
 namespace sylvomex {
 
-using AnyControl =
-    std::variant<std::monostate, Label*, TextBox*, CheckBox*, Button*, Picture*, Divider*>;
+using AnyControl = std::variant<std::monostate, Label*, TextBox*, CheckBox*, OptionButton*, Button*,
+                                Picture*, Divider*>;
 
 /// Pixels of the client area.
 struct ControlPlace {

@@ -30,6 +30,20 @@ EventOutcome Set_Check_Box(Workspace& w, const WindowRow& window, const ControlN
   return Tell_Control(w, window, control.name, Happening::Click, Event_Of(control));
 }
 
+EventOutcome Choose_Option(Workspace& w, const WindowRow& window, const ControlName& control,
+                           OptionButton& chosen, const std::string& text) {
+  if (text != "1") Refuse(window, control, "is an option button, which takes 1");
+  if (chosen.Value == 1) return EventOutcome::Done;
+  Visit_Controls(window.record(w), window.design->controls,
+                 [](const ControlRow&, int, AnyControl other) {
+                   if (OptionButton** option = std::get_if<OptionButton*>(&other)) {
+                     (*option)->Value = 0;
+                   }
+                 });
+  chosen.Value = 1;
+  return Tell_Control(w, window, control.name, Happening::Click, Event_Of(control));
+}
+
 EventOutcome Press_Enter(Workspace& w, const WindowRow& window, const ControlName& box) {
   Note_Focus(w, window, box);
   ControlEvent event = Event_Of(box);
@@ -66,6 +80,9 @@ EventOutcome Set_Control(Workspace& w, const WindowRow& window, const ControlNam
   }
   if (CheckBox* const* box = std::get_if<CheckBox*>(&found)) {
     return Set_Check_Box(w, window, control, **box, text);
+  }
+  if (OptionButton* const* option = std::get_if<OptionButton*>(&found)) {
+    return Choose_Option(w, window, control, **option, text);
   }
   Refuse(window, control, "is no text box and no check box");
 }

@@ -16,8 +16,8 @@ EventOutcome Tell_Control(Workspace& w, const WindowRow& window, const std::stri
 /// The control of a window, monostate when it has none of that name.
 AnyControl Control_Of(Workspace& w, const WindowRow& window, const ControlName& control);
 
-/// Types into a text box, or sets a check box ("0" or "1") with the click event that a change
-/// fires. UnknownName for anything else.
+/// Types into a text box, sets a check box ("0" or "1") or chooses an option button ("1"), with
+/// the click event that a change fires. UnknownName for anything else.
 EventOutcome Set_Control(Workspace& w, const WindowRow& window, const ControlName& control,
                          const std::string& text);
 

@@ -14,6 +14,7 @@ enum class MenuRole {
   Submenu,
   Command,   // has a handler
   NoAction,  // an item that does nothing
+  Separator,
   NotBuilt,  // a command that is not built yet: choosing it says so
 };
 

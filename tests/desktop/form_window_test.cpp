@@ -24,10 +24,14 @@ struct NotedEvents : OperatorEvents {
     Dispatch(event);
     return true;
   }
-  const QCursor& Custom_Cursor() override { return cursor; }
+  const QCursor& Custom_Cursor(const std::string& file) override {
+    cursor_file = file;
+    return cursor;
+  }
 
   std::string steps;
-  QCursor cursor;
+  std::string cursor_file;
+  QCursor cursor{Qt::CrossCursor};
 };
 
 struct FormWindowTest : testing::Test {
@@ -60,6 +64,30 @@ TEST_F(FormWindowTest, HasAWidgetForEveryControlOfItsRows) {
 TEST_F(FormWindowTest, TakesItsMenuFromItsRows) {
   window.findChild<QAction*>("Say_It")->trigger();
   EXPECT_EQ(events.steps, "menu Form99.Say_It\n");
+}
+
+TEST_F(FormWindowTest, HasALineInItsMenuForASeparator) {
+  EXPECT_TRUE(window.findChild<QAction*>("set_a")->isSeparator());
+}
+
+TEST_F(FormWindowTest, ChoosesAnOptionAndShowsWhichOneIsChosen) {
+  auto& first = dynamic_cast<QRadioButton&>(Control("Option1(0)"));
+  auto& second = dynamic_cast<QRadioButton&>(Control("Option1(1)"));
+  EXPECT_EQ(second.text(), "Zoom");
+  second.click();
+  EXPECT_EQ(events.steps, "set Form99.Option1(1) 1\n");
+  form.Option1(0).Value = 1;
+  window.Mirror();
+  EXPECT_TRUE(first.isChecked());
+  EXPECT_FALSE(second.isChecked());
+}
+
+TEST_F(FormWindowTest, PicturesHaveThePointersOfTheirOwnFiles) {
+  form.Picture1.MousePointer = PointerShape::Custom;
+  form.Picture1.PointerFile = "c:\\data\\other.CUR";
+  window.Mirror();
+  EXPECT_EQ(events.cursor_file, "c:\\data\\other.CUR");
+  EXPECT_EQ(Control("Picture1").cursor().shape(), Qt::CrossCursor);
 }
 
 TEST_F(FormWindowTest, TellsClicksOnPicturesWithAndWithoutIndex) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A window that stands in no table, with a picture, a text box, a tick box, a button and a menu.
+// A window that stands in no table, with a picture, a text box, a tick box, options, a button
+// and a menu.
 #pragma once
 
 #include <string>
@@ -16,6 +17,7 @@ struct SampleForm : Form {
   Table<Picture, 0, 1> Picture2;
   TextBox Text1;
   CheckBox Check1;
+  Table<OptionButton, 0, 1> Option1;
   Button Command1;
 };
 
@@ -39,11 +41,15 @@ void Tell(Workspace&, const ControlEvent& event) {
 inline void Fail(Workspace&) { throw RunTimeError(Failure::DivisionByZero, "the sample"); }
 inline void Say(Workspace&) { told += "menu\n"; }
 
+inline constexpr ControlItem kOption1[] = {{"Pan", {210, 120, 80, 20}},
+                                           {"Zoom", {210, 150, 80, 20}}};
+
 inline constexpr ControlRow kControls[] = {
     Row<&SampleForm::Picture1>("Picture1", "", {10, 10, 200, 100}),
     Row<&SampleForm::Picture2>("Picture2", "", {10, 120, 90, 60}, {100, 0}),
     Row<&SampleForm::Text1>("Text1", "start", {10, 190, 100, 22}),
     Row<&SampleForm::Check1>("Check1", "Tick", {120, 190, 80, 20}),
+    Row<&SampleForm::Option1>("Option1", kOption1),
     Row<&SampleForm::Command1>("Command1", "Press", {10, 220, 80, 24}),
 };
 
@@ -52,6 +58,7 @@ inline constexpr WindowDesign kDesign{"A sample", 320, 260, kControls, 200, 160}
 inline constexpr MenuRow kMenu[] = {
     {0, "Window", "Window"},
     {1, "Say_It", "Say it", 'G', 2, false, MenuRole::Command, Say},
+    {1, "set_a", "-", 0, 0, false, MenuRole::Separator},
     {1, "Greyed_Item", "Greyed", 'H', 2, true, MenuRole::Command, Say},
 };
 
@@ -61,7 +68,7 @@ inline constexpr HandlerRow kHandlers[] = {
     {"Picture1", Happening::DblClick, Tell<1>},     {"Picture1", Happening::MouseMove, Tell<2>},
     {"Picture2", Happening::MouseDown, Tell<0>},    {"Text1", Happening::KeyPress, Tell<6>},
     {"Text1", Happening::KeyDown, Tell<8>},         {"Check1", Happening::Click, Tell<5>},
-    {"Command1", Happening::Click, Run<Fail>},
+    {"Option1", Happening::Click, Tell<5>},         {"Command1", Happening::Click, Run<Fail>},
 };
 
 inline SampleForm* record = nullptr;

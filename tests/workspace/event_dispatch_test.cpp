@@ -104,6 +104,15 @@ TEST_F(EventDispatch, ATickBoxTellsAChangeOnly) {
   EXPECT_EQ(Told_By("set Form99.Check1 1"), "");
 }
 
+TEST_F(EventDispatch, AnOptionTakesTheChoiceFromTheOthers) {
+  EXPECT_EQ(Told_By("set Form99.Option1(0) 1"), "click 0 0 0 0 0 0\n");
+  EXPECT_EQ(Told_By("set Form99.Option1(1) 1"), "click 1 0 0 0 0 0\n");
+  EXPECT_EQ(form.Option1(0).Value, 0);
+  EXPECT_EQ(form.Option1(1).Value, 1);
+  EXPECT_EQ(Told_By("set Form99.Option1(1) 1"), "");
+  EXPECT_THROW(Do("set Form99.Option1(1) 0"), UnknownName);
+}
+
 TEST_F(EventDispatch, AGreyedItemIsNotRunByItsMenuButByItsCommand) {
   EXPECT_EQ(Do("menu Form99.Greyed_Item"), EventOutcome::Greyed);
   EXPECT_EQ(Told_By("command Form99.Greyed_Item"), "menu\n");
