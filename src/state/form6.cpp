@@ -31,7 +31,7 @@ constexpr ControlRow kControls[] = {
     Row<&F::Label4>("Label4",
                     "Z error e: top of the tree less its cluster.   DEM error: raster elevation "
                     "less the ground that the field crew measured.",
-                    {3, 909, 1080, 18}),
+                    {3, 906, 1080, 18}),
     Row<&F::Picture1>("Picture1", kPanes),
 };
 

@@ -98,12 +98,12 @@ void Draw_XY_Error_Graph(const Workspace& w, Picture& pane) {
     const GraphPosition cluster = scale.At(tree.ClusterX, tree.ClusterY);
     Put_Dot(pane, top, kBlack, 7);
     Draw_Segment(pane, top, cluster, kBlack);
-    Put_Dot(pane, top, kBlue, 3);
+    Put_Dot(pane, top, kBlue, 5);
     Put_Dot(pane, cluster, kRed, 3);
   }
   Print_Result(pane, 0, "XY-RMSE: " + Format(XY_Rmse(matched), "#.00 m"));
-  Print_Legend(pane, Low_Legend(pane, 1), kBlue, kDot, "tree");
-  Print_Legend(pane, Low_Legend(pane, 0), kRed, kDot, "cluster");
+  Print_Legend(pane, Right_Legend(pane, 0), kBlue, kDot, "tree");
+  Print_Legend(pane, Right_Legend(pane, 1), kRed, kDot, "cluster");
 }
 
 void Draw_Z_Error_Plan(const Workspace& w, Picture& pane) {
@@ -116,9 +116,9 @@ void Draw_Z_Error_Plan(const Workspace& w, Picture& pane) {
             Error_Width(pane, scale, error));
   }
   Print_Result(pane, 0, "Z-RMSE: " + Format(Z_Rmse(matched), "#.00 m"));
-  Print_Legend(pane, Low_Legend(pane, 2), kRed, kDot, "tree above its cluster");
-  Print_Legend(pane, Low_Legend(pane, 1), kBlue, kDot, "tree below its cluster");
-  Print_Legend(pane, Low_Legend(pane, 0), kGrey, Error_Width(pane, scale, 1), "1 m");
+  Print_Legend(pane, Right_Legend(pane, 0), kRed, kDot, "e > 0");
+  Print_Legend(pane, Right_Legend(pane, 1), kBlue, kDot, "e < 0");
+  Print_Legend(pane, Right_Legend(pane, 3), kGrey, Error_Width(pane, scale, 1), "1 m");
 }
 
 }  // namespace sylvomex

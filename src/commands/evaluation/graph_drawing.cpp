@@ -88,13 +88,21 @@ void Draw_Y_Axis(Picture& pane, const GraphScale& scale, const Axis& axis) {
     const double py = scale.At(scale.x0, tick).py;
     if (py < kAxisTop + 2 * kHalfLine || py > bottom - kHalfLine) continue;
     Draw_Segment(pane, {kAxisMargin - kTickLength, py}, {kAxisMargin, py}, kBlack);
-    Print_At(pane, {kAxisMargin + 3, py - kHalfLine}, Format(tick, axis.pattern));
+    Print_At(pane, {kAxisMargin + 3, py - 2 * kHalfLine}, Format(tick, axis.pattern));
   }
   Print_At(pane, {kTextLeft, kAxisTop - 2}, axis.measures);
 }
 
 GraphPosition Low_Legend(const Picture& pane, int line) {
   return {kLegendLeft, pane.Height - kAxisMargin - 40 - line * kResultStep};
+}
+
+GraphPosition Top_Legend(int line) {
+  return {kTextLeft + 4, kResultTop + kHalfLine + line * kResultStep};
+}
+
+GraphPosition Right_Legend(const Picture& pane, int line) {
+  return {pane.Width - 72, kResultTop + kHalfLine + line * kResultStep};
 }
 
 GraphPosition High_Legend(int line) { return {kLegendLeft, kAxisTop + 30 + line * kResultStep}; }

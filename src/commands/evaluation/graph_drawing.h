@@ -46,9 +46,11 @@ struct Axis {
 void Draw_X_Axis(Picture& pane, const GraphScale& scale, const Axis& axis);
 void Draw_Y_Axis(Picture& pane, const GraphScale& scale, const Axis& axis);
 
-/// Where line k of a legend stands: counted upward from the lower axis, or downward from below the
-/// results.
+/// Where line k of a legend stands: counted upward from the lower axis, downward from the title at
+/// the left or at the right edge, or downward from below the results.
 GraphPosition Low_Legend(const Picture& pane, int line);
+GraphPosition Top_Legend(int line);
+GraphPosition Right_Legend(const Picture& pane, int line);
 GraphPosition High_Legend(int line);
 
 /// A dot and what it stands for.

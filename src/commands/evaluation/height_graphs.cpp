@@ -56,18 +56,15 @@ int Fullest_Column(std::span<const ClassHeights> classes) {
   return std::ranges::max(counts);
 }
 
-/// Bricks of the classes, one upon the other.
+/// Square bricks of the classes, one upon the other.
 void Stack_Bricks(Picture& pane, const GraphScale& scale, std::span<const ClassHeights> classes) {
   std::array<int, kColumns> stacked{};
-  const int pen = std::max(1, static_cast<int>(scale.pixels_y) - 1);
-  const double inset = (1.0 + pen / 2.0) / scale.pixels_x;  // round pen ends and a gap
+  const int side = std::max(1, static_cast<int>(std::min(scale.pixels_x, scale.pixels_y)) - 1);
   for (const ClassHeights& c : classes) {
     for (const double height : c.heights) {
       const int column = Column_Of(height);
-      const double middle = 0.5 + stacked[static_cast<std::size_t>(column)]++;
-      const double half = std::max(0.0, 0.5 - inset);
-      Draw_Segment(pane, scale.At(column + 0.5 - half, middle),
-                   scale.At(column + 0.5 + half, middle), c.colour, pen);
+      const int below = stacked[static_cast<std::size_t>(column)]++;
+      Put_Dot(pane, scale.At(column + 0.5, below + 0.5), c.colour, side);
     }
   }
 }
@@ -91,7 +88,8 @@ double Dem_Error(const Workspace& w, const ReferenceTreeRecord& tree) {
 }
 
 void Note_Missing_Model(const Workspace& w, Picture& pane) {
-  if (!w.RasterDemLoaded) Print_Result(pane, 1, "no raster height model is loaded");
+  constexpr GraphPosition kPlace{100, 90};
+  if (!w.RasterDemLoaded) Print_At(pane, kPlace, "no raster height model is loaded");
 }
 
 }  // namespace
@@ -103,7 +101,8 @@ void Draw_Class_Heights(const Workspace& w, Picture& pane) {
       ClassHeights{kBlack, "C, cluster without a tree", Commission_Heights(w)}};
   const int most = std::max(1, Fullest_Column(classes));
   const double room = pane.Height - kAxisMargin - kResultRoom;
-  const GraphScale scale = Height_Count_Scale(Size_Of(pane), std::min(12.0, room / most));
+  const double column = Height_Count_Scale(Size_Of(pane), 1).pixels_x;
+  const GraphScale scale = Height_Count_Scale(Size_Of(pane), std::min(column, room / most));
   Begin_Graph(pane, "Tree heights / cluster-heights in M/O/C -classes");
   Draw_X_Axis(pane, scale, {{0, 30}, 5, "0", "height, m"});
   const double top = std::max(1.0, room / scale.pixels_y);
@@ -155,8 +154,8 @@ void Draw_Elevations(const Workspace& w, Picture& pane) {
   for (std::size_t i = 0; i < measured.size(); ++i) {
     Put_Dot(pane, scale.At(measured[i], raster[i]), raster[i] < measured[i] ? kBlue : kRed, kDot);
   }
-  Print_Legend(pane, Low_Legend(pane, 1), kRed, kDot, "model above the measured ground");
-  Print_Legend(pane, Low_Legend(pane, 0), kBlue, kDot, "model below it");
+  Print_Legend(pane, Top_Legend(0), kRed, kDot, "model above the measured ground");
+  Print_Legend(pane, Top_Legend(1), kBlue, kDot, "model below it");
   Note_Missing_Model(w, pane);
 }
 

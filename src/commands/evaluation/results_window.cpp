@@ -51,7 +51,7 @@ void Lay_Out(Form6State& form) {
     label->Left = left + form.Show_Results.Width + 20;
   }
   form.Label4.Left = left;
-  form.Label4.Top = form.ClientHeight - kTextBelow;
+  form.Label4.Top = form.Picture1(5).Top + form.Picture1(5).Height + kMargin;
 }
 
 void Clear_Graphs(Form6State& form) {

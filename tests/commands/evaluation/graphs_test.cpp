@@ -43,9 +43,9 @@ class Graphs : public EvaluatedPlot {
     }));
   }
 
-  int Lines_Of(int k, Colour colour) {
+  int Points_Of(int k, Colour colour) {
     return static_cast<int>(std::ranges::count_if(Pane(k).marks, [&](const Mark& mark) {
-      return mark.kind == Mark::Kind::Line && mark.colour == colour;
+      return mark.kind == Mark::Kind::Point && mark.colour == colour;
     }));
   }
 
@@ -130,8 +130,9 @@ TEST_F(Graphs, MarksInThePlanGrowWithTheSizeOfTheError) {
 
 TEST_F(Graphs, EveryTreeAndClusterIsABrickOfItsClass) {
   Show_Without_Error();
-  EXPECT_EQ(Lines_Of(3, {25, 155, 25}), 3);
-  EXPECT_EQ(Lines_Of(3, kBlue), 1);
+  EXPECT_EQ(Points_Of(3, {25, 155, 25}), 3 + 1);  // and the legend's
+  EXPECT_EQ(Points_Of(3, kBlue), 1 + 1);
+  EXPECT_EQ(Points_Of(3, kBlack), 2 + 1);
   EXPECT_TRUE(Says(3, "M, matched tree: 3"));
   EXPECT_TRUE(Says(3, "O, omitted tree: 1"));
   EXPECT_TRUE(Says(3, "C, cluster without a tree: 2"));
@@ -140,47 +141,40 @@ TEST_F(Graphs, EveryTreeAndClusterIsABrickOfItsClass) {
 // Cluster 4 stands 162 - 150.5 = 11.5 m above the raster model: column 11 to 12, its first brick.
 TEST_F(Graphs, ABrickStandsOverItsMetreOfHeight) {
   Show_Without_Error();
-  const auto brick = std::ranges::find_if(Pane(3).marks, [](const Mark& mark) {
-    return mark.kind == Mark::Kind::Line && mark.colour == Colour{0, 0, 0} && mark.width > 1 &&
-           (mark.x1 + mark.x2) / 2 == 20 + 11.5 * 20;
-  });
-  ASSERT_NE(brick, Pane(3).marks.end());
-  EXPECT_EQ(brick->y1, 580 - 6);  // half a brick of 12 pixels above the axis
-  EXPECT_GT(brick->x1, 20 + 11 * 20);
-  EXPECT_LT(brick->x2, 20 + 12 * 20);
+  EXPECT_EQ(Points_At(3, 20 + 11.5 * 20, 580 - 10, kBlack), 1);
+}
+
+TEST_F(Graphs, WithoutARasterModelClustersStandAboveThePlotCentre) {
+  w.RasterDemLoaded = false;
+  Show_Without_Error();
+  EXPECT_EQ(Points_At(3, 20 + 12.5 * 20, 580 - 10, kBlack), 1);  // 162 - 150
 }
 
 TEST_F(Graphs, BricksOfOneMetreStandUponEachOther) {
   w.Evaluation.ReferenceTree[1].TreeHeight = 10.9;
   Show();
-  std::vector<double> tops;
-  for (const Mark& mark : Pane(3).marks) {
-    if (mark.kind == Mark::Kind::Line && mark.colour == Colour{25, 155, 25} &&
-        (mark.x1 + mark.x2) / 2 == 20 + 10.5 * 20) {
-      tops.push_back(mark.y1);
-    }
-  }
-  EXPECT_EQ(tops, (std::vector<double>{574, 562}));
+  EXPECT_EQ(Points_At(3, 20 + 10.5 * 20, 580 - 10, {25, 155, 25}), 1);
+  EXPECT_EQ(Points_At(3, 20 + 10.5 * 20, 580 - 30, {25, 155, 25}), 1);
+}
+
+TEST_F(Graphs, HeightsOutsideTheAxisStandInItsFirstAndLastColumn) {
+  w.Evaluation.ReferenceTree[0].TreeHeight = -3;
+  w.Evaluation.ReferenceTree[1].TreeHeight = 41;
+  Show();
+  EXPECT_EQ(Points_At(3, 20 + 0.5 * 20, 580 - 10, {25, 155, 25}), 1);
+  EXPECT_EQ(Points_At(3, 20 + 29.5 * 20, 580 - 30, {25, 155, 25}), 1);  // upon tree 3 of 30 m
 }
 
 TEST_F(Graphs, DemErrorsAreTheRasterLessTheCrewsGround) {
   Show_Without_Error();
   EXPECT_TRUE(Says(4, " RMSE: .50 Mean: .25"));  // 0.5, 0.5, 0.5, -0.5
-  EXPECT_EQ(std::ranges::count_if(
-                Pane(4).marks,
-                [](const Mark& m) { return m.kind == Mark::Kind::Point && m.colour == kRed; }),
-            4);
+  EXPECT_EQ(Points_Of(4, kRed), 4);
 }
 
 TEST_F(Graphs, ElevationsAreRedAboveTheMeasuredGroundAndBlueBelow) {
   Show_Without_Error();
-  const auto count = [&](Colour colour) {
-    return std::ranges::count_if(Pane(5).marks, [&](const Mark& m) {
-      return m.kind == Mark::Kind::Point && m.colour == colour;
-    });
-  };
-  EXPECT_EQ(count(kRed), 3 + 1);  // and the legend's
-  EXPECT_EQ(count(kBlue), 1 + 1);
+  EXPECT_EQ(Points_Of(5, kRed), 3 + 1);  // and the legend's
+  EXPECT_EQ(Points_Of(5, kBlue), 1 + 1);
   EXPECT_TRUE(Says(5, "150.0"));
 }
 
