@@ -9,6 +9,7 @@
 
 #include "closedlib/back_projection.h"
 #include "matching_inputs.h"
+#include "solver/patch_projection.h"
 
 namespace sylvomex {
 namespace {
@@ -22,13 +23,13 @@ struct Input {
         volume(bench::Smooth_Volume()),
         scores(kPoints) {
     for (int k = 0; k < kImages; ++k) {
-      cameras.push_back(bench::Camera(k));
+      cameras.push_back(bench::Patch_Camera(k));
       values.emplace_back(kPoints);
     }
     spans.assign(values.begin(), values.end());
   }
 
-  HugePageVector<MeshPoint> mesh;
+  HugePageVector<Point3D> mesh;
   ZeroedArray<double> volume;
   std::vector<bench::PatchCamera> cameras;
   std::vector<std::vector<float>> values;
@@ -43,9 +44,9 @@ Input& Shared_Input() {
 
 void Project_All(Input& in, int threads) {
   for (std::size_t k = 0; k < kImages; ++k) {
-    const bench::PatchCamera& camera = in.cameras[k];
-    MYFUNC_COMPUTEBKPROJ(static_cast<int>(k), camera.affine, camera.exterior, camera.patch,
-                         in.values[k], in.mesh, in.volume.All(), threads);
+    const auto& [camera, first] = in.cameras[k];
+    MYFUNC_COMPUTEBKPROJ(static_cast<int>(k), Make_Patch_Projection(camera, first), in.mesh,
+                         in.volume.All(), in.values[k], threads);
   }
 }
 
@@ -65,46 +66,23 @@ void Geometric_Mean(benchmark::State& state) {
 }
 BENCHMARK(Geometric_Mean)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-struct Pixel {
-  double col = 0, row = 0;
-};
-
-Pixel Project(const bench::PatchCamera& camera, const std::array<double, 9>& m,
-              const MeshPoint& p) {
-  const auto& e = camera.exterior;
-  const auto& a = camera.affine;
-  const double dx = p.X - e[3], dy = p.Y - e[4], dz = p.Z - e[5];
-  const double q = m[6] * dx + m[7] * dy + m[8] * dz;
-  const double x = -e[6] * (m[0] * dx + m[1] * dy + m[2] * dz) / q;
-  const double y = -e[6] * (m[3] * dx + m[4] * dy + m[5] * dz) / q;
-  return {a[0] * x + a[1] * y + a[2] - camera.patch[1],
-          camera.patch[2] - (a[3] * x + a[4] * y + a[5])};
-}
-
-std::array<double, 9> Rotation(const bench::PatchCamera& camera) {
-  const double so = std::sin(camera.exterior[0]), co = std::cos(camera.exterior[0]);
-  const double sp = std::sin(camera.exterior[1]), cp = std::cos(camera.exterior[1]);
-  const double sk = std::sin(camera.exterior[2]), ck = std::cos(camera.exterior[2]);
-  return {ck * cp,
-          co * sk + so * sp * ck,
-          so * sk - co * sp * ck,
-          -cp * sk,
-          co * ck - so * sp * sk,
-          so * ck + co * sp * sk,
-          sp,
-          -so * cp,
-          co * cp};
+/// On the patch, row from its top.
+PixelPosition Project(const bench::PatchCamera& image, const Point3D& point) {
+  const Camera& camera = image.camera;
+  const auto [r, s, q] = To_Camera_Axes(camera, point);
+  const double x = -camera.c * r / q;
+  const double y = -camera.c * s / q;
+  return {camera.A1 * x + camera.A2 * y + camera.A0 - image.first.col,
+          image.first.row - (camera.B1 * x + camera.B2 * y + camera.B0)};
 }
 
 void Plain_Loop(benchmark::State& state) {
   Input& in = Shared_Input();
-  std::vector<std::array<double, 9>> rotations;
-  for (const auto& camera : in.cameras) rotations.push_back(Rotation(camera));
   for (auto _ : state) {
     for (std::size_t i = 0; i < kPoints; ++i) {
       double product = 1;
       for (std::size_t k = 0; k < kImages; ++k) {
-        const Pixel pixel = Project(in.cameras[k], rotations[k], in.mesh[i]);
+        const PixelPosition pixel = Project(in.cameras[k], in.mesh[i]);
         const long col = std::lrint(pixel.col), row = std::lrint(pixel.row);
         if (col < 0 || row < 0 || col >= kVolumeSide || row >= kVolumeSide) continue;
         product *=

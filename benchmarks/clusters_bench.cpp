@@ -30,7 +30,7 @@ struct Input {
     MYFUNC_INDEXX(scores, index);
   }
 
-  HugePageVector<MeshPoint> mesh;
+  HugePageVector<Point3D> mesh;
   std::vector<float> scores;
   std::vector<std::int32_t> index;
 };
@@ -38,12 +38,12 @@ struct Input {
 void Find_Clusters(benchmark::State& state) {
   const Input in;
   std::vector<double> weights(kMostClusters + 1);
-  std::vector<MeshPoint> sums(kMostClusters + 1);
+  std::vector<Point3D> sums(kMostClusters + 1);
   std::vector<std::int32_t> members(kMostClusters + 1);
   int count = 0;
   for (auto _ : state) {
-    count = MYFUNC_FINDCLUSTERS(kPoints, kDistance, 0, in.index, in.scores, in.mesh, weights, sums,
-                                members);
+    count = MYFUNC_FINDCLUSTERS({kPoints, in.index, in.scores, in.mesh}, kDistance, 0,
+                                {weights, sums, members});
   }
   state.counters["clusters"] = count;
 }
@@ -52,7 +52,7 @@ BENCHMARK(Find_Clusters)->Unit(benchmark::kMillisecond);
 struct Cluster {
   double weight = 0, sum_x = 0, sum_y = 0, X = 0, Y = 0;
 
-  void Add(const MeshPoint& p, double w) {
+  void Add(const Point3D& p, double w) {
     weight += w;
     sum_x += w * p.X;
     sum_y += w * p.Y;
@@ -75,7 +75,7 @@ void Walk_Over_Clusters(benchmark::State& state) {
   std::vector<Cluster> clusters;
   for (auto _ : state) {
     clusters.clear();
-    Walk_Points(in, [&](const MeshPoint& p, double weight) {
+    Walk_Points(in, [&](const Point3D& p, double weight) {
       double least = kDistance * kDistance;
       Cluster* nearest = nullptr;
       for (Cluster& c : clusters) {
@@ -103,7 +103,7 @@ void Boost_Rtree(benchmark::State& state) {
     clusters.clear();
     geometry::index::rtree<Mean, geometry::index::quadratic<16>> tree;
     std::vector<Mean> found;
-    Walk_Points(in, [&](const MeshPoint& p, double weight) {
+    Walk_Points(in, [&](const Point3D& p, double weight) {
       found.clear();
       const Place place(p.X, p.Y);
       tree.query(geometry::index::nearest(place, 1), std::back_inserter(found));

@@ -37,7 +37,7 @@ void Correlation_Image(benchmark::State& state) {
   Input in(static_cast<int>(state.range(0)));
   const auto threads = static_cast<int>(state.range(1));
   for (auto _ : state) {
-    MYFUNC_CORIMA(in.patch, kSide, kSide, in.pattern, in.side, in.side, in.side / 2, in.side / 2,
+    MYFUNC_CORIMA({in.patch, kSide, kSide, in.pattern, in.side, in.side, in.side / 2, in.side / 2},
                   in.result, threads);
     benchmark::ClobberMemory();
   }

@@ -12,6 +12,7 @@
 #include "closedlib/back_projection.h"
 #include "platform/huge_pages.h"
 #include "platform/zeroed_array.h"
+#include "solver/camera_model.h"
 
 namespace sylvomex::bench {
 
@@ -51,8 +52,8 @@ inline std::vector<std::uint8_t> Ellipse_Template(const std::vector<std::uint8_t
 inline constexpr double kPlotX = 2515000, kPlotY = 6859000, kPlotZ = 165;
 
 /// Columns of 45 points, 0.5 m apart in X, Y and Z, round the plot centre.
-inline std::vector<MeshPoint> Mesh(std::size_t count) {
-  std::vector<MeshPoint> mesh(count);
+inline std::vector<Point3D> Mesh(std::size_t count) {
+  std::vector<Point3D> mesh(count);
   for (std::size_t i = 0; i < count; ++i) {
     const std::size_t column = i / 45;
     mesh[i].X = kPlotX - 26.25 + 0.5 * static_cast<double>(column / 105);
@@ -64,50 +65,32 @@ inline std::vector<MeshPoint> Mesh(std::size_t count) {
 }
 
 /// The points as the workstation holds them.
-inline HugePageVector<MeshPoint> On_Huge_Pages(const std::vector<MeshPoint>& mesh) {
+inline HugePageVector<Point3D> On_Huge_Pages(const std::vector<Point3D>& mesh) {
   return {mesh.begin(), mesh.end()};
 }
 
-/// Arguments of MYFUNC_COMPUTEBKPROJ for one of five photographs from 1200 m above the plot.
+/// One of five photographs from 1200 m above the plot, and the upper left pixel of its patch.
 struct PatchCamera {
-  std::array<double, 6> affine{};
-  std::array<double, 7> exterior{};
-  std::array<double, 4> patch{};
+  Camera camera;
+  PixelPosition first;
 };
 
-/// Full-image pixel of the plot centre, written out apart from the kernel's code.
-inline std::array<double, 2> Plot_Pixel(const PatchCamera& camera) {
-  const auto& [omega, phi, kappa, X0, Y0, Z0, c] = camera.exterior;
-  const double so = std::sin(omega), co = std::cos(omega), sp = std::sin(phi), cp = std::cos(phi);
-  const double sk = std::sin(kappa), ck = std::cos(kappa);
-  const double dx = kPlotX - X0, dy = kPlotY - Y0, dz = kPlotZ - Z0;
-  const double q = sp * dx - so * cp * dy + co * cp * dz;
-  const double r = ck * cp * dx + (co * sk + so * sp * ck) * dy + (so * sk - co * sp * ck) * dz;
-  const double s = -cp * sk * dx + (co * ck - so * sp * sk) * dy + (so * ck + co * sp * sk) * dz;
-  const double x = -c * r / q, y = -c * s / q;
-  const auto& a = camera.affine;
-  return {a[0] * x + a[1] * y + a[2], a[3] * x + a[4] * y + a[5]};
-}
-
-inline PatchCamera Camera(int k) {
+inline PatchCamera Patch_Camera(int k) {
   constexpr std::array<double, 5> kEast = {0, 260, -250, 30, -40};
   constexpr std::array<double, 5> kNorth = {0, 20, -30, 380, -370};
   const auto at = static_cast<std::size_t>(k);
   const double scale = 1 / 9e-6;
-  PatchCamera camera;
-  camera.affine = {scale, 12, 3750, -12, scale, 5750};
-  camera.exterior = {0.004 * (k - 2),
-                     -0.003 * (k - 1),
-                     0.10 + 0.02 * k,
-                     kPlotX + kEast[at],
-                     kPlotY + kNorth[at],
-                     kPlotZ + 1200,
-                     0.1};
-  const std::array<double, 2> plot = Plot_Pixel(camera);
-  const double first_col = std::nearbyint(plot[0]) - 600;
-  const double lowest_row = std::nearbyint(plot[1]) - 600;
-  camera.patch = {11500, first_col, lowest_row + kVolumeSide - 1, kVolumeSide};
-  return camera;
+  Camera camera;
+  camera.c = 0.1;
+  camera.centre = {kPlotX + kEast[at], kPlotY + kNorth[at], kPlotZ + 1200};
+  camera.m = Build_Rotation_Matrix(0.004 * (k - 2), -0.003 * (k - 1), 0.10 + 0.02 * k);
+  camera.A1 = camera.B2 = scale;
+  camera.A2 = 12;
+  camera.A0 = 3750;
+  camera.B1 = -12;
+  camera.B0 = 5750;
+  const auto [col, row] = Object_To_Pixel(camera, {kPlotX, kPlotY, kPlotZ});
+  return {camera, {std::nearbyint(col) - 600, std::nearbyint(row) - 600 + kVolumeSide - 1}};
 }
 
 /// A volume whose images 0 to 4 hold smooth values from about -0.9 to 0.9. The noise counts its

@@ -2,7 +2,6 @@
 #include "closedlib/back_projection.h"
 
 #include <algorithm>
-#include <cmath>
 #include <string>
 
 #include "closedlib/argument_room.h"
@@ -18,36 +17,9 @@ constexpr std::size_t kMostFactors = 9;     // of a geometric mean: one an image
 
 constexpr const char* kRoutine = "back-projection";
 
-/// Rotation about X by omega, then about Y by phi, then about Z by kappa, by rows.
-std::array<double, 9> Rotation(double omega, double phi, double kappa) {
-  const double so = std::sin(omega), co = std::cos(omega);
-  const double sp = std::sin(phi), cp = std::cos(phi);
-  const double sk = std::sin(kappa), ck = std::cos(kappa);
-  return {ck * cp,
-          co * sk + so * sp * ck,
-          so * sk - co * sp * ck,
-          -cp * sk,
-          co * ck - so * sp * sk,
-          so * ck + co * sp * sk,
-          sp,
-          -so * cp,
-          co * cp};
-}
-
-PatchProjection Make_Projection(const std::array<double, 6>& affine,
-                                const std::array<double, 7>& exterior,
-                                const std::array<double, 4>& patch) {
-  PatchProjection projection;
-  projection.m = Rotation(exterior[0], exterior[1], exterior[2]);
-  projection.X0 = exterior[3];
-  projection.Y0 = exterior[4];
-  projection.Z0 = exterior[5];
-  projection.c = exterior[6];
-  // A camera without a principal distance has no image: every denominator is 0.
+/// A camera without a principal distance has no image: every denominator is 0.
+PatchProjection Without_Image_For_Zero_Distance(PatchProjection projection) {
   if (projection.c == 0) std::fill(projection.m.begin() + 6, projection.m.end(), 0.0);
-  projection.affine = affine;
-  projection.col_origin = patch[1];
-  projection.row_origin = patch[2];
   return projection;
 }
 
@@ -60,7 +32,7 @@ void Look_Up(std::span<const std::int64_t> entries, const double* slice, float* 
 
 /// The entries of a block are called to the cache while it is projected and read after the next
 /// block has been projected.
-void Project_Stretch(const PatchProjection& projection, std::span<const MeshPoint> mesh,
+void Project_Stretch(const PatchProjection& projection, std::span<const Point3D> mesh,
                      const double* slice, float* scores) {
   std::array<std::array<std::int64_t, kBlockPoints>, 2> entries;
   std::span<const std::int64_t> called;
@@ -86,23 +58,19 @@ void For_Each_Stretch(std::size_t count, int threads, const Part& part) {
 
 }  // namespace
 
-void MYFUNC_COMPUTEBKPROJ(int image, const std::array<double, 6>& affine,
-                          const std::array<double, 7>& exterior, const std::array<double, 4>& patch,
-                          std::span<float> scores, std::span<const MeshPoint> mesh,
-                          std::span<const double> volume, int threads) {
-  if (image < 0 || image >= kVolumeImages)
+void MYFUNC_COMPUTEBKPROJ(int image, const PatchProjection& projection,
+                          std::span<const Point3D> mesh, std::span<const double> volume,
+                          std::span<float> scores, int threads) {
+  if (image < 0 || image >= kVolumeImages) {
     Refuse_Argument(kRoutine, "image " + std::to_string(image));
-  if (patch[3] != kVolumeSide) {
-    Refuse_Argument(kRoutine,
-                    "a volume of " + std::to_string(patch[3]) + " columns instead of 1201");
   }
   Require_Room(kRoutine, "scores", scores.size(), mesh.size());
   Require_Room(kRoutine, "entries of the volume", volume.size(),
                std::size_t{kVolumeImages} * kVolumeSide * kVolumeSide);
-  const PatchProjection projection = Make_Projection(affine, exterior, patch);
+  const PatchProjection used = Without_Image_For_Zero_Distance(projection);
   const double* slice = volume.data() + image;
   For_Each_Stretch(mesh.size(), threads, [&](std::size_t first, std::size_t last) {
-    Project_Stretch(projection, mesh.subspan(first, last - first), slice, &scores[first]);
+    Project_Stretch(used, mesh.subspan(first, last - first), slice, &scores[first]);
   });
 }
 

@@ -20,9 +20,8 @@ constexpr const char* kRoutine = "clusters";
 /// The sorted points, walked from the last entry down.
 class SortedPoints {
  public:
-  SortedPoints(std::span<const std::int32_t> index, std::span<const float> scores,
-               std::span<const MeshPoint> mesh)
-      : index_(index), scores_(scores), mesh_(mesh) {}
+  explicit SortedPoints(const ScoredMesh& points)
+      : index_(points.index), scores_(points.scores), mesh_(points.mesh) {}
 
   /// Score entry of the point at a place of the index.
   [[nodiscard]] std::size_t Entry(std::int32_t place) const {
@@ -37,7 +36,7 @@ class SortedPoints {
   [[nodiscard]] double Weight(std::size_t entry) const {
     return static_cast<double>(scores_[entry]) - 1;
   }
-  [[nodiscard]] const MeshPoint& Point(std::size_t entry) const { return mesh_[entry - 1]; }
+  [[nodiscard]] const Point3D& Point(std::size_t entry) const { return mesh_[entry - 1]; }
 
   // Force-inlined: the compiler would drop a call of a function that only prefetches as one
   // without effect.
@@ -54,7 +53,7 @@ class SortedPoints {
     if (place > kNextAhead) {
       const std::int32_t entry = index_[static_cast<std::size_t>(place - kNextAhead)];
       if (!Has(entry)) return;
-      const MeshPoint& point = Point(static_cast<std::size_t>(entry));
+      const Point3D& point = Point(static_cast<std::size_t>(entry));
       grid.Prefetch(point.X, point.Y);
     }
   }
@@ -67,74 +66,69 @@ class SortedPoints {
 
   std::span<const std::int32_t> index_;
   std::span<const float> scores_;
-  std::span<const MeshPoint> mesh_;
+  std::span<const Point3D> mesh_;
 };
 
-/// The tables of the caller, which count from 1, while clusters of the grid count from 0.
-struct ClusterTables {
-  std::span<double> weights;
-  std::span<MeshPoint> sums;
-  std::span<std::int32_t> members;
+// The tables of the caller count from 1, while clusters of the grid count from 0.
+void Start_Cluster(const ClusterTables& tables, int cluster) {
+  const auto at = static_cast<std::size_t>(cluster) + 1;
+  tables.weights[at] = 0;
+  tables.sums[at] = {};
+  tables.members[at] = 0;
+}
 
-  void Start(int cluster) const {
-    const auto at = static_cast<std::size_t>(cluster) + 1;
-    weights[at] = 0;
-    sums[at] = {};
-    members[at] = 0;
-  }
+/// Adds a member and returns the mean, of which only X and Y are used.
+Point3D Add_Member(const ClusterTables& tables, int cluster, const Point3D& point, double weight) {
+  const auto at = static_cast<std::size_t>(cluster) + 1;
+  Point3D& sum = tables.sums[at];
+  sum.X += weight * point.X;
+  sum.Y += weight * point.Y;
+  sum.Z += weight * point.Z;
+  tables.weights[at] += weight;
+  ++tables.members[at];
+  return {sum.X / tables.weights[at], sum.Y / tables.weights[at], 0};
+}
 
-  /// Adds a member and returns the mean, of which only X and Y are used.
-  [[nodiscard]] MeshPoint Add(int cluster, const MeshPoint& point, double weight) const {
-    const auto at = static_cast<std::size_t>(cluster) + 1;
-    MeshPoint& sum = sums[at];
-    sum.X += weight * point.X;
-    sum.Y += weight * point.Y;
-    sum.Z += weight * point.Z;
-    weights[at] += weight;
-    ++members[at];
-    return {sum.X / weights[at], sum.Y / weights[at], 0};
-  }
-};
-
-void Take_Point(const MeshPoint& point, double weight, ClusterGrid& grid,
+void Take_Point(const Point3D& point, double weight, ClusterGrid& grid,
                 const ClusterTables& tables) {
   const int nearest = grid.Nearest(point.X, point.Y);
   if (nearest != ClusterGrid::kNone) {
-    const MeshPoint mean = tables.Add(nearest, point, weight);
+    const Point3D mean = Add_Member(tables, nearest, point, weight);
     grid.Move(nearest, mean.X, mean.Y);
     return;
   }
   const int fresh = grid.Count();
   if (fresh == kMostClusters) return;
-  tables.Start(fresh);
-  const MeshPoint mean = tables.Add(fresh, point, weight);
+  Start_Cluster(tables, fresh);
+  const Point3D mean = Add_Member(tables, fresh, point, weight);
   grid.Add(mean.X, mean.Y);
+}
+
+void Require_Rooms(const ScoredMesh& points, const ClusterTables& tables) {
+  const std::size_t entries = static_cast<std::size_t>(points.count) + 1;
+  Require_Room(kRoutine, "entries of the index", points.index.size(), entries);
+  Require_Room(kRoutine, "scores", points.scores.size(), entries);
+  Require_Room(kRoutine, "mesh points", points.mesh.size(), entries - 1);
+  Require_Room(kRoutine, "weights", tables.weights.size(), kMostClusters + 1);
+  Require_Room(kRoutine, "sums", tables.sums.size(), kMostClusters + 1);
+  Require_Room(kRoutine, "member counts", tables.members.size(), kMostClusters + 1);
 }
 
 }  // namespace
 
-int MYFUNC_FINDCLUSTERS(std::int32_t count, double distance, double score_limit,
-                        std::span<const std::int32_t> index, std::span<const float> scores,
-                        std::span<const MeshPoint> mesh, std::span<double> weights,
-                        std::span<MeshPoint> sums, std::span<std::int32_t> members) {
-  if (count <= 0) return 0;
-  const std::size_t entries = static_cast<std::size_t>(count) + 1;
-  Require_Room(kRoutine, "entries of the index", index.size(), entries);
-  Require_Room(kRoutine, "scores", scores.size(), entries);
-  Require_Room(kRoutine, "mesh points", mesh.size(), entries - 1);
-  Require_Room(kRoutine, "weights", weights.size(), kMostClusters + 1);
-  Require_Room(kRoutine, "sums", sums.size(), kMostClusters + 1);
-  Require_Room(kRoutine, "member counts", members.size(), kMostClusters + 1);
-  const SortedPoints points(index, scores, mesh);
-  const ClusterTables tables = {weights, sums, members};
+int MYFUNC_FINDCLUSTERS(const ScoredMesh& points, double distance, double score_limit,
+                        const ClusterTables& tables) {
+  if (points.count <= 0) return 0;
+  Require_Rooms(points, tables);
+  const SortedPoints sorted(points);
   ClusterGrid grid(distance);
-  for (std::int32_t place = count; place >= 1; --place) {
-    points.Prefetch_Ahead(place, grid);
-    const std::size_t entry = points.Entry(place);
-    const double weight = points.Weight(entry);
+  for (std::int32_t place = points.count; place >= 1; --place) {
+    sorted.Prefetch_Ahead(place, grid);
+    const std::size_t entry = sorted.Entry(place);
+    const double weight = sorted.Weight(entry);
     if (std::isnan(weight)) continue;
     if (!(weight >= score_limit)) break;
-    Take_Point(points.Point(entry), weight, grid, tables);
+    Take_Point(sorted.Point(entry), weight, grid, tables);
   }
   return grid.Count();
 }

@@ -1,21 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
 #include <span>
 
+#include "closedlib/correlation_image.h"
 #include "closedlib/correlation_sums.h"
 
 namespace sylvomex {
-
-/// The arguments of MYFUNC_CORIMA, by the same names.
-struct CorrelationInput {
-  std::span<const std::uint8_t> patch;
-  int patch_width = 0, patch_height = 0;
-  std::span<const std::uint8_t> pattern;
-  int template_width = 0, template_height = 0;
-  int reference_col = 0, reference_row = 0;
-};
 
 /// Where the products of windows and template come from.
 enum class Products {

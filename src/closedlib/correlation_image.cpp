@@ -294,11 +294,7 @@ void Correlate_By_Path(const SumPath& path, const CorrelationInput& input, std::
   Work_Tiles(job, threads);
 }
 
-void MYFUNC_CORIMA(std::span<const std::uint8_t> patch, int patch_width, int patch_height,
-                   std::span<const std::uint8_t> pattern, int template_width, int template_height,
-                   int reference_col, int reference_row, std::span<double> result, int threads) {
-  const CorrelationInput input = {patch,          patch_width,     patch_height,  pattern,
-                                  template_width, template_height, reference_col, reference_row};
+void MYFUNC_CORIMA(const CorrelationInput& input, std::span<double> result, int threads) {
   const SumPath* byte_dots = Byte_Dot_Sums();
   Correlate_By_Path(byte_dots ? *byte_dots : Portable_Sums(), input, result, threads);
 }

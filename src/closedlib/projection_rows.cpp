@@ -66,7 +66,7 @@ HWY_INLINE void Call_Entries(const double* slice, hn::Vec<hn::RebindToSigned<Rea
   for (std::size_t lane = 0; lane < hn::Lanes(whole); ++lane) hwy::Prefetch(slice + places[lane]);
 }
 
-void Find_Entries(const PatchProjection& p, const MeshPoint* mesh, std::size_t count,
+void Find_Entries(const PatchProjection& p, const Point3D* mesh, std::size_t count,
                   const double* slice, std::int64_t* entries) {
   const Reals d;
   const hn::RebindToSigned<Reals> whole;
@@ -154,7 +154,7 @@ namespace sylvomex {
 HWY_EXPORT(Find_Entries);
 HWY_EXPORT(Find_Roots);
 
-void Nearest_Entries(const PatchProjection& projection, std::span<const MeshPoint> mesh,
+void Nearest_Entries(const PatchProjection& projection, std::span<const Point3D> mesh,
                      const double* slice, std::int64_t* entries) {
   HWY_DYNAMIC_DISPATCH(Find_Entries)(projection, mesh.data(), mesh.size(), slice, entries);
 }

@@ -3,7 +3,6 @@
 // doubles, never fused, so that every vector unit gives the same bits.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -12,21 +11,11 @@
 
 namespace sylvomex {
 
-/// From object to patch: collinearity with the rotation matrix m by rows, then the affine
-/// transform to full-image pixels, then the patch's origin.
-struct PatchProjection {
-  std::array<double, 9> m{};
-  double X0 = 0, Y0 = 0, Z0 = 0;          // metres
-  double c = 0;                           // metres
-  std::array<double, 6> affine{};         // A1, A2, A0, B1, B2, B0
-  double col_origin = 0, row_origin = 0;  // full-image; rows from the bottom
-};
-
 /// Entry of a one-image table of each point's nearest pixel, col + kVolumeSide patch row;
 /// kNoEntry where there is none. Each is called to the cache from the image's slice of the
 /// volume, where it lies at slice[kVolumeImages x entry].
 inline constexpr std::int64_t kNoEntry = -1;
-void Nearest_Entries(const PatchProjection& projection, std::span<const MeshPoint> mesh,
+void Nearest_Entries(const PatchProjection& projection, std::span<const Point3D> mesh,
                      const double* slice, std::int64_t* entries);
 
 /// (product of 1 + v) ^ (1 / N), from N spans of one value a point; N from 2 to 9. A product

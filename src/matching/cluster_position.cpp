@@ -13,7 +13,7 @@ Point3D Cluster_Position(const MatchingState& state, int cluster) {
     throw RunTimeError(Failure::DivisionByZero,
                        "cluster " + std::to_string(cluster) + " has no weight");
   }
-  const MeshPoint& sum = state.ClusterSum(cluster);
+  const Point3D& sum = state.ClusterSum(cluster);
   return {sum.X / weight, sum.Y / weight, sum.Z / weight};
 }
 

@@ -68,7 +68,7 @@ struct MatchingState {
   std::int32_t MatchImageCount = 0;
 
   std::int32_t ClusterCount = 0;
-  Table<MeshPoint, 0, kMostClusters> ClusterSum;  // weighted sums of the members
+  Table<Point3D, 0, kMostClusters> ClusterSum;    // weighted sums of the members
   Table<double, 0, kMostClusters> ClusterWeight;  // sums of the weights
   Table<ClusterInfoRecord, 0, kMostClusters> ClusterInfo;
   Table<double, 0, 17> ClusterParameters;

@@ -11,7 +11,7 @@
 namespace sylvomex {
 
 /// Some hundred thousand points that are read in the order of their scores.
-using MeshTable = HugePageVector<MeshPoint>;
+using MeshTable = HugePageVector<Point3D>;
 
 struct MeshSettings {
   double plot_X = 0, plot_Y = 0;  // middle of the mesh

@@ -32,9 +32,7 @@ std::string Plot_Center_Text(const PlotCenterRecord& plot) {
   return Value_Texts(plot.PlotId, plot.MeshRotation, plot.PlotX, plot.PlotY, plot.PlotZ);
 }
 
-std::string Mesh_Point_Text(const MeshPoint& point) {
-  return Value_Texts(point.X, point.Y, point.Z);
-}
+std::string Mesh_Point_Text(const Point3D& point) { return Value_Texts(point.X, point.Y, point.Z); }
 
 // One row a name: the value of a member of the block.
 template <auto Member>

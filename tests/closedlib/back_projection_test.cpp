@@ -11,6 +11,7 @@
 
 #include "matching_inputs.h"
 #include "platform/run_time_error.h"
+#include "solver/patch_projection.h"
 #include "support/vector_units.h"
 
 namespace sylvomex {
@@ -35,47 +36,53 @@ float Told(int col, int row) { return static_cast<float>(1 + col + kVolumeSide *
 
 /// A camera 1000 m above the origin that looks straight down: c 0.1 m, 10 micrometre pixels, so
 /// 0.1 m of ground at height 0 is a pixel; the pixel of the nadir is (500, 700).
-struct Setting {
-  std::array<double, 6> affine = {1e5, 0, 500, 0, 1e5, 700};
-  std::array<double, 7> exterior = {0, 0, 0, 0, 0, 1000, 0.1};
-  std::array<double, 4> patch = {2000, 0, 1200, kVolumeSide};
-};
+PatchProjection Straight_Down() {
+  PatchProjection projection;
+  projection.m = {1, 0, 0, 0, 1, 0, 0, 0, 1};
+  projection.Z0 = 1000;
+  projection.c = 0.1;
+  projection.affine = {1e5, 0, 500, 0, 1e5, 700};
+  projection.row_origin = 1200;
+  return projection;
+}
 
-std::vector<float> Project(const Setting& s, const std::vector<MeshPoint>& mesh, int threads = 1) {
+std::vector<float> Project(const PatchProjection& s, const std::vector<Point3D>& mesh,
+                           int threads = 1) {
   std::vector<float> scores(mesh.size(), 77);
-  MYFUNC_COMPUTEBKPROJ(3, s.affine, s.exterior, s.patch, scores, mesh, Telling_Volume(), threads);
+  MYFUNC_COMPUTEBKPROJ(3, s, mesh, Telling_Volume(), scores, threads);
   return scores;
 }
 
-float Project(const Setting& s, const MeshPoint& point) {
-  return Project(s, std::vector<MeshPoint>{point})[0];
+float Project(const PatchProjection& s, const Point3D& point) {
+  return Project(s, std::vector<Point3D>{point})[0];
 }
 
 TEST(BackProjection, ReadsTheImageColumnAndRowOfThePoint) {
   // 20 m east are 200 pixels right, 10 m north 100 pixels up: full-image (700, 800), patch row
   // 1200 - 800.
-  EXPECT_EQ(Project({}, {20, 10, 0}), Told(700, 400));
+  EXPECT_EQ(Project(Straight_Down(), {20, 10, 0}), Told(700, 400));
 }
 
 TEST(BackProjection, HeightMovesThePointOutwards) {
   // At 500 m a pixel is 0.05 m.
-  EXPECT_EQ(Project({}, {10, 5, 500}), Told(700, 400));
+  EXPECT_EQ(Project(Straight_Down(), {10, 5, 500}), Told(700, 400));
 }
 
 TEST(BackProjection, OriginsMoveThePatch) {
-  Setting s;
-  s.patch = {2000, 600, 810, kVolumeSide};
+  PatchProjection s = Straight_Down();
+  s.col_origin = 600;
+  s.row_origin = 810;
   EXPECT_EQ(Project(s, {20, 10, 0}), Told(100, 10));
 }
 
 TEST(BackProjection, KappaTurnsTheImage) {
-  Setting s;
-  s.exterior[2] = std::acos(0.0);  // x = sin k dY, y = -sin k dX
+  PatchProjection s = Straight_Down();
+  s.m = {0, 1, 0, -1, 0, 0, 0, 0, 1};  // by a right angle: x = dY, y = -dX
   EXPECT_EQ(Project(s, {20, 10, 0}), Told(600, 1200 - 500));
 }
 
 TEST(BackProjection, TakesTheNearestPixelHalfToEven) {
-  Setting s;
+  PatchProjection s = Straight_Down();
   s.affine = {0, 0, 0, 0, 0, 700};  // every point at one place
   const std::pair<double, int> columns[] = {{0.5, 0},  {1.5, 2},       {2.5, 2},
                                             {2.49, 2}, {2.51, 3},      {-0.5, 0},
@@ -93,7 +100,7 @@ TEST(BackProjection, TakesTheNearestPixelHalfToEven) {
 }
 
 TEST(BackProjection, OutsideThePatchGivesZero) {
-  Setting s;
+  PatchProjection s = Straight_Down();
   s.affine = {0, 0, 0, 0, 0, 700};
   for (const double col : {-0.51, -1.0, 1200.51, 1201.0, 1e12, -1e300, kInfinity, kNan}) {
     s.affine[2] = col;
@@ -107,59 +114,58 @@ TEST(BackProjection, OutsideThePatchGivesZero) {
 }
 
 TEST(BackProjection, PointInThePlaneOfTheProjectionCentreGivesZero) {
-  EXPECT_EQ(Project({}, {20, 10, 1000}), 0);
-  EXPECT_EQ(Project({}, {0, 0, 1000}), 0);
+  EXPECT_EQ(Project(Straight_Down(), {20, 10, 1000}), 0);
+  EXPECT_EQ(Project(Straight_Down(), {0, 0, 1000}), 0);
 }
 
 TEST(BackProjection, PointThatIsNoPlaceGivesZero) {
   for (const double bad : {kNan, kInfinity, -kInfinity, 1e308}) {
-    EXPECT_EQ(Project({}, {bad, 10, 0}), 0) << bad;
-    EXPECT_EQ(Project({}, {20, bad, 0}), 0) << bad;
+    EXPECT_EQ(Project(Straight_Down(), {bad, 10, 0}), 0) << bad;
+    EXPECT_EQ(Project(Straight_Down(), {20, bad, 0}), 0) << bad;
   }
-  EXPECT_EQ(Project({}, {20, 10, kNan}), 0);
-  EXPECT_EQ(Project({}, {0, 0, kInfinity}), 0);
+  EXPECT_EQ(Project(Straight_Down(), {20, 10, kNan}), 0);
+  EXPECT_EQ(Project(Straight_Down(), {0, 0, kInfinity}), 0);
 }
 
 TEST(BackProjection, CameraWithoutPrincipalDistanceGivesZero) {
-  Setting s;
-  s.exterior[6] = 0;
+  PatchProjection s = Straight_Down();
+  s.c = 0;
   EXPECT_EQ(Project(s, {20, 10, 0}), 0);
 }
 
 TEST(BackProjection, EmptyMeshIsNoFault) {
-  EXPECT_TRUE(Project({}, std::vector<MeshPoint>{}).empty());
+  EXPECT_TRUE(Project(Straight_Down(), std::vector<Point3D>{}).empty());
 }
 
 TEST(BackProjection, WrongSizesAreRefused) {
-  const Setting s;
-  const std::vector<MeshPoint> mesh(3);
+  const PatchProjection s = Straight_Down();
+  const std::vector<Point3D> mesh(3);
   std::vector<float> scores(3);
-  const auto project = [&](int image, std::size_t room, std::size_t volume, double side) {
-    MYFUNC_COMPUTEBKPROJ(image, s.affine, s.exterior, {2000, 0, 1200, side},
-                         std::span(scores).first(room), mesh,
-                         std::span(Telling_Volume()).first(volume));
+  const auto project = [&](int image, std::size_t room, std::size_t volume) {
+    MYFUNC_COMPUTEBKPROJ(image, s, mesh, std::span(Telling_Volume()).first(volume),
+                         std::span(scores).first(room));
   };
   const std::size_t whole = Telling_Volume().size();
-  EXPECT_NO_THROW(project(0, 3, whole, 1201));
-  EXPECT_THROW(project(9, 3, whole, 1201), RunTimeError);
-  EXPECT_THROW(project(-1, 3, whole, 1201), RunTimeError);
-  EXPECT_THROW(project(0, 2, whole, 1201), RunTimeError);
-  EXPECT_THROW(project(0, 3, whole - 1, 1201), RunTimeError);
-  EXPECT_THROW(project(0, 3, whole, 1200), RunTimeError);
+  EXPECT_NO_THROW(project(0, 3, whole));
+  EXPECT_THROW(project(9, 3, whole), RunTimeError);
+  EXPECT_THROW(project(-1, 3, whole), RunTimeError);
+  EXPECT_THROW(project(0, 2, whole), RunTimeError);
+  EXPECT_THROW(project(0, 3, whole - 1), RunTimeError);
 }
 
-std::vector<MeshPoint> Random_Mesh(std::size_t count) {
+std::vector<Point3D> Random_Mesh(std::size_t count) {
   std::mt19937 random(4);
   std::uniform_real_distribution<double> away(-75, 75);
-  std::vector<MeshPoint> mesh(count);
-  for (MeshPoint& p : mesh) p = {away(random), away(random), away(random) / 3};
+  std::vector<Point3D> mesh(count);
+  for (Point3D& p : mesh) p = {away(random), away(random), away(random) / 3};
   return mesh;
 }
 
+constexpr double kOmega = 0.02, kPhi = -0.03, kKappa = 2.1;
+
 /// Rotations one after the other about X, Y and Z, then collinearity, in long double.
-std::array<long double, 2> Pixel(const Setting& s, const MeshPoint& p) {
-  const auto& e = s.exterior;
-  long double X = p.X - e[3], Y = p.Y - e[4], Z = p.Z - e[5];
+std::array<long double, 2> Tilted_Pixel(const PatchProjection& s, const Point3D& p) {
+  long double X = p.X - s.X0, Y = p.Y - s.Y0, Z = p.Z - s.Z0;
   const auto turn = [](double angle, long double& a, long double& b) {
     const long double sine = std::sin(static_cast<long double>(angle));
     const long double cosine = std::cos(static_cast<long double>(angle));
@@ -167,31 +173,38 @@ std::array<long double, 2> Pixel(const Setting& s, const MeshPoint& p) {
     b = cosine * b - sine * a;
     a = turned;
   };
-  turn(e[0], Y, Z);
-  turn(e[1], Z, X);
-  turn(e[2], X, Y);
-  const long double x = -e[6] * X / Z, y = -e[6] * Y / Z;
+  turn(kOmega, Y, Z);
+  turn(kPhi, Z, X);
+  turn(kKappa, X, Y);
+  const long double x = -s.c * X / Z, y = -s.c * Y / Z;
   return {s.affine[0] * x + s.affine[1] * y + s.affine[2],
           s.affine[3] * x + s.affine[4] * y + s.affine[5]};
 }
 
-Setting Tilted_Setting() {
-  Setting s;
-  s.affine = {1e5, 900, 620.3, -700, 1.02e5, 610.7};
-  s.exterior = {0.02, -0.03, 2.1, 11, -9, 1003, 0.1};
-  return s;
+PatchProjection Tilted() {
+  Camera camera;
+  camera.c = 0.1;
+  camera.centre = {11, -9, 1003};
+  camera.m = Build_Rotation_Matrix(kOmega, kPhi, kKappa);
+  camera.A1 = 1e5;
+  camera.A2 = 900;
+  camera.A0 = 620.3;
+  camera.B1 = -700;
+  camera.B2 = 1.02e5;
+  camera.B0 = 610.7;
+  return Make_Patch_Projection(camera, {0, 1200});
 }
 
 using BackProjectionUnits = OnEveryVectorUnit;
 
 TEST_F(BackProjectionUnits, TiltedCameraReadsThePixelOfTheTurnedRay) {
-  const Setting s = Tilted_Setting();
-  const std::vector<MeshPoint> mesh = Random_Mesh(3001);
+  const PatchProjection s = Tilted();
+  const std::vector<Point3D> mesh = Random_Mesh(3001);
   Run([&] {
     const std::vector<float> scores = Project(s, mesh);
     std::size_t inside = 0;
     for (std::size_t k = 0; k < mesh.size(); ++k) {
-      const auto [col, row] = Pixel(s, mesh[k]);
+      const auto [col, row] = Tilted_Pixel(s, mesh[k]);
       const long double c = std::rint(col), r = std::rint(1200 - row);
       const bool seen = c >= 0 && r >= 0 && c <= 1200 && r <= 1200;
       inside += seen;
@@ -203,25 +216,25 @@ TEST_F(BackProjectionUnits, TiltedCameraReadsThePixelOfTheTurnedRay) {
 }
 
 TEST_F(BackProjectionUnits, EveryUnitAndNumberOfThreadsGivesTheSameBits) {
-  const std::vector<MeshPoint> mesh = Random_Mesh(40003);
-  const std::vector<float> expected = Project(Tilted_Setting(), mesh);
+  const std::vector<Point3D> mesh = Random_Mesh(40003);
+  const std::vector<float> expected = Project(Tilted(), mesh);
   Run([&] {
-    EXPECT_EQ(Project(Tilted_Setting(), mesh, 1), expected);
-    EXPECT_EQ(Project(Tilted_Setting(), mesh, 0), expected);
+    EXPECT_EQ(Project(Tilted(), mesh, 1), expected);
+    EXPECT_EQ(Project(Tilted(), mesh, 0), expected);
   });
 }
 
 TEST_F(BackProjectionUnits, TiesFallAsTheCollinearityEquationsRoundThem) {
   // Two pixels a metre, points every half metre: all lie half way between two pixels, and the
   // last bit of (-c) dX / q decides; another order of the same product decides otherwise.
-  Setting s;
+  PatchProjection s = Straight_Down();
   s.affine = {16000, 0, 600.5, 0, 16000, 600.5};
-  s.exterior = {0, 0, 0, 0, 0, 800, 0.1};
-  std::vector<MeshPoint> mesh;
+  s.Z0 = 800;
+  std::vector<Point3D> mesh;
   for (double X = -250; X <= 250; X += 0.5) mesh.push_back({X, 0.25 * X, 0});
   std::vector<float> expected;
   int otherwise = 0;
-  for (const MeshPoint& p : mesh) {
+  for (const Point3D& p : mesh) {
     const double col = 16000 * (-0.1 * p.X / -800) + 600.5;
     const double row = 1200 - (16000 * (-0.1 * p.Y / -800) + 600.5);
     expected.push_back(Told(static_cast<int>(std::rint(col)), static_cast<int>(std::rint(row))));
@@ -314,13 +327,13 @@ TEST_F(GeometricMeanUnits, EveryUnitAndNumberOfThreadsGivesTheSameBits) {
 /// The sum over half a million points that another program found.
 TEST(BackProjection, SumOfALargeMeshIsThatOfAnIndependentProgram) {
   constexpr std::size_t kPoints = 500000;
-  const std::vector<MeshPoint> mesh = bench::Mesh(kPoints);
+  const std::vector<Point3D> mesh = bench::Mesh(kPoints);
   const ZeroedArray<double> volume = bench::Smooth_Volume();
   Images values(5, std::vector<float>(kPoints));
   for (int k = 0; k < 5; ++k) {
-    const bench::PatchCamera camera = bench::Camera(k);
-    MYFUNC_COMPUTEBKPROJ(k, camera.affine, camera.exterior, camera.patch,
-                         values[static_cast<std::size_t>(k)], mesh, volume.All());
+    const auto [camera, first] = bench::Patch_Camera(k);
+    MYFUNC_COMPUTEBKPROJ(k, Make_Patch_Projection(camera, first), mesh, volume.All(),
+                         values[static_cast<std::size_t>(k)]);
   }
   const std::vector<float> scores = Mean(values, 0);
   EXPECT_NEAR(std::accumulate(scores.begin(), scores.end(), 0.0), 476883.936, 0.01);

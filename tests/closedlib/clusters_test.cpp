@@ -21,12 +21,12 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 struct Cluster {
   double weight = 0;
-  MeshPoint sum;
+  Point3D sum;
   int members = 0;
 };
 
 struct Input {
-  std::vector<MeshPoint> mesh;
+  std::vector<Point3D> mesh;
   std::vector<float> scores = {0};  // entry 0 is free
   double distance = 1.5, limit = 0.3;
 
@@ -40,11 +40,10 @@ std::vector<Cluster> Find(const Input& in) {
   std::vector<std::int32_t> index(in.scores.size());
   MYFUNC_INDEXX(in.scores, index);
   std::vector<double> weights(2001, 77);
-  std::vector<MeshPoint> sums(2001);
+  std::vector<Point3D> sums(2001);
   std::vector<std::int32_t> members(2001, 77);
-  const int count =
-      MYFUNC_FINDCLUSTERS(static_cast<std::int32_t>(in.mesh.size()), in.distance, in.limit, index,
-                          in.scores, in.mesh, weights, sums, members);
+  const ScoredMesh points{static_cast<std::int32_t>(in.mesh.size()), index, in.scores, in.mesh};
+  const int count = MYFUNC_FINDCLUSTERS(points, in.distance, in.limit, {weights, sums, members});
   EXPECT_EQ(weights[0], 77);
   EXPECT_EQ(members[0], 77);
   std::vector<Cluster> found;
@@ -64,7 +63,7 @@ std::vector<Cluster> Find_By_Walking(const Input& in) {
     const double weight = static_cast<double>(in.scores[entry]) - 1;
     if (std::isnan(weight)) continue;
     if (!(weight >= in.limit)) break;
-    const MeshPoint& p = in.mesh[entry - 1];
+    const Point3D& p = in.mesh[entry - 1];
     Cluster* nearest = nullptr;
     double least = in.distance > 0 ? in.distance * in.distance : 0;
     for (Cluster& c : clusters) {
@@ -191,10 +190,10 @@ TEST(Clusters, NothingAboveTheLimitGivesNone) {
 
 TEST(Clusters, CountOfZeroOrLessGivesNone) {
   std::vector<double> weights(2001);
-  std::vector<MeshPoint> sums(2001);
+  std::vector<Point3D> sums(2001);
   std::vector<std::int32_t> members(2001);
-  EXPECT_EQ(MYFUNC_FINDCLUSTERS(0, 1.5, 0.3, {}, {}, {}, weights, sums, members), 0);
-  EXPECT_EQ(MYFUNC_FINDCLUSTERS(-4, 1.5, 0.3, {}, {}, {}, weights, sums, members), 0);
+  EXPECT_EQ(MYFUNC_FINDCLUSTERS({0, {}, {}, {}}, 1.5, 0.3, {weights, sums, members}), 0);
+  EXPECT_EQ(MYFUNC_FINDCLUSTERS({-4, {}, {}, {}}, 1.5, 0.3, {weights, sums, members}), 0);
 }
 
 TEST(Clusters, NoDistanceLetsNoPointJoin) {
@@ -235,29 +234,29 @@ TEST(Clusters, NaNScoresArePassedOver) {
 }
 
 TEST(Clusters, IndexThatNamesNoPointIsRefused) {
-  const std::vector<MeshPoint> mesh(2);
+  const std::vector<Point3D> mesh(2);
   const std::vector<float> scores = {0, 2, 2};
   std::vector<double> weights(2001);
-  std::vector<MeshPoint> sums(2001);
+  std::vector<Point3D> sums(2001);
   std::vector<std::int32_t> members(2001);
   for (const std::int32_t bad : {0, 3, -1, 2147483647}) {
     const std::vector<std::int32_t> index = {0, bad, 1};
-    EXPECT_THROW(MYFUNC_FINDCLUSTERS(2, 1.5, 0.3, index, scores, mesh, weights, sums, members),
+    EXPECT_THROW(MYFUNC_FINDCLUSTERS({2, index, scores, mesh}, 1.5, 0.3, {weights, sums, members}),
                  RunTimeError)
         << bad;
   }
 }
 
 TEST(Clusters, ShortSpansAreRefused) {
-  const std::vector<MeshPoint> mesh(2);
+  const std::vector<Point3D> mesh(2);
   const std::vector<float> scores = {0, 2, 2};
   const std::vector<std::int32_t> index = {0, 1, 2};
   std::vector<double> weights(2001);
-  std::vector<MeshPoint> sums(2001);
+  std::vector<Point3D> sums(2001);
   std::vector<std::int32_t> members(2001);
   const auto find = [&](std::int32_t count, std::size_t room) {
-    return MYFUNC_FINDCLUSTERS(count, 1.5, 0.3, index, scores, mesh, std::span(weights).first(room),
-                               sums, members);
+    return MYFUNC_FINDCLUSTERS({count, index, scores, mesh}, 1.5, 0.3,
+                               {std::span(weights).first(room), sums, members});
   };
   EXPECT_EQ(find(2, 2001), 1);
   EXPECT_THROW(find(3, 2001), RunTimeError);
@@ -333,7 +332,7 @@ TEST(Clusters, BadPlacesClusterAsByWalking) {
   Input in = Random_Input({20, 1.5, 0, 500}, 5, 0, 0);
   const double bad[] = {kNan, kInfinity, -kInfinity, 1e300, -1e300, 1e15};
   for (std::size_t k = 0; k < 120; ++k) {
-    MeshPoint& p = in.mesh[4 * k];
+    Point3D& p = in.mesh[4 * k];
     (k % 2 ? p.X : p.Y) = bad[k % 6];
   }
   Expect_As_By_Walking(in);

@@ -21,8 +21,9 @@ struct Image {
 std::vector<double> Correlate(const Image& patch, const Image& pattern, int reference_col,
                               int reference_row, int threads = 1) {
   std::vector<double> result(patch.bytes.size(), 77);
-  MYFUNC_CORIMA(patch.bytes, patch.width, patch.height, pattern.bytes, pattern.width,
-                pattern.height, reference_col, reference_row, result, threads);
+  MYFUNC_CORIMA({patch.bytes, patch.width, patch.height, pattern.bytes, pattern.width,
+                 pattern.height, reference_col, reference_row},
+                result, threads);
   return result;
 }
 
@@ -139,7 +140,7 @@ TEST(CorrelationImage, ShortSpansAreRefused) {
   std::vector<double> result(20);
   const Bytes pattern = {1, 2};
   const auto correlate = [&](int width, int template_width) {
-    MYFUNC_CORIMA(kPatch.bytes, width, 4, pattern, template_width, 1, 0, 0, result);
+    MYFUNC_CORIMA({kPatch.bytes, width, 4, pattern, template_width, 1, 0, 0}, result);
   };
   EXPECT_NO_THROW(correlate(5, 2));
   EXPECT_THROW(correlate(6, 2), RunTimeError);
@@ -152,7 +153,7 @@ TEST(CorrelationImage, ShortSpansAreRefused) {
 TEST(CorrelationImage, RefusalNamesBothSizes) {
   std::vector<double> result(20);
   try {
-    MYFUNC_CORIMA(kPatch.bytes, 6, 4, kPatch.bytes, 1, 1, 0, 0, result);
+    MYFUNC_CORIMA({kPatch.bytes, 6, 4, kPatch.bytes, 1, 1, 0, 0}, result);
     FAIL() << "a patch of 24 pixels in 20 bytes was taken";
   } catch (const RunTimeError& error) {
     EXPECT_EQ(error.Kind(), Failure::SubscriptOutOfRange);

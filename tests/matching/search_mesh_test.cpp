@@ -43,7 +43,7 @@ TEST(SearchMesh, ColumnsRunThroughTheCanopyLayer) {
 TEST(SearchMesh, FollowsTheCanopyAtEachPosition) {
   const auto canopy = [](double X, double) { return X < 1000 ? 90.0 : 110.0; };
   const MeshTable mesh = Build_Mesh(Settings(4, 2), Level(100), canopy);
-  for (const MeshPoint& point : mesh) EXPECT_GE(point.X, 1000);
+  for (const Point3D& point : mesh) EXPECT_GE(point.X, 1000);
   EXPECT_EQ(mesh.size(), 6U * 3);  // 106.9 to 111.5 in steps of 2
 }
 

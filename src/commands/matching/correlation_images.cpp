@@ -67,8 +67,9 @@ std::vector<double> Correlate(Workspace& w, int image, const RawWindow& window,
   const ImageTemplate pattern = Read_Template(w.Drives, image);
   Progress progress(w);
   std::vector<double> result(patch.size());
-  MYFUNC_CORIMA(patch, window.Width(), window.Height(), pattern.pixels, pattern.width,
-                pattern.height, pattern.reference_col, pattern.reference_row, result);
+  MYFUNC_CORIMA({patch, window.Width(), window.Height(), pattern.pixels, pattern.width,
+                 pattern.height, pattern.reference_col, pattern.reference_row},
+                result);
   progress.Report(Format(progress.Seconds(), "#.00") +
                   " Seconds cross-corr for image: " + Index_Text(image));
   return result;

@@ -109,10 +109,11 @@ void Require_Scored_Mesh(const MatchingState& m) {
 void Search_Clusters(MatchingState& m) {
   Require_Scored_Mesh(m);
   std::vector<std::int32_t> members(kMostClusters + 2);
-  m.ClusterCount = MYFUNC_FINDCLUSTERS(m.SortCount, m.CaptureSnapshot.XYt, m.CaptureSnapshot.Rl,
-                                       m.SortIndex, m.PointScore, m.MeshPoints,
-                                       {m.ClusterWeight.begin(), m.ClusterWeight.end()},
-                                       {m.ClusterSum.begin(), m.ClusterSum.end()}, members);
+  const ClusterTables tables{{m.ClusterWeight.begin(), m.ClusterWeight.end()},
+                             {m.ClusterSum.begin(), m.ClusterSum.end()},
+                             members};
+  m.ClusterCount = MYFUNC_FINDCLUSTERS({m.SortCount, m.SortIndex, m.PointScore, m.MeshPoints},
+                                       m.CaptureSnapshot.XYt, m.CaptureSnapshot.Rl, tables);
   for (int i = 0; i <= m.ClusterCount; ++i) {
     m.ClusterInfo(i).Members = members[static_cast<std::size_t>(i)];
   }

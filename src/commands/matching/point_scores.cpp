@@ -21,6 +21,7 @@
 #include "services/progress.h"
 #include "services/status_line.h"
 #include "services/ticked_images.h"
+#include "solver/patch_projection.h"
 #include "state/box_numbers.h"
 #include "state/camera_access.h"
 
@@ -94,15 +95,12 @@ void Summarize_Images(Workspace& w, const std::vector<int>& images) {
 
 // The correlation of every mesh point in one image.
 std::vector<float> Back_Project(Workspace& w, int image) {
-  const ImageRecord& i = w.ImageBlock(image);
   const ImageRecord& patch = w.CorrelationRecords(image);
   const MeshTable& mesh = w.Matching.MeshPoints;
   std::vector<float> correlation(mesh.size());
-  MYFUNC_COMPUTEBKPROJ(
-      image, {i.AffineA1, i.AffineA2, i.AffineA0, i.AffineB1, i.AffineB2, i.AffineB0},
-      {i.Omega, i.Phi, i.Kappa, i.X0, i.Y0, i.Z0, i.PrincipalDistance},
-      {static_cast<double>(patch.FullHeight), patch.SubColOrigin, patch.SubRowOrigin, kVolumeSide},
-      correlation, mesh, w.Matching.CorrelationVolume.All());
+  const PatchProjection projection = Make_Patch_Projection(
+      Make_Camera(w.ImageBlock(image)), {patch.SubColOrigin, patch.SubRowOrigin});
+  MYFUNC_COMPUTEBKPROJ(image, projection, mesh, w.Matching.CorrelationVolume.All(), correlation);
   return correlation;
 }
 

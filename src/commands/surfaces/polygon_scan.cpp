@@ -27,7 +27,7 @@ double Shaken(Workspace& w, double film) {
 }
 
 FilmPosition Start_Place(Workspace& w, int image) {
-  const auto boxes = Film_In_Boxes(w, image);
+  const FilmPosition boxes = Film_In_Boxes(w, image);
   const double x = Shaken(w, boxes.x);
   return {x, Shaken(w, boxes.y)};
 }
@@ -74,21 +74,17 @@ PolygonScan::PolygonScan(Workspace& w, const SurfaceSettings& settings)
 // The rows are not copied: the mapped files hold them, and a file that cannot be read tells so when
 // a window needs it.
 void PolygonScan::Lay_Strips(const FilmPosition& start) {
-  const Camera fixed = Camera_Of_Image(settings_.search.fixed_image);
+  const Camera fixed = Camera_Of(w_, settings_.search.fixed_image);
   const Point3D ground =
       Image_To_Object_At_Z(fixed, centre_, start).value_or(Point3D{0, 0, centre_});
   const auto lay = [&](int image) {
     const ImageRecord& record = w_.ImageBlock(image);
     if (record.ColorFlag != 1) return;
-    const double row = Object_To_Pixel(Camera_Of_Image(image), ground).row;
+    const double row = Object_To_Pixel(Camera_Of(w_, image), ground).row;
     strips_(image) = Strip_At(Raw_Row(record.SubHeight, row), settings_.grid.placing);
   };
   lay(settings_.search.fixed_image);
   for (const int image : settings_.search.moving_images) lay(image);
-}
-
-Camera PolygonScan::Camera_Of_Image(int image) const {
-  return Make_Camera(w_.ImageBlock(image), w_.RotationTable(image));
 }
 
 std::optional<double> PolygonScan::Strip_Bytes() {
@@ -133,8 +129,7 @@ void PolygonScan::Search_At_Boxes(const Keep& keep) {
   for (const auto& image : followed_) static_cast<void>(image->Index());
   if (!w_.SolutionValid) centre_ = kCentreWithoutSolution;
   const SearchSettings& search = settings_.search;
-  const auto boxes = Film_In_Boxes(w_, search.fixed_image);
-  const FilmPosition film{boxes.x, boxes.y};
+  const FilmPosition film = Film_In_Boxes(w_, search.fixed_image);
   const SurfaceImage fixed = Open(search.fixed_image);
   const auto window = Textured_Window(search, fixed, film, centre_);
   if (!window) {

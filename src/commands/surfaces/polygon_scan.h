@@ -42,7 +42,6 @@ class PolygonScan {
 
  private:
   void Lay_Strips(const FilmPosition& start);
-  [[nodiscard]] Camera Camera_Of_Image(int image) const;
   SurfaceImage Open(int image);
   std::vector<SurfaceImage> Open_Moving();
   void Search_At_Boxes(const Keep& keep);

@@ -21,8 +21,7 @@ constexpr const char* kTripletNodeFile = "c:\\temp\\FotoKork_Asfalttitie.nod";
 std::optional<SurfaceSearch> Search_At_Boxes(Workspace& w, const SearchSettings& settings) {
   const double centre = w.SolutionValid ? w.Solution3D.Z : kCentreWithoutSolution;
   const SurfaceImage fixed = Open_Surface_Image(w, settings.fixed_image);
-  const auto boxes = Film_In_Boxes(w, settings.fixed_image);
-  const FilmPosition film{boxes.x, boxes.y};
+  const FilmPosition film = Film_In_Boxes(w, settings.fixed_image);
   const auto window = Textured_Window(settings, fixed, film, centre);
   if (!window) return std::nullopt;
   return Search_Vertical_Line(settings, *window, fixed.camera, Open_Moving_Images(w, settings),
