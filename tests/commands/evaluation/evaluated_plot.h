@@ -57,10 +57,10 @@ class EvaluatedPlot : public testing::Test {
     Load_Level_Model(150.5F);
   }
 
-  void Set_Clusters(const std::vector<MeshPoint>& tops) {
+  void Set_Clusters(const std::vector<Point3D>& tops) {
     constexpr double kWeight = 2;
     w.Matching.ClusterCount = 0;
-    for (const MeshPoint& top : tops) {
+    for (const Point3D& top : tops) {
       const int i = ++w.Matching.ClusterCount;
       w.Matching.ClusterWeight(i) = kWeight;
       w.Matching.ClusterSum(i) = {kWeight * top.X, kWeight * top.Y, kWeight * top.Z};
