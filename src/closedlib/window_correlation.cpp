@@ -5,6 +5,7 @@
 #include <cmath>
 #include <string>
 
+#include "closedlib/window_products.h"
 #include "platform/run_time_error.h"
 
 namespace sylvomex {
@@ -48,17 +49,15 @@ WindowStatistics MYFUNC_TEMPMEANSTD(std::span<const std::uint8_t> window) {
 double MYFUNC_CCORB(std::span<const std::uint8_t> window, std::span<const std::uint8_t> pattern,
                     double window_mean) {
   Require_Same_Size(window.size(), pattern.size());
-  const double pattern_mean = MYFUNC_TEMPMEANSTD(pattern).mean;
-  double products = 0, window_squares = 0, pattern_squares = 0;
-  for (std::size_t i = 0; i < window.size(); ++i) {
-    const double a = window[i] - window_mean;
-    const double b = pattern[i] - pattern_mean;
-    products += a * b;
-    window_squares += a * a;
-    pattern_squares += b * b;
-  }
-  if (window_squares == 0 || pattern_squares == 0) return 0;
-  const double r = products / (std::sqrt(window_squares) * std::sqrt(pattern_squares));
+  const auto n = static_cast<std::int64_t>(window.size());
+  const std::int64_t window_sum = std::llrint(window_mean * static_cast<double>(n));
+  const WindowProducts sums = Products_Of_Windows(window.data(), pattern.data(), window.size());
+  const std::int64_t window_variation = n * sums.aa - window_sum * window_sum;
+  const std::int64_t pattern_variation = n * sums.bb - sums.b * sums.b;
+  if (window_variation == 0 || pattern_variation == 0) return 0;
+  const double r = static_cast<double>(n * sums.ab - window_sum * sums.b) /
+                   (std::sqrt(static_cast<double>(window_variation)) *
+                    std::sqrt(static_cast<double>(pattern_variation)));
   return std::clamp(r, -1.0, 1.0);
 }
 

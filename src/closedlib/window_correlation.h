@@ -17,9 +17,11 @@ struct WindowStatistics {
 WindowStatistics MYFUNC_TEMPMEANSTD(std::span<const std::uint8_t> window);
 
 /// Pearson's correlation coefficient of two windows of the same size, -1 to 1 (Pearson 1895);
-/// 0 when one of them has no variance. It is the same for both orders of the windows.
+/// 0 when one of them has no variance. It is the same for both orders of the windows, from sums of
+/// whole numbers.
 ///
-/// window_mean: the mean of the first window, from MYFUNC_TEMPMEANSTD. RunTimeError
+/// window_mean: the mean of the first window, from MYFUNC_TEMPMEANSTD; times the number of pixels
+/// it is the whole sum of the window. RunTimeError
 /// (SubscriptOutOfRange) naming both sizes when they differ.
 double MYFUNC_CCORB(std::span<const std::uint8_t> window, std::span<const std::uint8_t> pattern,
                     double window_mean);

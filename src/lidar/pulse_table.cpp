@@ -105,6 +105,7 @@ void PulseTable::Make_Room(std::int32_t count) {
   }
   for (std::size_t k = 0; k < kArrays; ++k) starts_[k] = memory_->Data() + begins[k];
   count_ = count;
+  ++version_;
 }
 
 void PulseTable::Take_Records(const std::uint8_t* records, std::int64_t first, int count) {

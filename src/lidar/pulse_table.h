@@ -19,6 +19,9 @@ class PulseTable {
  public:
   [[nodiscard]] std::int32_t Count() const { return count_; }
 
+  /// Another number after every reading that touched the table.
+  [[nodiscard]] std::uint64_t Version() const { return version_; }
+
   /// Pulse of an index from 1 to Count(); RunTimeError(SubscriptOutOfRange) otherwise.
   LidarPulse operator()(long long index) const;
 
@@ -81,6 +84,7 @@ class PulseTable {
   std::size_t memory_bytes_ = 0;
   std::array<std::uint8_t*, kArrays> starts_{};
   std::int32_t count_ = 0;
+  std::uint64_t version_ = 0;
 };
 
 /// Reads a tile into the table and returns its count. A count of 0 leaves the table as it was;

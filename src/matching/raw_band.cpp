@@ -22,12 +22,11 @@ void Require_Inside(const char* what, std::int64_t first, std::int64_t count, st
                          " leaves the band of the raw file, 0 to " + std::to_string(room - 1));
 }
 
-std::uint8_t Middle_Byte(const RawBand& band, std::int64_t col, std::int64_t band_row) {
-  const auto index = static_cast<std::size_t>((band_row * band.columns + col) * kBytesPerPixel + 1);
-  return index < band.bytes.size() ? band.bytes[index] : std::uint8_t{0};
-}
-
 }  // namespace
+
+bool Is_Band_In_Raster(const ImageRecord& image, double first_row, std::int32_t rows) {
+  return first_row >= 0 && first_row + rows <= image.SubHeight;
+}
 
 RawBand Read_Band(const FilePath& raw_file, double sub_width, std::int32_t first_row,
                   std::int32_t rows) {
@@ -36,12 +35,8 @@ RawBand Read_Band(const FilePath& raw_file, double sub_width, std::int32_t first
   band.columns = std::max<std::int32_t>(To_Int16(sub_width), 0);
   band.rows = rows;
   const std::int64_t row_bytes = band.columns * kBytesPerPixel;
-  const std::int64_t offset = first_row * row_bytes;
-  const PositionalFile file(raw_file);
-  const std::int64_t left = static_cast<std::int64_t>(file.Size()) - offset;
-  const std::int64_t wanted = std::max<std::int64_t>(std::min(left, rows * row_bytes), 0);
-  band.bytes.resize(static_cast<std::size_t>(wanted));
-  band.bytes.resize(file.Read_At(offset, band.bytes));
+  band.bytes.resize(static_cast<std::size_t>(rows * row_bytes));
+  PositionalFile(raw_file).Read_At(first_row * row_bytes, band.bytes);
   return band;
 }
 
@@ -49,11 +44,14 @@ void Cut_Window(const RawBand& band, std::int64_t col, std::int64_t band_row,
                 const ImageTemplate& pattern, std::vector<std::uint8_t>& window) {
   Require_Inside("columns", col, pattern.width, band.columns);
   Require_Inside("band rows", band_row, pattern.height, band.rows);
-  window.clear();
-  for (std::int64_t row = band_row; row < band_row + pattern.height; ++row) {
-    for (std::int64_t c = col; c < col + pattern.width; ++c) {
-      window.push_back(Middle_Byte(band, c, row));
-    }
+  const auto width = static_cast<std::size_t>(pattern.width);
+  const auto height = static_cast<std::size_t>(pattern.height);
+  window.resize(width * height);
+  std::uint8_t* to = window.data();
+  for (std::size_t row = 0; row < height; ++row, to += width) {
+    const std::int64_t pixel = (band_row + static_cast<std::int64_t>(row)) * band.columns + col;
+    const std::uint8_t* from = band.bytes.data() + pixel * kBytesPerPixel + 1;
+    for (std::size_t i = 0; i < width; ++i) to[i] = from[i * kBytesPerPixel];
   }
 }
 

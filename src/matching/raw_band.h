@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "imageblock/image_record.h"
 #include "matching/image_template.h"
 #include "platform/drive_map.h"
 
@@ -16,8 +17,11 @@ struct RawBand {
   std::int32_t first_row = 0;  // of the raw file
   std::int32_t columns = 0;
   std::int32_t rows = 0;
-  std::vector<std::uint8_t> bytes;  // may end early: what lies past the file's end is 0
+  std::vector<std::uint8_t> bytes;  // what lies past the file's end is 0
 };
+
+/// True when all rows of a band lie in the raster of the image.
+bool Is_Band_In_Raster(const ImageRecord& image, double first_row, std::int32_t rows);
 
 /// RunTimeError(FileFailure) when the band starts before the file does, those of the file layer
 /// and of the integer conversions.

@@ -49,6 +49,14 @@ Found Field_Of(const ReferenceTreeRecord& record, const std::string& field) {
   return Field_Text(field, [&](auto&& visit) { Visit_Reference_Tree(record, visit); });
 }
 
+Found Field_Of(const CrownRecord& record, const std::string& field) {
+  return Field_Text(field, [&](auto&& visit) { Visit_Crown_Record(record, visit); });
+}
+
+Found Field_Of(const LocalTree& record, const std::string& field) {
+  return Field_Text(field, [&](auto&& visit) { Visit_Local_Tree(record, visit); });
+}
+
 Found Count_Of(std::size_t count, const std::string& field) {
   if (field != "Count") return std::nullopt;
   return Value_Text(count);
@@ -70,6 +78,14 @@ constexpr std::array kRecords{
               [](const Workspace& w, const std::string& f) { return Field_Of(w.TinDem, f); }},
     RecordRow{"TinChm",
               [](const Workspace& w, const std::string& f) { return Field_Of(w.TinChm, f); }},
+    RecordRow{"LocalTreeRecord",
+              [](const Workspace& w, const std::string& f) {
+                return Field_Of(w.Crowns.LocalTreeRecord, f);
+              }},
+    RecordRow{"CrownTrees",
+              [](const Workspace& w, const std::string& f) {
+                return Count_Of(static_cast<std::size_t>(w.Crowns.TreeCount), f);
+              }},
     RecordRow{"MeshPoints",
               [](const Workspace& w, const std::string& f) {
                 return Count_Of(w.Matching.MeshPoints.size(), f);
@@ -104,6 +120,10 @@ constexpr std::array kRecordTables{
     RecordTableRow{"ReferenceTree",
                    [](const Workspace& w, long i, const std::string& f) {
                      return Field_Of(Entry_From_One(w.Evaluation.ReferenceTree, i), f);
+                   }},
+    RecordTableRow{"CrownTrees",
+                   [](const Workspace& w, long k, const std::string& f) {
+                     return Field_Of(w.Crowns.CrownTrees(k), f);
                    }},
     RecordTableRow{"Template",
                    [](const Workspace& w, long k, const std::string& f) {

@@ -24,6 +24,7 @@
 #include "solver/camera_model.h"
 #include "solver/measurement_records.h"
 #include "solver/space_intersection.h"
+#include "state/crown_state.h"
 #include "state/followed_image.h"
 #include "state/form1.h"
 #include "state/form2.h"
@@ -130,6 +131,7 @@ struct Workspace {
 
   MatchingState Matching;
   EvaluationState Evaluation;
+  CrownState Crowns;
 
   Form1State Form1;
   Form2State Form2;

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "commands/crowns/local_trees.h"
 #include "imageblock/bitmap_file.h"
 #include "panes/pane_drawing.h"
 #include "platform/number_text.h"
@@ -10,7 +11,6 @@
 #include "services/status_line.h"
 #include "state/camera_access.h"
 #include "workspace/menu_modes.h"
-#include "workspace/menu_table.h"
 #include "workspace/operator_event.h"
 
 namespace sylvomex {
@@ -75,8 +75,8 @@ void Move_Solution(Workspace& w, char letter) {
 
 void Form_KeyDown(Workspace& w, int key_code, int shift) {
   if (shift == kShift || shift == kCtrl) return;
-  if (key_code == 'M') Say_Not_Built(w, "Store the tree record (key M)");
-  if (key_code == 'P') Say_Not_Built(w, "Show the stored tree records (key P)");
+  if (key_code == 'M') Save_Local_Tree(w);
+  if (key_code == 'P') Show_Saved_Trees(w);
   if (key_code == 'L') Save_First_Picture(w);
   for (int index = 0; index < 4; ++index) {
     if (key_code == '1' + index || key_code == kKeyPadOne + index) Choose_Species(w, index);

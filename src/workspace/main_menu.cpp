@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The rows of the main window's menus, in menu order.
+#include "commands/crowns/crown_intersection.h"
+#include "commands/crowns/image_lidar_allometry.h"
+#include "commands/crowns/match_local_crown.h"
 #include "commands/evaluation/results_window.h"
 #include "commands/heightmodels/height_plot.h"
 #include "commands/heightmodels/model_conversion.h"
@@ -112,7 +115,7 @@ constexpr MenuRow kMainMenu[] = {
     {2, "Set_3D_solution", "Set 3D-solution to a given XYZ (Query)", 0, 0, false, MenuRole::Command, Set_3D_solution, nullptr},
     {2, "Set_3D_solution_To_Stereo_Sol", "Set 3D-solution to STEREO XYZ", 0, 0, false, MenuRole::Command, Set_3D_solution_To_Stereo_Sol, nullptr},
     {2, "Set_3D_solution_to_a_new_plot_location", "Set 3D-solution to a new plot location", kF1, kCtrl, true, MenuRole::Command, Set_3D_solution_to_a_new_plot_location, nullptr},
-    {2, "Crown_Intersection_For_LiDAR", "Crown Intersection For LiDAR", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
+    {2, "Crown_Intersection_For_LiDAR", "Crown Intersection For LiDAR", 0, 0, false, MenuRole::Command, Crown_Intersection_For_LiDAR, nullptr},
     {2, "Reset_Point_Solution", "Reset (X,Y,Z) - solution", 0, 0, false, MenuRole::Command, Reset_Point_Solution, nullptr},
     {1, "Save_measured_point", "Save measured point", kF1 + 11, kShift, false, MenuRole::Command, Save_measured_point, nullptr},
     {1, "Save_XY_Distances", "Save XY-distances", 'S', kCtrl, false, MenuRole::Command, Save_XY_Distances, nullptr},
@@ -149,9 +152,9 @@ constexpr MenuRow kMainMenu[] = {
     {2, "Create_CHM_from_ALS", "Create CHM from ALS", 0, 0, true, MenuRole::Command, Create_CHM_from_ALS, nullptr},
     {2, "Get_TIN_for_Points", "Get TIN elevation for points", 0, 0, true, MenuRole::Command, Get_TIN_for_Points, nullptr},
     {1, "Find_Trees_Based_On_Lidar", "Find Trees Based on Lidar", 0, 0, true, MenuRole::Command, Find_Trees_Based_On_Lidar, nullptr},
-    {1, "Find_And_Match_In_Lidar", "Find and Match in Lidar", kF1 + 4, 0, true, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Image_Lidar_Allometry_Algorithm", "Image Lidar Allometry Algorithm", 0, 0, true, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Match_Local_Crown", "Match Local Crown", kF1 + 3, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
+    {1, "Find_And_Match_In_Lidar", "Find and Match in Lidar", kF1 + 4, 0, true, MenuRole::Command, Find_And_Match_In_Lidar, nullptr},
+    {1, "Image_Lidar_Allometry_Algorithm", "Image Lidar Allometry Algorithm", 0, 0, true, MenuRole::Command, Image_Lidar_Allometry_Algorithm, nullptr},
+    {1, "Match_Local_Crown", "Match Local Crown", kF1 + 3, 0, false, MenuRole::Command, Match_Local_Crown, nullptr},
     {1, "Get_angles", "Get angular orientation (image-object-sun)", 0, 0, false, MenuRole::Command, Get_angles, nullptr},
     {1, "Cast_sun_ray", "Cast sun ray from solution point", 0, 0, false, MenuRole::Command, Cast_sun_ray, nullptr},
     {0, "Image", "Image matching", 0, 0, false, MenuRole::Submenu, nullptr, nullptr},

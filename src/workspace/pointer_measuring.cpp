@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/pointer_measuring.h"
 
+#include "commands/crowns/multi_size_click.h"
 #include "commands/solver/epipolar_and_sun.h"
 #include "panes/pane_drawing.h"
 #include "platform/number_text.h"
@@ -44,9 +45,7 @@ void Run_Modes_That_Follow(Workspace& w, int pane) {
   if (w.Menu.Measure_Triplet && pane == 1) {
     Run_Menu_Command(w, "Get_surface_single_point_triplet");
   }
-  if (w.Menu.Measure_tree_tops_By_Matching) {
-    Say_Not_Built(w, "Measure tree tops (Multi TM Matching)");
-  }
+  if (w.Menu.Measure_tree_tops_By_Matching) Multi_Size_Click(w, pane);
 }
 
 }  // namespace

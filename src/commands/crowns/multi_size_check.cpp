@@ -24,21 +24,12 @@ struct TemplatePosition {
   double raw_row = 0;
 };
 
-RawBand Band_Around(const Workspace& w, const ImageRecord& record, const TemplatePosition& at) {
-  return Read_Band(w.Drives.Locate(record.RawFileName.Padded()), record.SubWidth,
-                   To_Int32(at.raw_row - kBandRowsAbove), kBandRows);
-}
-
 double Best_Correlation(const RawBand& band, const TemplatePosition& at,
                         const ImageTemplate& pattern) {
   const std::int64_t col = To_Int32(at.col - pattern.reference_col);
   const std::int64_t band_row =
       std::int64_t{To_Int32(at.raw_row)} - band.first_row - pattern.reference_row;
   return Best_Correlation_Around(band, col, band_row, kReach, pattern);
-}
-
-bool Lies_In_Raster(const ImageRecord& record, double first_row) {
-  return first_row >= 0 && first_row + kBandRows <= record.SubHeight;
 }
 
 // Whether the point is to be marked: false when a template is missing. best: the best correlation
@@ -48,8 +39,10 @@ bool Search_Sizes(const Workspace& w, int image, const Point3D& point, double& b
   const ImageRecord& record = w.ImageBlock(image);
   const auto [col, row] = Object_To_Pixel(w, image, point);
   const TemplatePosition at{col, (record.SubHeight - 1) - row};
-  if (!Lies_In_Raster(record, Round_Half_Even(at.raw_row - kBandRowsAbove))) return true;
-  const RawBand band = Band_Around(w, record, at);
+  const double first_row = Round_Half_Even(at.raw_row - kBandRowsAbove);
+  if (!Is_Band_In_Raster(record, first_row, kBandRows)) return true;
+  const RawBand band = Read_Band(w.Drives.Locate(record.RawFileName.Padded()), record.SubWidth,
+                                 To_Int32(first_row), kBandRows);
   best = -1;
   for (int size = 1; size <= kTemplateSizeCount; ++size) {
     if (!Has_Size_Template(w.Drives, image, size)) return false;

@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: MIT
+#include "commands/crowns/match_local_crown.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string>
+
+#include "commands/crowns/crown_drawing.h"
+#include "commands/crowns/crown_exchange.h"
+#include "commands/crowns/crown_inputs.h"
+#include "commands/crowns/fit_next_crown.h"
+#include "commands/lidar/lidar_inputs.h"
+#include "crowns/species.h"
+#include "platform/files.h"
+#include "platform/number_text.h"
+#include "platform/rounding.h"
+#include "services/status_line.h"
+#include "state/camera_access.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr double kTopShare = 0.95;  // of the height, above which echoes are taken
+constexpr double kTopMargin = 1.0;  // metres above the height, from which they are not
+constexpr int kMinPoints = 3;
+constexpr double kFirstRing = 0.1, kRingStep = 1;  // metres
+constexpr int kRingWidth = 2;
+
+// The tree that is measured, as the operator set it.
+struct LocalSite {
+  Point3D top;
+  double ground = 0;
+  double height = 0;  // above the ground, metres
+  int species = 0;
+};
+
+struct LocalEchoes {
+  std::vector<float> radial, depth;
+  float highest = 0;  // above the ground, metres
+};
+
+CrownRecord Tree_Of(const LocalSite& site, const CrownShape& start) {
+  CrownRecord crown{site.top.X, site.top.Y, To_Single(site.top.Z), To_Single(site.height), 1, 0,
+                    0,          0};
+  Set_Shape(crown, start);
+  return crown;
+}
+
+// The highest echo, which is passed over, stands for the top at distance and depth 0.
+LocalEchoes Take_Echoes(CrownEchoes& echoes, CrownRecord& crown) {
+  LocalEchoes taken{{0}, {0}, 0};
+  if (echoes.Count() > 0) echoes.Use(echoes.Count() - 1);
+  const GrowthLimits limits{.above = kTopShare * crown.Height, .below = crown.Height + kTopMargin};
+  for (const CrownEcho& echo : echoes.Grow(crown, limits)) {
+    taken.radial.push_back(echo.radial);
+    taken.depth.push_back(echo.depth);
+    Require_Crown_Room(1, crown, taken.radial.size());
+    taken.highest = std::max(taken.highest, echoes.At(echo.rank).Normal_Height());
+  }
+  crown.PointCount = static_cast<std::int32_t>(taken.radial.size());
+  return taken;
+}
+
+std::string Parameter_Line(const CrownFit& fit, const CrownRecord& crown) {
+  std::string line =
+      Plain_Text(fit.counter) + "," + Plain_Text(crown.PointCount) + "," + Plain_Text(crown.Height);
+  for (const double value : {fit.shape.a, fit.shape.p, fit.shape.b, fit.rmse}) {
+    line += "," + Plain_Text(value);
+  }
+  return line + "\n";
+}
+
+CrownFit Fit_Local_Crown(Workspace& w, const LocalEchoes& taken, const CrownRecord& crown) {
+  std::string lines;
+  const CrownFit fit =
+      Fit_Crown({taken.radial, taken.depth, crown.Height}, Shape_Of(crown), kLocalTreeFit,
+                Solver_With_Files(w.Drives),
+                [&](const CrownFit& step) { lines += Parameter_Line(step, crown); });
+  if (!lines.empty()) Append_To_File(w.Drives.Locate("c:\\data\\parameters.txt"), lines);
+  return fit;
+}
+
+double Crown_Diameter(const CrownFit& fit, double height) {
+  return 2 * Radius_At_Sine(fit.shape, height, std::sin((1 - kTopShare) * 4));
+}
+
+void Draw_Local_Crown(Workspace& w, const CrownRecord& crown) {
+  const double last = (1 - kTopShare) * crown.Height;
+  for (const double depth : Ring_Depths(kFirstRing, last, kRingStep)) {
+    Draw_Ring(w, crown, depth, Depth_Colour(depth), kRingWidth);
+  }
+  Picture& pane = w.Form1.Picture1(1);
+  pane.font.size = 12;
+  pane.CurrentX -= 50;
+  pane.CurrentY += 20;
+}
+
+void Fill_Record(LocalTree& tree, const LocalSite& site, const LocalEchoes& taken,
+                 const CrownFit& fit, double diameter) {
+  tree.TreeNumber = To_Int16(tree.TreeNumber + 1);
+  tree.Species = To_Byte(site.species);
+  tree.X = site.top.X;
+  tree.Y = site.top.Y;
+  tree.Z = site.top.Z;
+  tree.GroundZ = To_Single(site.ground);
+  tree.TreeHeight = To_Single(site.height);
+  tree.LidarMax = taken.highest;
+  tree.LidarCrownWidth = To_Single(diameter);
+  tree.FitRmse = To_Single(fit.rmse);
+  tree.FitA = fit.shape.a;
+  tree.FitP = fit.shape.p;
+  tree.FitB = fit.shape.b;
+}
+
+// Stem diameters by the lidar's crown width for species 1 to 4, then by the photographs': those
+// of the tree's own species, the others 0.
+std::array<double, 8> Stem_Diameters(Workspace& w, const LocalTree& tree, double diameter) {
+  std::array<double, 8> diameters{};
+  const auto report = [&w](std::string_view text) { w.screen->Message_Box(text); };
+  if (tree.Species == 0) return diameters;
+  const std::size_t own = tree.Species - std::size_t{1};
+  diameters[own] = Stem_Diameter(tree.Species, diameter, tree.TreeHeight, report);
+  diameters[own + 4] = Stem_Diameter(tree.Species, tree.PhotoCrownWidth, tree.TreeHeight, report);
+  return diameters;
+}
+
+std::string Measures_Line(Workspace& w, const LocalTree& tree, const CrownRecord& crown,
+                          double diameter) {
+  std::string line;
+  for (const double stem : Stem_Diameters(w, tree, diameter)) line += Plain_Text(stem) + ",";
+  line += Plain_Text(crown.X) + "," + Plain_Text(crown.Y) + ",";
+  line += Plain_Text(crown.TopZ) + "," + Plain_Text(crown.Height) + ",";
+  line += Plain_Text(tree.LidarMax) + ",";
+  for (const double value : {tree.FitA, tree.FitP, tree.FitB}) line += Plain_Text(value) + ",";
+  line += Plain_Text(tree.PhotoCrownWidth) + "," + Plain_Text(diameter) + ",";
+  return line + Plain_Text(tree.FitRmse) + "," + Plain_Text(int{tree.Species}) + "\n";
+}
+
+void Measure_Local_Crown(Workspace& w, LocalSite& site, CrownEchoes& echoes,
+                         const CrownShape& start) {
+  w.Crowns.CrownTrees = {};
+  w.Crowns.TreeCount = 0;
+  Show_Status(w, "Fitting crowns...");
+  site.species = Get_Species(w);
+  if (site.species == 0) w.screen->Message_Box("Species became 0");
+  CrownRecord crown = Tree_Of(site, start);
+  const LocalEchoes taken = Take_Echoes(echoes, crown);
+  w.Crowns.CrownTrees(1) = crown;
+  w.Crowns.TreeCount = 1;
+  if (crown.PointCount < kMinPoints) {
+    w.screen->Message_Box("Too few LiDAR points!");
+    return;
+  }
+  const CrownFit fit = Fit_Local_Crown(w, taken, crown);
+  Set_Shape(crown, fit.shape);
+  w.Crowns.CrownTrees(1) = crown;
+  if (fit.verdict == CrownVerdict::NotSolvable) {
+    Show_Status(w, "Fitting FAIL, iterations: " + Fit_Text(fit, crown.PointCount));
+    return;
+  }
+  const double diameter = Crown_Diameter(fit, crown.Height);
+  Draw_Local_Crown(w, crown);
+  LocalTree& tree = w.Crowns.LocalTreeRecord;
+  Fill_Record(tree, site, taken, fit, diameter);
+  w.Form1.Label10.FontSize = 8;
+  Show_Status(w, "Dcrm: " + Format(diameter, "0.0 m") +
+                     " LidarMax: " + Format(tree.LidarMax, "0.0 m") +
+                     " Foto-h: " + Format(tree.TreeHeight, "0.0 m"));
+  w.Crowns.LidarFitDone = true;
+  Append_To_File(w.Drives.Locate("c:\\data\\testmeasures.txt"),
+                 Measures_Line(w, tree, crown, diameter));
+}
+
+}  // namespace
+
+void Match_Local_Crown(Workspace& w) {
+  if (Read_Pulse_Tile(Solution_Tile(w, Campaign::Als2006), w.LidarPulses) == 0) return;
+  LocalSite site{w.Solution3D, Get_Raster_Elevation(w, w.Solution3D.X, w.Solution3D.Y), 0,
+                 Get_Species(w)};
+  site.height = site.top.Z - site.ground;
+  if (site.species == 0) {
+    w.screen->Message_Box("Species unresolved");
+    return;
+  }
+  const double radius = Search_Radius(site.species, site.height);
+  const CrownShape start = Local_Start_Shape(site.species, radius, site.height);
+  Show_Status(w, "Reading lidar data for the area...");
+  CrownEchoes echoes = Sort_Echoes(w, Gather_Echoes(w, [&](double X, double Y) {
+                                     return std::sqrt((X - site.top.X) * (X - site.top.X) +
+                                                      (Y - site.top.Y) * (Y - site.top.Y)) < radius;
+                                   }));
+  Measure_Local_Crown(w, site, echoes, start);
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "state/workspace.h"
+
+namespace sylvomex {
+
+/// Fits one crown to the 2006 lidar echoes around the solution, taken as the tree top, and fills
+/// the lidar half of the pending tree record.
+void Match_Local_Crown(Workspace& w);
+
+}  // namespace sylvomex
