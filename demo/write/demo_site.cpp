@@ -6,6 +6,7 @@
 #include "demo/write/camera_tables.h"
 #include "demo/write/colour_map.h"
 #include "demo/write/cursor_file.h"
+#include "demo/write/evaluation_session.h"
 #include "demo/write/field_files.h"
 #include "demo/write/height_rasters.h"
 #include "demo/write/image_files.h"
@@ -79,6 +80,9 @@ void Write_Demo_Site(const Scene& scene, const std::vector<Photograph>& photos,
   Write_Beside_Drives(root / "sessions" / "match.txt", Match_Session(scene, photos));
   Write_Beside_Drives(root / "sessions" / "overlays.txt", Overlay_Session(scene, photos, tree));
   Write_Surface_Sessions(scene, photos, root);
+  Write_Evaluation_Files(scene, photos, drives);
+  Write_Beside_Drives(root / "sessions" / "evaluate.txt", Evaluation_Session(scene, photos));
+  Write_Beside_Drives(root / "sessions" / "orientation.txt", Orientation_Session());
   Write_Beside_Drives(root / "sessions" / "open.txt", Open_Session(scene, photos));
   Write_Beside_Drives(root / "version.txt", std::to_string(kSiteVersion) + "\n");
 }

@@ -88,6 +88,7 @@ void Draw_Y_Axis(Picture& pane, const GraphScale& scale, const Axis& axis) {
     const double py = scale.At(scale.x0, tick).py;
     if (py < kAxisTop + 2 * kHalfLine || py > bottom - kHalfLine) continue;
     Draw_Segment(pane, {kAxisMargin - kTickLength, py}, {kAxisMargin, py}, kBlack);
+    if (py < kAxisTop + 4 * kHalfLine) continue;  // what the axis measures stands there
     Print_At(pane, {kAxisMargin + 3, py - 2 * kHalfLine}, Format(tick, axis.pattern));
   }
   Print_At(pane, {kTextLeft, kAxisTop - 2}, axis.measures);

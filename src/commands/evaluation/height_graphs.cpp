@@ -104,9 +104,13 @@ void Draw_Class_Heights(const Workspace& w, Picture& pane) {
   const double column = Height_Count_Scale(Size_Of(pane), 1).pixels_x;
   const GraphScale scale = Height_Count_Scale(Size_Of(pane), std::min(column, room / most));
   Begin_Graph(pane, "Tree heights / cluster-heights in M/O/C -classes");
-  Draw_X_Axis(pane, scale, {{0, 30}, 5, "0", "height, m"});
+  Draw_X_Axis(pane, scale, {{0, 30}, 5, "0", ""});
   const double top = std::max(1.0, room / scale.pixels_y);
-  Draw_Y_Axis(pane, scale, {{0, top}, std::max(1.0, Tick_Step(top, 6)), "0", "number"});
+  Draw_Y_Axis(pane, scale,
+              {{0, top},
+               std::max(1.0, Tick_Step(top, 6)),
+               "0",
+               "number of trees and clusters over their height, m"});
   Stack_Bricks(pane, scale, classes);
   int line = 0;
   for (const ClassHeights& c : classes) {
