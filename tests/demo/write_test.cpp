@@ -276,9 +276,11 @@ TEST(DemoSite, IsTheSameByteForByteOnOneThreadAndOnTwo) {
   EXPECT_EQ(files, Files_Below(second.Path()));
   const std::size_t photographs = 2 * (6 + 4), rasters = 4, triangulations = 4, tiles = 25,
                     lidar = 3 * (9 + 1), camera_tables = 2, field = 9, fixed = 3,
-                    whole_image_headers = 3, sessions = 7, beside = 3;
+                    whole_image_headers = 3, matched_plot = 1, orientation_lists = 4,
+                    orientation_headers = 6, sessions = 9, beside = 3;
   EXPECT_EQ(files.size(), photographs + rasters + triangulations + tiles + lidar + camera_tables +
-                              field + fixed + whole_image_headers + sessions + beside);
+                              field + fixed + whole_image_headers + matched_plot +
+                              orientation_lists + orientation_headers + sessions + beside);
   for (const fs::path& file : files) {
     EXPECT_TRUE(Bytes_Of(first.Path() / file) == Bytes_Of(second.Path() / file)) << file;
     EXPECT_FALSE(Bytes_Of(first.Path() / file).empty()) << file;

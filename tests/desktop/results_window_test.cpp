@@ -14,14 +14,14 @@ class ResultsWindow : public DesktopTest {
     w().Matching.CaptureSnapshot.XYt = 1.5;
     Add_Cluster({1000.3, 2000.4, 159});
     Add_Cluster({1005, 2000, 168});
-    Add_Cluster({1000, 2006, 178});
+    Add_Cluster({1000, 2006, 173});
     site_.Folder().Write("c/data/trees.bin",
                          Field_Tree_Bytes({Field_Tree(1000, 2000, 150, 10, 200),
                                            Field_Tree(1005, 2000, 150, 20, 200),
-                                           Field_Tree(1000, 2005, 150, 30, 100)}));
+                                           Field_Tree(1000, 2005, 150, 25, 100)}));
   }
 
-  void Add_Cluster(const MeshPoint& top) {
+  void Add_Cluster(const Point3D& top) {
     const int i = ++w().Matching.ClusterCount;
     w().Matching.ClusterWeight(i) = 1;
     w().Matching.ClusterSum(i) = top;
