@@ -10,6 +10,7 @@
 #include "platform/number_text.h"
 #include "platform/rounding.h"
 #include "state/camera_access.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

@@ -3,9 +3,9 @@
 // column or row that leaves 16 bits.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// A raw-file position, row from the top.
 struct RawCentre {

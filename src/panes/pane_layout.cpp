@@ -5,6 +5,7 @@
 
 #include "platform/number_text.h"
 #include "platform/rounding.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

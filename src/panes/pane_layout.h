@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// Side of the square panes for a client area and a number of images, a multiple of 4. 0 for
 /// no image or more than nine.

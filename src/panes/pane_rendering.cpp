@@ -8,6 +8,7 @@
 #include "imageblock/pane_renderer.h"
 #include "platform/number_text.h"
 #include "platform/rounding.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

@@ -4,9 +4,10 @@
 #pragma once
 
 #include "imageblock/view_window.h"
-#include "state/workspace.h"
 
 namespace sylvomex {
+
+struct Workspace;
 
 /// The view window of an image around a raw-file centre, width by height raw pixels. On
 /// success ViewCol and ViewRow of its pane follow; a window larger than the raw file shows

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// Renders pane k anew at a zoom, centred on the observation in its text boxes. Every failure
 /// ends in one message box.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/exit.h"
 
+#include "state/workspace.h"
+
 namespace sylvomex {
 
 void Exit(Workspace& w) {

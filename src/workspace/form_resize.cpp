@@ -3,6 +3,7 @@
 
 #include "commands/panes/centring.h"
 #include "panes/pane_layout.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 

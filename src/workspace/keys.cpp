@@ -10,6 +10,7 @@
 #include "services/solution.h"
 #include "services/status_line.h"
 #include "state/camera_access.h"
+#include "state/workspace.h"
 #include "workspace/menu_modes.h"
 #include "workspace/operator_event.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// Sees every key of the main window first, whichever control has the focus. Key codes as in
 /// OperatorEvent.

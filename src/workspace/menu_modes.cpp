@@ -3,6 +3,7 @@
 
 #include "commands/overlays/vector_overlays.h"
 #include "platform/number_text.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

@@ -2,9 +2,9 @@
 // The measuring modes of the menu State and the boxes that mirror them.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 void Toggle_Draw_Polygon(Workspace& w);
 void Toggle_Draw_XYZ_Polygon(Workspace& w);  // draws the polyline when it turns on

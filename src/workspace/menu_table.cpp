@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/menu_table.h"
 
+#include "state/workspace.h"
 #include "workspace/operator_event.h"
 #include "workspace/window_table.h"
 

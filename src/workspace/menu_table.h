@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 enum class MenuRole {
   Submenu,

@@ -6,6 +6,7 @@
 #include "platform/files.h"
 #include "platform/list_reader.h"
 #include "platform/number_text.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

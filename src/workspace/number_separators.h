@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// The separators with which the process writes and reads numbers. The system's own number
 /// text always uses these; tests hand in others.

@@ -2,6 +2,7 @@
 #include "workspace/options_window.h"
 
 #include "platform/number_text.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

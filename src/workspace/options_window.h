@@ -2,9 +2,9 @@
 // The options window Form2 and the about window Form4.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 void Open_Options_Window(Workspace& w);
 void Form2_Activate(Workspace& w);

@@ -3,6 +3,7 @@
 
 #include "panes/pane_drawing.h"
 #include "platform/number_text.h"
+#include "state/workspace.h"
 #include "workspace/operator_event.h"
 #include "workspace/pointer_crown_width.h"
 #include "workspace/pointer_measuring.h"

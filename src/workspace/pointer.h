@@ -2,9 +2,9 @@
 // The pointer on the panes: read-out and the dispatch of clicks to the measuring modes.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 void Picture1_MouseMove(Workspace& w, int pane, double px, double py);
 void Form_MouseMove(Workspace& w);

@@ -9,6 +9,7 @@
 #include "platform/rounding.h"
 #include "solver/ray_angles.h"
 #include "state/camera_access.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// One end of a crown width, measured on the horizontal plane through the solution. Every
 /// second click completes the pair in the distance entry of its pane.

@@ -6,6 +6,7 @@
 #include "panes/pane_drawing.h"
 #include "platform/number_text.h"
 #include "state/camera_access.h"
+#include "state/workspace.h"
 #include "workspace/menu_table.h"
 
 namespace sylvomex {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// Takes the pointed position as the film observation of the pane's image.
 void Measuring_Click(Workspace& w, int pane, double px, double py);

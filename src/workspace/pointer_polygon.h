@@ -2,9 +2,9 @@
 // Drawing a polygon on a pane. Its vertices live in the polyline files.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 void Start_Polygon(Workspace& w, int pane, double px, double py);
 void Add_Polygon_Vertex(Workspace& w, int pane, double px, double py);

@@ -6,6 +6,7 @@
 #include "platform/files.h"
 #include "platform/number_text.h"
 #include "services/file_names.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

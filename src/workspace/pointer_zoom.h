@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 void Zoom_In_Click(Workspace& w, int pane);  // about the pane's observation, not the click
 void Zoom_Out_Click(Workspace& w, int pane);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/start_up.h"
 
+#include "state/workspace.h"
 #include "workspace/form_resize.h"
 #include "workspace/number_separators.h"
 

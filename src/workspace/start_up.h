@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// The start routine: loads and shows the main window at its client size (set beforehand in
 /// Form1.ClientWidth and ClientHeight) and sets the data folder. Loading sets the defaults and

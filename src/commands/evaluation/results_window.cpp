@@ -11,6 +11,7 @@
 #include "evaluation/tree_matching.h"
 #include "matching/cluster_position.h"
 #include "platform/number_text.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

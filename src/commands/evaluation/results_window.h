@@ -2,9 +2,9 @@
 // The window that judges a tree-top run: field-measured trees, their matching, six graphs.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// Opens Form6.
 void Show_Results_Window(Workspace& w);

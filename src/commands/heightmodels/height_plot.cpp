@@ -13,6 +13,7 @@
 #include "services/file_names.h"
 #include "services/hourglass.h"
 #include "state/camera_access.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

@@ -11,6 +11,7 @@
 #include "services/progress.h"
 #include "state/camera_access.h"
 #include "state/tin_access.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

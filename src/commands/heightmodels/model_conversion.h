@@ -2,9 +2,9 @@
 // Raster files from the triangulated models.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 void Create_raster_CHM_from_TIN_CHM(Workspace& w);
 void Create_raster_DEM_from_TIN_DEM(Workspace& w);

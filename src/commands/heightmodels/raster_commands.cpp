@@ -10,6 +10,7 @@
 #include "services/hourglass.h"
 #include "services/status_line.h"
 #include "state/camera_access.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

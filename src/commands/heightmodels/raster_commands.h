@@ -2,9 +2,9 @@
 // Loading and showing the raster height models.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 void Add_height_Model(Workspace& w);
 void Add_Raster_CHM(Workspace& w);

@@ -13,6 +13,7 @@
 #include "services/status_line.h"
 #include "state/camera_access.h"
 #include "state/tin_access.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

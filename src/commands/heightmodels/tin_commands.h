@@ -2,9 +2,9 @@
 // Loading the triangulated height models and showing their heights at the solution.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 void Add_Tin(Workspace& w);
 void Add_Tin_CHM(Workspace& w);

@@ -11,6 +11,7 @@
 #include "services/chosen_file.h"
 #include "state/camera_access.h"
 #include "state/tin_access.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

@@ -2,9 +2,9 @@
 // Heights of the triangulated terrain model at the points of a text file.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 void Get_TIN_for_Points(Workspace& w);
 void Get_Raster_and_TIN_Residuals(Workspace& w);

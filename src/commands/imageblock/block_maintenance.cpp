@@ -6,6 +6,7 @@
 #include "platform/number_text.h"
 #include "services/status_line.h"
 #include "state/camera_access.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

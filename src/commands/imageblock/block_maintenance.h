@@ -2,9 +2,9 @@
 // Taking images out of the block.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// Asks for an image by its index, 100 for all of them, and takes it out. The images behind it
 /// move down with their views; comment and related rasters stay with their index.

@@ -14,6 +14,7 @@
 #include "services/solution.h"
 #include "solver/point_in_image.h"
 #include "state/camera_access.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

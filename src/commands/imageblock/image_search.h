@@ -3,9 +3,9 @@
 // was found.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// Leaves a point-in-image file for each aerial image that shows the solution.
 void Find_Images_With_XYZ_Sol(Workspace& w);

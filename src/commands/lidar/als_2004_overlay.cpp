@@ -13,6 +13,7 @@
 #include "platform/files.h"
 #include "platform/rounding.h"
 #include "state/camera_access.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

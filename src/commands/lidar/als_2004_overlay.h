@@ -4,9 +4,9 @@
 
 #include <string_view>
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 inline constexpr std::string_view kSiteLehtomaa = "LEHTOMAA";  // 2004 tiles
 inline constexpr std::string_view kSiteRovik = "ROVIK";        // one point file

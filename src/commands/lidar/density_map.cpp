@@ -11,6 +11,7 @@
 #include "lidar/echo_selection.h"
 #include "platform/files.h"
 #include "services/progress.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// Draws the pulse density of the 2006 and 2007 tiles into "c:\temp\LiDMap.raw".
 void Make_Lidar_Intensity_Map(Workspace& w);

@@ -18,6 +18,7 @@
 #include "platform/files.h"
 #include "platform/number_text.h"
 #include "services/progress.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

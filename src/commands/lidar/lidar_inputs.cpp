@@ -3,6 +3,7 @@
 
 #include "lidar/path_header.h"
 #include "services/file_names.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 

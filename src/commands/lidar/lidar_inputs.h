@@ -6,9 +6,10 @@
 
 #include "lidar/tile_grid.h"
 #include "overlays/colour_map.h"
-#include "state/workspace.h"
 
 namespace sylvomex {
+
+struct Workspace;
 
 /// The colours from "C:\data\JetColorMAP.csv".
 ColourMap Read_Colours(const Workspace& w);

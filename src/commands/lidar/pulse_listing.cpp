@@ -8,6 +8,7 @@
 #include "platform/files.h"
 #include "services/progress.h"
 #include "state/camera_access.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// Lists the 2007 tiles of a fixed block as text, a line an echo.
 void Print_ALS_in_ASCII(Workspace& w);

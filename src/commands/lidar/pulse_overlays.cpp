@@ -8,6 +8,7 @@
 #include "panes/overlay_points.h"
 #include "platform/files.h"
 #include "state/camera_access.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// Correlates the template of each ticked image over a patch of that image around the plot
 /// centre; the panes then show the correlation images.

@@ -18,6 +18,7 @@
 #include "services/status_line.h"
 #include "solver/random_id.h"
 #include "state/box_numbers.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

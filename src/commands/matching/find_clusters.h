@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// Groups the sorted mesh points into tree tops, lists them in a node file and marks them on all
 /// panes within the plot's circle.

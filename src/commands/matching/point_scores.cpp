@@ -24,6 +24,7 @@
 #include "solver/patch_projection.h"
 #include "state/box_numbers.h"
 #include "state/camera_access.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

@@ -16,6 +16,7 @@
 #include "services/ticked_images.h"
 #include "state/box_numbers.h"
 #include "state/camera_access.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

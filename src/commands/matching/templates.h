@@ -2,9 +2,9 @@
 // The commands that set the plot and make the templates.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 void Read_plot_center_data(Workspace& w);  // the solution becomes the plot centre
 void Capture_templates(Workspace& w);      // cuts an ellipse around the solution in every image

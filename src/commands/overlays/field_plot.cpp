@@ -12,6 +12,7 @@
 #include "platform/number_text.h"
 #include "services/kept_file.h"
 #include "state/camera_access.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// Draws a 100 m grid and the trees of a plot text file on every pane, lists every tree, and
 /// reports how the raster model differs from the plot's ground heights.

@@ -11,6 +11,7 @@
 #include "platform/number_text.h"
 #include "services/file_names.h"
 #include "state/camera_access.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

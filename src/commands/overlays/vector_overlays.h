@@ -3,9 +3,9 @@
 // with an error; what the rows before it drew stays.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 void Plot_3D_line_segments(Workspace& w);
 void Plot_Field_measured_tree_data(Workspace& w);

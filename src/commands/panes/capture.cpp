@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/panes/capture.h"
 
+#include "state/workspace.h"
+
 namespace sylvomex {
 
 void Capture(Workspace& w) {

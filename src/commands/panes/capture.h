@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// The picture of the second pane to the clipboard. RunTimeError(BadContent) while that pane holds
 /// none.

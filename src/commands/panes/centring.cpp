@@ -5,6 +5,7 @@
 #include "platform/number_text.h"
 #include "services/hourglass.h"
 #include "services/status_line.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

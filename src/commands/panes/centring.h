@@ -2,9 +2,9 @@
 // The commands that centre all panes on one point. Each shows its own message when it fails.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 void Center_to_xyz_click(Workspace& w);         // on Solution3D; drops correlation images
 void Center_to_pan_center_click(Workspace& w);  // on PanCenter

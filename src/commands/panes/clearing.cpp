@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/panes/clearing.h"
 
+#include "state/workspace.h"
+
 namespace sylvomex {
 
 void Clear_ima(Workspace& w) {

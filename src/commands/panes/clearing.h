@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 void Clear_ima(Workspace& w);  // erases what was drawn
 void Clear_all(Workspace& w);  // that, the observations and the ticks

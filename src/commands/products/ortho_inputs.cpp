@@ -4,6 +4,7 @@
 #include "platform/number_text.h"
 #include "platform/replacing_file.h"
 #include "platform/run_time_error.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 

@@ -7,9 +7,10 @@
 #include <string>
 
 #include "products/ortho_grid.h"
-#include "state/workspace.h"
 
 namespace sylvomex {
+
+struct Workspace;
 
 inline constexpr const char* kOrthoTitle = "Orthoimage computation";
 

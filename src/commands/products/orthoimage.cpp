@@ -12,6 +12,7 @@
 #include "products/ortho_image.h"
 #include "services/progress.h"
 #include "state/followed_image.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

@@ -11,6 +11,7 @@
 #include "services/status_line.h"
 #include "solver/footprint.h"
 #include "solver/pair_points.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

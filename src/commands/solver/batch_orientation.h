@@ -2,9 +2,9 @@
 // Batch work over oriented images with fixed file names. The images of the block take no part.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// Intersects the points of "d:\Ground_points_nothing.txt" from their observations in
 /// "d:\ima_obs_4.CSV" for each pair of "d:\Stereo_parit.csv" and appends one line a point to

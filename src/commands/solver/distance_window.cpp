@@ -6,6 +6,7 @@
 #include "commands/panes/clearing.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

@@ -2,9 +2,9 @@
 // The distance record and its window, Form7.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 void Save_XY_Distances(Workspace& w);
 

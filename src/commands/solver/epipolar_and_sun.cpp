@@ -11,6 +11,7 @@
 #include "solver/ray_angles.h"
 #include "state/box_numbers.h"
 #include "state/camera_access.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

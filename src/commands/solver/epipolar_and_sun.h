@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 void Draw_Epipolar_Line(Workspace& w);
 void Epipolar_line(Workspace& w);

@@ -2,9 +2,9 @@
 // The observation record and its window, Form3.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 void Save_measured_point(Workspace& w);
 

@@ -15,6 +15,7 @@
 #include "solver/space_intersection.h"
 #include "state/box_numbers.h"
 #include "state/camera_access.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

@@ -10,6 +10,7 @@
 #include "services/chosen_file.h"
 #include "services/solution.h"
 #include "state/camera_access.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {

@@ -2,9 +2,9 @@
 // The commands that set the solution by hand.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 void Reset_Point_Solution(Workspace& w);
 void Set_3D_solution(Workspace& w);

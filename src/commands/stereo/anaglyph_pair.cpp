@@ -9,6 +9,7 @@
 #include "platform/files.h"
 #include "platform/number_text.h"
 #include "services/hourglass.h"
+#include "state/workspace.h"
 #include "stereo/normal_case.h"
 #include "stereo/pair_file.h"
 

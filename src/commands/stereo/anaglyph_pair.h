@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 void Create_anaglyph_pair(Workspace& w);  // images 0 and 1 as a normal-case pair
 

@@ -12,6 +12,7 @@
 #include "services/status_line.h"
 #include "state/box_numbers.h"
 #include "state/camera_access.h"
+#include "state/workspace.h"
 #include "surfaces/image_grid.h"
 #include "surfaces/image_polygon.h"
 

@@ -9,11 +9,12 @@
 
 #include "platform/table.h"
 #include "state/followed_image.h"
-#include "state/workspace.h"
 #include "surfaces/search_settings.h"
 #include "surfaces/vertical_line_search.h"
 
 namespace sylvomex {
+
+struct Workspace;
 
 /// A surface search at every grid point inside the polygon that was drawn in the fixed image. The
 /// operator watches the points in the fixed image's boxes and stops the run with Check4.

@@ -11,6 +11,7 @@
 #include "platform/number_text.h"
 #include "services/file_names.h"
 #include "services/hourglass.h"
+#include "state/workspace.h"
 #include "surfaces/height_colour.h"
 
 namespace sylvomex {

@@ -9,6 +9,7 @@
 #include "platform/files.h"
 #include "platform/number_text.h"
 #include "state/box_numbers.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 namespace {
