@@ -138,9 +138,11 @@ std::vector<SurfacePlace> Ground_Places(const Scene& scene, const std::vector<Ph
                                         int fixed_image) {
   std::vector<SurfacePlace> places;
   const Photograph& fixed = photos[static_cast<std::size_t>(fixed_image)];
-  for (double y = kBorder; y <= kForestSide - kBorder; y += kPlaceSpacing) {
-    for (double x = kBorder; x <= kForestSide - kBorder; x += kPlaceSpacing) {
-      const Point3D point = On_Ground(scene, kForestWest + x, kForestSouth + y);
+  constexpr int kPlacesASide = static_cast<int>((kForestSide - 2 * kBorder) / kPlaceSpacing) + 1;
+  for (int row = 0; row < kPlacesASide; ++row) {
+    for (int column = 0; column < kPlacesASide; ++column) {
+      const Point3D point = On_Ground(scene, kForestWest + kBorder + column * kPlaceSpacing,
+                                      kForestSouth + kBorder + row * kPlaceSpacing);
       if (!Is_Open(scene, photos, point.X, point.Y)) continue;
       places.push_back({Film_Of(fixed, point), point});
     }
