@@ -2,6 +2,8 @@
 #include "panes/picture_painter.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstring>
 
 #include "panes/cairo_brush.h"
 #include "panes/mark_shapes.h"
@@ -16,8 +18,17 @@ PixelRect United(const PixelRect& a, const PixelRect& b) {
           std::max(a.bottom, b.bottom)};
 }
 
+/// Four bytes are loaded at once: blue, green and red lie where the pixel wants them, and the byte
+/// of the next pixel becomes the opaque one. The last pixel has no byte behind it.
 std::uint32_t* Paint_Row(std::uint32_t* to, const std::uint8_t* bgr, int count) {
-  for (int x = 0; x < count; ++x, bgr += 3) *to++ = Pixel_Of({bgr[2], bgr[1], bgr[0]});
+  static_assert(std::endian::native == std::endian::little);
+  if (count <= 0) return to;
+  for (int x = 0; x < count - 1; ++x, bgr += 3) {
+    std::uint32_t pixel = 0;
+    std::memcpy(&pixel, bgr, sizeof pixel);
+    *to++ = pixel | 0xff000000U;
+  }
+  *to++ = Pixel_Of({bgr[2], bgr[1], bgr[0]});
   return to;
 }
 
