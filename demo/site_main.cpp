@@ -21,11 +21,11 @@ constexpr const char* kUsage =
     "sylvomex_demo_site --root DIR [--seed N] [--threads N] [--pixel-scale F]\n"
     "  [--density STEMS_PER_HECTARE] [--pine W] [--spruce W] [--birch W]\n"
     "  [--sun-azimuth DEG] [--sun-elevation DEG] [--noise GREY_VALUES]\n"
-    "  [--pulse-share F]\n"
+    "  [--pulse-share F] [--margin METRES]\n"
     "sylvomex_demo_site --version\n";
 
 struct Request {
-  SiteSettings settings;
+  SiteSettings settings = {.margin = kWideMargin};
   std::string root;
 };
 
@@ -53,6 +53,7 @@ const std::map<std::string, Setter>& Options() {
       {"--sun-elevation", Number(&SiteSettings::sun_elevation_deg)},
       {"--noise", Number(&SiteSettings::noise_sigma)},
       {"--pulse-share", Number(&SiteSettings::pulse_share)},
+      {"--margin", Number(&SiteSettings::margin)},
   };
   return options;
 }

@@ -82,11 +82,15 @@ void Develop_Row(const Scene& scene, const Photograph& photo, const Band& band, 
   const auto columns = static_cast<std::size_t>(band.width - 2);
   const auto raw_row = static_cast<std::size_t>(band.first_row + row);
   const std::uint64_t key = Stream_Key(scene.settings.seed, kNoiseStream) ^ Mix_Bits(photo.grain);
+  // Of the frame, not of the raw file: a wider cut of a frame shows the same noise.
+  const auto full_row = static_cast<std::uint64_t>(
+      (photo.image.SubRowOrigin + static_cast<double>(raw_row)) * photo.image.FullWidth +
+      photo.image.SubColOrigin);
   const bool colour_photo = photo.image.ColorFlag == 1;
   for (std::size_t i = 0; i < columns; ++i) {
     const Colour3 light = Blurred(band, static_cast<int>(i) + 1, row);
     const std::size_t pixel = raw_row * columns + i;
-    const std::uint64_t bits = Mix_Bits(key + pixel);
+    const std::uint64_t bits = Mix_Bits(key + full_row + i);
     const auto noise = [&](unsigned shift) { return sigma * deviates[(bits >> shift) & 0xFFFU]; };
     if (colour_photo) {
       raw[3 * pixel] = To_Grey_Value(light.red + noise(0));

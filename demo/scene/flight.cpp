@@ -14,7 +14,6 @@ namespace {
 constexpr double kPrincipalDistance = 0.15297;  // metres
 constexpr std::uint64_t kFilm = 264;            // of the block; the ids are its frames
 constexpr int kFrameSide = 15300;               // pixels of 15 micrometres
-constexpr double kMargin = 15;                  // metres around the forest on the raw files
 constexpr double kLeastStartHeight = 18;        // of the tree on which panes start, metres
 
 /// One exposure. Its id fits 16 bits, as the observation record takes it from a search's hit.
@@ -76,9 +75,10 @@ struct PixelBox {
 /// Columns and top-down rows that the forest with its margin takes, trees included.
 PixelBox Forest_Box(const Photograph& photo, const Scene& scene) {
   const double low = *std::min_element(scene.ground.heights.begin(), scene.ground.heights.end());
+  const double margin = scene.settings.margin;
   PixelBox box;
-  for (const double x : {-kMargin, kForestSide + kMargin}) {
-    for (const double y : {-kMargin, kForestSide + kMargin}) {
+  for (const double x : {-margin, kForestSide + margin}) {
+    for (const double y : {-margin, kForestSide + margin}) {
       for (const double Z : {low, std::max(low, scene.grid.highest_top)}) {
         const auto [col, row] =
             Object_To_Pixel(photo.camera, {kForestWest + x, kForestSouth + y, Z});

@@ -11,7 +11,8 @@ namespace sylvomex::demo {
 namespace {
 
 constexpr double kMeanHeight = 160;
-constexpr double kReach = 150;  // beyond the forest square
+constexpr double kReach = 300;       // beyond the forest square
+constexpr double kWaveOrigin = 150;  // west and south of the forest square
 constexpr std::uint64_t kStream = 1;
 
 struct Wave {
@@ -33,6 +34,15 @@ std::array<Wave, 6> Make_Waves(std::uint64_t seed) {
                 number * std::sin(direction), draws.Uniform(0, 2 * std::numbers::pi)};
   }
   return waves;
+}
+
+/// Metres east and north of where the waves begin.
+double Height_Of(const std::array<Wave, 6>& waves, double x, double y) {
+  double height = kMeanHeight;
+  for (const Wave& wave : waves) {
+    height += wave.amplitude * std::sin(wave.along_x * x + wave.along_y * y + wave.phase);
+  }
+  return height;
 }
 
 double Steepest_Slope(const Ground& ground) {
@@ -60,12 +70,8 @@ Ground Make_Ground(std::uint64_t seed) {
   ground.side = static_cast<int>((kForestSide + 2 * kReach) / ground.spacing) + 1;
   for (int j = 0; j < ground.side; ++j) {
     for (int i = 0; i < ground.side; ++i) {
-      double height = kMeanHeight;
-      for (const Wave& wave : waves) {
-        height += wave.amplitude * std::sin(wave.along_x * i * ground.spacing +
-                                            wave.along_y * j * ground.spacing + wave.phase);
-      }
-      ground.heights.push_back(height);
+      ground.heights.push_back(Height_Of(waves, kWaveOrigin - kReach + i * ground.spacing,
+                                         kWaveOrigin - kReach + j * ground.spacing));
     }
   }
   ground.steepest = Steepest_Slope(ground);

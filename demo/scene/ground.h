@@ -18,7 +18,7 @@ struct Ground {
   double steepest = 0;          // largest slope between neighbouring nodes
 };
 
-/// Rolling ground between 140 and 180 m, reaching 150 m beyond the forest square on all
+/// Rolling ground between 140 and 180 m, reaching 300 m beyond the forest square on all
 /// sides.
 Ground Make_Ground(std::uint64_t seed);
 

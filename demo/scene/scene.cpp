@@ -31,6 +31,7 @@ void Check_Settings(const SiteSettings& settings) {
   Check_Range("pixel noise", settings.noise_sigma, 0, 60);
   Check_Range("pixel scale", settings.pixel_scale, 1, 20);
   Check_Range("share of lidar pulses", settings.pulse_share, 0.001, 1);
+  Check_Range("margin around the forest", settings.margin, 0, 250);
   Check_Range("number of threads", settings.threads, 0, 1024);
 }
 

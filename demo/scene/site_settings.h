@@ -23,6 +23,10 @@ struct SiteSettings {
   double noise_sigma = 2.5;       // pixel noise, grey values; 0 to 60
   double pixel_scale = 1;         // 1 to 20: pixels of 15 micrometres times this
   double pulse_share = 1;         // 0.001 to 1: share of the lidar campaigns' pulses
+  double margin = 15;             // 0 to 250: metres around the forest on the photographs
 };
+
+/// With it a pane of a screen of 2560 x 1440 pixels, six of them side by side, is filled at 1:10.
+inline constexpr double kWideMargin = 175;
 
 }  // namespace sylvomex::demo

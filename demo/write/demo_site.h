@@ -8,7 +8,7 @@
 namespace sylvomex::demo {
 
 /// Goes up by one with every change of what the site holds, so that an older site is made anew.
-inline constexpr int kSiteVersion = 5;
+inline constexpr int kSiteVersion = 6;
 
 /// Writes the whole site below the root: photographs from the air and from within the stand,
 /// height models as rasters and triangles, lidar tiles, field data, camera tables, colour map and

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "demo/write/measure_session.h"
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 
@@ -102,7 +103,14 @@ std::string Open_Session(const Scene& scene, const std::vector<Photograph>& phot
       "# The demo site on the screen, centred on the top of a tree.\n" + Load_Steps(photos);
   const std::vector<std::size_t> trees = Trees_To_Measure(scene, photos);
   if (trees.empty()) return text;
-  const Tree& tree = scene.trees[trees[trees.size() / 2]];
+  const auto from_middle = [&](std::size_t tree) {
+    return std::hypot(scene.trees[tree].X - kForestWest - kForestSide / 2,
+                      scene.trees[tree].Y - kForestSouth - kForestSide / 2);
+  };
+  const Tree& tree =
+      scene.trees[*std::min_element(trees.begin(), trees.end(), [&](std::size_t a, std::size_t b) {
+        return from_middle(a) < from_middle(b);
+      })];
   return text + Centre_Steps({tree.X, tree.Y, tree.TopZ});
 }
 

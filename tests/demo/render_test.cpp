@@ -205,5 +205,30 @@ TEST(RenderedPhotograph, IsTheSameOnOneThreadAndOnTwo) {
   }
 }
 
+TEST(RenderedPhotograph, AWiderRawFileShowsTheSamePixelsAroundTheForest) {
+  SiteSettings settings;
+  settings.pixel_scale = 12;
+  const Scene narrow = Build_Scene(settings);
+  settings.margin = 60;
+  const Scene wide = Build_Scene(settings);
+  const Photograph inner = Fly_Over(narrow)[5], outer = Fly_Over(wide)[5];
+  const std::vector<std::uint8_t> few = Render_Photograph(narrow, inner);
+  const std::vector<std::uint8_t> many = Render_Photograph(wide, outer);
+  const auto columns = static_cast<std::size_t>(inner.image.SubWidth);
+  const auto rows = static_cast<std::size_t>(inner.image.SubHeight);
+  const auto left = static_cast<std::size_t>(inner.image.SubColOrigin - outer.image.SubColOrigin);
+  const auto above = static_cast<std::size_t>(inner.image.SubRowOrigin - outer.image.SubRowOrigin);
+  ASSERT_GT(left, 20U);
+  ASSERT_GT(above, 20U);
+  const auto wide_columns = static_cast<std::size_t>(outer.image.SubWidth);
+  std::size_t unlike = 0;
+  for (std::size_t row = 0; row < rows; ++row) {
+    for (std::size_t col = 0; col < columns; ++col) {
+      unlike += few[row * columns + col] != many[(above + row) * wide_columns + left + col];
+    }
+  }
+  EXPECT_EQ(unlike, 0U);
+}
+
 }  // namespace
 }  // namespace sylvomex::demo
