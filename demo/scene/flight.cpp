@@ -13,7 +13,7 @@ namespace {
 
 constexpr double kPrincipalDistance = 0.15297;  // metres
 constexpr std::uint64_t kFilm = 264;            // of the block; the ids are its frames
-constexpr int kFrameSide = 15300;               // pixels of 15 micrometres
+constexpr int kFrameSide = 17400;               // pixels of 15 micrometres
 constexpr double kLeastStartHeight = 18;        // of the tree on which panes start, metres
 
 /// One exposure. Its id fits 16 bits, as the observation record takes it from a search's hit.
@@ -30,17 +30,17 @@ struct Exposure {
 
 constexpr std::array<Exposure, 6> kExposures = {{
     {1204, "Demo block, strip 1, frame 1", true, -527.3, -498.6, 1181.4, 0.412, -0.731, 1.284,
-     66662.31, -41.7, 7651.6, 38.2, 66671.94, 7647.3},
+     66662.31, -41.7, 8701.6, 38.2, 66671.94, 8697.3},
     {1205, "Demo block, strip 1, frame 2", true, 6.8, -505.2, 1183.9, -0.527, 0.318, 0.846,
-     66663.08, -40.9, 7650.2, 39.4, 66670.55, 7648.8},
+     66663.08, -40.9, 8700.2, 39.4, 66670.55, 8698.8},
     {1206, "Demo block, strip 1, frame 3", true, 534.1, -501.7, 1180.2, 0.268, 0.604, 1.557,
-     66661.75, -42.3, 7652.1, 37.6, 66672.36, 7646.9},
+     66661.75, -42.3, 8702.1, 37.6, 66672.36, 8696.9},
     {1231, "Demo block, strip 2, frame 1", true, 529.6, 503.9, 1178.5, -0.344, 0.452, 181.732,
-     66662.90, -41.2, 7649.4, 38.8, 66671.10, 7649.7},
+     66662.90, -41.2, 8699.4, 38.8, 66671.10, 8699.7},
     {1232, "Demo block, strip 2, frame 2", true, -4.2, 499.3, 1176.8, 0.683, -0.219, 180.918,
-     66662.44, -41.9, 7650.9, 38.0, 66671.68, 7648.1},
+     66662.44, -41.9, 8700.9, 38.0, 66671.68, 8698.1},
     {1233, "Demo block, strip 2, frame 3, panchromatic", false, -531.5, 506.4, 1179.7, -0.195,
-     -0.576, 181.365, 66663.27, -40.5, 7651.2, 39.9, 66670.83, 7647.6},
+     -0.576, 181.365, 66663.27, -40.5, 8701.2, 39.9, 66670.83, 8697.6},
 }};
 
 double Radians(double degrees) { return degrees * std::numbers::pi / 180; }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The six photographs of the site: two strips flown in opposite directions, three frames each,
-// some 65 % forward and 34 % side overlap, the last frame grey. Every frame sees the whole
+// some 70 % forward and 43 % side overlap, the last frame grey. Every frame sees the whole
 // forest; its raw file holds only the part around it.
 //
 // The centre of raw pixel (raw_col, raw_row), raw_row from the top, lies at full-image col =

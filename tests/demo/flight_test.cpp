@@ -58,8 +58,8 @@ TEST(Flight, RawFilesArePartsOfTheFramesAndFitThePaneArithmetic) {
   double bytes = 0;
   for (const Photograph& photo : Photos()) {
     const ImageRecord& image = photo.image;
-    EXPECT_EQ(image.FullWidth, 15300);
-    EXPECT_EQ(image.FullHeight, 15300);
+    EXPECT_EQ(image.FullWidth, 17400);
+    EXPECT_EQ(image.FullHeight, 17400);
     EXPECT_GT(image.SubColOrigin, 0);
     EXPECT_GT(image.SubRowOrigin, 0);
     EXPECT_LE(image.SubColOrigin + image.SubWidth, image.FullWidth);
@@ -97,7 +97,7 @@ TEST(Flight, PanesStartOnATreeNearTheMiddle) {
   for (const Photograph& photo : Photos()) {
     const auto [col, row] = Object_To_Pixel(photo.camera, {tree.X, tree.Y, tree.TopZ});
     EXPECT_NEAR(photo.image.StartCol, col - photo.image.SubColOrigin, 0.5);
-    EXPECT_NEAR(photo.image.StartRow, 15299 - row - photo.image.SubRowOrigin, 0.5);
+    EXPECT_NEAR(photo.image.StartRow, 17399 - row - photo.image.SubRowOrigin, 0.5);
   }
 }
 
@@ -110,10 +110,10 @@ TEST(Flight, CoarserPixelsShowTheSamePlaces) {
     const Point3D top{tree.X, tree.Y, tree.TopZ};
     const auto [col, row] = Object_To_Pixel(Photos()[k].camera, top);
     const auto [coarse_col, coarse_row] = Object_To_Pixel(coarse[k].camera, top);
-    EXPECT_EQ(coarse[k].image.FullHeight, 3825);
+    EXPECT_EQ(coarse[k].image.FullHeight, 4350);
     EXPECT_NEAR(coarse_col, col / 4, 1e-6);
     // Top-down positions divide by the scale; rows count from the bottom.
-    EXPECT_NEAR(3824 - coarse_row, (15299 - row) / 4, 1e-6);
+    EXPECT_NEAR(4349 - coarse_row, (17399 - row) / 4, 1e-6);
   }
 }
 
