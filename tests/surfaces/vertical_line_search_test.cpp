@@ -249,8 +249,8 @@ TEST(VerticalLineSearch, ABestHeightExistsEvenWhereEveryCorrelationIsNegative) {
   Pixels rising, falling;
   for (int row = 0; row < kHeight; ++row) {
     for (int col = 0; col < kWidth; ++col) {
-      rising.push_back(static_cast<std::uint8_t>(col / 4));
-      falling.push_back(static_cast<std::uint8_t>(255 - col / 4));
+      rising.push_back(static_cast<std::uint8_t>((col + 100) % 256));
+      falling.push_back(static_cast<std::uint8_t>(255 - (col + 100) % 256));
     }
   }
   block[0].raster.bytes = rising;
