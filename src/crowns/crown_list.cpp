@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 #include "platform/number_text.h"
 
@@ -10,11 +11,10 @@ namespace sylvomex {
 namespace {
 
 constexpr double kUpperShare = 0.4;  // of the crown's length
-constexpr double kLeastEchoX = 1.0;  // a slot with a lesser X holds no echo
+constexpr double kEmptySlotX = 1.0;  // slots without an echo lie at 0, 0 or near it
 constexpr double kCellSize = 2;      // metres
 
 bool Is_Inside(const LidarEcho& echo, const ListedCrown& crown) {
-  if (!(echo.X > kLeastEchoX)) return false;
   const double dX = echo.X - crown.X;
   const double dY = echo.Y - crown.Y;
   return std::sqrt(dX * dX + dY * dY) < crown.Width / 2 &&
@@ -80,12 +80,12 @@ std::string Hit_Line(const ListedCrown& crown, const LidarPulse& pulse, const Sl
   return std::move(line).Ended();
 }
 
-PulsePlaces::PulsePlaces(const PulseTable& pulses) {
+PulsePlaces::PulsePlaces(const PulseTable& pulses) : pulse_count_(pulses.Count()) {
   std::vector<double> X, Y;
   for (int slot = 1; slot <= kEchoSlots; ++slot) {
     for (std::int32_t i = 0; i < pulses.Count(); ++i) {
       const double east = pulses.X(slot)[static_cast<std::size_t>(i)];
-      if (!(east > kLeastEchoX)) continue;
+      if (!(east > kEmptySlotX)) continue;
       X.push_back(east);
       Y.push_back(pulses.Y(slot)[static_cast<std::size_t>(i)]);
       pulse_of_place_.push_back(i + 1);
@@ -95,6 +95,11 @@ PulsePlaces::PulsePlaces(const PulseTable& pulses) {
 }
 
 void PulsePlaces::Near(const ListedCrown& crown, std::vector<std::int32_t>& pulses) {
+  if (crown.X - crown.Width / 2 <= kEmptySlotX) {
+    pulses.resize(static_cast<std::size_t>(pulse_count_));
+    std::iota(pulses.begin(), pulses.end(), 1);
+    return;
+  }
   grid_.Near(crown.X, crown.Y, crown.Width / 2, places_);
   pulses.clear();
   for (const std::int32_t place : places_) {

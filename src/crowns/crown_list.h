@@ -30,7 +30,8 @@ struct SlotsInside {
 };
 
 /// An echo is inside when it is nearer to the axis than half the width, and not as deep as 0.4
-/// of the length of the crown below its top. There is no bound upward.
+/// of the length of the crown below its top. There is no bound upward, and a slot without an echo,
+/// which holds zeros, is taken as it stands.
 SlotsInside Slots_Inside(const LidarPulse& pulse, const ListedCrown& crown);
 
 /// The line of a pulse with its line end: crown, pulse and inside echoes, each item followed by
@@ -44,10 +45,11 @@ class PulsePlaces {
   explicit PulsePlaces(const PulseTable& pulses);
 
   /// Indices from 1, ascending, of the pulses that may have an echo as near to the crown's axis as
-  /// half its width.
+  /// half its width: slots without an echo count as echoes at 0, 0.
   void Near(const ListedCrown& crown, std::vector<std::int32_t>& pulses);
 
  private:
+  std::int32_t pulse_count_ = 0;
   PlaceGrid grid_{{}, {}, 1};
   std::vector<std::int32_t> pulse_of_place_;
   std::vector<std::int32_t> places_;

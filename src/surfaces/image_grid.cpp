@@ -19,6 +19,14 @@ std::vector<double> Steps_Down(double first, double last, double step) {
   return values;
 }
 
+/// Far from the origin a double no longer tells neighbouring grid lines apart.
+void Require_Distinct_Steps(double first, double last, double spacing) {
+  if (first + spacing > first && last + spacing > last) return;
+  throw RunTimeError(Failure::BadContent, "grid lines every " + Plain_Text(spacing) +
+                                              " m of film fall together at " + Plain_Text(first) +
+                                              ": the start point lies too far out");
+}
+
 }  // namespace
 
 std::vector<FilmPosition> Grid_Positions(const GridSettings& grid, const FilmPosition& start,
@@ -36,6 +44,8 @@ std::vector<FilmPosition> Grid_Positions(const GridSettings& grid, const FilmPos
   const double right = centred ? start.x + half_width : start.x + 2 * half_width;
   const double bottom = centred ? start.y - half_height : start.y - 2 * half_height;
   const double top = centred ? start.y + half_height : start.y;
+  Require_Distinct_Steps(left, right, spacing);
+  Require_Distinct_Steps(bottom, top, spacing);
   const std::vector<double> up = Steps_Up(bottom, top, spacing);
   const std::vector<double> down = Steps_Down(top, bottom, spacing);
   std::vector<FilmPosition> positions;

@@ -2,14 +2,13 @@
 #include "platform/files.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <vector>
 
 #include "platform/run_time_error.h"
+#include "support/file_size_limit.h"
 #include "support/temporary_folder.h"
 
 namespace sylvomex {
@@ -50,27 +49,6 @@ class AsOrdinaryUser {
 
  private:
   bool was_root_ = false;
-};
-
-/// Lets files grow to so many bytes and no further for a scope, as a full disk would.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) {
-    old_handler_ = std::signal(SIGXFSZ, SIG_IGN);
-    getrlimit(RLIMIT_FSIZE, &old_limit_);
-    const rlimit limit{bytes, old_limit_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &old_limit_);
-    std::signal(SIGXFSZ, old_handler_);
-  }
-  FileSizeLimit(const FileSizeLimit&) = delete;
-  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
- private:
-  rlimit old_limit_{};
-  void (*old_handler_)(int) = nullptr;
 };
 
 TEST_F(Files, ReadsAFileWholeAsItIs) {

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <string>
 #include <vector>
 
 #include "support/failure_of.h"
@@ -66,6 +68,19 @@ TEST(ImageGrid, RefusesAStartAboveTheCamera) {
             }).find("the start lies above the camera"),
             std::string::npos);
   EXPECT_NE(Failure_Of([] { Grid_Positions(kPairSurface.grid, {0, 0}, 0); }), "no failure");
+}
+
+TEST(ImageGrid, RefusesAStartWhereGridLinesFallTogether) {
+  for (const GridSettings& grid : {kPairSurface.grid, kTripletSurface.grid}) {
+    for (const FilmPosition& start :
+         {FilmPosition{1e300, 0}, {0, -1e300}, {1e16, 0}, {std::nan(""), 0}}) {
+      EXPECT_NE(Failure_Of([&] {
+                  Grid_Positions(grid, start, 6700);
+                }).find("the start point lies too far out"),
+                std::string::npos);
+    }
+    EXPECT_FALSE(Grid_Positions(grid, {9, -9}, 6700).empty());
+  }
 }
 
 }  // namespace

@@ -243,6 +243,24 @@ TEST(VerticalLineSearch, OneMovingImageThatCorrelatesGivesHalfTheScore) {
   EXPECT_GT(found->Best().Correlation, 0.5);
 }
 
+TEST(VerticalLineSearch, ABestHeightExistsEvenWhereEveryCorrelationIsNegative) {
+  // The grey of the moving image falls where that of the fixed one rises.
+  Triplet block;
+  Pixels rising, falling;
+  for (int row = 0; row < kHeight; ++row) {
+    for (int col = 0; col < kWidth; ++col) {
+      rising.push_back(static_cast<std::uint8_t>((col + 100) % 256));
+      falling.push_back(static_cast<std::uint8_t>(255 - (col + 100) % 256));
+    }
+  }
+  block[0].raster.bytes = rising;
+  block[1].raster.bytes = falling;
+  const auto found = Search(block, kPairPoint, kPairPlace, 0);
+  ASSERT_TRUE(found);
+  for (const SurfaceCandidate& row : found->candidates) EXPECT_LT(row.Correlation, -0.9);
+  EXPECT_GE(found->Best().Correlation, -1);
+}
+
 TEST(VerticalLineSearch, IsThePlainLoopBitForBit) {
   for (const int color_flag : {0, 1}) {
     for (const double tilt : {0.0, 0.01}) {

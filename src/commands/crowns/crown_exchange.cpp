@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "commands/crowns/crown_exchange.h"
 
+#include <filesystem>
 #include <string>
+#include <system_error>
 
 #include "platform/files.h"
 #include "platform/list_reader.h"
@@ -14,6 +16,17 @@ struct ExchangeFiles {
   FilePath design, misclosure, weights, size, corrections;
 };
 
+// A file that cannot be written to its end is left empty: half a number would read as another one.
+void Write_Lines(const FilePath& file, const std::string& lines) {
+  try {
+    Write_Whole_File(file, lines);
+  } catch (const RunTimeError&) {
+    std::error_code ignored;
+    std::filesystem::resize_file(file.native, 0, ignored);
+    throw;
+  }
+}
+
 void Write_Problem(const ExchangeFiles& files, const CrownProblem& problem) {
   const std::size_t count = problem.rows.size();
   std::string design, misclosure, weights;
@@ -25,16 +38,16 @@ void Write_Problem(const ExchangeFiles& files, const CrownProblem& problem) {
     misclosure += Plain_Text(problem.misclosure[i]) + "\n";
     weights += "1.00\n";
   }
-  Write_Whole_File(files.design, design);
-  Write_Whole_File(files.misclosure, misclosure);
-  Write_Whole_File(files.weights, weights);
-  Write_Whole_File(files.size, std::to_string(count) + " 3 " + std::to_string(3 * count) + "\n");
+  Write_Lines(files.design, design);
+  Write_Lines(files.misclosure, misclosure);
+  Write_Lines(files.weights, weights);
+  Write_Lines(files.size, std::to_string(count) + " 3 " + std::to_string(3 * count) + "\n");
 }
 
 CrownRow Exchange_Corrections(const FilePath& file, const CrownRow& found) {
   std::string answer;
   for (const double correction : found) answer += Full_Text(correction) + "\n";
-  Write_Whole_File(file, answer);
+  Write_Lines(file, answer);
   ListReader list(file);
   CrownRow corrections{};
   for (double& correction : corrections) correction = list.Read_Double();

@@ -40,6 +40,17 @@ struct LocalEchoes {
   float highest = 0;  // above the ground, metres
 };
 
+// The start of the fit for species 0 to 4: the ticks are asked for once more before it.
+using LocalStarts = std::array<CrownShape, kSpeciesCount + 1>;
+
+LocalStarts Starts_Of_All_Species(double radius, double height) {
+  LocalStarts starts;
+  for (int s = 0; s <= kSpeciesCount; ++s) {
+    starts[static_cast<std::size_t>(s)] = Local_Start_Shape(s, radius, height);
+  }
+  return starts;
+}
+
 CrownRecord Tree_Of(const LocalSite& site, const CrownShape& start) {
   CrownRecord crown{site.top.X, site.top.Y, To_Single(site.top.Z), To_Single(site.height), 1, 0,
                     0,          0};
@@ -138,13 +149,13 @@ std::string Measures_Line(Workspace& w, const LocalTree& tree, const CrownRecord
 }
 
 void Measure_Local_Crown(Workspace& w, LocalSite& site, CrownEchoes& echoes,
-                         const CrownShape& start) {
+                         const LocalStarts& starts) {
   w.Crowns.CrownTrees = {};
   w.Crowns.TreeCount = 0;
   Show_Status(w, "Fitting crowns...");
   site.species = Get_Species(w);
   if (site.species == 0) w.screen->Message_Box("Species became 0");
-  CrownRecord crown = Tree_Of(site, start);
+  CrownRecord crown = Tree_Of(site, starts[static_cast<std::size_t>(site.species)]);
   const LocalEchoes taken = Take_Echoes(echoes, crown);
   w.Crowns.CrownTrees(1) = crown;
   w.Crowns.TreeCount = 1;
@@ -184,13 +195,13 @@ void Match_Local_Crown(Workspace& w) {
     return;
   }
   const double radius = Search_Radius(site.species, site.height);
-  const CrownShape start = Local_Start_Shape(site.species, radius, site.height);
+  const LocalStarts starts = Starts_Of_All_Species(radius, site.height);
   Show_Status(w, "Reading lidar data for the area...");
   CrownEchoes echoes = Sort_Echoes(w, Gather_Echoes(w, [&](double X, double Y) {
                                      return std::sqrt((X - site.top.X) * (X - site.top.X) +
                                                       (Y - site.top.Y) * (Y - site.top.Y)) < radius;
                                    }));
-  Measure_Local_Crown(w, site, echoes, start);
+  Measure_Local_Crown(w, site, echoes, starts);
 }
 
 }  // namespace sylvomex

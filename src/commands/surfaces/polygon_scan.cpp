@@ -7,6 +7,7 @@
 #include "commands/surfaces/surface_inputs.h"
 #include "platform/number_text.h"
 #include "platform/rounding.h"
+#include "platform/run_time_error.h"
 #include "services/file_names.h"
 #include "services/progress.h"
 #include "services/status_line.h"
@@ -43,10 +44,14 @@ std::vector<FilmPosition> Places_Inside(const std::vector<FilmPosition>& places,
   return inside;
 }
 
-RowRange Strip_At(double raw_row, Placing placing) {
+RowRange Strip_At(double raw_row, Placing placing, std::int32_t image_id) {
   const double rows_above = placing == Placing::Centred ? kStripRows / 2 : 0;
-  const std::int64_t first = To_Int32(raw_row - rows_above);
-  return {first, first + kStripRows - 1};
+  try {
+    const std::int64_t first = To_Int32(raw_row - rows_above);
+    return {first, first + kStripRows - 1};
+  } catch (const RunTimeError& error) {
+    throw error.At("image " + Plain_Text(image_id) + ", first row of the colour strip");
+  }
 }
 
 std::int64_t Rows_Of_File(const WindowRaster& raster, const RowRange& strip) {
@@ -82,7 +87,8 @@ void PolygonScan::Lay_Strips(const FilmPosition& start) {
     const ImageRecord& record = w_.ImageBlock(image);
     if (record.ColorFlag != 1) return;
     const double row = Object_To_Pixel(Camera_Of(w_, image), ground).row;
-    strips_(image) = Strip_At(Raw_Row(record.SubHeight, row), settings_.grid.placing);
+    strips_(image) =
+        Strip_At(Raw_Row(record.SubHeight, row), settings_.grid.placing, record.ImageId);
   };
   lay(settings_.search.fixed_image);
   for (const int image : settings_.search.moving_images) lay(image);

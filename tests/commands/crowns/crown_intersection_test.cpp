@@ -8,6 +8,7 @@
 
 #include "commands/lidar/lidar_block.h"
 #include "crowns/crown_list.h"
+#include "support/file_size_limit.h"
 
 namespace sylvomex {
 namespace {
@@ -149,6 +150,29 @@ TEST(CrownIntersection, TheOutputIsWrittenAnewInEachRun) {
   b.List(kRow);
   const std::string once = b.Run();
   EXPECT_EQ(b.Run(), once);
+}
+
+TEST(CrownIntersection, ASlotWithoutAnEchoIsTakenAsItStands) {
+  ListBlock b;
+  b.Write_Tile("2006", {ListBlock::Two_Echoes()});
+  // Slots 1 and 2 hold 0, 0, 0: 7.3e6 m away and 120 m below the top, of 0.4 x 320 m.
+  b.List("2516450,6857050,120,-200,9,2e7\n2516450,6857050,120,-200,9,1e6\n");
+  const std::string lines = b.Run();
+  EXPECT_NE(lines.find(",7,41,4,0.00,0.00,0.00,0,0.00,0.00,0.00,0.00,0,0.00,2516451.00,"),
+            std::string::npos)
+      << lines;
+  EXPECT_NE(lines.find(",7,41,2,2516451.00,"), std::string::npos) << lines;
+}
+
+TEST(CrownIntersection, AFullDiskIsNamedAndLeavesWholeLines) {
+  ListBlock b;
+  b.Write_Tile("2006", {ListBlock::Two_Echoes()});
+  b.List(kRow + kRow + kRow);
+  const FileSizeLimit full(400);  // bytes, of three lines of some 180
+  const std::string failure = Failure_Of([&] { Crown_Intersection_For_LiDAR(b.w); });
+  EXPECT_TRUE(failure.starts_with("Disk full")) << failure;
+  EXPECT_NE(failure.find("Output.txt"), std::string::npos) << failure;
+  EXPECT_TRUE(b.Output().empty() || b.Output().ends_with(",\n"));
 }
 
 TEST(CrownIntersection, WithoutItsFolderItIsAFileError) {

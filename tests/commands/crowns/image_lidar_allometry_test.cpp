@@ -10,6 +10,7 @@
 
 #include "commands/crowns/crown_block.h"
 #include "commands/crowns/crown_exchange.h"
+#include "support/file_size_limit.h"
 
 namespace sylvomex {
 namespace {
@@ -330,6 +331,17 @@ TEST(Allometry, ACrownOfExactlyTwoThousandEchoesIsFitted) {
   b.screen.answers.push_back(Answer::Yes);
   Image_Lidar_Allometry_Algorithm(b.w);
   EXPECT_EQ(b.Tree(2).PointCount, 2000);
+}
+
+TEST(Allometry, AFullDiskIsNamedAndLeavesNoHalfNumber) {
+  TwoTrees b;
+  b.Write_2006();
+  b.screen.answers.push_back(Answer::Yes);
+  const FileSizeLimit full(1500);  // bytes; the first crown's design takes some 4000
+  const std::string failure = Failure_Of([&] { Image_Lidar_Allometry_Algorithm(b.w); });
+  EXPECT_TRUE(failure.starts_with("Disk full")) << failure;
+  EXPECT_NE(failure.find("A_txt.txt"), std::string::npos) << failure;
+  EXPECT_EQ(b.folder.Read("c/data/A_txt.txt"), "");
 }
 
 TEST(FitNextCrown, MoreTreesThanTheTableHoldsAreRefused) {

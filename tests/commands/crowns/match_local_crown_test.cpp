@@ -8,6 +8,7 @@
 
 #include "commands/crowns/crown_block.h"
 #include "commands/crowns/local_trees.h"
+#include "support/file_size_limit.h"
 
 namespace sylvomex {
 namespace {
@@ -178,6 +179,33 @@ TEST(MatchLocalCrown, ATreeOfNoHeightIsADivisionByZero) {
   b.w.Solution3D.Z = 100;
   b.Write_2006();
   EXPECT_NE(Failure_Of([&] { Match_Local_Crown(b.w); }).find("height 0"), std::string::npos);
+}
+
+TEST(MatchLocalCrown, AFullDiskKeepsTheFitAndTheLinesOfFormerOnes) {
+  LocalTreeBlock b;
+  b.Add_Upper_Crown();
+  b.Write_2006();
+  const std::string former(9990, 'x');
+  b.folder.Write("c/data/testmeasures.txt", former + "\n");
+  const FileSizeLimit full(10000);
+  const std::string failure = Failure_Of([&] { Match_Local_Crown(b.w); });
+  EXPECT_TRUE(failure.starts_with("Disk full")) << failure;
+  EXPECT_NE(failure.find("testmeasures.txt"), std::string::npos) << failure;
+  EXPECT_EQ(b.folder.Read("c/data/testmeasures.txt"), former + "\n");
+  EXPECT_EQ(b.Record().TreeNumber, 1);
+  EXPECT_GT(b.Record().FitRmse, 0);
+}
+
+TEST(SaveLocalTree, AFullDiskKeepsTheRecordAndItsFlags) {
+  CrownBlock b;
+  b.w.Crowns.LocalTreeRecord.FitA = 0.1;
+  b.w.Crowns.LidarFitDone = b.w.Crowns.MultiSizeDone = true;
+  b.folder.Write("c/data/LK_trees.txt", std::string(9990, 'x') + "\n");
+  const FileSizeLimit full(10000);
+  EXPECT_TRUE(Failure_Of([&] { Save_Local_Tree(b.w); }).starts_with("Disk full"));
+  EXPECT_EQ(b.folder.Read("c/data/LK_trees.txt").size(), 9991U);
+  EXPECT_TRUE(b.w.Crowns.LidarFitDone);
+  EXPECT_EQ(b.w.Crowns.LocalTreeRecord.FitA, 0.1);
 }
 
 TEST(SaveLocalTree, AfterALidarFitAloneItRemindsAndKeepsTheFit) {

@@ -265,6 +265,22 @@ TEST(PairPolygon, WindowThatLeavesTheRasterEndsTheRunWithThePointsBeforeOnTheDis
   EXPECT_EQ(Nodes(site).size(), 2U);
 }
 
+TEST(PairPolygon, StartFarOutsideIsNamedAndEndsTheRun) {
+  for (const int colour : {0, 1}) {
+    const SurfaceSite site({colour, colour});
+    site.Write(kPolygon, kPairArea);
+    const PlayedSession played =
+        site.Play("set Text1(0) 1e300\nset Text1(1) 1e300\ntry " + std::string(kPair));
+    const auto errors = Lines_With(played, "error ");
+    ASSERT_EQ(errors.size(), 1U);
+    EXPECT_NE(errors[0].find(colour == 1 ? "image 7000, first row of the colour strip: "
+                                         : "the start point lies too far out"),
+              std::string::npos)
+        << errors[0];
+    EXPECT_EQ(site.Text(kNodes), "");
+  }
+}
+
 TEST(PairPolygon, ColourStripBeginsAtTheStartPointsRow) {
   const SurfaceSite site({1, 1});
   // A start inside the area, at image row 310: its window begins 7.5 rows above the strip.
