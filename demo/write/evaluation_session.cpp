@@ -11,15 +11,15 @@
 namespace sylvomex::demo {
 namespace {
 
-constexpr double kPointSpacing = 30;                                 // metres
+constexpr int kPointSpacing = 30;                                    // metres
 constexpr double kFootprintLength = 100, kFootprintWidth = 80;       // half of it, metres
 constexpr const char* kPlotText = "c:\\data\\demo\\match_plot.txt";  // trees about the model tree
 constexpr const char* kPlotTrees = "c:\\data\\demo\\match_plot.bin";
 
 std::vector<Point3D> Points_Of_Ground(const Scene& scene) {
   std::vector<Point3D> points;
-  for (double y = kPointSpacing; y < kForestSide; y += kPointSpacing) {
-    for (double x = kPointSpacing; x < kForestSide; x += kPointSpacing) {
+  for (int y = kPointSpacing; y < kForestSide; y += kPointSpacing) {
+    for (int x = kPointSpacing; x < kForestSide; x += kPointSpacing) {
       const double X = kForestWest + x, Y = kForestSouth + y;
       points.push_back({X, Y, Ground_Height(scene, X, Y)});
     }

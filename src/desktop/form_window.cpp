@@ -49,6 +49,10 @@ FormWindow::FormWindow(OperatorEvents& events, Workspace& w, const WindowRow& wi
       client_(new QWidget(this)),
       menus_(events, name_, window.menu, *menuBar()) {
   setObjectName(QString::fromStdString(name_));
+  // A dialog has no such button of its own.
+  if (Has_Handler(kWindowItself, Happening::Resize) && owner != nullptr) {
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+  }
   setFont(Control_Font());
   menuBar()->setFont(Control_Font());
   menuBar()->setNativeMenuBar(false);

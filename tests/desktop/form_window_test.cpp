@@ -146,5 +146,15 @@ TEST_F(WindowOrder, SecondaryWindowsStayAboveTheMainWindow) {
   EXPECT_EQ(Main().windowHandle()->type(), Qt::Window);
 }
 
+TEST_F(WindowOrder, OnlyWindowsThatCanBeResizedHaveAMaximizeButton) {
+  for (const char* resizable : {"Form1", "Form6"}) {
+    EXPECT_TRUE(Window(resizable).windowFlags().testFlag(Qt::WindowMaximizeButtonHint))
+        << resizable;
+  }
+  for (const char* rigid : {"Form2", "Form3", "Form7"}) {
+    EXPECT_FALSE(Window(rigid).windowFlags().testFlag(Qt::WindowMaximizeButtonHint)) << rigid;
+  }
+}
+
 }  // namespace
 }  // namespace sylvomex
