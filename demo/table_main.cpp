@@ -4,7 +4,6 @@
 #include <cstdio>
 #include <exception>
 #include <string>
-#include <utility>
 
 #include "demo/table/accuracy_table.h"
 #include "demo/table/detection_table.h"
@@ -42,17 +41,8 @@ int Print_Residuals(const char* file) {
 }
 
 // The site has the start settings: its scene is made anew for the truth about the nodes.
-int Print_Surfaces(char** arguments) {
-  std::vector<SurfaceSample> samples = Read_Surface_Points(Read_Whole_File(Native(arguments[2])));
-  const Scene scene = Build_Scene({});
-  const auto add = [&](const char* nodes, const char* name, double limit) {
-    for (SurfaceSample& sample : Read_Surface_Nodes(Native(nodes), scene, name, limit)) {
-      samples.push_back(std::move(sample));
-    }
-  };
-  add(arguments[3], "pair polygon", 0.35);
-  add(arguments[4], "triplet polygon", 0.2);
-  std::fputs(Table_Text(samples).c_str(), stdout);
+int Print_Surfaces(const char* folder) {
+  std::fputs(Table_Text(Surface_Samples_Of(folder, Build_Scene({}))).c_str(), stdout);
   return 0;
 }
 
@@ -60,7 +50,7 @@ int Print_Table(int count, char** arguments) {
   const std::string first = count > 1 ? arguments[1] : "";
   if (count == 3 && first == "--lidar") return Print_Lidar(arguments[2]);
   if (count == 3 && first == "--residuals") return Print_Residuals(arguments[2]);
-  if (count == 5 && first == "--surfaces") return Print_Surfaces(arguments);
+  if (count == 3 && first == "--surfaces") return Print_Surfaces(arguments[2]);
   if (count == 4) return Print_Detection(arguments);
   if (count != 3 && !(count == 5 && std::string(arguments[3]) == "--seconds")) {
     throw RunTimeError(Failure::BadContent,
@@ -68,7 +58,7 @@ int Print_Table(int count, char** arguments) {
                        "       sylvomex_demo_table TRANSCRIPT TRUTH NODES\n"
                        "       sylvomex_demo_table --lidar SITE\n"
                        "       sylvomex_demo_table --residuals FILE\n"
-                       "       sylvomex_demo_table --surfaces TRANSCRIPT PAIR_NODES TRIPLET_NODES");
+                       "       sylvomex_demo_table --surfaces FOLDER");
   }
   std::optional<double> seconds;
   if (count == 5) seconds = Parse_Double(arguments[4]);

@@ -72,16 +72,13 @@ struct PixelBox {
   double least_top = 1e30, most_top = -1e30;  // top-down rows
 };
 
-/// Columns and top-down rows that the forest with its margin takes, trees included.
-PixelBox Forest_Box(const Photograph& photo, const Scene& scene) {
-  const double low = *std::min_element(scene.ground.heights.begin(), scene.ground.heights.end());
-  const double margin = scene.settings.margin;
+/// Columns and top-down rows that a part of the scene takes.
+PixelBox Box_On_Frame(const Photograph& photo, const SceneBox& part) {
   PixelBox box;
-  for (const double x : {-margin, kForestSide + margin}) {
-    for (const double y : {-margin, kForestSide + margin}) {
-      for (const double Z : {low, std::max(low, scene.grid.highest_top)}) {
-        const auto [col, row] =
-            Object_To_Pixel(photo.camera, {kForestWest + x, kForestSouth + y, Z});
+  for (const double X : {part.west, part.east}) {
+    for (const double Y : {part.south, part.north}) {
+      for (const double Z : {part.low, part.high}) {
+        const auto [col, row] = Object_To_Pixel(photo.camera, {X, Y, Z});
         const double top = photo.image.FullHeight - 1 - row;
         box.least_col = std::min(box.least_col, col);
         box.most_col = std::max(box.most_col, col);
@@ -93,14 +90,16 @@ PixelBox Forest_Box(const Photograph& photo, const Scene& scene) {
   return box;
 }
 
-void Set_Sub_Image(Photograph& photo, const Scene& scene) {
-  const PixelBox box = Forest_Box(photo, scene);
-  ImageRecord& image = photo.image;
-  image.SubColOrigin = std::max(1.0, std::floor(box.least_col));
-  image.SubRowOrigin = std::max(1.0, std::floor(box.least_top));
-  image.SubWidth = std::min<double>(image.FullWidth, std::ceil(box.most_col)) - image.SubColOrigin;
-  image.SubHeight =
-      std::min<double>(image.FullHeight, std::ceil(box.most_top)) - image.SubRowOrigin;
+/// The forest with its margin, trees included.
+SceneBox Forest_Box(const Scene& scene) {
+  const double low = *std::min_element(scene.ground.heights.begin(), scene.ground.heights.end());
+  const double margin = scene.settings.margin;
+  return {kForestWest - margin,
+          kForestSouth - margin,
+          kForestWest + kForestSide + margin,
+          kForestSouth + kForestSide + margin,
+          low,
+          std::max(low, scene.grid.highest_top)};
 }
 
 void Set_Start(Photograph& photo, const Tree& tree) {
@@ -123,11 +122,21 @@ Photograph Expose(const Scene& scene, const Exposure& exposure, const std::strin
   image.SunAzimuth = scene.sun_azimuth;
   image.SunElevation = scene.sun_elevation;
   photo.camera = Make_Camera(image);
-  Set_Sub_Image(photo, scene);
+  Set_Raw_Area(photo, Forest_Box(scene));
   return photo;
 }
 
 }  // namespace
+
+void Set_Raw_Area(Photograph& photo, const SceneBox& part) {
+  const PixelBox box = Box_On_Frame(photo, part);
+  ImageRecord& image = photo.image;
+  image.SubColOrigin = std::max(1.0, std::floor(box.least_col));
+  image.SubRowOrigin = std::max(1.0, std::floor(box.least_top));
+  image.SubWidth = std::min<double>(image.FullWidth, std::ceil(box.most_col)) - image.SubColOrigin;
+  image.SubHeight =
+      std::min<double>(image.FullHeight, std::ceil(box.most_top)) - image.SubRowOrigin;
+}
 
 std::vector<Photograph> Fly_Over(const Scene& scene) {
   const Tree& start = scene.trees[Centre_Tree(scene, kLeastStartHeight)];

@@ -27,6 +27,15 @@ struct Photograph {
 
 std::vector<Photograph> Fly_Over(const Scene& scene);
 
+/// A part of the scene, metres.
+struct SceneBox {
+  double west = 0, south = 0, east = 0, north = 0;
+  double low = 0, high = 0;  // least and largest Z
+};
+
+/// Limits the raw file of an oriented photograph to what shows that part.
+void Set_Raw_Area(Photograph& photo, const SceneBox& part);
+
 /// The ray from the projection centre through a full-image position, pointing down: w = -1, so
 /// that t counts metres below the centre.
 Ray Ray_Through_Pixel(const Photograph& photo, double col, double row);

@@ -5,7 +5,9 @@
 #include <cmath>
 #include <optional>
 #include <sstream>
+#include <utility>
 
+#include "demo/table/residual_table.h"
 #include "demo/write/exact_text.h"
 #include "platform/files.h"
 #include "platform/list_reader.h"
@@ -16,6 +18,8 @@ namespace sylvomex::demo {
 namespace {
 
 constexpr double kPairLimit = 0.35, kTripletLimit = 0.15;  // metres
+constexpr double kTripletPolygonLimit = 0.2;               // metres
+constexpr double kPointAcceptance = 0.55;                  // score of a single height
 constexpr double kBlunder = 1.0;                           // metres
 constexpr double kOutlineReach = 1.0;                      // metres
 
@@ -64,23 +68,43 @@ Point3D Read_Node(const std::string& line, const FilePath& file, int number) {
   return node;
 }
 
+void Add_Unless_Empty(std::vector<SurfaceSample>& samples, SurfaceSample sample) {
+  if (!sample.differences.empty()) samples.push_back(std::move(sample));
+}
+
+void Append(std::vector<SurfaceSample>& samples, std::vector<SurfaceSample> more) {
+  for (SurfaceSample& sample : more) samples.push_back(std::move(sample));
+}
+
+FilePath File_In(const std::filesystem::path& folder, const std::string& name) {
+  return {name, folder / name};
+}
+
+/// Share of the values within a limit, as a text.
+std::string Share_Within(const std::vector<double>& values, double limit) {
+  const auto within = std::count_if(values.begin(), values.end(),
+                                    [limit](double value) { return std::abs(value) <= limit; });
+  const auto n = static_cast<double>(std::max<std::size_t>(values.size(), 1));
+  return Fixed_Decimals(100 * static_cast<double>(within) / n, 1) + " %";
+}
+
 std::string Line(const SurfaceSample& sample) {
-  std::vector<double> kept;
-  std::size_t within = 0;
-  for (const double difference : sample.differences) {
-    if (std::abs(difference) <= kBlunder) kept.push_back(difference);
-    within += std::abs(difference) <= sample.limit ? 1 : 0;
+  std::vector<double> all, accepted, kept;
+  for (const SurfaceDifference& difference : sample.differences) {
+    all.push_back(difference.metres);
+    if (!difference.accepted) continue;
+    accepted.push_back(difference.metres);
+    if (std::abs(difference.metres) <= kBlunder) kept.push_back(difference.metres);
   }
-  const SampleStatistics all = Statistics_Of(sample.differences);
-  const SampleStatistics good = Statistics_Of(kept);
-  const double share =
-      100 * static_cast<double>(within) / static_cast<double>(std::max<std::size_t>(all.n, 1));
+  const SampleStatistics statistics = Statistics_Of(accepted);
   std::string name = sample.name;
-  name.resize(24, ' ');
-  return name + Right(std::to_string(all.n)) + Right(Fixed_Decimals(sample.limit, 2)) +
-         Right(Fixed_Decimals(share, 1) + " %") + Right(Fixed_Decimals(all.mean, 3)) +
-         Right(Fixed_Decimals(all.rms, 3)) + Right(std::to_string(all.n - good.n)) +
-         Right(Fixed_Decimals(good.mean, 3)) + Right(Fixed_Decimals(good.rms, 3)) + "\n";
+  name.resize(32, ' ');
+  return name + Right(std::to_string(all.size())) + Right(Fixed_Decimals(sample.limit, 2)) +
+         Right(Share_Within(all, sample.limit)) + Right(std::to_string(accepted.size())) +
+         Right(Share_Within(accepted, sample.limit)) + Right(Fixed_Decimals(statistics.mean, 3)) +
+         Right(Fixed_Decimals(statistics.rms, 3)) +
+         Right(std::to_string(accepted.size() - kept.size())) +
+         Right(Fixed_Decimals(Statistics_Of(kept).rms, 3)) + "\n";
 }
 
 }  // namespace
@@ -89,11 +113,14 @@ std::vector<SurfaceSample> Read_Surface_Points(std::string_view transcript) {
   std::vector<SurfaceSample> samples;
   std::istringstream text{std::string(transcript)};
   std::optional<LastWord> place;  // kind and true height, until its solution was read
+  double score = 0;
   for (std::string line; std::getline(text, line);) {
     if (line.starts_with("say ")) place = Split_Last(line.substr(4));
+    if (line.starts_with("ObservationRecord.Rmse = ")) score = Parse_Double(Split_Last(line).word);
     if (!place || !line.starts_with("Solution3D = ")) continue;
     const double difference = Parse_Double(Split_Last(line).word) - Parse_Double(place->word);
-    Sample_Named(samples, place->before).differences.push_back(difference);
+    Sample_Named(samples, place->before)
+        .differences.push_back({difference, score > kPointAcceptance});
     place.reset();
   }
   return samples;
@@ -101,25 +128,59 @@ std::vector<SurfaceSample> Read_Surface_Points(std::string_view transcript) {
 
 std::vector<SurfaceSample> Read_Surface_Nodes(const FilePath& nodes, const Scene& scene,
                                               const std::string& name, double limit) {
-  SurfaceSample ground{name + " ground", {}, limit}, crown{name + " crowns", {}, limit};
+  SurfaceSample ground{name + ", ground", {}, limit}, crown{name + ", crowns", {}, limit};
   std::istringstream text(Read_Whole_File(nodes));
   int number = 0;
   for (std::string line; std::getline(text, line);) {
     const Point3D node = Read_Node(line, nodes, ++number);
     const Cover cover = Cover_At(scene, node.X, node.Y);
     if (cover == Cover::Ground) {
-      ground.differences.push_back(node.Z - Ground_Height(scene, node.X, node.Y));
+      ground.differences.push_back({node.Z - Ground_Height(scene, node.X, node.Y)});
     } else if (cover == Cover::Crown) {
-      crown.differences.push_back(node.Z - Canopy_Height(scene, node.X, node.Y));
+      crown.differences.push_back({node.Z - Canopy_Height(scene, node.X, node.Y)});
     }
   }
-  return {ground, crown};
+  std::vector<SurfaceSample> samples;
+  Add_Unless_Empty(samples, std::move(ground));
+  Add_Unless_Empty(samples, std::move(crown));
+  return samples;
+}
+
+SurfaceSample Read_Surface_Residuals(const FilePath& file, const std::string& name, double limit) {
+  SurfaceSample sample{name, {}, limit};
+  for (const ComparedPoint& point : Read_Compared_Points(file)) {
+    sample.differences.push_back({point.tin - point.Z});
+  }
+  return sample;
+}
+
+std::vector<SurfaceSample> Surface_Samples_Of(const std::filesystem::path& folder,
+                                              const Scene& scene) {
+  std::vector<SurfaceSample> samples;
+  for (const char* session : {"heath_points", "surface_points"}) {
+    const FilePath transcript = File_In(folder, std::string(session) + "-transcript.txt");
+    Append(samples, Read_Surface_Points(Read_Whole_File(transcript)));
+  }
+  const auto add_nodes = [&](const char* file, const char* name, double limit) {
+    Append(samples, Read_Surface_Nodes(File_In(folder, file), scene, name, limit));
+  };
+  add_nodes("heath_pair.nod", "pair polygon, heath", kPairLimit);
+  add_nodes("heath_triplet.nod", "triplet polygon, heath", kTripletPolygonLimit);
+  add_nodes("surface_pair.nod", "pair polygon, forest", kPairLimit);
+  add_nodes("canopy_triplet.nod", "triplet polygon, canopy", kTripletPolygonLimit);
+  const auto add_residuals = [&](const char* file, const char* name, double limit) {
+    samples.push_back(Read_Surface_Residuals(File_In(folder, file), name, limit));
+  };
+  add_residuals("heath_pair-residuals.txt", "TIN of the pair, heath", kPairLimit);
+  add_residuals("heath_triplet-residuals.txt", "TIN of the triplet, heath", kTripletPolygonLimit);
+  add_residuals("canopy_triplet-residuals.txt", "TIN of the triplet, canopy", kTripletPolygonLimit);
+  return samples;
 }
 
 std::string Table_Text(const std::vector<SurfaceSample>& samples) {
   std::string table =
-      "found less true, m              n    limit   within     mean      RMS    > 1 m  mean, "
-      "RMS without those\n";
+      "found less true, m                      n    limit   within accepted   within     mean      "
+      "RMS    > 1 m  RMS without those\n";
   for (const SurfaceSample& sample : samples) table += Line(sample);
   return table;
 }

@@ -3,11 +3,13 @@
 
 #include "demo/render/photo_renderer.h"
 #include "demo/render/stand_cameras.h"
+#include "demo/scene/surface_photographs.h"
 #include "demo/write/camera_tables.h"
 #include "demo/write/colour_map.h"
 #include "demo/write/cursor_file.h"
 #include "demo/write/evaluation_session.h"
 #include "demo/write/field_files.h"
+#include "demo/write/heath_session.h"
 #include "demo/write/height_rasters.h"
 #include "demo/write/image_files.h"
 #include "demo/write/lidar_files.h"
@@ -17,6 +19,7 @@
 #include "demo/write/overlay_session.h"
 #include "demo/write/site_folders.h"
 #include "demo/write/surface_session.h"
+#include "demo/write/tin_session.h"
 #include "demo/write/truth.h"
 #include "platform/files.h"
 
@@ -48,16 +51,32 @@ void Write_Height_Models(const Scene& scene, const DriveMap& drives) {
   Write_Mesh(Make_Canopy_Mesh(scene), "canopy", drives);
 }
 
-void Write_Surface_Sessions(const Scene& scene, const std::vector<Photograph>& photos,
-                            const std::filesystem::path& root) {
-  const DriveMap drives(root);
+void Write_Surface_Photographs(const Scene& scene, const std::vector<Photograph>& photos,
+                               const DriveMap& drives) {
   for (const Photograph& photo : Whole_Image_Photographs(photos)) {
     Write_Whole_File(drives.Locate(photo.header_name), Image_Header_Text(photo.image));
   }
+  for (const Photograph& photo : Heath_Photographs(photos)) {
+    Write_Photograph(photo, Render_Photograph(scene, photo), drives);
+  }
+  Write_Raster(Make_Heath_Raster(scene), "c:\\data\\demo\\heath.hdr", drives);
+}
+
+void Write_Surface_Sessions(const Scene& scene, const std::vector<Photograph>& photos,
+                            const std::filesystem::path& root) {
   const std::filesystem::path sessions = root / "sessions";
-  Write_Beside_Drives(sessions / "surface_points.txt", Surface_Points_Session(scene, photos));
-  Write_Beside_Drives(sessions / "surface_pair.txt", Pair_Surface_Session(scene, photos));
-  Write_Beside_Drives(sessions / "surface_triplet.txt", Triplet_Surface_Session(scene, photos));
+  const std::vector<Photograph> forest = Whole_Image_Photographs(photos);
+  Write_Beside_Drives(sessions / "surface_points.txt", Surface_Points_Session(scene, forest));
+  Write_Beside_Drives(sessions / "surface_pair.txt", Pair_Surface_Session(scene, forest));
+  Write_Beside_Drives(sessions / "canopy_triplet.txt", Canopy_Surface_Session(scene, forest));
+  const std::vector<Photograph> heath = Heath_Photographs(photos);
+  Write_Beside_Drives(sessions / "heath_points.txt", Heath_Points_Session(scene, heath));
+  Write_Beside_Drives(sessions / "heath_pair.txt", Heath_Pair_Session(scene, heath));
+  Write_Beside_Drives(sessions / "heath_triplet.txt", Heath_Triplet_Session(scene, heath));
+  for (const ComparedSurface& surface : Compared_Surfaces(scene)) {
+    Write_Whole_File(DriveMap(root).Locate(True_Point_File(surface)), True_Point_List(surface));
+    Write_Beside_Drives(sessions / ("tin_" + surface.name + ".txt"), Tin_Session(surface));
+  }
 }
 
 }  // namespace
@@ -79,6 +98,7 @@ void Write_Demo_Site(const Scene& scene, const std::vector<Photograph>& photos,
   Write_Beside_Drives(root / "sessions" / "measure.txt", Measure_Session(scene, photos));
   Write_Beside_Drives(root / "sessions" / "match.txt", Match_Session(scene, photos));
   Write_Beside_Drives(root / "sessions" / "overlays.txt", Overlay_Session(scene, photos, tree));
+  Write_Surface_Photographs(scene, photos, drives);
   Write_Surface_Sessions(scene, photos, root);
   Write_Evaluation_Files(scene, photos, drives);
   Write_Beside_Drives(root / "sessions" / "evaluate.txt", Evaluation_Session(scene, photos));

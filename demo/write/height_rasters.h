@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The raster height models of the site, with cells of 0.5 m over the forest and 50 m around it:
-// the ground ("dem") and the surface of the canopy ("chm"). Both hold elevations, in metres
-// above sea level: the canopy model is not a height above ground.
+// the ground ("dem") and the surface of the canopy ("chm"); and with cells of 1 m the ground of the
+// heath south of it ("heath"). All hold elevations, in metres above sea level: the canopy model is
+// not a height above ground.
 //
 // A lookup takes the nearest column and the next row to the north: column c covers X from
 // OriginX + (c - 1/2) cells to OriginX + (c + 1/2) cells, row r covers Y from OriginY + (r - 1)
@@ -27,6 +28,7 @@ struct HeightRaster {
 };
 
 HeightRaster Make_Ground_Raster(const Scene& scene);
+HeightRaster Make_Heath_Raster(const Scene& scene);
 HeightRaster Make_Canopy_Raster(const Scene& scene);
 
 /// Writes header_name with the seven values of a raster header, and the cell file.

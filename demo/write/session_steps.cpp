@@ -34,12 +34,20 @@ PaneView View_Centred_On(const Photograph& photo, const Point3D& point, int pane
   return view;
 }
 
-std::string Load_Steps(const std::vector<Photograph>& photos) {
+std::string Add_Image_Steps(const std::vector<Photograph>& photos) {
   std::string text;
   for (const Photograph& photo : photos) {
     text += "file " + photo.header_name + "\nmenu Add_images_to_set\n";
   }
-  return text + "file c:\\data\\demo\\dem.hdr\ninput 0.00\nmenu Add_height_Model\n";
+  return text;
+}
+
+std::string Add_Ground_Steps(const char* header) {
+  return std::string("file ") + header + "\ninput 0.00\nmenu Add_height_Model\n";
+}
+
+std::string Load_Steps(const std::vector<Photograph>& photos) {
+  return Add_Image_Steps(photos) + Add_Ground_Steps("c:\\data\\demo\\dem.hdr");
 }
 
 std::string Window_Picture(const char* window, const std::string& stage) {

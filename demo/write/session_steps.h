@@ -18,7 +18,12 @@ inline constexpr int kSessionPaneSide = 380;
 /// The view of a pane at zoom 1 after the panes were centred on a point.
 PaneView View_Centred_On(const Photograph& photo, const Point3D& point, int pane_side);
 
-/// Adds all photographs and the ground model.
+std::string Add_Image_Steps(const std::vector<Photograph>& photos);
+
+/// Adds a raster ground model.
+std::string Add_Ground_Steps(const char* header);
+
+/// Adds all photographs and the ground model of the forest.
 std::string Load_Steps(const std::vector<Photograph>& photos);
 
 /// A picture of a window at a stage of the work, c:\data\demo\<stage>.png. A build without windows

@@ -274,13 +274,14 @@ TEST(DemoSite, IsTheSameByteForByteOnOneThreadAndOnTwo) {
   }
   const std::vector<fs::path> files = Files_Below(first.Path());
   EXPECT_EQ(files, Files_Below(second.Path()));
-  const std::size_t photographs = 2 * (6 + 4), rasters = 4, triangulations = 4, tiles = 25,
+  const std::size_t photographs = 2 * (6 + 4 + 3), rasters = 6, triangulations = 4, tiles = 25,
                     lidar = 3 * (9 + 1), camera_tables = 2, field = 9, fixed = 3,
                     whole_image_headers = 3, matched_plot = 1, orientation_lists = 4,
-                    orientation_headers = 6, sessions = 9, beside = 3;
+                    orientation_headers = 6, true_points = 3, sessions = 15, beside = 3;
   EXPECT_EQ(files.size(), photographs + rasters + triangulations + tiles + lidar + camera_tables +
                               field + fixed + whole_image_headers + matched_plot +
-                              orientation_lists + orientation_headers + sessions + beside);
+                              orientation_lists + orientation_headers + true_points + sessions +
+                              beside);
   for (const fs::path& file : files) {
     EXPECT_TRUE(Bytes_Of(first.Path() / file) == Bytes_Of(second.Path() / file)) << file;
     EXPECT_FALSE(Bytes_Of(first.Path() / file).empty()) << file;
@@ -306,7 +307,9 @@ TEST(DemoSite, HoldsEveryFileThatItsSessionsChoose) {
   Write_Demo_Site(scene, Fly_Over(scene), root.Path());
   const DriveMap drives(root.Path());
   std::size_t asked = 0;
-  for (const char* session : {"measure.txt", "match.txt", "overlays.txt", "open.txt"}) {
+  for (const char* session : {"measure.txt", "match.txt", "overlays.txt", "open.txt",
+                              "surface_points.txt", "surface_pair.txt", "canopy_triplet.txt",
+                              "heath_points.txt", "heath_pair.txt", "heath_triplet.txt"}) {
     for (const std::string& file : Files_Asked_By(Bytes_Of(root.Path() / "sessions" / session))) {
       EXPECT_TRUE(fs::exists(drives.Locate(file).native)) << file;
       ++asked;

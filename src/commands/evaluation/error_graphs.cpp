@@ -39,6 +39,7 @@ void Draw_Errors(Picture& pane, const GraphScale& scale,
   }
 }
 
+/// The plot's border, but for what would run through title, results and legend.
 void Draw_Circle(Picture& pane, const GraphScale& scale, double radius) {
   constexpr int kSegments = 72;
   constexpr double kFullTurn = 6.283185307179586;
@@ -46,7 +47,9 @@ void Draw_Circle(Picture& pane, const GraphScale& scale, double radius) {
   for (int i = 1; i <= kSegments; ++i) {
     const double angle = i * kFullTurn / kSegments;
     const GraphPosition to = scale.At(radius * std::cos(angle), radius * std::sin(angle));
-    Draw_Segment(pane, from, to, kGrey);
+    if (!Is_Under_Headings(pane, from) && !Is_Under_Headings(pane, to)) {
+      Draw_Segment(pane, from, to, kGrey);
+    }
     from = to;
   }
 }
@@ -59,7 +62,7 @@ void Begin_Plan(const Workspace& w, Picture& pane, const char* title) {
   Begin_Graph(pane, title);
   Draw_Circle(pane, scale, radius);
   Draw_X_Axis(pane, scale, {{-radius, radius}, step, "0", "m east"});
-  Draw_Y_Axis(pane, scale, {{-radius, radius}, step, "0", "m north"});
+  Draw_Y_Axis(pane, scale, {{-radius, radius}, step, "0", "m north", AxisName::AtItsFoot});
 }
 
 GraphScale Plan_Of_Plot(const Workspace& w, const Picture& pane) {

@@ -2,6 +2,7 @@
 #include "commands/evaluation/graph_drawing.h"
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 
 #include "platform/number_text.h"
@@ -68,6 +69,11 @@ void Print_Result(Picture& pane, int line, std::string_view text) {
   Print_At(pane, {kTextLeft, kResultTop + line * kResultStep}, text);
 }
 
+bool Is_Under_Headings(const Picture& pane, GraphPosition at) {
+  constexpr double kTitleRight = 235, kLegendRoom = 80;
+  return at.py < kAxisTop && (at.px < kTitleRight || at.px > pane.Width - kLegendRoom);
+}
+
 void Draw_X_Axis(Picture& pane, const GraphScale& scale, const Axis& axis) {
   const double right = pane.Width - kAxisMargin, bottom = pane.Height - kAxisMargin;
   Draw_Segment(pane, {kAxisMargin, bottom}, {right, bottom}, kBlack);
@@ -83,15 +89,18 @@ void Draw_X_Axis(Picture& pane, const GraphScale& scale, const Axis& axis) {
 
 void Draw_Y_Axis(Picture& pane, const GraphScale& scale, const Axis& axis) {
   const double bottom = pane.Height - kAxisMargin;
+  const double name_top =
+      axis.name == AxisName::AtItsEnd ? kAxisTop - 2 : bottom - 2 * kHalfLine - 2;
   Draw_Segment(pane, {kAxisMargin, bottom}, {kAxisMargin, kAxisTop}, kBlack);
   for (const double tick : Ticks(axis.values, axis.step)) {
     const double py = scale.At(scale.x0, tick).py;
     if (py < kAxisTop + 2 * kHalfLine || py > bottom - kHalfLine) continue;
     Draw_Segment(pane, {kAxisMargin - kTickLength, py}, {kAxisMargin, py}, kBlack);
-    if (py < kAxisTop + 4 * kHalfLine) continue;  // what the axis measures stands there
-    Print_At(pane, {kAxisMargin + 3, py - 2 * kHalfLine}, Format(tick, axis.pattern));
+    const double label_top = py - 2 * kHalfLine;
+    if (std::abs(label_top - name_top) < 2 * kHalfLine + 2) continue;  // the axis' name is there
+    Print_At(pane, {kAxisMargin + 3, label_top}, Format(tick, axis.pattern));
   }
-  Print_At(pane, {kTextLeft, kAxisTop - 2}, axis.measures);
+  Print_At(pane, {kTextLeft, name_top}, axis.measures);
 }
 
 GraphPosition Low_Legend(const Picture& pane, int line) {

@@ -35,13 +35,21 @@ void Begin_Graph(Picture& pane, std::string_view title);
 /// A line of results below the title, counted from 0.
 void Print_Result(Picture& pane, int line, std::string_view text);
 
+/// Whether a position lies where the title, the results or a legend at the right edge stand.
+bool Is_Under_Headings(const Picture& pane, GraphPosition at);
+
+/// Where an axis says what it measures: at its end, or for the axis upward at its foot, where no
+/// values stand in a round plan.
+enum class AxisName { AtItsEnd, AtItsFoot };
+
 /// One of the two axes: ticks at the multiples of step that fall between the margins, labelled
-/// after the pattern, and what the axis measures at its end.
+/// after the pattern, and what the axis measures.
 struct Axis {
   Interval values;
   double step = 1;
   const char* pattern = "0";
   const char* measures = "";
+  AxisName name = AxisName::AtItsEnd;
 };
 void Draw_X_Axis(Picture& pane, const GraphScale& scale, const Axis& axis);
 void Draw_Y_Axis(Picture& pane, const GraphScale& scale, const Axis& axis);

@@ -108,6 +108,35 @@ TEST_F(Graphs, VectorsRunFromTheBlackTreeToItsClusterInPlan) {
   EXPECT_TRUE(Says(1, "XY-RMSE: .65 m"));  // sqrt((0.25 + 0 + 1) / 3)
 }
 
+TEST_F(Graphs, ThePlotsBorderLeavesTitleResultsAndLegendFree) {
+  Show_Without_Error();
+  constexpr Colour kGrey{150, 150, 150};
+  for (const int k : {1, 2}) {
+    int arcs = 0;
+    for (const Mark& mark : Pane(k).marks) {
+      if (mark.kind != Mark::Kind::Line || mark.colour != kGrey) continue;
+      ++arcs;
+      for (const auto& [px, py] : {std::pair(mark.x1, mark.y1), std::pair(mark.x2, mark.y2)}) {
+        EXPECT_FALSE(py < 54 && (px < 235 || px > 540)) << px << " " << py;
+      }
+    }
+    EXPECT_GT(arcs, 50);
+    EXPECT_LT(arcs, 72);
+  }
+}
+
+TEST_F(Graphs, PlansNameTheirUpwardAxisAtItsFoot) {
+  Show_Without_Error();
+  for (const Mark& mark : Pane(1).marks) {
+    if (mark.kind != Mark::Kind::Text) continue;
+    const std::string& text = Pane(1).texts[static_cast<std::size_t>(mark.text)].text;
+    if (text == "m north") {
+      EXPECT_GT(mark.y1, 560);
+    }
+  }
+  EXPECT_TRUE(Says(1, "m north"));
+}
+
 TEST_F(Graphs, MarksInThePlanGrowWithTheSizeOfTheError) {
   Set_Clusters({{1000, 2000, 159}, {1005, 2000, 172}, {1000, 2005, 180}});  // errors 1, -2, 0
   Load_Trees();

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "demo/scene/surface_mesh.h"
+
+namespace sylvomex::demo {
+
+/// The Delaunay triangulation of nodes in plan, anticlockwise triangles, as the dual of their
+/// Voronoi diagram (de Berg et al. 2008, Computational Geometry, section 9.2). Nodes are told apart
+/// to 1 mm within 2000 km of the first one; of several at one place the first stays. Fewer than
+/// three nodes, or nodes on one line, have no triangle.
+SurfaceMesh Triangulate(const std::vector<MeshNode>& nodes);
+
+}  // namespace sylvomex::demo
