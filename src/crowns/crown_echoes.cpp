@@ -3,14 +3,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ranges>
 
 namespace sylvomex {
 namespace {
 
 constexpr double kCellSize = 1.5;  // metres
 
-std::vector<GroundedEcho> Sorted(const std::vector<GroundedEcho>& echoes,
+std::vector<GroundedEcho> Sorted(std::span<const GroundedEcho> echoes,
                                  std::span<const std::int32_t> order) {
   std::vector<GroundedEcho> sorted;
   sorted.reserve(order.size());
@@ -40,7 +39,7 @@ double Distance(const CrownRecord& crown, const LidarPoint& point) {
 
 }  // namespace
 
-CrownEchoes::CrownEchoes(std::vector<GroundedEcho> echoes, std::span<const std::int32_t> order)
+CrownEchoes::CrownEchoes(std::span<const GroundedEcho> echoes, std::span<const std::int32_t> order)
     : sorted_(Sorted(echoes, order)),
       used_(order.size(), 0),
       grid_(Grid_Of(sorted_)),
@@ -61,7 +60,8 @@ std::vector<CrownEcho> CrownEchoes::Grow(const CrownRecord& crown, const GrowthL
   std::vector<CrownEcho> taken;
   const CrownShape shape = Shape_Of(crown);
   grid_.Near(crown.X, crown.Y, Widest_Radius(shape, crown.Height), near_);
-  for (const std::int32_t rank : std::views::reverse(near_)) {
+  for (auto at = near_.rbegin(); at != near_.rend(); ++at) {
+    const std::int32_t rank = *at;
     const double height = heights_[static_cast<std::size_t>(rank)];
     if (!(height > limits.above)) break;
     if (Is_Used(rank) || !(height < limits.below)) continue;

@@ -46,7 +46,7 @@ struct GrowthLimits {
 class CrownEchoes {
  public:
   /// order: the positions of the echoes, counted from 1, ascending by height.
-  CrownEchoes(std::vector<GroundedEcho> echoes, std::span<const std::int32_t> order);
+  CrownEchoes(std::span<const GroundedEcho> echoes, std::span<const std::int32_t> order);
 
   [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(sorted_.size()); }
   [[nodiscard]] const GroundedEcho& At(std::int32_t rank) const {

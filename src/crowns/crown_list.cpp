@@ -106,7 +106,7 @@ void PulsePlaces::Near(const ListedCrown& crown, std::vector<std::int32_t>& puls
     pulses.push_back(pulse_of_place_[static_cast<std::size_t>(place)]);
   }
   std::ranges::sort(pulses);
-  pulses.erase(std::ranges::unique(pulses).begin(), pulses.end());
+  pulses.erase(std::unique(pulses.begin(), pulses.end()), pulses.end());
 }
 
 }  // namespace sylvomex

@@ -21,6 +21,7 @@ double Squared_Distance(double X, double Y, double X0, double Y0) {
 std::vector<double> Ring_Depths(double first, double last, double step) {
   std::vector<double> depths;
   const int count = Loop_Passes(first, last, step);
+  depths.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) depths.push_back(first + i * step);
   return depths;
 }

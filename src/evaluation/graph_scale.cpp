@@ -53,8 +53,8 @@ std::vector<double> Ticks(const Interval& interval, double step) {
   const double first = std::ceil(interval.low / step);
   const double last = std::floor(interval.high / step);
   if (!(step > 0) || !(last - first < kMostTicks)) return {};
-  std::vector<double> ticks;
-  for (double k = first; k <= last; ++k) ticks.push_back(k * step);
+  std::vector<double> ticks(static_cast<std::size_t>(std::max(last - first + 1, 0.0)));
+  for (std::size_t k = 0; k < ticks.size(); ++k) ticks[k] = (first + static_cast<double>(k)) * step;
   return ticks;
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "panes/overlay_points.h"
 
+#include "state/workspace.h"
+
 #include "closedlib/parallel_tasks.h"
 #include "panes/pane_drawing.h"
 #include "state/camera_access.h"

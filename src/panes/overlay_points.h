@@ -4,9 +4,12 @@
 
 #include <span>
 
-#include "state/workspace.h"
+#include "platform/colour.h"
+#include "platform/point3d.h"
 
 namespace sylvomex {
+
+struct Workspace;
 
 struct OverlayPoint {
   Point3D at;

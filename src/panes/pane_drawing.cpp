@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "panes/pane_drawing.h"
 
+#include "state/workspace.h"
+
 #include "state/camera_access.h"
 
 namespace sylvomex {

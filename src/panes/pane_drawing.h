@@ -2,9 +2,14 @@
 // Drawing in object space on the panes.
 #pragma once
 
-#include "state/workspace.h"
+#include "imageblock/pane_view.h"
+#include "imageblock/pixel_position.h"
+#include "platform/colour.h"
+#include "platform/point3d.h"
 
 namespace sylvomex {
+
+struct Workspace;
 
 /// Pane position of a full-image position in pane k by its present view. Correlation panes
 /// (ImageKinds 2) use the tables of the correlation images.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "services/chosen_file.h"
 
+#include "state/workspace.h"
+
 #include <cctype>
 
 #include "platform/files.h"

@@ -5,9 +5,12 @@
 #include <optional>
 #include <string>
 
-#include "state/workspace.h"
+#include "platform/drive_map.h"
+#include "state/screen.h"
 
 namespace sylvomex {
+
+struct Workspace;
 
 /// The name under which the system goes on with the answer of a file dialog: a drive name where the
 /// file lies on a drive, so that records, messages and recordings hold under another root.

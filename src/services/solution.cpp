@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "services/solution.h"
 
+#include "state/workspace.h"
+
 #include <string_view>
 
 #include "platform/number_text.h"

@@ -3,9 +3,11 @@
 // sets it.
 #pragma once
 
-#include "state/workspace.h"
+#include "platform/point3d.h"
 
 namespace sylvomex {
+
+struct Workspace;
 
 /// How a point stands in the three Label4 fields: a number pattern, or plain number text.
 inline constexpr const char* kPlainNumbers = "";

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "services/ticked_images.h"
 
+#include "state/workspace.h"
+
 namespace sylvomex {
 
 std::vector<int> Ticked_Images(const Workspace& w) {

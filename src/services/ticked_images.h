@@ -3,9 +3,9 @@
 
 #include <vector>
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// Indices of the images whose Check1 is ticked, ascending.
 std::vector<int> Ticked_Images(const Workspace& w);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "session/block_values.h"
 
+#include "state/workspace.h"
+
 #include "session/transcript_text.h"
 #include "workspace/operator_event.h"
 

@@ -8,9 +8,10 @@
 #include <vector>
 
 #include "session/value_name.h"
-#include "state/workspace.h"
 
 namespace sylvomex {
+
+struct Workspace;
 
 /// The value of a name on one line. Raises UnknownName for a name that does not exist and
 /// RunTimeError(SubscriptOutOfRange) for an index outside its table.

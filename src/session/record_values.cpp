@@ -4,6 +4,7 @@
 
 #include "session/block_values.h"
 #include "session/value_text.h"
+#include "state/workspace.h"
 
 namespace sylvomex {
 

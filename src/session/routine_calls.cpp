@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "session/routine_calls.h"
 
+#include "state/workspace.h"
+
 #include <algorithm>
 #include <array>
 #include <limits>

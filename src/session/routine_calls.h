@@ -5,9 +5,9 @@
 #include <span>
 #include <string>
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// The results of a routine, numbers with 17 significant digits, texts in double quotes,
 /// separated by blanks. Outputs that a routine leaves alone are 0. Raises StepEnd for an

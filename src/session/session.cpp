@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "session/session.h"
 
+#include "state/workspace.h"
+
 #include <fstream>
 #include <memory>
 #include <optional>

@@ -10,9 +10,10 @@
 
 #include "session/recorder.h"
 #include "session/window_pictures.h"
-#include "state/workspace.h"
 
 namespace sylvomex {
+
+struct Workspace;
 
 struct SessionOptions {
   std::string script;          // file, "-" for the input stream

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/control_lookup.h"
 
+#include "state/workspace.h"
+
 #include <charconv>
 
 #include "workspace/window_table.h"

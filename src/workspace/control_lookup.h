@@ -6,9 +6,12 @@
 #include <string>
 #include <string_view>
 
-#include "state/workspace.h"
+#include "state/form.h"
+#include "state/window_design.h"
 
 namespace sylvomex {
+
+struct Workspace;
 
 /// "Text1(3)" is name "Text1", index 3; a name without parentheses has index kNoIndex. Nothing
 /// when the text is not of that form.

@@ -34,8 +34,9 @@ void Place_Panes(Form6State& form, double left) {
   const double width = height + kAxisMargin;
   for (int k = 0; k <= 5; ++k) {
     Picture& pane = form.Picture1(k);
-    pane.Left = left + (k % kPaneColumns) * (width + kMargin);
-    pane.Top = kTextAbove + (k / kPaneColumns) * (height + kMargin);
+    const int row = k / kPaneColumns, column = k % kPaneColumns;
+    pane.Left = left + column * (width + kMargin);
+    pane.Top = kTextAbove + row * (height + kMargin);
     pane.Width = width;
     pane.Height = height;
   }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/heightmodels/height_display.h"
 
+#include "state/workspace.h"
+
 #include "closedlib/counted_loop.h"
 #include "heightmodels/raster_model.h"
 #include "panes/pane_drawing.h"

@@ -2,9 +2,11 @@
 // How a height under the solution is shown in the status line and in the panes.
 #pragma once
 
-#include "state/workspace.h"
+#include "platform/colour.h"
 
 namespace sylvomex {
+
+struct Workspace;
 
 inline constexpr Colour kTopColour{100, 255, 0};
 

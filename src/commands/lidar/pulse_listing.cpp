@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "closedlib/counted_loop.h"
 #include "commands/lidar/lidar_inputs.h"
 #include "lidar/echo_listing.h"
 #include "platform/files.h"
@@ -49,9 +50,12 @@ void Print_ALS_in_ASCII(Workspace& w) {
   const std::string prefix = Read_Tile_Prefix(w, Campaign::Als2007);
   const FilePath listing = w.Drives.Locate(kListing);
   Write_Whole_File(listing, "");
-  for (double X = kFirstX; X <= kLastX; X += kTileSide) {
-    for (double Y = kFirstY; Y <= kLastY; Y += kTileSide) {
-      const std::string name = Tile_Name(prefix, Campaign::Als2007, X, Y);
+  const int columns = Loop_Passes(kFirstX, kLastX, kTileSide);
+  const int rows = Loop_Passes(kFirstY, kLastY, kTileSide);
+  for (int i = 0; i < columns; ++i) {
+    for (int j = 0; j < rows; ++j) {
+      const std::string name =
+          Tile_Name(prefix, Campaign::Als2007, kFirstX + i * kTileSide, kFirstY + j * kTileSide);
       if (List_Tile_At(w, name, listing) == Listing::Ends) return;
     }
   }

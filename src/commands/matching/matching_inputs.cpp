@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/matching/matching_inputs.h"
 
+#include "state/workspace.h"
+
 namespace sylvomex {
 
 RawPixels Raw_Pixels_Of(Workspace& w, const ImageRecord& record) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/overlays/field_dialogs.h"
 
+#include "state/workspace.h"
+
 #include "services/chosen_file.h"
 
 namespace sylvomex {

@@ -3,9 +3,11 @@
 
 #include <optional>
 
-#include "state/workspace.h"
+#include "platform/drive_map.h"
 
 namespace sylvomex {
+
+struct Workspace;
 
 /// The text file of a plot, its borders or its trees, by file dialog; nothing when it is dismissed,
 /// here and below.
