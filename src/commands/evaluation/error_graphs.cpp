@@ -70,7 +70,7 @@ GraphScale Plan_Of_Plot(const Workspace& w, const Picture& pane) {
   return Plan_Scale(Size_Of(pane), plot.PlotX, plot.PlotY, w.Matching.PlotRadius);
 }
 
-/// Pen width of a Z error: its size at the plan's scale, from 2 pixels to the pane's side.
+/// Pen width for a Z error: its magnitude at the plan's scale, from 2 pixels to the pane's side.
 int Error_Width(const Picture& pane, const GraphScale& scale, double error) {
   return To_Int32(std::clamp(std::abs(error) * scale.pixels_x, 2.0, pane.Height));
 }
