@@ -193,7 +193,7 @@ TEST(Settings, OneOutOfItsRangeIsNamedWithItsValue) {
   }
 }
 
-TEST(Settings, SharesThatAreAllZeroAreRefused) {
+TEST(Settings, SharesThatAreAllZeroAreRejected) {
   SiteSettings settings;
   settings.pine_share = settings.spruce_share = settings.birch_share = 0;
   EXPECT_THROW(Build_Scene(settings), RunTimeError);
