@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Surface searches: 121 windows of 17 x 17 pixels against a fixed one (goal on the reference
-// machine 0.003 ms), beside what Eigen and OpenCV give with little code, and the whole search of
+// machine 0.003 ms), compared with short Eigen and OpenCV code, and the whole search of
 // one pair point on a grey and a colour raster in memory (goal 0.06 ms).
 #include <benchmark/benchmark.h>
 

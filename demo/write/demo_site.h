@@ -7,7 +7,7 @@
 
 namespace sylvomex::demo {
 
-/// Goes up by one with every change of what the site holds, so that an older site is made anew.
+/// Increases with every change of the site's contents, so that an older site is regenerated.
 inline constexpr int kSiteVersion = 7;
 
 /// Writes the whole site below the root: photographs from the air and from within the stand,

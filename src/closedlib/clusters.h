@@ -29,9 +29,8 @@ struct ClusterTables {
 /// Groups sorted mesh points into clusters, best point first, while S - 1 >= score_limit. A point
 /// joins the nearest cluster whose current weighted mean is nearer than distance horizontally
 /// (metres; of two equally near, the older one), otherwise it starts one; its weight is S - 1. At
-/// most
-/// 2000 clusters; points that would start another are skipped, and so are NaN scores,
-/// which sort above all others. With a distance of 0 or less, or NaN, no point joins.
+/// most 2000 clusters; points that would start another are skipped, and so are NaN scores, which
+/// sort above all others. With a distance of 0 or less, or NaN, no point joins.
 ///
 /// Returns the number of clusters, 0 for a count of 0 or less. RunTimeError(SubscriptOutOfRange)
 /// when a span is too short and for an index entry outside the mesh.

@@ -12,13 +12,12 @@
 namespace sylvomex {
 
 /// A bound for the error of Transform_Products before rounding, far above observed errors; below
-/// one
-/// half the products are exact. With u = 2^-53 and e = 10 u log2(cols x rows), a transform's
-/// error is at most e times its result, both in the 2-norm (Higham 2002, Accuracy and Stability
-/// of Numerical Algorithms, theorem 24.2; a radix-4 step is two of radix 2). So by the
-/// Cauchy-Schwarz inequality the two transforms forward and the product of the spectra, which
-/// adds 3 u, leave a sum wrong by at most (2 e + 3 u) |tile| |template|; the transform back
-/// adds e |sums| <= e |tile| times the sum of the template's magnitudes.
+/// one half the products are exact. With u = 2^-53 and e = 10 u log2(cols x rows), a transform's
+/// error is at most e times its result, both in the 2-norm (Higham 2002, Accuracy and Stability of
+/// Numerical Algorithms, theorem 24.2; a radix-4 step is two of radix 2). So by the Cauchy-Schwarz
+/// inequality the two transforms forward and the product of the spectra, which adds 3 u, leave a
+/// sum wrong by at most (2 e + 3 u) |tile| |template|; the transform back adds e |sums| <= e |tile|
+/// times the sum of the template's magnitudes.
 double Transform_Error(TileShape shape, std::int64_t mask_pixels);
 
 /// How the windows are divided into tiles, and the estimated cost.

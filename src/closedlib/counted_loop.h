@@ -11,10 +11,9 @@
 namespace sylvomex {
 
 /// Number of passes of a loop over the reals first, first + step, ... up to last, both ends
-/// included:
-/// 101 from -5 to 5 by 0.1. The end is included even if rounding misses it by a millionth of the
-/// step. 0 when last lies below first by more than that, or when one is NaN. step must be positive.
-/// The result is an integer, however large.
+/// included: 101 from -5 to 5 by 0.1. The end is included even if rounding misses it by a millionth
+/// of the step. 0 when last lies below first by more than that, or when one is NaN. step must be
+/// positive. The result is an integer, however large.
 inline double Loop_Steps(double first, double last, double step) {
   const double steps = std::floor((last - first) / step + 1e-6) + 1;
   return steps > 0 ? steps : 0;

@@ -3,10 +3,9 @@
 // 1965), so that the cost per window does not depend on the template's size.
 //
 // A tile of cols x rows complex numbers consists of blocks of kBlockCols columns; a block holds,
-// row
-// by row, the real and then the imaginary parts of its columns. Vectors run across the columns
-// of a block, so a transform needs no shuffles. Frequencies stay in the order in which the
-// forward steps leave them: the inverse steps expect that order.
+// row by row, the real and then the imaginary parts of its columns. Vectors run across the columns
+// of a block, so a transform needs no shuffles. Frequencies stay in the order in which the forward
+// steps leave them: the inverse steps expect that order.
 #pragma once
 
 #include <array>
@@ -23,10 +22,9 @@ struct TileShape {
   int cols = 0, rows = 0;
 };
 
-/// Twiddle factors for transforms of a length: for every step of length n, starting with
-/// the whole length and going down by factors of 4, and k = 0 ... n / 4 - 1: w^k, w^2k and w^3k
-/// with
-/// w = exp(-2 pi i / n), real and imaginary part each.
+/// Twiddle factors for transforms of a length: for every step of length n, starting with the whole
+/// length and going down by factors of 4, and k = 0 ... n / 4 - 1: w^k, w^2k and w^3k with w =
+/// exp(-2 pi i / n), real and imaginary part each.
 std::vector<double> Step_Roots(int length);
 
 struct TileTransform {

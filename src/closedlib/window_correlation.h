@@ -47,8 +47,7 @@ struct WindowSums {
 
 /// Pearson's coefficient of n pairs of bytes, n at most kMostWindowSide squared. fixed_variation: n
 /// times the sum of the fixed window's squares minus its sum squared. The result stays within -1 to
-/// 1: the
-/// product of the variations rounds to no less than the square of the numerator.
+/// 1: the product of the variations rounds to no less than the square of the numerator.
 inline double Correlation_Of_Sums(std::int64_t n, std::int64_t fixed_sum,
                                   std::int64_t fixed_variation, const WindowSums& moving) {
   const std::int64_t variation = n * moving.squares - moving.values * moving.values;

@@ -15,8 +15,7 @@ namespace sylvomex {
 
 /// Side of a pixel on the film in whole micrometres, from the affine's determinant; whole numbers
 /// are required. Safe_Sqrt handles and reports a mirrored affine. RunTimeError(DivisionByZero) for
-/// a
-/// singular affine, RunTimeError(Overflow) beyond 16 bits.
+/// a singular affine, RunTimeError(Overflow) beyond 16 bits.
 std::int16_t Pixel_Side_Micrometres(const ImageRecord& image, const Report& report);
 
 /// Side of a pixel on the ground at height Z, metres. RunTimeError(DivisionByZero) for a camera

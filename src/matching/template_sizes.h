@@ -32,9 +32,7 @@ SizeTable Make_Size_Table(const ImageTemplate& pattern);
 /// column from the top left: a pixel uses its already smoothed left and upper neighbours.
 void Smooth_Template(ImageTemplate& pattern);
 
-/// Tent kernel: (1 -
-/// d
-///  / radius) / radius within the radius, else 0.
+/// Tent kernel: (1 - |d| / radius) / radius within the radius, else 0.
 double Tent_Weight(double d, double radius);
 
 /// The template resampled to another size. RunTimeError(DivisionByZero) naming a size of one pixel

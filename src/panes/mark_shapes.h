@@ -10,9 +10,7 @@ namespace sylvomex {
 
 std::uint32_t Pixel_Of(Colour colour);
 
-/// Nearest pixel, ties to even.
-/// position
-///  must stay below about 1e9.
+/// Nearest pixel, ties to even. The position must stay within about 1e9 of 0.
 int Nearest_Pixel(double position);
 
 /// False for NaN and for positions too far outside for any part of the mark to touch a pane.

@@ -45,9 +45,9 @@ class ListReader {
   std::int16_t Read_Int16();
   std::uint8_t Read_Byte();
 
-  /// A text item. An empty item (",,", a comma at the start of a line, "", or an empty line)
-  /// reads as the empty text.
-  /// RunTimeError(InputPastEnd) at the end of the file; so do the functions below.
+  /// A text item. An empty item (",,", a comma at the start of a line, "", or an empty line) reads
+  /// as the empty text. RunTimeError(InputPastEnd) at the end of the file; so do the functions
+  /// below.
   std::string Read_Text();
 
   /// A text up to the next comma or line end, including blanks inside it, with surrounding blanks

@@ -9,13 +9,13 @@
 
 namespace sylvomex {
 
-/// A number formatted by a pattern. '#' is an optional digit, '0' a fixed digit, '.' the
-/// decimal point, '%' multiplies by 100 and is also printed; any other character is a
-/// literal around the digits. The exact binary value is rounded to the decimals of the
-/// pattern, ties to even. Integer digits beyond the pattern are always shown. The minus sign
-/// comes before everything; a value that rounds to zero has none. "NaN" and "Inf" replace
-/// the digits. A pattern without digits gives its literals only.
-/// Format(0.5, "#.00") is ".50", Format(-0.5, "0.00") is "-0.50", Format(0, "#") is "".
+/// A number formatted by a pattern. '#' is an optional digit, '0' a fixed digit, '.' the decimal
+/// point, '%' multiplies by 100 and is also printed; any other character is a literal around the
+/// digits. The exact binary value is rounded to the decimals of the pattern, ties to even. Integer
+/// digits beyond the pattern are always shown. The minus sign comes before everything; a value that
+/// rounds to zero has none. "NaN" and "Inf" replace the digits. A pattern without digits gives its
+/// literals only. Format(0.5, "#.00") is ".50", Format(-0.5, "0.00") is "-0.50", Format(0, "#") is
+/// "".
 std::string Format(double value, std::string_view pattern);
 
 /// Shortest plain text with at most 15 (double) or 7 (float) significant digits, such as

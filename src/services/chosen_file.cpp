@@ -26,8 +26,7 @@ bool Has_Ending(std::string_view name) {
   return name.find('.', start == std::string_view::npos ? 0 : start) != std::string_view::npos;
 }
 
-// ".hdr" of "HDR files (*.hdr)
-// *.hdr"; empty for "*.*" and for several extensions.
+// ".hdr" of "HDR files (*.hdr)|*.hdr"; empty for "*.*" and for several extensions.
 std::string_view Ending_Of(std::string_view filter, int index) {
   for (int part = 1; part < 2 * index; ++part) {
     const std::size_t bar = filter.find('|');

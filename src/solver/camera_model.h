@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The strictly central-perspective camera of a frame photograph.
 //
-// Object X east, Y north, Z up, metres, right-handed. Film x, y and the principal distance c
-// in metres; the camera looks along -z. Full-image col to the right, row from the bottom.
-// A division by zero that a formula does not guard is a RunTimeError(DivisionByZero), an overflow
-// of finite inputs a RunTimeError(Overflow); both name the image.
-// NaN inputs give NaN results.
-// Formulas: Kraus, Photogrammetry (2007), section 2.1.3 (collinearity); Wolf and Dewitt,
-// Elements of Photogrammetry (2000), appendix C (sequential omega, phi, kappa) and D.
+// Object X east, Y north, Z up, metres, right-handed. Film x, y and the principal distance c in
+// metres; the camera looks along -z. Full-image col to the right, row from the bottom. A division
+// by zero that a formula does not guard is a RunTimeError(DivisionByZero), an overflow of finite
+// inputs a RunTimeError(Overflow); both name the image. NaN inputs give NaN results. Formulas:
+// Kraus, Photogrammetry (2007), section 2.1.3 (collinearity); Wolf and Dewitt, Elements of
+// Photogrammetry (2000), appendix C (sequential omega, phi, kappa) and D.
 #pragma once
 
 #include <cstdint>
@@ -94,9 +93,8 @@ CollinearityPartials Collinearity_Partials(const Camera& camera, const Point3D& 
                                            const FilmPosition& measured);
 
 /// Plane-to-plane transform of normalised images: projects a film position at distance z onto a
-/// film
-/// rotated by r at distance c; r holds R(row, column) at r[row-1][column-1]. A ray parallel
-/// to the new plane is a RunTimeError(DivisionByZero).
+/// film rotated by r at distance c; r holds R(row, column) at r[row-1][column-1]. A ray parallel to
+/// the new plane is a RunTimeError(DivisionByZero).
 FilmPosition Rotate_And_Project(const FilmPosition& film, double z, double c,
                                 const double (&r)[3][3]);
 

@@ -116,9 +116,7 @@ class IndependentSolver {
   }
 
  private:
-  /// Adds to N
-  ///  t
-  ///  I at the point; t from measured minus computed.
+  /// Adds to N | t | I at the point; t from measured minus computed.
   void Accumulate(const long double (&p)[3]) {
     for (auto& row : n_) std::fill(std::begin(row), std::end(row), 0.0L);
     for (int i = 0; i < 3; ++i) n_[i][4 + i] = 1;

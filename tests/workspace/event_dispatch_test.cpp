@@ -14,7 +14,7 @@
 namespace sylvomex {
 namespace {
 
-// A line of sample::told is: what, index, button, shift, key code, x, y.
+// Fields of a line in sample::told: what, index, button, shift, key code, x, y.
 struct EventDispatch : testing::Test {
   TemporaryFolder folder;
   std::ostringstream out;

@@ -11,8 +11,7 @@ void Show_Results_Window(Workspace& w);
 
 /// Reads a binary field tree file and matches its trees with the clusters of the last search. A
 /// file that cannot be used leaves tables and counts unchanged; the graphs of an earlier matching
-/// are
-/// erased.
+/// are erased.
 void Load_Reference_Trees(Workspace& w);
 
 /// Redraws the six graphs. The first one that cannot be computed ends the command; the graphs after

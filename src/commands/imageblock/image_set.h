@@ -9,12 +9,11 @@ namespace sylvomex {
 
 void Add_images_to_set(Workspace& w);
 
-/// The first steps of adding an image, up to its laid-out pane with its start view; the pane has
-/// no picture yet. image: follows the added image from index w.ImageCount on through any removals
-/// that run meanwhile. False after the message that the block is full. A header that cannot be
-/// read,
-/// and a raw file that is missing or too short although its header caused no warning, are
-/// RunTimeErrors that leave the block unchanged; an image whose header only caused warnings stays.
+/// The first steps of adding an image, up to its laid-out pane with its start view; the pane has no
+/// picture yet. image: follows the added image from index w.ImageCount on through any removals that
+/// run meanwhile. False after the message that the block is full. A header that cannot be read, and
+/// a raw file that is missing or too short although its header caused no warning, are RunTimeErrors
+/// that leave the block unchanged; an image whose header only caused warnings stays.
 bool Take_In_Image(Workspace& w, const FilePath& header, const FollowedImage& image);
 
 /// Add_images_to_set without its dialog. RunTimeErrors of Take_In_Image, and one for an image that

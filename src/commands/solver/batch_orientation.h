@@ -10,8 +10,7 @@ struct Workspace;
 /// "d:\ima_obs_4.CSV" for each pair of "d:\Stereo_parit.csv" and appends one line per point to
 /// "c:\text2.txt": point id, X, Y, Z, then solved minus known X, Y, Z. A point whose rays give no
 /// solution is reported in a message box and gets no line. When the command ends early, the lines
-/// of
-/// earlier points stay.
+/// of earlier points stay.
 void Compute_Points_From_Pairs(Workspace& w);
 
 /// Rewrites "e:\lk\InitApprx.txt": footprints of the photographs of "f:\lines.txt" on the plane at

@@ -2,11 +2,9 @@
 // A plot of 10 m about (1000, 2000) with four field trees and the five clusters of a search.
 //
 // Tree 1 (10 m high) is matched 0.3, 0.4 m away and 1 m too low, tree 2 (20 m) at its position and
-// 2 m
-// too low with cluster 4 beside it, tree 3 (30 m) 1 m away and 2 m too low; tree 4 is omitted.
+// 2 m too low with cluster 4 beside it, tree 3 (30 m) 1 m away and 2 m too low; tree 4 is omitted.
 // Clusters 4 and 5 have no tree. The field-measured ground is 150 m, 151 m at tree 4; the raster
-// model
-// has 150.5 m everywhere.
+// model has 150.5 m everywhere.
 #pragma once
 
 #include <gtest/gtest.h>
