@@ -14,8 +14,8 @@ namespace sylvomex {
 /// digits. The exact binary value is rounded to the decimals of the pattern, ties to even. Integer
 /// digits beyond the pattern are always shown. The minus sign comes before everything; a value that
 /// rounds to zero has none. "NaN" and "Inf" replace the digits. A pattern without digits gives its
-/// literals only. Format(0.5, "#.00") is ".50", Format(-0.5, "0.00") is "-0.50", Format(0, "#") is
-/// "".
+/// literals only.
+/// Format(0.5, "#.00") is ".50", Format(-0.5, "0.00") is "-0.50", Format(0, "#") is "".
 std::string Format(double value, std::string_view pattern);
 
 /// Shortest plain text with at most 15 (double) or 7 (float) significant digits, such as

@@ -2,11 +2,11 @@
 // The strictly central-perspective camera of a frame photograph.
 //
 // Object X east, Y north, Z up, metres, right-handed. Film x, y and the principal distance c in
-// metres; the camera looks along -z. Full-image col to the right, row from the bottom. A division
-// by zero that a formula does not guard is a RunTimeError(DivisionByZero), an overflow of finite
-// inputs a RunTimeError(Overflow); both name the image. NaN inputs give NaN results. Formulas:
-// Kraus, Photogrammetry (2007), section 2.1.3 (collinearity); Wolf and Dewitt, Elements of
-// Photogrammetry (2000), appendix C (sequential omega, phi, kappa) and D.
+// metres; the camera looks along -z. Full-image col to the right, row from the bottom.
+// A division by zero that a formula does not guard is a RunTimeError(DivisionByZero), an overflow
+// of finite inputs a RunTimeError(Overflow); both name the image. NaN inputs give NaN results.
+// Formulas: Kraus, Photogrammetry (2007), section 2.1.3 (collinearity); Wolf and Dewitt, Elements
+// of Photogrammetry (2000), appendix C (sequential omega, phi, kappa) and D.
 #pragma once
 
 #include <cstdint>
