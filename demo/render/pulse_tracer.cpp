@@ -75,8 +75,7 @@ std::array<BeamReturn, kBeams> Follow_Beams(const Scene& scene, const LidarCampa
 
 struct EchoTrain {
   int count = 0;
-  std::array<BeamReturn, kBeams>
-      echoes;  // mean range; sum of reflectances divided by the number of beams
+  std::array<BeamReturn, kBeams> echoes;  // mean range; mean reflectance over all beams
 };
 
 /// Returns closer in range than the resolution merge into one echo.

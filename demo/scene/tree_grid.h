@@ -17,10 +17,9 @@ struct TreeGrid {
   double west = 0, south = 0;  // corner of the first cell, metres
   double cell = 6;
   int columns = 0, rows = 0;
-  std::vector<int> starts;  // cell k lists items[starts[k]] .. items[starts[k + 1] - 1]
-  std::vector<int> items;   // indices in the stand
-  std::vector<double>
-      cell_tops;  // highest top in the cell, metres; lowest double for an empty cell
+  std::vector<int> starts;        // cell k lists items[starts[k]] .. items[starts[k + 1] - 1]
+  std::vector<int> items;         // indices in the stand
+  std::vector<double> cell_tops;  // highest top in the cell, metres; lowest double if empty
   double highest_top = 0;
   double tallest = 0;  // largest tree height, metres
 };

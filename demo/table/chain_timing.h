@@ -12,9 +12,8 @@ namespace sylvomex::demo {
 /// One run of a measured command.
 struct CommandRun {
   std::string command;
-  double seconds = 0;  // wall clock
-  std::optional<double>
-      peak_mb;  // of the process until the end of the command, in units of 1024 kB
+  double seconds = 0;             // wall clock
+  std::optional<double> peak_mb;  // of the process until the command ended, 1024 kB each
 };
 
 /// Capture_templates, Compute_Correlation_Images, Create_XYZ_Point_Set, Compute_Back_Projections,

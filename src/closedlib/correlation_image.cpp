@@ -19,8 +19,7 @@ namespace sylvomex {
 namespace {
 
 constexpr int kMostSide = 32767;
-constexpr int kStripRows =
-    85 * kBlockRows;  // rows of windows in a tile, so that its pixels stay in cache
+constexpr int kStripRows = 85 * kBlockRows;  // window rows in a tile: its pixels stay in cache
 
 /// Columns and rows, first to last - 1, of the windows that lie in the patch together with their
 /// reference point.

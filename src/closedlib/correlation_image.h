@@ -11,8 +11,7 @@ struct CorrelationInput {
   int patch_width = 0, patch_height = 0;  // at most 32767, as for the template
   std::span<const std::uint8_t> pattern;  // the template, likewise
   int template_width = 0, template_height = 0;
-  int reference_col = 0,
-      reference_row = 0;  // from the template's first pixel; may lie outside the template
+  int reference_col = 0, reference_row = 0;  // from the template's first pixel, may lie outside it
 };
 
 /// A correlation image: for every patch pixel the zero-mean normalised cross-correlation of a

@@ -41,8 +41,7 @@ std::size_t Digit(Entry entry, int pass) {
 /// Appends entries to one of many output runs. The next cache line of a run is prefetched for
 /// writing; otherwise waiting for it would dominate the pass.
 struct EntryWriter {
-  static constexpr std::size_t kAhead =
-      12;  // prefetch distance: between one and two lines of eight entries
+  static constexpr std::size_t kAhead = 12;  // prefetch distance: one to two lines of eight entries
 
   Entry* entries;
 

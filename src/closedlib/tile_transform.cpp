@@ -286,8 +286,7 @@ HWY_EXPORT(Filter_Rows);
 HWY_EXPORT(Restore_Columns);
 
 constexpr std::size_t kRow = 2 * kBlockCols;
-constexpr int kTakenCols =
-    8 * kBlockCols;  // copied from a tile together: fewer passes over each row
+constexpr int kTakenCols = 8 * kBlockCols;  // copied from a tile together: fewer passes over a row
 
 /// Copies columns first_col ... first_col + kBlockCols - 1 of the given pixels to the real
 /// (part 0) or imaginary (part 1) parts of a block of zeros.

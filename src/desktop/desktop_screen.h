@@ -61,8 +61,7 @@ class DesktopScreen : public Screen {
   DriveMap drives_;
   Owner owner_;
   TonePlayer tones_;
-  std::map<QString, int>
-      times_shown_;  // how often each message text was shown since the outer event began
+  std::map<QString, int> times_shown_;  // by message text, since the outer event began
   QSet<QString> silenced_;
   QString last_folder_;
   bool in_event_ = false;

@@ -19,8 +19,7 @@ struct ExpandPlan {
   static constexpr int kGroup = 5;                 // source pixels consumed by one vector step
   static constexpr int kMostByVector = 16;         // larger factors are expanded pixel by pixel
   static constexpr std::size_t kSourceSlack = 32;  // readable bytes past the last pixel
-  static constexpr std::size_t kTargetSlack =
-      16 * kMostByVector;  // writable bytes past the last pixel
+  static constexpr std::size_t kTargetSlack = 16 * kMostByVector;  // writable bytes likewise
 
   int bytes_per_pixel = 1;  // 1 grey, 3 red, green, blue
   std::int64_t factor = 1;  // pane pixels per source pixel, at least 1

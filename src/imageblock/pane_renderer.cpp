@@ -16,9 +16,8 @@ namespace sylvomex {
 namespace {
 
 constexpr int kLargestPane = 32767;
-constexpr std::size_t kRowsAhead = 4;  // prefetch distance in rows
-constexpr std::size_t kRowsAheadGathered =
-    2;  // shorter, as gathered bytes lie scattered over many cache lines
+constexpr std::size_t kRowsAhead = 4;          // prefetch distance in rows
+constexpr std::size_t kRowsAheadGathered = 2;  // their bytes lie scattered over many lines
 
 using RowBytes = std::span<const std::uint8_t>;
 

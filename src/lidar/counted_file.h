@@ -28,7 +28,7 @@ class CountedFile {
  public:
   /// record_bytes: distance from a record to the next. RunTimeError(BadContent) naming the
   /// file, the bytes wanted and the bytes found, for a negative count and for a file that is
-  /// too short for its count; bytes behind the last record do not count.
+  /// too short for its count; bytes after the last record are ignored.
   CountedFile(const FilePath& file, std::int64_t record_bytes);
 
   [[nodiscard]] std::int32_t Count() const { return count_; }

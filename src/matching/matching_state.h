@@ -61,9 +61,8 @@ struct MatchingState {
   double ModelTreeHeight = 0;
   std::int32_t MeshSide = 0;
   MeshTable MeshPoints;
-  std::vector<float> PointScore{0};  // entry j + 1 is the score of mesh point j
-  std::vector<std::int32_t> SortIndex{
-      0};  // entry numbers of PointScore in ascending order of score
+  std::vector<float> PointScore{0};        // entry j + 1 is the score of mesh point j
+  std::vector<std::int32_t> SortIndex{0};  // entries of PointScore by ascending score
   std::int32_t SortCount = 0;
   std::vector<ImageSummaryRecord> ImageSummary;  // the ticked images, in their order
   std::int32_t MatchImageCount = 0;

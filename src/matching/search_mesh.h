@@ -18,9 +18,8 @@ struct MeshSettings {
   double side_X = 0, side_Y = 0;  // metres
   double dx = 0, dy = 0, dz = 0;  // spacing, greater than 0
   double rotation = 0;            // radians about the centre, from X towards Y
-  double top_factor =
-      0;  // upper limit of the layer: this factor times the canopy height above ground
-  double low_factor = 0;  // lower limit: this factor times the upper limit above ground
+  double top_factor = 0;          // upper limit of the layer, in canopy heights above ground
+  double low_factor = 0;          // lower limit: this factor times the upper limit above ground
 };
 
 /// Height of a surface at X, Y.

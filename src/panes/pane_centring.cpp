@@ -16,8 +16,7 @@ namespace sylvomex {
 namespace {
 
 constexpr double kFarthest = 32000;  // largest distance of a centre in raw pixels, within 16 bits
-constexpr double kScaleElevation =
-    160;  // metres; elevation for the scale number printed on the panes
+constexpr double kScaleElevation = 160;  // metres, of the scale number on the panes
 
 ViewWindow Fit_At_Present_Zoom(Workspace& w, int image, RawCentre centre) {
   PaneView& view = w.PaneViews(image);

@@ -8,7 +8,7 @@
 
 namespace sylvomex {
 
-/// Raises the RunTimeError for an error number of the operating system, naming the file.
+/// Throws the RunTimeError for an error number of the operating system, naming the file.
 [[noreturn]] void Throw_File_Error(const FilePath& file, int error);
 
 /// The same for a file with unusable contents: RunTimeError(FileFailure) "<file>, <cause>".

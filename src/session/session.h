@@ -33,9 +33,8 @@ struct SessionStreams {
 /// What a desktop adds to a session; every member may be empty.
 struct SessionHooks {
   WindowPictures* pictures = nullptr;
-  std::function<void(Workspace&)>
-      before_start;                      // called when the block exists and nothing has run yet
-  std::function<void(Workspace&)> show;  // called after every step and event servicing
+  std::function<void(Workspace&)> before_start;  // when the block exists, before the start
+  std::function<void(Workspace&)> show;          // called after every step and event servicing
 };
 
 /// Plays a script. Returns the exit status: 0 all steps done, 1 a step failed, 2 a command

@@ -65,8 +65,7 @@ class StepPlayer {
   Workspace& w_;
   ScriptScreen& screen_;
   PlayerServices services_;
-  std::optional<SessionEnd>
-      end_;  // set when the session is over, whatever the running command does
+  std::optional<SessionEnd> end_;  // the session is over, whatever the running command does
 };
 
 }  // namespace sylvomex

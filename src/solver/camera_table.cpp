@@ -80,8 +80,7 @@ TableCamera Read_Camera(CameraLine& line) {
 }
 
 struct FrameLimits {
-  double x =
-      0;  // half size of the frame in metres from the principal point; the limit itself is outside
+  double x = 0;  // half size, metres from the principal point; itself outside
   double y = 0;
 };
 

@@ -11,9 +11,8 @@ namespace sylvomex {
 
 /// The footprint of a photograph on a horizontal plane, metres.
 struct Footprint {
-  Point3D centre;  // of the film's centre
-  std::array<Point3D, 4>
-      corners;  // rear right, front right, front left, rear left in flight direction
+  Point3D centre;                  // of the film's centre
+  std::array<Point3D, 4> corners;  // rear right, front right, front left, rear left, in flight
 };
 
 /// The projection of the film's centre to the plane at Z, and a rectangle of the image's footprint

@@ -18,8 +18,7 @@ struct ObservationRecord {
   std::uint8_t ImageCount = 0;   // images used, 0 to 9
   std::uint8_t TreeSpecies = 0;  // free class code
   std::int16_t FreeInteger = 0;
-  Table<std::uint8_t, 0, 8>
-      ImageSlots;  // image index of each observation, in the order of the image list
+  Table<std::uint8_t, 0, 8> ImageSlots;  // image index of each observation
   Table<std::int32_t, 0, 8> ImageIds;
   Table<float, 0, 8> Cols;  // full-image column of each observation
   Table<float, 0, 8> Rows;  // full-image row from the bottom

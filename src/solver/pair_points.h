@@ -11,11 +11,9 @@
 namespace sylvomex {
 
 inline constexpr int kMostPairPoints = 3600;  // ground points used, from the start of their list
-inline constexpr int kMostPairObservations =
-    311;                                    // used for each image, from the start of its list
-inline constexpr int kMostPairPasses = 10;  // iterations of one intersection
-inline constexpr Point3D kPairStart{
-    -2, 6, -5};  // start of the iteration relative to the known point, metres
+inline constexpr int kMostPairObservations = 311;  // per image, from the start of its list
+inline constexpr int kMostPairPasses = 10;         // iterations of one intersection
+inline constexpr Point3D kPairStart{-2, 6, -5};    // start relative to the known point, metres
 
 /// A ground point with its observations in both images of a pair.
 struct PairObservation {

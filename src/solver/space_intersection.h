@@ -19,8 +19,7 @@ struct FilmObservation {
 };
 
 struct IntersectionSettings {
-  double stop_dx =
-      0.03;  // metres; the iteration ends when all three corrections are below their limits
+  double stop_dx = 0.03;  // metres; the iteration ends below all three limits
   double stop_dy = 0.03;
   double stop_dz = 0.03;
   int max_passes = 100;

@@ -8,7 +8,7 @@
 
 namespace sylvomex {
 
-/// The number in a box. RunTimeError as of Parse_Double, prefixed with the name of the box, e.g.
+/// The number in a box. RunTimeError as by Parse_Double, prefixed with the name of the box, e.g.
 /// "Text5" or "Form2.Text5".
 double Number_In(const TextBox& box, std::string_view name);
 

@@ -45,8 +45,7 @@ TEST(Characters, TextOfOldFilesBecomesUtf8Too) {
   EXPECT_EQ(As_Utf8(""), "");
   EXPECT_EQ(As_Utf8("m\u00e4nty \u20ac"), "m\u00e4nty \u20ac");  // stays
   EXPECT_EQ(As_Utf8("m\xE4nty"), "m\u00e4nty");
-  EXPECT_EQ(As_Utf8("\u00e4\xFF"),
-            "\u00c3\u00a4\u00ff");  // not valid UTF-8 throughout: byte by byte
+  EXPECT_EQ(As_Utf8("\u00e4\xFF"), "\u00c3\u00a4\u00ff");  // not UTF-8 throughout: by bytes
 }
 
 }  // namespace

@@ -10,8 +10,7 @@
 namespace sylvomex::graph {
 namespace {
 
-constexpr int kPaneBorder =
-    4;  // pixels that a pane's frame takes from its width and from its height
+constexpr int kPaneBorder = 4;  // pixels that a pane's frame takes from width and height
 constexpr double kTextLeft = 26, kLegendLeft = 50;
 constexpr double kResultTop = 21, kResultStep = 15;  // below the title
 constexpr double kAxisTop = 54;                      // below the results

@@ -38,8 +38,8 @@ void Print_Result(Picture& pane, int line, std::string_view text);
 /// Whether a position lies under the title, the results or a legend at the right edge.
 bool Is_Under_Headings(const Picture& pane, GraphPosition at);
 
-/// Place of an axis' name: at the axis' end or, for the upward axis, at its foot, where a round plan
-/// has no values.
+/// Place of an axis' name: at the axis' end or, for the upward axis, at its foot, where a round
+/// plan has no values.
 enum class AxisName { AtItsEnd, AtItsFoot };
 
 /// One of the two axes: ticks at the multiples of step between the margins, labelled with the

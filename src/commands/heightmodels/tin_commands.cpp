@@ -54,8 +54,7 @@ struct CanopyPoint {
   Point3D at;
   bool is_drawn = false;
 };
-using CanopyLattice =
-    std::array<std::array<CanopyPoint, kLines>, kLines>;  // indexed by X, then by Y
+using CanopyLattice = std::array<std::array<CanopyPoint, kLines>, kLines>;  // by X, then by Y
 
 CanopyLattice Canopy_Lattice(const Workspace& w) {
   CanopyLattice lattice;

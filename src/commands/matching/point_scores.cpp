@@ -29,8 +29,7 @@
 namespace sylvomex {
 namespace {
 
-constexpr double kMeshPerPatch =
-    0.65;  // side of the mesh as a fraction of the ground square's side
+constexpr double kMeshPerPatch = 0.65;  // side of the mesh / side of the ground square
 constexpr float kHotScore = 1.2F;
 constexpr double kNoCanopy = std::numeric_limits<double>::quiet_NaN();
 
@@ -163,8 +162,7 @@ void Create_XYZ_Point_Set(Workspace& w) {
 void Compute_Back_Projections(Workspace& w) {
   MatchingState& m = w.Matching;
   const std::vector<int> images = Ticked_Images(w);
-  m.PointScore.assign(m.MeshPoints.size() + 1,
-                      0);  // a failure must not leave the scores of an earlier run
+  m.PointScore.assign(m.MeshPoints.size() + 1, 0);  // a failure leaves no earlier scores
   Summarize_Images(w, images);
   const HourglassGuard hourglass(w);
   Progress progress(w);

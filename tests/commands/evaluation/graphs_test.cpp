@@ -192,8 +192,7 @@ TEST_F(Graphs, HeightsOutsideTheAxisFallIntoItsFirstAndLastColumn) {
   w.Evaluation.ReferenceTree[1].TreeHeight = 41;
   Show();
   EXPECT_EQ(Points_At(3, 20 + 0.5 * 20, 580 - 10, {25, 155, 25}), 1);
-  EXPECT_EQ(Points_At(3, 20 + 29.5 * 20, 580 - 30, {25, 155, 25}),
-            1);  // on top of tree 3 with 30 m
+  EXPECT_EQ(Points_At(3, 20 + 29.5 * 20, 580 - 30, {25, 155, 25}), 1);  // on tree 3 of 30 m
 }
 
 TEST_F(Graphs, DemErrorsAreTheRasterMinusTheMeasuredGround) {

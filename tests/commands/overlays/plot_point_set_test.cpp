@@ -82,8 +82,7 @@ TEST(PlotPointSet, LinesOfAnyLengthAreReadByTheirFirstHundredCharacters) {
 }
 
 TEST(PlotPointSet, ZMayExtendBeyondTheHundredthCharacter) {
-  for (const std::size_t comma :
-       {60U, 96U, 99U}) {  // position of the comma before Z, counted from 0
+  for (const std::size_t comma : {60U, 96U, 99U}) {  // before Z, counted from 0
     for (const char* rest : {"155.25", "155.25,0,0"}) {
       PointFile b;
       std::string line = "1,100,5";
