@@ -39,7 +39,7 @@ void Draw_Errors(Picture& pane, const GraphScale& scale,
   }
 }
 
-/// The plot's border, but for what would run through title, results and legend.
+/// The plot's border, but for what would run through texts.
 void Draw_Circle(Picture& pane, const GraphScale& scale, double radius) {
   constexpr int kSegments = 72;
   constexpr double kFullTurn = 6.283185307179586;
@@ -47,7 +47,7 @@ void Draw_Circle(Picture& pane, const GraphScale& scale, double radius) {
   for (int i = 1; i <= kSegments; ++i) {
     const double angle = i * kFullTurn / kSegments;
     const GraphPosition to = scale.At(radius * std::cos(angle), radius * std::sin(angle));
-    if (!Is_Under_Headings(pane, from) && !Is_Under_Headings(pane, to)) {
+    if (!Is_Among_Texts(pane, from) && !Is_Among_Texts(pane, to)) {
       Draw_Segment(pane, from, to, kGrey);
     }
     from = to;

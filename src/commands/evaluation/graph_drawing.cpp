@@ -69,9 +69,11 @@ void Print_Result(Picture& pane, int line, std::string_view text) {
   Print_At(pane, {kTextLeft, kResultTop + line * kResultStep}, text);
 }
 
-bool Is_Under_Headings(const Picture& pane, GraphPosition at) {
-  constexpr double kTitleRight = 235, kLegendRoom = 80;
-  return at.py < kAxisTop && (at.px < kTitleRight || at.px > pane.Width - kLegendRoom);
+bool Is_Among_Texts(const Picture& pane, GraphPosition at) {
+  constexpr double kTitleRight = 235, kLegendRoom = 80, kLegendBottom = 88;
+  if (at.py > pane.Height - kAxisMargin) return true;
+  if (at.px < kTitleRight) return at.py < kAxisTop;
+  return at.px > pane.Width - kLegendRoom && at.py < kLegendBottom;
 }
 
 void Draw_X_Axis(Picture& pane, const GraphScale& scale, const Axis& axis) {

@@ -35,8 +35,9 @@ void Begin_Graph(Picture& pane, std::string_view title);
 /// Prints a line of results below the title; lines are counted from 0.
 void Print_Result(Picture& pane, int line, std::string_view text);
 
-/// Whether a position lies under the title, the results or a legend at the right edge.
-bool Is_Under_Headings(const Picture& pane, GraphPosition at);
+/// Whether a position lies where the title, the results, a legend at the right edge or the numbers
+/// of the lower axis stand.
+bool Is_Among_Texts(const Picture& pane, GraphPosition at);
 
 /// Place of an axis' name: at the axis' end or, for the upward axis, at its foot, where a round
 /// plan has no values.
