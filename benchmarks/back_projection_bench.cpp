@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// 500,000 mesh points into five correlation images of the nine-image volume, then the geometric
-// mean. Goals on the reference machine for both together: 6 ms on one thread, 3.3 on two. The
-// peer is the loop that a user would write, with std::pow.
+// Back-projection of 500,000 mesh points into five correlation images of the nine-image volume,
+// then the geometric mean. Goals on the reference machine for both together: 6 ms on one thread,
+// 3.3 on two. The peer is the straightforward loop with std::pow.
 #include <benchmark/benchmark.h>
 
 #include <cmath>
@@ -66,7 +66,7 @@ void Geometric_Mean(benchmark::State& state) {
 }
 BENCHMARK(Geometric_Mean)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-/// On the patch, row from its top.
+/// Patch position; row from the top of the patch.
 PixelPosition Project(const bench::PatchCamera& image, const Point3D& point) {
   const Camera& camera = image.camera;
   const auto [r, s, q] = To_Camera_Axes(camera, point);

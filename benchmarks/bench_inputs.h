@@ -3,8 +3,8 @@
 // are the same bytes on every machine.
 //
 // Random words: splitmix64 (Steele, Lea and Flood 2014, "Fast splittable pseudorandom number
-// generators") read as a table: word i of a seed is the output i + 1 of the generator that
-// starts in the state seed.
+// generators") used as a table: word i of a seed is output i + 1 of the generator started
+// with the state seed.
 #pragma once
 
 #include <cstddef>
@@ -25,7 +25,7 @@ inline double Random_Unit(std::uint64_t seed, std::uint64_t index) {
   return static_cast<double>(Random_Word(seed, index) >> 11) * 0x1p-53;
 }
 
-/// A position of a plane of up to 65536 columns as an index of random words.
+/// The index of random words for a position in a plane of up to 65536 columns.
 inline std::uint64_t Plane_Index(int col, int row) {
   return static_cast<std::uint64_t>(row) * 65536U + static_cast<std::uint64_t>(col);
 }
@@ -49,14 +49,14 @@ inline int Value_Noise(std::uint64_t seed, int x, int y, int shift) {
   return (top * (cell - fy) + bottom * fy) >> (2 * shift);
 }
 
-/// One row of a red, green, blue frame image: three quarters of the value noise of 32-pixel
-/// cells plus six bits of white noise a channel. rgb: 3 bytes a pixel.
+/// One row of a red, green, blue frame image: three quarters of the value noise of 32-pixel cells
+/// plus six bits of white noise per channel. rgb: 3 bytes a pixel.
 inline void Fill_Frame_Row(std::uint64_t seed, int row, std::span<std::uint8_t> rgb) {
   constexpr int kShift = 5;
   const int width = static_cast<int>(rgb.size() / 3);
   const int cell_row = row >> kShift;
   const int fy = row & 31;
-  int left = 0;  // the cell's lattice values, blended down the row
+  int left = 0;  // the cell's lattice values, interpolated for the row
   int right = 0;
   for (int col = 0; col < width; ++col) {
     const int cell_col = col >> kShift;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Clusters of 500,000 sorted mesh points, all above the limit. Goal on the reference machine:
-// 10 ms. Peers that follow the same rule: a walk over all clusters, and, where Boost is
-// installed, its R-tree of the present means.
+// 10 ms. Peers with the same rule: a linear search over all clusters and, where Boost is
+// installed, its R-tree of the current means.
 #include <benchmark/benchmark.h>
 
 #include <vector>

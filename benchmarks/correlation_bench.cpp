@@ -65,13 +65,13 @@ void By_Path(benchmark::State& state, const SumPath* path, Products products) {
   }
 }
 
-/// Without the byte dot products that this machine may have.
+/// Without byte dot products, even where the machine has them.
 void Correlation_Image_Portable(benchmark::State& state) {
   By_Path(state, &Portable_Sums(), Products::Cheapest);
 }
 BENCHMARK(Correlation_Image_Portable)->Apply(Every_Size);
 
-/// Where the products come from: added one by one or by transforms.
+/// How the products are computed: directly or by transforms.
 void Portable_Added(benchmark::State& state) { By_Path(state, &Portable_Sums(), Products::Added); }
 BENCHMARK(Portable_Added)->Apply(Every_Size);
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The desktop with six images and 200,000 overlay dots on each pane, in a window without a
-// screen of 1280 x 1024 pixels. Goals: a pointer move is answered within 16 ms, a redraw after a
+// The desktop with six images and 200,000 overlay dots on each pane, in an offscreen window
+// of 1280 x 1024 pixels. Goals: response to a pointer move within 16 ms, redraw after a
 // zoom within 100 ms.
 #include <benchmark/benchmark.h>
 
@@ -36,7 +36,7 @@ class SixImages {
 
   Workspace& Block() { return desktop_.Block(); }
 
-  /// What a command's end does: the widgets take over the records and are painted.
+  /// As at the end of a command: copies the records to the widgets and paints them.
   void Show() {
     Block().screen->Service_Events();
     QApplication::processEvents();
@@ -59,7 +59,7 @@ class SixImages {
     for (int k = 0; k < kImages; ++k) Erase_Marks(Block().Form1.Picture1(k));
   }
 
-  /// Until the read-out above the pane tells the new position.
+  /// Moves the pointer and waits for the new position above the pane.
   void Move_Pointer(double px, double py) {
     const std::string before = Block().Form1.Label1(0).Caption;
     QWidget* pane = desktop_.Shown().Main().Control_Widget("Picture1(0)");
@@ -117,7 +117,7 @@ void Zoom_And_Redraw(benchmark::State& state) {
 }
 BENCHMARK(Zoom_And_Redraw)->Unit(benchmark::kMillisecond);
 
-/// The dots painted anew under a picture that has changed, as when a window grows.
+/// Repaints the dots after a change of the picture, as when a window grows.
 void Repaint_Dots(benchmark::State& state) {
   SixImages desk;
   desk.Draw_Dots();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// One space intersection as the operator's command runs it: five images, the film coordinates
+// One space intersection as run by the operator's command: five images, film coordinates
 // parsed from their text boxes, three passes. Goal: below 10 us. The peer solves the same
-// passes with Eigen's dense least squares, the observations already numbers.
+// passes with Eigen's dense least squares from observations already given as numbers.
 #include <benchmark/benchmark.h>
 
 #ifdef SYLVOMEX_BENCH_EIGEN
@@ -20,7 +20,7 @@ namespace {
 constexpr Point3D kTruth = {2515103.27, 6859941.6, 172.84};
 constexpr Point3D kStart = {2515095, 6859950, 160};
 
-/// A strip of photographs with observations of kTruth, a few micrometres of noise in each.
+/// A strip of photographs with observations of kTruth, each with a few micrometres of noise.
 class Strip {
  public:
   explicit Strip(int count) {

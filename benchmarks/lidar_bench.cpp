@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// A tile of a million pulses into arrays, page cache warm, on one thread and on all; and the
-// 2006 overlay as a command: a full tile of 100,000 pulses on six panes, reading included.
+// Reading a tile of a million pulses into arrays, page cache warm, on one thread and on all; and
+// the 2006 overlay as a command: a full tile of 100,000 pulses on six panes, including the reading.
 //
-// Beside ours, rounds of what a user would write by hand alternate in one run: the file read
-// whole, then record by record into fresh arrays. lidar_peer_numpy.py measures NumPy on the
-// same file. Times are medians in milliseconds, "cpu_ms" those of all threads together.
+// Rounds of a hand-written reader alternate with ours in the same run: it reads the file
+// whole, then record by record into new arrays. lidar_peer_numpy.py measures NumPy on the
+// same file. Times are medians in milliseconds; "cpu_ms" is the sum over all threads.
 #include <benchmark/benchmark.h>
 
 #include <cmath>
@@ -41,7 +41,7 @@ bool Right(benchmark::State& state, double checksum) {
   return false;
 }
 
-// The fields of a record in arrays of their own.
+// The fields of a record in separate arrays.
 struct PlainArrays {
   std::vector<double> reals[20];
   std::vector<std::int16_t> shorts[5];
@@ -99,7 +99,7 @@ void Time_Tile(benchmark::State& state, const FilePath& file, int threads) {
   state.counters["ratio"] = plain_times.Wall() / times.Wall();
 }
 
-// An operator who is never asked.
+// A screen that must never be asked.
 class SilentScreen : public Screen {
  public:
   Answer Message_Box(std::string_view, Buttons, std::string_view) override { return Answer::Ok; }

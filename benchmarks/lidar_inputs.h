@@ -43,7 +43,7 @@ inline std::array<char, kPulseSize> Tile_Record(std::uint64_t r) {
   return record;
 }
 
-/// Writes a tile of so many pulses unless it lies there in full.
+/// Writes a tile with that number of pulses unless a complete one exists.
 inline void Make_Tile(const std::filesystem::path& file, std::int32_t pulses) {
   std::error_code missing;
   const auto size = 4 + kPulseSize * static_cast<std::uintmax_t>(pulses);

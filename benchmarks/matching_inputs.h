@@ -35,7 +35,7 @@ inline std::vector<std::uint8_t> Grey_Patch(int width, int height, bool hard = f
   return patch;
 }
 
-/// A side x side template cut round a patch pixel; outside the ellipse 0, inside at least 1.
+/// A side x side template cut around a patch pixel; 0 outside the ellipse, at least 1 inside.
 inline std::vector<std::uint8_t> Ellipse_Template(const std::vector<std::uint8_t>& patch,
                                                   int patch_width, int col, int row, int side) {
   std::vector<std::uint8_t> pattern;
@@ -51,7 +51,7 @@ inline std::vector<std::uint8_t> Ellipse_Template(const std::vector<std::uint8_t
 
 inline constexpr double kPlotX = 2515000, kPlotY = 6859000, kPlotZ = 165;
 
-/// Columns of 45 points, 0.5 m apart in X, Y and Z, round the plot centre.
+/// Columns of 45 points, 0.5 m apart in X, Y and Z, around the plot centre.
 inline std::vector<Point3D> Mesh(std::size_t count) {
   std::vector<Point3D> mesh(count);
   for (std::size_t i = 0; i < count; ++i) {
@@ -64,7 +64,7 @@ inline std::vector<Point3D> Mesh(std::size_t count) {
   return mesh;
 }
 
-/// The points as the workstation holds them.
+/// The points in the container that the workstation uses.
 inline HugePageVector<Point3D> On_Huge_Pages(const std::vector<Point3D>& mesh) {
   return {mesh.begin(), mesh.end()};
 }
@@ -93,8 +93,8 @@ inline PatchCamera Patch_Camera(int k) {
   return {camera, {std::nearbyint(col) - 600, std::nearbyint(row) - 600 + kVolumeSide - 1}};
 }
 
-/// A volume whose images 0 to 4 hold smooth values from about -0.9 to 0.9. The noise counts its
-/// rows from the patch's lowest.
+/// A volume whose images 0 to 4 hold smooth values from about -0.9 to 0.9. The noise is indexed
+/// with rows counted from the patch's bottom.
 inline ZeroedArray<double> Smooth_Volume() {
   ZeroedArray<double> volume(std::size_t{kVolumeImages} * kVolumeSide * kVolumeSide);
   for (int row = 0; row < kVolumeSide; ++row) {
@@ -110,7 +110,7 @@ inline ZeroedArray<double> Smooth_Volume() {
   return volume;
 }
 
-/// Scores from 0 to 2, bell shaped; entry 0 is free.
+/// Scores from 0 to 2, bell-shaped distribution; entry 0 is unused.
 inline std::vector<float> Scores(std::size_t count) {
   std::vector<float> scores(count + 1);
   for (std::size_t i = 0; i < count; ++i) {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// A pane of 600 x 600 pixels out of a colour file of 15000 x 15000, one thread, page cache
-// warm. An iteration is a round over 64 random windows; every reported time is for one pane.
+// A pane of 600 x 600 pixels from a colour file of 15000 x 15000, one thread, page cache warm. An
+// iteration is a round over 64 random windows; all times are per pane.
 //
-// Beside a peer, rounds of ours and of the peer alternate in one run: "ms" and "peer_ms" are
-// the medians of both, "ratio" is how many times longer the peer takes. The same by processor
-// time ("cpu_...") tells more on a machine that has other work.
+// With a peer, rounds of ours and of the peer alternate in the same run: "ms" and "peer_ms" are
+// their medians, "ratio" is peer time / our time. The same in processor time ("cpu_...") is more
+// reliable on a machine with other load.
 #include <benchmark/benchmark.h>
 
 #include <cmath>
@@ -34,7 +34,7 @@ struct Zoom {
   const char* name;
   int window_size;
   double factor;
-  double checksum;  // sum of every 4001st byte of a pane, mean over the windows
+  double checksum;  // sum of every 4001st byte of a pane, averaged over the windows
 };
 
 constexpr Zoom kZooms[] = {{"1_1", 600, 1.0, 34196.2188},
@@ -76,7 +76,7 @@ void Render(const MappedFile& file, const Zoom& zoom, int index, const GammaTabl
   Render_Colour({file.Bytes(), kRawSize, kRawSize, &path}, request, out);
 }
 
-/// One pane after the other into the same bitmap, adding up the checksums.
+/// Renders panes in sequence into the same bitmap and sums their checksums.
 class Panes {
  public:
   explicit Panes(const MappedFile& file) : file_(file) {}
@@ -131,7 +131,7 @@ void Time_Ours(benchmark::State& state, const MappedFile& file, const Zoom& zoom
   Report(state, times);
 }
 
-/// Mapped for each round, so that the page faults of first touch are counted.
+/// Maps the file again for each round, so that the page faults of first access are included.
 void Time_Fresh(benchmark::State& state, const FilePath& path, const Zoom& zoom) {
   RoundTimes times(kWindows);
   for (auto unused : state) {
@@ -165,7 +165,7 @@ void Time_Beside(benchmark::State& state, const MappedFile& file, const Zoom& zo
   state.counters["cpu_ratio"] = peer_times.Cpu() / times.Cpu();
 }
 
-/// What a zoom costs the operator: open, render, write the scratch bitmap, load it.
+/// The cost of a zoom to the operator: open, render, write the scratch bitmap, load it.
 void Time_Whole(benchmark::State& state, const FilePath& raw, const Zoom& zoom) {
   const FilePath scratch{"pane.bmp", Data_Folder() / "pane.bmp"};
   RawFileCache cache;

@@ -5,8 +5,8 @@
 
 namespace sylvomex::bench {
 
-/// RasterIO over the raw file, described once by a virtual raster and once by an ENVI header
-/// that is written beside the file.
+/// RasterIO on the raw file, described once by a virtual raster and once by an ENVI header written
+/// beside the file.
 PanePeer Pane_Gdal_Virtual(const PaneSource& source);
 PanePeer Pane_Gdal_Envi(const PaneSource& source);
 

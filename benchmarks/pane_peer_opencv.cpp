@@ -7,7 +7,7 @@ namespace sylvomex::bench {
 
 PanePeer Pane_OpenCv(const PaneSource& source) {
   cv::setNumThreads(1);
-  // The matrix is only read; OpenCV has no constant kind of it.
+  // The matrix is only read; cv::Mat has no const variant.
   const cv::Mat image(source.size, source.size, CV_8UC3,
                       const_cast<std::uint8_t*>(source.bytes.data()));
   const auto paint = [image](const PaneWindow& window, int pane_size, std::span<std::uint8_t> bgr) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Other libraries that cut and scale a pane out of the same raw file.
+// Other libraries that extract and scale a pane from the same raw file.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@
 
 namespace sylvomex::bench {
 
-/// A square window of a raw colour file: columns and rows from col, raw_row on.
+/// A square window of a raw colour file, starting at col, raw_row.
 struct PaneWindow {
   int col = 0;
   int raw_row = 0;
@@ -21,11 +21,11 @@ struct PaneWindow {
 /// The raw file of the pane benchmarks, square.
 struct PaneSource {
   std::filesystem::path file;
-  std::span<const std::uint8_t> bytes;  // the same mapping for everybody who takes one
+  std::span<const std::uint8_t> bytes;  // one mapping, shared by all peers that use it
   int size = 0;
 };
 
-/// Fills a pane of pane_size x pane_size blue, green, red pixels.
+/// Renders a pane of pane_size x pane_size blue, green, red pixels.
 using PanePainter =
     std::function<void(const PaneWindow& window, int pane_size, std::span<std::uint8_t> bgr)>;
 
@@ -34,11 +34,11 @@ struct PanePeer {
   PanePainter paint;
 };
 
-/// Reads what a pane needs of the mapped file and does nothing else: copies its rows, or when they
-/// are passed over by steps looks at each of their cache lines. No pane comes sooner than that.
+/// Only reads what a pane needs from the mapped file: copies its rows or, where pixels are skipped,
+/// touches each cache line. A lower bound for every renderer.
 PanePeer Pane_Bare_Reading(const PaneSource& source);
 
-/// The peers that this build has, and the bare reading.
+/// The peers available in this build, and the bare reading.
 std::vector<PanePeer> Pane_Peers(const PaneSource& source);
 
 }  // namespace sylvomex::bench

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Height lookups on a 4000 x 4000 model, one thread: scattered at random (goal: 150 million a
-// second) and in the order of an ortho scan. The peer is what a user would write by hand: the
+// second) and in the order of an ortho scan. The peer is hand-written: the
 // same rounding on a std::vector of floats.
 #include <benchmark/benchmark.h>
 
@@ -34,7 +34,7 @@ struct Position {
   double X = 0, Y = 0;
 };
 
-/// Positions over the model and a little beyond its edges.
+/// Positions on the model and slightly beyond its edges.
 std::vector<Position> Random_Positions() {
   std::mt19937 random(41);
   std::uniform_real_distribution<double> away(-20, kSide * 0.5 + 20);
@@ -43,7 +43,7 @@ std::vector<Position> Random_Positions() {
   return positions;
 }
 
-/// A line of positions 0.3 m apart after the other.
+/// Scan lines of positions 0.3 m apart.
 std::vector<Position> Scan_Positions() {
   std::vector<Position> positions(kLookups);
   for (std::size_t i = 0; i < kLookups; ++i) {

@@ -16,8 +16,8 @@ inline double Median(std::vector<double> values) {
   return *middle;
 }
 
-/// Milliseconds of the rounds of a benchmark, by the clock and by the processor time of the
-/// program. parts: reported times are those of a part of a round.
+/// Round times of a benchmark in milliseconds, wall clock and processor time. parts: number of
+/// parts in a round; reported times are per part.
 class RoundTimes {
  public:
   explicit RoundTimes(double parts = 1) : parts_(parts) {}

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Heights of a triangulated model of about 200,000 triangles (Delaunay where CGAL is at hand) at
-// a million places, at random and in scan order, and what a load and a rasterization cost.
+// Heights from a triangulated model of about 200,000 triangles (Delaunay where CGAL is available)
+// at a million points, random and in scan order, and the cost of a load and a rasterization.
 //
-// Beside a peer, rounds of ours and of the peer alternate in one run: "ms" and "peer_ms" are
-// the medians of both, "ratio" is how many times longer the peer takes. The same by processor
-// time ("cpu_...") tells more on a machine that has other work.
+// With a peer, rounds of ours and of the peer alternate in the same run: "ms" and "peer_ms" are
+// their medians, "ratio" is peer time / our time. The same in processor time ("cpu_...") is more
+// reliable on a machine with other load.
 #include <benchmark/benchmark.h>
 
 #include <cmath>
@@ -22,7 +22,7 @@
 namespace sylvomex::bench {
 namespace {
 
-/// The lattice's squares cut along one diagonal.
+/// The lattice's squares split along one diagonal.
 std::vector<TinTriple> Lattice_Triples() {
   std::vector<TinTriple> triples;
   for (std::int32_t row = 0; row + 1 < kNodesALine; ++row) {
@@ -92,7 +92,7 @@ void Time_Lookups(benchmark::State& state, const TinModel& model,
   Report(state, times, Sum(heights));
 }
 
-/// One lookup after the other, as the commands make them.
+/// One lookup at a time, as the commands make them.
 void Time_Calls(benchmark::State& state, const TinModel& model, const std::vector<MapPoint>& places,
                 bool keep_hint) {
   double sum = 0;
@@ -130,7 +130,7 @@ void Time_Beside(benchmark::State& state, const TinModel& model,
   state.counters["cpu_ratio"] = peer_times.Cpu() / times.Cpu();
 }
 
-/// Heights raised into the range of the grey values.
+/// Heights shifted into the range of the grey values.
 void Time_Raster(benchmark::State& state, TinModel model) {
   for (TinNode& node : model.Nodes) node.Z += 140;
   for (TinTriangle& t : model.Triangles) {

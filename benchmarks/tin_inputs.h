@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A triangulated model of 199,712 triangles over 1000 x 1000 m and a million places on it, from
-// the random words of bench_inputs.h.
+// A triangulated model of 199,712 triangles over 1000 x 1000 m and a million points on it, from the
+// random words of bench_inputs.h.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +16,7 @@ inline constexpr double kTinSide = 1000;                   // metres
 inline constexpr int kNodesALine = 317;
 inline constexpr std::size_t kPlaces = 1'000'000;
 
-/// A grid of nodes, those inside shifted by up to 0.4 of the spacing.
+/// A grid of nodes; inner nodes are displaced by up to 0.4 of the spacing.
 inline std::vector<TinNode> Tin_Nodes() {
   constexpr double kSpacing = kTinSide / (kNodesALine - 1);
   const auto shift = [](int line, std::uint64_t word) {
@@ -36,7 +36,7 @@ inline std::vector<TinNode> Tin_Nodes() {
   return nodes;
 }
 
-/// A million places at random, uniform over the model.
+/// A million random points, uniform over the model.
 inline std::vector<MapPoint> Random_Places() {
   std::vector<MapPoint> places(kPlaces);
   for (std::size_t i = 0; i < kPlaces; ++i) {
@@ -46,7 +46,7 @@ inline std::vector<MapPoint> Random_Places() {
   return places;
 }
 
-/// The same number of places, scan line after scan line.
+/// The same number of points in scan lines.
 inline std::vector<MapPoint> Scan_Places() {
   std::vector<MapPoint> places(kPlaces);
   for (std::size_t i = 0; i < kPlaces; ++i) {

@@ -34,7 +34,7 @@ double Height_In(Delaunay::Face_handle face, const MapPoint& p) {
   return a.z() + u * (b.z() - a.z()) + v * (c.z() - a.z());
 }
 
-/// Each place from the face of the one before.
+/// Locates each point starting from the face of the previous one.
 void From_Face_To_Face(const Delaunay& tin, std::span<const MapPoint> places,
                        std::span<double> heights) {
   Delaunay::Face_handle face;
@@ -44,7 +44,7 @@ void From_Face_To_Face(const Delaunay& tin, std::span<const MapPoint> places,
   }
 }
 
-/// The same in an order of neighbours; the sort counts.
+/// The same in spatially sorted order; the sorting is included in the time.
 void Sorted(const Delaunay& tin, std::span<const MapPoint> places, std::span<double> heights) {
   using Adapter =
       CGAL::Spatial_sort_traits_adapter_2<Traits, CGAL::Pointer_property_map<Point>::type>;

@@ -12,7 +12,7 @@ namespace sylvomex::bench {
 namespace {
 
 constexpr std::size_t kPacket = 16;
-constexpr float kAbove = 1000;  // metres, over all heights
+constexpr float kAbove = 1000;  // metres, above all heights
 
 class Scene {
  public:

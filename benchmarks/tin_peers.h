@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The libraries that heights of a triangulated model are measured beside.
+// Libraries with which heights from a triangulated model are compared.
 #pragma once
 
 #include <array>
@@ -15,17 +15,17 @@ namespace sylvomex::bench {
 
 using TinTriple = std::array<std::int32_t, 3>;
 
-/// Heights at places, as many as there are places.
+/// Computes the heights at the points, one for each.
 using TinAnswers = std::function<void(std::span<const MapPoint>, std::span<double>)>;
 
 struct TinPeer {
   std::string name;
-  TinAnswers random;  // empty where the library has no way of its own for it
+  TinAnswers random;  // empty where the library has no separate method for it
   TinAnswers scan;
   int threads = 1;
 };
 
-/// The Delaunay triangles of the nodes, and the peers over them. None without the libraries.
+/// The Delaunay triangles of the nodes, and the peers built on them. Empty without the libraries.
 struct TinPeers {
   std::vector<TinTriple> triples;
   std::vector<TinPeer> peers;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Plays the matching session of the demo site and prints what its commands cost and how well
-// they found the tree tops.
+// Plays the matching session of the demo site and prints the cost of its commands and how well they
+// found the tree tops.
 #include <cstdio>
 #include <exception>
 #include <filesystem>

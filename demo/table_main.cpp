@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Prints how well a session measured or found the tree tops of the demo site, what its lidar
-// campaigns saw, and how its height models agree.
+// campaigns observed, and how its height models agree.
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -40,7 +40,7 @@ int Print_Residuals(const char* file) {
   return 0;
 }
 
-// The site has the start settings: its scene is made anew for the truth about the nodes.
+// The site has the default settings: its scene is generated again as the truth for the nodes.
 int Print_Surfaces(const char* folder) {
   std::fputs(Table_Text(Surface_Samples_Of(folder, Build_Scene({}))).c_str(), stdout);
   return 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The stands and photographs on which the search for tree tops is judged.
+// The stands and photographs used to evaluate the search for tree tops.
 #pragma once
 
 #include <string>
@@ -14,7 +14,7 @@ struct AccuracyCase {
   SiteSettings settings;  // its seed is the first of the case
 };
 
-/// Four cases: the demo site's own stand, and one change each of density, mixture and image.
+/// Four cases: the demo site's own stand, and one change each of density, species mix and image.
 std::vector<AccuracyCase> Short_Case_List();
 
 /// The short list and further steps of density, species, sun and noise.

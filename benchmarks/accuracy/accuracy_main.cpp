@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Judges the search for tree tops by template matching on generated stands with known trees.
+// Evaluates the search for tree tops by template matching on generated stands with known trees.
 #include <cstdint>
 #include <cstdio>
 #include <exception>
@@ -82,7 +82,7 @@ void Print_Head(const Request& request) {
               Heading_Row().c_str());
 }
 
-/// 0 when every session was played to its end, else 1.
+/// 0 when every session ran to its end, else 1.
 int Run_Cases(const Request& request) {
   Print_Head(request);
   bool all_done = true;

@@ -22,7 +22,7 @@ std::filesystem::path New_Folder() {
   return name;
 }
 
-/// A folder of its own that goes with the scope.
+/// A temporary folder that is removed at the end of the scope.
 class TemporaryFolder {
  public:
   TemporaryFolder() : path_(New_Folder()) {}

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The matching session of a site, played in this process.
+// Plays the matching session of a site in this process.
 #pragma once
 
 #include <filesystem>
@@ -12,19 +12,19 @@
 namespace sylvomex::demo {
 
 struct ChainResult {
-  bool done = false;             // every step to its end
-  std::vector<CommandRun> runs;  // of the chain's commands, in their order
+  bool done = false;             // every step ran to its end
+  std::vector<CommandRun> runs;  // the chain's commands, in order
 };
 
-/// Plays sessions/match.txt below the root over a new block. Why a step failed goes to err.
+/// Plays sessions/match.txt below the root on a new block. The reason of a failed step goes to err.
 /// RunTimeError when the script cannot be opened or the start-up fails.
 ChainResult Play_Match_Session(const std::filesystem::path& root, std::ostream& transcript,
                                std::ostream& err);
 
-/// Cluster positions that the last search left on drive c of the root.
+/// Cluster positions that the last search wrote to drive c of the root.
 std::vector<Point3D> Clusters_Of_Site(const std::filesystem::path& root);
 
-/// Trees of truth.csv below the root.
+/// The trees in truth.csv below the root.
 std::vector<TrueTree> Trees_Of_Site(const std::filesystem::path& root);
 
 }  // namespace sylvomex::demo

@@ -19,7 +19,7 @@ constexpr int kBandRows = 40;
 constexpr std::uint64_t kNoiseStream = 6;
 constexpr int kNoiseLevels = 4096;
 
-/// Normal deviates by rank, so that twelve random bits make one.
+/// Normal deviates by rank: a table from which twelve random bits select one.
 const std::array<float, kNoiseLevels>& Normal_Deviates() {
   static const std::array<float, kNoiseLevels> table = [] {
     std::array<float, kNoiseLevels> deviates;
@@ -34,8 +34,8 @@ const std::array<float, kNoiseLevels>& Normal_Deviates() {
 
 /// Rows of colours, one pixel wider than the raw file on either side.
 struct Band {
-  int width = 0;      // pixels a row, margins included
-  int first_row = 0;  // raw row of the first one, margin included
+  int width = 0;      // pixels per row, including margins
+  int first_row = 0;  // raw row of the first row, including the margin
   int rows = 0;
   std::vector<Colour3> colours;
 
@@ -60,7 +60,7 @@ Colour3 Binomial(const Colour3& a, const Colour3& b, const Colour3& c) {
           Binomial(a.blue, b.blue, c.blue)};
 }
 
-/// The blurred colour at (i, row) of the band, both inside the margin.
+/// The blurred colour at (i, row) of the band; both must lie inside the margin.
 Colour3 Blurred(const Band& band, int i, int row) {
   std::array<Colour3, 3> across;
   for (int k = 0; k < 3; ++k) {

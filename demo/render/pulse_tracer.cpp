@@ -23,8 +23,8 @@ constexpr std::uint64_t kGainStream = 15;
 constexpr int kBeams = 7;
 constexpr double kRing = 2.0 / 3;  // radius of the outer beams in radii of the footprint
 constexpr double kMeanGain = 127.5;
-constexpr double kGainEffect = 0.045;     // of a step of gain on the intensity
-constexpr double kIntensityNoise = 0.06;  // of the value
+constexpr double kGainEffect = 0.045;     // effect of one step of gain on the intensity
+constexpr double kIntensityNoise = 0.06;  // relative
 constexpr double kLeastCorrected = 2;
 
 struct BeamReturn {
@@ -75,10 +75,10 @@ std::array<BeamReturn, kBeams> Follow_Beams(const Scene& scene, const LidarCampa
 
 struct EchoTrain {
   int count = 0;
-  std::array<BeamReturn, kBeams> echoes;  // mean range, sum of reflectances over all beams
+  std::array<BeamReturn, kBeams> echoes;  // mean range; mean reflectance over all beams
 };
 
-/// Neighbours in range that lie nearer than the resolution are one echo.
+/// Returns closer in range than the resolution merge into one echo.
 EchoTrain Merge_Returns(const std::array<BeamReturn, kBeams>& returns, double resolution) {
   EchoTrain train;
   for (std::size_t i = 0; i < returns.size();) {
@@ -100,14 +100,14 @@ EchoTrain Merge_Returns(const std::array<BeamReturn, kBeams>& returns, double re
   return train;
 }
 
-/// The gain drifts slowly, some seconds a swing.
+/// The gain drifts slowly, with a period of some seconds.
 std::uint8_t Gain_At(const Scene& scene, const LidarCampaign& campaign, double time) {
   if (!campaign.has_gain_control) return 127;
   return To_Byte(121 +
                  12 * Value_Noise(Stream_Key(scene.settings.seed, kGainStream), time / 0.7, 0));
 }
 
-/// The recorded intensity of which the range and gain corrections make the corrected one.
+/// The recorded intensity whose range and gain correction gives the corrected one.
 std::int16_t Recorded(const LidarCampaign& campaign, double corrected, double range, double gain) {
   double factor = std::pow(range / campaign.reference_range, campaign.range_exponent);
   if (campaign.has_gain_control) factor += (kMeanGain - gain) * kGainEffect;

@@ -26,8 +26,8 @@ Vector3 Crown_Normal(const Tree& tree, double X, double Y, double Z) {
   return {dx / distance * scale, dy / distance * scale, slope * scale};
 }
 
-/// Foliage closes 0.5 m below the top; from there down the share of gaps grows the more
-/// grazing the ray.
+/// Foliage is closed within 0.5 m of the top; below that, the share of gaps grows with grazing
+/// incidence.
 bool Is_Gap(const Tree& tree, const Ray& ray, double t) {
   constexpr double closed_top = 0.5, grazing = 0.6, lattice = 0.38;  // metres, cosine, metres
   const double Z = ray.z + t * ray.w;
@@ -58,7 +58,8 @@ void Meet_Tree(const Scene& scene, int item, const Ray& ray, double from, double
 
 enum class Wanted { Nearest, Any };
 
-/// The first tree on the ray between from and to, or any, passing over one tree.
+/// The nearest tree on the ray between from and to, or any tree; the tree with index passed_over is
+/// ignored.
 TreeHit Find_Tree(const Scene& scene, const Ray& ray, double from, double to, int passed_over,
                   Foliage foliage, Wanted wanted) {
   TreeHit nearest;
@@ -78,8 +79,8 @@ TreeHit Find_Tree(const Scene& scene, const Ray& ray, double from, double to, in
   return nearest;
 }
 
-/// Above this height over a ground point that a ray meets, the ray cannot touch a tree: trees
-/// beside it stand on ground that rises by the steepest slope at most.
+/// Above this height over the ground point of a ray, the ray cannot touch a tree: the ground under
+/// neighbouring trees rises at most with the steepest slope.
 double Canopy_Reach(const Scene& scene, const Ray& ray) {
   const double rise = scene.ground.steepest * std::sqrt(ray.u * ray.u + ray.v * ray.v);
   constexpr double widest_crown = 5;  // metres, above every crown radius
@@ -118,8 +119,8 @@ SurfaceHit Hit_On_Tree(const Scene& scene, const Ray& ray, const TreeHit& met) {
   return hit;
 }
 
-/// Distance at which a unit ray meets the ground. A step never passes it: the ground rises by the
-/// steepest slope at most (Hart 1996, "Sphere tracing").
+/// Distance at which a unit ray meets the ground. A step never overshoots: the ground rises at most
+/// with the steepest slope (Hart 1996, "Sphere tracing").
 std::optional<double> Distance_To_Ground(const Scene& scene, const Ray& ray, double reach) {
   constexpr double tolerance = 1e-3, slack = 1.1;  // metres; slopes across a lattice square
   constexpr int most_steps = 2000;
@@ -137,7 +138,7 @@ std::optional<double> Distance_To_Ground(const Scene& scene, const Ray& ray, dou
 }
 
 double Extinction(Species species) {
-  if (species == Species::Spruce) return 0.60;  // of a metre of way
+  if (species == Species::Spruce) return 0.60;  // per metre
   return species == Species::Pine ? 0.50 : 0.55;
 }
 
@@ -146,7 +147,7 @@ struct CrownPass {
   double enter = 0, leave = 0;
 };
 
-/// What a beam passes on its way down: crowns in no order, and the first stem.
+/// What a beam crosses on its way down: crowns, unordered, and the first stem.
 struct BeamPath {
   std::array<CrownPass, 16> crowns;
   std::size_t count = 0;

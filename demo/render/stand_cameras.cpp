@@ -28,7 +28,7 @@ Point3D Eye_At(const Scene& scene, double X, double Y) {
   return {X, Y, Ground_Height(scene, X, Y) + kEyeHeight};
 }
 
-/// A place to stand: no stem near, no foliage at eye height.
+/// Free for a camera: no stem near, no foliage at eye height.
 bool Is_Free(const Scene& scene, const Point3D& eye) {
   return std::none_of(scene.trees.begin(), scene.trees.end(), [&eye](const Tree& tree) {
     const double distance = std::hypot(eye.X - tree.X, eye.Y - tree.Y);
@@ -63,7 +63,7 @@ std::optional<Point3D> Place_At_Azimuth(const Scene& scene, std::size_t tree, do
   return std::nullopt;
 }
 
-/// At eye height, so that the camera is level.
+/// The aim is at eye height, so that the camera is horizontal.
 Point3D Aim_At(const Point3D& eye, const Tree& tree) { return {tree.X, tree.Y, eye.Z}; }
 
 Point3D Turned_About(const Point3D& eye, const Point3D& target, double degrees) {
@@ -94,13 +94,13 @@ Point3D Breast_Height_Point(const Tree& tree) {
   return {tree.X, tree.Y, tree.GroundZ + kBreastHeight};
 }
 
-// Rows of the rotation are the camera's axes: m3 against the view, m1 level, m2 = m3 x m1.
+// Rows of the rotation are the camera's axes: m3 opposite to the view, m1 horizontal, m2 = m3 x m1.
 RotationAngles Angles_Of_View(const Vector3& direction) {
   const Vector3 back{-direction.x, -direction.y, -direction.z};
   Vector3 right{direction.y, -direction.x, 0};
   Normalize_Vector(right);
   const double up_x = back.y * right.z - back.z * right.y;
-  // Adding 0 turns a negative zero into 0.
+  // Adding 0 turns -0 into 0.
   return {std::atan2(-back.y, back.z), std::asin(back.x) + 0.0, std::atan2(-up_x, right.x) + 0.0};
 }
 
@@ -139,7 +139,7 @@ std::vector<Photograph> Photographs_Around(const Scene& scene, std::size_t tree)
   };
   std::optional<Point3D> first;
   for (int i = 0; i < kAzimuths && photos.size() < kMostCameras; ++i) {
-    // Every third step, so that neighbours in the list look from different sides.
+    // Every third azimuth, so that neighbours in the list look from different sides.
     const int turns = 3 * i % kAzimuths + 3 * i / kAzimuths;
     const double azimuth = kFirstAzimuth + kAzimuthStep * turns;
     const auto eye = Place_At_Azimuth(scene, tree, azimuth);

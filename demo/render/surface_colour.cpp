@@ -24,13 +24,13 @@ Colour3 Scaled(const Colour3& colour, double factor) {
   return {colour.red * f, colour.green * f, colour.blue * f};
 }
 
-/// 0 below low, 1 above high, eased between.
+/// 0 below low, 1 above high, smooth in between.
 double Ramp(double value, double low, double high) {
   const double f = std::clamp((value - low) / (high - low), 0.0, 1.0);
   return f * f * (3 - 2 * f);
 }
 
-/// Two forest tracks of some 3 m.
+/// Two forest tracks about 3 m wide.
 double Track_Share(double x, double y) {
   const double first = std::abs(y - 92 - 18 * std::sin(x / 41) - 0.12 * x);
   const double second = std::abs(x - 214 - 14 * std::sin(y / 33) + 0.2 * y);
@@ -57,7 +57,7 @@ Colour3 Leaf_Colour(const Tree& tree) {
   return Scaled(leaves[static_cast<std::size_t>(tree.species)], 0.84 + 0.32 * age);
 }
 
-/// Brightness of the foliage and the tilt of its shoots against the crown's outline.
+/// Brightness of the foliage, and tilt of its shoots relative to the crown's surface.
 struct Foliage_Texture {
   double brightness = 1;
   Vector3 tilt;

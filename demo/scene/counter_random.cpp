@@ -15,7 +15,7 @@ double Middle_Quantile(double q) {
          (((6.7187563600e+01 * r + 7.8757757664e+01) * r + 1.7895169469e+01) * r + 1.0);
 }
 
-/// tail: the probability beyond the quantile, below 0.075.
+/// Upper tail only. tail: the probability beyond the quantile, below 0.075.
 double Tail_Quantile(double tail) {
   const double root = std::sqrt(-std::log(tail));
   if (root <= 5) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Random numbers as a pure function of a key and a counter, so that a result never depends on
-// the order or the thread in which it is asked for. The mixer is that of SplitMix64 (Steele,
-// Lea and Flood 2014, "Fast splittable pseudorandom number generators").
+// Random numbers as a pure function of a key and a counter, so that a result never depends on the
+// order or thread of evaluation. The mixer is that of SplitMix64 (Steele, Lea and Flood 2014, "Fast
+// splittable pseudorandom number generators").
 #pragma once
 
 #include <cstdint>
@@ -15,7 +15,7 @@ inline std::uint64_t Mix_Bits(std::uint64_t z) {
   return z ^ (z >> 31U);
 }
 
-/// A key for one use of randomness (trees, ground texture, ...) under the site's seed.
+/// The key of one random stream (trees, ground texture, ...) for the site's seed.
 inline std::uint64_t Stream_Key(std::uint64_t seed, std::uint64_t stream) {
   return Mix_Bits(Mix_Bits(seed) ^ (stream * 0xD6E8FEB86659FD93U));
 }
@@ -29,7 +29,7 @@ inline double Uniform_Of(std::uint64_t bits) {
 /// algorithm AS 241, PPND7).
 double Normal_Quantile(double p);
 
-/// Draws one after the other under a key.
+/// Successive random numbers of a key.
 struct RandomDraws {
   std::uint64_t key = 0;
   std::uint64_t counter = 0;

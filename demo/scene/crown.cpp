@@ -13,7 +13,7 @@ constexpr double kRadiusTolerance = 1e-4;
 constexpr int kMostSteps = 40;
 constexpr double kPineWidestAt = 0.65;  // share of the crown length
 
-/// Half ellipse: offset in -1 .. 1 from the widest place, half_length of that side.
+/// Half ellipse: offset in -1 .. 1 from the widest place; half_length of that side.
 OutlinePoint Half_Ellipse(double radius, double offset, double half_length) {
   const double root = std::sqrt(std::max(1 - offset * offset, 1e-9));
   return {radius * root, -radius * offset / (root * half_length)};
@@ -29,7 +29,7 @@ struct Interval {
   double from = 0, to = 0;
 };
 
-/// The part of [from, to] with the ray between two heights; empty as from > to.
+/// The part of [from, to] in which the ray is between two heights; empty means from > to.
 Interval Clip_To_Heights(const Ray& ray, double low, double high, Interval clipped) {
   constexpr Interval nothing{1, 0};
   if (ray.w == 0) return ray.z >= low && ray.z <= high ? clipped : nothing;
@@ -38,7 +38,7 @@ Interval Clip_To_Heights(const Ray& ray, double low, double high, Interval clipp
   return {std::max(clipped.from, at_low), std::min(clipped.to, at_high)};
 }
 
-/// The part of [from, to] within a distance of the tree's axis; empty as from > to.
+/// The part of [from, to] within a distance of the tree's axis; empty means from > to.
 Interval Clip_To_Cylinder(const Tree& tree, const Ray& ray, double radius, Interval clipped) {
   constexpr Interval nothing{1, 0};
   const double dx = ray.x - tree.X, dy = ray.y - tree.Y;

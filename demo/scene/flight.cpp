@@ -14,10 +14,10 @@ namespace {
 constexpr double kPrincipalDistance = 0.15297;  // metres
 constexpr std::uint64_t kFilm = 264;            // of the block; the ids are its frames
 constexpr int kFrameSide = 17400;               // pixels of 15 micrometres
-constexpr double kLeastStartHeight = 18;        // of the tree on which panes start, metres
+constexpr double kLeastStartHeight = 18;        // metres; of the tree on which panes start
 
-/// One exposure. Its id fits 16 bits, as the observation record takes it from a search's hit.
-/// Offsets of the projection centre from the middle of the forest, metres; angles in degrees; the
+/// One exposure. Its id fits in 16 bits, since a search result becomes the observation record's id.
+/// Offsets of the projection centre from the middle of the forest, metres; angles in degrees;
 /// affine at 15 micrometres a pixel.
 struct Exposure {
   int id;
@@ -45,8 +45,8 @@ constexpr std::array<Exposure, 6> kExposures = {{
 
 double Radians(double degrees) { return degrees * std::numbers::pi / 180; }
 
-/// The affine counts positions in pixels; coarser pixels divide them, and rows are turned
-/// over about the frame's last row.
+/// The affine is in pixels: coarser pixels divide it, and rows are flipped about the frame's last
+/// row.
 void Set_Interior(ImageRecord& image, const Exposure& exposure, double scale) {
   image.PrincipalDistance = kPrincipalDistance;
   image.FullWidth = image.FullHeight = To_Int16(kFrameSide / scale);
@@ -69,10 +69,10 @@ void Set_Exterior(ImageRecord& image, const Exposure& exposure) {
 
 struct PixelBox {
   double least_col = 1e30, most_col = -1e30;
-  double least_top = 1e30, most_top = -1e30;  // top-down rows
+  double least_top = 1e30, most_top = -1e30;  // rows from the top
 };
 
-/// Columns and top-down rows that a part of the scene takes.
+/// Columns and rows (from the top) covered by a part of the scene.
 PixelBox Box_On_Frame(const Photograph& photo, const SceneBox& part) {
   PixelBox box;
   for (const double X : {part.west, part.east}) {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The six photographs of the site: two strips flown in opposite directions, three frames each,
-// some 70 % forward and 43 % side overlap, the last frame grey. Every frame sees the whole
+// about 70 % forward and 43 % side overlap, the last frame grey. Every frame shows the whole
 // forest; its raw file holds only the part around it.
 //
-// The centre of raw pixel (raw_col, raw_row), raw_row from the top, lies at full-image col =
+// The centre of raw pixel (raw_col, raw_row), raw_row from the top, is at full-image col =
 // SubColOrigin + raw_col + 0.5 and row = FullHeight - 1 - (SubRowOrigin + raw_row + 0.5), row
-// from the bottom: a raw pixel covers one unit of col and row, as a pane at zoom 1 shows it.
+// from the bottom: a raw pixel covers one unit of col and row, as shown by a pane at zoom 1.
 #pragma once
 
 #include <cstdint>
@@ -20,9 +20,9 @@ namespace sylvomex::demo {
 
 struct Photograph {
   ImageRecord image;
-  Camera camera;            // of the header, once it is oriented
+  Camera camera;            // from the header, once it is oriented
   std::string header_name;  // drive name, "c:\data\demo\im1.hdr"
-  std::uint64_t grain = 0;  // number of its noise pattern, one of its own
+  std::uint64_t grain = 0;  // number of its noise pattern, unique to the photograph
 };
 
 std::vector<Photograph> Fly_Over(const Scene& scene);
@@ -33,11 +33,11 @@ struct SceneBox {
   double low = 0, high = 0;  // least and largest Z
 };
 
-/// Limits the raw file of an oriented photograph to what shows that part.
+/// Reduces the raw file of an oriented photograph to the area that shows that part.
 void Set_Raw_Area(Photograph& photo, const SceneBox& part);
 
-/// The ray from the projection centre through a full-image position, pointing down: w = -1, so
-/// that t counts metres below the centre.
+/// The ray from the projection centre through a full-image position, pointing down: w = -1, so t
+/// measures metres below the centre.
 Ray Ray_Through_Pixel(const Photograph& photo, double col, double row);
 
 /// Full-image position of the centre of a raw pixel.

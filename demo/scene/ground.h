@@ -15,11 +15,10 @@ struct Ground {
   double spacing = 1;           // between nodes
   int side = 0;                 // nodes a row, and rows
   std::vector<double> heights;  // row by row from the south
-  double steepest = 0;          // largest slope between neighbouring nodes
+  double steepest = 0;          // steepest slope between neighbouring nodes
 };
 
-/// Rolling ground between 140 and 180 m, reaching 300 m beyond the forest square on all
-/// sides.
+/// Rolling ground between 140 and 180 m, extending 300 m beyond the forest square on all sides.
 Ground Make_Ground(std::uint64_t seed);
 
 struct GroundSample {
@@ -28,7 +27,7 @@ struct GroundSample {
   double slope_y = 0;  // dZ/dY
 };
 
-/// Beyond the lattice the height of its edge goes on.
+/// Beyond the lattice the height of its nearest edge continues.
 inline GroundSample Sample_Ground(const Ground& ground, double X, double Y) {
   const double limit = ground.side - 1.000001;
   const double column = std::clamp((X - ground.west) / ground.spacing, 0.0, limit);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The scene: ground, trees and sun. Everything that the demo site holds (photographs, height
-// models, truth) is made from this one record.
+// The scene: ground, trees and sun. Everything on the demo site (photographs, height models, truth)
+// is generated from this record.
 //
 // X east, Y north, Z up, metres.
 #pragma once
@@ -25,17 +25,17 @@ struct Scene {
   Vector3 sun;               // unit vector towards the sun
 };
 
-/// RunTimeError(BadContent) naming the setting, its value and its range when one is out of it.
+/// RunTimeError(BadContent) naming the setting, its value and its range when it is out of range.
 Scene Build_Scene(const SiteSettings& settings);
 
 /// Elevation of the ground.
 double Ground_Height(const Scene& scene, double X, double Y);
 
-/// Elevation of the surface seen from straight above: crown where there is one, else ground.
+/// Elevation of the surface seen from directly above: crown where there is one, else ground.
 double Canopy_Height(const Scene& scene, double X, double Y);
 
-/// The tree nearest to the middle of the forest among those of at least that height;
-/// position in trees. RunTimeError(BadContent) when there is none.
+/// Index of the tree nearest to the middle of the forest among those of at least that height.
+/// RunTimeError(BadContent) when there is none.
 std::size_t Centre_Tree(const Scene& scene, double least_height);
 
 }  // namespace sylvomex::demo

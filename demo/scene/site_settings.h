@@ -10,12 +10,12 @@ inline constexpr double kForestWest = 2515000.0;
 inline constexpr double kForestSouth = 6860000.0;
 inline constexpr double kForestSide = 300.0;
 
-/// What can be chosen about the site. The same settings give the same bytes.
+/// The site's parameters. Equal settings give equal bytes.
 struct SiteSettings {
   std::uint64_t seed = 20261121;
   int threads = 0;                 // 0: as many as the machine has; never changes the result
-  double stems_per_hectare = 100;  // 10 to 600; fewer stand where they find no room
-  double pine_share = 0.45;        // shares are weights, scaled to sum 1
+  double stems_per_hectare = 100;  // 10 to 600; fewer when there is no room for more
+  double pine_share = 0.45;        // shares are weights, normalised to sum 1
   double spruce_share = 0.35;
   double birch_share = 0.20;
   double sun_azimuth_deg = 165;   // from north, clockwise

@@ -22,7 +22,7 @@ Species Draw_Species(const SiteSettings& settings, RandomDraws& draws) {
   return at < settings.pine_share + settings.spruce_share ? Species::Spruce : Species::Birch;
 }
 
-/// Three of four trees are dominant, most others co-dominant, a few suppressed.
+/// Three of four trees are dominant, most of the others co-dominant, a few suppressed.
 double Draw_Height(Species species, RandomDraws& draws) {
   const double layer = draws.Uniform();
   const double taller = species == Species::Spruce ? 1.0 : species == Species::Birch ? -1.0 : 0.0;

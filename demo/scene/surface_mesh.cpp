@@ -11,8 +11,8 @@ namespace {
 
 constexpr std::uint64_t kGroundStream = 10;
 constexpr std::uint64_t kCanopyStream = 11;
-constexpr double kLargestShift = 0.2;  // of the spacing
-constexpr double kCanopyLift = 0.3;    // metres, what loading adds
+constexpr double kLargestShift = 0.2;  // as a fraction of the spacing
+constexpr double kCanopyLift = 0.3;    // metres, added by loading
 
 struct Lattice {
   double margin = 0;   // metres around the forest
@@ -28,7 +28,7 @@ double To_Decimals(double value, double per_metre) {
   return Round_Half_Even(value * per_metre) / per_metre;
 }
 
-/// Position of lattice line number i of an axis, shifted unless it is a border line.
+/// Position of lattice line i of an axis, displaced unless it is a border line.
 double Shifted(const Lattice& lattice, double start, int i, double uniform) {
   const bool on_border = i == 0 || i == lattice.Squares();
   const double shift = on_border ? 0 : kLargestShift * (2 * uniform - 1);

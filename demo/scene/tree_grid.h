@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A uniform grid over the trees in plan, walked cell by cell along a ray (Amanatides and Woo
+// A uniform grid over the trees in plan, traversed cell by cell along a ray (Amanatides and Woo
 // 1987, "A fast voxel traversal algorithm for ray tracing").
 #pragma once
 
@@ -18,21 +18,21 @@ struct TreeGrid {
   double cell = 6;
   int columns = 0, rows = 0;
   std::vector<int> starts;        // cell k lists items[starts[k]] .. items[starts[k + 1] - 1]
-  std::vector<int> items;         // positions in the stand
-  std::vector<double> cell_tops;  // highest top in the cell, metres; lowest double when empty
+  std::vector<int> items;         // indices in the stand
+  std::vector<double> cell_tops;  // highest top in the cell, metres; lowest double if empty
   double highest_top = 0;
   double tallest = 0;  // largest tree height, metres
 };
 
 TreeGrid Make_Tree_Grid(const std::vector<Tree>& stand);
 
-/// Positions in the stand of the trees whose crowns may reach into the cell.
+/// Indices in the stand of the trees whose crowns may extend into the cell.
 inline std::span<const int> Trees_Of_Cell(const TreeGrid& grid, int cell) {
   const auto k = static_cast<std::size_t>(cell);
   return {grid.items.data() + grid.starts[k], grid.items.data() + grid.starts[k + 1]};
 }
 
-/// The cell that holds a position, or -1.
+/// The cell that contains a position, or -1.
 inline int Cell_At(const TreeGrid& grid, double X, double Y) {
   const double i = std::floor((X - grid.west) / grid.cell);
   const double j = std::floor((Y - grid.south) / grid.cell);
@@ -42,7 +42,7 @@ inline int Cell_At(const TreeGrid& grid, double X, double Y) {
 
 namespace grid_detail {
 
-/// One axis of the walk.
+/// One axis of the traversal.
 struct Axis {
   int at = 0;       // cell number
   int step = 0;     // +1 or -1
@@ -51,7 +51,7 @@ struct Axis {
 };
 
 inline Axis Start_Axis(double start, double rate, double t, int count) {
-  // start and rate in cell units; t where the walk begins.
+  // start and rate in cell units; from: t at which the traversal begins.
   Axis axis;
   const double position = start + t * rate;
   axis.at = std::clamp(static_cast<int>(std::floor(position)), 0, count - 1);
@@ -65,7 +65,7 @@ inline Axis Start_Axis(double start, double rate, double t, int count) {
   return axis;
 }
 
-/// Narrows [from, to] to where start + t rate lies in 0 .. count.
+/// Clips [from, to] to where start + t rate lies in 0 .. count.
 inline void Clip_To_Count(double start, double rate, int count, double& from, double& to) {
   if (rate == 0) {
     if (start < 0 || start > count) to = from - 1;
@@ -79,7 +79,7 @@ inline void Clip_To_Count(double start, double rate, int count, double& from, do
 }  // namespace grid_detail
 
 /// Calls visit(cell, t_enter, t_leave) for the cells under the ray from t = from to t = to, in
-/// order, until it answers true.
+/// order, until it returns true.
 template <class Visitor>
 void Walk_Cells(const TreeGrid& grid, const Ray& ray, double from, double to, Visitor&& visit) {
   using namespace grid_detail;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Value noise: random values on a whole-number lattice, joined smoothly (Lagae et al. 2010,
-// "A survey of procedural noise functions", section 3.1). Values lie in [0, 1].
+// Value noise: random values on an integer lattice, interpolated smoothly (Lagae et al. 2010, "A
+// survey of procedural noise functions", section 3.1). Values lie in [0, 1].
 #pragma once
 
 #include <cmath>
@@ -26,7 +26,8 @@ inline double Ease(double f) { return f * f * (3 - 2 * f); }
 
 inline double Mix(double a, double b, double f) { return a + (b - a) * f; }
 
-/// The lattice square at bits, at the eased fractions fx, fy.
+/// Interpolation in the lattice square with hash bits at its south-west corner, at the eased
+/// fractions fx, fy.
 inline double Square(std::uint64_t bits, double fx, double fy) {
   const double south = Mix(Lattice_Value(bits), Lattice_Value(bits + kStepX), fx);
   const double north = Mix(Lattice_Value(bits + kStepY), Lattice_Value(bits + kStepX + kStepY), fx);
@@ -54,7 +55,7 @@ inline double Value_Noise(std::uint64_t key, double x, double y, double z) {
   return Mix(Square(bits, fx, fy), Square(bits + kStepZ, fx, fy), Ease(z - wz));
 }
 
-/// Octaves of halving size and weight, scaled back to [0, 1].
+/// Octaves of halving size and weight, normalised to [0, 1].
 inline double Fractal_Noise(std::uint64_t key, double x, double y, int octaves) {
   double sum = 0, weight = 1, weights = 0;
   for (int octave = 0; octave < octaves; ++octave) {

@@ -12,13 +12,13 @@
 namespace sylvomex::demo {
 namespace {
 
-/// The rest of the line after a beginning; nothing when it begins otherwise.
+/// The rest of a line after a prefix; std::nullopt when it does not start with that prefix.
 std::optional<std::string> After(const std::string& line, const std::string& beginning) {
   if (line.compare(0, beginning.size(), beginning) != 0) return std::nullopt;
   return line.substr(beginning.size());
 }
 
-/// The id of the tree that a line starts; 0 for another line.
+/// The id of the tree that a line introduces; 0 for another line.
 int Tree_Started(std::string line) {
   std::erase(line, '"');
   const auto id = After(line, "say tree ");

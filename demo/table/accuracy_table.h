@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How well a session measured: its transcript against the truth of the site.
+// Accuracy of a measuring session: its transcript compared with the truth of the site.
 #pragma once
 
 #include <map>
@@ -24,7 +24,7 @@ struct MeasuredTop {
 std::map<int, Point3D> Read_True_Tops(const FilePath& truth);
 
 /// Tops from a transcript: a line "say tree <id>" starts a tree, "Solution3D = X Y Z" and
-/// "Label10 = RMSE: <value> um ..." belong to the one started last. Trees without both are left
+/// "Label10 = RMSE: <value> um ..." belong to the last tree started. Trees without both are left
 /// out.
 std::vector<MeasuredTop> Read_Measured_Tops(const std::string& transcript);
 
@@ -39,11 +39,11 @@ struct AccuracyTable {
   double median_rmse_um = 0;
 };
 
-/// Nothing when no measured tree is a true one.
+/// std::nullopt when no measured tree is in the truth.
 std::optional<AccuracyTable> Compare_With_Truth(const std::vector<MeasuredTop>& measured,
                                                 const std::map<int, Point3D>& truth);
 
-/// The table as aligned text; seconds stands in it when given.
+/// The table as aligned text, including seconds when given.
 std::string Table_Text(const AccuracyTable& table, std::optional<double> seconds);
 
 }  // namespace sylvomex::demo

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the commands of a matching session cost: seconds and memory.
+// Cost of the commands of a matching session: seconds and memory.
 #pragma once
 
 #include <optional>
@@ -13,18 +13,18 @@ namespace sylvomex::demo {
 struct CommandRun {
   std::string command;
   double seconds = 0;             // wall clock
-  std::optional<double> peak_mb;  // of the process up to the end of the command, 1024 kB each
+  std::optional<double> peak_mb;  // of the process until the command ended, 1024 kB each
 };
 
 /// Capture_templates, Compute_Correlation_Images, Create_XYZ_Point_Set, Compute_Back_Projections,
 /// Find_clusters.
 bool Is_Chain_Command(std::string_view name);
 
-/// The line "VmHWM: <number> kB" of a Linux process status, as MB of 1024 kB. Nothing without
+/// The line "VmHWM: <number> kB" of a Linux process status, as MB of 1024 kB. std::nullopt without
 /// such a line.
 std::optional<double> Peak_Memory_MB(const std::string& process_status);
 
-/// Peak memory of this process so far; nothing where the system does not tell it.
+/// Peak memory of this process so far; std::nullopt where the system does not report it.
 std::optional<double> Peak_Memory_Of_This_Process();
 
 /// The runs as aligned text, with the sum of their seconds.

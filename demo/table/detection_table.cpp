@@ -43,7 +43,7 @@ std::vector<Pair> Pairs_In_Reach(const std::vector<Point3D>& clusters,
   return pairs;
 }
 
-/// The cluster of each tree and whether a cluster has a tree.
+/// The cluster of each tree, and for each cluster whether it has a tree.
 struct Matching {
   std::vector<std::optional<std::size_t>> cluster_of;
   std::vector<bool> is_taken;

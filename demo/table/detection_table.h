@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// How well a plot's tree tops were found: the clusters of a search against the truth of the site.
+// Detection rate of a plot's tree tops: the clusters of a search compared with the truth of the
+// site.
 #pragma once
 
 #include <string>
@@ -13,13 +14,14 @@ namespace sylvomex::demo {
 struct TrueTree {
   Point3D top;        // metres
   double height = 0;  // above ground
-  int photos = 0;     // that show its top
+  int photos = 0;     // number that show its top
 };
 
-/// Trees of truth.csv, by the column names. RunTimeError naming the file as Read_True_Tops.
+/// The trees in truth.csv, found by the column names. RunTimeError naming the file as for
+/// Read_True_Tops.
 std::vector<TrueTree> Read_True_Trees(const FilePath& truth);
 
-/// Cluster positions of a node file: number, X, Y, Z a line.
+/// Cluster positions of a node file; one line each: number, X, Y, Z.
 std::vector<Point3D> Read_Clusters(const FilePath& nodes);
 
 struct SearchedPlot {
@@ -27,19 +29,19 @@ struct SearchedPlot {
   double radius = 0;
 };
 
-/// The plot that a transcript tells by its lines "PlotCenter = ..." and "PlotRadius = ...".
-/// RunTimeError(BadContent) without one of them.
+/// The plot given in a transcript by its lines "PlotCenter = ..." and "PlotRadius = ...".
+/// RunTimeError(BadContent) when one is missing.
 SearchedPlot Read_Searched_Plot(const std::string& transcript);
 
-/// Dominant: 17 m and more; visible: its top on at least four photographs. A cluster belongs to
+/// Dominant: 17 m or more; visible: top on at least four photographs. A cluster is matched to
 /// a tree within 1.5 m in plan, one to one, nearest pairs first. A false cluster lies in the plot
-/// and belongs to no tree of any height.
+/// and is matched to no tree of any height.
 struct DetectionTable {
   std::size_t trees = 0;     // in the plot, of any height
-  std::size_t visible = 0;   // dominant and visible ones in the plot
+  std::size_t visible = 0;   // dominant and visible trees in the plot
   std::size_t found = 0;     // of the visible ones
   std::size_t clusters = 0;  // in the plot
-  std::size_t wrong = 0;     // false ones
+  std::size_t wrong = 0;     // false clusters
   double rmse_xy = 0;        // of the found ones, metres
   double rmse_z = 0;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the lidar campaigns of a site saw of its canopy and ground.
+// What the lidar campaigns of a site observed of its canopy and ground.
 #pragma once
 
 #include <array>
@@ -12,30 +12,30 @@
 
 namespace sylvomex::demo {
 
-/// Where the canopy begins and up to where an echo counts as one of the ground, metres above the
-/// ground model.
+/// Height above the ground model at which the canopy begins, and the greatest height of an echo
+/// counted as ground, metres.
 inline constexpr double kCanopyBegin = 2;
 inline constexpr double kGroundBand = 0.5;
 
 struct CanopyHeights {
-  double cover = 0;          // share of first echoes (or cells) from kCanopyBegin up
+  double cover = 0;          // share of first echoes (or cells) at or above kCanopyBegin
   SampleStatistics heights;  // of these, metres above ground
 };
 
 struct LidarSummary {
   std::size_t pulses = 0;
-  double density = 0;  // pulses a square metre of the first echoes' box
+  double density = 0;  // pulses per square metre in the first echoes' bounding box
   double echoes_per_pulse = 0;
-  std::array<double, 4> share{};  // of pulses with one to four echoes
-  CanopyHeights canopy;           // by first echoes
+  std::array<double, 4> share{};  // pulses with one to four echoes
+  CanopyHeights canopy;           // from first echoes
   SampleStatistics ground;        // last echoes within kGroundBand of the ground
 };
 
-/// ground: elevations. No pulses give zeros.
+/// ground: elevations. Without pulses all values are zero.
 LidarSummary Summarize_Lidar(const std::vector<TilePulse>& pulses, const RasterModel& ground);
 
-/// The true canopy, cell by cell of two models of the same cells (ground and canopy elevations),
-/// margin metres inside the forest's border.
+/// The true canopy, cell by cell from two models with the same cells (ground and canopy
+/// elevations), up to margin metres inside the forest's border.
 CanopyHeights True_Canopy(const RasterModel& ground, const RasterModel& canopy, double margin);
 
 struct YearSummary {
@@ -43,7 +43,7 @@ struct YearSummary {
   LidarSummary lidar;
 };
 
-/// One column a campaign and one of the truth, aligned.
+/// One column per campaign and one for the truth, aligned.
 std::string Table_Text(const std::vector<YearSummary>& campaigns, const CanopyHeights& truth);
 
 /// Reads tiles and models of a site: the whole table as text. RunTimeError naming what is missing.

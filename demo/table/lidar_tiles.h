@@ -10,15 +10,15 @@
 
 namespace sylvomex::demo {
 
-/// Echoes in their order of arrival.
+/// Echoes in order of arrival.
 struct TilePulse {
   int count = 0;  // 1 to 4
   std::array<Point3D, 4> echoes;
 };
 
-/// All pulses of a campaign (2004, 2006 or 2007), tile by tile in the order of their names. The
-/// folder is the one that the campaign's path header names. A pulse of 2004 has one echo when
-/// first and last are the same, else two. RunTimeError naming the file when a header or a folder
+/// All pulses of a campaign (2004, 2006 or 2007), tile by tile in name order, from the
+/// folder named in the campaign's path header. A pulse of 2004 has one echo when
+/// first and last are equal, else two. RunTimeError naming the file when a header or a folder
 /// is missing, or when a tile is too short for its count.
 std::vector<TilePulse> Read_Lidar_Campaign(const DriveMap& drives, int year);
 

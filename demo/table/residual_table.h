@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the height models of a site agree with each other and with the true ground.
+// Agreement of a site's height models with each other and with the true ground.
 #pragma once
 
 #include <string>
@@ -16,7 +16,8 @@ struct ComparedPoint {
   double raster = 0, tin = 0;  // elevations of the models
 };
 
-/// "X Y Z raster TIN" a line, as the residual command writes them. RunTimeError of the list reader.
+/// One line per point, "X Y Z raster TIN", as written by the residual command. RunTimeErrors of the
+/// list reader.
 std::vector<ComparedPoint> Read_Compared_Points(const FilePath& file);
 
 struct ResidualTable {

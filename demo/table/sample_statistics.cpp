@@ -7,7 +7,7 @@
 namespace sylvomex::demo {
 namespace {
 
-/// The least value of a sorted sample that the share does not exceed.
+/// The smallest value of a sorted sample that at least the given share does not exceed.
 double Quantile(const std::vector<double>& sorted, double share) {
   const auto rank = static_cast<std::size_t>(std::ceil(share * static_cast<double>(sorted.size())));
   return sorted[std::max<std::size_t>(rank, 1) - 1];

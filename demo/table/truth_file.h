@@ -8,17 +8,17 @@
 
 namespace sylvomex::demo {
 
-/// The fields of truth.csv as texts.
+/// The fields of truth.csv as text.
 struct TruthFile {
   FilePath file;
   std::vector<std::string> names;               // of the columns
   std::vector<std::vector<std::string>> lines;  // as many fields as names
 
-  /// Position of a column; RunTimeError(BadContent) naming the file and the column without it.
+  /// Index of a column; RunTimeError(BadContent) naming the file and the column when it is missing.
   [[nodiscard]] std::size_t Column(const std::string& name) const;
 };
 
-/// RunTimeError(BadContent) naming the file and the line for one with another number of fields.
+/// RunTimeError(BadContent) naming the file and the line for a wrong number of fields.
 TruthFile Read_Truth_File(const FilePath& file);
 
 }  // namespace sylvomex::demo

@@ -17,7 +17,7 @@ std::string Table_Line(const Photograph& photo, const std::string& second, const
   return line + "," + second + "," + photo.header_name + "," + first + "\n";
 }
 
-/// An exposure far off, of a camera with another principal distance.
+/// A distant exposure of a camera with another principal distance.
 Photograph Far_Photograph(Photograph photo, int number, double principal_distance, double east) {
   photo.image.ImageId = 1990 + number;
   photo.image.PrincipalDistance = principal_distance;
@@ -34,7 +34,7 @@ std::string Aerial_Camera_Table(const std::vector<Photograph>& photos) {
   for (const Photograph& photo : photos) {
     table += Table_Line(photo, std::to_string(photo.image.ImageId), "demo");
   }
-  // Film, and two digital cameras whose frames are smaller.
+  // One film camera, and two digital cameras with smaller frames.
   table += Table_Line(Far_Photograph(photos[0], 1, 0.15297, 5200), "1991", "far");
   table += Table_Line(Far_Photograph(photos[1], 2, 0.2045, -4800), "1992", "far");
   table += Table_Line(Far_Photograph(photos[2], 3, 0.105, 3900), "1993", "far");

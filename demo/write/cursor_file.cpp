@@ -44,7 +44,7 @@ std::string Cross_Bits(int gap, int arm, bool set_on_cross) {
   return bits;
 }
 
-/// Folder of one picture.
+/// Directory entry of the single picture.
 std::string Cursor_Directory() {
   std::string out;
   for (const std::uint32_t value : {0U, 2U, 1U}) Put_16(out, value);  // reserved, cursor, count

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Scripted sessions that judge the system by what is true: the tree-top run of the site against the
-// trees of its plot, and the orientation of the photographs against points on the ground.
+// Scripted sessions that evaluate the system against the truth: the tree-top run of the site
+// against the trees of its plot, and the orientation of the photographs against ground points.
 #pragma once
 
 #include <string>
@@ -15,11 +15,11 @@ namespace sylvomex::demo {
 /// model tree, with a picture of the six graphs.
 std::string Evaluation_Session(const Scene& scene, const std::vector<Photograph>& photos);
 
-/// Points of the ground from every two successive photographs, and footprints of them all.
+/// Ground points from every two successive photographs, and the footprints of all photographs.
 std::string Orientation_Session();
 
-/// Their inputs: the trees of the plot as a plot text file; ground points every 30 m over the
-/// forest, their film positions to a micrometre, the pairs, and the lines of flight.
+/// The input files of both: the trees of the plot as a plot text file; ground points every 30 m
+/// over the forest, their film positions to a micrometre, the pairs, and the flight lines.
 void Write_Evaluation_Files(const Scene& scene, const std::vector<Photograph>& photos,
                             const DriveMap& drives);
 

@@ -6,8 +6,8 @@
 //
 // A lookup takes the nearest column and the next row to the north: column c covers X from
 // OriginX + (c - 1/2) cells to OriginX + (c + 1/2) cells, row r covers Y from OriginY + (r - 1)
-// cells (exclusive) to OriginY + r cells (inclusive). Each cell holds the height in the middle
-// of what it covers.
+// cells (exclusive) to OriginY + r cells (inclusive). Each cell holds the height at the centre
+// of the area that it covers.
 #pragma once
 
 #include <string>

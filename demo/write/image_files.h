@@ -10,8 +10,8 @@
 
 namespace sylvomex::demo {
 
-/// The header of an image as text: its 36 items in their fixed order, numbers so
-/// that they read back the same, texts in quotes, no related rasters.
+/// An image header as text: its 36 items in their fixed order, numbers that read back exactly,
+/// texts in quotes, no related rasters.
 std::string Image_Header_Text(const ImageRecord& image);
 
 /// Writes the photograph's header and its raw pixels under their drive names.

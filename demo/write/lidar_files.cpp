@@ -17,7 +17,7 @@ std::string Three_Digits(double whole) {
   return std::string(digits.size() < 3 ? 3 - digits.size() : 0, '0') + digits;
 }
 
-/// The echo of a slot, from 1 to 4; nothing when the slot is unused.
+/// The echo in a slot, 1 to 4; nullptr when the slot is unused.
 const TracedEcho* Echo_Of_Slot(const TracedPulse& pulse, int slot) {
   const int arrival = kMostEchoes - slot;
   return arrival < pulse.count ? &pulse.echoes[static_cast<std::size_t>(arrival)] : nullptr;

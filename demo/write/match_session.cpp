@@ -14,11 +14,11 @@ namespace {
 constexpr double kModelHeight = 20;     // metres
 constexpr double kModelReach = 45;      // metres from the middle of the forest
 constexpr double kDominantHeight = 17;  // metres
-constexpr double kPlotRadius = 23;      // metres, as the box r has it
+constexpr double kPlotRadius = 23;      // metres, as in the box r
 constexpr int kLeastPhotos = 4;
 
-// What differs from the boxes' start values: the ellipse's centre is lowered into the crown, the
-// layer holds tops rather than whole crowns, and one crown gives one cluster.
+// Differences from the boxes' start values: the ellipse's centre is lowered into the crown, the
+// layer covers tops instead of whole crowns, and one crown gives one cluster.
 constexpr const char* kBoxes =
     "set Text7 -1.5\n"
     "set Text9 0.85\n"
@@ -56,7 +56,7 @@ std::string Load_All_Steps(const std::vector<Photograph>& photos) {
          Load_Steps(photos) + "file c:\\data\\demo\\chm.hdr\nmenu Add_Raster_CHM\n";
 }
 
-// A click on the model tree in each pane, so that the panes can zoom on it.
+// A click on the model tree in each pane, so that the panes can zoom to it.
 std::string Model_Click_Steps(const Tree& tree, const std::vector<Photograph>& photos) {
   const Point3D top{tree.X, tree.Y, tree.TopZ};
   std::string text = "menu Center_to_xyz_click\n";
@@ -84,7 +84,7 @@ std::string Result_Steps(const std::vector<Photograph>& photos) {
   return "menu Find_clusters\nprint Label10\nprint PlotCenter\nprint PlotRadius\n"
          "print MeshPoints.Count\nprint ClusterCount\n" +
          Picture_Steps(photos, "cluster") +
-         // The tops over the photographs.
+         // The tops drawn on the photographs.
          "menu Center_to_xyz_click\nmenu Find_clusters\n" + Picture_Steps(photos, "treetop") +
          "try screenshot c:\\data\\demo\\treetop_window.png\n";
 }

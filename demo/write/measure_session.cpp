@@ -12,11 +12,11 @@
 namespace sylvomex::demo {
 namespace {
 
-constexpr int kFields = 6;              // along each side of the site
+constexpr int kFields = 6;              // per side of the site
 constexpr double kBorder = 25;          // metres
 constexpr double kDominantHeight = 17;  // metres
 constexpr int kLeastPhotos = 4;
-constexpr std::size_t kPictureAfter = 3;  // trees until the panes are saved as pictures
+constexpr std::size_t kPictureAfter = 3;  // trees measured before the panes are saved as pictures
 
 int Count_Visible(const std::vector<TopOnPhoto>& tops) {
   int count = 0;
@@ -24,7 +24,7 @@ int Count_Visible(const std::vector<TopOnPhoto>& tops) {
   return count;
 }
 
-/// The field of the grid in which a tree stands; nothing near the border.
+/// The grid field in which a tree stands; std::nullopt near the border.
 std::optional<std::size_t> Field_Of(const Tree& tree) {
   const double inside = kForestSide - 2 * kBorder;
   const double x = (tree.X - kForestWest - kBorder) / inside * kFields;
@@ -42,8 +42,8 @@ std::string Pane_Pictures(const std::vector<Photograph>& photos) {
   return text;
 }
 
-/// The steps from a rough point to a saved observation; with pictures after each stage for one
-/// of the trees.
+/// The steps from a rough point to a saved observation, with pictures after each stage for one of
+/// the trees.
 std::string Measure_Steps(const Scene& scene, const std::vector<Photograph>& photos,
                           std::size_t index, bool with_pictures) {
   const Tree& tree = scene.trees[index];

@@ -33,8 +33,8 @@ bool Is_Beyond_Edge(const MeshNode& from, const MeshNode& to, const Square& squa
   return dx * (Y - from.Y) - dy * (X - from.X) < 0;
 }
 
-/// Separating edges (Ericson 2005, Real-Time Collision Detection, section 5.2.1); the triangle's
-/// box is known to meet the square's.
+/// Separating axis test for the edges (Ericson 2005, Real-Time Collision Detection, section 5.2.1);
+/// the triangle's box must already intersect the square.
 bool Touches(const Corners& corners, const Square& square) {
   return !Is_Beyond_Edge(corners[0], corners[1], square) &&
          !Is_Beyond_Edge(corners[1], corners[2], square) &&

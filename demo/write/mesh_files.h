@@ -9,13 +9,13 @@
 
 namespace sylvomex::demo {
 
-/// "X,Y,Z" a line, X and Y with two decimals, Z with three.
+/// One line "X,Y,Z" per node, X and Y with two decimals, Z with three.
 std::string Node_Text(const SurfaceMesh& mesh);
 
-/// "a,b,c" a line, nodes counted from 0.
+/// One line "a,b,c" per triangle, nodes counted from 0.
 std::string Triangle_Text(const SurfaceMesh& mesh);
 
-/// Tile files by name: one for each square of 100 m, counted from the least X and Y rounded down
+/// Tile files by name: one for each square of 100 m, counted from the smallest X and Y rounded down
 /// to 100 m, that a triangle touches (a common border point suffices); the name is the square's
 /// column and row with three digits each and ".bin". A file holds a little-endian 32-bit count
 /// and the numbers of its triangles, ascending, counted from 1 in the mesh's order.

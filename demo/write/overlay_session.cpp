@@ -22,7 +22,7 @@ constexpr const char* kHeightModels =
     "print Label10\n"
     "file c:\\data\\demo\\canopy.nod\nfile c:\\data\\demo\\canopy.tri\nmenu Add_Tin_CHM\n";
 
-/// The circular plot lies where this location is; choosing it moves the solution, too.
+/// The circular plot is drawn at this location; choosing it moves the solution, too.
 constexpr const char* kPlotLocation =
     "file c:\\data\\demo\\plot_location.txt\ncommand Set_3D_solution_to_a_new_plot_location\n"
     "print PlotLocation\n";
@@ -49,7 +49,7 @@ constexpr Overlay kOverlays[] = {
     {"overlay_tin_canopy", "menu Get_TIN_CHM_Elev\nprint Label10\n"},
 };
 
-/// The polygon is a mode that stays on until it is chosen again.
+/// The polygon is a mode that stays on until the item is chosen again.
 constexpr const char* kModesOff = "menu Draw_XYZ_Polygon\nmenu Clear_ima\n";
 
 std::string Overlay_Steps() {

@@ -9,7 +9,7 @@
 namespace sylvomex::demo {
 namespace {
 
-/// Panes outside 1 pixel of the edge count as shown.
+/// Positions 1 pixel or less from the edge do not count as shown.
 bool Is_In_Pane(const PanePosition& at) {
   return at.px > 1 && at.py > 1 && at.px < kSessionPaneSide - 1 && at.py < kSessionPaneSide - 1;
 }

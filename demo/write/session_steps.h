@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Steps that the scripted sessions of the site share.
+// Steps shared by the scripted sessions of the site.
 #pragma once
 
 #include <string>
@@ -11,8 +11,8 @@
 
 namespace sylvomex::demo {
 
-/// Side of the square panes of six images in the client area of 1280 x 1024 that sessions start
-/// with: three columns share 1280 - 140 pixels.
+/// Side of the square panes of six images in the sessions' start client area of 1280 x 1024: three
+/// columns share 1280 - 140 pixels.
 inline constexpr int kSessionPaneSide = 380;
 
 /// The view of a pane at zoom 1 after the panes were centred on a point.
@@ -26,17 +26,17 @@ std::string Add_Ground_Steps(const char* header);
 /// Adds all photographs and the ground model of the forest.
 std::string Load_Steps(const std::vector<Photograph>& photos);
 
-/// A picture of a window at a stage of the work, c:\data\demo\<stage>.png. A build without windows
-/// passes over it.
+/// A picture of a window at a stage of the work, c:\data\demo\<stage>.png. Skipped by a build
+/// without windows.
 std::string Window_Picture(const char* window, const std::string& stage);
 
-/// Makes a point the solution, to 1 cm.
+/// Sets the solution to a point, to 1 cm.
 std::string Solution_Steps(const Point3D& point);
 
 /// Solution_Steps, then centres the panes on it.
 std::string Centre_Steps(const Point3D& point);
 
-/// Clicks on the top of a tree in every pane that shows it, the panes being centred on a point.
+/// Clicks on the top of a tree in every pane that shows it, with the panes centred on a point.
 /// Positions are rounded to half a pixel.
 std::string Click_Steps(const Scene& scene, const std::vector<Photograph>& photos, std::size_t tree,
                         const Point3D& centre);

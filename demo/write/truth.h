@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What is true about the site: every tree with the place of its top on every photograph.
+// The truth of the site: every tree with the position of its top on every photograph.
 #pragma once
 
 #include <string>
@@ -13,18 +13,18 @@ namespace sylvomex::demo {
 struct TopOnPhoto {
   double col = 0;
   double row = 0;
-  bool visible = false;  // on the raw file, and nothing stands before it
+  bool visible = false;  // inside the raw file and not hidden
 };
 
-/// One entry for each photograph, in their order.
+/// One entry per photograph, in order.
 std::vector<TopOnPhoto> Tops_On_Photos(const Scene& scene, const std::vector<Photograph>& photos,
                                        std::size_t tree);
 
-/// "id,species,X,Y,ground_Z,top_Z,height,crown_radius" and, for every photograph, col, row and
-/// visible with its id in the column's name; one line a tree.
+/// One line per tree: "id,species,X,Y,ground_Z,top_Z,height,crown_radius" and, for every
+/// photograph, col, row and visible, with the photograph's id in the column names.
 std::string Truth_Table(const Scene& scene, const std::vector<Photograph>& photos);
 
-/// Plain text for the reader: settings, sun, photographs, height models, lidar.
+/// A summary for human readers: settings, sun, photographs, height models, lidar.
 std::string Scene_Summary(const Scene& scene, const std::vector<Photograph>& photos);
 
 }  // namespace sylvomex::demo

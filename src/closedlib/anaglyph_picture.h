@@ -6,12 +6,12 @@
 
 namespace sylvomex {
 
-/// One normalised raster and the window that is cut from it. Rows from the top, columns from the
-/// left, both from 0; the window may reach beyond the raster.
+/// One normalised raster and the window cut from it. Rows from the top, columns from the left, both
+/// from 0; the window may extend beyond the raster.
 struct AnaglyphSide {
   std::span<const std::uint8_t> bytes;
   std::int32_t width = 0, height = 0;  // of the raster, pixels
-  bool colour = false;                 // red, green, blue bytes, else one grey byte
+  bool colour = false;                 // red, green, blue bytes; otherwise one grey byte
   std::int32_t first_row = 0, first_col = 0;
 };
 

@@ -8,12 +8,12 @@
 
 namespace sylvomex {
 
-/// RunTimeError(SubscriptOutOfRange) that names the routine.
+/// Throws RunTimeError(SubscriptOutOfRange) naming the routine.
 [[noreturn]] inline void Refuse_Argument(const char* routine, const std::string& about) {
   throw RunTimeError(Failure::SubscriptOutOfRange, std::string(routine) + ": " + about);
 }
 
-/// The same for an array of the caller with fewer entries than the routine will touch.
+/// The same for a caller's array with fewer entries than the routine accesses.
 inline void Require_Room(const char* routine, const char* what, std::size_t given,
                          std::size_t needed) {
   if (given >= needed) return;

@@ -11,13 +11,13 @@
 namespace sylvomex {
 namespace {
 
-constexpr std::size_t kBlockPoints = 64;    // whose entries are called to the cache together
+constexpr std::size_t kBlockPoints = 64;    // points whose entries are prefetched together
 constexpr std::size_t kTaskPoints = 16384;  // a multiple of kBlockPoints
-constexpr std::size_t kMostFactors = 9;     // of a geometric mean: one an image
+constexpr std::size_t kMostFactors = 9;     // of a geometric mean: one per image
 
 constexpr const char* kRoutine = "back-projection";
 
-/// A camera without a principal distance has no image: every denominator is 0.
+/// A camera with a principal distance of 0 has no image: every denominator becomes 0.
 PatchProjection Without_Image_For_Zero_Distance(PatchProjection projection) {
   if (projection.c == 0) std::fill(projection.m.begin() + 6, projection.m.end(), 0.0);
   return projection;
@@ -30,8 +30,8 @@ void Look_Up(std::span<const std::int64_t> entries, const double* slice, float* 
   }
 }
 
-/// The entries of a block are called to the cache while it is projected and read after the next
-/// block has been projected.
+/// The entries of a block are prefetched while it is projected and read after the next block has
+/// been projected.
 void Project_Stretch(const PatchProjection& projection, std::span<const Point3D> mesh,
                      const double* slice, float* scores) {
   std::array<std::array<std::int64_t, kBlockPoints>, 2> entries;

@@ -15,13 +15,13 @@ namespace hn = hwy::HWY_NAMESPACE;
 using Reals = hn::FixedTag<double, 2>;
 using Wholes = hn::RebindToSigned<Reals>;
 
-/// The nearest of the means met so far, which come in the order of their age, by its position in
-/// that order. Squares of distances are compared by their bits, which order as the numbers do,
-/// NaN above all. Two means are taken at a time, branch-free: which one is nearer cannot be
-/// predicted.
+/// Keeps the nearest of the means compared so far, which come oldest first, by its position in
+/// that order. Squared distances are compared by their bit patterns, which order like the numbers,
+/// with NaN above all. Two means are compared at a time, branch-free, because which one is nearer
+/// cannot be predicted.
 class Nearer {
  public:
-  /// square: that of the distance below which a mean counts.
+  /// square: squared distance below which a mean counts.
   Nearer(double X, double Y, double square) {
     const Reals d;
     const Wholes w;
@@ -32,7 +32,7 @@ class Nearer {
     position_ = hn::Iota(w, 0);
   }
 
-  /// The means at the next two positions.
+  /// Compares the means at the next two positions.
   void Compare_Two(const double* first, const double* second) {
     const Reals d;
     const Wholes w;
@@ -48,7 +48,7 @@ class Nearer {
     position_ = hn::Add(position_, hn::Set(w, 2));
   }
 
-  /// Position of the nearest, the first one of two equally near; -1 when none counts.
+  /// Position of the nearest mean, the first of two equally near; -1 when none is near enough.
   [[nodiscard]] std::int64_t Position() const {
     const Wholes w;
     const auto other_square = hn::Reverse(w, square_), other = hn::Reverse(w, found_);

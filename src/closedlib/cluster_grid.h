@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The nearest of up to 2000 moving cluster means, exactly as a walk over all of them finds it.
+// The nearest of up to 2000 moving cluster means, with the same answer as a linear search.
 #pragma once
 
 #include <hwy/base.h>
@@ -11,24 +11,24 @@
 
 namespace sylvomex {
 
-/// Means are filed by square cells a little wider than the distance limit. Every cell lists the
-/// clusters of its own and the eight cells around, so one list holds all that can be near. Cell
+/// The means lie in square cells a little wider than the distance limit. Every cell lists the
+/// clusters of its own and the eight cells around it, so one list holds all candidates. Cell
 /// numbers are taken modulo 64 in both directions: distant clusters that share a list fail the
 /// distance test.
 class ClusterGrid {
  public:
   static constexpr int kNone = -1;
 
-  /// distance, metres: only a mean nearer than this is found; 0 or less finds none.
+  /// distance: metres; only a mean nearer than this is found; 0 or less finds none.
   explicit ClusterGrid(double distance);
 
-  /// The nearest mean's number; the older one of two equally near.
+  /// Number of the nearest mean; of two equally near, the older one.
   [[nodiscard]] int Nearest(double X, double Y) const;
 
-  /// Adds a cluster; it has the next number from 0.
+  /// Adds a cluster; clusters are numbered from 0.
   void Add(double X, double Y);
 
-  /// Moves the mean. One that is not finite is found no more.
+  /// Moves the mean. A mean that is not finite is never found again.
   void Move(int cluster, double X, double Y);
 
   /// Prefetches the list that Nearest will read.
@@ -44,8 +44,8 @@ class ClusterGrid {
   static constexpr std::size_t kMostOften = 8;  // lists seldom hold more
   static constexpr std::size_t kNoCell = ~std::size_t{0};
 
-  /// Oldest first, then entries kMost, which are infinitely far. A list that overflows stays
-  /// marked as crowded, and all clusters are searched instead.
+  /// Oldest first, then padded with the number kMost, which lies infinitely far away. A list that
+  /// overflows stays marked as crowded, and all clusters are searched instead.
   struct alignas(64) List {
     List() { clusters.fill(kMost); }
     std::uint16_t count = 0;
@@ -55,14 +55,14 @@ class ClusterGrid {
     double X = 0, Y = 0;
   };
 
-  // A cell is wider than the distance by more than the rounding of a stripe number, as long as
-  // that stays below kMostStripe.
+  // A cell is wider than the distance by more than the rounding of a stripe number, as long as that
+  // number stays below kMostStripe.
   static constexpr double kWider = 1.001;
   static constexpr double kNarrowest = 1e-3;  // metres
   static constexpr double kMostStripe = 0x1p40;
 
   [[nodiscard]] std::int64_t Stripe(double at) const {
-    // min and max in this order give NaN a stripe of its own.
+    // This order of min and max gives NaN a stripe of its own.
     const double stripe = std::max(-kMostStripe, std::min(kMostStripe, at * stripes_));
     const auto whole = static_cast<std::int64_t>(stripe);
     return whole - (static_cast<double>(whole) > stripe);
@@ -75,7 +75,7 @@ class ClusterGrid {
   [[nodiscard]] int Nearest_Of_All(double X, double Y) const;
 
   double limit_;    // square of the distance
-  double stripes_;  // a metre
+  double stripes_;  // stripes per metre
   int count_ = 0;
   std::array<Place, kMost + 1> places_{};
   std::array<std::size_t, kMost> cell_{};

@@ -17,7 +17,7 @@ constexpr std::int32_t kNextAhead = 6;  // points whose cell is prefetched
 
 constexpr const char* kRoutine = "clusters";
 
-/// The sorted points, walked from the last entry down.
+/// The sorted points, visited from the last entry to the first.
 class SortedPoints {
  public:
   explicit SortedPoints(const ScoredMesh& points)
@@ -38,8 +38,8 @@ class SortedPoints {
   }
   [[nodiscard]] const Point3D& Point(std::size_t entry) const { return mesh_[entry - 1]; }
 
-  // Force-inlined: the compiler would drop a call of a function that only prefetches as one
-  // without effect.
+  // Force-inlined: the compiler would remove a call of a function that only prefetches as having no
+  // effect.
   HWY_INLINE void Prefetch_Ahead(std::int32_t place, const ClusterGrid& grid) const {
     if (place > kFarAhead) {
       const std::int32_t entry = index_[static_cast<std::size_t>(place - kFarAhead)];
@@ -69,7 +69,7 @@ class SortedPoints {
   std::span<const Point3D> mesh_;
 };
 
-// The tables of the caller count from 1, while clusters of the grid count from 0.
+// The caller's tables count clusters from 1, the grid from 0.
 void Start_Cluster(const ClusterTables& tables, int cluster) {
   const auto at = static_cast<std::size_t>(cluster) + 1;
   tables.weights[at] = 0;

@@ -8,14 +8,14 @@
 
 namespace sylvomex {
 
-/// Where the products of windows and template come from.
+/// How the products of windows and template are computed.
 enum class Products {
-  Cheapest,    // as Choose_Tiles and the path's tap cost advise
-  Added,       // by the path, product by product
-  Transformed  // by Fourier transforms, where the template is not too large for them
+  Cheapest,    // whichever Choose_Tiles and the path's tap cost estimate as faster
+  Added,       // summed by the path, product by product
+  Transformed  // by Fourier transforms, unless the template is too large for them
 };
 
-/// MYFUNC_CORIMA with a given implementation of the sums; the values are the same with every one.
+/// MYFUNC_CORIMA with a given implementation of the sums; all of them give the same values.
 void Correlate_By_Path(const SumPath& path, const CorrelationInput& input, std::span<double> result,
                        int threads, Products products = Products::Cheapest);
 

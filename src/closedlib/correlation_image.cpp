@@ -19,10 +19,10 @@ namespace sylvomex {
 namespace {
 
 constexpr int kMostSide = 32767;
-constexpr int kStripRows = 85 * kBlockRows;  // of windows in a tile: its pixels stay in cache
+constexpr int kStripRows = 85 * kBlockRows;  // window rows in a tile: its pixels stay in cache
 
-/// Window columns and rows, first to last - 1, that lie in the patch and have their reference
-/// point there.
+/// Columns and rows, first to last - 1, of the windows that lie in the patch together with their
+/// reference point.
 struct WindowRange {
   std::int64_t first_col = 0, last_col = 0, first_row = 0, last_row = 0;
 };
@@ -33,12 +33,12 @@ struct Job {
   const CorrelationPlan& plan;
   const CorrelationInput& input;
   WindowRange windows;
-  std::int64_t shift_col = 0, shift_row = 0;  // from a window to its reference pixel
+  std::int64_t shift_col = 0, shift_row = 0;  // offset from a window to its reference pixel
   std::span<double> result;
   bool transformed = false;  // the result holds the windows' products
 };
 
-/// Place of a rectangle of windows.
+/// Position of a rectangle of windows.
 struct TilePlace {
   std::int64_t col = 0, row = 0;
   int cols = 0, rows = 0;
@@ -73,13 +73,13 @@ void Add_Band(const BlockSums& block, LongBlock& all) {
   }
 }
 
-/// Place of a window's reference pixel in the result.
+/// Index of a window's reference pixel in the result.
 std::size_t Result_Place(const Job& job, std::int64_t col, std::int64_t row) {
   return static_cast<std::size_t>((row + job.shift_row) * job.input.patch_width + col +
                                   job.shift_col);
 }
 
-/// Correlates tile after tile; keeps its memory from one to the next.
+/// Correlates tile after tile, reusing its buffers.
 class TileWorker {
  public:
   void Work(const Job& job, const TilePlace& place) {
@@ -98,7 +98,7 @@ class TileWorker {
   }
 
  private:
-  /// Copies the patch pixels under the tile; the rest of its rows becomes 0.
+  /// Copies the patch pixels under the tile and pads its rows with 0.
   void Load(const Job& job, const TilePlace& place) {
     const int blocks = (place.rows + kBlockRows - 1) / kBlockRows;
     const int tile_rows = blocks * kBlockRows + job.plan.rows;
@@ -195,7 +195,7 @@ bool Is_Empty(const WindowRange& range) {
   return range.first_col >= range.last_col || range.first_row >= range.last_row;
 }
 
-/// 0 at every pixel that is no window's reference pixel.
+/// Sets 0 at every pixel that is not a window's reference pixel.
 void Clear_Margins(const Job& job) {
   const auto width = static_cast<std::size_t>(job.input.patch_width);
   const auto height = static_cast<std::size_t>(job.input.patch_height);
@@ -230,7 +230,7 @@ void Work_Tiles(const Job& job, int threads) {
   });
 }
 
-/// Time of adding product by product, in the unit of TileChoice.
+/// Estimated time of summing product by product, in the unit of TileChoice.
 double Added_Cost(const Job& job, int threads) {
   std::int64_t groups = 0;  // of a block of rows
   for (const MaskBand& band : job.plan.bands) {
@@ -242,7 +242,7 @@ double Added_Cost(const Job& job, int threads) {
   return job.path.tap_cost * windows * static_cast<double>(kTapGroup * groups) / threads;
 }
 
-/// The tiles whose transforms give the products; none when the path adds them.
+/// Shape of the tiles for products by transform; none when summing directly is faster.
 std::optional<TileShape> Transform_Tiles(const Job& job, int threads, Products products) {
   if (products == Products::Added) return std::nullopt;
   const WindowRange& w = job.windows;
@@ -253,7 +253,7 @@ std::optional<TileShape> Transform_Tiles(const Job& job, int threads, Products p
   return choice.shape;
 }
 
-/// Writes the products of all windows to the places of their coefficients.
+/// Writes each window's product to the position of its coefficient.
 void Write_Products(const Job& job, TileShape shape, int threads) {
   const WindowRange& w = job.windows;
   const auto width = static_cast<std::size_t>(job.input.patch_width);

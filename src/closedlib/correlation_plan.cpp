@@ -20,7 +20,7 @@ class Box {
                     static_cast<std::size_t>(plan_.box_col + col)];
   }
 
-  /// Whether the mask of the band holds the pixel; row counts from the band's first.
+  /// Whether the mask of the band contains the pixel; row is counted from the band's first.
   [[nodiscard]] bool Holds(const MaskBand& band, int col, int row) const {
     return row >= 0 && row < band.rows && At(col, band.first_row + row) != 0;
   }
@@ -125,7 +125,7 @@ void Fill_Edges(const Box& box, int cols, int stride, MaskBand& band) {
   }
 }
 
-/// Room for a vector of 64 pixels that starts at any window of a tile and any group of taps.
+/// Large enough to load a vector of 64 pixels from any window of a tile and any group of taps.
 int Tile_Stride(int cols) { return (kTileCols + cols + 2 * kTapGroup + 63) / 64 * 64; }
 
 }  // namespace

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-// A template made ready for correlation: what its non-zero pixels (the mask) add up to, and the
-// lists that the inner loops walk.
+// A template prepared for correlation: sums over its non-zero pixels (the mask), and the lists
+// traversed by the inner loops.
 //
-// Frames: the box is the smallest rectangle round the mask; a window is the box laid on the
-// patch, named by the patch column and row (from the top) of the box's first pixel. Windows
-// are worked in tiles of kTileCols x any number of rows; a tile holds the patch pixels that
-// its windows cover, kept with `stride` pixels a row.
+// Frames: the box is the smallest rectangle around the mask; a window is the box placed on the
+// patch, identified by the patch column and row (from the top) of the box's first pixel. Windows
+// are processed in tiles of kTileCols x any number of rows; a tile holds the patch pixels that
+// its windows cover, with `stride` pixels per row.
 #pragma once
 
 #include <cstdint>
@@ -16,33 +16,33 @@ namespace sylvomex {
 
 inline constexpr int kTileCols = 64;    // windows side by side in a tile
 inline constexpr int kBlockRows = 6;    // rows of windows that share the loads of the patch
-inline constexpr int kTapGroup = 4;     // template columns taken at once
-inline constexpr int kTapOffset = 128;  // template values less this fit a signed byte
+inline constexpr int kTapGroup = 4;     // template columns processed at once
+inline constexpr int kTapOffset = 128;  // template values minus this fit a signed byte
 
 /// Groups first to last - 1 of a row of taps.
 struct GroupRange {
   int first = 0, last = 0;
 };
 
-/// Consecutive rows of the mask whose sums fit 32 bits.
+/// Consecutive rows of the mask whose sums fit in 32 bits.
 struct MaskBand {
   static constexpr std::int64_t kMostPixels = 65536;
 
   int first_row = 0;  // of the box
   int rows = 0;
 
-  // Template values less kTapOffset, 0 off the mask: tap_cols a row, kBlockRows - 1 rows of
+  // Template values minus kTapOffset, 0 outside the mask: tap_cols per row, kBlockRows - 1 rows of
   // zeros before and after. Row r of the band starts at (r + kBlockRows - 1) tap_cols.
   int tap_cols = 0;
   std::vector<std::int8_t> taps;
   std::vector<std::int16_t> wide_taps;  // the same values
 
-  // For each of the rows + kBlockRows - 1 pixel rows under a block: the groups that are not 0
-  // for every row of the block.
+  // For each of the rows + kBlockRows - 1 pixel rows under a block: the range of groups that are
+  // non-zero for some row of the block.
   std::vector<GroupRange> reach;
 
-  // Places in a tile, counted from the first pixel of a window: of all pixels of the mask, and
-  // of those that enter and leave when the window moves down by one row.
+  // Offsets in a tile, counted from the first pixel of a window: of all pixels of the mask, and of
+  // those that enter and leave when the window moves down by one row.
   std::vector<std::int32_t> all, entering, leaving;
 };
 

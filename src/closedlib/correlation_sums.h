@@ -34,22 +34,22 @@ struct SumPath {
   /// last on return.
   void (*slide)(const MaskBand& band, const std::uint8_t* window, int stride, RowSums& row,
                 BlockSums& block);
-  /// Time that products takes for a window and a tap, in the unit of TileChoice.
+  /// Time of `products` per window and tap, in the unit of TileChoice.
   double tap_cost = 0;
 };
 
-/// For every machine; the widest vector unit is chosen at run time.
+/// Runs on every machine; the widest vector unit is chosen at run time.
 const SumPath& Portable_Sums();
 
 /// Byte dot products of AVX-512 VNNI; nullptr on machines without them.
 const SumPath* Byte_Dot_Sums();
 
-/// What turns sums into coefficients.
+/// Constants that turn sums into coefficients.
 struct CoefficientTerms {
   double pixels = 0, pattern_sum = 0, pattern_variance = 0;
 };
 
-/// Coefficients of count windows; pattern_variance is above 0.
+/// Coefficients of count windows; pattern_variance must be greater than 0.
 void Row_Coefficients(const CoefficientTerms& terms,
                       const std::array<std::int32_t, kTileCols>& products, const RowSums& sums,
                       int count, double* result);

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
-// Their vectors have no size at compile time, so they cannot lie in arrays.
+// Vectors of scalable targets have no size at compile time and cannot be stored in arrays.
 #define HWY_DISABLED_TARGETS (HWY_SVE | HWY_SVE2 | HWY_SVE_256 | HWY_SVE2_128 | HWY_RVV)
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "closedlib/correlation_sums_portable.cpp"
@@ -91,8 +91,8 @@ void Add_All(const MaskBand& band, const std::uint8_t* window, RowSums& row) {
   }
 }
 
-/// What the entering pixels of windows have more than the leaving ones, in 16 bits: sums of v and
-/// of v (v - 255) = 256 high + low.
+/// The entering pixels of windows minus the leaving ones, in 16 bits: sums of v and of v (v - 255)
+/// = 256 high + low.
 struct EdgeSums {
   static constexpr std::size_t kMostEdges = 128;
 
@@ -167,7 +167,7 @@ void Slide_Block(const MaskBand& band, const std::uint8_t* window, int stride, R
 
 using Reals = hn::CappedTag<double, 8>;
 
-/// Every step but the root and the quotient is exact: the terms are integers below 2^53.
+/// Exact except for the root and the quotient: the terms are integers below 2^53.
 HWY_INLINE hn::Vec<Reals> Coefficients(const CoefficientTerms& terms, hn::Vec<Reals> products,
                                        hn::Vec<Reals> sums, hn::Vec<Reals> squares) {
   const Reals d;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Sums by byte dot products. A 32-bit lane takes four neighbouring columns at once: for the
 // products the four taps lie side by side in the patch, and windows k, k + 4, ... share a
-// vector; for the window sums four edge pixels from anywhere are woven together.
+// vector; for the window sums four edge pixels from any positions are interleaved.
 #include <algorithm>
 #include <cstring>
 
@@ -9,7 +9,7 @@
 
 #if defined(__x86_64__) && defined(__GNUC__)
 #if !defined(__clang__)
-// g++ 12 takes the undefined operand inside its own intrinsics for a fault (PR 105593).
+// g++ 12 warns about the undefined operand inside its own intrinsics (PR 105593).
 #pragma GCC diagnostic ignored "-Wuninitialized"
 #pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
 #endif
@@ -21,7 +21,7 @@
 namespace sylvomex {
 namespace {
 
-/// sum += a . b, a unsigned and b signed bytes. Written out because g++ 12 moves the
+/// sum += a . b, a unsigned and b signed bytes. Inline assembly, because g++ 12 moves the
 /// accumulators of the intrinsic through memory.
 SYLVOMEX_VNNI_INLINE void Dot(__m512i& sum, __m512i a, __m512i b) {
   __asm__("vpdpbusd %2, %1, %0" : "+v"(sum) : "v"(a), "v"(b));
@@ -29,8 +29,8 @@ SYLVOMEX_VNNI_INLINE void Dot(__m512i& sum, __m512i a, __m512i b) {
 
 SYLVOMEX_VNNI_INLINE __m512i Load(const void* from) { return _mm512_loadu_si512(from); }
 
-/// To windows in order, from vectors whose 128-bit lane k holds windows 16 k + 4 m ...
-/// 16 k + 4 m + 3, m being the vector.
+/// Reorders windows from vectors whose 128-bit lane k holds windows 16 k + 4 m ... 16 k + 4 m + 3,
+/// where m is the vector.
 SYLVOMEX_VNNI_INLINE void Order_Lanes(const __m512i (&v)[4], __m512i (&ordered)[4]) {
   const __m512i a0 = _mm512_shuffle_i32x4(v[0], v[1], 0x44);
   const __m512i a1 = _mm512_shuffle_i32x4(v[0], v[1], 0xEE);
@@ -67,7 +67,7 @@ SYLVOMEX_VNNI_INLINE __m512i Tap_Group(const std::int8_t* taps) {
   return _mm512_set1_epi32(group);
 }
 
-/// The patch under a tap group, from the window columns 0, 1, 2 and 3.
+/// The patch under a tap group, starting at window columns 0, 1, 2 and 3.
 struct PhasePixels {
   __m512i k0, k1, k2, k3;
 };
@@ -113,8 +113,8 @@ SYLVOMEX_VNNI void Add_Products(const MaskBand& band, const std::uint8_t* window
   Store_Phases(row5, block.products[5]);
 }
 
-/// Sums of 64 windows in the order that weaving gives: lane k of vector m holds windows
-/// 16 k + 4 m ... 16 k + 4 m + 3.
+/// Sums of 64 windows in interleaved order: lane k of vector m holds windows 16 k + 4 m ... 16 k +
+/// 4 m + 3.
 struct WovenSums {
   __m512i m0, m1, m2, m3;
 };
@@ -122,13 +122,13 @@ struct WovenSums {
 template <bool kEnter>
 SYLVOMEX_VNNI_INLINE void Add_Four(__m512i four, __m512i& sum, __m512i& squares) {
   const __m512i bias = _mm512_set1_epi8(-128);
-  // v - 128, or 128 - v, which wraps for v = 0 only, where it does not count.
+  // v - 128, or 128 - v; the latter wraps only for v = 0, where its product is 0 anyway.
   const __m512i weight = kEnter ? _mm512_xor_si512(four, bias) : _mm512_sub_epi8(bias, four);
   Dot(sum, four, _mm512_set1_epi8(kEnter ? 1 : -1));
   Dot(squares, four, weight);
 }
 
-/// Adds four edge pixels of each of 64 windows, or takes them away.
+/// Adds or subtracts four edge pixels of each of 64 windows.
 template <bool kEnter>
 SYLVOMEX_VNNI_INLINE void Add_Woven(__m512i e0, __m512i e1, __m512i e2, __m512i e3, WovenSums& sums,
                                     WovenSums& squares) {

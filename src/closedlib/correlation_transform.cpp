@@ -20,16 +20,16 @@ constexpr int kLeastSide = 64, kMostSide = 1024;
 std::int64_t Parts(std::int64_t whole, std::int64_t part) { return (whole + part - 1) / part; }
 
 // Nanoseconds, fitted to measurements of 11 x 11 to 151 x 151 templates on 1201 x 1201 pixels.
-constexpr double kStepTime = 0.36;   // of a value of a pair of tiles and a binary step
-constexpr double kWindowTime = 1.9;  // of writing a window's product and reading it again
+constexpr double kStepTime = 0.36;   // per value of a pair of tiles and radix-2 step
+constexpr double kWindowTime = 1.9;  // to write a window's product and read it again
 
-/// Time of a pair of tiles. The second term stands for the caches that large tiles leave.
+/// Time of a pair of tiles. The second term models the cache misses of large tiles.
 double Pair_Time(TileShape shape) {
   const double values = static_cast<double>(shape.cols) * shape.rows;
   return kStepTime * values * (std::log2(values) + values / 0x1p17);
 }
 
-/// Template values less kTapOffset, 0 off the mask, plan.cols a row.
+/// Template values minus kTapOffset, 0 outside the mask, plan.cols per row.
 std::vector<std::int8_t> Taps_Of_Box(const CorrelationPlan& plan) {
   std::vector<std::int8_t> taps;
   for (const MaskBand& band : plan.bands) {
@@ -51,7 +51,7 @@ TileView<Value> Part_Of(const TileView<Value>& image, std::int64_t col, std::int
           std::min(rows, static_cast<int>(image.rows - row))};
 }
 
-/// What the tiles of an image share.
+/// Shared by the tiles of an image.
 struct Tiling {
   Tiling(const CorrelationPlan& plan, TileShape shape, std::int64_t cols, std::int64_t rows)
       : tile_cols(shape.cols - plan.cols + 1),
@@ -60,7 +60,7 @@ struct Tiling {
         tiles(across * Parts(rows, tile_rows)),
         pairs(Parts(tiles, 2)) {}
 
-  int tile_cols, tile_rows;  // windows of a tile
+  int tile_cols, tile_rows;  // windows per tile
   std::int64_t across;       // tiles side by side
   std::int64_t tiles, pairs;
 };
@@ -86,7 +86,7 @@ TileChoice Choose_Tiles(const CorrelationPlan& plan, std::int64_t cols, std::int
       if (plan.cols > tile_cols || plan.rows > tile_rows) continue;
       if (Transform_Error(shape, plan.pixels) > 0.25) continue;
       const Tiling tiling(plan, shape, cols, rows);
-      // The template's own transform and fresh memory take as long as one and a half pairs.
+      // The template's own transform and page faults of new memory cost about one and a half pairs.
       const double rounds = 1.5 + static_cast<double>(Parts(tiling.pairs, threads));
       const double cost = rounds * Pair_Time(shape) + writing;
       if (cost < best.cost) best = {shape, cost};

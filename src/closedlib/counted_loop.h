@@ -10,16 +10,17 @@
 
 namespace sylvomex {
 
-/// Passes of a loop over the reals first, first + step, ... up to last, both ends included:
-/// 101 from -5 to 5 by 0.1. The end counts although rounding misses it by a millionth of the
-/// step. 0 when last lies below first by more than that, or when one is NaN. step is positive.
-/// A whole number, however large.
+/// Number of passes of a loop over the reals first, first + step, ... up to last, both ends
+/// included: 101 from -5 to 5 by 0.1. The end is included even if rounding misses it by a millionth
+/// of the step. 0 when last lies below first by more than that, or when one is NaN. step must be
+/// positive. The result is an integer, however large.
 inline double Loop_Steps(double first, double last, double step) {
   const double steps = std::floor((last - first) / step + 1e-6) + 1;
   return steps > 0 ? steps : 0;
 }
 
-/// The same as a count. RunTimeError(Overflow) above a million passes, which no pane could show.
+/// The same as an integer type. RunTimeError(Overflow) above a million passes, more than any pane
+/// can show.
 inline std::int32_t Loop_Passes(double first, double last, double step) {
   constexpr double kMostPasses = 1'000'000;
   const double passes = Loop_Steps(first, last, step);

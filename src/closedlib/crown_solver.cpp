@@ -7,7 +7,7 @@
 namespace sylvomex {
 namespace {
 
-constexpr double kLeastPivot = 1e-13;  // of a unit diagonal
+constexpr double kLeastPivot = 1e-13;  // relative to a unit diagonal
 
 struct NormalEquations {
   std::array<CrownRow, 3> matrix{};
@@ -26,8 +26,8 @@ NormalEquations Normal_Equations(const CrownProblem& problem) {
   return normal;
 }
 
-// Gives the scales back by which the unknowns are then to be multiplied; false when a diagonal
-// entry is not a positive number.
+// Returns the scales by which the unknowns must be multiplied afterwards; false when a diagonal
+// entry is not a positive finite number.
 bool Scale_To_Unit_Diagonal(NormalEquations& normal, CrownRow& scales) {
   for (std::size_t i = 0; i < 3; ++i) {
     const double diagonal = normal.matrix[i][i];
@@ -41,7 +41,7 @@ bool Scale_To_Unit_Diagonal(NormalEquations& normal, CrownRow& scales) {
   return true;
 }
 
-// The lower triangle in place; false when a pivot vanishes.
+// Cholesky factor in place, lower triangle; false when a pivot vanishes.
 bool Reduce(std::array<CrownRow, 3>& m) {
   for (std::size_t i = 0; i < 3; ++i) {
     for (std::size_t j = 0; j <= i; ++j) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Least squares of a crown's profile: three unknowns.
+// Least-squares solution for a crown's profile: three unknowns.
 #pragma once
 
 #include <array>
@@ -10,15 +10,15 @@ namespace sylvomex {
 
 using CrownRow = std::array<double, 3>;
 
-/// Design x = misclosure, one row an observation, each of the weight 1.00.
+/// Design x = misclosure, one row per observation, all with weight 1.
 struct CrownProblem {
   std::vector<CrownRow> rows;
   std::vector<double> misclosure;
 };
 
-/// The least-squares solution by the normal equations, scaled to a unit diagonal and reduced by
+/// The least-squares solution by the normal equations, scaled to a unit diagonal and solved by
 /// Cholesky's method (Golub and Van Loan, Matrix Computations (2013), sections 4.2 and 5.3).
-/// Nothing when the columns depend on each other to 13 digits, and when the solution is not
+/// std::nullopt when the columns are linearly dependent to 13 digits or the solution is not
 /// finite.
 std::optional<CrownRow> MYFUNC_MATLABCALLNOMSGS(const CrownProblem& problem);
 

@@ -22,26 +22,26 @@ constexpr std::uint32_t kDigitMask = kDigits - 1;
 static_assert(3 * kDigitBits >= 32, "three passes see every bit of a key");
 constexpr std::size_t kSmallestChunk = 65536;
 constexpr std::size_t kMostChunks = 8;
-constexpr std::size_t kShort = 2048;  // below this the counts cost more than comparisons
+constexpr std::size_t kShort = 2048;  // below this, counting costs more than comparing
 
-/// A whole number that orders as the scores do: -0 as +0, every NaN above the numbers.
+/// An integer key that orders like the scores: -0 equals +0, every NaN above the numbers.
 std::uint32_t Order_Key(float score) {
   if (!(score <= std::numeric_limits<float>::infinity())) return 0xFFFFFFFFU;
   const auto bits = std::bit_cast<std::uint32_t>(score + 0.0F);
   return (bits >> 31) != 0 ? ~bits : bits | 0x80000000U;
 }
 
-/// Key above, index below.
+/// Key in the upper half, index in the lower.
 using Entry = std::uint64_t;
 
 std::size_t Digit(Entry entry, int pass) {
   return (entry >> (32 + kDigitBits * pass)) & kDigitMask;
 }
 
-/// Appends entries to one of many output runs. The cache line that a run reaches next is
-/// prefetched for writing: waiting for it would cost most of the pass.
+/// Appends entries to one of many output runs. The next cache line of a run is prefetched for
+/// writing; otherwise waiting for it would dominate the pass.
 struct EntryWriter {
-  static constexpr std::size_t kAhead = 12;  // between one line of eight entries and two
+  static constexpr std::size_t kAhead = 12;  // prefetch distance: one to two lines of eight entries
 
   Entry* entries;
 
@@ -53,10 +53,10 @@ struct EntryWriter {
 
 using Counts = std::array<std::uint32_t, kDigits>;
 
-/// A stretch of the entries; chunks follow each other.
+/// A contiguous range of the entries; chunks follow each other.
 struct Chunk {
   std::size_t first = 0, last = 0;
-  Counts places{};  // how many of each digit, then where the next of each goes
+  Counts places{};  // count of each digit, then the next output position of each
 };
 
 std::vector<Chunk> Cut_Chunks(std::size_t count, int threads) {
@@ -73,8 +73,8 @@ std::vector<Chunk> Cut_Chunks(std::size_t count, int threads) {
   return cut;
 }
 
-/// Turns counts into places: digit by digit, within a digit chunk by chunk, which keeps equal
-/// keys in order.
+/// Turns counts into positions: digit by digit, within a digit chunk by chunk, which keeps the sort
+/// stable.
 void Count_To_Places(std::vector<Chunk>& chunks) {
   std::uint32_t place = 0;
   for (std::size_t digit = 0; digit < kDigits; ++digit) {
@@ -86,7 +86,7 @@ void Count_To_Places(std::vector<Chunk>& chunks) {
   }
 }
 
-/// The sort of one call. Entries go from the scores to first_, to second_, to the index.
+/// The state of one sort. Entries move from the scores to first_, to second_, to the index.
 class RadixSort {
  public:
   RadixSort(std::span<const float> scores, std::span<std::int32_t> index, int threads)

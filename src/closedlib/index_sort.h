@@ -6,8 +6,8 @@
 
 namespace sylvomex {
 
-/// Index sort, ascending; equal scores keep their order (Press et al., Numerical Recipes,
-/// section 8.4; here a radix sort of order-preserving keys). scores and index count from 1:
+/// Index sort, ascending and stable (Press et al., Numerical Recipes,
+/// section 8.4; here a radix sort of order-preserving keys). Index base 1:
 /// entry 0 of both spans is unused, entries 1 to n = size - 1 are read and written. NaN sorts
 /// above every number.
 /// threads: 1 for the calling thread alone, 0 for all; the result is the same.

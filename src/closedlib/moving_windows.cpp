@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Vectors without a size at compile time cannot lie in a struct.
+// Scalable vectors have no size at compile time and cannot be stored in a struct.
 #define HWY_DISABLED_TARGETS (HWY_SVE | HWY_SVE2 | HWY_SVE_256 | HWY_SVE2_128 | HWY_RVV)
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "closedlib/moving_windows.cpp"
@@ -19,7 +19,7 @@ using Words = hn::CappedTag<std::int16_t, kMostWindowSide>;
 using Bytes = hn::Rebind<std::uint8_t, Words>;
 using Sums = hn::RepartitionToWide<Words>;
 
-/// Two halves whose sum counts.
+/// Two partial results; only their sum is meaningful.
 struct Pair {
   hn::Vec<Sums> low, high;
 };
@@ -41,7 +41,7 @@ HWY_INLINE WindowSums Sums_Of(const FixedWindow& fixed, const MovingWindow& wind
   for (int from = 0; from < side; from += static_cast<int>(hn::Lanes(words))) {
     const auto columns = hn::LoadU(words, fixed.Columns() + from);
     const std::uint8_t* pixels = window.first + from;
-    auto column_sums = hn::Zero(words);  // of at most 32 bytes each
+    auto column_sums = hn::Zero(words);  // each the sum of at most 32 bytes
     for (int row = 0; row < side; ++row, pixels += window.stride) {
       const auto v = hn::And(hn::PromoteTo(words, hn::LoadU(Bytes(), pixels)), columns);
       Add_Products(v, hn::LoadU(words, fixed.Row(row) + from), products);

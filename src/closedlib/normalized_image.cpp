@@ -133,7 +133,7 @@ void MYFUNC_CREATENORMALIZEDIMAGE(const NormalizedImage& image, const FilePath& 
   ReplacingFile file(target, Raster_Bytes(image.width, image.height, image.colour));
   const std::uint64_t row_bytes = Raster_Bytes(image.width, 1, image.colour);
   const int tasks = (image.height + kRowsOfATask - 1) / kRowsOfATask;
-  // Each task writes its own rows, so that the writing of one overlaps the computing of others.
+  // Each task writes its own rows, so writing overlaps with the computation of other tasks.
   Run_Tasks(tasks, threads, [&](int task) {
     const int first = task * kRowsOfATask;
     const int rows = std::min(kRowsOfATask, image.height - first);

@@ -18,7 +18,7 @@ namespace hn = hwy::HWY_NAMESPACE;
 using Reals = hn::CappedTag<double, 8>;
 using Real = hn::Vec<Reals>;
 
-/// a x + b y + c z, from the left.
+/// a x + b y + c z, summed from left to right.
 HWY_INLINE Real Row_Product(const double* row, Real x, Real y, Real z) {
   const Reals d;
   return hn::Add(hn::Add(hn::Mul(hn::Set(d, row[0]), x), hn::Mul(hn::Set(d, row[1]), y)),
@@ -54,13 +54,13 @@ HWY_INLINE Real Entries(const PatchProjection& p, Real X, Real Y, Real Z) {
   return hn::IfThenElse(seen, entry, hn::Set(d, kNoEntry));
 }
 
-/// Calls entries to the cache while the next points are projected; the first one for a point
-/// that is not seen. They lie a cache line apart each.
+/// Prefetches the entries while the next points are projected; for an unseen point the first entry.
+/// Entries lie a cache line apart.
 HWY_INLINE void Call_Entries(const double* slice, hn::Vec<hn::RebindToSigned<Reals>> entries) {
   const hn::RebindToSigned<Reals> whole;
   HWY_ALIGN std::int64_t places[hn::MaxLanes(whole)];
   const auto seen = hn::Max(entries, hn::Zero(whole));
-  // 9 entries as 8 + 1: no vector unit before AVX-512 multiplies 64-bit integers.
+  // Times 9 as times 8 plus 1: no vector unit before AVX-512 multiplies 64-bit integers.
   static_assert(kVolumeImages == 9);
   hn::Store(hn::Add(hn::ShiftLeft<3>(seen), seen), whole, places);
   for (std::size_t lane = 0; lane < hn::Lanes(whole); ++lane) hwy::Prefetch(slice + places[lane]);
@@ -98,15 +98,15 @@ HWY_INLINE Real Power(Real v, int power) {
   return result;
 }
 
-/// product ^ (1 / n) by Newton's iteration for product ^ (-1 / n), which needs no quotient;
-/// the first value, from the exponent's bits, is right to 4 %.
+/// product ^ (1 / n) by Newton's iteration for product ^ (-1 / n), which needs no division; the
+/// start value, from the exponent's bits, is correct to 4 %.
 HWY_INLINE Real Root(Real product, int n) {
   const Reals d;
   const hn::RebindToUnsigned<Reals> bits;
   const hn::Repartition<std::uint32_t, Reals> halves;
   const double inverse = 1.0 / n;
   const auto share = static_cast<std::uint32_t>((std::uint64_t{1} << 32) * inverse);
-  // 1.0 has the exponent bits 1023; 0.045 centres the line that stands for the logarithm.
+  // 1.0 has the exponent bits 1023; 0.045 centres the straight line that approximates log2.
   const auto start = static_cast<std::uint64_t>((1023.0 - 0.045) * (1 + inverse) * 0x1p52);
   const auto upper = hn::BitCast(halves, hn::ShiftRight<32>(hn::BitCast(bits, product)));
   const auto shared = hn::MulEven(upper, hn::Set(halves, share));

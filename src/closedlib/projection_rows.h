@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The inner loops of the back-projection, some points a call. One fixed order of operations on
-// doubles, never fused, so that every vector unit gives the same bits.
+// The inner loops of the back-projection, several points per call. One fixed order of operations on
+// doubles, never fused, so every vector unit gives the same bits.
 #pragma once
 
 #include <cstddef>
@@ -11,15 +11,15 @@
 
 namespace sylvomex {
 
-/// Entry of a one-image table of each point's nearest pixel, col + kVolumeSide patch row;
-/// kNoEntry where there is none. Each is called to the cache from the image's slice of the
+/// Index of each point's nearest pixel in a one-image table, col + kVolumeSide patch row;
+/// kNoEntry where there is none. The entry is prefetched from the image's slice of the
 /// volume, where it lies at slice[kVolumeImages x entry].
 inline constexpr std::int64_t kNoEntry = -1;
 void Nearest_Entries(const PatchProjection& projection, std::span<const Point3D> mesh,
                      const double* slice, std::int64_t* entries);
 
-/// (product of 1 + v) ^ (1 / N), from N spans of one value a point; N from 2 to 9. A product
-/// that is not above 0 gives 0.
+/// (product of 1 + v) ^ (1 / N), from N spans of one value per point; N from 2 to 9. A product that
+/// is not greater than 0 (NaN included) gives 0.
 void Mean_Roots(std::span<const std::span<const float>> values, std::size_t first,
                 std::size_t count, float* scores);
 

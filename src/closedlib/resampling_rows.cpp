@@ -20,7 +20,7 @@ using Halves = hn::Rebind<float, Reals>;
 using Wholes = hn::Rebind<std::int32_t, Reals>;
 using Pixel = hn::FixedTag<float, 4>;
 
-/// a x + b y - c z with b y and c z the same along the row.
+/// a x + b y - c z; b y and c z are constant along the row.
 HWY_INLINE Real Axis(const RowProjection& row, std::size_t axis, Real xn) {
   const Reals d;
   const double* m = &row.matrix[3 * axis];
@@ -85,7 +85,7 @@ HWY_INLINE void Interpolate(const std::uint8_t* at, const ColourSource& source, 
   hn::StoreU(hn::DemoteTo(bytes, value), bytes, target);
 }
 
-/// For the last pixels of a raster, behind which nothing can be read: from a copy.
+/// The last pixels of a raster, beyond which nothing may be read, are interpolated from a copy.
 void Interpolate_At_End(const std::uint8_t* at, const ColourSource& source, float right,
                         float below, std::uint8_t* target) {
   std::uint8_t copy[16] = {};

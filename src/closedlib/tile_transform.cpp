@@ -4,7 +4,7 @@
 #include <cstring>
 #include <numbers>
 
-// Their vectors have no size at compile time, so they cannot lie in structures.
+// Scalable vectors have no size at compile time and cannot be stored in a struct.
 #define HWY_DISABLED_TARGETS (HWY_SVE | HWY_SVE2 | HWY_SVE_256 | HWY_SVE2_128 | HWY_RVV)
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "closedlib/tile_transform.cpp"
@@ -23,8 +23,8 @@ using Reals = hn::CappedTag<double, kBlockCols>;
 using Real = hn::Vec<Reals>;
 
 constexpr int kLanes = static_cast<int>(hn::MaxLanes(Reals()));
-constexpr int kRowReals = 2 * kBlockCols;  // of a row of a block
-constexpr int kStepRoots = 6;              // of a step at one k
+constexpr int kRowReals = 2 * kBlockCols;  // in a row of a block
+constexpr int kStepRoots = 6;              // for a step at one k
 
 struct Complex {
   Real re, im;
@@ -74,7 +74,7 @@ struct Four {
   Complex a, b, c, d;
 };
 
-/// Load and store values `apart` real numbers from each other.
+/// Load and store values that are `apart` doubles from each other.
 HWY_INLINE Four Load_Four(const double* at, std::ptrdiff_t apart) {
   return {Load(at), Load(at + apart), Load(at + 2 * apart), Load(at + 3 * apart)};
 }
@@ -93,7 +93,7 @@ HWY_INLINE Four Forward_Four(const Four& x) {
   return {Plus(s, u), Minus(s, u), Minus_Turned(t, e), Plus_Turned(t, e)};
 }
 
-/// Undoes Forward_Four but for the factor 4.
+/// Inverse of Forward_Four except for the factor 4.
 HWY_INLINE Four Inverse_Four(const Four& x) {
   const Complex s = Plus(x.a, x.b), t = Minus(x.a, x.b);
   const Complex u = Plus(x.c, x.d), e = Minus(x.c, x.d);
@@ -119,7 +119,7 @@ HWY_INLINE void Forward_Eight(double* x) {
   Store_Four(Forward_Four(turned), x + 4 * kRowReals, kRowReals);
 }
 
-/// Undoes Forward_Eight but for the factor 8.
+/// Inverse of Forward_Eight except for the factor 8.
 HWY_INLINE void Inverse_Eight(double* x) {
   const Four sum = Inverse_Four(Load_Four(x, kRowReals));
   const Four turned = Inverse_Four(Load_Four(x + 4 * kRowReals, kRowReals));
@@ -132,8 +132,8 @@ HWY_INLINE void Inverse_Eight(double* x) {
       x + 4 * kRowReals, kRowReals);
 }
 
-/// Transforms of kBlockCols columns of n values. Each quarter is finished before the next, so
-/// that a long column passes the nearest cache once.
+/// Transforms of kBlockCols columns of n values. Each quarter is finished before the next, so that
+/// a long column goes through the L1 cache once.
 void Forward(double* x, int n, const double* roots) {
   const int quarter = n / 4;
   const std::ptrdiff_t apart = std::ptrdiff_t{quarter} * kRowReals;
@@ -161,7 +161,7 @@ void Forward(double* x, int n, const double* roots) {
   for (int part = 0; part < 4; ++part) Forward(x + part * apart, quarter, root);
 }
 
-/// Undoes Forward but for the factor n.
+/// Inverse of Forward except for the factor n.
 void Inverse(double* x, int n, const double* roots) {
   const int quarter = n / 4;
   const std::ptrdiff_t apart = std::ptrdiff_t{quarter} * kRowReals;
@@ -190,7 +190,7 @@ void Inverse(double* x, int n, const double* roots) {
   }
 }
 
-/// Transposes kBlockCols x kBlockCols values whose rows begin kRowReals apart.
+/// Transposes kBlockCols x kBlockCols values whose rows are kRowReals apart.
 HWY_INLINE void Transpose(const double* from, double* to) {
   const hn::CappedTag<double, 2> pair;
   constexpr int kStep = static_cast<int>(hn::MaxLanes(pair));
@@ -234,8 +234,8 @@ void Transform_Columns(const TileTransform& t, double* block) {
   Forward(block, t.shape.rows, t.col_roots.data());
 }
 
-/// Rows of a transformed template as a filter: conjugate, since it correlates, and with the
-/// factors that forward and inverse steps leave.
+/// Rows of a transformed template as a filter: conjugated, because it correlates, and scaled to
+/// cancel the factors of the forward and inverse steps.
 void Filter_Of_Rows(const TileTransform& t, const double* tile, int first_row, double* filter) {
   Lift_Rows(t, tile, first_row, filter);
   Forward(filter, t.shape.cols, t.row_roots.data());
@@ -263,7 +263,7 @@ void Filter_Rows(const TileTransform& t, const double* filter, int first_row, do
   Lower_Rows(t, lifted, first_row, tile);
 }
 
-/// Back from frequencies; the values are rounded.
+/// Inverse transform of the columns; the values are rounded.
 void Restore_Columns(const TileTransform& t, double* block) {
   Inverse(block, t.shape.rows, t.col_roots.data());
   const Reals d;
@@ -286,7 +286,7 @@ HWY_EXPORT(Filter_Rows);
 HWY_EXPORT(Restore_Columns);
 
 constexpr std::size_t kRow = 2 * kBlockCols;
-constexpr int kTakenCols = 8 * kBlockCols;  // that leave a tile together: fewer visits to a row
+constexpr int kTakenCols = 8 * kBlockCols;  // copied from a tile together: fewer passes over a row
 
 /// Copies columns first_col ... first_col + kBlockCols - 1 of the given pixels to the real
 /// (part 0) or imaginary (part 1) parts of a block of zeros.
@@ -301,7 +301,7 @@ void Fill_Block(const TileView<const Pixel>& pixels, int first_col, std::size_t 
   }
 }
 
-/// Copies the parts of blocks from first_col on, at most kTakenCols columns, to a result.
+/// Copies the parts of blocks from first_col on, at most kTakenCols columns, into a result.
 void Take_Blocks(const TileTransform& t, const double* blocks, int first_col, std::size_t part,
                  const TileView<double>& result) {
   const int cols = std::min(kTakenCols, result.cols - first_col);
@@ -337,7 +337,7 @@ TileTransform::TileTransform(TileShape tile_shape)
     : shape(tile_shape),
       col_roots(Step_Roots(tile_shape.rows)),
       row_roots(Step_Roots(tile_shape.cols)),
-      // A row more, lest the blocks share the same few sets of a cache.
+      // One more row, so that the blocks do not compete for the same cache sets.
       block_reals((static_cast<std::size_t>(tile_shape.rows) + 1) * kRow) {}
 
 std::size_t TileTransform::Filter_Reals() const {

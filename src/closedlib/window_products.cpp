@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-// Vectors without a size at compile time cannot lie in a struct.
+// Scalable vectors have no size at compile time and cannot be stored in a struct.
 #define HWY_DISABLED_TARGETS (HWY_SVE | HWY_SVE2 | HWY_SVE_256 | HWY_SVE2_128 | HWY_RVV)
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "closedlib/window_products.cpp"
@@ -20,7 +20,7 @@ using Words = hn::ScalableTag<std::int16_t>;
 using Bytes = hn::Rebind<std::uint8_t, Words>;
 using Sums = hn::RepartitionToWide<Words>;
 
-/// Two halves whose sum counts.
+/// Two partial results; only their sum is meaningful.
 struct Pair {
   hn::Vec<Sums> low, high;
 };
@@ -35,7 +35,7 @@ HWY_INLINE std::int64_t Total(const Pair& sum) {
   return hn::GetLane(hn::SumOfLanes(Sums(), hn::Add(sum.low, sum.high)));
 }
 
-// A block is so short that no lane of 32 bits overflows, nor their sum.
+// Short enough that neither a 32-bit lane nor the sum of the lanes overflows.
 constexpr std::size_t kBlock = 8192;
 
 HWY_INLINE void Add_Block(const std::uint8_t* a, const std::uint8_t* b, std::size_t count,

@@ -12,7 +12,7 @@ struct WindowProducts {
   std::int64_t aa = 0, bb = 0, ab = 0;
 };
 
-/// Of count pairs, by the widest vectors of the machine. Sums of whole numbers: the same on all.
+/// Sums over count pairs, with the machine's widest vectors. Integer sums: the same on all.
 WindowProducts Products_Of_Windows(const std::uint8_t* a, const std::uint8_t* b, std::size_t count);
 
 }  // namespace sylvomex

@@ -18,8 +18,8 @@ bool Fits(const QFont& font, const QString& text, int room) {
   return QFontMetricsF(font).horizontalAdvance(text) <= room;
 }
 
-// Hinted letters can keep whole pixels, so that a small squeeze changes nothing: the steps are
-// tried one after the other.
+// Hinted glyphs keep whole-pixel widths, so one step may change nothing: narrower steps are tried
+// in turn until the text fits.
 QFont Squeezed_Font(const QFont& natural, const QString& text, int room) {
   QFont font = natural;
   for (const int percent : {100, 95, 90, 85, 80, kNarrowestText}) {
@@ -62,7 +62,7 @@ void TextLabel::Show_Colour(Colour colour) {
 
 bool TextLabel::Wraps() const { return height() >= 2 * QFontMetrics(natural_font_).height(); }
 
-// The first line stands as high as the text of a single-line label beside it.
+// Aligns the first line with the text of a single-line label beside it.
 QRect TextLabel::Wrapping_Rect() const { return rect().adjusted(0, 2, 0, 0); }
 
 QString TextLabel::Painted_Text() const {
@@ -111,7 +111,7 @@ TextBoxWidget::TextBoxWidget(QWidget* parent) : QLineEdit(parent) {
 }
 
 void TextBoxWidget::Fit_Text() {
-  constexpr int kMargins = 8;  // the border, its distance to the text, the text cursor
+  constexpr int kMargins = 8;  // border, padding and text cursor
   const QFont fitting = Squeezed_Font(Control_Font(), text(), width() - kMargins);
   if (font() != fitting) setFont(fitting);
 }

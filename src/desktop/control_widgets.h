@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The small widgets of the windows. Each shows one control record; Show_Control copies what
-// has changed.
+// The small widgets of the windows. Each shows one control record; Show_Control copies changes from
+// the record.
 #pragma once
 
 #include <QCheckBox>
@@ -15,14 +15,15 @@
 
 namespace sylvomex {
 
-/// The font of all controls that do not carry one of their own.
+/// The default font of controls.
 QFont Control_Font();
 
-/// Percent of its natural width to which a text is squeezed before it is cut.
+/// Smallest stretch, in percent of its natural width, to which a text is squeezed before it is
+/// elided.
 inline constexpr int kNarrowestText = 75;
 
-/// A label that squeezes a text too long for it, then cuts it and shows the whole as a tool
-/// tip. A label of two lines' height and more wraps.
+/// A label that squeezes a text that is too long, then elides it and shows the whole text as a tool
+/// tip. A label at least two lines high wraps.
 class TextLabel : public QLabel {
  public:
   using QLabel::QLabel;
@@ -31,7 +32,7 @@ class TextLabel : public QLabel {
   void Show_Font(double points, bool bold);
   void Show_Colour(Colour colour);
 
-  /// What is painted of a single line: the text, or its beginning and three dots.
+  /// The painted text of a single line: the text, or its beginning and three dots.
   [[nodiscard]] QString Painted_Text() const;
 
  protected:
@@ -46,8 +47,8 @@ class TextLabel : public QLabel {
   QFont natural_font_ = Control_Font();
 };
 
-/// A text box with a border of one pixel and no margin above and below its text, which is
-/// squeezed when it is a little too long.
+/// A text box with a one-pixel border and no margin above and below its text; a slightly too long
+/// text is squeezed.
 class TextBoxWidget : public QLineEdit {
  public:
   explicit TextBoxWidget(QWidget* parent);
@@ -62,16 +63,16 @@ class TextBoxWidget : public QLineEdit {
 
 void Show_Control(TextLabel& widget, const Label& label);
 void Show_Control(TextBoxWidget& widget, const TextBox& box);
-bool Show_Control(QCheckBox& widget, const CheckBox& box);  // true when the caption is new
+bool Show_Control(QCheckBox& widget, const CheckBox& box);  // true when the caption changed
 void Show_Control(QRadioButton& widget, const OptionButton& option);
 void Show_Control(QPushButton& widget, const Button& button);
 void Show_Control(QFrame& widget, const Divider& line);
 
-/// The width that a tick box needs for its caption, at most `room` pixels: with less room than
-/// needed the caption is squeezed, and shown as a tool tip when that does not help.
+/// The width that a check box needs for its caption, at most `room` pixels: in less room the
+/// caption is squeezed, and shown as a tool tip when that does not suffice.
 int Fit_Check_Box(QCheckBox& box, int room);
 
-/// Where a control stands in its window, whole pixels.
+/// A control's rectangle in its window, whole pixels.
 QRect Placing(const Control& control);
 
 }  // namespace sylvomex

@@ -23,12 +23,12 @@ Number Read(const QByteArray& bytes, qsizetype at) {
 
 qsizetype Padded_Row_Bytes(int width, int bits) { return (qsizetype{width} * bits + 31) / 32 * 4; }
 
-/// A bitmap of a cursor: colour rows, then mask rows, both from the bottom.
+/// A cursor's bitmap: colour rows, then mask rows, both from the bottom.
 struct CursorBitmap {
   int width = 0;
   int height = 0;
   int bits = 0;
-  int colours = 0;  // entries of the palette
+  int colours = 0;  // number of palette entries
   qsizetype palette_at = 0;
 
   [[nodiscard]] qsizetype Rows_At() const { return palette_at + qsizetype{colours} * 4; }
@@ -58,7 +58,7 @@ std::optional<CursorBitmap> Read_Bitmap_Header(const QByteArray& picture) {
   return bitmap;
 }
 
-/// Entry of a row whose entries have 1, 4 or 8 bits, the first in the highest bits.
+/// Entry of a row with 1, 4 or 8 bits an entry, the first entry in the highest bits.
 int Packed_Entry(const QByteArray& picture, qsizetype row_at, int col, int bits) {
   const int bit = col * bits;
   const int byte = static_cast<uchar>(picture.at(row_at + bit / 8));

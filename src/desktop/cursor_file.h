@@ -20,18 +20,18 @@ struct CursorPicture {
   QPoint hot_spot;  // pixels from the top left corner
 };
 
-/// The first picture of a .CUR file's bytes: 1, 4, 8, 24 or 32 bits a pixel, uncompressed, or
-/// PNG; at most 256 by 256. Pixels that would invert the screen are white. Nothing when the
-/// bytes are no such file.
+/// The first picture of a .CUR file: 1, 4, 8, 24 or 32 bits a pixel, uncompressed, or
+/// PNG; at most 256 by 256. Pixels that would invert the screen become white. std::nullopt for
+/// bytes that are not such a file.
 std::optional<CursorPicture> Parse_Cursor(const QByteArray& bytes);
 
-/// The cursor of one file, read anew when the file changes. A file that is missing or not
-/// readable gives the system's cross.
+/// The cursor of one file, reloaded when the file changes. A missing or unreadable file gives the
+/// system's cross cursor.
 class CursorFile {
  public:
   CursorFile(const DriveMap& drives, std::string name);
 
-  /// Looks at the file at most once a second.
+  /// Checks the file at most once a second.
   const QCursor& Cursor();
 
  private:

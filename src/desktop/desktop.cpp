@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kMillisecondsBetweenResizes = 100;
 
-/// What the screen has room for beside the menu and a usual window frame.
+/// The screen's size less the menu and a typical window frame.
 QSize Largest_Client_Size(const FormWindow& window) {
   constexpr int kFrame = 4;
   const QSize screen = window.screen()->availableGeometry().size();
@@ -64,7 +64,7 @@ void Desktop::Start_Recording() {
 }
 
 void Desktop::Begin_With(const std::filesystem::path& script) {
-  std::ostringstream transcript;  // the windows show what it would tell
+  std::ostringstream transcript;  // discarded: the windows show the same
   std::ostringstream reasons;
   const bool done =
       Play_Over_Block(*w_, script, transcript, reasons, recorder_ ? &*recorder_ : nullptr);
@@ -92,7 +92,7 @@ void Desktop::Run(const OperatorEvent& event) {
       Handle_Event(*w_, event);
     }
   } catch (const UnknownName& gone) {
-    // What a waiting event pointed at can have been hidden since.
+    // The target of a queued event may have been hidden meanwhile.
     std::fprintf(stderr, "sylvomex: event passed over: %s\n", gone.what());
   } catch (const std::exception& failure) {
     screen_.Report_Error(Handler_Name(event), failure.what(), {});

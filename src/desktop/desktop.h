@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The workstation on a desk: the block, its windows, and the one way from a widget event to
-// its handler.
+// The desktop program: the block, its windows, and the single path from a widget event to its
+// handler.
 #pragma once
 
 #include <QTimer>
@@ -20,20 +20,21 @@ namespace sylvomex {
 
 struct DesktopOptions {
   DriveMap drives;
-  std::optional<QSize> client_size;  // of the main window; as large as the screen allows
-  std::filesystem::path record;      // takes the session as a script; empty for none
-  std::function<void()> end;         // ends the program when the operator has confirmed it
+  std::optional<QSize> client_size;  // of the main window; if empty, as large as the screen allows
+  std::filesystem::path record;      // script file that records the session; empty for none
+  std::function<void()> end;         // ends the program after the operator's confirmation
 };
 
 class Desktop : public OperatorEvents {
  public:
   explicit Desktop(DesktopOptions options);
 
-  /// Runs the start routine and shows the main window. RunTimeError when the start fails or
-  /// the record cannot be written.
+  /// Runs the start routine and shows the main window. RunTimeError when the start fails or the
+  /// script file cannot be written.
   void Start();
 
-  /// Plays a script before the hand takes over; what fails is told in a box and on standard error.
+  /// Plays a script before the operator takes over; failures are reported in a message box and on
+  /// standard error.
   void Begin_With(const std::filesystem::path& script);
 
   void Dispatch(const OperatorEvent& event) override;
@@ -58,7 +59,7 @@ class Desktop : public OperatorEvents {
   std::ofstream record_;
   std::optional<Recorder> recorder_;
   std::optional<RecorderScreen> recorder_screen_;
-  std::map<std::string, CursorFile> custom_cursors_;  // by file
+  std::map<std::string, CursorFile> custom_cursors_;  // by file name
   Windows windows_;
   QTimer move_timer_;
   QTimer resize_timer_;
@@ -66,7 +67,7 @@ class Desktop : public OperatorEvents {
   std::optional<OperatorEvent> waiting_resize_;
   bool moving_ = false;
   bool resizing_ = false;
-  int depth_ = 0;  // events that are being handled, one inside the other
+  int depth_ = 0;  // nesting depth of the events being handled
   bool ended_ = false;
 };
 

@@ -51,7 +51,7 @@ Answer Chosen(int button) {
   }
 }
 
-/// The drives that exist, for the side bar of the file dialog.
+/// The existing drives, for the side bar of the file dialog.
 QList<QUrl> Drive_Urls(const DriveMap& drives) {
   QList<QUrl> urls;
   for (const char* letter : {"c", "d", "e", "f"}) {

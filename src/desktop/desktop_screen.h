@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The operator's side of the desktop: dialogs on the screen.
+// Screen for the desktop: dialogs on the display.
 #pragma once
 
 #include <QSet>
@@ -18,16 +18,16 @@ namespace sylvomex {
 
 class DesktopScreen : public Screen {
  public:
-  /// What the screen asks of the desktop that owns it.
+  /// Callbacks into the desktop that owns the screen.
   struct Owner {
-    std::function<void()> show_block;        // brings the windows up to date
-    std::function<QWidget*()> front_window;  // owner of the dialogs; may answer null
+    std::function<void()> show_block;        // updates the windows
+    std::function<QWidget*()> front_window;  // parent of the dialogs; may return nullptr
     std::function<void()> end;               // ends the program
   };
 
   DesktopScreen(const DriveMap& drives, Owner owner);
 
-  /// A new event of the operator: messages that were silenced are shown again.
+  /// Begins a new operator event: suppressed messages are shown again.
   void Begin_Outer_Event();
   void End_Outer_Event() { in_event_ = false; }
 
@@ -40,8 +40,8 @@ class DesktopScreen : public Screen {
   void Clear_Clipboard() override;
   void Copy_To_Clipboard(const PaneBitmap& picture) override;
 
-  /// A command may ask for it after every triangle of a model: inside an event, more than
-  /// kServicings of them within kServicingSpan wait for the next span.
+  /// Commands may call this after every triangle of a model: inside an event, more than kServicings
+  /// calls within kServicingSpan wait for the next span.
   void Service_Events() override;
 
   double Clock() override;
@@ -61,7 +61,7 @@ class DesktopScreen : public Screen {
   DriveMap drives_;
   Owner owner_;
   TonePlayer tones_;
-  std::map<QString, int> times_shown_;  // message texts since the outer event began
+  std::map<QString, int> times_shown_;  // by message text, since the outer event began
   QSet<QString> silenced_;
   QString last_folder_;
   bool in_event_ = false;

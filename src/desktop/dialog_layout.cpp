@@ -13,13 +13,13 @@ namespace {
 constexpr int kNarrowest = 260;  // pixels
 constexpr int kWidest = 640;
 
-/// What a text may take of the screen beside an icon, the margins and the window's frame.
+/// Width available to a text beside an icon, the margins and the window's frame.
 int Room_For_Text(const QWidget& box) {
   constexpr int kAround = 160;
   return std::clamp(box.screen()->availableSize().width() - kAround, kNarrowest, kWidest);
 }
 
-/// The window manager's letters are unknown; they are taken for half as wide again as ours.
+/// The window manager's font is unknown; its letters are assumed to be half as wide again as ours.
 int Room_For_Title(const QWidget& box) {
   constexpr int kFrameAndButtons = 120;
   const int title = box.fontMetrics().horizontalAdvance(box.windowTitle()) * 3 / 2;
@@ -54,7 +54,7 @@ void Lay_Out(QMessageBox& box) {
 void Lay_Out(QInputDialog& box) {
   box.ensurePolished();
   box.setLabelText(Wrapped_For(box, box.labelText()));
-  // The dialog's layout sets its size: what it holds has to ask for the room.
+  // The dialog's layout determines its size, so its contents must request the width.
   auto* prompt = box.findChild<QLabel*>();
   if (prompt == nullptr) return;
   prompt->setTextFormat(Qt::PlainText);

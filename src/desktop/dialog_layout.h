@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Dialogs show their texts whole: long lines are wrapped, and the window is as wide as its title.
+// Dialogs show their texts in full: long lines are wrapped, and the window is wide enough for its
+// title.
 #pragma once
 
 #include <QInputDialog>
@@ -7,10 +8,10 @@
 
 namespace sylvomex {
 
-/// To be called last, when the box has its title and both its texts; they are plain text.
+/// Call last, when the box has its title and both texts, which are plain text.
 void Lay_Out(QMessageBox& box);
 
-/// To be called when the box has its title and its prompt, which is plain text.
+/// Call when the box has its title and its prompt, which is plain text.
 void Lay_Out(QInputDialog& box);
 
 }  // namespace sylvomex

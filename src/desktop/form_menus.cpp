@@ -13,7 +13,7 @@ namespace sylvomex {
 FormMenus::FormMenus(OperatorEvents& events, std::string form, std::span<const MenuRow> rows,
                      QMenuBar& bar)
     : events_(events), form_(std::move(form)), rows_(rows) {
-  std::vector<QWidget*> parents{&bar};  // of the rows of level 0, 1, ...
+  std::vector<QWidget*> parents{&bar};  // parents of the rows of level 0, 1, ...
   for (std::size_t k = 0; k < rows.size(); ++k) {
     const MenuRow& row = rows[k];
     parents.resize(static_cast<std::size_t>(row.level) + 1);

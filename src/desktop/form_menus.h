@@ -11,16 +11,16 @@
 
 namespace sylvomex {
 
-/// The menu bar of one window, made from its rows. Keys are only told here: a key press
-/// reaches its menu item as an OperatorEvent, like every other key.
+/// The menu bar of one window, generated from its rows. Accelerators are only displayed: a key
+/// press reaches its menu item as an OperatorEvent, like every other key.
 class FormMenus {
  public:
   FormMenus(OperatorEvents& events, std::string form, std::span<const MenuRow> rows, QMenuBar& bar);
 
-  /// Check marks as the block has them.
+  /// Copies the check marks from the block.
   void Mirror(Workspace& w);
 
-  /// True when the key is that of a menu item.
+  /// True for the accelerator of a menu item.
   [[nodiscard]] bool Has_Key(int key_code, int shift) const;
 
  private:

@@ -17,7 +17,7 @@ namespace {
 
 constexpr QLatin1StringView kClientName("client");
 
-/// Moves over the bare window and over tick boxes are told; a pane tells its own.
+/// Reports moves over the window's background and over check boxes; a pane reports its own.
 bool Tells_Moves(const QObject* watched) {
   return watched->objectName() == kClientName || qobject_cast<const QCheckBox*>(watched) != nullptr;
 }
@@ -121,7 +121,7 @@ void FormWindow::Add_Control(const std::string& name, const CheckBox& record) {
 
 void FormWindow::Add_Control(const std::string& name, const OptionButton& record) {
   auto* option = new QRadioButton(client_);
-  option->setAutoExclusive(false);  // which one is chosen stands in the records
+  option->setAutoExclusive(false);  // the records say which one is chosen
   option->setFont(Control_Font());
   connect(option, &QRadioButton::clicked, this, [this, name, option, &record] {
     Send(OperatorEvent::Kind::Set, name, "1");
@@ -343,7 +343,7 @@ bool FormWindow::Send_Key(const QKeyEvent& key) {
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
-    // An unhandled key climbs from the focused widget to the window: it counts once.
+    // An unhandled key event propagates from the focused widget to the window: handle it only once.
     QWidget* first = focusWidget() != nullptr ? focusWidget() : this;
     if (watched == first && Send_Key(*static_cast<QKeyEvent*>(event))) return true;
   }
@@ -355,7 +355,7 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::MouseMove && Tells_Moves(watched)) {
     const auto& move = *static_cast<QMouseEvent*>(event);
     Send_Move(*static_cast<QWidget*>(watched), move);
-    // Else it would climb on and count for the bare window as well.
+    // Otherwise it would propagate and be handled for the window's background as well.
     if (move.buttons() == Qt::NoButton) return true;
   }
   return QMainWindow::eventFilter(watched, event);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A window that shows one form of the block. It holds no state of its own: Mirror copies the
-// records to the widgets, and what the operator does goes out as OperatorEvents.
+// records to the widgets, and the operator's input goes out as OperatorEvents.
 #pragma once
 
 #include <QMainWindow>
@@ -18,22 +18,22 @@ namespace sylvomex {
 
 class FormWindow : public QMainWindow {
  public:
-  /// The block and the row outlive the window. owner: the main window, above which the others
-  /// stay; null for itself.
+  /// The block and the row must outlive the window. owner: the main window, above which the other
+  /// windows stay; nullptr for the main window itself.
   FormWindow(OperatorEvents& events, Workspace& w, const WindowRow& window, QWidget* owner);
 
-  /// Copies what has changed in the records to the widgets, while the window is shown.
+  /// Copies changes in the records to the widgets, while the window is shown.
   void Mirror();
 
-  /// Copies everything but whether the window is shown: for pictures of it.
+  /// Copies everything except the window's visibility: for pictures of a hidden window.
   void Mirror_Unshown();
 
   [[nodiscard]] const std::string& Name() const { return name_; }
 
-  /// The widget of a control, "Text1(3)"; null for an unknown name.
+  /// The widget of a control, "Text1(3)"; nullptr for an unknown name.
   [[nodiscard]] QWidget* Control_Widget(const std::string& name) const;
 
-  /// Height of the menu bar; the client area lies under it.
+  /// Height of the menu bar; the client area lies below it.
   [[nodiscard]] int Menu_Height() const;
 
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -47,7 +47,7 @@ class FormWindow : public QMainWindow {
     const Control* record;
     QWidget* widget;
     std::function<void()> show_content;
-    QRect placing;  // as it was last copied from the record
+    QRect placing;  // as last copied from the record
   };
 
   void Add_Control(const std::string& name, AnyControl any);
@@ -67,7 +67,7 @@ class FormWindow : public QMainWindow {
   void Mirror_Controls();
   void Mirror_Placing(Mirrored& control);
 
-  /// Labels, text boxes and tick boxes end where another control begins; a tick box is never
+  /// Ends labels, text boxes and check boxes where another control begins; a check box is never
   /// wider than its caption.
   void Keep_Apart();
   [[nodiscard]] int Room_Right_Of(const Mirrored& control) const;
@@ -75,9 +75,9 @@ class FormWindow : public QMainWindow {
   void Mirror_Pointer();
   void Send(OperatorEvent::Kind kind, const std::string& control, std::string text = {});
   void Send_Size();
-  void Send_Click(const QMouseEvent& press);  // on the bare window
+  void Send_Click(const QMouseEvent& press);  // on the window's background
   void Send_Move(const QWidget& over, const QMouseEvent& move);
-  bool Send_Key(const QKeyEvent& key);  // true for the key of a menu item
+  bool Send_Key(const QKeyEvent& key);  // true for the accelerator of a menu item
   [[nodiscard]] std::string Name_Of(const QWidget* widget) const;
 
   OperatorEvents& events_;
@@ -88,11 +88,11 @@ class FormWindow : public QMainWindow {
   QWidget* client_;
   FormMenus menus_;
   std::vector<Mirrored> controls_;
-  QSize record_size_;            // client size that the record had when it was last looked at
-  bool operator_sizes_ = false;  // the operator has sized the window; the record follows
-  bool sizing_ = false;          // the window takes the record's size and does not report it
-  bool places_changed_ = false;  // Keep_Apart is due
-  bool placed_ = false;          // has been shown once; then it stays where it is put
+  QSize record_size_;            // client size of the record when last compared
+  bool operator_sizes_ = false;  // the operator has resized the window; the record follows
+  bool sizing_ = false;          // the window is adopting the record's size and does not report it
+  bool places_changed_ = false;  // Keep_Apart must run
+  bool placed_ = false;          // has been shown once; from then on its position is kept
   std::uint64_t focus_version_ = 0;
 };
 

@@ -9,7 +9,7 @@
 namespace sylvomex {
 namespace {
 
-// Qt aborts the process when it cannot open its display; this comes before.
+// Runs before Qt aborts the process because it cannot open its display.
 void End_Without_Display(QtMsgType kind, const QMessageLogContext&, const QString& text) {
   if (kind != QtFatalMsg) {
     std::cerr << text.toStdString() << '\n';

@@ -8,20 +8,20 @@
 
 namespace sylvomex {
 
-/// What a window hands on to its owner.
+/// Receives the operator's input from a window.
 class OperatorEvents {
  public:
   virtual ~OperatorEvents() = default;
 
   virtual void Dispatch(const OperatorEvent& event) = 0;
 
-  /// Of moves that come faster than they can be handled only the last counts.
+  /// Moves that arrive faster than they can be handled are merged: only the last one counts.
   virtual void Dispatch_Move(const OperatorEvent& event) = 0;
 
-  /// The same for sizes. False when the window is to keep the size of its record.
+  /// The same for sizes. False when the window must keep the size of its record.
   virtual bool Dispatch_Resize(const OperatorEvent& event) = 0;
 
-  /// The pointer shape of a .CUR file, a drive name.
+  /// The pointer shape of a .CUR file (a drive name).
   virtual const QCursor& Custom_Cursor(const std::string& file) = 0;
 };
 

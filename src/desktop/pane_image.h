@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The pixels of a pane as an image of Qt.
+// The pixels of a pane as a QImage.
 #pragma once
 
 #include <QImage>
@@ -8,13 +8,13 @@
 
 namespace sylvomex {
 
-/// image: Format_RGB32.
+/// image: must have Format_RGB32.
 PixelView Pixels_Of(QImage& image);
 
 /// A bitmap at its own size.
 QImage To_Image(const PaneBitmap& bitmap);
 
-/// A bitmap, null for none, in the top left corner of a pane of that size.
+/// A bitmap (nullptr for none) in the top left corner of a pane of that size.
 QImage To_Image(const PaneBitmap* bitmap, QSize size);
 
 QRect Rect_Of(const PixelRect& rect);

@@ -19,16 +19,16 @@ class PictureWidget : public QWidget {
   PictureWidget(OperatorEvents& events, std::string form, std::string control,
                 const Picture& picture, QWidget* parent);
 
-  /// A second press goes out as a double click, not as one more click.
+  /// When set, a second press is sent as a double click instead of another click.
   void Tell_Double_Clicks(bool tell) { tells_double_clicks_ = tell; }
 
-  /// Brings the picture up to date: new marks are added to what is painted already; all is
-  /// painted anew only after a load, an erasing or a change of size.
+  /// Updates the painted picture: new marks are added to what is already painted; everything is
+  /// repainted only after a load, an erasure or a change of size.
   void Mirror();
 
   [[nodiscard]] const QImage& Painted() const { return painted_; }
 
-  /// Marks drawn into the picture since the start, for tests of the painting's cost.
+  /// Number of marks drawn since the start, for tests of the painting cost.
   [[nodiscard]] std::uint64_t Marks_Painted() const { return marks_painted_; }
 
  protected:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Between the texts of the block and those of Qt.
+// Conversion between the texts of the block and Qt's.
 #pragma once
 
 #include <QString>
@@ -8,12 +8,12 @@
 
 namespace sylvomex {
 
-/// Texts of the block are UTF-8; one that is not (old field files) is read as Latin-1.
+/// Texts of the block are UTF-8; invalid UTF-8 (old field files) is read as Latin-1.
 QString Qt_Text(std::string_view text);
 
 std::string Block_Text(const QString& text);
 
-/// A caption in which '&' is a character and no mark of a key.
+/// A caption in which '&' is an ordinary character, not an accelerator mark.
 QString Caption_Text(std::string_view caption);
 
 }  // namespace sylvomex

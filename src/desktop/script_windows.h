@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The windows of a scripted session. They only show: the script is the operator.
+// The windows of a scripted session. They only display: input comes from the script.
 #pragma once
 
 #include <QApplication>
@@ -12,19 +12,19 @@ namespace sylvomex {
 
 class ScriptWindows : public WindowPictures, public OperatorEvents {
  public:
-  /// Nothing of Qt is made before the first picture or showing is asked for. on_screen: the
-  /// windows appear; otherwise no display is needed.
+  /// Creates no Qt object before the first picture or display is requested. on_screen: show the
+  /// windows; otherwise no display is needed.
   explicit ScriptWindows(bool on_screen) : on_screen_(on_screen) {}
 
-  /// The block of the session, before anything else.
+  /// Sets the session's block; call this first.
   void Take_Block(Workspace& w) { w_ = &w; }
 
-  /// Brings the windows on the screen up to date.
+  /// Updates the windows on the screen.
   void Show();
 
   void Save_Window(const std::string& form, const std::filesystem::path& file) override;
 
-  // The operator's hand is not asked for.
+  // Input from the windows is ignored.
   void Dispatch(const OperatorEvent&) override {}
   void Dispatch_Move(const OperatorEvent&) override {}
   bool Dispatch_Resize(const OperatorEvent&) override { return false; }

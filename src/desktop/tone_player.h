@@ -10,16 +10,15 @@
 
 namespace sylvomex {
 
-/// A sine tone as signed 16-bit mono samples, 44,100 a second, with soft ends.
-/// frequency: hertz; duration: milliseconds, at most 5000. Empty for a tone that cannot be
-/// heard (37 Hz to 20 kHz) or has no length.
+/// A sine tone as signed 16-bit mono samples, 44,100 per second, with faded ends.
+/// frequency: hertz; duration: milliseconds, at most 5000. Empty for an inaudible tone
+/// (outside 37 Hz to 20 kHz) or one without duration.
 QByteArray Tone_Samples(int frequency, int duration);
 
-/// Plays tones one after the other without keeping the caller waiting. Silent on a machine
-/// without a sound device.
+/// Plays tones one after the other without blocking the caller. Silent without a sound device.
 class TonePlayer : public QObject {
  public:
-  /// A tone that would have to wait behind many others is left out.
+  /// A tone is dropped when too many others are waiting.
   void Play(int frequency, int duration);
 
  private:

@@ -7,7 +7,7 @@
 namespace sylvomex {
 namespace {
 
-/// Light whatever the system's theme is: the commands colour their texts for a light window.
+/// Light whatever the system's theme: the commands choose text colours for a light window.
 QPalette Light_Palette() {
   QPalette colours(QColor(240, 240, 240));
   colours.setColor(QPalette::Base, Qt::white);
@@ -38,7 +38,7 @@ Windows::Windows(OperatorEvents& events, Workspace& w) {
   }
 }
 
-// From the back: the main window would take the windows that it owns along.
+// In reverse order: the main window would delete the windows that it owns.
 Windows::~Windows() {
   while (!windows_.empty()) windows_.pop_back();
 }

@@ -10,27 +10,28 @@
 
 namespace sylvomex {
 
-/// The look that all windows share: style, colours, font. Once, after the application is made.
+/// Sets the look shared by all windows: style, colours, font. Call once, after creating the
+/// application.
 void Set_Application_Look();
 
 class Windows {
  public:
-  /// The block outlives the windows.
+  /// The block must outlive the windows.
   Windows(OperatorEvents& events, Workspace& w);
   ~Windows();
   Windows(const Windows&) = delete;
   Windows& operator=(const Windows&) = delete;
 
-  /// Copies what has changed in the block to all windows.
+  /// Copies changes in the block to all windows.
   void Mirror();
 
   [[nodiscard]] FormWindow& Main() const { return *windows_.front(); }
 
-  /// Null for a window that does not exist.
+  /// nullptr for a window that does not exist.
   [[nodiscard]] FormWindow* Find(std::string_view form) const;
 
  private:
-  std::vector<std::unique_ptr<FormWindow>> windows_;  // the main window first: it owns the rest
+  std::vector<std::unique_ptr<FormWindow>> windows_;  // the main window first: it owns the others
 };
 
 }  // namespace sylvomex

@@ -11,7 +11,7 @@ bool Is_Blank(QChar c) { return c == QLatin1Char(' ') || c == QLatin1Char('\t');
 
 bool Is_Slash(QChar c) { return c == QLatin1Char('/') || c == QLatin1Char('\\'); }
 
-/// How many of the first characters of a line fit, at least one.
+/// Number of leading characters of a line that fit, at least one.
 qsizetype Fitting(const QString& line, const QFontMetrics& letters, int width) {
   qsizetype fits = 1, too_many = line.size() + 1;
   while (too_many - fits > 1) {
@@ -21,7 +21,8 @@ qsizetype Fitting(const QString& line, const QFontMetrics& letters, int width) {
   return fits;
 }
 
-/// Where the line is broken when `fitting` characters fit: a blank there hangs over the edge.
+/// Where to break the line when `fitting` characters fit; a blank at that place may exceed the
+/// width.
 qsizetype Break_At(const QString& line, qsizetype fitting) {
   for (qsizetype at = fitting; at > 0; --at) {
     if (Is_Blank(line[at]) || Is_Slash(line[at - 1])) return at;

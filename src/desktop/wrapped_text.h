@@ -6,9 +6,9 @@
 
 namespace sylvomex {
 
-/// The text with line ends put in so that no line is wider than `width` pixels: at blanks, behind a
-/// slash or backslash, and inside a word only where a line holds nothing else. The blanks at which
-/// a line was broken go; line ends that the text has stay.
+/// The text with line ends inserted so that no line is wider than `width` pixels: at blanks, after
+/// a slash or backslash, and inside a word only when it alone fills a line. Blanks at an inserted
+/// break are removed; existing line ends stay.
 QString Wrapped_Text(const QString& text, const QFontMetrics& letters, int width);
 
 /// Pixels of the widest line.

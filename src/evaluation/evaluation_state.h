@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A tree-top run held against field-measured trees: the evaluation's part of the block. Metres
-// unless told otherwise. Reference trees, clusters and the entries of MatchIndex count from 1.
+// Evaluation of a tree-top run against field-measured trees: its part of the block. Metres unless
+// stated otherwise. Reference trees, clusters and the entries of MatchIndex are counted from 1.
 //
 // A reference tree with a cluster is matched (class M), one without is omitted (O); a cluster
 // without a reference tree is a commission (C).
@@ -17,12 +17,12 @@ namespace sylvomex {
 struct ReferenceTreeRecord {
   double TreeDiameter = 0;  // of the stem, millimetres
   double TreeHeight = 0;
-  double TreeX = 0, TreeY = 0, TreeZ = 0;           // of the tree's top
-  double ClusterX = 0, ClusterY = 0, ClusterZ = 0;  // of its cluster, 0 without one
-  double BaseZ = 0;                                 // ground at the tree, as the crew measured it
+  double TreeX = 0, TreeY = 0, TreeZ = 0;           // the tree's top
+  double ClusterX = 0, ClusterY = 0, ClusterZ = 0;  // its cluster; 0 without one
+  double BaseZ = 0;                                 // ground at the tree, as measured in the field
   std::int32_t TreeId = 0;
   std::int32_t Cluster = 0;       // 0 without one
-  std::int32_t OtherCluster = 0;  // commission nearest in plan within the limit, 0 for none
+  std::int32_t OtherCluster = 0;  // unmatched cluster nearest in plan within the limit; 0 for none
 };
 
 /// Calls visit("FieldName", field) for every field in the order of declaration.
@@ -49,10 +49,10 @@ struct EvaluationState {
   std::int16_t OmittedCount = 0;         // trees of O
   std::int16_t CommissionCount = 0;      // clusters of C
   std::vector<Point3D> CommissionTops;   // the clusters of C in the order of MatchIndex
-  double MatchDistance = 0;              // limit of the matching in plan
+  double MatchDistance = 0;              // limit of the distance in plan for a match
 };
 
-/// Entry i of a table that counts from 1; RunTimeError(SubscriptOutOfRange) outside it.
+/// Entry i of a table with index base 1; RunTimeError(SubscriptOutOfRange) outside it.
 template <class Entry>
 const Entry& Entry_From_One(const std::vector<Entry>& table, long i) {
   const auto count = static_cast<long>(table.size());

@@ -18,7 +18,7 @@ double Sum(std::span<const double> values) {
   return sum;
 }
 
-/// The trees of `count` entries of MatchIndex behind the first `before` ones.
+/// The trees of `count` entries of MatchIndex, after the first `before` ones.
 std::vector<ReferenceTreeRecord> Trees_Of_Class(const EvaluationState& state, int before,
                                                 int count) {
   std::vector<ReferenceTreeRecord> trees;
@@ -28,7 +28,7 @@ std::vector<ReferenceTreeRecord> Trees_Of_Class(const EvaluationState& state, in
   return trees;
 }
 
-/// Root of sum / count.
+/// Square root of sum / count.
 double Root_Mean(double sum, std::size_t count, const char* of_what) {
   return std::sqrt(
       Quotient(sum, static_cast<double>(count), std::string("there is no ") + of_what));
@@ -46,7 +46,7 @@ double Volume_Of_All(std::span<const ReferenceTreeRecord> trees) {
   return volume;
 }
 
-/// Sums of squares of the values of a line about their mean and of the residuals.
+/// Sums of squares for a regression line: of the values about their mean, and of the residuals.
 struct Scatter {
   double explained = 0;
   double residual = 0;

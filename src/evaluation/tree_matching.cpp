@@ -58,7 +58,7 @@ void Give_Cluster(ReferenceTreeRecord& record, int cluster, const Point3D& top) 
   record.ClusterZ = top.Z;
 }
 
-/// Lists the trees of a class, those with a cluster or those without; answers how many there are.
+/// Lists the trees of a class, those with a cluster or those without, and returns their number.
 std::int16_t List_Trees(EvaluationState& state, bool with_cluster) {
   const std::size_t before = state.MatchIndex.size();
   std::int32_t number = 0;
@@ -82,7 +82,7 @@ void List_Commissions(EvaluationState& state, std::span<const Point3D> clusters)
   state.CommissionCount = To_Int16(static_cast<double>(state.CommissionTops.size()));
 }
 
-/// The commission nearest to a tree in plan within the limit, 0 for none.
+/// The unmatched cluster nearest to a tree in plan within the limit, 0 for none.
 std::int32_t Commission_Near(const EvaluationState& state, const ReferenceTreeRecord& tree) {
   const std::size_t first = state.MatchIndex.size() - state.CommissionTops.size();
   std::int32_t nearest = 0;

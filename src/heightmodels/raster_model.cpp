@@ -71,7 +71,7 @@ std::int64_t Read_Cells(const FilePath& cell_file, RasterModel& model) {
   const std::span<float> cells = model.Cells.All();
   auto* bytes = reinterpret_cast<std::uint8_t*>(cells.data());
   const std::size_t got = file.Read_At(0, {bytes, cells.size_bytes()});
-  // A cell that the file's end cuts through counts as missing.
+  // A cell truncated by the end of the file counts as missing.
   if (got % sizeof(float) != 0) cells[got / sizeof(float)] = 0;
   const std::span<const float> read = cells.first(got / sizeof(float));
   return std::count_if(read.begin(), read.end(), [](float cell) { return Is_No_Data(cell); });

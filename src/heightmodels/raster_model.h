@@ -40,37 +40,38 @@ void Visit_Raster_Model(Record& record, Visitor&& visit) {
   visit("CellFile", record.CellFile);
 }
 
-/// Reads the seven header values into the model; Cells are left alone. A header that cannot
-/// be read in full leaves the whole model as it was.
+/// Reads the seven header values into the model; Cells stay unchanged. A header that cannot be read
+/// in full leaves the whole model unchanged.
 void Read_Raster_Header(const FilePath& header, RasterModel& model);
 
-/// Drops the old Cells and gives new ones of the header's size, all 0. RunTimeError(Overflow)
-/// when a size is not a whole number in 0 .. 32767, RunTimeError(OutOfMemory) when there is
-/// no room; the model then has no cells and every lookup gives 0.
+/// Replaces Cells by new ones of the header's size, all 0. RunTimeError(Overflow)
+/// when a size is not an integer in 0 .. 32767, RunTimeError(OutOfMemory) when memory is
+/// insufficient; the model then has no cells and every lookup gives 0.
 void Dimension_Cells(RasterModel& model);
 
 /// Whether a height stands for a cell without data: -9999, -3.4e38 (or beyond), NaN.
 inline bool Is_No_Data(double height) { return height == -9999 || !(std::abs(height) < 1e30); }
 
-/// Says which model holds no data where, and what it holds instead: "the ground model holds no data
-/// at X 2515057.50, Y 6860179.20: -9999".
+/// States which model has no data where, and the value found: "the ground model holds no data at X
+/// 2515057.50, Y 6860179.20: -9999".
 std::string No_Data_Text(std::string_view model, double X, double Y, double height);
 
 /// Reads the cell file into Cells. A file that is too short leaves the rest zero. Returns how many
-/// of the cells read hold no data; they stay as they are.
+/// of the cells read contain no data; their values are kept.
 std::int64_t Read_Cells(const FilePath& cell_file, RasterModel& model);
 
 /// A column or row that no model has.
 inline constexpr std::uint64_t kNoRasterLine = ~std::uint64_t{0};
 
 /// Column of the cells nearest to X (ties to even) and row -floor((OriginY - Y) / CellSize) of
-/// those at Y; the two axes differ on purpose. Outside the model the number is above that of its
-/// last column or row. Safe for any X, Y (NaN and infinity included) and any CellSize (0 included).
+/// those at Y; the two axes are required to differ. Outside the model the result exceeds the last
+/// column or row number. Safe for any X, Y (NaN and infinity included) and any CellSize (0
+/// included).
 inline std::uint64_t Raster_Column(const RasterModel& model, double X) {
   const double eastward = (X - model.OriginX) / model.CellSize;
   if (std::isnan(eastward)) return kNoRasterLine;
-  // What 64 bits cannot hold converts to one of their limits, which lies outside any model; as
-  // unsigned numbers all positions west and south of it do so, too.
+  // Values beyond 64 bits convert to one of their limits, which lies outside any model; as unsigned
+  // numbers all positions west and south of the model do so, too.
   return static_cast<std::uint64_t>(std::llrint(eastward));
 }
 

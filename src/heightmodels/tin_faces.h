@@ -33,9 +33,9 @@ static_assert(sizeof(TinFace) == 64, "one cache line a step");
 struct TinFaces {
   double west = 0, south = 0;
   double cells_per_metre = 0;
-  double columns = 0, rows = 0;  // whole numbers; 0: nothing is certain
+  double columns = 0, rows = 0;  // integers; 0: no certain answers
   // For each cell the number of a triangle near its centre; 0 where triangles overlap or leave
-  // gaps, and once more behind the last cell.
+  // gaps, and in one more entry after the last cell.
   HugePageVector<std::int32_t> starts;
   HugePageVector<TinFace> faces;  // by number; entry 0 is a sentinel that holds every point
 };
@@ -45,7 +45,7 @@ inline constexpr float kClearOfEdge = 1e-5F;  // in lengths of the longest edge
 /// node_count: size of the table that the triangles' nodes are entries of.
 TinFaces Make_Tin_Faces(std::span<const TinTriangle> triangles, std::int32_t node_count);
 
-/// The cell of a point; nothing (-1) outside the grid, for NaN and for infinity.
+/// The cell of a point; -1 outside the grid, for NaN and for infinity.
 inline std::int64_t Start_Cell(const TinFaces& f, double X, double Y) {
   const double column = (X - f.west) * f.cells_per_metre;
   const double row = (Y - f.south) * f.cells_per_metre;

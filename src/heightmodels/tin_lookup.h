@@ -3,10 +3,10 @@
 // that stops at the first one which holds the point; the buckets and faces of the model only find
 // that triangle sooner.
 //
-// A hint is the caller's: handed on from point to point it makes neighbouring lookups cost one
+// The caller keeps the hint: passed from point to point it reduces neighbouring lookups to one
 // polygon test. It is a position in Index, for the tiled lookup a triangle number; both count
-// from 1. One outside the table is a RunTimeError(SubscriptOutOfRange). Any X, Y may be asked
-// for, NaN and infinity included. Nothing here allocates.
+// from 1. A hint outside the table is a RunTimeError(SubscriptOutOfRange). Any X, Y is
+// allowed, NaN and infinity included. Nothing here allocates.
 #pragma once
 
 #include <cstdint>
@@ -50,8 +50,8 @@ inline const TinTriangle& Tin_Triangle_In_Index(const TinModel& model, std::int3
   return Tin_Triangle_At(model, model.Index[static_cast<std::size_t>(position - 1)]);
 }
 
-/// Terrain by search. hint: 0 for none; left at the position of the triangle found, and at 0
-/// after a miss, where the answer is -99. A height of exactly 0 that was searched for counts as
+/// Terrain by search. hint: 0 for none; set to the position of the triangle found, and to 0
+/// after a miss, where the result is -99. A height of exactly 0 found by search counts as
 /// a miss.
 inline double Tin_Elevation(const TinModel& model, double X, double Y, std::int32_t& hint) {
   if (hint != 0) {
@@ -66,8 +66,8 @@ inline double Tin_Elevation(const TinModel& model, double X, double Y, std::int3
   return kNoTinHeight;
 }
 
-/// Canopy by search. hint: 0 or less for none; left at the position of the triangle found, and
-/// at -99 after a miss, where the answer is 0. A height of exactly 0 that was searched for
+/// Canopy by search. hint: 0 or less for none; set to the position of the triangle found, and
+/// to -99 after a miss, where the result is 0. A height of exactly 0 found by search
 /// counts as a miss.
 inline double Tin_Chm_Elevation(const TinModel& model, double X, double Y, std::int32_t& hint) {
   constexpr std::int32_t kMissed = -99;
@@ -82,8 +82,8 @@ inline double Tin_Chm_Elevation(const TinModel& model, double X, double Y, std::
   return height;
 }
 
-/// Heights of many points, each as Tin_Elevation with a hint of 0 answers; heights has room for
-/// all of them. threads: 1 keeps to the calling thread, 0 takes all; the heights are the same.
+/// Heights of many points, each as from Tin_Elevation with a hint of 0; heights has room for all of
+/// them. threads: 1 uses the calling thread, 0 uses all; the heights are the same.
 void Tin_Elevations(const TinModel& model, std::span<const MapPoint> points,
                     std::span<double> heights, int threads = 0);
 

@@ -104,7 +104,7 @@ TinRaster Make_Tin_Raster(const TinModel& model) {
 }
 
 void Rasterize_Triangle(const TinTriangle& t, TinRaster& raster) {
-  constexpr double kOffsetX = 0.002, kOffsetY = 0.001;  // metres; they differ on purpose
+  constexpr double kOffsetX = 0.002, kOffsetY = 0.001;  // metres; required to differ
   const BarycentricTest test(t);
   const double first_X = MYFUNC_FLOOR(t.MinX) - kOffsetX;
   const double first_Y = MYFUNC_FLOOR(t.MinY) - kOffsetY;

@@ -10,7 +10,7 @@
 
 namespace sylvomex {
 
-/// The largest whole number that is not greater.
+/// Largest integer not greater than the value.
 double MYFUNC_FLOOR(double value);
 
 /// Heights and grey values by cell, row by row from the south; cells that no triangle reached
@@ -23,8 +23,8 @@ struct TinRaster {
   std::int64_t cells_written = 0;
 };
 
-/// A raster over the tile bounds of the model. RunTimeError(OutOfMemory) naming the size where
-/// there is no room for it.
+/// A raster over the tile bounds of the model. RunTimeError(OutOfMemory) naming the size when
+/// memory is insufficient.
 TinRaster Make_Tin_Raster(const TinModel& model);
 
 /// Writes the cells whose lattice points (a little west and south of the whole metres) lie in

@@ -26,7 +26,7 @@ constexpr TinSide Unpacked(std::uint32_t word) {
 /// The sides at each node: first[node] up to first[node + 1].
 struct SidesAtNodes {
   std::vector<std::uint32_t> first;
-  std::vector<std::int32_t> far_nodes;  // and room for a vector behind the last
+  std::vector<std::int32_t> far_nodes;  // and room for a vector after the last
   std::vector<std::uint32_t> words;
 };
 
@@ -86,8 +86,8 @@ Found Find_Sides_To(std::int32_t far_node, const SidesAtNodes& sides, std::uint3
           static_cast<std::uint32_t>(hn::GetLane(hn::SumOfLanes(d, sum)))};
 }
 
-/// How many of the sides to the node of the first one have its direction, less the others.
-/// Nothing where a side before this one leads there as well.
+/// Of the sides to the same node as the side `at`: the number with its direction minus the number
+/// against it. 0 when an earlier side leads to that node, too.
 std::int32_t Times_At_First(const SidesAtNodes& sides, std::uint32_t first, std::uint32_t at,
                             std::uint32_t last) {
   std::int32_t times = 0;

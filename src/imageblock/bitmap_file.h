@@ -12,12 +12,12 @@
 namespace sylvomex {
 
 /// 54 header bytes and the pixels, rows from the top (negative height). The size field
-/// counts the pixel bytes only. A width that is no multiple of 4 gives each row a pad of 1 to
-/// 3 black pixels, which the reader, going by the info header, does not expect.
-/// RunTimeError(SubscriptOutOfRange) when the bytes are not 3 x width x height.
+/// counts the pixel bytes only. A width that is not a multiple of 4 appends 1 to 3 black
+/// pixels to each row, which the reader, following the info header, does not expect.
+/// RunTimeError(SubscriptOutOfRange) when there are not 3 x width x height bytes.
 void Write_Pane_Bitmap(const FilePath& file, const PaneBitmap& bitmap);
 
-/// Writes the 54 header bytes over the start of the file and changes no pixel.
+/// Overwrites the 54 header bytes of the file; the pixels stay.
 void Rewrite_Bitmap_Header(const FilePath& file, int width, int height);
 
 /// 8-bit grey: palette of 256 entries, pixels at offset 1082, rows from the bottom, padded
@@ -26,8 +26,8 @@ void Rewrite_Bitmap_Header(const FilePath& file, int width, int height);
 void Write_Grey_Bitmap(const FilePath& file, int width, int height,
                        std::span<const std::uint8_t> pixels);
 
-/// Reads an uncompressed 24-bit or 8-bit palette BMP by its pixel offset and info header.
-/// Palette entries that the file lacks are black. RunTimeError(BadContent) naming the file
+/// Reads an uncompressed 24-bit or 8-bit palette BMP, using its pixel offset and info header.
+/// Palette entries missing from the file are black. RunTimeError(BadContent) naming the file
 /// and the cause for anything else.
 PaneBitmap Load_Bitmap(const FilePath& file);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The 54 bytes that open a BMP file, shared by the writers and the reader.
+// The 54 header bytes of a BMP file, shared by the writers and the reader.
 #pragma once
 
 #include <array>
@@ -31,7 +31,7 @@ struct BitmapHeader {
 
 BitmapHeaderBytes Encode_Bitmap_Header(const BitmapHeader& header);
 
-/// bytes: at least kBitmapHeaderSize. The file type is not looked at.
+/// bytes: at least kBitmapHeaderSize. The file type is not checked.
 BitmapHeader Decode_Bitmap_Header(std::span<const std::uint8_t> bytes);
 
 /// Bytes of a row in the file: padded to a multiple of 4.

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t kPaletteEntries = 256;
 
-/// Blue, green, red of each palette entry; entries that the file lacks are black.
+/// Blue, green, red of each palette entry; entries missing from the file are black.
 using Palette = std::array<std::array<std::uint8_t, 3>, kPaletteEntries>;
 
 [[noreturn]] void Throw_Bad(const FilePath& file, const std::string& cause) {
@@ -41,7 +41,7 @@ std::string Size_Text(const BitmapHeader& header) {
   return std::to_string(header.width) + " x " + std::to_string(header.height);
 }
 
-/// Rows of the picture. The header's pixels lie wholly inside the file.
+/// Number of rows of the picture. Throws unless the header's pixels lie wholly inside the file.
 std::int64_t Check_Extent(const FilePath& file, const BitmapHeader& header,
                           std::uint64_t file_size) {
   const std::int64_t rows = std::llabs(header.height);

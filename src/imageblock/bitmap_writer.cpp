@@ -29,7 +29,7 @@ void Check_Size(const FilePath& file, int width, int height, int bytes_per_pixel
     Throw_Size(file, width, height, bytes);
 }
 
-/// Pad of a pane bitmap's row, in pixels.
+/// Padding of a pane bitmap's row, in pixels.
 std::int64_t Pane_Row_Pad(int width) {
   const std::int64_t over = 3 * static_cast<std::int64_t>(width) % 4;
   return over == 0 ? 0 : 4 - over;

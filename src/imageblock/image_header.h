@@ -8,8 +8,8 @@ namespace sylvomex {
 
 /// Reads the 36 items of an image header (and four more for each related raster) in their
 /// fixed order. RunTimeError of the list reader for a missing item, a text in place of a
-/// number or a value out of its field's range; BandCount above 4 is a
-/// RunTimeError(SubscriptOutOfRange) that names file, line and item.
+/// number or a value outside its field's range; BandCount above 4 is a
+/// RunTimeError(SubscriptOutOfRange) naming file, line and item.
 ImageRecord Read_Image_Header(ListReader& header);
 
 }  // namespace sylvomex

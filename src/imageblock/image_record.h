@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One oriented image as its header tells it.
+// One oriented image, as described by its header.
 //
 // Frames: film x, y in metres, principal point at the origin; full-image col to the right
 // and row counted from the bottom; raw-file raw_row counted from the top, 0 the first.
@@ -16,12 +16,12 @@ struct ImageRecord {
   std::int32_t ImageId = 0;
   FixedText<60> RawFileName;
   std::uint8_t ColorFlag = 0;    // 1 colour (R, G, B bytes), 0 grey
-  double SubRowOrigin = 0;       // full-image top-down row of the raw file's first row
+  double SubRowOrigin = 0;       // full-image row, from the top, of the raw file's first row
   double SubColOrigin = 0;       // full-image column of the raw file's first column
   std::int16_t FullWidth = 0;    // columns of the full image
   std::int16_t FullHeight = 0;   // rows of the full image
-  std::int16_t StartRow = 0;     // raw-file row on which the pane is first centred
-  std::int16_t StartCol = 0;     // raw-file column likewise
+  std::int16_t StartRow = 0;     // raw-file row at which the pane is first centred
+  std::int16_t StartCol = 0;     // raw-file column at which the pane is first centred
   double SubWidth = 0;           // columns of the raw file
   double SubHeight = 0;          // rows of the raw file
   double PrincipalDistance = 0;  // camera constant c, metres
@@ -48,7 +48,7 @@ struct ImageRecord {
   Table<std::int32_t, 0, 3> BandHeight;
 };
 
-/// Whether the raw file can hold a pixel: no picture is drawn of a side of 0 or below.
+/// Whether the raw file can contain a pixel: nothing is drawn for a side of 0 or less.
 inline bool Has_Pixels(const ImageRecord& image) {
   return image.SubWidth > 0 && image.SubHeight > 0;
 }

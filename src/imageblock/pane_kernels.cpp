@@ -20,8 +20,8 @@ constexpr std::size_t kLane = 16;       // bytes that a shuffle reaches
 constexpr std::size_t kWidest = 64;     // bytes of the widest vector in use
 constexpr std::uint8_t kNoByte = 0x80;  // a shuffle index that gives 0
 
-/// Shuffles for three vectors of any width up to kWidest that follow each other from a
-/// pixel's first byte. An output byte comes from 2 bytes ahead, its own place or 2 bytes
+/// Shuffles for three consecutive vectors of any width up to kWidest that start at a
+/// pixel's first byte. An output byte comes from 2 bytes ahead, its own position or 2 bytes
 /// behind; the load that starts 2 bytes early holds most of them, the one that starts 2
 /// bytes late the rest.
 struct SwapShuffles {
@@ -53,7 +53,7 @@ void Swap_Pixels(const std::uint8_t* rgb, std::size_t first, std::size_t last, s
 void Swap_Row(const std::uint8_t* rgb, std::size_t pixels, std::uint8_t* bgr) {
   const hn::CappedTag<std::uint8_t, kWidest> d;
   const std::size_t lanes = hn::Lanes(d);
-  // The first and last pixel go alone: the loads reach 2 bytes beyond what they serve.
+  // The first and last pixel are swapped singly: the loads reach 2 bytes beyond their pixels.
   if (pixels < lanes + 2) return Swap_Pixels(rgb, 0, pixels, bgr);
   const auto early0 = hn::Load(d, &kSwapShuffles.early[0]);
   const auto early1 = hn::Load(d, &kSwapShuffles.early[lanes]);
@@ -133,8 +133,8 @@ void Gather(std::size_t step, std::size_t pixels, std::span<const std::uint8_t> 
   for (std::size_t k = called; k < pixels; ++k) put(k);
 }
 
-/// Four bytes are read and written for each pixel; the one too many is overwritten by the
-/// next pixel, so that the last of all goes byte by byte.
+/// Four bytes are read and written for each pixel; the next pixel overwrites the surplus byte, so
+/// the last pixel is copied byte by byte.
 void Gather_Colour(const std::uint8_t* source, std::size_t step, std::size_t pixels,
                    std::span<const std::uint8_t> ahead, std::uint8_t* bgr) {
   Gather(step, pixels, ahead, [=](std::size_t k) {

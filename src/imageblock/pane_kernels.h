@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The inner loops of the pane renderer, one row a call. Pixels are written as blue, green,
-// red bytes. The widest vector unit of the machine is chosen at run time; the bytes are the
+// The inner loops of the pane renderer, one row per call. Pixels are written as blue, green,
+// red bytes. The widest vector unit is chosen at run time; the bytes are the
 // same on every one.
 #pragma once
 
@@ -16,8 +16,8 @@ void Swap_Rgb_Row(const std::uint8_t* rgb, std::size_t pixels, std::uint8_t* bgr
 
 /// How source pixels are repeated along a row.
 struct ExpandPlan {
-  static constexpr int kGroup = 5;                 // source pixels that one vector step takes
-  static constexpr int kMostByVector = 16;         // larger factors go pixel by pixel
+  static constexpr int kGroup = 5;                 // source pixels consumed by one vector step
+  static constexpr int kMostByVector = 16;         // larger factors are expanded pixel by pixel
   static constexpr std::size_t kSourceSlack = 32;  // readable bytes past the last pixel
   static constexpr std::size_t kTargetSlack = 16 * kMostByVector;  // writable bytes likewise
 
@@ -28,14 +28,14 @@ struct ExpandPlan {
 
 ExpandPlan Make_Expand_Plan(int bytes_per_pixel, std::int64_t factor);
 
-/// Pane pixel k is source pixel k / factor. source and bgr need the slack of the plan;
-/// the bytes in bgr's slack are overwritten.
+/// Pane pixel k is source pixel k / factor. source and bgr need the plan's slack; the bytes in
+/// bgr's slack are overwritten.
 void Expand_Row(const ExpandPlan& plan, const std::uint8_t* source, std::size_t pane_pixels,
                 std::uint8_t* bgr);
 
 /// Pane pixel k is the source pixel at byte k x step. source holds at least
 /// (pixels - 1) x step + bytes_per_pixel bytes; step is at least bytes_per_pixel.
-/// ahead: a row that will be gathered soon and is prefetched meanwhile; may be empty.
+/// ahead: a row to be gathered soon, prefetched meanwhile; may be empty.
 void Gather_Row(const std::uint8_t* source, int bytes_per_pixel, std::size_t step,
                 std::size_t pixels, std::span<const std::uint8_t> ahead, std::uint8_t* bgr);
 

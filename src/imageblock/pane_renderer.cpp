@@ -16,18 +16,18 @@ namespace sylvomex {
 namespace {
 
 constexpr int kLargestPane = 32767;
-constexpr std::size_t kRowsAhead = 4;          // rows prefetched before their turn
+constexpr std::size_t kRowsAhead = 4;          // prefetch distance in rows
 constexpr std::size_t kRowsAheadGathered = 2;  // their bytes lie scattered over many lines
 
 using RowBytes = std::span<const std::uint8_t>;
 
-/// One render: what the three paths share.
+/// One rendering: inputs shared by the three paths.
 struct Job {
   const RawPixels& raw;
   const RenderRequest& request;
   RawLayout layout;
-  const GammaTable* gamma;  // null: none
-  std::int64_t cols;        // columns and rows of the window
+  const GammaTable* gamma;  // nullptr: none
+  std::int64_t cols;        // size of the window
   std::int64_t rows;
   PaneBitmap& out;
 };
@@ -74,7 +74,7 @@ void Apply_Gamma(const GammaTable* gamma, std::uint8_t* bytes, std::size_t count
   for (std::size_t at = 0; at < count; ++at) bytes[at] = (*gamma)[bytes[at]];
 }
 
-/// The first rows of the window, each cut to the pixels that the pane shows.
+/// The first rows of the window, each truncated to the pixels that the pane shows.
 std::vector<RowBytes> Window_Rows(const Job& job, std::int64_t rows, std::int64_t pixels) {
   std::vector<RowBytes> sources;
   sources.reserve(static_cast<std::size_t>(rows));
@@ -87,7 +87,7 @@ std::vector<RowBytes> Window_Rows(const Job& job, std::int64_t rows, std::int64_
   return sources;
 }
 
-/// A row as the kernels want it: gamma applied, 0 where the file has ended.
+/// Copies a row for the kernels: gamma applied, 0 past the end of the file.
 void Copy_Row(const Job& job, RowBytes source, std::size_t bytes,
               std::vector<std::uint8_t>& buffer) {
   std::copy(source.begin(), source.end(), buffer.begin());
@@ -100,7 +100,7 @@ void Prefetch_Row(const std::vector<RowBytes>& sources, std::size_t row) {
   if (row < sources.size()) Prefetch_Bytes(sources[row]);
 }
 
-/// Source pixels along a row or column that the pane has room for.
+/// Number of source pixels along a row or column that fit in the pane.
 std::int64_t Pixels_Needed(std::int64_t pane_size, std::int64_t factor) {
   return (pane_size + factor - 1) / factor;
 }
@@ -130,7 +130,7 @@ void Replicate(const Job& job, std::int64_t factor_x, std::int64_t factor_y) {
   Blacken_Rows(job.out, std::min<std::int64_t>(rows * factor_y, job.out.height));
 }
 
-/// Colour, one to one: straight from the file to the pane where the file has the whole row.
+/// Colour, one to one: directly from the file to the pane where the file holds the whole row.
 void Swap_Rows(const Job& job) {
   const std::int64_t cols = std::min<std::int64_t>(job.cols, job.out.width);
   const std::int64_t rows = std::min<std::int64_t>(job.rows, job.out.height);
@@ -161,7 +161,7 @@ void Zoom_In(const Job& job, int margin) {
   const std::int64_t factor_x = To_Int32(job.request.zoom_x);
   const std::int64_t factor_y = To_Int32(job.request.zoom_y);
   if (factor_y < 1 || job.cols == 0 || job.rows == 0) return Blacken_Rows(job.out, 0);
-  // A raw file smaller than the view on one side is shown as far as the pane reaches.
+  // A raw file smaller than the view on one side is shown as far as it reaches in the pane.
   if (job.request.window.fits) {
     Check_Margin(job.cols, factor_x, job.out.width, margin);
     Check_Margin(job.rows, factor_y, job.out.height, margin);
@@ -186,7 +186,7 @@ Interval Steps_Inside(std::int64_t step, int origin, double limit, std::int64_t 
   return inside;
 }
 
-/// The pane pixels of one row from begin to end, pixel px taken at px x step_x of the read.
+/// The pane pixels begin to end of one row; pixel px is taken at px x step_x of the row read.
 void Subsample_Row(const Job& job, RowBytes source, RowBytes ahead, std::int64_t step_x,
                    Interval shown, std::uint8_t* pane_row) {
   const std::int64_t pixel_size = Bytes_Per_Pixel(job.layout);
@@ -234,8 +234,8 @@ void Report_Exceeding(const RenderRequest& request, std::int64_t pixels) {
   for (std::int64_t pixel = 0; pixel < pixels; ++pixel) request.on_exceeding();
 }
 
-/// The pane's row counter is held against the columns and its column counter against the
-/// rows; panes are square.
+/// The pane's row counter is compared with the columns and its column counter with the rows
+/// (required; panes are square).
 void Zoom_Out(const Job& job) {
   const std::int64_t step_y = To_Int32(1 / job.request.zoom_y);
   const std::int64_t step_x = To_Int32(1 / job.request.zoom_x);

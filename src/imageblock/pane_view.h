@@ -26,15 +26,15 @@ struct PanePosition {
   double py = 0;
 };
 
-/// Raw pixels a pane pixel, 1 / zoom. RunTimeError(DivisionByZero) for the zoom 0 of a pane
-/// without an image, here and wherever a pane position becomes one of the full image.
+/// Raw pixels per pane pixel, 1 / zoom. RunTimeError(DivisionByZero) for the zoom 0 of a pane
+/// without an image, here and in every conversion from pane to full image.
 double Raw_Pixels_Per_Pane_Pixel(double zoom);
 
-/// Pane position to full image.
+/// Full-image position of a pane position.
 PixelPosition Pane_To_Full_Image(const ImageRecord& image, const PaneView& view, double px,
                                  double py);
 
-/// Top-down full-image row of a pane position.
+/// Full-image row of a pane position, counted from the top.
 double Pane_To_Top_Down_Row(const ImageRecord& image, const PaneView& view, double py);
 
 PanePosition Full_Image_To_Pane(const ImageRecord& image, const PaneView& view, double col,

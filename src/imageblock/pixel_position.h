@@ -3,7 +3,7 @@
 
 namespace sylvomex {
 
-/// A full-image position in pixels: col to the right, row counted from the bottom. Whole values
+/// A full-image position in pixels: col to the right, row counted from the bottom. Integer values
 /// are pixel centres.
 struct PixelPosition {
   double col = 0;

@@ -9,16 +9,16 @@
 
 namespace sylvomex {
 
-/// Keeps the raw files of the loaded images mapped, so that a zoom or pan costs no open. A
-/// file that changed on disk is mapped anew. Holds the nine files used last.
+/// Keeps the raw files of the loaded images mapped, so that a zoom or pan need not open them. A
+/// file that changed on disk is mapped again. Holds the nine most recently used files.
 class RawFileCache {
  public:
-  /// The mapping stays valid until nine other files have been opened or the file is opened
-  /// again after a change. RunTimeError(FileNotFound) and the like as MappedFile.
+  /// The mapping stays valid until nine other files have been opened or the file is opened again
+  /// after a change. Throws as MappedFile does, e.g. RunTimeError(FileNotFound).
   const MappedFile& Open(const FilePath& file);
 
  private:
-  std::list<std::unique_ptr<MappedFile>> files_;  // the one used last in front
+  std::list<std::unique_ptr<MappedFile>> files_;  // most recently used first
 };
 
 }  // namespace sylvomex

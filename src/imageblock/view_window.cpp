@@ -13,8 +13,7 @@ struct Extent {
   int last = 0;
 };
 
-/// One axis. overrun: columns or rows more than asked for when an odd size is pushed back
-/// from the far edge.
+/// One axis. overrun: extra columns or rows when an odd size is shifted back from the far edge.
 Extent Compute_Extent(double raw_size, int centre, int view_size, int overrun) {
   const bool odd = view_size % 2 != 0;
   const double centre_at = centre;

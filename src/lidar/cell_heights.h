@@ -22,7 +22,7 @@ class LastEchoes {
   explicit LastEchoes(std::span<const Lidar2004Record> records);
 
   /// Of the echoes nearer than half a cell to the centre in X and in Y, the sum of the mean
-  /// taken in the order of the records; nothing where there is none.
+  /// taken in the order of the records; std::nullopt where there is none.
   [[nodiscard]] std::optional<CellHeights> Of_Cell(double X, double Y, double cell_size) const;
 
   [[nodiscard]] std::size_t Count() const { return echoes_.size(); }

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the binary lidar files share: a 32-bit record count, then the records, packed.
-// Little-endian.
+// Shared by the binary lidar files: a 32-bit record count, then the records, packed. Little-endian.
 #pragma once
 
 #include <bit>
@@ -16,12 +15,12 @@ static_assert(std::endian::native == std::endian::little, "lidar files are littl
 
 inline constexpr std::int64_t kCountBytes = 4;
 
-/// Makes an empty file where there is none. Commands that work around one point open their
-/// tile for reading and writing, so that a missing one comes into being and counts 0.
+/// Creates an empty file where there is none. Commands that work around one point open their tile
+/// for reading and writing, which creates a missing one with a count of 0.
 void Make_Missing_File(const FilePath& file);
 
-/// The record count of a file, 0 of an empty file. RunTimeError(BadContent) for a file of one to
-/// three bytes. Nothing else is looked at.
+/// The record count of a file, 0 for an empty file. RunTimeError(BadContent) for a file of one to
+/// three bytes. Nothing else is checked.
 std::int32_t Read_Record_Count(const FilePath& file);
 
 /// An open file whose count fits its length.
@@ -29,7 +28,7 @@ class CountedFile {
  public:
   /// record_bytes: distance from a record to the next. RunTimeError(BadContent) naming the
   /// file, the bytes wanted and the bytes found, for a negative count and for a file that is
-  /// too short for its count; bytes behind the last record do not count.
+  /// too short for its count; bytes after the last record are ignored.
   CountedFile(const FilePath& file, std::int64_t record_bytes);
 
   [[nodiscard]] std::int32_t Count() const { return count_; }

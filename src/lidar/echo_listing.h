@@ -13,9 +13,9 @@ namespace sylvomex {
 /// Receives one sentence about an implausible echo while it is listed.
 using ListingComplaint = std::function<void()>;
 
-/// Appends the lines of a pulse: X Y Z H intensity type code 1, a blank behind every item, H the
-/// height above the ground. Type 0 is an only echo, 1 the first, 2 an intermediate, 3 the last
-/// one. Pulses of no or more than four echoes have no line.
+/// Appends the lines of a pulse: X Y Z H intensity type code 1, a blank after every item, H the
+/// height above ground. Type 0 is an only echo, 1 the first, 2 an intermediate, 3 the last
+/// one. Pulses of no or more than four echoes get no line.
 ///
 /// complain: called after an echo with X below 10, and after a pulse of two or four echoes of
 /// which two have the same X to 0.0000001 m.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which echoes of a tile the intensity overlays draw, and by what value.
+// Selection and value of the echoes that the intensity overlays draw.
 #pragma once
 
 #include <functional>
@@ -10,7 +10,7 @@
 
 namespace sylvomex {
 
-/// The ends of a colour scale. A value above the upper end is pulled a little below it.
+/// The ends of a colour scale. A value above the upper end is set slightly below it.
 struct ValueScale {
   double lowest = 0;
   double highest = 0;

@@ -19,7 +19,7 @@ class PulseTable {
  public:
   [[nodiscard]] std::int32_t Count() const { return count_; }
 
-  /// Another number after every reading that touched the table.
+  /// Changes with every reading that modified the table.
   [[nodiscard]] std::uint64_t Version() const { return version_; }
 
   /// Pulse of an index from 1 to Count(); RunTimeError(SubscriptOutOfRange) otherwise.
@@ -87,13 +87,13 @@ class PulseTable {
   std::uint64_t version_ = 0;
 };
 
-/// Reads a tile into the table and returns its count. A count of 0 leaves the table as it was;
-/// a file that is missing comes into being empty and counts 0. threads: 1 keeps to the calling
-/// thread, 0 takes all; the table is the same.
+/// Reads a tile into the table and returns its count. A count of 0 leaves the table unchanged;
+/// a missing file is created empty and counts 0. threads: 1 uses the calling
+/// thread, 0 uses all; the table is the same.
 ///
 /// RunTimeError(BadContent) for a negative count and for a file too short for its count, naming
-/// both sizes; the table is left as it was. RunTimeError(FileFailure) when the reading itself
-/// breaks off; the table is then empty.
+/// both sizes; the table is left unchanged. RunTimeError(FileFailure) when the reading itself
+/// fails; the table is then empty.
 std::int32_t Read_Pulse_Tile(const FilePath& file, PulseTable& table, int threads = 0);
 
 }  // namespace sylvomex

@@ -8,11 +8,11 @@
 
 namespace sylvomex {
 
-/// Weighted mean of a cluster's points, metres; clusters count from 1. RunTimeError(DivisionByZero)
-/// that names the cluster for one without weight.
+/// Weighted mean of a cluster's points, metres; clusters are counted from 1.
+/// RunTimeError(DivisionByZero) naming the cluster when its weight is 0.
 Point3D Cluster_Position(const MatchingState& state, int cluster);
 
-/// The positions of all clusters of the last search; cluster i at i - 1.
+/// The positions of all clusters of the last search; cluster i at index i - 1.
 std::vector<Point3D> Cluster_Positions(const MatchingState& state);
 
 }  // namespace sylvomex

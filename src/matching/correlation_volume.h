@@ -11,17 +11,17 @@
 
 namespace sylvomex {
 
-/// The correlation images of all images in one table, as closedlib/back_projection.h lays it out.
-/// Its 104 MB are taken when they are first needed and are zeros until written, which costs memory
-/// only where something was written.
+/// The correlation images of all images in one table, in the layout of
+/// closedlib/back_projection.h. Its 104 MB are reserved on first use; a page costs memory only once
+/// it has been written.
 class CorrelationVolume {
  public:
-  /// Stores a correlation image, row by row, and clears what a larger one before it left.
-  /// RunTimeError(SubscriptOutOfRange) naming both sizes when it has more than 1201 columns or
-  /// rows, RunTimeError(OutOfMemory) without room for the table.
+  /// Stores a correlation image, row by row, and clears what remains of a larger previous one.
+  /// RunTimeError(SubscriptOutOfRange) naming both sizes for more than 1201 columns or
+  /// rows, RunTimeError(OutOfMemory) when the table cannot be allocated.
   void Store(int image, int width, int height, std::span<const double> values);
 
-  /// The whole table. RunTimeError(OutOfMemory) without room for it.
+  /// The whole table. RunTimeError(OutOfMemory) when it cannot be allocated.
   std::span<const double> All();
 
   static void Require_Room(int width, int height);

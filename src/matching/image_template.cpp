@@ -46,7 +46,7 @@ std::vector<std::uint8_t> Read_Pixels(const FilePath& file, std::size_t count) {
   return pixels;
 }
 
-// The four numbers of a template and its pixels.
+// Reads a template from its numbers file and its pixel file.
 ImageTemplate Read_Pair(const FilePath& numbers, const FilePath& pixels) {
   ListReader list(numbers);
   ImageTemplate pattern;

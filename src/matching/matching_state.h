@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The tree-top matching chain's part of the block. Lengths in metres, angles in radians.
+// The part of the block that belongs to tree-top matching. Lengths in metres, angles in radians.
 //
-// Images count from 0, mesh points from 0, scores and sort indices from 1, clusters from 1.
+// Index bases: images and mesh points 0, scores and sort indices 1, clusters 1.
 #pragma once
 
 #include <cstdint>
@@ -25,8 +25,8 @@ struct PlotCenterRecord {
   double PlotX = 0, PlotY = 0, PlotZ = 0;
 };
 
-/// What the steps of a search were run with, so that the last one knows the model tree even after
-/// the solution has moved.
+/// Settings and model tree of a search as captured by its steps, so that the last step still knows
+/// the model tree after the solution has moved.
 struct CaptureSnapshotRecord {
   TemplateParameters Template;
   Point3D Solution;
@@ -48,23 +48,23 @@ struct ClusterInfoRecord {
 
 struct MatchingState {
   PlotCenterRecord PlotCenter;
-  std::vector<FilmPosition> ImagePolygon;  // vertices 0 to 100 of the polygon to be matched
+  std::vector<FilmPosition> ImagePolygon;  // vertices 0 to 100 of the polygon to match
 
   Table<TemplateRecord, 0, 8> Template;
   TemplateParameters Parameters;
   CaptureSnapshotRecord CaptureSnapshot;
 
   double PlotRadius = 0;
-  double PatchSize = 0;  // side of the ground square that a patch is to cover
+  double PatchSize = 0;  // side of the ground square that a patch should cover
   sylvomex::CorrelationVolume CorrelationVolume;
 
   double ModelTreeHeight = 0;
   std::int32_t MeshSide = 0;
   MeshTable MeshPoints;
-  std::vector<float> PointScore{0};        // entry j + 1 belongs to mesh point j
-  std::vector<std::int32_t> SortIndex{0};  // entries of PointScore, ascending
+  std::vector<float> PointScore{0};        // entry j + 1 is the score of mesh point j
+  std::vector<std::int32_t> SortIndex{0};  // entries of PointScore by ascending score
   std::int32_t SortCount = 0;
-  std::vector<ImageSummaryRecord> ImageSummary;  // of the ticked images, in their order
+  std::vector<ImageSummaryRecord> ImageSummary;  // the ticked images, in their order
   std::int32_t MatchImageCount = 0;
 
   std::int32_t ClusterCount = 0;

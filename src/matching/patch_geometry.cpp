@@ -9,7 +9,7 @@
 namespace sylvomex {
 namespace {
 
-constexpr double kMicrometres = 1e6;  // in a metre
+constexpr double kMicrometres = 1e6;  // per metre
 constexpr int kSeriesStep = 100;
 constexpr int kLargestSide = 10001;
 
@@ -19,7 +19,7 @@ constexpr int kLargestSide = 10001;
 
 std::string Image_Name(const ImageRecord& image) { return "image " + Plain_Text(image.ImageId); }
 
-// A row counted upwards from the raw file's last one, counted from the top.
+// Converts a row counted upwards from the raw file's last row to one counted from the top.
 int From_Top(const ImageRecord& image, int upward_row) {
   return To_Int32(image.SubHeight - 1 - upward_row);
 }

@@ -33,7 +33,7 @@ RawLayout Layout_Of(const ImageRecord& image) {
                                               ", grey is 0 and colour 1");
 }
 
-// Round of a third of a whole number never meets a tie.
+// A third of an integer is never a tie, so plain rounding suffices.
 std::uint8_t Mean_Of_Three(std::span<const std::uint8_t> pixel) {
   return static_cast<std::uint8_t>((pixel[0] + pixel[1] + pixel[2] + 1) / 3);
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Single bytes from a window of a raw file. Columns and rows are those of the raw file, rows from
-// the top.
+// Single-byte pixels from a window of a raw file. Columns and rows are those of the raw file, rows
+// from the top.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@
 
 namespace sylvomex {
 
-/// A window, first and last column and row included.
+/// A window; first and last column and row are both included.
 struct RawWindow {
   int first_col = 0;
   int last_col = 0;
@@ -23,26 +23,27 @@ struct RawWindow {
   [[nodiscard]] int Height() const { return bottom_row - top_row + 1; }
 };
 
-/// What stands for a colour pixel: its middle byte, or the mean of its three bytes, half to even.
+/// How a colour pixel becomes one byte: its middle byte, or the mean of its three bytes, half to
+/// even.
 enum class ColourRule { MiddleByte, Mean };
 
-/// The window's pixels, row by row from the top; grey pixels are their bytes.
+/// The window's pixels, row by row from the top; grey pixels are taken unchanged.
 /// RunTimeError(SubscriptOutOfRange) naming the window and the raw file's size when the window
 /// leaves the raw file or is empty, RunTimeError(InputPastEnd) for a file shorter than its header
-/// tells, RunTimeError(BadContent) for a ColorFlag other than 0 and 1.
+/// states, RunTimeError(BadContent) for a ColorFlag other than 0 and 1.
 std::vector<std::uint8_t> Read_Raw_Window(const ImageRecord& image, const RawPixels& raw,
                                           const RawWindow& window, ColourRule rule);
 
-/// Single pixels of an image's raw file.
+/// Reads single pixels of an image's raw file.
 class RawPixelReader {
  public:
-  /// RunTimeErrors of Read_Raw_Window but for the window.
+  /// Throws as Read_Raw_Window, except for the window's errors.
   RawPixelReader(const ImageRecord& image, const RawPixels& raw, ColourRule rule);
 
-  /// Whether the raw file has this pixel.
+  /// Whether the raw file contains this pixel.
   [[nodiscard]] bool Holds(int col, int raw_row) const;
 
-  /// A pixel that the raw file has.
+  /// One pixel; the raw file must contain it.
   [[nodiscard]] std::uint8_t At(int col, int raw_row) const;
 
  private:

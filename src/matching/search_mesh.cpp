@@ -16,10 +16,10 @@ constexpr double kEndMargin = 0.001;  // metres
 struct MeshColumn {
   double X = 0, Y = 0;
   double bottom = 0;
-  double points = 0;  // whole number
+  double points = 0;  // an integer
 };
 
-// Whole number of steps start, start + step, ... up to end; 0 when end lies below start.
+// Number of steps start, start + step, ... up to end; 0 when end lies below start.
 double Count_Steps(double start, double end, double step) {
   return end >= start ? Loop_Steps(start, end, step) : 0;
 }

@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kSide = 2 * kTemplateReach + 1;
 
-// Which pixels of the window lie in the ellipse: [column][row from the top].
+// The pixels of the window inside the ellipse: [column][row from the top].
 using Mask = std::array<std::array<bool, kSide>, kSide>;
 
 RawWindow Window_Around(const ImageRecord& image, const Camera& camera,
@@ -57,7 +57,7 @@ struct Borders {
   bool defined = false;
 };
 
-// is_set(n): whether column or row n of the window holds a pixel of the ellipse.
+// First run of columns (or rows) n for which is_set(n), i.e. that contain a pixel of the ellipse.
 template <class IsSet>
 Borders Find_Borders(IsSet&& is_set) {
   Borders borders;
@@ -85,7 +85,7 @@ Borders Row_Borders(const Mask& mask) {
   });
 }
 
-// The raw file's pixels where the mask is set, 0 elsewhere, where nothing is read.
+// The raw file's pixels where the mask is set; elsewhere 0, and nothing is read.
 std::vector<std::uint8_t> Pixels_In_Box(const RawPixelReader& raw, const RawWindow& window,
                                         const Mask& mask, const Borders& cols,
                                         const Borders& rows) {
@@ -143,7 +143,7 @@ CutTemplate Cut_Template(const ImageRecord& image, const RawPixels& raw,
   cut.pattern.width = cols.last - cols.first + 1;
   cut.pattern.height = rows.last - rows.first + 1;
   cut.pattern.reference_col = kTemplateReach - cols.first + ellipse.ShiftCol;
-  // Image rows count upwards, those of the window downwards.
+  // Image rows are counted upwards, window rows downwards.
   cut.pattern.reference_row = kTemplateReach - rows.first - ellipse.ShiftRow;
   cut.pattern.pixels = Pixels_In_Box(pixels, window, mask, cols, rows);
   return cut;

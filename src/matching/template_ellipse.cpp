@@ -20,7 +20,7 @@ void Set_Shifts(const Camera& camera, FilmPosition top, TemplateRecord& ellipse)
   const PixelPosition centre = Image_To_Pixel(camera, {ellipse.CenterX, ellipse.CenterY});
   const double cols = at_top.col - centre.col;
   const double rows = at_top.row - centre.row;
-  // A smaller shift keeps the value of the previous capture.
+  // A shift of half a pixel or less keeps the value of the previous capture.
   if (std::abs(cols) > 0.5) ellipse.ShiftCol = To_Int16(cols);
   if (std::abs(rows) > 0.5) ellipse.ShiftRow = To_Int16(rows);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The picture of a crown in one image: an ellipse whose long axis lies along the radial direction,
+// The outline of a crown in one image: an ellipse whose long axis lies along the radial direction,
 // the line from the nadir point to the tree top, along which a central perspective displaces
 // heights (Kraus, Photogrammetry (2007), section 2.1.3). Film x, y and object X, Y, Z in metres.
 #pragma once
@@ -12,7 +12,7 @@
 namespace sylvomex {
 
 /// The ellipse of a crown with its top at the given point. A shift of half a pixel or less keeps
-/// the value that it has in previous. RunTimeError(Overflow) for a shift beyond 16 bits.
+/// the value in previous. RunTimeError(Overflow) for a shift beyond 16 bits.
 TemplateRecord Ellipse_Of_Crown(const Camera& camera, const Point3D& top,
                                 const TemplateParameters& crown, const TemplateRecord& previous);
 

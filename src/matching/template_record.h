@@ -8,13 +8,13 @@
 namespace sylvomex {
 
 struct TemplateRecord {
-  double SemiAxisRadial = 0;      // film; never smaller than SemiAxisTangential
+  double SemiAxisRadial = 0;      // film; at least SemiAxisTangential
   double SemiAxisTangential = 0;  // film
-  double CenterX = 0;             // film, of the ellipse
+  double CenterX = 0;             // centre of the ellipse, film
   double CenterY = 0;
   std::int16_t ShiftCol = 0;  // tree top minus ellipse centre, pixels
   std::int16_t ShiftRow = 0;
-  double RadialAngle = 0;  // radians from film x, nadir point to tree top
+  double RadialAngle = 0;  // radians from film x, direction from nadir point to tree top
 };
 
 /// Calls visit("FieldName", field) for every field in the order of declaration.
@@ -29,7 +29,7 @@ void Visit_Template_Record(Record& record, Visitor&& visit) {
   visit("RadialAngle", record.RadialAngle);
 }
 
-/// The crown as the operator describes it, metres.
+/// The crown's dimensions as entered by the operator, metres.
 struct TemplateParameters {
   double Tw = 0;   // horizontal half-width
   double Zd = 0;   // vertical half-height

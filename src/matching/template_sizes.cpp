@@ -11,9 +11,9 @@ namespace sylvomex {
 namespace {
 
 constexpr double kTentRadius = 1;
-constexpr int kSpare = 4;  // zero columns and rows on the right and the bottom
+constexpr int kSpare = 4;  // zero columns and rows appended right and below
 
-// The template with its spare columns and rows.
+// The template with its appended columns and rows.
 struct WorkArray {
   explicit WorkArray(const ImageTemplate& source) : columns(source.width + kSpare) {
     values.assign(
@@ -47,7 +47,7 @@ double Interpolate(const WorkArray& work, double col, double row) {
   return sum;
 }
 
-// Source pixels from one target pixel to the next.
+// Source pixels per target pixel.
 double Step(int source, int target, const char* what) {
   if (target == 1) {
     throw RunTimeError(Failure::DivisionByZero, std::string("a resized template of one ") + what +

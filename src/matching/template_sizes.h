@@ -23,20 +23,20 @@ struct TemplateSize {
   std::uint8_t reference_row = 0;
 };
 
-/// Entry k - 1 for size k: the numbers of the template times the factor, half to even.
-/// RunTimeError(Overflow) for one outside 0 to 255.
+/// Entry k - 1 for size k: the template's numbers times the factor, half to even.
+/// RunTimeError(Overflow) for a result outside 0 to 255.
 using SizeTable = std::array<TemplateSize, kTemplateSizeCount>;
 SizeTable Make_Size_Table(const ImageTemplate& pattern);
 
-/// 3 x 3 binomial kernel over all pixels but the border rows and columns, in place, column by
-/// column from the top left: a pixel sees its smoothed left and upper neighbours.
+/// 3 x 3 binomial kernel over all pixels except the border rows and columns, in place, column by
+/// column from the top left: a pixel uses its already smoothed left and upper neighbours.
 void Smooth_Template(ImageTemplate& pattern);
 
-/// (1 - |d| / radius) / radius within the radius, else 0.
+/// Tent kernel: (1 - |d| / radius) / radius within the radius, else 0.
 double Tent_Weight(double d, double radius);
 
-/// The template at another size. RunTimeError(DivisionByZero) naming the size for one pixel in a
-/// direction, over which the template cannot be spread.
+/// The template resampled to another size. RunTimeError(DivisionByZero) naming a size of one pixel
+/// in a direction, for which no step between pixels exists.
 ImageTemplate Resample_Template(const ImageTemplate& source, const TemplateSize& size);
 
 }  // namespace sylvomex

@@ -24,7 +24,7 @@ ColourMap Read_Colour_Map(const FilePath& file) {
 }
 
 int Colour_Row(double value, double lowest, double highest) {
-  // The two subtractions take part in the rounding.
+  // Not simplified: the rounding of the two subtractions is part of the result.
   double index = Round_Half_Even(255 - (255 - ((value - lowest) * 255) / (highest - lowest)));
   if (index < 4) index = 4;
   if (index > 254) index = 253;

@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t kHeaderBytes = 60;
 constexpr std::size_t kTreeBytes = 76;
 
-/// Takes little-endian values one after the other.
+/// Reads little-endian values in sequence.
 class FieldBytes {
  public:
   explicit FieldBytes(std::string_view bytes) : bytes_(bytes) {}
@@ -40,7 +40,7 @@ class FieldBytes {
                      file.native);
 }
 
-/// The number of trees of a file whose length agrees with it.
+/// The number of trees in a file, checked against its length.
 std::size_t Tree_Count(const FilePath& file, std::string_view bytes) {
   if (bytes.size() < kHeaderBytes) {
     Refuse(file, "it has " + std::to_string(bytes.size()) + " bytes, its header alone takes " +

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The binary tree file: count, plot header with the angle in radians, and one record of 76 bytes
-// a tree, all little-endian.
+// per tree, all little-endian.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@
 
 namespace sylvomex {
 
-/// A tree as its record holds it. Metres; StemVolume in litres.
+/// A tree as stored in its record. Metres; StemVolume in litres.
 struct FieldTree {
   double MapX = 0;
   double MapY = 0;
@@ -29,7 +29,7 @@ struct FieldTree {
 
 class FieldTreeFile {
  public:
-  /// plot: its angle in degrees, as the plot text file has it.
+  /// plot: with its angle in degrees, as in the plot text file.
   FieldTreeFile(std::int32_t tree_count, const PlotHeader& plot);
 
   void Add(const FieldTree& tree);
@@ -43,9 +43,9 @@ class FieldTreeFile {
   std::vector<std::uint8_t> bytes_;
 };
 
-/// The trees of a binary tree file, in its order. RunTimeError(BadContent) that names the file for
-/// one that holds no tree, whose length does not follow from its count, or that has a number
-/// which is none; RunTimeErrors of opening a file pass.
+/// The trees of a binary tree file, in its order. RunTimeError(BadContent) naming the file when it
+/// holds no tree, its length does not match its count, or a number is NaN or infinite;
+/// RunTimeErrors of opening a file propagate.
 std::vector<FieldTree> Read_Field_Trees(const FilePath& file);
 
 }  // namespace sylvomex

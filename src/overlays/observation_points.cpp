@@ -14,10 +14,10 @@
 namespace sylvomex {
 namespace {
 
-constexpr std::size_t kScanned = 100;  // characters of a line that are scanned for commas
+constexpr std::size_t kScanned = 100;  // leading characters of a line scanned for commas
 constexpr double kLeastX = 1.0;        // a point without a solution has X 0
 
-// One line: number, X, Y, Z and more that is not looked at.
+// One line: number, X, Y, Z, and more that is not used.
 class PointLine {
  public:
   PointLine(std::string_view text, const FilePath& file, int line_number)
@@ -38,7 +38,7 @@ class PointLine {
     fields_.back() = text.substr(begin, text.find(',', begin) - begin);
   }
 
-  /// An item, from 0, by a parser of number_text.h.
+  /// Item at a position counted from 0, converted by a parser of number_text.h.
   template <class Number>
   [[nodiscard]] Number Item(std::size_t item, Number (*parse)(std::string_view)) const {
     try {
@@ -59,7 +59,7 @@ class PointLine {
   std::array<std::string_view, 4> fields_;
 };
 
-// Nothing for a line that is to be passed over.
+// std::nullopt for a line to be skipped.
 std::optional<ObservationPoint> Point_Of_Line(const PointLine& line) {
   ObservationPoint point;
   point.at.X = line.Item(1, Parse_Double);

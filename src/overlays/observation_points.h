@@ -14,13 +14,13 @@ struct ObservationPoint {
   Point3D at;
 };
 
-/// The points of an observation file, from the first four of the comma-separated fields of
-/// each line. The first 100 characters of a line are scanned for the three commas between them; Z
-/// runs on to the next comma or the line's end, wherever that lies. Lines with X of 1.0 or less and
-/// blank lines are passed over.
+/// The points of an observation file, from the first four comma-separated fields of each line. Only
+/// the first 100 characters of a line are scanned for the three commas between them; Z extends to
+/// the next comma or the line's end, wherever that lies. Lines with X of 1.0 or less and blank
+/// lines are skipped.
 ///
-/// RunTimeError(BadContent) for a line without the three commas, RunTimeError(TypeMismatch)
-/// or (Overflow) for a field that is no number, each naming file, line and item.
+/// RunTimeError(BadContent) for a line without the three commas, RunTimeError(TypeMismatch) or
+/// (Overflow) for a field that is not a number, each naming file, line and item.
 std::vector<ObservationPoint> Read_Observation_Points(const FilePath& file);
 
 }  // namespace sylvomex

@@ -9,8 +9,8 @@
 namespace sylvomex {
 namespace {
 
-// The text that opens a row: a number, a name, or nothing before the comma. Empty lines between the
-// rows are passed over.
+// Skips the identifier that starts a row: a number, a name, or nothing before the comma. Empty
+// lines between rows are skipped too.
 void Pass_Over_Identifier(ListReader& file) {
   file.Skip_Empty_Lines();
   file.Read_Text();

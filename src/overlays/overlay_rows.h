@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// One row each of the text files that overlays are drawn from, read as lists. Every reader takes
-// the next row; RunTimeErrors of the list reader, RunTimeError(InputPastEnd) for a row that is
-// cut short.
+// The rows of the text files that overlays are drawn from, read as lists. Every reader takes
+// the next row and throws the RunTimeErrors of the list reader, RunTimeError(InputPastEnd) for a
+// truncated row.
 #pragma once
 
 #include <cstdint>
@@ -12,27 +12,27 @@
 
 namespace sylvomex {
 
-/// Identifier (not kept), X1, Y1, X2, Y2; metres.
+/// Identifier (ignored), X1, Y1, X2, Y2; metres.
 struct GroundSegment {
   double X1 = 0, Y1 = 0;
   double X2 = 0, Y2 = 0;
 };
 GroundSegment Read_Ground_Segment(ListReader& file);
 
-/// X, Y, two items without a use here, height, tree number, flag.
+/// X, Y, two items not used here, height, tree number, flag.
 struct MeasuredTree {
   double X = 0, Y = 0;  // metres
   double height = 0;    // above ground, metres
   std::string number;
-  std::int32_t flag = 0;  // 1: to be drawn
+  std::int32_t flag = 0;  // 1: draw it
 };
 MeasuredTree Read_Measured_Tree(ListReader& file);
 
-/// Identifier (not kept), X, Y, mark size, four numbers without a use here. A size whose width
-/// leaves 16 bits is a RunTimeError(Overflow) that names file, line and item.
+/// Identifier (ignored), X, Y, mark size, four numbers not used here. A size whose width exceeds 16
+/// bits is a RunTimeError(Overflow) naming file, line and item.
 struct CrownPoint {
   double X = 0, Y = 0;  // metres
-  int width = 1;        // of the mark, pixels: its size plus one, 1 at least
+  int width = 1;        // of the mark, pixels: its size plus one, at least 1
 };
 CrownPoint Read_Crown_Point(ListReader& file);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Plan positions of the lines that plots are drawn with. X east, Y north, metres.
+// Plan positions of the lines that make up plots and grids. X east, Y north, metres.
 #pragma once
 
 #include <vector>
@@ -17,8 +17,8 @@ using PlanLine = std::vector<PlanPosition>;
 /// corner lies at whole hundreds of metres.
 std::vector<PlanLine> Hundred_Metre_Grid(double X, double Y);
 
-/// Vertices of a circle of 11.28 m (an area of 400 m2) from the angle -3.14 to 3.14 by steps of
-/// 3.14 / 16, angles from east to north.
+/// Vertices of a circle of radius 11.28 m (area 400 m2) from the angle -3.14 to 3.14 in steps of
+/// 3.14 / 16, angles from east towards north.
 PlanLine Circular_Plot(double X, double Y);
 
 }  // namespace sylvomex

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The plot text file of the field crews: seven header values, then one row of eight items a
-// tree, as a list. Local x, y, z of a plot in metres; the plot is turned counter-clockwise by
-// its angle and shifted into the map.
+// The plot text file of the field crews, read as a list: seven header values, then one row of eight
+// items per tree. Local x, y, z of a plot in metres; to map coordinates the plot is rotated
+// counter-clockwise by its angle and shifted.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,7 @@ struct PlotHeader {
   double PlotX0 = 0;     // map position of the local origin, metres
   double PlotY0 = 0;
   double PlotZ0 = 0;
-  double PlotDX = 0;  // extra shifts
+  double PlotDX = 0;  // additional shifts
   double PlotDY = 0;
   double PlotDZ = 0;
 };
@@ -41,23 +41,23 @@ struct TreePlace {
   double TopZ = 0;
 };
 
-/// Degrees to radians by the factor of the field data, 0.0174532925199433.
+/// Degrees to radians with the constant used for field data, 0.0174532925199433.
 double Plot_Radians(double degrees);
 
 TreePlace Place_Tree(const PlotHeader& plot, const PlotTree& tree);
 
 class PlotTextReader {
  public:
-  /// Reads the header. RunTimeErrors of the list reader, here and below; a row that is cut
-  /// short is a RunTimeError(InputPastEnd).
+  /// Reads the header. RunTimeErrors of the list reader, also in Next_Tree; a truncated row is a
+  /// RunTimeError(InputPastEnd).
   explicit PlotTextReader(ListReader list);
 
   [[nodiscard]] const PlotHeader& Header() const { return header_; }
 
-  /// The next tree, nothing at the end of the file.
+  /// The next tree, std::nullopt at the end of the file.
   std::optional<PlotTree> Next_Tree();
 
-  /// "<file>, line <n>, item <m>" of the diameter and the height read last.
+  /// "<file>, line <n>, item <m>" of the last diameter and height read.
   [[nodiscard]] const std::string& Dbh_Place() const { return dbh_place_; }
   [[nodiscard]] const std::string& Height_Place() const { return height_place_; }
 

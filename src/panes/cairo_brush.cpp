@@ -12,7 +12,7 @@ namespace sylvomex {
 namespace {
 
 constexpr double kPixelsOfAPoint = 96.0 / 72.0;
-constexpr const char* kPlainFont = "Liberation Sans";  // stands for "MS Sans Serif"
+constexpr const char* kPlainFont = "Liberation Sans";  // substitute for "MS Sans Serif"
 
 int Pixel_Size(const Font& font) {
   return Nearest_Pixel(std::clamp(font.size * kPixelsOfAPoint, 1.0, 1000.0));
@@ -22,7 +22,7 @@ void Set_Colour(cairo_t* context, Colour colour) {
   cairo_set_source_rgb(context, colour.r / 255.0, colour.g / 255.0, colour.b / 255.0);
 }
 
-/// Letters in grey levels: the colour fringes that a flat screen may ask for do not belong into a
+/// Grey-level antialiasing: the subpixel colour fringes made for LCD screens do not belong in a
 /// picture.
 void Set_Letter_Edges(cairo_t* context) {
   cairo_font_options_t* const options = cairo_font_options_create();
@@ -61,7 +61,7 @@ void CairoBrush::Choose(const Font& font) {
   has_font_ = true;
 }
 
-// Pen positions are pixel centres.
+// Pen positions are pixel centres; cairo's integers are pixel corners.
 PixelRect CairoBrush::Paint_Line(const Mark& mark) {
   const auto line = Clipped_Line(mark, pixels_);
   if (!line) return {};
@@ -93,7 +93,7 @@ PixelRect CairoBrush::Paint_Text(const Mark& mark, const MarkText& printed) {
   cairo_move_to(context, left, baseline);
   cairo_show_text(context, text.c_str());
   Lay_Down();
-  constexpr int kBlur = 2;  // pixels around the ink that hinting and grey levels may touch
+  constexpr int kBlur = 2;  // pixels around the ink that hinting and antialiasing may touch
   const double ink_left = left + ink.x_bearing, ink_top = baseline + ink.y_bearing;
   return {static_cast<int>(std::floor(ink_left)) - kBlur,
           static_cast<int>(std::floor(ink_top)) - kBlur,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Thick lines and texts, drawn with cairo into the pixels of a pane.
+// Thick lines and texts, drawn with cairo into a pane's pixels.
 #pragma once
 
 #include <cairo.h>
@@ -10,7 +10,7 @@
 
 namespace sylvomex {
 
-/// Begins with the first mark that it paints. Its pixels may be written directly between two marks.
+/// Set up by the first mark that it paints. The pixels may be written directly between two marks.
 class CairoBrush {
  public:
   explicit CairoBrush(const PixelView& pixels) : pixels_(pixels) {}

@@ -11,8 +11,8 @@ namespace {
 constexpr int kMaxPenWidth = 1000;
 constexpr double kFarOutside = 1e6;  // pixels
 
-/// Shrinks the parameter interval [first, last] of a line to where from + t * step lies in
-/// [low, high]; false when nothing is left.
+/// Clips the parameter interval [first, last] of a line to where from + t * step lies in [low,
+/// high]; false when nothing remains.
 bool Clip_Axis(double from, double step, double low, double high, double& first, double& last) {
   if (step == 0) return from >= low && from <= high;
   double enter = (low - from) / step;
@@ -23,7 +23,8 @@ bool Clip_Axis(double from, double step, double low, double high, double& first,
   return first <= last;
 }
 
-/// Sets the k-th of `steps` pixels of one axis, the nearest to from + k * (to - from) / steps.
+/// Coordinate of step k of `steps` along one axis: nearest integer to from + k * (to - from) /
+/// steps.
 int Position_At(int from, int to, int k, int steps) {
   const int twice = 2 * k * std::abs(to - from) + steps;
   const int way = twice / (2 * steps);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Points and lines of a pane as pixels.
+// Rasterisation of points and lines.
 #pragma once
 
 #include <optional>
@@ -10,23 +10,23 @@ namespace sylvomex {
 
 std::uint32_t Pixel_Of(Colour colour);
 
-/// Nearest pixel, halves to the even one. The position is no more than some 1e9 from 0.
+/// Nearest pixel, ties to even. The position must stay within about 1e9 of 0.
 int Nearest_Pixel(double position);
 
-/// False for NaN and for what lies so far outside that nothing of it can touch a pane.
+/// False for NaN and for positions too far outside for any part of the mark to touch a pane.
 bool Near_The_Pane(double px, double py);
 
 int Pen_Width(const Mark& mark);
 
-/// What of the rectangle lies in the pixels.
+/// Intersection of the rectangle with the pixels.
 PixelRect Inside(const PixelView& pixels, const PixelRect& rect);
 
 struct PixelLine {
-  int x1 = 0, y1 = 0, x2 = 0, y2 = 0;  // both ends belong to the line
+  int x1 = 0, y1 = 0, x2 = 0, y2 = 0;  // both ends included
 };
 
-/// The part of a line that lies in the pixels or a pen's width beside them; nothing when none does
-/// or an end is NaN or infinite (Liang and Barsky 1984).
+/// The part of a line inside the pixels or within a pen's width of them; std::nullopt when there is
+/// none or an end is NaN or infinite (Liang and Barsky 1984).
 std::optional<PixelLine> Clipped_Line(const Mark& mark, const PixelView& pixels);
 
 /// Both return the pixels that may have changed.

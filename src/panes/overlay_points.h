@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Many object points on a pane at once.
+// Plots many object points on the panes at once.
 #pragma once
 
 #include <span>
@@ -16,8 +16,8 @@ struct OverlayPoint {
   Colour colour;
 };
 
-/// Plots the points in their order on the panes of all images, each with its present pen
-/// width, where Overlay_Of_Point would put them, to the bit.
+/// Plots the points in order on the panes of all images, with each pane's current pen width;
+/// positions are bit for bit those of Overlay_Of_Point.
 void Plot_Overlay_Points(Workspace& w, std::span<const OverlayPoint> points);
 
 }  // namespace sylvomex

@@ -15,8 +15,8 @@
 namespace sylvomex {
 namespace {
 
-constexpr double kFarthest = 32000;      // raw pixels that a centre may lie away, 16 bits
-constexpr double kScaleElevation = 160;  // metres, of the scale number printed on the panes
+constexpr double kFarthest = 32000;  // largest distance of a centre in raw pixels, within 16 bits
+constexpr double kScaleElevation = 160;  // metres, of the scale number on the panes
 
 ViewWindow Fit_At_Present_Zoom(Workspace& w, int image, RawCentre centre) {
   PaneView& view = w.PaneViews(image);
@@ -72,7 +72,7 @@ void Center_One_On_Pan_Center(Workspace& w, int image) {
   const RawCentre centre{To_Int16(col - record.SubColOrigin),
                          To_Int16((record.FullHeight - 1 - row) - record.SubRowOrigin)};
   const ViewWindow window = Fit_At_Present_Zoom(w, image, centre);
-  // A grey pane keeps its old bitmap under the new view numbers.
+  // A grey pane keeps its old bitmap although its view has changed.
   if (record.ColorFlag == 1) Render_Scratch_Bitmap(w, image, window);
   Load_Scratch_Bitmap(w, image);
   Picture& picture = w.Form1.Picture1(image);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// One pane brought round a centre at its present zoom. RunTimeError(Overflow) for a centre
-// column or row that leaves 16 bits.
+// Centring one pane at its current zoom. RunTimeError(Overflow) for a centre column or row beyond
+// 16 bits.
 #pragma once
 
 namespace sylvomex {
@@ -13,10 +13,10 @@ struct RawCentre {
   int raw_row = 0;
 };
 
-/// On CenterTarget, which is dotted, under the image's number and scale. Services events.
+/// On CenterTarget, marked with a dot; prints the image's number and scale above. Services events.
 void Center_One_On_Target(Workspace& w, int image);
 
-/// On CenterTarget, which gets a green block. A grey pane keeps its old bitmap.
+/// On the pan centre, marked with a green block. A grey pane keeps its old bitmap.
 void Center_One_On_Pan_Center(Workspace& w, int image);
 
 /// On a position in the raw file. Services events.

@@ -11,10 +11,10 @@ namespace sylvomex {
 namespace {
 
 constexpr int kMostPanes = 9;
-constexpr int kSmallestSide = 4;  // of a window with no room left
+constexpr int kSmallestSide = 4;  // minimum when the window leaves no room
 
-// The size before it is made a multiple of 4. In the last rule the test takes 140 off the
-// height and the result 200: both are required.
+// The side before it is made a multiple of 4. The last rule tests the height less 140 but uses the
+// height less 200: both numbers are required.
 double Side_By_Rule(double width, double height, int images) {
   if (images <= 3) {
     const double across = (width - 80) / images;

@@ -9,8 +9,8 @@ struct Workspace;
 /// no image or more than nine.
 int Pane_Side(double client_width, double client_height, int image_count);
 
-/// Sets PaneWidth and PaneHeight; leaves them alone for no image or more than nine, and when
-/// the side leaves 16 bits: RunTimeError(Overflow).
+/// Sets PaneWidth and PaneHeight; unchanged for no image or more than nine, and for a side beyond
+/// 16 bits: RunTimeError(Overflow).
 void Compute_Pane_Size(Workspace& w);
 
 /// Places and shows the panes of the loaded images with their controls and hides the others.

@@ -19,7 +19,7 @@ struct RawCentre {
   double raw_row = 0;
 };
 
-// Where the observation in the pane's text boxes lies in the raw file.
+// Raw-file position of the observation in the pane's text boxes.
 RawCentre Observed_Centre(const Workspace& w, int image) {
   const auto [col, row] = Image_To_Pixel(w, image, Film_In_Boxes(w, image));
   const ImageRecord& record = w.ImageBlock(image);
@@ -64,7 +64,7 @@ void Set_Zoom(Workspace& w, int image, double zoom_x, double zoom_y) {
 
 void Zoom_All_Images(Workspace& w, double zoom) {
   for (int k = 0; k < w.ImageCount; ++k) {
-    // The box of y decides; the box of x is not looked at.
+    // Only the y box is tested, not the x box.
     if (w.Form1.Text1(2 * k + 1).Text.empty()) {
       w.screen->Message_Box("Image " + Plain_Text(std::int32_t{k}) +
                             " has no camera coordinates, skipping it");

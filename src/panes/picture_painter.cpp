@@ -32,8 +32,8 @@ std::uint32_t* Paint_Row(std::uint32_t* to, const std::uint8_t* bgr, int count) 
   return to;
 }
 
-/// Points and thin lines are written straight into the pixels; the brush of cairo is taken up when
-/// the first mark comes that needs it.
+/// Points and thin lines are written directly into the pixels; cairo is set up only when a mark
+/// needs it.
 PixelRect Paint_Mark(const PixelView& pixels, CairoBrush& brush, const Picture& picture,
                      const Mark& mark) {
   switch (mark.kind) {

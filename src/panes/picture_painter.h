@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Paints what a picture shows, its bitmap and its marks, into pixels in memory: the windows show
-// them, and picture files are written from them. One pane pixel is one pixel.
+// Paints a picture, its bitmap and its marks, into pixels in memory, for the windows and for
+// picture files. One pane pixel is one pixel.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@
 
 namespace sylvomex {
 
-/// Pixels of the caller, rows from the top, 0xffRRGGBB each.
+/// The caller's pixels, rows from the top, 0xffRRGGBB each.
 struct PixelView {
   std::uint32_t* first = nullptr;
   int width = 0;
@@ -20,7 +20,7 @@ struct PixelView {
   [[nodiscard]] std::uint32_t* Row(int y) const { return first + y * stride; }
 };
 
-/// Pixels from (left, top) up to, but not including, (right, bottom).
+/// Pixels from (left, top) inclusive to (right, bottom) exclusive.
 struct PixelRect {
   int left = 0, top = 0, right = 0, bottom = 0;
 
@@ -28,14 +28,14 @@ struct PixelRect {
   bool operator==(const PixelRect&) const = default;
 };
 
-/// Grey where a pane has no bitmap.
+/// Colour of a pane where it has no bitmap.
 inline constexpr Colour kPaneBackground{240, 240, 240};
 
-/// The bitmap at the top left corner, grey beside it.
+/// The bitmap at the top left corner, background colour around it.
 void Paint_Bitmap(const PixelView& pixels, const PaneBitmap* bitmap);
 
-/// Draws the marks from `first` on, in their order. A position takes effect at the nearest pixel,
-/// halves at the even one. A point of width W is a square of W by W pixels, W / 2 of them above
+/// Draws the marks from index `first` on, in order. A position is drawn at the nearest pixel,
+/// ties to even. A point of width W is a square of W by W pixels, W / 2 of them above
 /// and left of its pixel; a line has round ends; a text hangs below its position. NaN and infinite
 /// positions draw nothing. Returns the pixels that may have changed.
 PixelRect Paint_Marks(const PixelView& pixels, const Picture& picture, std::size_t first);

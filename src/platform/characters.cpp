@@ -12,8 +12,8 @@ struct Bytes {
   unsigned char last = 0;
 };
 
-/// What may follow a lead byte: the range of the byte behind it (narrower than that of the
-/// others where longer forms, surrogates or code points past 10FFFF begin) and how many there are.
+/// The valid range of the second byte after a lead byte (narrower than 80..BF where overlong forms,
+/// surrogates or code points above U+10FFFF would begin) and the number of continuation bytes.
 struct Sequence {
   Bytes lead;
   Bytes second;
@@ -40,7 +40,7 @@ bool Begins_With(std::string_view text, const Sequence& sequence) {
                              [](char c) { return Lies_In(c, kFurther); });
 }
 
-/// Bytes of the character that a text, not empty, begins with.
+/// Length in bytes of the first character of a non-empty text.
 std::size_t First_Character(std::string_view text) {
   const auto sequence =
       std::ranges::find_if(kSequences, [text](const Sequence& s) { return Begins_With(text, s); });

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Floating-point steps whose faults end a command. What a formula guards itself does not come
-// here.
+// Floating-point operations whose overflow or division by zero ends a command. Formulas that guard
+// themselves do not use these.
 #pragma once
 
 #include <cmath>

@@ -5,7 +5,7 @@
 
 namespace sylvomex {
 
-/// Red, green and blue of what is drawn.
+/// Drawing colour: red, green and blue.
 struct Colour {
   std::uint8_t r = 0, g = 0, b = 0;
   bool operator==(const Colour&) const = default;

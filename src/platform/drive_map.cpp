@@ -25,7 +25,7 @@ bool Is_Letter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z')
 
 bool Is_Separator(char c) { return c == '\\' || c == '/'; }
 
-/// Calls visit with the name of each entry of a folder; a folder that cannot be read has none.
+/// Calls visit with the name of each entry of a folder; an unreadable folder counts as empty.
 template <class Visitor>
 void For_Each_Name(const fs::path& folder, Visitor&& visit) {
   std::error_code failure;
@@ -35,8 +35,8 @@ void For_Each_Name(const fs::path& folder, Visitor&& visit) {
   }
 }
 
-/// The entry of the folder with that name: as spelled, else the first in sorted order that
-/// differs in case only, else as spelled.
+/// The entry of the folder with that name: an exact match, else the first case-insensitive match in
+/// sorted order, else the name itself.
 fs::path Find_Entry(const fs::path& folder, const std::string& name) {
   fs::path exact = folder / name;
   std::error_code failure;
@@ -49,8 +49,8 @@ fs::path Find_Entry(const fs::path& folder, const std::string& name) {
   return found.empty() ? exact : folder / found;
 }
 
-/// The components of a path without its drive. "." counts for nothing, ".." takes the
-/// component before it away, if there is one.
+/// The components of a path without its drive. "." is dropped and ".." removes the component before
+/// it, if there is one.
 std::vector<std::string> Components(std::string_view path) {
   std::vector<std::string> components;
   while (!path.empty()) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// File names of the system carry drive letters ("c:\data\pic0.bmp"). The drive map finds
-// where they lie on this machine.
+// The system's file names carry drive letters ("c:\data\pic0.bmp"). The drive map resolves them to
+// paths on this machine.
 #pragma once
 
 #include <filesystem>
@@ -10,7 +10,7 @@
 
 namespace sylvomex {
 
-/// A file as the operator names it and where it lies.
+/// A file under the operator's name for it, and its path on this machine.
 struct FilePath {
   std::string name;
   std::filesystem::path native;
@@ -18,14 +18,14 @@ struct FilePath {
 
 class DriveMap {
  public:
-  /// root: the folder that holds the drives as sub-folders c, d, e, f.
+  /// root: the folder whose sub-folders c, d, e, f hold the drives.
   explicit DriveMap(std::filesystem::path root);
 
-  /// "c:\Data\pic0.bmp" lies at root/c/data/pic0.bmp, found without regard to case,
-  /// component by component; components that do not exist are taken as spelled. Blanks
-  /// around the name do not count, '/' serves as '\'. A name that starts with '/' is
-  /// native and taken as it stands. ".." never climbs out of a drive. A name without a drive
-  /// letter lies on drive c; the empty name gives an empty FilePath.
+  /// "c:\Data\pic0.bmp" resolves to root/c/data/pic0.bmp, component by component and without
+  /// regard to case; components that do not exist keep their spelling. Blanks around the name
+  /// are ignored and '/' works as '\'. A name that starts with '/' is a native path and is
+  /// used unchanged. ".." cannot leave a drive. A name without a drive letter lies on
+  /// drive c; the empty name gives an empty FilePath.
   [[nodiscard]] FilePath Locate(std::string_view name) const;
 
   /// The name under which a native path is known here: "c:\data\a.hdr" when it lies on one of the

@@ -72,7 +72,7 @@ FileDescriptor::FileDescriptor(const FilePath& file, int flags) : file_(file) {
   number_ = Open(file, flags);
   if (number_ < 0) {
     const int error = errno;
-    // A new file can only fail to be found for want of its folder.
+    // When O_CREAT fails with "not found", the missing thing is the folder.
     if ((flags & O_CREAT) != 0 && !file.native.empty() && Kind_Of(error) == Failure::FileNotFound) {
       throw RunTimeError(Failure::PathNotFound, file.name, file.native);
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the file functions share: opening, and failures in the words of the operator.
+// Shared by the file functions: opening a file, and error messages in the operator's terms.
 #pragma once
 
 #include <sys/stat.h>
@@ -8,16 +8,16 @@
 
 namespace sylvomex {
 
-/// Raises the RunTimeError for an error number of the operating system, naming the file.
+/// Throws the RunTimeError for an error number of the operating system, naming the file.
 [[noreturn]] void Throw_File_Error(const FilePath& file, int error);
 
-/// The same for a file that is wrong in itself: RunTimeError(FileFailure) "<file>, <cause>".
+/// The same for a file with unusable contents: RunTimeError(FileFailure) "<file>, <cause>".
 [[noreturn]] void Throw_File_Failure(const FilePath& file, const std::string& cause);
 
 /// An open file, closed at the end of the scope.
 class FileDescriptor {
  public:
-  /// flags: of open(2). RunTimeError when the file cannot be opened or is a folder.
+  /// flags: those of open(2). RunTimeError when the file cannot be opened or is a folder.
   FileDescriptor(const FilePath& file, int flags);
   ~FileDescriptor();
   FileDescriptor(const FileDescriptor&) = delete;
@@ -30,7 +30,7 @@ class FileDescriptor {
   /// Hands the open file over to the caller, who closes it.
   [[nodiscard]] int Release();
 
-  /// Closes the file now; RunTimeError when data that was written did not reach it.
+  /// Closes the file now; RunTimeError when written data could not be stored.
   void Close();
 
  private:

@@ -15,8 +15,7 @@ namespace sylvomex {
 
 namespace {
 
-/// Writes as much as the file takes; returns the bytes written and leaves errno where that
-/// is not all.
+/// Writes as many bytes as possible and returns their number; errno is set when some are missing.
 std::size_t Write_At_Start(int descriptor, std::span<const std::uint8_t> content) {
   std::size_t done = 0;
   while (done < content.size()) {
@@ -28,7 +27,7 @@ std::size_t Write_At_Start(int descriptor, std::span<const std::uint8_t> content
   return done;
 }
 
-/// One write of everything and a flush; returns 0 or an error number.
+/// Appends with one write and a flush; returns 0 or an error number.
 int Append_And_Flush(int descriptor, std::string_view text) {
   ssize_t count = 0;
   do {
@@ -43,11 +42,11 @@ int Append_And_Flush(int descriptor, std::string_view text) {
 
 std::string Read_To_The_End(const FileDescriptor& open_file, const FilePath& file) {
   constexpr std::size_t kStep = 65536;
-  constexpr std::size_t kLongestStream = std::size_t{1} << 28;  // of devices without an end
+  constexpr std::size_t kLongestStream = std::size_t{1} << 28;  // for devices that never end
   std::string content;
   std::size_t length = 0;
   const auto expected = static_cast<std::size_t>(open_file.Status().st_size);
-  // One byte more than expected, so that the end shows itself at once.
+  // One byte more than expected, so that the end of the file is found by the same read.
   content.resize(open_file.Is_Regular() && expected > 0 ? expected + 1 : kStep);
   for (;;) {
     const ssize_t count =
@@ -81,8 +80,8 @@ void Write_Whole_File(const FilePath& file, std::string_view content) {
 }
 
 void Write_Whole_File(const FilePath& file, std::span<const std::uint8_t> content) {
-  // Old blocks are overwritten in place and only a tail is cut: the scratch bitmaps are
-  // written many times a second.
+  // Existing blocks are overwritten in place and only the excess is truncated: the scratch bitmaps
+  // are written many times a second.
   FileDescriptor open_file(file, O_WRONLY | O_CREAT);
   if (Write_At_Start(open_file.Number(), content) != content.size()) {
     Throw_File_Error(file, errno);

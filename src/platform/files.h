@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Files as the commands use them: read whole, written whole, appended line by line so that
-// nothing measured is lost, read at positions, or mapped.
+// File access for the commands: read whole, write whole, append line by line so that no measurement
+// is lost, read at offsets, or map into memory.
 //
 // Every failure is a RunTimeError whose text starts with the kind ("File not found: ") and
 // names the file as the operator knows it.
@@ -18,22 +18,22 @@ namespace sylvomex {
 
 std::string Read_Whole_File(const FilePath& file);
 
-/// Writes the file anew. The content is complete and closed when the call returns.
+/// Replaces the file's contents. They are complete and the file is closed on return.
 void Write_Whole_File(const FilePath& file, std::string_view content);
 void Write_Whole_File(const FilePath& file, std::span<const std::uint8_t> content);
 
-/// Appends text (whole lines) with one write and flushes it to the disk before returning.
-/// When the disk takes only a part, the file is cut back to its old length.
+/// Appends text (whole lines) with one write and flushes it to disk before returning. After a
+/// partial write the file is truncated to its old length.
 void Append_To_File(const FilePath& file, std::string_view text);
 
 /// Overwrites bytes at the start of an existing file, leaving the rest as it is.
 void Overwrite_Start(const FilePath& file, std::span<const std::uint8_t> content);
 
-/// Removes a file; a file that does not exist is no failure.
+/// Removes a file; a missing file is not an error.
 void Delete_File(const FilePath& file);
 
-/// Removes every file that the pattern matches ("c:\data\ImaFiles\*.txt"), without regard to
-/// case. A pattern that matches none, or a folder that does not exist, is no failure.
+/// Removes every file that matches the pattern ("c:\data\ImaFiles\*.txt"), ignoring case. No match,
+/// or a missing folder, is not an error.
 void Delete_Matching(const DriveMap& drives, std::string_view pattern);
 
 bool File_Exists(const FilePath& file);
@@ -50,8 +50,9 @@ class PositionalFile {
 
   [[nodiscard]] std::uint64_t Size() const { return size_; }
 
-  /// Fills the buffer from the offset; returns the bytes that the file had, fewer than
-  /// asked for only at its end. A negative offset is a RunTimeError(FileFailure).
+  /// Reads into the buffer from the offset and returns the number of bytes read, which is less than
+  /// the buffer's size only at the end of the file. A negative offset is a
+  /// RunTimeError(FileFailure).
   std::size_t Read_At(std::int64_t offset, std::span<std::uint8_t> buffer) const;
 
  private:
@@ -60,7 +61,7 @@ class PositionalFile {
   FilePath file_;
 };
 
-/// A file mapped read-only in full.
+/// A whole file mapped read-only.
 class MappedFile {
  public:
   explicit MappedFile(const FilePath& file);
@@ -71,9 +72,9 @@ class MappedFile {
   [[nodiscard]] std::span<const std::uint8_t> Bytes() const { return {data_, size_}; }
   [[nodiscard]] const FilePath& File() const { return file_; }
 
-  /// True while the file at the path is still the one that was mapped, unchanged in length
-  /// and modification time. Callers ask before each use, so that a file which was replaced
-  /// or cut meanwhile is mapped anew instead of being read past its end.
+  /// True while the file at the path is still the one that was mapped, with the same length and
+  /// modification time. Callers check before each use and map a replaced or shortened file
+  /// again instead of reading past its end.
   [[nodiscard]] bool Is_Current() const;
 
  private:

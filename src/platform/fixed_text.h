@@ -8,7 +8,7 @@
 
 namespace sylvomex {
 
-/// A text field of N characters (not bytes): longer texts are cut, shorter ones padded with
+/// A text field of N characters (not bytes): longer texts are truncated, shorter ones padded with
 /// blanks.
 template <std::size_t N>
 class FixedText {

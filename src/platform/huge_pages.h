@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Memory of large tables on huge pages where the machine grants them: scattered lookups then
-// find their pages at once, and the first touch of many small pages is spared.
+// Large tables on huge pages where the machine offers them: fewer TLB misses in scattered lookups
+// and fewer page faults on first touch.
 #pragma once
 
 #include <algorithm>
@@ -12,10 +12,10 @@ namespace sylvomex {
 
 inline constexpr std::size_t kHugePage = std::size_t{1} << 21;  // bytes
 
-/// Advice only: a system without huge pages goes on with small ones.
+/// A hint only: without huge pages the memory stays on small pages.
 void Prefer_Huge_Pages(void* memory, std::size_t bytes);
 
-/// An allocator. Small arrays get memory as usual.
+/// Allocator that asks for huge pages; small arrays are allocated normally.
 template <class T>
 struct HugePages {
   using value_type = T;
@@ -44,7 +44,7 @@ struct HugePages {
 template <class T>
 using HugePageVector = std::vector<T, HugePages<T>>;
 
-/// A scratch array of some megabytes in whole huge pages. Values are not set.
+/// An uninitialised scratch array of several megabytes, allocated in whole huge pages.
 template <class T>
 class ScratchPages {
  public:

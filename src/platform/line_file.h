@@ -8,8 +8,8 @@
 
 namespace sylvomex {
 
-/// A text file that is written anew, line by line, and held open meanwhile. What was written is
-/// in the file at once, whatever becomes of the program. RunTimeError as of Write_Whole_File.
+/// A text file that is rewritten line by line and stays open meanwhile. Each line reaches the file
+/// at once, even if the program ends abnormally. Throws as Write_Whole_File does.
 class LineFile {
  public:
   explicit LineFile(const FilePath& file);

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Text files read as lists: items separated by commas, blanks (spaces, tabs) or line ends.
 // A separator is one comma or one line end with any blanks around it, or a run of blanks.
-// Texts may stand in double quotes, "" inside is one quote. A quoted text may hold commas
-// and blanks but no line end; one that is not closed ends with its line. Line ends are CR LF,
-// LF or CR. A UTF-8 byte order mark at the start is passed over.
+// Texts may stand in double quotes, "" inside is one quote. A quoted text may contain commas
+// and blanks but no line end; a missing closing quote is implied at the line's end. Line ends
+// are CR LF, LF or CR. A UTF-8 byte order mark at the start is skipped.
 //
-// After the last item of a line that line is still the present one, until the next item or
-// line is read.
+// After the last item of a line has been read, that line stays the current one until the next item
+// or line is read.
 //
 // Lines and items are counted from 1, items from the start of the file.
 #pragma once
@@ -22,14 +22,14 @@ namespace sylvomex {
 
 class ListReader {
  public:
-  /// Reads the file in full; RunTimeError as of Read_Whole_File.
+  /// Reads the whole file; throws as Read_Whole_File does.
   explicit ListReader(const FilePath& file);
 
-  /// content: the text itself; name: what messages call it.
+  /// content: the text itself; name: its name in messages.
   ListReader(std::string content, std::string name);
 
-  /// One line of a file as a list of its own, for files whose rows end with their lines:
-  /// messages name the file and that line, items count from the start of the line.
+  /// One line of a file as a list of its own, for files with one row a line: messages name the file
+  /// and that line, and items are counted from the start of the line.
   ListReader(std::string line, const FilePath& file, int line_number);
 
   /// True when nothing but blanks and line ends remains.
@@ -37,40 +37,40 @@ class ListReader {
 
   /// Numbers. RunTimeError(InputPastEnd) at the end of the file, RunTimeError(TypeMismatch)
   /// for a text or an empty item, RunTimeError(Overflow) out of range, each as
-  /// "<kind>: <file>, line <n>, item <m>: <cause>". Empty lines before a number are passed
-  /// over. Integers may be written as reals; they round half to even.
+  /// "<kind>: <file>, line <n>, item <m>: <cause>". Empty lines before a number are
+  /// skipped. Integers may be written as reals; they round half to even.
   double Read_Double();
   float Read_Float();
   std::int32_t Read_Int32();
   std::int16_t Read_Int16();
   std::uint8_t Read_Byte();
 
-  /// A text item. An item that is empty (",,", a comma that opens a line, "", or an empty line)
-  /// gives the empty text.
-  /// RunTimeError(InputPastEnd) at the end of the file, here and below.
+  /// A text item. An empty item (",,", a comma at the start of a line, "", or an empty line) reads
+  /// as the empty text. RunTimeError(InputPastEnd) at the end of the file; so do the functions
+  /// below.
   std::string Read_Text();
 
-  /// A text that runs to the next comma or the line's end, blanks inside included and
-  /// blanks around cut; quotes as in Read_Text.
+  /// A text up to the next comma or line end, including blanks inside it, with surrounding blanks
+  /// removed; quotes as in Read_Text.
   std::string Read_Text_To_Comma();
 
-  /// The rest of the present line without its line end, counted as one item.
+  /// The rest of the current line without its line end, counted as one item.
   std::string Read_Line();
 
-  /// Passes over the present line's end, if that is all that is left of it, and over empty lines:
-  /// for rows that begin with a text.
+  /// Skips the end of the current line when nothing else is left of it, and empty lines: for rows
+  /// that begin with a text.
   void Skip_Empty_Lines();
 
-  /// Passes over the rest of the present line; at the end of the file it does nothing.
+  /// Skips the rest of the current line; does nothing at the end of the file.
   void Skip_Line();
 
   [[nodiscard]] int Line() const { return line_; }
   [[nodiscard]] int Item() const { return item_; }
 
-  /// "<file>, line <n>, item <m>" of the item read last, for messages of the callers.
+  /// "<file>, line <n>, item <m>" of the last item read, for the callers' messages.
   [[nodiscard]] std::string Where() const;
 
-  /// A failure of the callers at the item read last: "<kind>: <Where()>: <cause>", with the
+  /// An error that a caller found in the last item read: "<kind>: <Where()>: <cause>", with the
   /// file's native path.
   [[nodiscard]] RunTimeError Failure_Here(Failure kind, const std::string& cause) const;
 
@@ -96,7 +96,7 @@ class ListReader {
   int line_ = 1;
   int item_line_ = 1;
   int item_ = 0;
-  bool in_line_ = false;      // something of the present line was read
+  bool in_line_ = false;      // something of the current line was read
   bool after_comma_ = false;  // the last item ended with a comma
 };
 

@@ -63,7 +63,7 @@ std::string With_Plain_Digits(const ScientificDigits& number) {
   return text;
 }
 
-/// places: the digits that may stand before the point, and after it, of a plain number.
+/// places: how many digits a plain number may have before the point, and how many after it.
 std::string Plain_Text_In_Places(double value, int places) {
   if (!std::isfinite(value)) return Name_Of_Non_Finite(value);
   if (value == 0) return "0";
@@ -74,7 +74,7 @@ std::string Plain_Text_In_Places(double value, int places) {
   return text += plain ? With_Plain_Digits(number) : With_Exponent(number);
 }
 
-/// A pattern taken apart: before, digits, after.
+/// A pattern split into the literal text before, the digits, and the literal text after.
 struct PatternParts {
   std::string_view before;
   std::string_view after;
@@ -124,7 +124,7 @@ std::string Fixed_Digits(double magnitude, int decimals) {
   return text;
 }
 
-/// Fits the rounded digits to the pattern: fixed zeros added in front, optional ones dropped.
+/// Fits the rounded digits to the pattern: pads with leading zeros for '0', drops zeros for '#'.
 std::string Lay_Out_Digits(const PatternParts& parts, const std::string& digits) {
   const std::size_t point = digits.find('.');
   std::string whole = digits.substr(0, point);
@@ -155,14 +155,14 @@ bool Is_Unsigned_Number(std::string_view text) {
   return at < text.size() && text.find_first_not_of("0123456789", at) == std::string_view::npos;
 }
 
-/// Of a number out of the range of a double: true when it is too large, false when it is
-/// too near to 0.
+/// For a number outside the range of a double: true when it is too large, false when it is too
+/// small (underflow).
 bool Is_Too_Large(std::string_view number) {
   const std::size_t mark = std::min(number.find_first_of("eE"), number.size());
   const std::string_view mantissa = number.substr(0, mark);
   const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
   const std::size_t leading = mantissa.find_first_not_of("0.");
-  double exponent = 0;  // a double holds exponents of any length well enough
+  double exponent = 0;  // even a huge exponent keeps its sign and magnitude as a double
   for (std::size_t at = mark; at < number.size(); ++at) {
     if (Is_Digit(number[at])) exponent = exponent * 10 + (number[at] - '0');
   }

@@ -3,7 +3,7 @@
 
 namespace sylvomex {
 
-/// A point of object space: X east, Y north, Z up, metres.
+/// A point in object space: X east, Y north, Z up, metres.
 struct Point3D {
   double X = 0, Y = 0, Z = 0;
 };

@@ -13,7 +13,7 @@
 namespace sylvomex {
 namespace {
 
-/// The file that a name leads to: a symbolic link stays and what it points to is replaced.
+/// The file to replace: a symbolic link is followed, so that the link itself stays.
 std::filesystem::path Replaced_Path(const FilePath& file) {
   std::error_code error;
   std::filesystem::path target = std::filesystem::canonical(file.native, error);

@@ -11,24 +11,24 @@ namespace sylvomex {
 
 class FileDescriptor;
 
-/// A file that takes the place of an older one as a whole: it is written beside it under another
-/// name and renamed when it is complete, so that a full disk or a kill leaves the old file.
-/// RunTimeErrors of the file layer, naming the file that is to be replaced.
+/// A file that replaces an older one as a whole: it is written beside it under a temporary name
+/// and renamed when complete, so that a full disk or a killed process leaves the old file intact.
+/// Throws the RunTimeErrors of the file layer, naming the file to be replaced.
 class ReplacingFile {
  public:
-  /// Creates the new file with room for `size` bytes, so that a disk without that room is noticed
-  /// before any computation.
+  /// Creates the new file and reserves `size` bytes, so that a full disk is noticed before any
+  /// computation.
   ReplacingFile(const FilePath& file, std::uint64_t size);
   ~ReplacingFile();
   ReplacingFile(const ReplacingFile&) = delete;
   ReplacingFile& operator=(const ReplacingFile&) = delete;
 
-  /// Writes bytes from an offset on, counted from 0. May be called by several threads at once for
+  /// Writes bytes from an offset, counted from 0. Safe to call from several threads at once for
   /// ranges that do not overlap.
   void Write_At(std::uint64_t offset, std::span<const std::uint8_t> content) const;
 
-  /// Puts the complete file in the place of the old one. Without this call the destructor removes
-  /// what was written.
+  /// Replaces the old file by the complete new one. Without this call the destructor discards the
+  /// new file.
   void Commit();
 
  private:
@@ -37,7 +37,7 @@ class ReplacingFile {
   std::unique_ptr<FileDescriptor> open_file_;
 };
 
-/// Writes a whole file by way of a ReplacingFile.
+/// Writes a whole file through a ReplacingFile.
 void Replace_Whole_File(const FilePath& file, std::span<const std::uint8_t> content);
 
 }  // namespace sylvomex

@@ -6,7 +6,7 @@
 
 namespace sylvomex {
 
-/// Receives one sentence for a message box when an algorithm meets invalid input.
+/// Receives one sentence for a message box when an algorithm finds invalid input.
 using Report = std::function<void(std::string_view)>;
 
 }  // namespace sylvomex

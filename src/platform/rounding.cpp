@@ -27,9 +27,9 @@ Integer To_Integer(double value) {
 }  // namespace
 
 double Round_Half_Even(double value) {
-  // On the magnitude every step is exact, so that the rounding mode has no say.
+  // Every step on the magnitude is exact, so the process rounding mode cannot matter.
   const double magnitude = std::fabs(value);
-  if (!(magnitude < 4503599627370496.0)) return value;  // 2^52: whole from there on
+  if (!(magnitude < 4503599627370496.0)) return value;  // 2^52: larger doubles are integers
   double whole = std::floor(magnitude);
   const double fraction = magnitude - whole;
   const bool odd = std::floor(whole / 2) * 2 != whole;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The one failure type of the system: raised by the platform layer and the bounds-checked
-// tables, caught either by a command that has an answer of its own or by the dispatcher.
+// The system's only exception type: thrown by the platform layer and the bounds-checked tables,
+// caught either by a command with handling of its own or by the dispatcher.
 #pragma once
 
 #include <filesystem>
@@ -33,18 +33,18 @@ std::string_view Failure_Text(Failure kind);
 /// "<Failure_Text>: <about>", or the bare Failure_Text when about is empty.
 class RunTimeError : public std::runtime_error {
  public:
-  /// about: the value, file, line and item concerned, as the operator knows them.
-  /// native: where the file really lies, empty when no file is concerned.
+  /// about: the value, file, line and item concerned, in the operator's terms.
+  /// native: the file's path on this machine, empty when no file is concerned.
   explicit RunTimeError(Failure kind, const std::string& about = {},
                         std::filesystem::path native = {});
 
   [[nodiscard]] Failure Kind() const { return kind_; }
   [[nodiscard]] const std::filesystem::path& Native_Path() const { return native_; }
 
-  /// What the message tells behind the kind; lives as long as the failure.
+  /// The message after the kind; valid as long as the exception object.
   [[nodiscard]] std::string_view About() const;
 
-  /// The same failure with the place where it happened in front of what it was about.
+  /// The same error with the place where it happened prefixed to its description.
   [[nodiscard]] RunTimeError At(const std::string& place, std::filesystem::path native = {}) const;
 
  private:

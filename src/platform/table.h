@@ -8,11 +8,11 @@
 
 namespace sylvomex {
 
-/// Raises RunTimeError(SubscriptOutOfRange) naming the index and the bounds.
+/// Throws RunTimeError(SubscriptOutOfRange) naming the index and the bounds.
 [[noreturn]] void Throw_Subscript(long long index, long long first, long long last);
 
-/// A table of fixed size whose entries are counted from First to Last, both included.
-/// Every access is checked: an index outside raises RunTimeError(SubscriptOutOfRange).
+/// A table of fixed size with entries First to Last, both included. Every access is
+/// checked: an index outside throws RunTimeError(SubscriptOutOfRange).
 template <class T, int First, int Last>
 class Table {
  public:

@@ -17,7 +17,7 @@ void* Map(std::size_t bytes) {
   return pages;
 }
 
-/// The pages from the first boundary of a huge page on; what stands before and after goes back.
+/// Maps pages that start at a huge-page boundary; the surplus before and after is unmapped.
 void* Map_At_Boundary(std::size_t bytes) {
   if (bytes > SIZE_MAX - kHugePage) throw std::bad_alloc();
   auto* const start = static_cast<std::byte*>(Map(bytes + kHugePage));

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Large arrays of numbers: zeros at first, and an entry costs memory only once it has been
-// written, so that a header which promises more than its file holds does no harm. They lie on
-// huge pages where the machine grants them, which spares scattered lookups most of their address
-// translations.
+// Large arrays of numbers, initially zero. An entry uses memory only once it has been written, so
+// that a header which promises more than its file holds does no harm. The arrays lie on huge pages
+// where the machine offers them, which avoids most address translations in scattered lookups.
 #pragma once
 
 #include <cstddef>
@@ -14,7 +13,7 @@
 
 namespace sylvomex {
 
-/// Pages of zeros from the system; std::bad_alloc when it cannot promise the room.
+/// Anonymous zero pages from the system; std::bad_alloc when the system cannot reserve them.
 void* Map_Zeroed_Pages(std::size_t bytes);
 void Unmap_Pages(void* pages, std::size_t bytes);
 
@@ -25,7 +24,7 @@ class ZeroedArray {
  public:
   ZeroedArray() = default;
 
-  /// count entries of 0; std::bad_alloc when the machine cannot promise the room.
+  /// count zero entries; std::bad_alloc when the memory cannot be reserved.
   explicit ZeroedArray(std::size_t count) {
     if (count > std::numeric_limits<std::size_t>::max() / sizeof(T)) throw std::bad_alloc();
     if (count == 0) return;

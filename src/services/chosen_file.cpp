@@ -15,7 +15,7 @@ bool Begins_With_Drive(std::string_view text) {
          text[1] == ':' && (text[2] == '\\' || text[2] == '/');
 }
 
-// What was typed, without the folder that a dialog put in front of a drive name.
+// The name as typed, without the folder that a dialog prefixed to a drive name.
 std::string_view Typed_Name(std::string_view answer) {
   for (std::size_t at = 0; at + 1 < answer.size(); ++at) {
     if (answer[at] == '/' && Begins_With_Drive(answer.substr(at + 1))) return answer.substr(at + 1);
@@ -28,7 +28,7 @@ bool Has_Ending(std::string_view name) {
   return name.find('.', start == std::string_view::npos ? 0 : start) != std::string_view::npos;
 }
 
-// ".hdr" of "HDR files (*.hdr)|*.hdr"; nothing for "*.*" and for several endings.
+// ".hdr" of "HDR files (*.hdr)|*.hdr"; empty for "*.*" and for several extensions.
 std::string_view Ending_Of(std::string_view filter, int index) {
   for (int part = 1; part < 2 * index; ++part) {
     const std::size_t bar = filter.find('|');

@@ -5,22 +5,22 @@
 
 namespace sylvomex {
 
-/// The hourglass pointer for the life of the guard, however that ends. Nothing is serviced:
-/// the operator sees the pointer at the next servicing.
+/// Hourglass pointer while the guard lives. It services no events: the operator sees the pointer at
+/// the next servicing.
 ///
-/// The guard leaves the normal pointer behind and not the one that it found: commands that run
-/// inside each other each end without an hourglass.
+/// The destructor restores the normal pointer, not the previous one: nested commands each end
+/// without an hourglass.
 class HourglassGuard {
  public:
   explicit HourglassGuard(Workspace& w) : HourglassGuard(w.Form1.MousePointer) {}
 
-  /// Over one pane; afterwards it shows the given pointer.
+  /// Over one pane only; afterwards the pane shows the given pointer.
   explicit HourglassGuard(Picture& pane, PointerShape afterwards = PointerShape::Normal)
       : HourglassGuard(pane.MousePointer, afterwards) {}
 
   ~HourglassGuard() { pointer_ = afterwards_; }
 
-  /// Shows it again after a servicing, in which another command may have ended it.
+  /// Shows it again after servicing events, during which another command may have ended it.
   void Show() { pointer_ = PointerShape::Hourglass; }
 
   HourglassGuard(const HourglassGuard&) = delete;

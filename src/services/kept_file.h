@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Files whose content a command makes up as it goes: what there is so far is written when the
-// command ends, however it ends.
+// Files composed by a command while it runs: what exists so far is written when the command ends,
+// even by an error.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@
 
 namespace sylvomex {
 
-/// Runs steps() and then write(), also when a failure ends the steps, which then goes on.
+/// Runs steps() and then write(), also when steps() throws; the exception then propagates.
 template <class Steps, class Write>
 void Write_However_It_Ends(Steps&& steps, Write&& write) {
   try {
@@ -21,7 +21,7 @@ void Write_However_It_Ends(Steps&& steps, Write&& write) {
   write();
 }
 
-/// A text file, empty until steps(text) has ended.
+/// A text file, empty until steps(text) has returned.
 template <class Steps>
 void With_Text_File(const FilePath& file, Steps&& steps) {
   Write_Whole_File(file, "");
@@ -29,8 +29,8 @@ void With_Text_File(const FilePath& file, Steps&& steps) {
   Write_However_It_Ends([&] { steps(text); }, [&] { Write_Whole_File(file, text); });
 }
 
-/// Lines that go to the end of a file with one write when steps(text) has ended. No text leaves
-/// the file alone.
+/// Lines appended to a file with one write after steps(text) has returned. The file is not touched
+/// when there is no text.
 template <class Steps>
 void With_Appended_Lines(const FilePath& file, Steps&& steps) {
   std::string text;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a long command tells the operator while it runs, and what it hears from him.
+// Progress of a long command: reports to the operator and the operator's request to stop.
 #pragma once
 
 #include <limits>
@@ -10,14 +10,14 @@
 
 namespace sylvomex {
 
-/// One for each run of a long command. Every Report and every Service lets waiting events run,
-/// so the image set and every table of the block may be another one afterwards.
+/// One for each run of a long command. Every Report and every Service runs waiting events, so the
+/// image set and every table of the block may have changed afterwards.
 class Progress {
  public:
   /// Reports to the status line.
   explicit Progress(Workspace& w) : Progress(w, w.Form1.Label10) {}
 
-  /// Reports to a label of its own.
+  /// Reports to another label.
   Progress(Workspace& w, Label& line) : w_(w), line_(line), begun_(w.screen->Clock()) {}
 
   /// Services events.
@@ -29,8 +29,8 @@ class Progress {
     Service();
   }
 
-  /// Services events at every call, but makes and shows the text, text(), at most every half
-  /// second; the first call shows it.
+  /// Services events at every call, but composes text() and shows it at most every half second,
+  /// starting with the first call.
   template <class Text>
   void Report_Seldom(Text&& text) {
     const double now = w_.screen->Clock();
@@ -44,7 +44,7 @@ class Progress {
   /// Whether Check4 ("Esc") is ticked.
   [[nodiscard]] bool Stop_Asked() const { return w_.Form1.Check4.Value != 0; }
 
-  /// Since the command began.
+  /// Seconds since the command began.
   [[nodiscard]] double Seconds() const { return w_.screen->Clock() - begun_; }
 
  private:

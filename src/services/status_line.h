@@ -8,7 +8,7 @@
 
 namespace sylvomex {
 
-/// The text of the status line, Label10 of the main window. Nothing is serviced.
+/// Sets the text of the status line, Label10 of the main window. Services no events.
 inline void Show_Status(Workspace& w, std::string text) {
   w.Form1.Label10.Caption = std::move(text);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The block by name: what the steps `print` and `expect` can ask for.
+// The block's values by name, for the steps `print` and `expect`.
 #pragma once
 
 #include <optional>
@@ -11,14 +11,18 @@
 
 namespace sylvomex {
 
+<<<<<<< HEAD
 struct Workspace;
 
 /// The value of a name on one line. Raises UnknownName for a name that does not exist and
+=======
+/// The value of a name as one line of text. Throws UnknownName for a name that does not exist and
+>>>>>>> main
 /// RunTimeError(SubscriptOutOfRange) for an index outside its table.
 std::string Block_Value(Workspace& w, std::string_view name);
 
-// The topics in the order in which Block_Value asks them; nothing where the name is not
-// theirs.
+// Block_Value tries these look-ups in this order; each returns std::nullopt for a name that is not
+// its own.
 
 /// Controls and windows: "Label10", "Text1(3)", "Form3.Text2", "Label10.ForeColor",
 /// "Form3.Visible".

@@ -68,7 +68,7 @@ bool Take_Size(CommandLine& line, std::string_view text, std::ostream& err) {
 
 namespace {
 
-/// False for an option that does not fit.
+/// False for an invalid option.
 bool Take_Option(CommandLine& line, int option, std::ostream& err) {
   switch (option) {
     case 'r':
@@ -110,7 +110,7 @@ std::optional<CommandLine> Parse_Command_Line(int argc, char** argv, std::ostrea
                                                    {nullptr, 0, nullptr, 0}}};
   CommandLine line;
   line.options.root = Default_Root();
-  optind = 0;  // the scan starts anew
+  optind = 0;  // restarts the scan
   opterr = 0;
   for (;;) {
     const int option = getopt_long(argc, argv, "", kOptions.data(), nullptr);

@@ -64,7 +64,7 @@ OperatorEvent Window_Event(Kind kind, Words words) {
   return event;
 }
 
-/// On a control, or on a window itself.
+/// The target is a control or the window itself.
 OperatorEvent Pointer_Event(Kind kind, Words words) {
   const std::string& target = words[1].text;
   OperatorEvent event = Is_Form_Name(target) ? Window_Event(kind, words) : Event_On(kind, target);
@@ -148,7 +148,7 @@ std::string Position_Text(const OperatorEvent& event) {
   return " " + Plain_Real(event.x) + " " + Plain_Real(event.y);
 }
 
-/// Enter in a box of a secondary window does what `press` does, wherever the focus is.
+/// In a secondary window, Enter in a box does what `press` does, wherever the focus is.
 bool Presses_Control(const OperatorEvent& event) {
   return event.kind == Kind::Key && event.form != "Form1" && !event.control.empty() &&
          event.key_code == Key_Code("Enter") && event.shift == 0;

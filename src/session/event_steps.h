@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Operator events as steps of a script, in both directions.
+// Conversion between operator events and script steps, in both directions.
 #pragma once
 
 #include <span>
@@ -11,11 +11,11 @@
 namespace sylvomex {
 
 /// The event of a step whose name and number of words have been checked: menu, command, set,
-/// press, click, doubleclick, move, key, resize or close. Raises StepEnd for an argument that
-/// does not fit.
+/// press, click, doubleclick, move, key, resize or close. Throws StepEnd for an invalid
+/// argument.
 OperatorEvent Event_Of_Step(std::span<const ScriptWord> words);
 
-/// The step that makes the event again.
+/// The step that reproduces the event.
 std::string Step_Text(const OperatorEvent& event);
 
 }  // namespace sylvomex

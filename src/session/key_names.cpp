@@ -20,7 +20,7 @@ constexpr std::array kNamedKeys{
     NamedKey{"Down", 40},     NamedKey{"Delete", 46},
 };
 
-/// Keys that are counted: a name such as "F" or "num" with a number behind it.
+/// Numbered keys: a name such as "F" or "num" followed by a number.
 struct CountedKeys {
   std::string_view prefix;
   int first;  // number of the first key

@@ -9,7 +9,7 @@
 
 namespace sylvomex {
 
-/// The key code of a name; nothing for a name that is no key's.
+/// The key code of a name; std::nullopt for an unknown name.
 std::optional<int> Key_Code(std::string_view name);
 
 /// The name of a key code.

@@ -14,7 +14,7 @@ namespace sylvomex {
 
 namespace {
 
-constexpr int kBorders = 4;          // pixels, both sides of a pane together
+constexpr int kBorders = 4;  // pixels; left and right (or top and bottom) border of a pane together
 constexpr int kLargestSide = 16384;  // pixels
 
 struct SurfaceDeleter {
@@ -37,7 +37,7 @@ Size Inner_Size(const Picture& picture) {
 
 void Paint_Picture(cairo_surface_t* surface, Size size, const Picture& picture) {
   auto* const first = reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(surface));
-  if (first == nullptr) return;  // the surface tells when it is written
+  if (first == nullptr) return;  // cairo reports the error when the surface is written
   const std::ptrdiff_t bytes_a_row = cairo_image_surface_get_stride(surface);
   const PixelView pixels{first, size.width, size.height,
                          bytes_a_row / std::ptrdiff_t{sizeof(std::uint32_t)}};

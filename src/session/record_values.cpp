@@ -12,7 +12,7 @@ namespace {
 
 using Found = std::optional<std::string>;
 
-/// Looks for a field among those that visit_fields(visitor) names.
+/// Finds a field by name among those that visit_fields(visitor) visits.
 template <class VisitFields>
 Found Field_Text(const std::string& wanted, VisitFields&& visit_fields) {
   Found found;

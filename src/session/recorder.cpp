@@ -64,7 +64,8 @@ void Recorder::Finish() {
   Write_Held_Move();
 }
 
-/// Pointer moves over one control, one inside the other or not, leave what the last one does.
+/// True when the events are only pointer moves over one control, nested or not: then only the last
+/// one has a lasting effect.
 bool Recorder::Is_Plain_Move() const {
   return answers_.empty() && std::ranges::all_of(events_, [&](const RecordedEvent& recorded) {
            return recorded.event.kind == Kind::Move && !recorded.may_fail &&
@@ -94,7 +95,7 @@ void Recorder::Write_Events() {
   const std::vector<std::string> answers = std::exchange(answers_, {});
   for (const std::string& answer : answers) script_ << answer << '\n';
   for (std::size_t i = 1; i < events.size(); ++i) {
-    // What began before the first servicing came while a dialog was open.
+    // Events that began before the first servicing arrived while a dialog was open.
     const RecordedEvent& inner = events[i];
     if (inner.servicing > 0) script_ << "during " << inner.servicing << ' ';
     script_ << (inner.may_fail ? "try " : "") << Step_Text(inner.event) << '\n';

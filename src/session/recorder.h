@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Writes down what an operator does as a script that plays back to the same result.
+// Records the operator's input as a script that plays back to the same result.
 #pragma once
 
 #include <optional>
@@ -16,34 +16,33 @@ enum class DialogKind { Input, File, Message };
 
 class Recorder {
  public:
-  /// script receives whole lines, flushed after every event, and outlives the recorder. The
+  /// script receives whole lines, flushed after every event, and must outlive the recorder. The
   /// first line sets the main window's client size, width by height pixels.
   Recorder(std::ostream& script, double width, double height);
   ~Recorder() { Finish(); }
   Recorder(const Recorder&) = delete;
   Recorder& operator=(const Recorder&) = delete;
 
-  /// The handler of an event begins; it can begin inside the handler of another one.
+  /// The handler of an event begins, possibly inside the handler of another event.
   void Begin_Event(const OperatorEvent& event);
 
-  /// The handler that began last has ended. One that did not end well is written as a step
-  /// that may fail.
+  /// The handler that began last has ended. One that failed is recorded as a step that may fail.
   void End_Event(EventOutcome outcome);
 
-  /// A dialog was answered: the text entered, the file chosen or the name of the button
-  /// ("ok", "cancel", "yes", "no"); nothing when the dialog was dismissed.
+  /// A dialog was answered: the text entered, the file chosen or the name of the button ("ok",
+  /// "cancel", "yes", "no"); std::nullopt when the dialog was dismissed.
   void Dialog_Answered(DialogKind kind, const std::optional<std::string>& answer);
 
-  /// The running command lets waiting events run; called before they do.
+  /// The running command is about to run waiting events.
   void Events_Serviced();
 
-  /// Writes what is still held back. Handlers that are running count as ended.
+  /// Writes everything still buffered. Running handlers are treated as ended.
   void Finish();
 
  private:
   struct RecordedEvent {
     OperatorEvent event;
-    long servicing = 0;  // of the outer event, in which this one began; 0 before its first
+    long servicing = 0;  // servicing of the outer event in which this one began; 0 before the first
     bool may_fail = false;
   };
 
@@ -53,14 +52,14 @@ class Recorder {
   void Write_Events();
 
   std::ostream& script_;
-  std::vector<RecordedEvent> events_;  // the outer event and those that began inside it
-  std::vector<std::size_t> running_;   // entries of events_ that have not ended
-  std::vector<std::string> answers_;   // steps, in the order of the dialogs
+  std::vector<RecordedEvent> events_;  // the outer event and those nested in it
+  std::vector<std::size_t> running_;   // indices into events_ of those that have not ended
+  std::vector<std::string> answers_;   // answer steps, in the order of the dialogs
   std::optional<OperatorEvent> held_move_;
-  long servicings_ = 0;  // since the outer event began
+  long servicings_ = 0;  // number since the outer event began
 };
 
-/// Handle_Event with the recorder told of its beginning and end.
+/// Handle_Event, reporting its beginning and end to the recorder.
 EventOutcome Handle_Recorded_Event(Recorder& recorder, Workspace& w, const OperatorEvent& event);
 
 }  // namespace sylvomex

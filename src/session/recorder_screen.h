@@ -6,8 +6,8 @@
 
 namespace sylvomex {
 
-/// A screen that passes everything on to another one and tells a recorder what the operator
-/// answered. Both outlive it.
+/// Forwards everything to another screen and reports the operator's answers to a recorder. Both
+/// must outlive it.
 class RecorderScreen : public Screen {
  public:
   RecorderScreen(Screen& screen, Recorder& recorder) : screen_(screen), recorder_(recorder) {}

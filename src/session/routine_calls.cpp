@@ -76,7 +76,7 @@ std::string Call_Get_Raster_Chm_Elevation(Workspace& w, Arguments a) {
   return Value_Text(Get_Raster_Chm_Elevation(w, Real(a, 0), Real(a, 1)));
 }
 
-// Height at X, Y from a hint, and the hint as it was left.
+// Height at X, Y; the hint is read and updated.
 using TinLookup = double (*)(const Workspace&, double, double, std::int32_t&);
 
 template <TinLookup Lookup>

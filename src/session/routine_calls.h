@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The calculator of the step `call`: services of the camera and of the height models by name.
+// The step `call`: camera and height model routines by name.
 #pragma once
 
 #include <span>
@@ -10,8 +10,8 @@ namespace sylvomex {
 struct Workspace;
 
 /// The results of a routine, numbers with 17 significant digits, texts in double quotes,
-/// separated by blanks. Outputs that a routine leaves alone are 0. Raises StepEnd for an
-/// unknown routine or arguments that do not fit, and what the routine itself raises.
+/// separated by blanks. Outputs that the routine does not set are 0. Throws StepEnd for an
+/// unknown routine or invalid arguments; the routine's own exceptions propagate.
 std::string Call_Routine(Workspace& w, const std::string& name,
                          std::span<const std::string> arguments);
 

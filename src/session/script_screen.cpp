@@ -132,7 +132,7 @@ std::optional<ScriptStep> ScriptScreen::Take_Step(long servicing) {
 }
 
 void ScriptScreen::Service_Events() {
-  // A step can service events itself: those are later servicings, this one keeps its number.
+  // A step can service events itself: nested servicings get later numbers, this one keeps its own.
   const long servicing = ++servicings_;
   while (const auto step = Take_Step(servicing)) play_(*step);
   if (after_servicing_) after_servicing_();

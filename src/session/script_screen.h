@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The operator's side of a scripted session: dialogs take their answers from a queue, and
-// everything that would reach the operator becomes one line of the transcript.
+// Screen of a scripted session: dialogs take their answers from a queue, and all output to the
+// operator becomes lines of the transcript.
 #pragma once
 
 #include <deque>
@@ -17,7 +17,7 @@
 
 namespace sylvomex {
 
-/// An answer that waits for its dialog.
+/// An answer queued for a dialog.
 struct QueuedAnswer {
   enum class Kind {
     Input,   // of an input box
@@ -26,37 +26,37 @@ struct QueuedAnswer {
     Cancel,  // dismisses an input box or a file dialog
   };
   Kind kind = Kind::Input;
-  std::string text;  // as it was given; empty for Kind::Cancel
+  std::string text;  // as given; empty for Kind::Cancel
 };
 
 class ScriptScreen : public Screen {
  public:
-  /// transcript: receives the lines. log: receives what only helps to find a fault.
+  /// transcript: receives the lines. log: receives diagnostics only.
   ScriptScreen(std::ostream& transcript, std::ostream& log);
 
-  /// Queues the answer of the next dialog of its kind.
+  /// Queues the answer for the next dialog of its kind.
   void Queue_Answer(QueuedAnswer answer) { answers_.push_back(std::move(answer)); }
   [[nodiscard]] std::size_t Answers_Left() const { return answers_.size(); }
 
-  /// Queues a step for the n-th event servicing from now, n from 1.
+  /// Queues a step for the n-th event servicing from now; n counts from 1.
   void Queue_Step(long n, ScriptStep step);
   [[nodiscard]] std::size_t Steps_Left() const { return waiting_steps_.size(); }
 
-  /// What plays a queued step when its servicing has come.
+  /// Sets the function that plays a queued step at its servicing.
   void Play_Queued_Steps_By(std::function<void(const ScriptStep&)> play);
 
-  /// Called at the end of every event servicing; may be empty.
+  /// Sets a function called at the end of every event servicing; may be empty.
   void After_Servicing(std::function<void()> show) { after_servicing_ = std::move(show); }
 
-  /// A dialog that found no answer raises StepEnd. Should the running command have stopped
-  /// that on its way, the failure is still here.
+  /// A dialog without a queued answer throws StepEnd. If the running command swallowed that
+  /// exception, the failure is still available here.
   [[nodiscard]] const std::optional<StepEnd>& Failure_Of_Dialog() const { return failure_; }
   void Drop_Failure() { failure_.reset(); }
 
-  /// True when the operator has confirmed the exit.
+  /// True after the operator has confirmed the exit.
   [[nodiscard]] bool Ended() const { return ended_; }
 
-  /// One line of the transcript.
+  /// Writes one line of the transcript.
   void Write_Line(std::string_view line);
 
   Answer Message_Box(std::string_view text, Buttons buttons, std::string_view title) override;
@@ -93,7 +93,7 @@ class ScriptScreen : public Screen {
   std::optional<StepEnd> failure_;
   long servicings_ = 0;
   bool ended_ = false;
-  std::mt19937 generator_{20041105};  // the same numbers in every session
+  std::mt19937 generator_{20041105};  // fixed seed: the same numbers in every session
 };
 
 }  // namespace sylvomex

@@ -28,7 +28,7 @@ std::string Script_Name(const SessionOptions& options) {
   return options.script == kInputStream ? "standard input" : options.script;
 }
 
-/// The block with the screens that it asks.
+/// The block together with its screens.
 struct Session {
   Session(const SessionOptions& options, const SessionStreams& session_streams)
       : streams(session_streams),
@@ -49,7 +49,7 @@ struct Session {
   std::optional<RecorderScreen> recorder_screen;
 };
 
-// A file that cannot be read, a folder for instance, leaves the stream failed.
+// An unreadable file, e.g. a folder, leaves the stream in a failed state.
 std::ifstream Open_Script(const std::filesystem::path& path) {
   std::ifstream file(path);
   if (file) file.peek();
@@ -165,7 +165,7 @@ int Run_Session(const SessionOptions& options, const SessionStreams& streams,
 
 namespace {
 
-// Puts the block's own screen back at the end of the scope.
+// Restores the block's own screen at the end of the scope.
 class ScreenChange {
  public:
   ScreenChange(Workspace& w, Screen& screen) : w_(w), own_(w.screen) { w.screen = &screen; }

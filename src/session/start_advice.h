@@ -7,8 +7,8 @@
 
 namespace sylvomex {
 
-/// What to do about a start that fails because there is no data folder: sentences that name the
-/// folder, --root and the demo. Empty when the folder is there.
+/// Advice for a start that fails because the data folder is missing: sentences that name the
+/// folder, --root and the demo. Empty when the folder exists.
 std::string Start_Advice(const DriveMap& drives);
 
 }  // namespace sylvomex

@@ -35,7 +35,7 @@ std::string Plot_Center_Text(const PlotCenterRecord& plot) {
 
 std::string Mesh_Point_Text(const Point3D& point) { return Value_Texts(point.X, point.Y, point.Z); }
 
-// One row a name: the value of a member of the block.
+// One row per name: the value of a member of the block.
 template <auto Member>
 std::string Of_Block(const Workspace& w) {
   return Value_Text(w.*Member);
@@ -46,7 +46,7 @@ std::string Of_Matching(const Workspace& w) {
   return Value_Text(w.Matching.*Member);
 }
 
-// An entry of a growing table of the matching chain.
+// An entry of one of the growing matching tables.
 template <auto Member>
 const auto& Entry_Of_Matching(const Workspace& w, long index) {
   const auto& table = w.Matching.*Member;

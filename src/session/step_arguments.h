@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Arguments of steps as values. A refused argument raises StepEnd with its reason.
+// Conversion of step arguments. An invalid argument throws StepEnd with its reason.
 #pragma once
 
 #include <filesystem>
@@ -13,8 +13,8 @@ namespace sylvomex {
 double Real_Argument(const std::string& text);
 long Whole_Argument(const std::string& text);
 
-/// A file that a script or the command line names: "c:\data\a.png" lies on a drive, a name
-/// without a drive is native, relative to the present folder unless it starts with '/'.
+/// A file named by a script or the command line: "c:\data\a.png" lies on a drive; a name without a
+/// drive is a native path, relative to the current folder unless it starts with '/'.
 std::filesystem::path File_Argument(const DriveMap& drives, std::string_view name);
 
 }  // namespace sylvomex

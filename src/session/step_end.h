@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The ways in which a scripted step or session ends early.
+// Exceptions that end a scripted step or session early.
 //
-// They pass through the command that is running at the time. Neither is a std::exception, so
-// that the handlers of the commands and of the dispatcher let them by.
+// They propagate through the running command. Neither is a std::exception, so the handlers of the
+// commands and of the dispatcher do not catch them.
 #pragma once
 
 #include <string>
@@ -15,13 +15,14 @@ inline constexpr int kStepFailed = 1;
 inline constexpr int kCommandError = 2;
 inline constexpr int kStartFailed = 3;
 
-/// A step failed or its command ended in an error; `try` takes it.
+/// A step failed or its command ended in an error; the step `try` catches it.
 struct StepEnd {
   int status = kStepFailed;  // kStepFailed or kCommandError
   std::string reason;        // one sentence for standard error
 };
 
-/// The session ends here, whatever is running; `try` lets it by. Its reason has been told.
+/// The session ends here, whatever is running; `try` does not catch it. Its reason has been
+/// reported.
 struct SessionEnd {
   int status = kAllStepsDone;
 };

@@ -23,7 +23,7 @@ namespace {
 
 constexpr std::size_t kAnyNumber = std::numeric_limits<std::size_t>::max();
 
-/// The words from a position on, joined by one blank.
+/// The words from an index on, joined by single blanks.
 std::string Joined(const ScriptStep& step, std::size_t first, std::string ScriptWord::*form) {
   std::string joined;
   for (std::size_t i = first; i < step.words.size(); ++i) {
@@ -32,7 +32,7 @@ std::string Joined(const ScriptStep& step, std::size_t first, std::string Script
   return joined;
 }
 
-/// The step that begins at a word of another one.
+/// The step nested in another one, from a word on.
 ScriptStep Inner_Step(const ScriptStep& step, std::size_t first) {
   return {step.line, {step.words.begin() + static_cast<std::ptrdiff_t>(first), step.words.end()}};
 }
@@ -94,8 +94,8 @@ StepPlayer::StepPlayer(Workspace& w, ScriptScreen& screen, PlayerServices servic
 
 void StepPlayer::Play(const ScriptStep& step) { (this->*Find_Row(step).play)(step); }
 
-/// A step that was queued for an event servicing: its failure is its own, not that of the
-/// step that is running, and so it ends the session.
+/// Plays a step queued for an event servicing. Its failure must not count as one of the running
+/// step, so it ends the session.
 void StepPlayer::Play_Queued(const ScriptStep& step) {
   try {
     Play(step);
@@ -239,7 +239,7 @@ void StepPlayer::Play_Say(const ScriptStep& step) {
 
 void StepPlayer::Play_Try(const ScriptStep& step) {
   ScriptStep tried = Inner_Step(step, 1);
-  // What is queued for later is tried then.
+  // A step queued for later is tried when it runs.
   if (tried.words.front().text == "during" && tried.words.size() > 2) {
     tried.words.insert(tried.words.begin() + 2, step.words.front());
   }

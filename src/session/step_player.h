@@ -14,29 +14,29 @@
 
 namespace sylvomex {
 
-/// What surrounds the player.
+/// The player's surroundings.
 struct PlayerServices {
   /// Runs an operator event; never empty.
   std::function<EventOutcome(Workspace&, const OperatorEvent&)> handle_event;
-  /// Tells why the step of a line ended the session; never empty.
+  /// Reports why the step on a line ended the session; never empty.
   std::function<void(int line, const std::string& reason)> report;
-  /// Pictures of the windows; null without a desktop.
+  /// Pictures of the windows; nullptr without a desktop.
   WindowPictures* pictures = nullptr;
 };
 
 class StepPlayer {
  public:
-  /// screen: the one that w asks, directly or through another; it and w outlive the player.
+  /// screen: the one that w uses, directly or through another; it and w must outlive the player.
   StepPlayer(Workspace& w, ScriptScreen& screen, PlayerServices services);
 
-  /// Plays one step to its end. Raises StepEnd when it failed or its command ended in an
-  /// error, SessionEnd when the session is over.
+  /// Plays one step to its end. Throws StepEnd when it failed or its command ended in an error,
+  /// SessionEnd when the session is over.
   void Play(const ScriptStep& step);
 
  private:
   struct Row {
     const char* name;
-    std::size_t least;  // number of arguments
+    std::size_t least;  // smallest number of arguments
     std::size_t most;
     void (StepPlayer::*play)(const ScriptStep& step);
   };

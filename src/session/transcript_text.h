@@ -8,10 +8,10 @@
 
 namespace sylvomex {
 
-/// A text on one line: every line break becomes one blank.
+/// The text as one line: every line break becomes one blank.
 std::string One_Line(std::string_view text);
 
-/// One_Line in double quotes, a quote inside doubled.
+/// One_Line in double quotes, with inner quotes doubled.
 std::string Quoted(std::string_view text);
 
 /// "ok", "cancel", "yes" or "no".

@@ -11,9 +11,9 @@ namespace sylvomex {
 
 namespace {
 
-constexpr double kTolerance = 1e-9;  // of the larger magnitude
+constexpr double kTolerance = 1e-9;  // relative to the larger magnitude
 
-/// The numbers of a text that holds nothing but numbers and blanks.
+/// The numbers of a text that consists only of numbers and blanks.
 std::optional<std::vector<double>> Numbers_Of(std::string_view text) {
   std::vector<double> numbers;
   for (std::size_t at = text.find_first_not_of(' '); at != std::string_view::npos;

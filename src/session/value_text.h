@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Values of the block as a transcript shows them: reals with 17 significant digits, whole
-// numbers plain, truth values 0 or -1, texts without trailing blanks, the entries of a table
+// Formatting of the block's values for a transcript: reals with 17 significant digits,
+// integers plain, booleans 0 or -1, texts without trailing blanks, the entries of a table
 // separated by blanks.
 #pragma once
 
@@ -39,7 +39,7 @@ std::string Value_Text(const FixedText<N>& text) {
   return text.Trimmed();
 }
 
-/// Several values, separated by blanks; an empty one keeps its place.
+/// Several values, separated by blanks; an empty value keeps its place.
 template <class... Values>
 std::string Value_Texts(const Values&... values) {
   std::string texts;

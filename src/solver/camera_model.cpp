@@ -14,7 +14,7 @@ std::string About_Image(std::int32_t image_id, const char* fact) {
   return "image " + std::to_string(image_id) + ": " + fact;
 }
 
-/// Results that finite inputs drove out of range end the calculation.
+/// Throws when finite inputs overflowed to results that are not finite.
 template <std::size_t N, class... Inputs>
 void Require_Finite(std::int32_t image_id, const char* what, const double (&results)[N],
                     Inputs... inputs) {

@@ -14,7 +14,7 @@
 namespace sylvomex {
 namespace {
 
-// The items of one line, in order; every read names the item before which a line ends too soon.
+// The items of one line in order; when the line ends too early the error names the missing item.
 class CameraLine {
  public:
   CameraLine(const std::string& line, const FilePath& file, int line_number)
@@ -34,14 +34,14 @@ class CameraLine {
     Require_Item();
     return list_.Read_Text_To_Comma();
   }
-  // A part of a file's name.
+  // Part of a file name.
   std::string Name() {
     std::string name = Text();
     if (!name.empty()) return name;
     throw RunTimeError(Failure::BadContent, list_.Where() + ": an empty text names no file",
                        native_);
   }
-  // Empty items behind the last one are those of a spreadsheet.
+  // Spreadsheets write empty trailing items.
   void Require_End() {
     while (!list_.At_End()) {
       if (list_.Read_Text_To_Comma().empty()) continue;
@@ -80,7 +80,7 @@ TableCamera Read_Camera(CameraLine& line) {
 }
 
 struct FrameLimits {
-  double x = 0;  // metres from the principal point, not reached itself
+  double x = 0;  // half size, metres from the principal point; itself outside
   double y = 0;
 };
 
@@ -92,8 +92,8 @@ FrameLimits Aerial_Frame(double c) {
 
 constexpr FrameLimits kTerrestrialFrame{0.002692, 0.003589};
 
-// False for a point in the plane through the projection centre that is parallel to the frame.
-// A camera constant of 0 sees everything, and a ray that leaves the range of numbers nothing.
+// False for a point in the plane through the projection centre that is parallel to the frame. With
+// a camera constant of 0 every point is seen; an overflow of the projection counts as not seen.
 bool Falls_On_Frame(const Camera& camera, const Point3D& point, const FrameLimits& limits) {
   const auto [r, s, q] = To_Camera_Axes(camera, point);
   if (q == 0) return false;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Camera tables: text files of all cameras of a photo archive, one a line, from which the images
-// that see a point are found.
+// Camera tables: text files with one camera of a photo archive a line, searched for the images that
+// see a point.
 //
-// The tests are the plain collinearity projection: a point behind a camera counts as seen when
-// its mirrored ray falls on the frame.
+// The tests are the plain collinearity projection: a point behind a camera counts as seen when its
+// mirrored ray falls on the frame.
 #pragma once
 
 #include <cstdint>
@@ -30,18 +30,18 @@ struct TableCamera {
   std::string name_start;
 };
 
-/// Reads a table line by line; empty lines are passed over. RunTimeError(BadContent) for a line
-/// without exactly twelve items (empty ones behind them do not count) or with an empty part of a
-/// file's name (items 10 to 12), those of the list reader
-/// for a text in place of a number, each naming file, line and item.
+/// Reads a table line by line, skipping empty lines. RunTimeError(BadContent) for a line that does
+/// not have exactly twelve items (empty trailing items do not count) or has an empty file name
+/// part (items 10 to 12); for a text in place of a number the errors of the list reader. Each
+/// names file, line and item.
 class CameraTableReader {
  public:
   explicit CameraTableReader(const FilePath& file);
 
-  /// content: the text itself; file: what messages name.
+  /// content: the text itself; file: named in messages.
   CameraTableReader(std::string content, FilePath file);
 
-  /// The next camera, nothing at the end of the table.
+  /// The next camera, std::nullopt at the end of the table.
   std::optional<TableCamera> Next();
 
  private:
@@ -49,14 +49,15 @@ class CameraTableReader {
   ListReader lines_;
 };
 
-/// True when the point falls on the frame of an aerial camera, whose size follows from c.
+/// True when the point falls on the frame of an aerial camera; the frame's size follows from c.
 bool Sees_Point(const TableCamera& camera, const Point3D& point);
 
-/// True for a terrestrial camera (0.006 < c < 0.008) on whose frame every point of the ring
-/// around the point falls.
+/// True for a terrestrial camera (0.006 < c < 0.008) whose frame contains the whole ring around the
+/// point.
 bool Sees_Ring(const TableCamera& camera, const Point3D& point);
 
-/// A horizontal ring of 0.19 m around a point, from the angle -pi by steps of 0.3 up to pi.
+/// Points of a horizontal circle of diameter 0.19 m around a point, at angles from -pi to pi in
+/// steps of 0.3 rad.
 std::vector<Point3D> Ring_Around(const Point3D& centre);
 
 }  // namespace sylvomex

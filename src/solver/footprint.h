@@ -9,14 +9,15 @@
 
 namespace sylvomex {
 
-/// Where a photograph lies on a horizontal plane, metres.
+/// The footprint of a photograph on a horizontal plane, metres.
 struct Footprint {
-  Point3D centre;                  // of the film
-  std::array<Point3D, 4> corners;  // rear right, front right, front left, rear left, as flown
+  Point3D centre;                  // of the film's centre
+  std::array<Point3D, 4> corners;  // rear right, front right, front left, rear left, in flight
 };
 
-/// The film's centre on the plane at Z with the image's sides about it, turned with the flight
-/// line. Nothing when the camera's axis is parallel to the plane.
+/// The projection of the film's centre to the plane at Z, and a rectangle of the image's footprint
+/// size around it, aligned with the flight line. std::nullopt when the camera's axis is parallel to
+/// the plane.
 std::optional<Footprint> Footprint_At(const Camera& camera, const FlightImage& image, double Z);
 
 }  // namespace sylvomex

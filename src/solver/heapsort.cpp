@@ -10,8 +10,7 @@
 namespace sylvomex {
 namespace {
 
-/// Entries 1 to n of the caller's arrays; the positions are held in 64 bits, so that
-/// doubling one cannot overflow.
+/// The caller's arrays with index base 1; 64-bit positions, so that doubling one cannot overflow.
 class IndexedValues {
  public:
   IndexedValues(std::int32_t n, std::span<const float> values, std::span<std::int32_t> index)
@@ -26,7 +25,7 @@ class IndexedValues {
   float Value(std::int32_t element) const { return values_[static_cast<std::size_t>(element - 1)]; }
   float Value_At(std::int64_t position) { return Value(Index(position)); }
 
-  /// Sinks the element from position l within l .. ir until no child is larger.
+  /// Sifts the element down from position l within l .. ir until no child is larger.
   void Sift(std::int32_t element, std::int64_t l, std::int64_t ir) {
     const float value = Value(element);
     std::int64_t i = l;

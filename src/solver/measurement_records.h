@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The two kinds of measurement that leave the system as lines of text.
+// The two kinds of measurement record; each is written as one line of text.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +18,7 @@ struct ObservationRecord {
   std::uint8_t ImageCount = 0;   // images used, 0 to 9
   std::uint8_t TreeSpecies = 0;  // free class code
   std::int16_t FreeInteger = 0;
-  Table<std::uint8_t, 0, 8> ImageSlots;  // in the order of the image list
+  Table<std::uint8_t, 0, 8> ImageSlots;  // image index of each observation
   Table<std::int32_t, 0, 8> ImageIds;
   Table<float, 0, 8> Cols;  // full-image column of each observation
   Table<float, 0, 8> Rows;  // full-image row from the bottom
@@ -43,14 +43,14 @@ void Visit_Observation_Record(Record& record, Visitor&& visit) {
   visit("FreeText", record.FreeText);
 }
 
-/// The width of one object in one image; entry 0 also carries the record's header values.
+/// The width of one object in one image; entry 0 also holds the values common to the record.
 struct XYDistanceEntry {
-  double X = 0, Y = 0, Z = 0;    // solution when the width was taken, metres
+  double X = 0, Y = 0, Z = 0;    // solution when the width was measured, metres
   std::int16_t TreeNumber = 0;   // entry 0 only
   std::int16_t FreeInteger = 0;  // entry 0 only
   std::uint8_t Index = 0;        // image slot
   std::int32_t ImageCode = 0;
-  double X0Obj = 0;  // first end on the plane Z, metres
+  double X0Obj = 0;  // first end, on the horizontal plane at Z, metres
   double X1Obj = 0;  // second end
   double Y0Obj = 0;
   double Y1Obj = 0;

@@ -6,8 +6,8 @@
 
 namespace sylvomex {
 
-/// A camera with the patch of its correlation image, as the back-projection takes them. first: the
-/// full-image position of the patch's upper left pixel.
+/// A camera combined with the patch of its correlation image, as input of the back-projection.
+/// first: full-image position of the patch's upper left pixel.
 PatchProjection Make_Patch_Projection(const Camera& camera, const PixelPosition& first);
 
 }  // namespace sylvomex

@@ -6,7 +6,7 @@
 namespace sylvomex {
 namespace {
 
-// As a list item: in quotes where it would fall apart without them.
+// Formats a list item, in quotes where it would otherwise be split.
 std::string List_Item(const std::string& text) {
   const bool has_blanks_around = text != Without_Blanks_Around(text);
   if (text.find_first_of(",\"") == std::string::npos && !has_blanks_around) return text;

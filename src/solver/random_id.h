@@ -5,7 +5,7 @@
 
 namespace sylvomex {
 
-/// Eight digits with leading zeros from a uniform random number in [0, 1).
+/// Eight digits with leading zeros made from a uniform random number in [0, 1).
 std::string Random_Id8(double uniform);
 
 }  // namespace sylvomex

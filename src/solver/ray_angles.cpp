@@ -9,7 +9,7 @@ namespace {
 
 using std::numbers::pi;
 
-/// Degrees; far above the rounding of the angles, far below what an operator can see.
+/// Degrees; far above the rounding errors of the angles, far below what an operator can notice.
 constexpr double kClassTolerance = 1e-9;
 
 double Horizontal_Angle(const Vector3& v) { return MYFUNC_ATAN2(v.x * 100, v.y * 100); }
@@ -40,8 +40,8 @@ double Azimuth_Difference(double sun_azimuth, double ray_azimuth) {
   return difference;
 }
 
-/// Radians, from two horizontal angles. Always positive where the smaller way round crosses the
-/// west axis.
+/// Difference of two horizontal angles in radians. Always positive when the shorter arc between
+/// them crosses the west axis, where the angles wrap around.
 double Angle_Difference(double sun_angle, double ray_angle) {
   const double sun = sun_angle + pi;
   const double ray = ray_angle + pi;
@@ -54,7 +54,7 @@ double Angle_Difference(double sun_angle, double ray_angle) {
 }  // namespace
 
 double MYFUNC_ATAN2(double u, double v) {
-  // Adding 0 turns a negative zero, which would answer -pi, into a positive one.
+  // Adding 0 turns -0 into +0; with -0 atan2 would return -pi.
   return std::atan2(v + 0.0, u + 0.0);
 }
 

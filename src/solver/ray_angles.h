@@ -2,8 +2,8 @@
 // Directions of the sun and of the camera ray at an object point. Degrees unless said
 // otherwise; azimuths clockwise from north.
 //
-// Inside, a horizontal direction is an angle from the east axis, counter-clockwise; it becomes
-// an azimuth as pi / 2 less that angle. The ray runs from the camera to the point, the sun
+// Internally a horizontal direction is an angle from the east axis, counter-clockwise; the
+// azimuth is pi / 2 minus that angle. The ray runs from the camera to the point, the sun
 // vector from the point to the sun.
 #pragma once
 
@@ -19,26 +19,26 @@ inline constexpr double kRadiansPerDegree = 0.0174532925199433;
 /// the angle 0.
 double MYFUNC_ATAN2(double u, double v);
 
-/// Where the sun stood, radians; the azimuth clockwise from north.
+/// Direction of the sun in radians; the azimuth clockwise from north.
 struct SunAngles {
   double azimuth = 0, elevation = 0;
 };
 
-/// As the header has them.
+/// The angles in the header.
 SunAngles Sun_Of(const ImageRecord& image);
 
 /// Unit vector towards the sun.
 Vector3 Sun_Vector(const SunAngles& sun);
 
-/// Vector of a film ray in object space, from the projection centre; its length is that of
+/// The direction of a film ray in object space, from the projection centre; its length is that of
 /// (x, y, c) in metres.
 Vector3 Film_Ray(const Camera& camera, const FilmPosition& film);
 
 struct ViewAngles {
   double off_nadir = 0;           // between the camera's axis and the ray, 0 to 180
   double azimuth_difference = 0;  // sun less ray, -180 to 180
-  double ray_azimuth = 0;         // -90 to 180; directions between south and west, 180 to
-                                  // 270, come out 180 higher, as 360 to 450
+  double ray_azimuth = 0;  // -90 to 180; directions between south and west (180 to 270) come out
+                           // 180 higher, as 360 to 450
 };
 ViewAngles View_Angles(const Camera& camera, const SunAngles& sun, const Point3D& point);
 

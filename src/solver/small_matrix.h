@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Small dense matrices and vectors, counted from 1, with fixed room for nine images.
-// Dimensions in use are passed beside the arrays.
+// Small dense matrices and vectors with index base 1 and fixed capacity for nine images. The
+// dimensions in use are passed with the arrays.
 #pragma once
 
 #include <cstdint>
@@ -44,8 +44,8 @@ double Determinant_3(const Matrix<R, C>& m) {
          m(1, 1) * m(2, 3) * m(3, 2) - m(1, 2) * m(2, 1) * m(3, 3) - m(1, 3) * m(2, 2) * m(3, 1);
 }
 
-/// C = A times B; note that the right-hand factor comes first. False, with C unchanged, when
-/// the columns of A and the rows of B differ in number (kMatrixConflict is the message).
+/// C = A B; note that the right-hand factor comes first. False, with C unchanged, when the number
+/// of columns of A differs from the number of rows of B (kMatrixConflict is the message).
 inline constexpr const char* kMatrixConflict =
     "Error in MMUL_D, cannot multiply matrices with dimension conflict!";
 template <int RB, int CB, int RA, int CA, int RC, int CC>
@@ -61,8 +61,8 @@ template <int RB, int CB, int RA, int CA, int RC, int CC>
   return true;
 }
 
-/// out = out + M v: the output accumulates and is cleared by the caller. False, with out
-/// unchanged, when the columns of M and the length n of v differ (kVectorConflict).
+/// out = out + M v: the caller clears the output beforehand. False, with out unchanged, when the
+/// number of columns of M differs from the length n of v (kVectorConflict).
 inline constexpr const char* kVectorConflict =
     "In MATVECMULT_D dimensions of Matrix and Vector conflict!";
 template <int NV, int R, int C, int NO>

@@ -14,7 +14,7 @@ constexpr int kMaxRows = 2 * kMaxImages;
 constexpr double kSmallestDeterminant = 1e-200;
 constexpr double kMicrometresPerMetre = 1e6;
 
-/// A d = l at the working point, with the sum of squares of l.
+/// A d = l at the current approximation, with the sum of squares of l.
 struct Equations {
   int rows = 0;
   Matrix<kMaxRows, 3> design;
@@ -63,7 +63,7 @@ Matrix<2, 2> Minor(const Matrix<3, 3>& m, int omitted_row, int omitted_column) {
   return minor;
 }
 
-/// By cofactors; m is symmetric, so that the cofactors need no transposition.
+/// Inverse by cofactors; m is symmetric, so the cofactor matrix needs no transposition.
 Matrix<3, 3> Inverse_Of_Symmetric(const Matrix<3, 3>& m, double det) {
   Matrix<3, 3> inverse;
   for (int i = 1; i <= 3; ++i) {
@@ -75,7 +75,7 @@ Matrix<3, 3> Inverse_Of_Symmetric(const Matrix<3, 3>& m, double det) {
   return inverse;
 }
 
-/// Corrections and cofactors of one pass into the result; false when the normal matrix is
+/// Stores the corrections and cofactors of one pass in the result; false when the normal matrix is
 /// singular. The dimensions of the products agree by construction.
 bool Solve(const Equations& e, IntersectionResult& result) {
   const Matrix<3, kMaxRows> at = Transposed(e.design, e.rows);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Object point from two or more film observations by iterated least squares (Gauss-Newton on
-// the collinearity equations; Mikhail, Bethel and McGlone 2001, section 4.4). Coordinates are
-// unweighted; two images leave one degree of freedom. Rays that are nearly parallel give a
-// point of no use with large standard deviations: only an exactly singular pass is refused.
+// the collinearity equations; Mikhail, Bethel and McGlone 2001, section 4.4). Coordinates have
+// equal weights; two images leave one degree of freedom. Nearly parallel rays give a useless
+// point with large standard deviations: only an exactly singular pass is rejected.
 #pragma once
 
 #include <functional>
@@ -19,7 +19,7 @@ struct FilmObservation {
 };
 
 struct IntersectionSettings {
-  double stop_dx = 0.03;  // metres; a correction below all three ends the iteration
+  double stop_dx = 0.03;  // metres; the iteration ends below all three limits
   double stop_dy = 0.03;
   double stop_dz = 0.03;
   int max_passes = 100;
@@ -43,22 +43,22 @@ struct IntersectionResult {
   double q33 = 0;
 };
 
-/// Answers the observations of the pass that begins, in the same number at each call; the span
-/// has to live until the next call.
+/// Returns the observations for the pass that begins, the same number at each call; the span must
+/// stay valid until the next call.
 using ObservationSource = std::function<std::span<const FilmObservation>()>;
 
-/// take_observations: asked at the start of each pass for 2 to 9 observations, else
-/// RunTimeError(SubscriptOutOfRange) above 9; what it throws passes. start: first approximation,
-/// used as it is. A pass whose correction in X is exactly 0 counts as not yet converged. At the
+/// take_observations: called at the start of each pass; it returns 2 to 9 observations (above 9
+/// RunTimeError(SubscriptOutOfRange)), and its exceptions propagate. start: first approximation,
+/// used unchanged. A pass whose correction in X is exactly 0 counts as not converged. At the
 /// pass limit the last corrections are applied twice. before_next_pass is called after each pass
-/// whose corrections ask for another one, the last allowed pass included; it may change the
-/// settings, which every test reads anew. Observations that are not numbers end the iteration
-/// and show in the result; RunTimeErrors of Collinearity_Partials pass.
+/// whose corrections require another one, including the last one allowed; it may change the
+/// settings, which every test reads again. NaN or infinite observations end the iteration and
+/// are visible in the result; RunTimeErrors of Collinearity_Partials propagate.
 IntersectionResult Intersect_Rays(const ObservationSource& take_observations, const Point3D& start,
                                   const IntersectionSettings& settings,
                                   const std::function<void()>& before_next_pass = {});
 
-/// The same for observations that stand in one place all the time.
+/// The same for observations that do not change between passes.
 IntersectionResult Intersect_Rays(std::span<const FilmObservation> observations,
                                   const Point3D& start, const IntersectionSettings& settings,
                                   const std::function<void()>& before_next_pass = {});

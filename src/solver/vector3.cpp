@@ -21,7 +21,7 @@ double Vector_Length(const Vector3& v) {
 double Angle_Between_Vectors(const Vector3& a, const Vector3& b) {
   const double dot = a.x * b.x + a.y * b.y + a.z * b.z;
   const double cosine = Quotient(dot, Vector_Length(a) * Vector_Length(b), kNoDirection);
-  // Rounding may carry the cosine of parallel vectors past 1.
+  // Rounding may push the cosine of parallel vectors above 1.
   return std::acos(std::clamp(cosine, -1.0, 1.0));
 }
 

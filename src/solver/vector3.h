@@ -11,10 +11,10 @@ struct Vector3 {
 double Vector_Length(const Vector3& v);
 
 /// Radians, by the arc cosine of the normalised dot product. A zero vector is a
-/// RunTimeError(DivisionByZero), here and below.
+/// RunTimeError(DivisionByZero), also in Normalize_Vector.
 double Angle_Between_Vectors(const Vector3& a, const Vector3& b);
 
-/// Divides by the length.
+/// Divides the vector by its length.
 void Normalize_Vector(Vector3& v);
 
 void Make_Vector(Vector3& v, double x, double y, double z);

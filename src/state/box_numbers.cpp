@@ -8,7 +8,7 @@
 namespace sylvomex {
 namespace {
 
-// name is called only for a text that is no number.
+// name is called only when the text is not a number.
 template <class Name>
 double Number_Of(const TextBox& box, Name&& name) {
   try {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Numbers that the operator typed into text boxes. A failure to read one names its box.
+// Numbers typed into text boxes. An error names its box.
 #pragma once
 
 #include <string_view>
@@ -8,11 +8,11 @@
 
 namespace sylvomex {
 
-/// The number in a box. RunTimeError as of Parse_Double, with the name of the box, e.g. "Text5"
-/// or "Form2.Text5", in front of what it was about.
+/// The number in a box. RunTimeError as by Parse_Double, prefixed with the name of the box, e.g.
+/// "Text5" or "Form2.Text5".
 double Number_In(const TextBox& box, std::string_view name);
 
-/// The observation in the two measurement boxes of an image. A failure names box and image,
+/// The observation in the two measurement boxes of an image. An error names box and image,
 /// e.g. "Text1(2) of image 1".
 FilmPosition Film_In_Boxes(const Workspace& w, int image);
 

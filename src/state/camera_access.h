@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The camera services by image index. An index outside the block is a
-// RunTimeError(SubscriptOutOfRange). Frames and units: solver/camera_model.h.
+// Camera access by image index. An index outside the block is a RunTimeError(SubscriptOutOfRange).
+// Frames and units: solver/camera_model.h.
 #pragma once
 
 #include <optional>
@@ -12,7 +12,8 @@ namespace sylvomex {
 
 void Build_Rotation_Matrix(Workspace& w, int image);
 
-/// The image's camera with the rotation of the RotationTable. Loops over many points take it once.
+/// The image's camera with its rotation from the RotationTable. Loops over many points call it
+/// once.
 inline Camera Camera_Of(const Workspace& w, int image) {
   return Make_Camera(w.ImageBlock(image), w.RotationTable(image));
 }
@@ -34,7 +35,7 @@ inline std::optional<Point3D> Image_To_Object_At_Z(const Workspace& w, int image
   return Image_To_Object_At_Z(Camera_Of(w, image), Z, film);
 }
 
-/// The angles at the solution; nothing without a valid one, whatever the index.
+/// The angles at the solution; std::nullopt without a valid solution, even for a bad index.
 std::optional<ViewAngles> Get_View_Angles(const Workspace& w, int image);
 
 /// Metres; -99 without a loaded model, 0 outside it.

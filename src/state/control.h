@@ -34,7 +34,7 @@ struct CheckBox : Control {
   int Value = 0;  // 0 or 1
 };
 
-/// One of the choices of a window: choosing it takes the choice from the others.
+/// One of the choices of a window: choosing it unselects the others.
 struct OptionButton : Control {
   std::string Caption;
   int Value = 0;  // 0 or 1
@@ -44,7 +44,7 @@ struct Button : Control {
   std::string Caption;
 };
 
-/// A dividing line of the main window's strip.
+/// A dividing line in the main window's strip.
 struct Divider : Control {};
 
 }  // namespace sylvomex

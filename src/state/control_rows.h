@@ -49,8 +49,7 @@ constexpr ControlRow Bare_Row(const char* name) {
 
 }  // namespace detail
 
-/// The row of a member of a window's record; of an array, every control is one step from the
-/// one before.
+/// The row of a member of a window's record; the controls of an array are spaced one step apart.
 template <auto M>
 constexpr ControlRow Row(const char* name, const char* text, ControlPlace place,
                          ControlStep step = {}) {
@@ -60,7 +59,7 @@ constexpr ControlRow Row(const char* name, const char* text, ControlPlace place,
   return row;
 }
 
-/// The row of an array whose controls each have their own text and place, in index order.
+/// The row of an array whose controls have individual texts and places, in index order.
 template <auto M, std::size_t N>
 constexpr ControlRow Row(const char* name, const ControlItem (&items)[N]) {
   static_assert(N == detail::Member<decltype(M)>::Type::kSize, "one item for each control");

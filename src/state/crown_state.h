@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the crown commands keep.
+// State kept by the crown commands.
 #pragma once
 
 #include "crowns/crown_record.h"
@@ -15,12 +15,12 @@ struct SeedColour {
 
 struct CrownState {
   Table<CrownRecord, 1, kMaxTrees> CrownTrees;
-  std::int32_t TreeCount = 0;  // trees fitted; entries behind them are of trees given back
-  SeedColour Seed;             // of the crown that was begun last
+  std::int32_t TreeCount = 0;  // fitted trees; later entries belong to trees taken back
+  SeedColour Seed;             // of the crown begun last
 
   LocalTree LocalTreeRecord;
   bool LidarFitDone = false;
-  bool MultiSizeDone = false;  // no command sets it
+  bool MultiSizeDone = false;  // never set by any command
 };
 
 }  // namespace sylvomex

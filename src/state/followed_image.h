@@ -5,12 +5,12 @@ namespace sylvomex {
 
 struct Workspace;
 
-/// An image of the block as a command under way means it. Events that the command services may
-/// remove images: those behind move down, and a followed image tells its new index or that it is
-/// gone.
+/// Follows one image of the block through a running command. Events serviced by the command may
+/// remove images, which shifts the later indices down; a followed image knows its current index or
+/// that it was removed.
 class FollowedImage {
  public:
-  /// image: its index now, or the one at which it is about to be added.
+  /// image: its current index, or the index at which it is about to be added.
   FollowedImage(Workspace& w, int image);
   ~FollowedImage();
   FollowedImage(const FollowedImage&) = delete;
@@ -21,12 +21,12 @@ class FollowedImage {
   /// RunTimeError(SubscriptOutOfRange) when the image was removed.
   [[nodiscard]] int Index() const;
 
-  /// For the removal of images: the image at an index has left the block.
+  /// Called when the image at an index has been removed from the block.
   void After_Removal_Of(int image);
 
  private:
   Workspace& w_;
-  int index_;  // -1: gone
+  int index_;  // -1: removed
 };
 
 }  // namespace sylvomex

@@ -18,9 +18,9 @@ struct Form {
   bool Visible = false;
   bool Enabled = true;
   PointerShape MousePointer = PointerShape::Normal;
-  std::string ActiveControl;        // name of the control that was last given the focus, with
-                                    // its index: "Text3(0)"
-  std::uint64_t focus_version = 0;  // grows whenever a command moves the focus
+  std::string ActiveControl;  // name of the control that last received the focus, with its index:
+                              // "Text3(0)"
+  std::uint64_t focus_version = 0;  // incremented whenever a command moves the focus
 };
 
 void Set_Focus(Form& form, const std::string& control);

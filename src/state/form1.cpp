@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The main window at design time: a strip of three rows above the panes, whose places come
-// from the pane layout.
+// Design of the main window: a strip of three rows above the panes; pane_layout places the panes.
 #include "state/form1.h"
 
 #include "state/control_rows.h"
@@ -13,7 +12,7 @@ using design::Row;
 
 using F = Form1State;
 
-// The two long dividers end at the window.
+// The two long dividers end at the window's edge.
 constexpr ControlItem kLine[] = {
     {"", {0, 36, 8192, 1}}, {"", {0, 54, 8192, 1}},  {"", {447, 2, 1, 33}},  {"", {636, 2, 1, 33}},
     {"", {189, 38, 1, 15}}, {"", {246, 38, 1, 15}},  {"", {449, 38, 1, 15}}, {"", {617, 38, 1, 15}},
@@ -83,7 +82,7 @@ constinit const WindowDesign kForm1Design{
     1280,
     1024,
     kControls,
-    1276,  // the status line and the boxes of the strip stay in view
+    1276,  // keeps the status line and the boxes of the strip visible
     480};
 
 Form1State::Form1State() { Apply_Design(*this, kForm1Design); }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The options window at design time.
+// Design of the options window.
 #include "state/form2.h"
 
 #include "state/control_rows.h"

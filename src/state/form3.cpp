@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The observation record at design time.
+// Design of the observation record window.
 #include "state/form3.h"
 
 #include "state/control_rows.h"

@@ -22,7 +22,7 @@ struct Form3State : Form {
   Label Label12;               // image ids
   Label Label13;               // columns
   Label Label14;               // rows
-  Table<Label, 0, 5> Caption;  // what stands left of the read-only labels
+  Table<Label, 0, 5> Caption;  // captions left of the read-only labels
   Button Accept_And_Save_Button, Cancel_Button;
 };
 

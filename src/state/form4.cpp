@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The about window at design time.
+// Design of the about window.
 #include "state/form4.h"
 
 #include "state/control_rows.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The evaluation window at design time.
+// Design of the evaluation window.
 #include "state/form6.h"
 
 #include "state/control_rows.h"

@@ -14,8 +14,8 @@ struct Form6State : Form {
   Button Show_Results;
   Label Label1;                   // the reference trees
   Label Label2;                   // clusters and the counts of the classes
-  Label Label3;                   // what the classes are
-  Label Label4;                   // what the errors are
+  Label Label3;                   // meaning of the classes
+  Label Label4;                   // meaning of the errors
   Table<Picture, 0, 5> Picture1;  // graphs 1 to 6
   bool GraphsShown = false;
 };

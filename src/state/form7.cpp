@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The distance record at design time.
+// Design of the distance record window.
 #include "state/form7.h"
 
 #include "state/control_rows.h"

@@ -15,7 +15,7 @@ struct Form7State : Form {
   TextBox Text1, Text2;
   Label Label3, Label4, Label5;  // X, Y, Z of entry 0
   Table<Label, 0, 13> Heading;   // column captions
-  // Rows of the nine entries, one label a column.
+  // Rows of the nine entries, one label per column.
   Table<Label, 0, 8> IndexLabel, ImageCodeLabel, X0Label, X1Label, Y0Label, Y1Label, ScaleLabel,
       DistanceLabel, SunElevationLabel, SunAzimuthLabel, RayAzimuthLabel, DifferenceLabel,
       OffNadirLabel;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // A picture pane: the loaded bitmap and the marks drawn over it since.
 //
-// Positions are pane pixels, px to the right, py downward, as asked for: nothing is rounded
-// or clipped here.
+// Positions are pane pixels, px to the right, py downward, stored as given: nothing is rounded or
+// clipped here.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +18,7 @@ namespace sylvomex {
 
 struct Font {
   std::string name = "MS Sans Serif";
-  double size = 8;  // points, 1/72 inch at 96 pixels an inch
+  double size = 8;  // points; 1/72 inch at 96 pixels per inch
   bool bold = false;
 
   bool operator==(const Font&) const = default;
@@ -34,7 +34,7 @@ struct Mark {
   std::int16_t width = 1;  // pen width, pixels
   std::int32_t text = -1;  // Kind::Text: entry of Picture::texts
   double x1 = 0, y1 = 0;
-  double x2 = 0, y2 = 0;  // Kind::Line: the far end
+  double x2 = 0, y2 = 0;  // Kind::Line: the second end
 };
 
 struct MarkText {
@@ -46,26 +46,26 @@ struct Picture : Control {
   std::shared_ptr<const PaneBitmap> bitmap;
   std::vector<Mark> marks;  // in drawing order
   std::vector<MarkText> texts;
-  std::uint64_t bitmap_version = 0;  // grows with every load
-  std::uint64_t erase_version = 0;   // grows whenever the marks are dropped
+  std::uint64_t bitmap_version = 0;  // incremented by every load
+  std::uint64_t erase_version = 0;   // incremented whenever the marks are removed
 
-  // The pen.
+  // Current pen.
   int DrawWidth = 1;
   Colour ForeColor;
   Font font;
   double CurrentX = 0;
   double CurrentY = 0;
   PointerShape MousePointer = PointerShape::Normal;
-  std::string PointerFile = "c:\\data\\cross04.CUR";  // of PointerShape::Custom, a drive name
+  std::string PointerFile = "c:\\data\\cross04.CUR";  // for PointerShape::Custom; a drive name
 };
 
-/// Puts a bitmap on the picture, null for none; marks drawn before are dropped.
+/// Sets the picture's bitmap (null for none) and removes the marks.
 void Load_Picture(Picture& picture, std::shared_ptr<const PaneBitmap> bitmap);
 
-/// Drops the marks; the bitmap stays.
+/// Removes the marks; the bitmap stays.
 void Erase_Marks(Picture& picture);
 
-/// Drawing with the pen's present width; each leaves the pen position at its end.
+/// Drawing with the current pen width; each function leaves the pen at the end of what it drew.
 void Plot_Point(Picture& picture, double px, double py, Colour colour);
 void Draw_Line(Picture& picture, double px1, double py1, double px2, double py2, Colour colour);
 
@@ -73,7 +73,7 @@ void Draw_Line(Picture& picture, double px1, double py1, double px2, double py2,
 /// the next line.
 void Print_Text(Picture& picture, std::string_view text);
 
-/// (2 reach + 1) by (2 reach + 1) points around a position, row by row from the top left.
+/// Plots (2 reach + 1) by (2 reach + 1) points around a position, row by row from the top left.
 void Plot_Block(Picture& picture, double px, double py, int reach, Colour colour);
 
 }  // namespace sylvomex

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the commands ask of the operator's side. The desktop and the scripted sessions each
-// implement it.
+// The commands' interface to the operator. The desktop and the scripted sessions each implement it.
 #pragma once
 
 #include <optional>
@@ -28,33 +27,33 @@ class Screen {
   virtual Answer Message_Box(std::string_view text, Buttons buttons = Buttons::Ok,
                              std::string_view title = {}) = 0;
 
-  /// The text entered; nothing when the box was dismissed.
+  /// The text entered; std::nullopt when the box was dismissed.
   virtual std::optional<std::string> Input_Box(std::string_view prompt, std::string_view title = {},
                                                std::string_view preset = {}) = 0;
 
-  /// The file chosen, as a drive name or a native path; nothing when dismissed.
+  /// The file chosen, as a drive name or a native path; std::nullopt when dismissed.
   virtual std::optional<std::string> File_Dialog(const FileQuestion& question) = 0;
 
-  /// A tone: hertz, milliseconds.
+  /// A tone: frequency in hertz, duration in milliseconds.
   virtual void Beep(int frequency, int duration) = 0;
 
   virtual void Clear_Clipboard() = 0;
   virtual void Copy_To_Clipboard(const PaneBitmap& picture) = 0;
 
-  /// Lets waiting events run; another command can begin and end inside this call.
+  /// Runs waiting events; another command may begin and end inside this call.
   virtual void Service_Events() = 0;
 
-  /// Seconds on a clock that only runs forward.
+  /// Seconds on a monotonic clock.
   virtual double Clock() = 0;
 
-  /// Uniform in [0, 1).
+  /// Uniform random number in [0, 1).
   virtual double Random() = 0;
 
-  /// Reports a failure that ended the command or event handler of that name.
+  /// Reports an error that ended the command or event handler of that name.
   virtual void Report_Error(std::string_view command, std::string_view text,
                             std::string_view native_path) = 0;
 
-  /// The operator confirmed the exit: no further event is to be handled.
+  /// The operator confirmed the exit: no further events must be handled.
   virtual void End_Session() = 0;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Heights of the triangulated models of the block, metres. Hints and misses: tin_lookup.h.
+// Heights of the block's triangulated models, metres. Hints and misses: tin_lookup.h.
 #pragma once
 
 #include "heightmodels/tin_lookup.h"
@@ -18,7 +18,7 @@ inline double Get_Tin_Chm_Elevation(const Workspace& w, double X, double Y, std:
   return Tin_Chm_Elevation(w.TinChm, X, Y, hint);
 }
 
-/// -99 outside the model or without one. tiles: what was read of the tile files so far.
+/// -99 outside the model or without one. tiles: the part of the tile files read so far.
 inline double Get_Tin_Elevation_Tiled(const Workspace& w, double X, double Y, std::int32_t& hint,
                                       TinTiles& tiles) {
   return Tin_Elevation_Tiled(w.TinDem, X, Y, hint, tiles);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The block: the one process-wide state that every command reads and writes. It lives from
-// start to exit; nothing of it is saved.
+// The block: the one process-wide state that every command reads and writes. It lives from start to
+// exit; nothing in it is saved.
 //
 // Image and pane indices start at 0; image k always shows in pane k.
 #pragma once
@@ -38,7 +38,7 @@ namespace sylvomex {
 
 /// The options of the options window, with their start values.
 struct Options {
-  double EpipolarZDepth = 5.0;     // metres, to either side of the solution
+  double EpipolarZDepth = 5.0;     // metres on either side of the solution
   double StepLength = 1.0;         // metres
   double RmseBeepOneLevel = 30.0;  // micrometres
   double RmseBeepTwoLevel = 60.0;
@@ -55,7 +55,7 @@ struct Options {
   bool AutoEpipolar = true;
 };
 
-/// Check marks of the menus State and Window, by the items' names.
+/// Check marks of the menus State and Window, named after the items.
 struct MenuChecks {
   bool Draw_Polygon = false;
   bool Draw_XYZ_Polygon = false;
@@ -69,10 +69,10 @@ struct MenuChecks {
 struct CrownClicks {
   bool CrownClickOne = false;
   bool CrownClickTwo = false;
-  double CrownPointOneX = 0, CrownPointOneY = 0;  // pane pixels, kept to single precision
+  double CrownPointOneX = 0, CrownPointOneY = 0;  // pane pixels, rounded to single precision
   double CrownPointTwoX = 0, CrownPointTwoY = 0;
-  double CrownPixelSize = 0;  // metres on the plane of the solution
-  double CrownWidth = 0;      // metres, by the pixel size
+  double CrownPixelSize = 0;  // metres on the horizontal plane of the solution
+  double CrownWidth = 0;      // metres, computed with the pixel size
 };
 
 struct Workspace {
@@ -93,7 +93,7 @@ struct Workspace {
   std::int16_t PaneWidth = 0;
   std::int16_t PaneHeight = 0;
   RawFileCache RawFiles;
-  std::vector<FollowedImage*> FollowedImages;  // of the commands under way
+  std::vector<FollowedImage*> FollowedImages;  // of the running commands
 
   Point3D Solution3D;
   bool SolutionValid = false;
@@ -124,7 +124,7 @@ struct Workspace {
   TinModel TinChm;
   bool TinDemLoaded = false;
 
-  PulseTable LidarPulses;  // of the tile that was read last
+  PulseTable LidarPulses;  // pulses of the tile read last
   std::vector<LidarPoint> LidarPoints;
   double LidarPlotScale = 0;
   double PlotPageScale = 0;

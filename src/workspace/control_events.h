@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Events of text boxes, check boxes and buttons.
+// Events of text boxes, check boxes, option buttons and buttons.
 #pragma once
 
 #include <string>
@@ -9,22 +9,22 @@
 
 namespace sylvomex {
 
-/// Runs the handler of a control, or of the window itself; nothing where the table has none.
+/// Runs the handler of a control, or of the window itself; does nothing when the table has none.
 EventOutcome Tell_Control(Workspace& w, const WindowRow& window, const std::string& control,
                           Happening happening, const ControlEvent& event);
 
 /// The control of a window, monostate when it has none of that name.
 AnyControl Control_Of(Workspace& w, const WindowRow& window, const ControlName& control);
 
-/// Types into a text box, sets a check box ("0" or "1") or chooses an option button ("1"), with
-/// the click event that a change fires. UnknownName for anything else.
+/// Types into a text box, sets a check box ("0" or "1") or chooses an option button ("1"), with the
+/// click event fired by a change. UnknownName for anything else.
 EventOutcome Set_Control(Workspace& w, const WindowRow& window, const ControlName& control,
                          const std::string& text);
 
 /// Presses a button, or Enter in a text box. UnknownName for anything else.
 EventOutcome Press_Control(Workspace& w, const WindowRow& window, const ControlName& control);
 
-/// A key reaches the control that has the focus ("Text3(0)", or empty); Enter presses it.
+/// Sends a key to the focused control ("Text3(0)", or empty for none); Enter presses it.
 EventOutcome Key_In_Control(Workspace& w, const WindowRow& window, const std::string& focus,
                             const ControlEvent& key);
 

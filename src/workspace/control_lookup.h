@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Windows and controls by their names.
+// Look-up of windows and controls by name.
 #pragma once
 
 #include <optional>
@@ -13,8 +13,8 @@ namespace sylvomex {
 
 struct Workspace;
 
-/// "Text1(3)" is name "Text1", index 3; a name without parentheses has index kNoIndex. Nothing
-/// when the text is not of that form.
+/// "Text1(3)" is name "Text1", index 3; a name without parentheses has index kNoIndex. std::nullopt
+/// when the text does not have that form.
 struct ControlName {
   std::string name;
   int index = kNoIndex;
@@ -27,7 +27,7 @@ std::string Control_Name_Text(std::string_view name, int index);
 /// The control of a window, monostate when there is none of that name.
 AnyControl Find_Control(Workspace& w, std::string_view form, const ControlName& control);
 
-/// The window record, null for a window that does not exist.
+/// The window's record; nullptr for a window that does not exist.
 Form* Find_Form(Workspace& w, std::string_view form);
 
 }  // namespace sylvomex

@@ -25,7 +25,7 @@ void Drop_Hourglasses(Workspace& w) {
   }
 }
 
-// Whatever ends a handler early leaves no hourglass behind.
+// Removes the hourglass however a handler ends.
 class PointerGuard {
  public:
   explicit PointerGuard(Workspace& w) : w_(w) {}
@@ -89,7 +89,7 @@ ControlEvent Pointer_At(const OperatorEvent& event, int index) {
   return {index, event.button, event.shift, 0, event.x, event.y};
 }
 
-/// What the pointer is on: a picture that is shown, or the window itself.
+/// The target of a pointer event: a visible picture, or the window itself.
 ControlName Pointer_Target(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
   if (event.control.empty()) return {kWindowItself, kNoIndex};
   const ControlName name = Require_Name(event);
@@ -133,7 +133,7 @@ bool Is_Key_Of(const MenuRow& row, const OperatorEvent& event) {
   return row.key_code != 0 && row.key_code == event.key_code && row.key_shift == event.shift;
 }
 
-// The window sees the key first, then the menu's accelerators, then the control in focus.
+// Order of a key: the window's handler, the menu's accelerators, the focused control.
 EventOutcome Key(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
   ControlEvent key;
   key.key_code = event.key_code;

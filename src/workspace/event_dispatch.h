@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// From an event of the operator to the handlers in the table of windows.
+// Dispatch of operator events to the handlers in the table of windows.
 #pragma once
 
 #include <functional>
@@ -13,22 +13,22 @@ namespace sylvomex {
 enum class EventOutcome {
   Done,
   Greyed,  // the menu item is greyed and was not run
-  Error,   // the command ended in a failure, which Screen::Report_Error has shown
+  Error,   // the command ended in an error, already shown by Screen::Report_Error
 };
 
-/// Runs the handler of an event to its end. A failure that passes the handler is caught here,
-/// shown once through Screen::Report_Error, and leaves no pointer shape behind. Raises
+/// Runs the handler of an event to its end. An exception that leaves the handler is caught here,
+/// shown once through Screen::Report_Error, and the normal pointer is restored. Throws
 /// UnknownName only.
 EventOutcome Handle_Event(Workspace& w, const OperatorEvent& event);
 
-/// The same for an event of a window that is at hand.
+/// The same for an event of a known window.
 EventOutcome Handle_Window_Event(Workspace& w, const WindowRow& window, const OperatorEvent& event);
 
-/// Runs a handler with the failure report that every event has, under the handler's name.
+/// Runs a handler with the error report that every event has, under the handler's name.
 EventOutcome Run_Handler(Workspace& w, const std::string& name,
                          const std::function<void()>& handler);
 
-/// What the close button in a window's title bar does.
+/// The event that stands for the close button in a window's title bar.
 OperatorEvent Close_Event(const WindowRow& window);
 
 }  // namespace sylvomex

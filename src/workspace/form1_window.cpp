@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The main window in the table of windows.
+// The main window's rows in the table of windows.
 #include "workspace/form_resize.h"
 #include "workspace/keys.h"
 #include "workspace/menu_modes.h"

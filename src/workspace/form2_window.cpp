@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The options window in the table of windows.
+// The options window's rows in the table of windows.
 #include "workspace/options_window.h"
 #include "workspace/window_table.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The window of the observation record in the table of windows.
+// The observation record window's rows in the table of windows.
 #include "commands/solver/observation_window.h"
 #include "workspace/window_table.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The about window in the table of windows.
+// The about window's rows in the table of windows.
 #include "workspace/options_window.h"
 #include "workspace/window_table.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The evaluation window in the table of windows.
+// The evaluation window's rows in the table of windows.
 #include "commands/evaluation/results_window.h"
 #include "workspace/window_table.h"
 

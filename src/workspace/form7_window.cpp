@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The window of the distance record in the table of windows.
+// The distance record window's rows in the table of windows.
 #include "commands/solver/distance_window.h"
 #include "workspace/operator_event.h"
 #include "workspace/window_table.h"

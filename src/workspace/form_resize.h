@@ -5,7 +5,7 @@ namespace sylvomex {
 
 struct Workspace;
 
-/// Sizes and places the panes for the present client size and renders them again around the
+/// Resizes and places the panes for the current client size and renders them again around the
 /// solution or the start positions.
 void Form_Resize(Workspace& w);
 

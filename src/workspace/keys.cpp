@@ -82,7 +82,8 @@ void Form_KeyDown(Workspace& w, int key_code, int shift) {
   for (int index = 0; index < 4; ++index) {
     if (key_code == '1' + index || key_code == kKeyPadOne + index) Choose_Species(w, index);
   }
-  // A lower-case letter's code is that of another key, which moves the solution as well.
+  // Key codes of letters are upper case. A lower-case letter's value is the code of another key,
+  // which moves the solution as well (required).
   for (const char letter : {'U', 'D', 'W', 'E', 'N', 'S'}) {
     if (key_code == letter || key_code == letter - 'A' + 'a') Move_Solution(w, letter);
   }

@@ -5,7 +5,7 @@ namespace sylvomex {
 
 struct Workspace;
 
-/// Sees every key of the main window first, whichever control has the focus. Key codes as in
+/// Receives every key of the main window first, whichever control has the focus. Key codes as in
 /// OperatorEvent.
 void Form_KeyDown(Workspace& w, int key_code, int shift);
 

@@ -56,7 +56,7 @@ void Zoom_To(Workspace& w) {
   Zoom_All_Images(w, static_cast<double>(Numerator) / Denominator);
 }
 
-// The one zoom that reads many rows shows the hourglass.
+// Only this zoom reads enough rows to need the hourglass.
 void Zoom_To_Tenth(Workspace& w) {
   const HourglassGuard hourglass(w);
   Zoom_To<1, 10>(w);

@@ -15,11 +15,11 @@ enum class MenuRole {
   Command,   // has a handler
   NoAction,  // an item that does nothing
   Separator,
-  NotBuilt,  // a command that is not built yet: choosing it says so
+  NotBuilt,  // not implemented yet: choosing it reports so
 };
 
 struct MenuRow {
-  int level = 0;  // 0 stands in the menu bar
+  int level = 0;  // 0: in the menu bar
   const char* name = "";
   const char* caption = "";
   int key_code = 0;   // accelerator, 0 for none
@@ -33,23 +33,22 @@ struct MenuRow {
 /// The 127 rows of the main window, in menu order.
 std::span<const MenuRow> Main_Menu();
 
-/// The row of that name, null when there is none.
+/// The row of that name; nullptr when there is none.
 const MenuRow* Find_Menu_Row(std::span<const MenuRow> rows, std::string_view name);
 
-/// The row of that name in the menu of a window ("Form3"), null when there is none.
+/// The row of that name in a window's menu ("Form3"); nullptr when there is none.
 const MenuRow* Find_Menu_Row(std::string_view form, std::string_view name);
 
 /// "Ctrl+I", "Shift+F12", "F2", or "".
 std::string Key_Text(const MenuRow& row);
 
-/// Runs the command of a row, greyed or not; one that is not built yet says so.
+/// Runs the command of a row, greyed or not; a command not implemented yet reports so.
 void Run_Menu_Row(Workspace& w, const MenuRow& row);
 
-/// Run_Menu_Row for a command of the main menu. RunTimeError(BadContent) for a name that it does
-/// not have.
+/// Run_Menu_Row for a command of the main menu. RunTimeError(BadContent) for an unknown name.
 void Run_Menu_Command(Workspace& w, std::string_view name);
 
-/// One message that the named command is not built yet.
+/// Reports in one message that the named command is not implemented yet.
 void Say_Not_Built(Workspace& w, std::string_view caption);
 
 }  // namespace sylvomex

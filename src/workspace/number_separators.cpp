@@ -19,7 +19,7 @@ std::string First_Line(char decimal) {
   return line + "\n";
 }
 
-// Splits at the list separator of the settings, as the list reader does at the comma.
+// Splits at the settings' list separator, as the list reader does at a comma.
 bool Reads_One_Two_Three(std::string line, char list) {
   std::replace(line.begin(), line.end(), ',', '\x1f');
   std::replace(line.begin(), line.end(), list == ',' ? '\x1f' : list, ',');

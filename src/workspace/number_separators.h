@@ -5,15 +5,15 @@ namespace sylvomex {
 
 struct Workspace;
 
-/// The separators with which the process writes and reads numbers. The system's own number
-/// text always uses these; tests hand in others.
+/// The separators with which the process writes and reads numbers. The system's own number text
+/// always uses the defaults; tests pass others.
 struct NumberSeparators {
   char decimal = '.';
   char list = ',';
 };
 
-/// Writes numbers to a scratch file and reads them back, with one message for each separator
-/// that is not the one the system's files use. Only informs.
+/// Writes numbers to a scratch file and reads them back; shows one message for each separator that
+/// differs from that of the system's files. It only informs.
 void Run_Locale_Test(Workspace& w, NumberSeparators separators = {});
 
 }  // namespace sylvomex

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Everything that an operator can do, as data. The desktop makes these records from widget
-// events, scripts from their steps, and the recorder writes them down: there is one path
-// into the commands, event_dispatch.h.
+// Every possible operator input, as data. The desktop makes these records from widget
+// events, scripts make them from their steps, and the recorder writes them: all of them reach
+// the commands through event_dispatch.h.
 #pragma once
 
 #include <stdexcept>
@@ -23,15 +23,15 @@ struct OperatorEvent {
     Press,        // form, control: presses a button, or Enter in a text box
     Click,        // form, control (empty: the form itself), button, shift, x, y: presses and
                   // releases the pointer
-    DoubleClick,  // what the picture does on a double click, or else two clicks
+    DoubleClick,  // a double click on a picture that handles it, else two clicks
     Move,         // form, control (empty: the form itself), x, y
     Key,          // form, key_code, shift
     Resize,       // form, x by y client pixels
-    Close,        // form: closes it as its title bar does
+    Close,        // form: as the title bar's close button
   };
   Kind kind = Kind::Menu;
   std::string form = "Form1";
-  std::string control;  // with its index: "Picture1(0)"
+  std::string control;  // including its index: "Picture1(0)"
   std::string text;
   int button = kLeftButton;
   int shift = 0;     // bit mask: kShift, kCtrl, kAlt

@@ -13,7 +13,7 @@ void Give_Back_Main_Window(Workspace& w) {
   Set_Focus(w.Form1, "");
 }
 
-// Row by row: the rows before a bad one have then changed already.
+// Row by row: when a row is invalid, the rows before it have already changed.
 void Take_Options(Workspace& w) {
   const Form2State& form = w.Form2;
   Options& options = w.options;

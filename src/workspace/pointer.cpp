@@ -14,7 +14,7 @@
 namespace sylvomex {
 namespace {
 
-// A click that a polygon mode takes; anything else is ignored while the mode is on.
+// While a polygon mode is on, only its own clicks have an effect.
 void Polygon_Click(Workspace& w, int pane, int button, int shift, double px, double py) {
   if (button == kRightButton && shift == 0) {
     Start_Polygon(w, pane, px, py);

@@ -16,14 +16,14 @@ namespace {
 
 constexpr Colour kSecondEnd{125, 255, 50};
 
-// Metres of film along a pixel row.
+// Film distance of one pixel along a row, metres.
 double Film_Per_Pixel(const ImageRecord& image) {
   return Quotient(1, image.AffineA1,
                   "image " + Plain_Text(image.ImageId) + ": the affine coefficient A1 is 0");
 }
 
-// Ground position of the pointer on the solution's plane, X and Y 0 for a level ray, and whose
-// width it is.
+// Stores whose width is measured and returns the ground position of the pointer on the solution's
+// horizontal plane; X and Y are 0 for a horizontal ray.
 Point3D Identify_And_Locate(Workspace& w, int pane, double px, double py) {
   XYDistanceEntry& entry = w.XYDistanceEntries(pane);
   entry.Index = static_cast<std::uint8_t>(pane);
@@ -107,7 +107,7 @@ void Crown_Width_Click(Workspace& w, int pane, double px, double py) {
       Complete_Pair(w, pane);
     }
   } catch (const RunTimeError&) {
-    // The pair is over: the next click is a first one again.
+    // The pair is complete: the next click is a first one again.
     w.Crown.CrownClickOne = false;
     w.Crown.CrownClickTwo = false;
     throw;

@@ -5,7 +5,7 @@ namespace sylvomex {
 
 struct Workspace;
 
-/// Takes the pointed position as the film observation of the pane's image.
+/// Takes the pointer position as the film observation of the pane's image.
 void Measuring_Click(Workspace& w, int pane, double px, double py);
 
 }  // namespace sylvomex

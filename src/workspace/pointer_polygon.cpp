@@ -16,8 +16,8 @@ namespace {
 
 struct Vertex {
   PixelPosition pixel;
-  FilmPosition film;  // computed with the ground position only
-  Point3D ground;     // at the solution's height; X and Y are 0 for a level ray
+  FilmPosition film;  // set together with the ground position only
+  Point3D ground;     // at the solution's height; X and Y are 0 for a horizontal ray
 };
 
 Vertex Vertex_At(Workspace& w, int pane, double px, double py) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Drawing a polygon on a pane. Its vertices live in the polyline files.
+// Drawing a polygon on a pane. Its vertices are stored in the polyline files.
 #pragma once
 
 namespace sylvomex {

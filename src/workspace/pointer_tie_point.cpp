@@ -21,7 +21,7 @@ void Mark_Tie_Point(Workspace& w, int image, double col, double row, std::int32_
   w.screen->Service_Events();
 }
 
-// Rows of the file turn with the height of the clicked image.
+// The file's rows are flipped with the height of the clicked image.
 void Show_Tie_Points(Workspace& w, int clicked_image, const FilePath& path) {
   ListReader file(path);
   while (!file.At_End()) {
@@ -44,12 +44,13 @@ void Tie_Point_Click(Workspace& w, int pane, double px, double py) {
   const double top_down_row = Pane_To_Top_Down_Row(image, view, py);
   if (w.TiePointFileLeftOpen) throw RunTimeError(Failure::FileAlreadyOpen, kTiePointFile);
   const FilePath path = w.Drives.Locate(kTiePointFile);
-  Append_To_File(path, "");  // fails before the question when the file cannot be opened
+  Append_To_File(path, "");  // throws before the question when the file cannot be opened
   const auto answer = w.screen->Input_Box("Give Point Id");
   if (!answer) return;
   const std::int32_t point_id = Parse_Int32(*answer);
   if (point_id < 0) {
-    // The file stays open after a negative answer, so that the next tie point fails.
+    // After a negative answer the file stays open, so the next tie point fails (required
+    // behaviour).
     w.TiePointFileLeftOpen = true;
     return;
   }

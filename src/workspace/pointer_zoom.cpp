@@ -11,10 +11,10 @@
 namespace sylvomex {
 namespace {
 
-constexpr double kZoomedIn = 0.99;  // from here on zooms count in whole steps
+constexpr double kZoomedIn = 0.99;  // from here on the zoom changes in integer steps
 constexpr double kAboveOne = 1.01;
 
-// Under the hourglass; afterwards the pane shows the given pointer.
+// Shows the hourglass while zooming; afterwards the pane has the given pointer.
 void Zoom_With_Hourglass(Workspace& w, int pane, double zoom_x, double zoom_y,
                          PointerShape afterwards) {
   const HourglassGuard hourglass(w.Form1.Picture1(pane), afterwards);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The windows of the workstation, each told once: its record, its controls, its menu, what its
-// controls do, and what closing it does. Look-up by name, dispatch, widgets and scripts are made
+// The windows of the workstation, each described once: its record, its controls, its menu, its
+// handlers, and what closing it does. Look-up by name, dispatch, widgets and scripts are generated
 // from these rows.
 #pragma once
 
@@ -13,24 +13,24 @@
 
 namespace sylvomex {
 
-/// What can reach a control or the window itself.
+/// The events of a control or of the window itself.
 enum class Happening {
-  Click,      // a button was pressed, or a tick box has changed
+  Click,      // a button was pressed, or a check box changed
   KeyPress,   // Enter in a text box
-  KeyDown,    // of the window: every key, before the menu; of a control that has the focus: a key
-              // that the menu leaves, before the control takes it
-  MouseDown,  // the pointer is pressed on a picture or on the bare window
-  DblClick,   // the second press on a picture; without such a handler it is a MouseDown
-  MouseMove,  // the pointer moves over a control or the bare window
-  Resize,     // the window has a new client size; a window with this handler can be resized
+  KeyDown,    // of the window: every key, before the menu; of a focused control: a key not used by
+              // the menu, before the control handles it
+  MouseDown,  // the pointer was pressed on a picture or on the window's background
+  DblClick,   // second press on a picture; without this handler it is a MouseDown
+  MouseMove,  // the pointer moves over a control or the window's background
+  Resize,     // new client size; windows with this handler are resizable
 };
 
 struct ControlEvent {
-  int index = kNoIndex;  // of a control of an array
+  int index = kNoIndex;  // within an array of controls
   int button = 0;        // kLeftButton, kRightButton
   int shift = 0;         // mask of kShift, kCtrl, kAlt
   int key_code = 0;      // as in OperatorEvent
-  double x = 0, y = 0;   // pane pixels; of the window itself: client pixels
+  double x = 0, y = 0;   // pane pixels; client pixels for the window itself
 };
 
 inline constexpr const char* kWindowItself = "";
@@ -47,21 +47,21 @@ struct WindowRow {
   Form& (*record)(Workspace& w) = nullptr;
   std::span<const MenuRow> menu;
   std::span<const HandlerRow> handlers;
-  const char* closing = "";  // the menu item or button that the title bar's close stands for;
-                             // without one, closing hides the window
+  const char* closing = "";  // the menu item or button that the title bar's close button triggers;
+                             // if empty, closing hides the window
 };
 
 /// All windows, the main one first.
 std::span<const WindowRow> All_Windows();
 
-/// Null for a window that does not exist.
+/// nullptr for a window that does not exist.
 const WindowRow* Find_Window(std::string_view name);
 
-/// The handler of a control (name without index) or of the window itself; null for none.
+/// The handler of a control (name without index) or of the window itself; nullptr for none.
 const HandlerRow* Find_Handler(const WindowRow& window, std::string_view control,
                                Happening happening);
 
-/// A handler's name for failures: "Command1_Click", "Form_Resize".
+/// A handler's name in error messages: "Command1_Click", "Form_Resize".
 std::string Handler_Name(const HandlerRow& handler);
 
 /// The record of a window, for the rows of All_Windows.
@@ -70,7 +70,7 @@ Form& Record(Workspace& w) {
   return w.*Member;
 }
 
-/// Runs a command that needs nothing of the event, or only the index of its control.
+/// Adapts a command that needs nothing from the event, or only the index of its control.
 template <auto Command>
 void Run(Workspace& w, [[maybe_unused]] const ControlEvent& event) {
   if constexpr (std::invocable<decltype(Command), Workspace&, int>) {
@@ -80,7 +80,7 @@ void Run(Workspace& w, [[maybe_unused]] const ControlEvent& event) {
   }
 }
 
-// The rows of the table, each in the file of its window.
+// The table's rows, one source file per window.
 WindowRow Form1_Window();
 WindowRow Form2_Window();
 WindowRow Form3_Window();

@@ -20,7 +20,8 @@ namespace {
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
-/// The volume's value of image 3 tells where it was read; every other image holds 9.
+/// Image 3 of the volume holds values that identify their column and row; every other image holds
+/// 9.
 const std::vector<double>& Telling_Volume() {
   static const std::vector<double> volume = [] {
     std::vector<double> v(std::size_t{kVolumeImages} * kVolumeSide * kVolumeSide, 9);
@@ -34,8 +35,8 @@ const std::vector<double>& Telling_Volume() {
 
 float Told(int col, int row) { return static_cast<float>(1 + col + kVolumeSide * row); }
 
-/// A camera 1000 m above the origin that looks straight down: c 0.1 m, 10 micrometre pixels, so
-/// 0.1 m of ground at height 0 is a pixel; the pixel of the nadir is (500, 700).
+/// A camera 1000 m above the origin looking straight down: c 0.1 m, 10 micrometre pixels, so one
+/// pixel is 0.1 m of ground at height 0; the nadir is at pixel (500, 700).
 PatchProjection Straight_Down() {
   PatchProjection projection;
   projection.m = {1, 0, 0, 0, 1, 0, 0, 0, 1};
@@ -83,7 +84,7 @@ TEST(BackProjection, KappaTurnsTheImage) {
 
 TEST(BackProjection, TakesTheNearestPixelHalfToEven) {
   PatchProjection s = Straight_Down();
-  s.affine = {0, 0, 0, 0, 0, 700};  // every point at one place
+  s.affine = {0, 0, 0, 0, 0, 700};  // every point at one pixel
   const std::pair<double, int> columns[] = {{0.5, 0},  {1.5, 2},       {2.5, 2},
                                             {2.49, 2}, {2.51, 3},      {-0.5, 0},
                                             {-0.4, 0}, {1200.5, 1200}, {1200.4, 1200}};
@@ -118,7 +119,7 @@ TEST(BackProjection, PointInThePlaneOfTheProjectionCentreGivesZero) {
   EXPECT_EQ(Project(Straight_Down(), {0, 0, 1000}), 0);
 }
 
-TEST(BackProjection, PointThatIsNoPlaceGivesZero) {
+TEST(BackProjection, NaNAndInfinitePointsGiveZero) {
   for (const double bad : {kNan, kInfinity, -kInfinity, 1e308}) {
     EXPECT_EQ(Project(Straight_Down(), {bad, 10, 0}), 0) << bad;
     EXPECT_EQ(Project(Straight_Down(), {20, bad, 0}), 0) << bad;
@@ -133,11 +134,11 @@ TEST(BackProjection, CameraWithoutPrincipalDistanceGivesZero) {
   EXPECT_EQ(Project(s, {20, 10, 0}), 0);
 }
 
-TEST(BackProjection, EmptyMeshIsNoFault) {
+TEST(BackProjection, EmptyMeshIsNotAnError) {
   EXPECT_TRUE(Project(Straight_Down(), std::vector<Point3D>{}).empty());
 }
 
-TEST(BackProjection, WrongSizesAreRefused) {
+TEST(BackProjection, WrongSizesAreRejected) {
   const PatchProjection s = Straight_Down();
   const std::vector<Point3D> mesh(3);
   std::vector<float> scores(3);
@@ -163,7 +164,7 @@ std::vector<Point3D> Random_Mesh(std::size_t count) {
 
 constexpr double kOmega = 0.02, kPhi = -0.03, kKappa = 2.1;
 
-/// Rotations one after the other about X, Y and Z, then collinearity, in long double.
+/// Rotations about X, Y and Z in sequence, then collinearity, in long double.
 std::array<long double, 2> Tilted_Pixel(const PatchProjection& s, const Point3D& p) {
   long double X = p.X - s.X0, Y = p.Y - s.Y0, Z = p.Z - s.Z0;
   const auto turn = [](double angle, long double& a, long double& b) {
@@ -197,7 +198,7 @@ PatchProjection Tilted() {
 
 using BackProjectionUnits = OnEveryVectorUnit;
 
-TEST_F(BackProjectionUnits, TiltedCameraReadsThePixelOfTheTurnedRay) {
+TEST_F(BackProjectionUnits, TiltedCameraReadsThePixelOfTheRotatedRay) {
   const PatchProjection s = Tilted();
   const std::vector<Point3D> mesh = Random_Mesh(3001);
   Run([&] {
@@ -224,9 +225,9 @@ TEST_F(BackProjectionUnits, EveryUnitAndNumberOfThreadsGivesTheSameBits) {
   });
 }
 
-TEST_F(BackProjectionUnits, TiesFallAsTheCollinearityEquationsRoundThem) {
-  // Two pixels a metre, points every half metre: all lie half way between two pixels, and the
-  // last bit of (-c) dX / q decides; another order of the same product decides otherwise.
+TEST_F(BackProjectionUnits, TiesFollowTheRoundingOfTheCollinearityEquations) {
+  // Two pixels per metre, points every half metre: all lie half way between two pixels, and the
+  // last bit of (-c) dX / q decides; another order of the same product would decide differently.
   PatchProjection s = Straight_Down();
   s.affine = {16000, 0, 600.5, 0, 16000, 600.5};
   s.Z0 = 800;
@@ -272,7 +273,7 @@ TEST(GeometricMean, ProductBelowZeroAndNaNGiveZero) {
   EXPECT_EQ(Mean({{std::numeric_limits<float>::quiet_NaN()}, {0.5F}})[0], 0);
 }
 
-TEST(GeometricMean, NoImagesTooManyAndShortSpansAreRefused) {
+TEST(GeometricMean, NoImagesTooManyAndShortSpansAreRejected) {
   std::vector<float> scores(2);
   const std::vector<float> two(2), one(1);
   EXPECT_THROW(Geometric_Mean_Scores({}, scores), RunTimeError);
@@ -289,7 +290,7 @@ Images Random_Values(std::size_t images, std::size_t count) {
   for (auto& image : values) {
     for (float& v : image) v = value(random);
   }
-  // The least product that is not 0, and the largest.
+  // The smallest non-zero product and the largest.
   for (auto& image : values) {
     image[0] = std::nextafter(-1.0F, 0.0F);
     image[1] = 1;
@@ -299,7 +300,7 @@ Images Random_Values(std::size_t images, std::size_t count) {
 
 using GeometricMeanUnits = OnEveryVectorUnit;
 
-TEST_F(GeometricMeanUnits, FollowsThePowerToTheLastBit) {
+TEST_F(GeometricMeanUnits, MatchesThePowerFunctionToTheLastBit) {
   Run([] {
     for (std::size_t images = 1; images <= 9; ++images) {
       const Images values = Random_Values(images, 2003);
@@ -324,7 +325,7 @@ TEST_F(GeometricMeanUnits, EveryUnitAndNumberOfThreadsGivesTheSameBits) {
   });
 }
 
-/// The sum over half a million points that another program found.
+/// Expected sum over half a million points computed by an independent program.
 TEST(BackProjection, SumOfALargeMeshIsThatOfAnIndependentProgram) {
   constexpr std::size_t kPoints = 500000;
   const std::vector<Point3D> mesh = bench::Mesh(kPoints);

@@ -12,7 +12,7 @@
 namespace sylvomex {
 namespace {
 
-/// The grid beside the means that it should know.
+/// The grid together with the means that it should contain.
 class GridAndMeans {
  public:
   explicit GridAndMeans(double distance) : grid_(distance), limit_(distance * distance) {}
@@ -70,7 +70,7 @@ TEST(ClusterGrid, CrowdThatDispersesIsStillFound) {
   }
 }
 
-TEST(ClusterGrid, MeanThatIsNoPlaceIsNotFoundUntilItComesBack) {
+TEST(ClusterGrid, NaNMeanIsNotFoundUntilItIsFiniteAgain) {
   GridAndMeans both(1.5);
   both.Add(1, 1);
   for (const double bad : {std::nan(""), std::numeric_limits<double>::infinity()}) {

@@ -27,7 +27,7 @@ struct Cluster {
 
 struct Input {
   std::vector<Point3D> mesh;
-  std::vector<float> scores = {0};  // entry 0 is free
+  std::vector<float> scores = {0};  // entry 0 is unused
   double distance = 1.5, limit = 0.3;
 
   void Add(double X, double Y, double Z, double score) {
@@ -53,7 +53,7 @@ std::vector<Cluster> Find(const Input& in) {
   return found;
 }
 
-/// The rule as it reads: every point looks at every cluster.
+/// The definition, literally: every point is compared with every cluster.
 std::vector<Cluster> Find_By_Walking(const Input& in) {
   std::vector<std::int32_t> index(in.scores.size());
   MYFUNC_INDEXX(in.scores, index);
@@ -123,7 +123,7 @@ TEST(Clusters, BestPointStartsTheFirst) {
   EXPECT_EQ(found[1].weight, 0.5);
 }
 
-TEST(Clusters, HeightDoesNotPart) {
+TEST(Clusters, HeightDoesNotSeparate) {
   Input in;
   in.Add(0, 0, 0, 2);
   in.Add(0.5, 0.5, 100, 1.5);
@@ -139,7 +139,7 @@ TEST(Clusters, PointAtTheDistanceStartsItsOwn) {
   EXPECT_EQ(Find(in).size(), 1U);
 }
 
-TEST(Clusters, LimitItselfCounts) {
+TEST(Clusters, PointAtTheScoreLimitCounts) {
   Input in;
   in.limit = 0.25;
   in.Add(0, 0, 0, 1.25);
@@ -147,7 +147,7 @@ TEST(Clusters, LimitItselfCounts) {
   EXPECT_EQ(Find(in).size(), 1U);
 }
 
-TEST(Clusters, MeanMovesAndTakesWhatTheFirstPointWouldNot) {
+TEST(Clusters, MeanMovesAndTakesAPointTooFarFromTheFirst) {
   Input in;
   in.Add(0, 0, 0, 2);
   in.Add(1.4, 0, 0, 1.9999);  // mean moves to about 0.7
@@ -196,7 +196,7 @@ TEST(Clusters, CountOfZeroOrLessGivesNone) {
   EXPECT_EQ(MYFUNC_FINDCLUSTERS({-4, {}, {}, {}}, 1.5, 0.3, {weights, sums, members}), 0);
 }
 
-TEST(Clusters, NoDistanceLetsNoPointJoin) {
+TEST(Clusters, DistanceOfZeroLetsNoPointJoin) {
   for (const double distance : {0.0, -1.5, kNan, -kInfinity}) {
     Input in;
     in.distance = distance;
@@ -205,26 +205,27 @@ TEST(Clusters, NoDistanceLetsNoPointJoin) {
   }
 }
 
-TEST(Clusters, EndlessDistanceJoinsAll) {
+TEST(Clusters, InfiniteDistanceJoinsAll) {
   Input in;
   in.distance = kInfinity;
   for (int k = 0; k < 50; ++k) in.Add(1e7 * k, -1e6 * k, 0, 1.5);
   EXPECT_EQ(Find(in).size(), 1U);
 }
 
-TEST(Clusters, AtMostTwoThousandAndLaterStartersArePassedOver) {
+TEST(Clusters, AtMostTwoThousandAndLaterStartersAreSkipped) {
   Input in;
   for (int k = 0; k < 2300; ++k) in.Add(2515000 + 3.0 * (k % 60), 6859000 + 3.0 * (k / 60), 0, 2);
   for (int k = 0; k < 2300; ++k) in.Add(2515000 + 3.0 * (k % 60), 6859000 + 3.0 * (k / 60), 0, 1.5);
   const auto found = Find(in);
   ASSERT_EQ(found.size(), 2000U);
-  // Equal scores are walked from the last: points 300 to 2299 start, and get their second one.
+  // Equal scores are visited from the last: points 300 to 2299 start clusters and get their second
+  // member.
   for (const Cluster& c : found) EXPECT_EQ(c.members, 2);
   EXPECT_EQ(found[0].sum.Y / found[0].weight, 6859000 + 3.0 * (2299 / 60));
   EXPECT_EQ(found[1999].sum.Y / found[1999].weight, 6859000 + 3.0 * (300 / 60));
 }
 
-TEST(Clusters, NaNScoresArePassedOver) {
+TEST(Clusters, NaNScoresAreSkipped) {
   Input in;
   in.Add(0, 0, 0, kNan);
   in.Add(9, 0, 0, 1.5);
@@ -233,7 +234,7 @@ TEST(Clusters, NaNScoresArePassedOver) {
   EXPECT_EQ(found[0].sum.X / found[0].weight, 9);
 }
 
-TEST(Clusters, IndexThatNamesNoPointIsRefused) {
+TEST(Clusters, IndexOutsideTheMeshIsRejected) {
   const std::vector<Point3D> mesh(2);
   const std::vector<float> scores = {0, 2, 2};
   std::vector<double> weights(2001);
@@ -247,7 +248,7 @@ TEST(Clusters, IndexThatNamesNoPointIsRefused) {
   }
 }
 
-TEST(Clusters, ShortSpansAreRefused) {
+TEST(Clusters, ShortSpansAreRejected) {
   const std::vector<Point3D> mesh(2);
   const std::vector<float> scores = {0, 2, 2};
   const std::vector<std::int32_t> index = {0, 1, 2};
@@ -280,15 +281,15 @@ Input Random_Input(const Spread& spread, std::uint32_t seed, double X, double Y)
   return in;
 }
 
-TEST(Clusters, RandomPointsClusterAsByWalking) {
+TEST(Clusters, RandomPointsClusterAsByLinearSearch) {
   const Spread spreads[] = {{50, 1.5, 0.3, 6000},   // a plot
-                            {500, 1.5, 0, 6000},    // above 2000 clusters, rolled-up cells
+                            {500, 1.5, 0, 6000},    // above 2000 clusters, cell numbers wrap around
                             {3, 1.5, 0, 3000},      // few
                             {1, 0.04, 0, 6000},     // narrow
                             {30, 1e-4, 0, 3000},    // cells wider than the distance
                             {1e5, 40, 0, 3000},     // far apart
-                            {50, 1e9, 0, 2000},     // one
-                            {0, 1.5, 0, 500},       // one place
+                            {50, 1e9, 0, 2000},     // one cluster
+                            {0, 1.5, 0, 500},       // all at one place
                             {50, 1.5, -0.5, 3000},  // weights below 0
                             {50, 1.5, -1, 3000}};
   std::uint32_t seed = 1;
@@ -299,8 +300,8 @@ TEST(Clusters, RandomPointsClusterAsByWalking) {
   }
 }
 
-/// On a grid of half metres many means are equally near.
-TEST(Clusters, GridPointsWithEqualScoresClusterAsByWalking) {
+/// On a half-metre grid many means are equally near.
+TEST(Clusters, GridPointsWithEqualScoresClusterAsByLinearSearch) {
   std::mt19937 random(77);
   Input in;
   for (int k = 0; k < 8000; ++k) {
@@ -311,9 +312,9 @@ TEST(Clusters, GridPointsWithEqualScoresClusterAsByWalking) {
   Expect_As_By_Walking(in);
 }
 
-TEST(Clusters, CrowdedCellClustersAsByWalking) {
-  // Means drift together from a ring: first its points far out, then heavy crowds that pull each
-  // cluster inwards, more than a list holds.
+TEST(Clusters, CrowdedCellClustersAsByLinearSearch) {
+  // Means drift together from a ring: first its points far out, then heavy points that pull each
+  // cluster inwards, more clusters than a list holds.
   Input in;
   in.distance = 1;
   in.limit = -1;
@@ -328,7 +329,7 @@ TEST(Clusters, CrowdedCellClustersAsByWalking) {
   Expect_As_By_Walking(in);
 }
 
-TEST(Clusters, BadPlacesClusterAsByWalking) {
+TEST(Clusters, NaNAndInfinitePointsClusterAsByLinearSearch) {
   Input in = Random_Input({20, 1.5, 0, 500}, 5, 0, 0);
   const double bad[] = {kNan, kInfinity, -kInfinity, 1e300, -1e300, 1e15};
   for (std::size_t k = 0; k < 120; ++k) {

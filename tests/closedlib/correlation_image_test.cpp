@@ -60,7 +60,7 @@ TEST(CorrelationImage, ValueWorkedOutByHand) {
 }
 
 TEST(CorrelationImage, ZeroPixelsOfTheTemplateDoNotCount) {
-  // Without the middle: 1, 9 against 5, 7. The middle of the patch may hold anything.
+  // Without the middle: 1, 9 against 5, 7. The middle of the patch is arbitrary.
   const Image pattern = {{5, 0, 7}, 3, 1};
   EXPECT_DOUBLE_EQ(Correlate({{1, 200, 9}, 3, 1}, pattern, 0, 0)[0], 1);
   EXPECT_DOUBLE_EQ(Correlate({{9, 200, 1}, 3, 1}, pattern, 0, 0)[0], -1);
@@ -132,11 +132,11 @@ TEST(CorrelationImage, PatchOfOnePixelGivesZero) {
   EXPECT_EQ(Correlate({{200}, 1, 1}, {{5}, 1, 1}, 0, 0)[0], 0);
 }
 
-TEST(CorrelationImage, EmptyPatchIsNoFault) {
+TEST(CorrelationImage, EmptyPatchIsNotAnError) {
   EXPECT_TRUE(Correlate({{}, 0, 0}, {{5}, 1, 1}, 0, 0).empty());
 }
 
-TEST(CorrelationImage, ShortSpansAreRefused) {
+TEST(CorrelationImage, ShortSpansAreRejected) {
   std::vector<double> result(20);
   const Bytes pattern = {1, 2};
   const auto correlate = [&](int width, int template_width) {
@@ -150,7 +150,7 @@ TEST(CorrelationImage, ShortSpansAreRefused) {
   EXPECT_THROW(correlate(5, 2), RunTimeError);
 }
 
-TEST(CorrelationImage, RefusalNamesBothSizes) {
+TEST(CorrelationImage, RejectionNamesBothSizes) {
   std::vector<double> result(20);
   try {
     MYFUNC_CORIMA({kPatch.bytes, 6, 4, kPatch.bytes, 1, 1, 0, 0}, result);
@@ -162,7 +162,8 @@ TEST(CorrelationImage, RefusalNamesBothSizes) {
   }
 }
 
-/// Sums of whole correlation images that another program found with exact integer sums.
+/// Expected sums of whole correlation images, computed by an independent program with exact integer
+/// sums.
 TEST(CorrelationImage, SumsOfLargeImagesAreThoseOfAnIndependentProgram) {
   constexpr int kSide = 1201;
   const Image patch = {bench::Grey_Patch(kSide, kSide), kSide, kSide};

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Every way of adding against the plain definition.
+// Every implementation of the sums against the plain definition.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -81,7 +81,7 @@ void Expect_All_Paths_Agree(const CorrelationInput& input, const std::vector<dou
   }
 }
 
-/// Keeps about a share of the template's pixels.
+/// Keeps about the given share of the template's pixels.
 void Punch(Random& random, Bytes& pattern, int keep_percent) {
   for (std::uint8_t& t : pattern) {
     if (Draw(random, 1, 100) > keep_percent) t = 0;
@@ -142,7 +142,7 @@ TEST_F(CorrelationPaths, BlackAndWhiteExtremesDoNotOverflow) {
   });
 }
 
-/// Every pixel that leaves a window is as far as can be from the one that enters.
+/// Every pixel that leaves a window differs as much as possible from the one that enters.
 TEST_F(CorrelationPaths, BrightRowsAboveDarkRowsDoNotOverflow) {
   Run([] {
     Random random(11);
@@ -193,7 +193,7 @@ TEST(CorrelationImageLarge, TexturedPatchGivesTheSameBitsOnEveryPath) {
   }
 }
 
-TEST(CorrelationImageLarge, TemplateTooLargeForATransformIsStillTaken) {
+TEST(CorrelationImageLarge, TemplateTooLargeForATransformIsStillCorrelated) {
   Random random(10);
   RandomCase wide(1100, 3, 1030, 2);
   wide.Take(Random_Bytes(random, wide.Patch_Pixels(), 0, 255),

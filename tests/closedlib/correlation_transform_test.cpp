@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Products by transforms against sums of whole numbers.
+// Products by transforms against direct integer sums.
 #include "closedlib/correlation_transform.h"
 
 #include <gtest/gtest.h>
@@ -43,7 +43,7 @@ std::int64_t Plain_Product(const Picture& patch, const Picture& pattern, int col
   return sum;
 }
 
-/// The products of a template without margins of zeros at all its places in the patch.
+/// The products of a template without zero margins at all its positions in the patch.
 Picture Places(const Picture& patch, const Picture& pattern) {
   return {{}, patch.width - pattern.width + 1, patch.height - pattern.height + 1};
 }
@@ -110,7 +110,7 @@ TEST(TransformProductsLarge, TemplateAsLargeAsThePatchAndTheTile) {
   Expect_Exact(Noise(random, 64, 128, 0, 255), Noise(random, 64, 128, 1, 255), {64, 128});
 }
 
-TEST(TransformProductsLarge, PixelsOffTheMaskDoNotCount) {
+TEST(TransformProductsLarge, PixelsOutsideTheMaskDoNotCount) {
   Random random(25);
   Picture pattern = Noise(random, 12, 10, 0, 1);
   for (const std::size_t corner : {0U, 119U}) pattern.bytes[corner] = 255;
@@ -123,7 +123,7 @@ TEST(TransformProductsLarge, ConstantAndTwoLevelBlocks) {
   Expect_Exact(patch, Noise(random, 40, 41, 254, 255), {256, 512}, 977);
 }
 
-/// Every value as large as it can be, where the sums and so the errors are greatest.
+/// Every value at its maximum magnitude, where the sums and so the errors are largest.
 TEST_F(TransformProducts, AreExactWhereEveryValueIsExtreme) {
   Run([] {
     Random random(27);
@@ -134,7 +134,7 @@ TEST_F(TransformProducts, AreExactWhereEveryValueIsExtreme) {
   });
 }
 
-TEST(TransformProductsLarge, LargestTileAndMaskThatAreTakenStayExact) {
+TEST(TransformProductsLarge, LargestAcceptedTileAndMaskStayExact) {
   constexpr TileShape kLargest = {1024, 1024};
   constexpr int kSide = 450;
   ASSERT_LT(Transform_Error(kLargest, kSide * kSide), 0.25);
@@ -145,7 +145,7 @@ TEST(TransformProductsLarge, LargestTileAndMaskThatAreTakenStayExact) {
   }
 }
 
-TEST(TransformError, IsTheWorkedBound) {
+TEST(TransformError, MatchesTheHandComputedBound) {
   // e = 10 x 2^-53 x 16; tiles of 256 x 256 pixels of 255 in both parts: 255 x 256 x sqrt(2);
   // template of 10000 x +-128: |template| = 12800, magnitudes 1280000.
   const double u = std::ldexp(1.0, -53);
@@ -160,14 +160,14 @@ CorrelationPlan Plan_Of(int width, int height) {
   return Plan_Correlation(pattern.bytes, width, height);
 }
 
-TEST(ChooseTiles, TilesHoldTheTemplate) {
+TEST(ChooseTiles, TilesContainTheTemplate) {
   const TileChoice choice = Choose_Tiles(Plan_Of(300, 20), 900, 900, 1);
   EXPECT_GE(choice.shape.cols, 300);
   EXPECT_GE(choice.shape.rows, 20);
   EXPECT_TRUE(std::isfinite(choice.cost));
 }
 
-TEST(ChooseTiles, RefusesWhatIsTooLargeOrNotExact) {
+TEST(ChooseTiles, RejectsWhatIsTooLargeOrNotExact) {
   EXPECT_FALSE(std::isfinite(Choose_Tiles(Plan_Of(1025, 2), 900, 900, 1).cost));
   EXPECT_FALSE(std::isfinite(Choose_Tiles(Plan_Of(1000, 1000), 100, 100, 1).cost));
 }

@@ -20,7 +20,7 @@ TEST(CrownSolver, SolvesThreeEquationsExactly) {
 }
 
 TEST(CrownSolver, FitsAParabolaByLeastSquares) {
-  // y = 1, 2, 2, 3, 9 at t = -2 to 2. With the polynomials orthogonal over these places, 1, t
+  // y = 1, 2, 2, 3, 9 at t = -2 to 2. With the polynomials orthogonal on these points, 1, t
   // and t^2 - 2: c2 = (2 - 2 - 4 - 3 + 18) / 14 = 11/14, c1 = (-2 - 2 + 3 + 18) / 10 = 17/10,
   // c0 = 17/5 - 2 c2.
   CrownProblem problem;
@@ -46,7 +46,7 @@ TEST(CrownSolver, ColumnsOfVeryDifferentSizesKeepTheirDigits) {
   const auto x = MYFUNC_MATLABCALLNOMSGS(problem);
   ASSERT_TRUE(x);
   EXPECT_NEAR((*x)[0], 2, 1e-12);
-  EXPECT_NEAR((*x)[1], 3, 1e-6);  // its part of the observations is 1e-6 of the whole
+  EXPECT_NEAR((*x)[1], 3, 1e-6);  // it contributes only 1e-6 of the observations
   EXPECT_NEAR((*x)[2], 4, 1e-8);
 }
 
@@ -60,7 +60,7 @@ TEST(CrownSolver, TooFewRowsHaveNoSolution) {
   EXPECT_FALSE(MYFUNC_MATLABCALLNOMSGS({}));
 }
 
-TEST(CrownSolver, WhatIsNoNumberHasNoSolution) {
+TEST(CrownSolver, NaNHasNoSolution) {
   const double nan = std::numeric_limits<double>::quiet_NaN();
   const double inf = std::numeric_limits<double>::infinity();
   for (const double bad : {nan, inf}) {

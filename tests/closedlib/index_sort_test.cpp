@@ -21,7 +21,7 @@ using Index = std::vector<std::int32_t>;
 constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
-/// scores from entry 1 on; the result's entry 0 shows that it was left alone.
+/// scores start at entry 1; entry 0 of the result shows that it was not written.
 Index Sorted(std::vector<float> scores, int threads = 1) {
   scores.insert(scores.begin(), -1e30F);
   Index index(scores.size(), 77);
@@ -65,17 +65,17 @@ TEST(IndexSort, NegativeScoresInfinitiesAndTinyOnes) {
             (Index{77, 5, 6, 7, 3, 4, 2, 1}));
 }
 
-TEST(IndexSort, NaNSortsAboveAllInItsOrder) {
+TEST(IndexSort, NaNsSortAboveAllInTheirOrder) {
   EXPECT_EQ(Sorted({kNan, kInfinity, -kNan, 1}), (Index{77, 4, 2, 1, 3}));
 }
 
-TEST(IndexSort, ShortIndexIsRefused) {
+TEST(IndexSort, ShortIndexIsRejected) {
   const std::vector<float> scores(5);
   Index index(4);
   EXPECT_THROW(MYFUNC_INDEXX(scores, index), RunTimeError);
 }
 
-TEST(IndexSort, EntriesOfTheIndexBeyondTheScoresAreLeftAlone) {
+TEST(IndexSort, EntriesOfTheIndexBeyondTheScoresStayUnchanged) {
   const std::vector<float> scores = {0, 2, 1};
   Index index(5, 77);
   MYFUNC_INDEXX(scores, index);
@@ -103,7 +103,7 @@ std::vector<float> Random_Scores(std::size_t count, std::uint32_t seed) {
   return scores;
 }
 
-TEST(IndexSort, RandomScoresOfAllSizesAgreeWithTheLibrary) {
+TEST(IndexSort, RandomScoresOfAllSizesAgreeWithStableSort) {
   for (const std::size_t count : {2U, 3U, 100U, 2046U, 2047U, 2048U, 2049U, 5000U, 70000U}) {
     const std::vector<float> scores = Random_Scores(count, 3);
     EXPECT_EQ(Sorted(scores), Sorted_By_Library(scores)) << count;
@@ -127,7 +127,7 @@ TEST(IndexSort, AllEqualKeepMeshOrder) {
   EXPECT_TRUE(Sorted(scores, 0) == expected);
 }
 
-/// Rank-weighted sum over a million scores that five library sorts agree on.
+/// Rank-weighted sum over a million scores on which five library sorts agree.
 TEST(IndexSort, SumOfAMillionScoresIsThatOfTheLibraries) {
   constexpr std::size_t kCount = 1000000;
   const std::vector<float> scores = bench::Scores(kCount);

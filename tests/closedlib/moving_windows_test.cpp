@@ -25,7 +25,7 @@ Pixels Noise(std::size_t count, unsigned seed) {
   return pixels;
 }
 
-/// The coefficient as the textbook has it: deviations from both means.
+/// The textbook formula of the coefficient: deviations from both means.
 double Textbook_Correlation(const Pixels& a, const Pixels& b) {
   const double mean_a = MYFUNC_TEMPMEANSTD(a).mean, mean_b = MYFUNC_TEMPMEANSTD(b).mean;
   double products = 0, squares_a = 0, squares_b = 0;
@@ -46,7 +46,7 @@ TEST(SquareCorrelation, HandWorkedExample) {
   EXPECT_EQ(Ccora({10, 12, 14, 16}, {22, 20, 26, 24}, 2), 0.6);
 }
 
-TEST(SquareCorrelation, IsTheTextbooksToRounding) {
+TEST(SquareCorrelation, MatchesTheTextbookFormulaToRounding) {
   for (const int side : {1, 2, 13, 15, 17, 32}) {
     if (side == 1) continue;
     const auto count = static_cast<std::size_t>(side * side);
@@ -82,7 +82,7 @@ TEST(SquareCorrelation, NamesTheWindowOfAnotherSize) {
             std::string::npos);
 }
 
-TEST_F(MovingWindows, CorrelateAsTheClosedRoutineDoesBitForBit) {
+TEST_F(MovingWindows, CorrelateAsTheSingleWindowRoutineBitForBit) {
   constexpr int kWidth = 120;
   const Pixels raster = Noise(kWidth * 90, 5);
   Run([&] {
@@ -119,7 +119,7 @@ TEST_F(MovingWindows, HoldTheLargestSums) {
   });
 }
 
-TEST_F(MovingWindows, TakeNothingFromBehindTheSide) {
+TEST_F(MovingWindows, IgnorePixelsBeyondTheSide) {
   Pixels raster = Noise(40 * 40, 7);
   const Pixels fixed = Noise(169, 8);
   const std::vector<MovingWindow> windows{{raster.data(), 40}};
@@ -132,7 +132,7 @@ TEST_F(MovingWindows, TakeNothingFromBehindTheSide) {
   });
 }
 
-TEST(FixedWindow, RefusesSidesBeyondItsTable) {
+TEST(FixedWindow, RejectsSidesBeyondItsTable) {
   const Pixels pixels(33 * 33, 1);
   EXPECT_NE(Failure_Of([&] { FixedWindow(pixels, 33); }).find("sides of 1 to 32"),
             std::string::npos);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The normalised image held against its definition, evaluated pixel by pixel in doubles.
+// The normalised image compared with its definition, evaluated pixel by pixel in doubles.
 #include "closedlib/normalized_image.h"
 
 #include <gtest/gtest.h>
@@ -17,8 +17,8 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-/// A level image of 10-micrometre pixels: target pixel (i, j) lies on source pixel (i, j) from
-/// the top left corner.
+/// An untilted image of 10-micrometre pixels: target pixel (i, j) coincides with source pixel (i,
+/// j) from the top left corner.
 NormalizedImage Level(int width, int height, bool colour) {
   NormalizedImage image;
   image.c = 0.1;
@@ -45,7 +45,7 @@ Bytes Resample(const NormalizedImage& image, const Bytes& source) {
   return target;
 }
 
-/// The definition: the interpolated value of one channel, 0 outside.
+/// The definition: the interpolated value of one channel; 0 outside.
 double Plain_Value(const NormalizedImage& image, const Bytes& source, int i, int j, int channel) {
   const double v[] = {image.Xmin + i * image.PixelWidth, image.Ymax - j * image.PixelWidth,
                       -image.c};
@@ -77,7 +77,7 @@ double Plain_Value(const NormalizedImage& image, const Bytes& source, int i, int
 
 class NormalizedImages : public OnEveryVectorUnit {};
 
-TEST_F(NormalizedImages, AreTheDefinitionWithinRounding) {
+TEST_F(NormalizedImages, MatchTheDefinitionWithinRounding) {
   NormalizedImage image = Level(301, 187, true);
   image.full_width = 280;
   image.full_height = 200;
@@ -105,10 +105,10 @@ TEST_F(NormalizedImages, AreTheDefinitionWithinRounding) {
   }
 }
 
-TEST_F(NormalizedImages, ALevelImageIsCopied) {
+TEST_F(NormalizedImages, AnUntiltedImageIsCopied) {
   const NormalizedImage image = Level(130, 70, true);
   const Bytes source = Random_Bytes(Raster_Bytes(130, 70, true));
-  // Positions are whole only up to rounding, which may put the border outside by a hair.
+  // Positions are integers only up to rounding, which may put the border just outside.
   Run([&] {
     const Bytes target = Resample(image, source);
     for (int j = 1; j < 69; ++j) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The correlation image as its definition reads, pixel by pixel, in exact integers.
+// The correlation image by its literal definition, pixel by pixel, in exact integers.
 #pragma once
 
 #include <cmath>

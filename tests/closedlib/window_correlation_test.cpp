@@ -37,7 +37,7 @@ TEST(WindowCorrelation, IsZeroWithoutVariance) {
   EXPECT_EQ(Correlation({}, {}), 0);
 }
 
-TEST(WindowCorrelation, DifferentSizesAreRefusedByName) {
+TEST(WindowCorrelation, DifferentSizesAreRejectedByName) {
   try {
     Correlation({1, 2, 3}, {1, 2});
     FAIL();
@@ -69,12 +69,12 @@ TEST(CountedLoop, CountsBothEnds) {
   EXPECT_EQ(Loop_Passes(3, 3, 1), 1);
 }
 
-TEST(CountedLoop, HasNoPassBackwardsOrWithoutANumber) {
+TEST(CountedLoop, HasNoPassBackwardsOrWithNaN) {
   EXPECT_EQ(Loop_Passes(1, 0, 0.1), 0);
   EXPECT_EQ(Loop_Passes(std::nan(""), 0, 0.1), 0);
 }
 
-TEST(CountedLoop, RefusesMoreThanAMillionPasses) {
+TEST(CountedLoop, RejectsMoreThanAMillionPasses) {
   EXPECT_EQ(Loop_Passes(1, 1'000'000, 1), 1'000'000);
   EXPECT_THROW(Loop_Passes(0, 1'000'000, 1), RunTimeError);
 }

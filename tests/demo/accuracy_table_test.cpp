@@ -85,7 +85,7 @@ TEST(AccuracyTable, MeansRmsAndMedianByHand) {
             "seconds 12.3\n");
 }
 
-TEST(AccuracyTable, NothingWhenNoTreeIsKnown) {
+TEST(AccuracyTable, IsEmptyWhenNoTreeIsKnown) {
   EXPECT_FALSE(Compare_With_Truth(Read_Measured_Tops(kTranscript), {}).has_value());
 }
 

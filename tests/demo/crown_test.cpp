@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::array<Species, 3> kAllSpecies = {Species::Pine, Species::Spruce, Species::Birch};
 
-/// The outlines written out: radius 2.5, length 12, pine widest 7.8 m down.
+/// The outlines computed independently: radius 2.5, length 12, pine widest 7.8 m down.
 bool Inside_By_Hand(const Tree& tree, double X, double Y, double Z) {
   const double depth = tree.TopZ - Z;
   if (depth < 0 || depth > 12) return false;
@@ -81,7 +81,7 @@ TEST(CrownDepth, NothingBeyondTheRadius) {
   EXPECT_FALSE(Crown_Depth_At(Tree_At(1, Species::Pine, 0, 0), 2.501).has_value());
 }
 
-/// Steps of 1 mm along the ray; from outside, so the first inside point is the crossing.
+/// Steps of 1 mm along the ray, starting outside, so the first inside point is the crossing.
 std::optional<double> March(const Tree& tree, const Ray& ray, double to) {
   for (double t = 0; t <= to; t += 0.001) {
     if (Inside_By_Hand(tree, ray.x + t * ray.u, ray.y + t * ray.v, ray.z + t * ray.w)) return t;
@@ -90,7 +90,7 @@ std::optional<double> March(const Tree& tree, const Ray& ray, double to) {
 }
 
 Ray Random_Ray(const Tree& tree, RandomDraws& draws) {
-  // Down through a point near the crown, from above it.
+  // Downwards through a point near the crown, from above it.
   const double u = draws.Uniform(-0.9, 0.9), v = draws.Uniform(-0.9, 0.9);
   const double aim_x = tree.X + draws.Uniform(-3, 3), aim_y = tree.Y + draws.Uniform(-3, 3);
   const double drop = draws.Uniform(1, 14);
@@ -110,7 +110,7 @@ TEST(CrownIntersection, AgreesWithDenseSampling) {
         ASSERT_TRUE(found.has_value()) << Species_Name(species) << " ray " << i;
         EXPECT_NEAR(*found, *marched, 0.02) << Species_Name(species) << " ray " << i;
       } else if (found) {
-        // Found within the tolerance of the radius: a line that only touches the crown.
+        // Within the tolerance of the radius: a line that only touches the crown.
         const double X = ray.x + *found * ray.u, Y = ray.y + *found * ray.v;
         const double depth = tree.TopZ - ray.z + *found;
         EXPECT_NEAR(std::hypot(X - tree.X, Y - tree.Y), Crown_Outline(tree, depth).radius, 2e-4);
@@ -126,7 +126,7 @@ TEST(CrownIntersection, RayFromBelowEntersAtTheBase) {
   EXPECT_NEAR(Intersect_Crown(birch, up, 0, 30).value(), 8, 1e-9);
 }
 
-TEST(CrownIntersection, VerticalRayBesideTheCrownMisses) {
+TEST(CrownIntersection, VerticalRayNextToTheCrownMisses) {
   const Tree pine = Tree_At(1, Species::Pine, 0, 0);
   EXPECT_FALSE(Intersect_Crown(pine, {pine.X + 2.6, pine.Y, 200, 0, 0, -1}, 0, 60).has_value());
 }
@@ -145,9 +145,9 @@ TEST(CrownIntersection, CrossingOutsideTheRangeDoesNotCount) {
   EXPECT_FALSE(Intersect_Crown(pine, down, 45, 60).has_value());
 }
 
-TEST(StemIntersection, LevelishRayHitsTheStemAtItsRadius) {
+TEST(StemIntersection, SlantedRayHitsTheStemAtItsRadius) {
   const Tree pine = Tree_At(1, Species::Pine, 0, 0);
-  // One metre of way east for each metre down, meeting the axis 5 m above the ground.
+  // One metre east per metre down, meeting the axis 5 m above the ground.
   const Ray ray{pine.X - 10, pine.Y, 165, 1, 0, -1};
   EXPECT_NEAR(Intersect_Stem(pine, ray, 0, 20).value(), 10 - 0.1, 1e-9);
 }

@@ -53,7 +53,8 @@ TEST(DetectionTable, AClusterOnALowTreeIsNotFalse) {
 }
 
 TEST(DetectionTable, PairsAreOneToOneNearestFirst) {
-  // The cluster between two trees belongs to the nearer one; the second cluster of a tree is false.
+  // A cluster between two trees is matched to the nearer one; the second cluster of a tree is
+  // false.
   const DetectionTable table =
       Compare_Clusters({{100.6, 200, 70}, {101.4, 200, 70}},
                        {Tree_Of(100, 200), Tree_Of(101.5, 200), Tree_Of(100, 201.4)}, kPlot);
@@ -66,7 +67,7 @@ TEST(DetectionTable, BeyondAMetreAndAHalfThereIsNoPair) {
   EXPECT_EQ(Compare_Clusters({{101.49, 200, 70}}, {Tree_Of(100, 200)}, kPlot).found, 1U);
 }
 
-TEST(DetectionTable, TheTextTellsShares) {
+TEST(DetectionTable, TheTextShowsShares) {
   DetectionTable table;
   table.trees = 20;
   table.visible = 8;
@@ -90,7 +91,7 @@ TEST(SearchedPlotText, ComesFromTheTranscript) {
   EXPECT_THROW(Read_Searched_Plot("say a\nPlotRadius = 23\n"), RunTimeError);
 }
 
-TEST(ClusterFile, IsNumberAndPositionALine) {
+TEST(ClusterFile, IsNumberAndPositionPerLine) {
   const auto clusters = Read_Clusters(Written("a.nod", "1,5.25,4,10.75\n2,-1,6,10\n"));
   ASSERT_EQ(clusters.size(), 2U);
   EXPECT_EQ(clusters[1].X, -1);

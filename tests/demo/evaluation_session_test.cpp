@@ -11,7 +11,7 @@
 namespace sylvomex::demo {
 namespace {
 
-// A site that holds what the orientation is tested with: headers, but no photograph.
+// A site with the inputs of the orientation test: headers, but no photographs.
 struct OrientationSite {
   TemporaryFolder folder;
   Scene scene = Scene_Of({Tree_At(1, Species::Pine, 150, 150)});
@@ -40,7 +40,7 @@ TEST(OrientationSession, SolvesTheTruePointsToTheMicrometreOfTheirObservations) 
   EXPECT_GT(count, 81);
 }
 
-TEST(OrientationSession, LaysAFootprintAboutEveryPhotograph) {
+TEST(OrientationSession, WritesAFootprintForEveryPhotograph) {
   const OrientationSite site;
   const PlayedSession played = Play_Script(site.folder, Orientation_Session());
   ASSERT_EQ(played.status, 0) << played.reason;

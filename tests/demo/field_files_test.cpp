@@ -33,7 +33,7 @@ const FieldPlot& Plot() {
 
 using Row = std::vector<double>;
 
-/// All items as numbers, in rows of one length.
+/// All items as numbers, in rows of equal length.
 std::vector<Row> Rows_Of(const std::string& text, std::size_t items) {
   ListReader list(text, "text");
   std::vector<Row> rows;
@@ -56,7 +56,7 @@ TEST(FieldPlot, HoldsTheTreesWithinItsRadius) {
   EXPECT_GT(within, 15U);
 }
 
-TEST(FieldPlotText, GivesTheTrueTreesAfterTurningAndShifting) {
+TEST(FieldPlotText, GivesTheTrueTreesAfterRotationAndShift) {
   const std::string text = Field_Plot_Text(Site(), Plot());
   const std::size_t line_end = text.find('\n');
   const Row head = Rows_Of(text.substr(0, line_end), 7).at(0);
@@ -109,7 +109,7 @@ TEST(GroundPolygon, ClosesOnTheGround) {
   for (const Row& row : rows) EXPECT_NEAR(row[2], Ground_Height(Site(), row[0], row[1]), 0.001);
 }
 
-TEST(Regression, HasEightItemsATree) {
+TEST(Regression, HasEightItemsPerTree) {
   const auto rows = Rows_Of(Regression_Text(Site(), Photos(), Plot()), 8);
   ASSERT_EQ(rows.size(), Plot().trees.size());
   for (const Row& row : rows) {
@@ -190,7 +190,7 @@ bool Sees(const ImageRecord& image, const Point3D& point, double limit_x, double
   return std::abs(x) < limit_x && std::abs(y) < limit_y;
 }
 
-TEST(AerialCameraTable, HasTheSitesPhotographsAndThreeThatDoNotSeeTheForest) {
+TEST(AerialCameraTable, HasTheSitesPhotographsAndThreeThatDoNotShowTheForest) {
   const auto lines = Camera_Lines(Aerial_Camera_Table(Photos()));
   ASSERT_EQ(lines.size(), 9U);
   for (std::size_t i = 0; i < lines.size(); ++i) {

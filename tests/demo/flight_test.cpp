@@ -34,7 +34,7 @@ Rows3 Product(const Rows3& a, const Rows3& b) {
   return c;
 }
 
-/// Rz(kappa) Ry(phi) Rx(omega), each turning object axes into camera axes.
+/// Rz(kappa) Ry(phi) Rx(omega); each rotates object axes towards camera axes.
 Rows3 Rotation_By_Hand(const ImageRecord& image) {
   const double w = image.Omega, p = image.Phi, k = image.Kappa;
   const Rows3 rx{{{1, 0, 0}, {0, std::cos(w), std::sin(w)}, {0, -std::sin(w), std::cos(w)}}};
@@ -112,7 +112,7 @@ TEST(Flight, CoarserPixelsShowTheSamePlaces) {
     const auto [coarse_col, coarse_row] = Object_To_Pixel(coarse[k].camera, top);
     EXPECT_EQ(coarse[k].image.FullHeight, 4350);
     EXPECT_NEAR(coarse_col, col / 4, 1e-6);
-    // Top-down positions divide by the scale; rows count from the bottom.
+    // Top-down positions are divided by the scale; rows count from the bottom.
     EXPECT_NEAR(4349 - coarse_row, (17399 - row) / 4, 1e-6);
   }
 }
@@ -166,7 +166,7 @@ TEST(TopsOnPhotos, ATallerTreeInTheWayHidesTheTop) {
   low.TopZ = 160;
   Tree alone = Tree_At(2, Species::Pine, 220, 150);
   alone.TopZ = 160;
-  // Photograph 2 looks from some 505 m south of the middle, so this one stands before the first.
+  // Photograph 2 looks from about 505 m south of the middle, so this tree stands before the first.
   const Tree screen = Tree_At(3, Species::Pine, 150, 147.8);
   const Scene scene = Scene_Of({low, alone, screen});
   const std::vector<Photograph> photos = Fly_Over(scene);

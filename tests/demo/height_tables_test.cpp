@@ -87,7 +87,7 @@ TEST(TrueCanopy, IsTheDifferenceOfTheModelsInsideTheMargin) {
   for (std::size_t i = 0; i < 90000; ++i) {
     const std::size_t column = i % 300;
     ground.Cells[i] = 100;
-    // Higher than all else, but outside the margin of 50 m.
+    // Higher than everything else, but outside the margin of 50 m.
     canopy.Cells[i] = column < 50 ? 190.0F : column < 100 ? 110.0F : 101.0F;
   }
   const CanopyHeights heights = True_Canopy(ground, canopy, 50);
@@ -159,7 +159,7 @@ TEST_F(TileSite, FirstAndLastOf2004AreRaisedAndOneWhereTheyAreTheSame) {
   EXPECT_NEAR(pulses[0].echoes[0].Z, 150, 1e-4);
 }
 
-TEST_F(TileSite, ATileWhoseSizeDoesNotFitItsCountIsNamed) {
+TEST_F(TileSite, ATileWhoseSizeDoesNotMatchItsCountIsNamed) {
   for (const std::string& tile : {Tile(2, Two_Echo_Record()), Tile(-1, ""), std::string("ab")}) {
     Write("c/data/tiles/050_100.bin", tile);
     try {
@@ -182,7 +182,7 @@ TEST_F(TileSite, AFolderWithoutTilesAndAMissingHeaderAreNamed) {
   }
 }
 
-TEST(LidarTableText, HasAColumnACampaignAndTheTruth) {
+TEST(LidarTableText, HasAColumnPerCampaignAndTheTruth) {
   LidarSummary lidar;
   lidar.density = 4.021;
   lidar.share[0] = 0.825;

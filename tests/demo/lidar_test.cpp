@@ -61,8 +61,8 @@ TEST(Beam, WithoutOpticalDepthEndsWhereACameraRayMeetsTheCrown) {
 
 TEST(Beam, GoesThroughACrownThatIsThinnerThanItsDepth) {
   const Scene scene = Scene_Of({Tree_At(1, Species::Birch, 150, 150)});
-  // Half a radius beside the axis the birch of 12 m begins a quarter of its length down: 9 m of
-  // foliage that takes 0.55 a metre.
+  // Half a radius from the axis, the birch of 12 m begins a quarter of its length down: 9 m of
+  // foliage with an extinction of 0.55 per metre.
   const Ray ray = Straight_Down(scene.trees[0], 1.25);
   const BeamEnd inside = Follow_Beam(scene, ray, 850, 0.55 * 4);
   EXPECT_EQ(inside.kind, SurfaceHit::Kind::Crown);
@@ -81,10 +81,10 @@ TEST(Beam, EndsOnTheStemUnderTheCrown) {
   EXPECT_NEAR(end.t, 1000 - 158, 1e-9);
 }
 
-TEST(Beam, PassesSeveralCrownsUntilTheirDepthsSumUp) {
+TEST(Beam, PassesSeveralCrownsUntilTheirDepthsAddUp) {
   Scene scene =
       Scene_Of({Tree_At(1, Species::Birch, 150, 150), Tree_At(2, Species::Birch, 156, 150)});
-  // At 45 degrees from the west, through the first crown at 8 m below its top to the second.
+  // At 45 degrees from the west, through the first crown 8 m below its top to the second.
   const double sum = 1e-9;
   const Ray ray{scene.trees[0].X - 10, scene.trees[0].Y, 172, 1, 0, -1};
   const double ground_t = 22;
@@ -134,7 +134,7 @@ TEST_P(Years, PulsesOverOpenGroundHaveOneEchoOnTheGround) {
   EXPECT_NEAR(sum / static_cast<double>(pulses.size()), 0, 0.005);
 }
 
-TEST_P(Years, EchoesOfAPulseComeOneBelowTheOtherAtTheResolutionAndOnItsAxis) {
+TEST_P(Years, EchoesOfAPulseAreOrderedSeparatedByTheResolutionAndOnItsAxis) {
   const LidarCampaign& campaign = Campaign(GetParam());
   int trains = 0;
   for (const TracedPulse& pulse : Pulses(GetParam())) {
@@ -191,7 +191,7 @@ TEST_P(Years, FirstEchoesLieInTheCampaignsAreaUnderPlausibleAngles) {
   }
 }
 
-TEST(LidarIntensity, ComesBackPlausibleByTheRangeAndGainCorrections) {
+TEST(LidarIntensity, IsPlausibleAfterTheRangeAndGainCorrections) {
   for (const TracedPulse& pulse : Pulses(2006)) {
     const TracedEcho& echo = pulse.echoes[0];
     const double corrected = std::pow(1 - (840 - echo.range) / 840, 2.3) * echo.intensity;
@@ -255,7 +255,7 @@ TEST(PulseRecord, FillsItsSlotsFromTheFourthDown) {
   }
 }
 
-TEST(PulseRecord, HoldsTheSensorAndTheCarriedBytesInTheirPlaces) {
+TEST(PulseRecord, HoldsTheSensorAndTheOtherBytesInTheirPlaces) {
   const std::string record = Pulse_Record(Pulse_Of(2));
   EXPECT_EQ(At<double>(record, 0), 12.5);
   EXPECT_EQ(At<double>(record, 177), 1);

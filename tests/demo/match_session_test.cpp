@@ -19,7 +19,7 @@ TEST(MatchSession, TheModelTreeIsTheBirchWithTheMostTreesAroundIt) {
   EXPECT_EQ(Model_Tree(scene, Fly_Over(scene)), 2U);
 }
 
-TEST(MatchSession, ABirchFarFromTheMiddleIsNoModelTree) {
+TEST(MatchSession, ABirchFarFromTheMiddleIsNotTheModelTree) {
   const Scene scene =
       Scene_Of({Tree_At(1, Species::Birch, 100, 150), Tree_At(2, Species::Birch, 120, 150)});
   EXPECT_EQ(Model_Tree(scene, Fly_Over(scene)), 1U);

@@ -56,7 +56,7 @@ std::map<int, ScriptedTree> Parse_Session(const std::string& session) {
   return trees;
 }
 
-TEST(MeasureSession, MeasuresThirtyTreesAndMoreSpreadOverTheSite) {
+TEST(MeasureSession, MeasuresAtLeastThirtyTreesSpreadOverTheSite) {
   const std::vector<std::size_t> chosen = Trees_To_Measure(Site(), Photos());
   EXPECT_GE(chosen.size(), 30U);
   std::set<int> quarters;
@@ -90,7 +90,7 @@ TEST(MeasureSession, ClicksIntersectAtTheTopsToTheirRounding) {
     for (const auto& [pane, at] : scripted.clicks) {
       EXPECT_EQ(std::fmod(at.px, 0.5), 0);
       const Photograph& photo = Photos().at(pane);
-      // The even window of 380 pixels starts 189 pixels before its centre.
+      // The window of 380 pixels, an even number, starts 189 pixels before its centre.
       const auto [col, row] = Object_To_Pixel(
           photo.camera, {scripted.inputs[0], scripted.inputs[1], scripted.inputs[2]});
       const double top = photo.image.FullHeight - 1 - row;
@@ -110,7 +110,7 @@ TEST(MeasureSession, ClicksIntersectAtTheTopsToTheirRounding) {
   }
 }
 
-// The demo's photographs in a block without a solution, over a level ground model of 150 m.
+// The demo's photographs in a block without a solution, on a flat ground model of 150 m.
 struct DemoBlock {
   DemoBlock() {
     for (std::size_t k = 0; k < Photos().size(); ++k) {
@@ -128,7 +128,7 @@ struct DemoBlock {
     w.RasterDemLoaded = true;
   }
 
-  // The film position of the point in every photograph, rounded as a click rounds it.
+  // The film position of the point in every photograph, rounded as by a click.
   void Observe(const Point3D& point) {
     for (int k = 0; k < w.ImageCount; ++k) {
       const FilmPosition film = Object_To_Image(Camera_Of(w, k), point).value();
@@ -144,7 +144,7 @@ struct DemoBlock {
   Workspace& w = *block;
 };
 
-TEST(MeasureSession, FromNothingTheFirstIntersectionFailsAndAResetSolutionConverges) {
+TEST(MeasureSession, FromTheStartTheFirstIntersectionFailsAndAResetSolutionConverges) {
   DemoBlock b;
   const Tree& tree = Site().trees[Trees_To_Measure(Site(), Photos()).front()];
   b.Observe({tree.X, tree.Y, tree.TopZ});
@@ -155,7 +155,7 @@ TEST(MeasureSession, FromNothingTheFirstIntersectionFailsAndAResetSolutionConver
   EXPECT_EQ(b.w.Solution3D.Z, 150);
   Point_Intersection(b.w);
   EXPECT_TRUE(b.w.SolutionValid);
-  // 0.05 um of rounding at a scale of some 1:8000 are below a millimetre, in height a few.
+  // 0.05 um of rounding at a scale of about 1:8000 are less than a millimetre, and a few in height.
   EXPECT_NEAR(b.w.Solution3D.X, tree.X, 0.005);
   EXPECT_NEAR(b.w.Solution3D.Y, tree.Y, 0.005);
   EXPECT_NEAR(b.w.Solution3D.Z, tree.TopZ, 0.02);
@@ -195,7 +195,7 @@ TEST(MeasureSession, LoadsEverythingBeforeTheFirstTreeAndSavesEachTree) {
   EXPECT_LT(session.find("Add_height_Model"), session.find("say "));
 }
 
-TEST(ViewCentredOn, IsPushedInsideTheRawFileAtItsEdge) {
+TEST(ViewCentredOn, IsShiftedInsideTheRawFileAtItsEdge) {
   const Photograph& photo = Photos()[0];
   const PaneView view = View_Centred_On(photo, {kForestWest - 15, kForestSouth - 15, 200}, 380);
   EXPECT_GE(view.ViewCol, 0);

@@ -87,7 +87,7 @@ TEST_P(SiteMesh, IsADiscByEulersCount) {
   }
 }
 
-TEST_P(SiteMesh, AreasSumUpToTheSquareThatItCovers) {
+TEST_P(SiteMesh, AreasAddUpToTheSquareThatItCovers) {
   const SurfaceMesh& mesh = GetParam()();
   double sum = 0;
   for (const auto& t : mesh.triangles) sum += Double_Area(mesh, t) / 2;
@@ -195,7 +195,7 @@ bool Meets_Square(const SurfaceMesh& mesh, const std::array<std::int32_t, 3>& t,
   return !polygon.empty();
 }
 
-TEST(MeshTiles, OfTheSiteListEveryTriangleThatMeetsTheSquare) {
+TEST(MeshTiles, OfTheSiteListEveryTriangleThatTouchesTheSquare) {
   const auto tiles = Mesh_Tiles(Ground_Mesh());
   EXPECT_EQ(tiles.size(), 25U);
   std::vector<bool> listed(Ground_Mesh().triangles.size(), false);

@@ -32,7 +32,7 @@ std::vector<std::string> Lines_With(const std::string& beginning) {
   return found;
 }
 
-TEST(OverlaySession, TheTreeIsTheMiddlemostThatAllPhotographsShow) {
+TEST(OverlaySession, TheTreeIsTheMostCentralThatAllPhotographsShow) {
   const Scene scene = Build_Scene({});
   const std::vector<Photograph> photos = Fly_Over(scene);
   const auto from_middle = [](const Tree& tree) {
@@ -51,7 +51,7 @@ TEST(OverlaySession, TheTreeIsTheMiddlemostThatAllPhotographsShow) {
   }
 }
 
-TEST(OverlaySession, ALowTreeNearerToTheMiddleIsNotIts) {
+TEST(OverlaySession, ALowTreeNearerToTheMiddleIsNotUsed) {
   Scene scene =
       Scene_Of({Tree_At(1, Species::Pine, 100, 150), Tree_At(2, Species::Pine, 140, 150)});
   scene.trees[1].TopZ = 160;

@@ -13,7 +13,7 @@
 namespace sylvomex::demo {
 namespace {
 
-/// Cuts the raw file of a photograph down to a square around a full-image position.
+/// Reduces the raw file of a photograph to a square around a full-image position.
 void Crop_Around(Photograph& photo, double col, double row, int side) {
   photo.image.SubColOrigin = std::floor(col) - side / 2;
   photo.image.SubRowOrigin = std::floor(photo.image.FullHeight - 1 - row) - side / 2;
@@ -44,7 +44,7 @@ TEST(CameraRay, OfAProjectedTopMeetsTheApex) {
   }
 }
 
-TEST(CameraRay, MeetsTheGroundBesideTheTrees) {
+TEST(CameraRay, MeetsTheGroundBetweenTheTrees) {
   const Scene scene = Scene_Of({Tree_At(1, Species::Pine, 150, 150)});
   const Photograph photo = Fly_Over(scene)[0];
   const auto [col, row] =
@@ -55,7 +55,7 @@ TEST(CameraRay, MeetsTheGroundBesideTheTrees) {
   EXPECT_NEAR(hit.Y, kForestSouth + 200, 0.005);
 }
 
-TEST(CameraRay, CrossesRollingGroundWhereItsHeightIsThatOfTheGround) {
+TEST(CameraRay, MeetsRollingGroundAtTheGroundsHeight) {
   const Scene scene = Build_Scene({});
   const Photograph photo = Fly_Over(scene)[3];
   for (double raw = 100; raw < 3600; raw += 333) {
@@ -66,7 +66,7 @@ TEST(CameraRay, CrossesRollingGroundWhereItsHeightIsThatOfTheGround) {
   }
 }
 
-TEST(CameraRay, FindsTheNearestOfAllTreesAsTheListWould) {
+TEST(CameraRay, FindsTheNearestTreeAsALinearSearchWould) {
   const Scene scene = Build_Scene({});
   const Photograph photo = Fly_Over(scene)[0];
   int on_trees = 0;
@@ -89,7 +89,7 @@ TEST(CameraRay, FindsTheNearestOfAllTreesAsTheListWould) {
   EXPECT_GT(on_trees, 60);
 }
 
-TEST(Shadow, FallsOppositeTheSunAtTheTopsLength) {
+TEST(Shadow, FallsOppositeToTheSunAtTheTopsLength) {
   const Scene scene = Scene_Of({Tree_At(1, Species::Birch, 150, 150)});
   const Tree& tree = scene.trees[0];
   int hint = -1;
@@ -102,7 +102,7 @@ TEST(Shadow, FallsOppositeTheSunAtTheTopsLength) {
                             150, -1, hint));
 }
 
-TEST(Shadow, AnswersTheSameWhateverTreeIsTriedFirst) {
+TEST(Shadow, IsTheSameWhateverTreeIsTestedFirst) {
   const Scene scene = Build_Scene({});
   for (int i = 0; i < 500; ++i) {
     const double X = kForestWest + 20 + 0.5 * i, Y = kForestSouth + 20 + (i * 37) % 250;
@@ -133,7 +133,7 @@ TEST(SurfaceColour, SunlitGroundIsBrighterThanShadedGround) {
 }
 
 TEST(RenderedPhotograph, ShowsTheTopWhereItProjects) {
-  // A spruce top is sharp: the highest crown pixel along the picture of the stem is the apex.
+  // A spruce top is sharp: the highest crown pixel along the stem's image is the apex.
   const Scene scene = Scene_Of({Tree_At(1, Species::Spruce, 150, 150)});
   const Scene bare = Scene_Of({Tree_At(1, Species::Spruce, 20, 20)});
   Photograph photo = Fly_Over(scene)[4];  // from the north, where the shadow falls
@@ -151,7 +151,7 @@ TEST(RenderedPhotograph, ShowsTheTopWhereItProjects) {
       if (std::abs(with_tree[at] - without[at]) < 8) continue;
       const RawPixelCentre centre = Centre_Of_Raw_Pixel(photo.image, c, r);
       const double dc = centre.col - col, dr = centre.row - row;
-      if (std::abs(dc * along_row - dr * along_col) > 3) continue;  // beside the stem's line
+      if (std::abs(dc * along_row - dr * along_col) > 3) continue;  // away from the stem's line
       farthest = std::max(farthest, dc * along_col + dr * along_row);
     }
   }
@@ -174,7 +174,7 @@ TEST(RenderedPhotograph, HasSunlitAndShadedCrownSides) {
   EXPECT_GT(mean_green(0.2, -0.8), 1.4 * mean_green(-0.2, 0.8)) << "south against north side";
 }
 
-TEST(RenderedPhotograph, NoiseHasTheDeviationAskedFor) {
+TEST(RenderedPhotograph, NoiseHasTheRequestedDeviation) {
   Scene scene = Scene_Of({Tree_At(1, Species::Birch, 150, 150)});
   Photograph photo = Fly_Over(scene)[5];
   Crop_Around(photo, 7650, 7650, 120);

@@ -40,7 +40,7 @@ TEST(Ground, IsBilinearBetweenNodes) {
   EXPECT_NEAR(sample.slope_y, 6, 1e-9);
 }
 
-TEST(Ground, GoesOnLevelBeyondItsEdge) {
+TEST(Ground, ContinuesLevelBeyondItsEdge) {
   Ground ground;
   ground.side = 2;
   ground.heights = {10, 12, 14, 20};
@@ -110,7 +110,7 @@ TEST(Stand, AnotherSeedIsAnotherForest) {
 TEST(CanopyHeight, IsTheTopAtTheApexAndTheGroundBetweenTrees) {
   const Scene scene = Scene_Of({Tree_At(1, Species::Birch, 100, 100)});
   EXPECT_DOUBLE_EQ(Canopy_Height(scene, kForestWest + 100, kForestSouth + 100), 170);
-  // Half of the radius out, a paraboloid of 12 m has dropped by a quarter of its length.
+  // At half the radius, a paraboloid of 12 m is lower by a quarter of its length.
   EXPECT_NEAR(Canopy_Height(scene, kForestWest + 101.25, kForestSouth + 100), 167, 1e-9);
   EXPECT_DOUBLE_EQ(Canopy_Height(scene, kForestWest + 102.6, kForestSouth + 100), 150);
   EXPECT_DOUBLE_EQ(Canopy_Height(scene, kForestWest - 30, kForestSouth - 30), 150);
@@ -155,7 +155,7 @@ TEST(WalkCells, VisitsTheCellsUnderTheRayInOrder) {
       if (leave - enter > 0.005) walked.push_back(cell);
       return false;
     });
-    // Cells that the ray only clips may be missed by the sampling or dropped above.
+    // Cells that the ray only touches may be missed by the sampling or excluded above.
     for (const int cell : walked) {
       EXPECT_NE(std::find(sampled.begin(), sampled.end(), cell), sampled.end());
     }
@@ -163,7 +163,7 @@ TEST(WalkCells, VisitsTheCellsUnderTheRayInOrder) {
   }
 }
 
-TEST(WalkCells, RayThatLeavesTheGridAsideVisitsNothing) {
+TEST(WalkCells, RayThatLeavesTheGridSidewaysVisitsNothing) {
   int visits = 0;
   Walk_Cells(Site().grid, {kForestWest - 10, kForestSouth + 50, 300, 0, 1, -1}, 0, 100,
              [&visits](int, double, double) {
@@ -173,14 +173,14 @@ TEST(WalkCells, RayThatLeavesTheGridAsideVisitsNothing) {
   EXPECT_EQ(visits, 0);
 }
 
-TEST(Sun, StandsAtItsAzimuthFromNorthAndItsElevation) {
+TEST(Sun, IsAtItsAzimuthFromNorthAndItsElevation) {
   // cos 38 sin 165, cos 38 cos 165, sin 38.
   EXPECT_NEAR(Site().sun.x, 0.20395, 1e-5);
   EXPECT_NEAR(Site().sun.y, -0.76116, 1e-5);
   EXPECT_NEAR(Site().sun.z, 0.61566, 1e-5);
 }
 
-TEST(Settings, OneOutOfItsRangeIsNamedWithItsValue) {
+TEST(Settings, AValueOutOfItsRangeIsNamed) {
   SiteSettings settings;
   settings.sun_elevation_deg = 5;
   try {
@@ -193,7 +193,7 @@ TEST(Settings, OneOutOfItsRangeIsNamedWithItsValue) {
   }
 }
 
-TEST(Settings, SharesThatAreAllZeroAreRefused) {
+TEST(Settings, SharesThatAreAllZeroAreRejected) {
   SiteSettings settings;
   settings.pine_share = settings.spruce_share = settings.birch_share = 0;
   EXPECT_THROW(Build_Scene(settings), RunTimeError);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Scenes of a few trees on level ground, placed by hand.
+// Scenes of a few trees on flat ground, placed by hand.
 #pragma once
 
 #include <vector>
@@ -8,7 +8,7 @@
 
 namespace sylvomex::demo {
 
-/// Level ground at 150 m; the sun of the default settings, no pixel noise.
+/// Flat ground at 150 m; the sun of the default settings, no pixel noise.
 inline Scene Scene_Of(const std::vector<Tree>& trees) {
   SiteSettings settings;
   settings.noise_sigma = 0;

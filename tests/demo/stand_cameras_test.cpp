@@ -26,7 +26,7 @@ Ray Level_Ray(const Point3D& from, double azimuth_deg, double climb = 0) {
   return {from.X, from.Y, from.Z, level * std::sin(a), level * std::cos(a), climb};
 }
 
-TEST(StandRay, LevelMeetsAStemAtItsSurface) {
+TEST(StandRay, HorizontalMeetsAStemAtItsSurface) {
   const Scene scene = Scene_Of({Tree_At(1, Species::Pine, 150, 150)});
   const Tree& tree = scene.trees[0];
   const auto hit =
@@ -38,7 +38,7 @@ TEST(StandRay, LevelMeetsAStemAtItsSurface) {
   EXPECT_NEAR(hit->normal.y, -1, 1e-9);
 }
 
-TEST(StandRay, LevelAtCrownHeightMeetsTheCrown) {
+TEST(StandRay, HorizontalAtCrownHeightMeetsTheCrown) {
   const Scene scene = Scene_Of({Tree_At(1, Species::Birch, 150, 150)});
   const Tree& tree = scene.trees[0];
   const auto hit =
@@ -48,14 +48,14 @@ TEST(StandRay, LevelAtCrownHeightMeetsTheCrown) {
   EXPECT_NEAR(hit->t, 10 - 1.25, 2e-4);  // half the radius at a quarter of the length
 }
 
-TEST(StandRay, LevelOverLevelGroundAndUpwardMeetsTheSky) {
+TEST(StandRay, HorizontalOverFlatGroundAndUpwardMeetsTheSky) {
   const Scene scene = Scene_Of({Tree_At(1, Species::Pine, 150, 150)});
   const Point3D eye{kForestWest + 20, kForestSouth + 20, 151.6};
   EXPECT_FALSE(Cast_Stand_Ray(scene, Level_Ray(eye, 200), 500, Foliage::Closed));
   EXPECT_FALSE(Cast_Stand_Ray(scene, Level_Ray(eye, 200, 0.3), 500, Foliage::Closed));
 }
 
-TEST(StandRay, DownwardMeetsTheGroundWhereTheSlopeSays) {
+TEST(StandRay, DownwardMeetsTheGroundAccordingToItsSlope) {
   const Scene scene = Scene_Of({Tree_At(1, Species::Pine, 150, 150)});
   const Point3D eye{kForestWest + 20, kForestSouth + 20, 151.5};
   const auto hit = Cast_Stand_Ray(scene, Level_Ray(eye, 90, -0.1), 500, Foliage::Closed);
@@ -82,7 +82,7 @@ TEST(StandRay, MeetsRollingGroundAtItsHeightAndNowhereBefore) {
   }
 }
 
-TEST(StandRay, FindsTheNearestOfAllTreesAsTheListWould) {
+TEST(StandRay, FindsTheNearestTreeAsALinearSearchWould) {
   int on_trees = 0;
   for (int i = 0; i < 300; ++i) {
     const double X = kForestWest + 10 + (i * 37) % 280, Y = kForestSouth + 10 + (i * 91) % 280;
@@ -173,7 +173,7 @@ TEST(StandPhotographs, TheRayThroughTheProjectedStemMeetsThatTree) {
   }
 }
 
-TEST(StandPhotographs, TheFrameIsAsLargeAsTheCamerasLimits) {
+TEST(StandPhotographs, TheFrameHasTheSizeOfTheSearchsLimits) {
   const Photograph photo = Photographs_Around(Site(), Site_Tree())[0];
   const RawPixelCentre corner = Centre_Of_Raw_Pixel(photo.image, -0.5, -0.5);
   const auto [x, y] = Pixel_To_Image(photo.camera, {corner.col, corner.row});
@@ -181,7 +181,7 @@ TEST(StandPhotographs, TheFrameIsAsLargeAsTheCamerasLimits) {
   EXPECT_NEAR(y, 0.003589, 3e-6);
 }
 
-TEST(StandPhotographs, AreSkyAboveTheTreesOfAnOpenStand) {
+TEST(StandPhotographs, ShowSkyAboveTheTreesOfAnOpenStand) {
   Scene scene = Scene_Of({Tree_At(1, Species::Pine, 150, 150)});
   scene.settings.pixel_scale = 16;
   const std::vector<Photograph> photos = Photographs_Around(scene, 0);

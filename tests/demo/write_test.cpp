@@ -52,7 +52,7 @@ TEST(ExactText, ReadsBackTheSameWithoutExponent) {
   EXPECT_EQ(Exact_Text(0.15297), "0.15297");
   EXPECT_EQ(Exact_Text(2515000), "2515000");
   EXPECT_EQ(Exact_Text(1e-7), "0.0000001");
-  EXPECT_EQ(Fixed_Decimals(2.345, 2), "2.35");  // the double lies above the tie
+  EXPECT_EQ(Fixed_Decimals(2.345, 2), "2.35");  // the double is above the tie
   EXPECT_EQ(Fixed_Decimals(-1, 1), "-1.0");
 }
 
@@ -115,7 +115,7 @@ TEST(HeightRasters, LookupsOfTheGroundAreUnbiasedInBothAxes) {
   int n = 0;
   for (int i = 0; i < 100; ++i) {
     for (int j = 0; j < 100; ++j) {
-      // Cells 17.5 m apart, five by five places spread evenly over each.
+      // Cells 17.5 m apart, with five by five points spread evenly over each.
       const double X = kForestWest - 35 + 17.5 * (i / 5) + 0.05 + 0.1 * (i % 5);
       const double Y = kForestSouth - 35 + 17.5 * (j / 5) + 0.05 + 0.1 * (j % 5);
       const double difference =
@@ -132,7 +132,7 @@ TEST(HeightRasters, LookupsOfTheGroundAreUnbiasedInBothAxes) {
 TEST(HeightRasters, CanopyCellsHoldElevationsOfTheCanopySurface) {
   const Scene scene = Scene_Of({Tree_At(1, Species::Birch, 100, 100)});
   const HeightRaster raster = Make_Canopy_Raster(scene);
-  // The middle of the cell lies 0.25 m off the apex in both axes: 12 x 0.125 / 2.5^2 lower.
+  // The cell's centre is 0.25 m from the apex in both axes: 12 x 0.125 / 2.5^2 lower.
   EXPECT_NEAR(Looked_Up(raster, kForestWest + 100.1, kForestSouth + 100.1), 170 - 0.24, 1e-4);
   EXPECT_NEAR(Looked_Up(raster, kForestWest + 120, kForestSouth + 100), 150, 1e-6);
 }
@@ -178,7 +178,7 @@ TEST(CrossCursor, HasTheStructureOfACursorFile) {
   EXPECT_EQ(Word_At(cursor, 36), 1U) << "one bit a pixel";
 }
 
-/// Bit of a plane (0 colour, 1 mask) at a column and a row from the top.
+/// Bit of a plane (0 colour, 1 mask) at a column and a row counted from the top.
 unsigned Bit_At(const std::string& cursor, int plane, int column, int row) {
   const auto byte = static_cast<std::size_t>(70 + 128 * plane + 4 * (31 - row) + column / 8);
   return Byte_At(cursor, byte) >> static_cast<unsigned>(7 - column % 8) & 1U;
@@ -237,7 +237,7 @@ TEST(SiteFolders, ARootThatIsAFileIsNamedInTheMessage) {
   }
 }
 
-TEST(TruthTable, HasOneLineATreeAndThreeColumnsAPhotograph) {
+TEST(TruthTable, HasOneLinePerTreeAndThreeColumnsPerPhotograph) {
   const Scene scene = Scene_Of({Tree_At(1, Species::Spruce, 150, 150)});
   std::istringstream lines(Truth_Table(scene, Fly_Over(scene)));
   std::string names, line, more;
@@ -288,7 +288,7 @@ TEST(DemoSite, IsTheSameByteForByteOnOneThreadAndOnTwo) {
   }
 }
 
-/// What a session chooses in file dialogs, but for the one file that a command writes there.
+/// Files chosen in a session's dialogs, except the one that a command writes there.
 std::vector<std::string> Files_Asked_By(const std::string& session) {
   std::vector<std::string> files;
   std::istringstream lines(session);
@@ -318,7 +318,7 @@ TEST(DemoSite, HoldsEveryFileThatItsSessionsChoose) {
   EXPECT_GT(asked, 30U);
 }
 
-TEST(DemoSite, TellsItsVersionAndWhereLidarLies) {
+TEST(DemoSite, StatesItsVersionAndWhereLidarLies) {
   const FreshFolder root("site_version");
   SiteSettings settings;
   settings.pixel_scale = 16;

@@ -35,7 +35,7 @@ TEST_F(LabelOnScreen, TextALittleTooLongIsSqueezed) {
   EXPECT_TRUE(label_.toolTip().isEmpty());
 }
 
-TEST_F(LabelOnScreen, TextFarTooLongIsCutAndStandsInTheToolTip) {
+TEST_F(LabelOnScreen, TextFarTooLongIsElidedAndShownInTheToolTip) {
   Show("a text that is far longer than its label", 60);
   EXPECT_TRUE(label_.Painted_Text().endsWith(QChar(0x2026)));
   EXPECT_EQ(label_.toolTip(), "a text that is far longer than its label");
@@ -51,7 +51,7 @@ TEST_F(LabelOnScreen, TakesColourAndFontOfItsRecord) {
   EXPECT_TRUE(label_.font().bold());
 }
 
-TEST(TickBox, KeepsToItsRoom) {
+TEST(TickBox, StaysWithinItsRoom) {
   QCheckBox box("Use: 123456789");
   EXPECT_EQ(Fit_Check_Box(box, 500), box.sizeHint().width());
   EXPECT_TRUE(box.toolTip().isEmpty());
@@ -75,12 +75,12 @@ TEST(TextBoxOnScreen, SqueezesATextALittleTooLongAndShowsItsBeginning) {
   EXPECT_EQ(box.cursorPosition(), 0);
 }
 
-TEST(Texts, OldLatinTextsAreReadAsWhatTheyAre) {
+TEST(Texts, OldLatinTextsAreReadCorrectly) {
   EXPECT_EQ(Qt_Text("m\xe4nty"), QString("m\u00e4nty"));
   EXPECT_EQ(Qt_Text("m\xc3\xa4nty"), QString("m\u00e4nty"));
 }
 
-TEST(Texts, AmpersandInACaptionIsACharacter) {
+TEST(Texts, AmpersandInACaptionIsShown) {
   EXPECT_EQ(Caption_Text("obs & Widths"), "obs && Widths");
 }
 

@@ -29,7 +29,7 @@ QByteArray Small_Cursor() {
   Append16(bytes, 1);  // hot spot
   Append16(bytes, 0);
   Append32(bytes, 40 + 8 + 16);
-  Append32(bytes, 22);  // where the bitmap begins
+  Append32(bytes, 22);  // offset of the bitmap
   Append32(bytes, 40);
   Append32(bytes, 2);
   Append32(bytes, 4);  // colour rows and mask rows
@@ -53,14 +53,14 @@ TEST(Cursor, PixelsMaskAndHotSpotAreRead) {
   EXPECT_EQ(cursor->image.pixel(1, 1), qRgba(255, 255, 255, 255));
 }
 
-TEST(Cursor, CutFileIsRefusedWhereverItEnds) {
+TEST(Cursor, TruncatedFileIsRejectedWhereverItEnds) {
   const QByteArray whole = Small_Cursor();
   for (qsizetype length = 0; length < whole.size(); ++length) {
     EXPECT_FALSE(Parse_Cursor(whole.left(length)).has_value()) << length;
   }
 }
 
-TEST(Cursor, EveryChangedByteIsReadOrRefused) {
+TEST(Cursor, EveryChangedByteIsReadOrRejected) {
   const QByteArray whole = Small_Cursor();
   for (qsizetype at = 0; at < whole.size(); ++at) {
     QByteArray changed = whole;
@@ -72,7 +72,7 @@ TEST(Cursor, EveryChangedByteIsReadOrRefused) {
   }
 }
 
-TEST(Cursor, IconIsNoCursor) {
+TEST(Cursor, IconIsNotACursor) {
   QByteArray icon = Small_Cursor();
   icon[2] = 1;
   EXPECT_FALSE(Parse_Cursor(icon).has_value());

@@ -26,7 +26,7 @@ class DesktopTest : public testing::Test {
     EXPECT_TRUE(QTest::qWaitForWindowActive(&Main()));
   }
 
-  /// Waits for what comes with the events that are still on their way.
+  /// Waits for a condition that pending events will fulfil.
   template <class Condition>
   static bool Soon(Condition&& condition) {
     return QTest::qWaitFor(condition, 2000);

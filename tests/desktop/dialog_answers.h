@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Answers the dialogs that come up while a test drives the windows.
+// Answers the dialogs that open while a test drives the windows.
 #pragma once
 
 #include <QApplication>
@@ -29,15 +29,14 @@ class DialogAnswers {
   QMessageBox::StandardButton choice = QMessageBox::Ok;  // of message boxes
   bool silence = false;  // ticks "Do not show this message again ..." where it is offered
 
-  // What came up.
+  // What was shown.
   std::vector<std::string> messages;
   std::vector<std::string> titles;  // of all dialogs
   int silencers_offered = 0;
-  int texts_cut = 0;  // texts of message and input boxes that were not in view as a whole
+  int texts_cut = 0;  // texts of message and input boxes that were not fully visible
 
  private:
-  /// Each line as it is broken by line ends lies in the label, and all lines stand below each
-  /// other.
+  /// Each line, as broken by line ends, fits in the label, and all lines fit below each other.
   static bool Is_Whole(const QLabel& label) {
     const QStringList lines = label.text().split(QLatin1Char('\n'));
     const QFontMetrics letters = label.fontMetrics();

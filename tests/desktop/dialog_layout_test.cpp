@@ -37,14 +37,14 @@ TEST(WrappedText, PathsBreakBehindSlashesOfBothKinds) {
             "/home/data/\nimages/a.hdr");
 }
 
-TEST(WrappedText, AWordWiderThanTheLineIsBrokenInside) {
+TEST(WrappedText, AWordWiderThanTheLineIsSplit) {
   const QString wrapped = Wrapped("mmmmmmmmmm", Width_Of("mmmm"));
   EXPECT_EQ(wrapped, "mmmm\nmmmm\nmm");
 }
 
-TEST(WrappedText, ALineHoldsOneLetterAtLeast) { EXPECT_EQ(Wrapped("mm", 1), "m\nm"); }
+TEST(WrappedText, ALineHasAtLeastOneLetter) { EXPECT_EQ(Wrapped("mm", 1), "m\nm"); }
 
-TEST(WrappedText, NoLetterOfTwoUnitsIsHalved) {
+TEST(WrappedText, SurrogatePairsAreNotSplit) {
   const QString trees = QString::fromUtf8("\U0001F332\U0001F332\U0001F332");
   const int one_and_a_half = Letters().horizontalAdvance(trees) / 2;
   for (const QString& line : Wrapped_Text(trees, Letters(), one_and_a_half).split('\n')) {
@@ -53,7 +53,7 @@ TEST(WrappedText, NoLetterOfTwoUnitsIsHalved) {
   }
 }
 
-// Whatever the width is: nothing is lost but blanks at the breaks, and no line is too wide.
+// For any width, nothing is lost except blanks at the breaks, and no line is too wide.
 TEST(WrappedText, KeepsEveryLetterAndEveryLineFits) {
   const QString text = QStringLiteral(
       "File not found: /home/researcher/sites/spruce stand "

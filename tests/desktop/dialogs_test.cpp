@@ -20,7 +20,7 @@ TEST(FileFilters, EmptyFilterShowsAllFiles) {
 }
 
 // A tenth of a second has 4410 samples of two bytes; 1000 Hz cross zero 200 times in it.
-TEST(Tone, HasTheLengthAndThePitchAskedFor) {
+TEST(Tone, HasTheRequestedLengthAndPitch) {
   const QByteArray samples = Tone_Samples(1000, 100);
   ASSERT_EQ(samples.size(), 8820);
   int crossings = 0;
@@ -35,7 +35,7 @@ TEST(Tone, HasTheLengthAndThePitchAskedFor) {
   EXPECT_NEAR(crossings, 199, 2);
 }
 
-TEST(Tone, OutsideHearingOrWithoutLengthIsSilent) {
+TEST(Tone, InaudibleOrEmptyIsSilent) {
   EXPECT_TRUE(Tone_Samples(0, 100).isEmpty());
   EXPECT_TRUE(Tone_Samples(-5, 100).isEmpty());
   EXPECT_TRUE(Tone_Samples(100000, 100).isEmpty());
@@ -53,7 +53,7 @@ TEST_F(Dialogs, MessageWithoutATitleCarriesTheProgramsName) {
   EXPECT_EQ(dialogs_.titles, std::vector<std::string>{"SYLVOMEX"});
 }
 
-TEST_F(Dialogs, MessageAnswersWithTheButtonChosen) {
+TEST_F(Dialogs, MessageReturnsTheButtonChosen) {
   dialogs_.choice = QMessageBox::No;
   EXPECT_EQ(w().screen->Message_Box("sure?", Buttons::YesNo), Answer::No);
   dialogs_.choice = QMessageBox::Yes;
@@ -78,7 +78,7 @@ TEST_F(Dialogs, SilencedMessageStaysAwayUntilTheNextEvent) {
   EXPECT_EQ(dialogs_.messages.size(), 3U);
 }
 
-TEST_F(Dialogs, InputBoxGivesTheTextEntered) {
+TEST_F(Dialogs, InputBoxReturnsTheTextEntered) {
   dialogs_.inputs.push_back("120");
   EXPECT_EQ(w().screen->Input_Box("Give Col"), "120");
   EXPECT_EQ(w().screen->Input_Box("Give Col"), std::nullopt);

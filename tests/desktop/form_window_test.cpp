@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A window made from its rows alone.
+// A window made from its design rows only.
 #include "desktop/form_window.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +16,7 @@
 namespace sylvomex {
 namespace {
 
-/// Writes down what a window hands on, as steps.
+/// Records what a window sends, as script steps.
 struct NotedEvents : OperatorEvents {
   void Dispatch(const OperatorEvent& event) override { steps += Step_Text(event) + "\n"; }
   void Dispatch_Move(const OperatorEvent& event) override { Dispatch(event); }
@@ -90,15 +90,15 @@ TEST_F(FormWindowTest, PicturesHaveThePointersOfTheirOwnFiles) {
   EXPECT_EQ(Control("Picture1").cursor().shape(), Qt::CrossCursor);
 }
 
-TEST_F(FormWindowTest, TellsClicksOnPicturesWithAndWithoutIndex) {
+TEST_F(FormWindowTest, SendsClicksOnPicturesWithAndWithoutIndex) {
   QTest::mouseClick(&Control("Picture2(1)"), Qt::LeftButton, Qt::ControlModifier, QPoint(12, 22));
   QTest::mouseClick(&Control("Picture1"), Qt::RightButton, {}, QPoint(7, 8));
   EXPECT_EQ(events.steps, "click Form99.Picture2(1) 10 20 ctrl\nclick Form99.Picture1 5 6 right\n");
 }
 
-TEST_F(FormWindowTest, TellsADoubleClickWhereAHandlerWaitsForIt) {
+TEST_F(FormWindowTest, SendsADoubleClickWhereItIsHandled) {
   QTest::mouseDClick(&Control("Picture1"), Qt::LeftButton, {}, QPoint(7, 8));
-  // A hand's double click: the press of a click before the event of its own.
+  // A double click as Qt delivers it: press and release of a click before the double-click event.
   QTest::mouseClick(&Control("Picture2(0)"), Qt::LeftButton, {}, QPoint(7, 8));
   QTest::mouseDClick(&Control("Picture2(0)"), Qt::LeftButton, {}, QPoint(7, 8));
   EXPECT_NE(events.steps.find("doubleclick Form99.Picture1 5 6\n"), std::string::npos);
@@ -107,12 +107,12 @@ TEST_F(FormWindowTest, TellsADoubleClickWhereAHandlerWaitsForIt) {
             std::string::npos);
 }
 
-TEST_F(FormWindowTest, TellsClicksOnTheBareWindow) {
+TEST_F(FormWindowTest, SendsClicksOnItsBackground) {
   QTest::mouseClick(window.centralWidget(), Qt::LeftButton, {}, QPoint(300, 250));
   EXPECT_EQ(events.steps, "click Form99 300 250\n");
 }
 
-TEST_F(FormWindowTest, IsResizedByTheHandSinceItHasAHandlerForIt) {
+TEST_F(FormWindowTest, CanBeResizedWhenItHasAResizeHandler) {
   const int menu = window.Menu_Height();
   EXPECT_EQ(window.minimumSize(), QSize(200, 160));
   window.resize(500, 400 + menu);
@@ -120,13 +120,13 @@ TEST_F(FormWindowTest, IsResizedByTheHandSinceItHasAHandlerForIt) {
       [&] { return events.steps.find("resize Form99 500 400\n") != std::string::npos; }, 2000));
 }
 
-TEST_F(FormWindowTest, TellsKeysWhicheverControlHasTheFocus) {
+TEST_F(FormWindowTest, SendsKeysWhicheverControlHasTheFocus) {
   Control("Picture1").setFocus();
   QTest::keyClick(&Control("Picture1"), Qt::Key_U);
   EXPECT_EQ(events.steps, "key Form99 U\n");
 }
 
-TEST_F(FormWindowTest, ClosesByTheStepThatAScriptWouldPlay) {
+TEST_F(FormWindowTest, ClosesWithTheStepThatAScriptWouldPlay) {
   window.close();
   EXPECT_EQ(events.steps, "close Form99\n");
 }

@@ -9,7 +9,7 @@ namespace {
 
 class MainMenu : public DesktopTest {
  protected:
-  // All items, from the bar downwards, each menu before its items.
+  // All items, from the menu bar downwards, each menu before its items.
   static void Collect(const QWidget& parent, std::vector<QAction*>& items) {
     for (QAction* item : parent.actions()) {
       items.push_back(item);
@@ -36,7 +36,7 @@ TEST_F(MainMenu, ShowsAll127ItemsInTheirOrder) {
   }
 }
 
-TEST_F(MainMenu, StandsInTheBarFromFileToAbout) {
+TEST_F(MainMenu, HasTheMenusFromFileToAbout) {
   QStringList captions;
   for (QAction* item : Main().menuBar()->actions()) captions << item->text();
   EXPECT_EQ(captions.front(), "File");
@@ -45,7 +45,7 @@ TEST_F(MainMenu, StandsInTheBarFromFileToAbout) {
   EXPECT_EQ(captions.back(), "About");
 }
 
-TEST_F(MainMenu, TellsTheKeyBesideTheCaption) {
+TEST_F(MainMenu, ShowsTheKeyBesideTheCaption) {
   EXPECT_EQ(Main().findChild<QAction*>("Point_Intersection")->text(),
             "Point Intersection, N>1 images\tCtrl+I");
   EXPECT_EQ(Main().findChild<QAction*>("Save_measured_point")->text(),
@@ -67,7 +67,7 @@ TEST_F(MainMenu, ChecksAModeWhenItIsChosenAndUnchecksItAgain) {
   EXPECT_FALSE(item->isChecked());
 }
 
-TEST_F(MainMenu, TickBoxOfMultiSizeTurnsTheModesCheckMark) {
+TEST_F(MainMenu, CheckBoxOfMultiSizeTurnsTheModesCheckMark) {
   QTest::mouseClick(&Get<QCheckBox>("Check5"), Qt::LeftButton, {}, QPoint(8, 8));
   EXPECT_TRUE(w().Menu.Measure_tree_tops_By_Matching);
   EXPECT_TRUE(Main().findChild<QAction*>("Measure_tree_tops_By_Matching")->isChecked());

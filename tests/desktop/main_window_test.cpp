@@ -12,7 +12,7 @@ class MainWindow : public DesktopTest {
   int Client_Height() { return Main().centralWidget()->height(); }
 };
 
-TEST_F(MainWindow, HasTheTitleAndTheClientSizeAskedFor) {
+TEST_F(MainWindow, HasTheTitleAndTheRequestedClientSize) {
   EXPECT_EQ(Main().windowTitle(),
             "SYLVOMEX. 3D measurements with aerial photographs and lidar data.");
   EXPECT_EQ(Client_Width(), 1000);
@@ -43,7 +43,7 @@ TEST_F(MainWindow, ResizingLaysThePanesOutAgain) {
   EXPECT_EQ(Pane(0).width(), 516);
 }
 
-TEST_F(MainWindow, OfManyResizesTheLastCounts) {
+TEST_F(MainWindow, OfManyResizesOnlyTheLastCounts) {
   Add_Two_Images();
   for (int step = 1; step <= 20; ++step) {
     Main().resize(Main().size() + QSize(5, 0));
@@ -99,7 +99,7 @@ TEST_F(MainWindow, PointerIsAnHourglassWhileTheFormSaysSo) {
   EXPECT_EQ(Main().cursor().shape(), Qt::ArrowCursor);
 }
 
-TEST_F(MainWindow, MovingOverTheBareWindowShowsTheKeyHint) {
+TEST_F(MainWindow, MovingOverTheBackgroundShowsTheKeyHint) {
   QTest::mouseMove(Main().centralWidget(), QPoint(900, 80));
   EXPECT_TRUE(Soon([&] {
     return Get<QLabel>("Label3").text() ==

@@ -92,7 +92,7 @@ TEST_F(PaneOnScreen, APictureFileHasThePixelsOfTheScreen) {
   EXPECT_EQ(saved.convertToFormat(QImage::Format_RGB32), Pane(0).Painted());
 }
 
-TEST_F(PaneOnScreen, ErasingBringsThePictureBack) {
+TEST_F(PaneOnScreen, ErasingRestoresThePicture) {
   const QImage before = Pane(0).Painted();
   Plot_Point(w().Form1.Picture1(0), 40, 30, {255, 0, 0});
   w().screen->Service_Events();

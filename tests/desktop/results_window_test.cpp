@@ -62,14 +62,14 @@ TEST_F(ResultsWindow, ShowsTheGraphsOfTheTreesThatItsMenuLoads) {
   EXPECT_EQ(Get<QLabel>("Label2", "Form6").text(),
             "3 clusters, matched nearest first within 1.5 m in plan:  M 3,  O 0,  C 0");
   Press_Show_Results();
-  // Three dots of 5 x 5 pixels and one in the legend; the line may cross those of the trees.
+  // Three dots of 5 x 5 pixels and one in the legend; the line may cover parts of the dots.
   EXPECT_GT(Pixels_Of(Shown(0), QColor(255, 0, 0)), 3 * 25);
   EXPECT_LE(Pixels_Of(Shown(0), QColor(255, 0, 0)), 4 * 25);
   EXPECT_GT(Pixels_Of(Shown(0), QColor(0, 255, 0)), 100);
   EXPECT_TRUE(dialogs_.messages.empty());
 }
 
-TEST_F(ResultsWindow, TooFewTreesAreToldInOneMessage) {
+TEST_F(ResultsWindow, TooFewTreesAreReportedInOneMessage) {
   w().Matching.ClusterCount = 2;
   Choose("Show_Results_Window");
   Load_Trees();
@@ -80,7 +80,7 @@ TEST_F(ResultsWindow, TooFewTreesAreToldInOneMessage) {
   EXPECT_TRUE(Window("Form6").isVisible());
 }
 
-TEST_F(ResultsWindow, ANewSizeLaysThePanesOutAndDrawsThemAnew) {
+TEST_F(ResultsWindow, ANewSizeLaysThePanesOutAndRedrawsThem) {
   Choose("Show_Results_Window");
   Load_Trees();
   Press_Show_Results();

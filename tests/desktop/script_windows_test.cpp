@@ -53,8 +53,8 @@ TEST_F(ScriptedScreenshot, ShowsTheMarksOfAPane) {
                  file + "\n"),
             0)
       << err_.str();
-  // The cross of a measuring click: the left arm covers 95 to 98, at the pane's inside 3 + 2,
-  // 96 + 2 of the client area, which ends the window.
+  // The cross of a measuring click: its left arm covers 95 to 98 in the pane, which starts at 3 +
+  // 2, 96 + 2 in the client area; the client area ends the window's picture.
   const QImage image = Picture("window.png");
   const int client_top = image.height() - 650;
   EXPECT_EQ(image.pixel(3 + 2 + 96, client_top + 96 + 2 + 50), qRgb(5, 255, 211));

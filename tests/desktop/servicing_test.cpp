@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Commands that ask for events after every step of a long loop.
+// Commands that service events after every step of a long loop.
 #include <QTimer>
 
 #include "desktop_fixture.h"
@@ -23,7 +23,7 @@ class LongCommand : public DesktopTest {
  protected:
   static constexpr int kTriangles = 20000;
 
-  /// One small triangle again and again: rasterizing asks for events after each.
+  /// The same small triangle many times: rasterizing services events after each.
   LongCommand() {
     site_.Folder().Make_Folder("c/temp");
     TinTriangle triangle;
@@ -35,7 +35,7 @@ class LongCommand : public DesktopTest {
   }
 };
 
-TEST_F(LongCommand, IsShownNowAndThenAndNotAtEveryStep) {
+TEST_F(LongCommand, IsShownFromTimeToTimeAndNotAtEveryStep) {
   UpdateCounter counter;
   Main().installEventFilter(&counter);
   Choose("TIN2RASTER_Fast");
@@ -44,7 +44,7 @@ TEST_F(LongCommand, IsShownNowAndThenAndNotAtEveryStep) {
   EXPECT_EQ(Get<QLabel>("Label10").text(), QString::number(kTriangles - 1));
 }
 
-TEST_F(LongCommand, LetsEventsInBeforeItEnds) {
+TEST_F(LongCommand, RunsEventsBeforeItEnds) {
   std::string seen;
   QTimer::singleShot(0, &Main(), [&] { seen = w().Form1.Label10.Caption; });
   Choose("TIN2RASTER_Fast");

@@ -9,7 +9,7 @@ namespace {
 
 using Beginning = DesktopTest;
 
-TEST_F(Beginning, AScriptThatFailsSaysSoInABox) {
+TEST_F(Beginning, AScriptThatFailsIsReportedInABox) {
   const FilePath script = site_.Folder().Write("c/begin.txt", "say fine\nmenu No_Such_Item\n");
   desktop_->Begin_With(script.native);
   ASSERT_EQ(dialogs_.messages.size(), 1U);
@@ -19,20 +19,20 @@ TEST_F(Beginning, AScriptThatFailsSaysSoInABox) {
   EXPECT_NE(message.find("begin.txt:2:"), std::string::npos) << message;
 }
 
-TEST_F(Beginning, AScriptThatIsMissingSaysSoInABox) {
+TEST_F(Beginning, AScriptThatIsMissingIsReportedInABox) {
   desktop_->Begin_With("/nowhere/begin.txt");
   ASSERT_EQ(dialogs_.messages.size(), 1U);
   EXPECT_NE(dialogs_.messages[0].find("cannot read the script"), std::string::npos);
 }
 
-TEST_F(Beginning, AScriptThatPlaysToItsEndSaysNothing) {
+TEST_F(Beginning, AScriptThatPlaysToItsEndReportsNothing) {
   const FilePath script = site_.Folder().Write("c/begin.txt", "set Text4 31\n");
   desktop_->Begin_With(script.native);
   EXPECT_TRUE(dialogs_.messages.empty());
   EXPECT_EQ(w().Form1.Text4.Text, "31");
 }
 
-/// The program as it is built, with a display that the environment names or not.
+/// The built program, with or without a display in its environment.
 struct Ended {
   int status = -1;
   bool crashed = false;
@@ -60,7 +60,7 @@ TEST(Program, WithoutADisplayEndsWithAMessage) {
   EXPECT_TRUE(ended.told.contains("needs a display")) << ended.told.toStdString();
 }
 
-TEST(Program, WithADisplayThatDoesNotAnswerEndsWithAMessage) {
+TEST(Program, WithADisplayThatDoesNotRespondEndsWithAMessage) {
   const SmallSite site;
   const QString root = QString::fromStdString(site.Folder().Path().string());
   const FilePath script = site.Folder().Write("c/script.txt", "say shown\n");

@@ -27,7 +27,7 @@ TEST(HeightCountScale, HeightsRunAsInTheErrorGraphAndCountsUpFromTheAxis) {
 }
 
 TEST(PlanScale, ThePlotAndAMetreAroundItFillTheWidth) {
-  const GraphScale scale = Plan_Scale({440, 400}, 5000, 7000, 10);  // 20 pixels a metre
+  const GraphScale scale = Plan_Scale({440, 400}, 5000, 7000, 10);  // 20 pixels per metre
   EXPECT_EQ(scale.At(5000, 7000).px, 220);
   EXPECT_EQ(scale.At(5000, 7000).py, 200);
   EXPECT_EQ(scale.At(4989, 7000).px, 0);
@@ -50,7 +50,7 @@ TEST(TickStep, IsOneTwoOrFiveTimesAPowerOfTen) {
   EXPECT_DOUBLE_EQ(Tick_Step(1000, 10), 100);
 }
 
-TEST(TickStep, OfNoExtentIsOne) {
+TEST(TickStep, OfAnEmptyRangeIsOne) {
   EXPECT_EQ(Tick_Step(0, 5), 1);
   EXPECT_EQ(Tick_Step(-3, 5), 1);
   EXPECT_EQ(Tick_Step(std::nan(""), 5), 1);
@@ -61,7 +61,7 @@ TEST(Ticks, AreTheMultiplesInTheIntervalItsEndsIncluded) {
   EXPECT_EQ(Ticks({0.5, 2.9}, 1), (std::vector<double>{1, 2}));
 }
 
-TEST(Ticks, WithoutAStepOrInEndlessNumberThereAreNone) {
+TEST(Ticks, WithoutAStepOrInUnlimitedNumberThereAreNone) {
   EXPECT_TRUE(Ticks({0, 1}, 0).empty());
   EXPECT_TRUE(Ticks({0, 1e9}, 1).empty());
 }
@@ -73,7 +73,7 @@ TEST(RoundedOut, EndsAtMultiplesOfItsStep) {
   EXPECT_DOUBLE_EQ(interval.high, 161.5);
 }
 
-TEST(RoundedOut, ValuesWithoutExtentGetAUnitToEitherSide) {
+TEST(RoundedOut, EqualValuesGetOneUnitOnEitherSide) {
   const std::vector<double> values{4, 4};
   EXPECT_EQ(Rounded_Out(values, 5).low, 3);
   EXPECT_EQ(Rounded_Out(values, 5).high, 5);

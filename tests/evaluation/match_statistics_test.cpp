@@ -70,14 +70,14 @@ TEST(Regression, EqualErrorsAreADivisionByZero) {
             "Division by zero: the regression of 3 points has one ordinate for all");
 }
 
-TEST(Regression, AVarianceThatIsNoNumberIsReportedOnce) {
+TEST(Regression, ANaNVarianceIsReportedOnce) {
   int reports = 0;
   const std::vector<double> x{1, 2, 3}, y{1, std::nan(""), 3};
   Fit_Line(x, y, [&](std::string_view) { ++reports; });
   EXPECT_EQ(reports, 1);
 }
 
-TEST(ZErrors, AreTopsLessClustersOverTreeHeights) {
+TEST(ZErrors, AreTopsMinusClustersOverTreeHeights) {
   const std::vector<ReferenceTreeRecord> trees{Tree(0, 10, 1), Tree(0, 20, 2), Tree(0, 30, 2)};
   EXPECT_EQ(Z_Error(trees[1]), 2);
   EXPECT_NEAR(Fit_Z_Errors(trees, No_Report()).b, 0.05, 1e-14);

@@ -39,7 +39,7 @@ TEST(Matching, TheLimitItselfIsWithin) {
   EXPECT_EQ(Match({{0, 0}}, {{3, 4}}, std::nextafter(5.0, 0.0)), (Partners{-1}));
 }
 
-TEST(Matching, EquallyFarPairsGoByTreeThenByCluster) {
+TEST(Matching, EquallyDistantPairsGoByTreeThenByCluster) {
   EXPECT_EQ(Match({{0, 0}, {2, 0}}, {{1, 0}}, 1), (Partners{0, -1}));
   EXPECT_EQ(Match({{0, 0}}, {{1, 0}, {-1, 0}}, 1), (Partners{0}));
 }
@@ -51,7 +51,7 @@ TEST(Matching, WithoutTreesOrClustersOrALimitMatchesNothing) {
   EXPECT_EQ(Match({{0, 0}}, {{0, 0}}, std::nan("")), (Partners{-1}));
 }
 
-// Takes the best remaining pair again and again.
+// Takes the best remaining pair repeatedly.
 Partners By_Repeated_Search(const std::vector<PlanPosition>& trees,
                             std::vector<PlanPosition> clusters, double limit) {
   constexpr double kGone = 1e9;
@@ -103,7 +103,7 @@ EvaluationState Four_Trees() {
   return Evaluate_Matches(trees, clusters, 1.5);
 }
 
-TEST(Evaluation, IndicesStandByClassMatchedOmittedCommission) {
+TEST(Evaluation, IndicesAreOrderedByClassMatchedOmittedCommission) {
   const EvaluationState state = Four_Trees();
   EXPECT_EQ(state.MatchIndex, (std::vector<std::int32_t>{1, 3, 4, 2, 2, 5}));
   EXPECT_EQ(state.MatchCount, 3);
@@ -135,7 +135,7 @@ TEST(Evaluation, AnOmittedTreeHasNoCluster) {
   EXPECT_EQ(tree.ClusterZ, 0);
 }
 
-TEST(Evaluation, ACommissionWithinTheLimitIsNotedWithTheTree) {
+TEST(Evaluation, ACommissionWithinTheLimitIsRecordedWithTheTree) {
   const EvaluationState state = Four_Trees();
   EXPECT_EQ(Entry_From_One(state.ReferenceTree, 3).OtherCluster, 2);
   EXPECT_EQ(Entry_From_One(state.ReferenceTree, 1).OtherCluster, 0);
@@ -165,7 +165,7 @@ TEST(Evaluation, AClassOfMoreThan32767TreesIsAnOverflow) {
             "Overflow: 32768 is not in -32768 to 32767");
 }
 
-TEST(EntryFromOne, ZeroAndBeyondTheLastAreRefused) {
+TEST(EntryFromOne, ZeroAndBeyondTheLastAreRejected) {
   const std::vector<std::int32_t> table{5, 6};
   EXPECT_EQ(Entry_From_One(table, 2), 6);
   EXPECT_NE(Failure_Of([&] { Entry_From_One(table, 0); }), "no failure");

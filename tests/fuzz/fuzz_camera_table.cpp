@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The input is a camera table; what is found of a point must come back from its file.
+// The input is a camera table; cameras that see a point must read back from their point files.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The first byte chooses what is read next, again and again; the rest is the file.
+// The first byte selects the sequence of reads; the rest is the file.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -42,7 +42,7 @@ void Read_Next(sylvomex::ListReader& list, unsigned choice) {
   }
 }
 
-/// Every text is either a number, which comes back from its full text, or is refused.
+/// Every text is either a number, which reads back from its full text, or is rejected.
 void Parse_And_Write(const std::string& text) {
   try {
     const double value = sylvomex::Parse_Double(text);
@@ -62,7 +62,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string content(data + 1, data + size);
   Parse_And_Write(content);
   sylvomex::ListReader list(content, "c:\\data\\fuzz.txt");
-  // Every read takes something or ends in an error, so twice the length is enough.
+  // Every read consumes something or throws, so twice the length is enough.
   for (std::size_t reads = 0; !list.At_End(); ++reads) {
     if (reads > 2 * size + 2) std::abort();
     try {

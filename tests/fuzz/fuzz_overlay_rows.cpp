@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The first byte chooses the kind of the rows; the rest is the file.
+// The first byte selects the kind of rows; the rest is the file.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -35,7 +35,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (size == 0) return 0;
   sylvomex::ListReader rows(std::string(data + 1, data + size), "c:\\data\\fuzz.txt");
   try {
-    // Every row takes something, so that the file comes to its end.
+    // Every row consumes something, so the end of the file is reached.
     for (std::size_t count = 0; !rows.At_End(); ++count) {
       if (count > size) std::abort();
       Read_Row(rows, data[0]);

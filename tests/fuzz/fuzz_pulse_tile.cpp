@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The input is a pulse tile, read over a table that holds another one.
+// The input is a pulse tile, read into a table that already holds another one.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

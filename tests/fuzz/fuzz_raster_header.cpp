@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Heights at the corners, beyond them and nowhere.
+/// Lookups at the corners, beyond them, and at NaN and infinity.
 void Look_Around(const sylvomex::RasterModel& model) {
   const double far = std::numeric_limits<double>::infinity();
   const double none = std::numeric_limits<double>::quiet_NaN();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The input is a node file, a zero byte, and a triangle file. What was read answers as the
-// plain walks over its triangles do, and is rasterized.
+// The input is a node file, a zero byte, and a triangle file. Lookups must match the linear
+// searches over the triangles; the model is also rasterized.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>

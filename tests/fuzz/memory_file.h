@@ -13,7 +13,7 @@
 
 namespace sylvomex {
 
-/// A file in memory, gone at the end of the scope.
+/// A file in memory, removed at the end of the scope.
 class MemoryFile {
  public:
   explicit MemoryFile(std::span<const std::uint8_t> content)

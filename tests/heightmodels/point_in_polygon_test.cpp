@@ -14,7 +14,7 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 const std::vector<MapPoint> kSquare = {{0, 0}, {4, 0}, {4, 4}, {0, 4}};
 
-TEST(PointInPolygon, ASquareHoldsItsMiddleAndNothingBeyond) {
+TEST(PointInPolygon, ASquareContainsItsMiddleAndNothingBeyond) {
   EXPECT_TRUE(Point_In_Polygon(kSquare, {2, 2}));
   for (const MapPoint& p : {MapPoint{-1, 2}, {5, 2}, {2, -1}, {2, 5}}) {
     EXPECT_FALSE(Point_In_Polygon(kSquare, p)) << p.X << " " << p.Y;
@@ -59,7 +59,7 @@ TEST(PointInPolygon, ANotchIsOutside) {
   EXPECT_TRUE(Point_In_Polygon(notched, {3, 1}));
 }
 
-TEST(PointInPolygon, NoVerticesALineAndNaNHoldNothing) {
+TEST(PointInPolygon, NoVerticesALineAndNaNContainNothing) {
   const std::vector<MapPoint> line = {{0, 0}, {4, 4}};
   EXPECT_FALSE(Point_In_Polygon({}, {0, 0}));
   EXPECT_FALSE(Point_In_Polygon(line, {2, 2}));

@@ -77,7 +77,7 @@ TEST(RasterHeader, CellFileMayHoldBlanks) {
   EXPECT_EQ(model.CellFile.Trimmed(), "c:\\my data\\a b.raw");
 }
 
-TEST(RasterHeader, CutShortLeavesTheModelAsItWas) {
+TEST(RasterHeader, TruncatedLeavesTheModelUnchanged) {
   const TemporaryFolder folder;
   RasterModel model = Numbered_Model(2, 2, 10, 20, 5);
   const FilePath header = folder.Write("a.hdr", "7\n8\n9\n");
@@ -86,7 +86,7 @@ TEST(RasterHeader, CutShortLeavesTheModelAsItWas) {
   EXPECT_EQ(Raster_Height(model, 10, 20), 1);
 }
 
-TEST(RasterHeader, TextWhereANumberShouldStandIsATypeMismatch) {
+TEST(RasterHeader, TextInPlaceOfANumberIsATypeMismatch) {
   const TemporaryFolder folder;
   RasterModel model;
   const FilePath header = folder.Write("a.hdr", "7\neight\n0\n0\n1\n0\na.raw\n");
@@ -117,7 +117,7 @@ TEST(DimensionCells, ClearsTheCellsOfTheModelBefore) {
   EXPECT_EQ(Raster_Height(model, 0, 0), 0);
 }
 
-TEST(DimensionCells, SizeThatIsNoCountIsAnOverflowAndLeavesNoCells) {
+TEST(DimensionCells, InvalidSizeIsAnOverflowAndLeavesNoCells) {
   for (const double size : {-1.0, 2.5, 32768.0, 1e300, kNoNumber, kInfinity, -kInfinity}) {
     RasterModel wide = Numbered_Model(2, 2, 0, 0, 1);
     wide.NCols = size;
@@ -130,7 +130,7 @@ TEST(DimensionCells, SizeThatIsNoCountIsAnOverflowAndLeavesNoCells) {
   }
 }
 
-TEST(DimensionCells, RefusedSizeIsNamedWithItsValue) {
+TEST(DimensionCells, RejectedSizeIsNamedWithItsValue) {
   RasterModel model;
   model.NCols = 2;
   model.NRows = 40000;
@@ -204,7 +204,7 @@ TEST(ReadCells, FileThatIsTooShortLeavesTheRestZero) {
   EXPECT_EQ(Raster_Height(model, 2, 1), 0);
 }
 
-TEST(ReadCells, CellCutByTheEndOfTheFileIsZero) {
+TEST(ReadCells, CellTruncatedByTheEndOfTheFileIsZero) {
   const TemporaryFolder folder;
   RasterModel model;
   model.NCols = 2;
@@ -225,7 +225,7 @@ TEST(ReadCells, BytesBeyondTheModelAreIgnored) {
   EXPECT_EQ(Raster_Height(model, 0, 0), 1);
 }
 
-TEST(ReadCells, EmptyModelAndEmptyFileAreNoFailure) {
+TEST(ReadCells, EmptyModelAndEmptyFileAreNotErrors) {
   const TemporaryFolder folder;
   RasterModel none;
   Read_Cells(folder.Write("a.raw", "1234"), none);

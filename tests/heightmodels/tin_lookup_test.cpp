@@ -42,7 +42,7 @@ TEST(TinElevation, WithoutAModelIsMinus99) {
   EXPECT_EQ(Tin_Elevation({}, 5, 5, hint), -99);
 }
 
-TEST(TinElevation, AHintOutsideTheTableIsARunTimeFailure) {
+TEST(TinElevation, AHintOutsideTheTableIsARunTimeError) {
   const TinModel model = Two_Triangles();
   for (const std::int32_t outside : {3, -1, -99}) {
     std::int32_t hint = outside;
@@ -96,7 +96,7 @@ TEST(TinChmElevation, OutsideTheModelIsZeroWithAHintOfMinus99) {
   std::int32_t hint = 1;
   EXPECT_EQ(Tin_Chm_Elevation(model, 999, 5, hint), 0);
   EXPECT_EQ(hint, -99);
-  EXPECT_NEAR(Tin_Chm_Elevation(model, 1008, 2, hint), 108, 1e-9);  // -99 is no hint
+  EXPECT_NEAR(Tin_Chm_Elevation(model, 1008, 2, hint), 108, 1e-9);  // -99 is not a hint
   EXPECT_GT(hint, 0);
 }
 
@@ -110,13 +110,13 @@ TEST(TinChmElevation, AHeightOfZeroLooksLikeAMiss) {
   EXPECT_EQ(hint, 1);  // at once, with the hint unchanged
 }
 
-TEST(TinChmElevation, AHintAboveTheTableIsARunTimeFailure) {
+TEST(TinChmElevation, AHintAboveTheTableIsARunTimeError) {
   const TinModel model = Two_Triangles();
   std::int32_t hint = 3;
   EXPECT_THROW(Tin_Chm_Elevation(model, 1005, 5, hint), RunTimeError);
 }
 
-// The lookups beside the plain walks, bit for bit.
+// The lookups compared with linear searches, bit for bit.
 
 std::uint64_t Bits(double value) { return std::bit_cast<std::uint64_t>(value); }
 
@@ -140,7 +140,7 @@ void Expect_Plain_Answers(const TinModel& model, const std::vector<MapPoint>& po
   }
 }
 
-/// Corners, places on edges, and the numbers next to them.
+/// Corners, points on edges, and the neighbouring doubles.
 void Add_Touching_Points(const TinModel& model, std::mt19937& random,
                          std::vector<MapPoint>& points) {
   std::uniform_real_distribution<double> share(0, 1);
@@ -189,8 +189,8 @@ double Share_Of_Certain(const TinModel& model, const std::vector<MapPoint>& poin
   return certain / static_cast<double>(points.size());
 }
 
-/// A lattice of shifted nodes, cut into triangles that come in any order and either way round.
-/// jitter: greatest shift in spacings; from 0.5 on triangles fold over their neighbours.
+/// A lattice of displaced nodes, cut into triangles in random order and orientation. jitter:
+/// largest displacement in spacings; from 0.5 on triangles fold over their neighbours.
 TinModel Lattice_Model(unsigned seed, double jitter, MapPoint corner, double spacing, int lines) {
   std::mt19937 random(seed);
   std::uniform_real_distribution<double> shift(-jitter, jitter), height(100, 200);
@@ -214,16 +214,16 @@ TinModel Lattice_Model(unsigned seed, double jitter, MapPoint corner, double spa
   return Tin_Of(nodes, triples);
 }
 
-TEST(TinLookups, OnATriangulationAreThoseOfThePlainWalk) {
+TEST(TinLookups, OnATriangulationMatchTheLinearSearch) {
   for (const unsigned seed : {1U, 2U, 3U}) {
     const TinModel model = Lattice_Model(seed, 0.24, {2515000, 6859000}, 3.2, 40);
     const std::vector<MapPoint> points = Asked_Points(model, seed + 10);
     Expect_Plain_Answers(model, points);
-    EXPECT_GT(Share_Of_Certain(model, points), 0.3);  // the quick way is taken at all
+    EXPECT_GT(Share_Of_Certain(model, points), 0.3);  // the fast path is used at all
   }
 }
 
-TEST(TinLookups, OnARegularLatticeAreThoseOfThePlainWalk) {
+TEST(TinLookups, OnARegularLatticeMatchTheLinearSearch) {
   // Every MinX is shared by many triangles, and every edge lies on those of others.
   const TinModel model = Lattice_Model(4, 0, {100, 100}, 2, 30);
   std::vector<MapPoint> points = Asked_Points(model, 5);
@@ -233,9 +233,9 @@ TEST(TinLookups, OnARegularLatticeAreThoseOfThePlainWalk) {
   Expect_Plain_Answers(model, points);
 }
 
-TEST(TinLookups, OfSmallTrianglesInAWideModelAreThoseOfThePlainWalk) {
-  // Two lattices far apart: the finer the triangles, the less their places are worth in the
-  // single precision of the quick way.
+TEST(TinLookups, OfSmallTrianglesInAWideModelMatchTheLinearSearch) {
+  // Two lattices far apart: the smaller the triangles, the less precisely the single precision of
+  // the fast path can place them.
   for (const double spacing : {0.05, 0.2, 0.5, 3.0}) {
     const TinModel near = Lattice_Model(22, 0.3, {2515000, 6859000}, spacing, 20);
     const TinModel far = Lattice_Model(23, 0.3, {3515000, 7859000}, spacing, 20);
@@ -254,16 +254,16 @@ TEST(TinLookups, OfSmallTrianglesInAWideModelAreThoseOfThePlainWalk) {
   }
 }
 
-/// Squares in each other, every one an eighth as wide as the one round it, with triangles between
-/// them: those in the middle are lost in a wide model without a gap.
+/// Nested squares, each one eighth as wide as the one around it, with triangles between them: the
+/// innermost are too small for single precision, in a wide model without a gap.
 TinModel Nested_Squares(double half_width, int squares, MapPoint centre) {
   std::vector<TinNode> nodes;
   std::vector<NodeTriple> triples;
   for (int k = 0; k < squares; ++k, half_width /= 8) {
     const auto inner = static_cast<std::int32_t>(nodes.size());
     for (std::int32_t i = 0; i < 4; ++i) {
-      const double angle = 0.3 * k + 1.5707963267948966 * i;  // each a little turned
-      // The outermost stands aside, so that no place inside is a round number from its corner.
+      const double angle = 0.3 * k + 1.5707963267948966 * i;  // each slightly rotated
+      // The outermost is shifted, so that no interior point has round coordinates from its corner.
       const double aside = k == 0 ? 0.01 : 0;
       nodes.push_back({0, centre.X + half_width * std::cos(angle) + aside,
                        centre.Y + half_width * std::sin(angle) - aside, 100.0 + k});
@@ -279,7 +279,7 @@ TinModel Nested_Squares(double half_width, int squares, MapPoint centre) {
   return Tin_Of(nodes, triples);
 }
 
-TEST(TinLookups, OfTrianglesTooSmallForSinglePrecisionAreThoseOfThePlainWalk) {
+TEST(TinLookups, OfTrianglesTooSmallForSinglePrecisionMatchTheLinearSearch) {
   const MapPoint centre{1234.567, -765.4321};
   const TinModel model = Nested_Squares(500000, 13, centre);
   std::mt19937 random(28);
@@ -290,31 +290,31 @@ TEST(TinLookups, OfTrianglesTooSmallForSinglePrecisionAreThoseOfThePlainWalk) {
       const MapPoint& p = t.Corners[k];
       const MapPoint& q = t.Corners[(k + 1) % 3];
       const double dx = q.X - p.X, dy = q.Y - p.Y;
-      for (int i = 0; i < 200; ++i) {  // near the edge, in its lengths
+      for (int i = 0; i < 200; ++i) {  // near an edge, relative to its length
         const double s = along(random), d = beside(random);
         points.push_back({p.X + s * dx - d * dy, p.Y + s * dy + d * dx});
       }
     }
   }
   Expect_Plain_Answers(model, points);
-  EXPECT_GT(Share_Of_Certain(model, points), 0.02);  // of the large ones
+  EXPECT_GT(Share_Of_Certain(model, points), 0.02);  // of the large triangles
 }
 
-TEST_F(OnEveryVectorUnit, LookupsAreThoseOfThePlainWalk) {
+TEST_F(OnEveryVectorUnit, LookupsMatchTheLinearSearch) {
   Run([] {
     const TinModel model = Lattice_Model(26, 0.35, {2515000, 6859000}, 3.2, 40);
     Expect_Plain_Answers(model, Asked_Points(model, 27));
   });
 }
 
-TEST(TinLookups, WhereTrianglesFoldOverAreThoseOfThePlainWalk) {
+TEST(TinLookups, WhereTrianglesFoldOverMatchTheLinearSearch) {
   for (const double jitter : {0.45, 0.7, 1.5}) {
     const TinModel model = Lattice_Model(6, jitter, {2515000, 6859000}, 3.2, 30);
     Expect_Plain_Answers(model, Asked_Points(model, 7));
   }
 }
 
-/// Triangles with no order at all.
+/// Triangles without any structure.
 TinModel Heap_Of_Triangles(unsigned seed, int count, double size, double extent) {
   std::mt19937 random(seed);
   std::uniform_real_distribution<double> place(0, extent), way(-size, size), height(10, 99);
@@ -331,15 +331,15 @@ TinModel Heap_Of_Triangles(unsigned seed, int count, double size, double extent)
   return Tin_Of(nodes, triples);
 }
 
-TEST(TinLookups, InAHeapOfTrianglesAreThoseOfThePlainWalk) {
+TEST(TinLookups, InUnstructuredTrianglesMatchTheLinearSearch) {
   const TinModel scattered = Heap_Of_Triangles(8, 800, 4, 100);
   Expect_Plain_Answers(scattered, Asked_Points(scattered, 9));
   const TinModel heaped = Heap_Of_Triangles(10, 800, 400, 100);
   Expect_Plain_Answers(heaped, Asked_Points(heaped, 11));
 }
 
-TEST(TinLookups, OfOneTriangleOverAnotherSheetAreThoseOfThePlainWalk) {
-  // A sound triangulation and one large triangle over a part of it.
+TEST(TinLookups, OfOneTriangleOverAnotherSheetMatchTheLinearSearch) {
+  // A valid triangulation and one large triangle over a part of it.
   const TinModel sheet = Lattice_Model(12, 0.2, {2515000, 6859000}, 3, 30);
   std::vector<TinNode> nodes = sheet.Nodes;
   const auto first = static_cast<std::int32_t>(nodes.size());
@@ -353,7 +353,7 @@ TEST(TinLookups, OfOneTriangleOverAnotherSheetAreThoseOfThePlainWalk) {
   Expect_Plain_Answers(model, Asked_Points(model, 13));
 }
 
-TEST(TinLookups, WithHolesDoublesAndNeedlesAreThoseOfThePlainWalk) {
+TEST(TinLookups, WithHolesDuplicatesAndSliversMatchTheLinearSearch) {
   const TinModel sheet = Lattice_Model(14, 0.2, {2515000, 6859000}, 3, 30);
   std::vector<TinNode> nodes = sheet.Nodes;
   std::vector<NodeTriple> triples;
@@ -363,7 +363,7 @@ TEST(TinLookups, WithHolesDoublesAndNeedlesAreThoseOfThePlainWalk) {
     const auto fate = random() % 20;
     if (fate != 0) triples.push_back(triple);
     if (fate == 1) triples.push_back({t.Node2, t.Node1, t.Node3});
-    if (fate == 2) {  // a needle along an edge and nodes that all but coincide
+    if (fate == 2) {  // a sliver along an edge, and nearly coincident nodes
       const auto near = static_cast<std::int32_t>(nodes.size());
       nodes.push_back({0, t.X1 + 1e-7, t.Y1 - 1e-7, t.Z1});
       triples.push_back({t.Node1, near, t.Node2});
@@ -374,7 +374,7 @@ TEST(TinLookups, WithHolesDoublesAndNeedlesAreThoseOfThePlainWalk) {
   Expect_Plain_Answers(model, Asked_Points(model, 16));
 }
 
-TEST(TinLookups, OfAFanRoundOneNodeAreThoseOfThePlainWalk) {
+TEST(TinLookups, OfAFanAroundOneNodeMatchTheLinearSearch) {
   std::vector<TinNode> nodes = {{0, 500, 500, 100}};
   std::vector<NodeTriple> triples;
   constexpr int kBlades = 700;
@@ -387,7 +387,7 @@ TEST(TinLookups, OfAFanRoundOneNodeAreThoseOfThePlainWalk) {
   Expect_Plain_Answers(model, Asked_Points(model, 17));
 }
 
-TEST(TinLookups, AtExtremeScalesAreThoseOfThePlainWalk) {
+TEST(TinLookups, AtExtremeScalesMatchTheLinearSearch) {
   for (const double scale : {1e-320, 1e-210, 1e-60, 1e60, 1e150}) {
     std::mt19937 random(18);
     std::uniform_real_distribution<double> place(-1, 1);
@@ -399,7 +399,7 @@ TEST(TinLookups, AtExtremeScalesAreThoseOfThePlainWalk) {
     model.Nodes = nodes;
     model.NodeCount = 60;
     for (std::int32_t i = 0; i + 2 < 60; ++i) {
-      // The planes are of no interest here, they may be NaN.
+      // The planes do not matter here; they may be NaN.
       TinTriangle t;
       t.Node1 = i, t.Node2 = i + 1, t.Node3 = i + 2;
       const auto at = static_cast<std::size_t>(i);
@@ -437,7 +437,7 @@ TEST(TinLookups, FindATriangleThatRoundingStretchesWestward) {
   EXPECT_GT(stretched, 0);
 }
 
-TEST(TinLookups, WithHintsAlongALineAreThoseOfThePlainWalk) {
+TEST(TinLookups, WithHintsAlongALineMatchTheLinearSearch) {
   const TinModel model = Lattice_Model(20, 0.7, {2515000, 6859000}, 3.2, 30);
   std::int32_t hint = 0, plain_hint = 0;
   for (double X = 2514990; X < 2515110; X += 0.17) {
@@ -453,7 +453,7 @@ TEST(TinLookups, WithHintsAlongALineAreThoseOfThePlainWalk) {
   }
 }
 
-TEST(TinElevations, NeedNoPointAndNoModel) {
+TEST(TinElevations, WorkWithoutPointsAndWithoutAModel) {
   Tin_Elevations(Two_Triangles(), {}, {});
   const std::vector<MapPoint> points(3);
   std::vector<double> heights(3);

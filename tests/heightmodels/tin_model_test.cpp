@@ -71,12 +71,12 @@ TEST(TinNodes, TheLiftIsAddedToZ) {
   EXPECT_EQ(r.model.Nodes[0].Z, 20 + 0.3);
 }
 
-TEST(TinNodes, AnEmptyFileIsRefused) {
+TEST(TinNodes, AnEmptyFileIsRejected) {
   Reading r;
   EXPECT_EQ(Reading::Complaint([&] { r.Nodes(" \n"); }), "Input past end of file: a.nod: no node");
 }
 
-TEST(TinNodes, TextForANumberNamesLineAndItem) {
+TEST(TinNodes, TextInPlaceOfANumberNamesLineAndItem) {
   Reading r;
   EXPECT_EQ(Reading::Complaint([&] { r.Nodes("1,2,3\n4,x,6\n"); }),
             "Type mismatch: a.nod, line 2, item 5: \"x\" is not a number");
@@ -159,7 +159,7 @@ TEST(TinTriangles, AnIndexOutsideTheNodesNamesFileLineAndItem) {
             "Subscript out of range: a.tri, line 1, item 3: node -1 is not in 0 to 3");
 }
 
-TEST(TinTriangles, TextACutLineAndAnEmptyFileAreRefused) {
+TEST(TinTriangles, TextATruncatedLineAndAnEmptyFileAreRejected) {
   Reading r;
   r.Nodes(kNodes);
   EXPECT_EQ(Reading::Complaint([&] { r.Triangles("0,1,2\nzero,2,3\n"); }),
@@ -170,7 +170,7 @@ TEST(TinTriangles, TextACutLineAndAnEmptyFileAreRefused) {
             "Input past end of file: a.tri: no triangle");
 }
 
-TEST(TinTriangles, MoreThanTwoANodeAreRefused) {
+TEST(TinTriangles, MoreThanTwoTrianglesPerNodeAreRejected) {
   Reading r;
   r.Nodes("1000,0,100\n1010,0,110\n1010,10,110\n");
   std::string text;
@@ -191,18 +191,18 @@ TEST(TinIndex, OrdersTheTrianglesByTheirLeastX) {
   EXPECT_EQ(model.position_of, (std::vector<std::int32_t>{3, 1, 2}));
 }
 
-TEST(TinIndex, TiesStandAsTheHeapsortLeavesThem) {
-  // Equal keys 1 2 3, by hand: l starts at 2 (2.5 to the even number), goes to 1 and sinks 1:
-  // of the equal children none is larger, nothing moves. Then 3 is taken out for 1: sunk among
-  // 3 2 it stays first; then 2 for 3: 2 alone is left. The order is 2, 3, 1.
+TEST(TinIndex, TiesKeepTheHeapsortsOrder) {
+  // Heapsort of the equal keys 1 2 3 by hand: l starts at 2 (2.5 to even), goes to 1 and sifts 1:
+  // no equal child is larger, so nothing moves. Then 3 is taken out and replaced by 1, which stays
+  // first above 2; then 2 is taken out, and 2 alone is left. The order is 2, 3, 1.
   const std::vector<TinNode> nodes = {{0, 1000, 0, 10}, {0, 1005, 0, 10}, {0, 1000, 5, 10}};
   const TinModel model = Tin_Of(nodes, {{0, 1, 2}, {1, 2, 0}, {2, 0, 1}});
   EXPECT_EQ(model.Index, (std::vector<std::int32_t>{2, 3, 1}));
 }
 
 TEST(TinIndex, KeysHaveSinglePrecision) {
-  // In single precision both MinX are 2515000, a tie, which the sort leaves as 2, 1 (1 sinks
-  // first and stays, then 2 is taken out for it). In double 1 would come first.
+  // In single precision both MinX are 2515000, a tie that the sort leaves as 2, 1 (1 is sifted
+  // first and stays, then 2 is taken out). In double precision 1 would come first.
   const std::vector<TinNode> nodes = {
       {0, 2515000.05, 0, 10}, {0, 2515005, 0, 10}, {0, 2515001, 5, 10}, {0, 2515000.10, 0, 10}};
   const TinModel model = Tin_Of(nodes, {{0, 1, 2}, {3, 1, 2}});

@@ -66,14 +66,14 @@ TEST(TinRaster, HeightsFrom245To500FitTheByte) {
   }
 }
 
-TEST(TinRaster, ACellOutsideIsARunTimeFailure) {
+TEST(TinRaster, ACellOutsideIsARunTimeError) {
   TinModel model = Raised(300);
   model.TileMaxX = 1005;
   TinRaster raster = Make_Tin_Raster(model);
   EXPECT_THROW(Rasterize_Triangle(model.Triangles[0], raster), RunTimeError);
 }
 
-TEST(TinRaster, ATriangleThatStandsUprightFillsNothing) {
+TEST(TinRaster, AVerticalTriangleFillsNothing) {
   TinTriangle t;
   Fill_Tin_Triangle({0, 1000, 1, 300}, {0, 1010, 11, 310}, {0, 1005, 6, 320}, t);
   TinRaster raster = Make_Tin_Raster(Raised(300));
@@ -81,7 +81,7 @@ TEST(TinRaster, ATriangleThatStandsUprightFillsNothing) {
   EXPECT_EQ(raster.cells_written, 0);
 }
 
-TEST(TinRaster, BoundsBeyondMemoryAreRefused) {
+TEST(TinRaster, BoundsBeyondMemoryAreRejected) {
   TinModel model = Raised(300);
   model.TileMaxX = model.TileMaxY = 6e9;
   EXPECT_THROW(Make_Tin_Raster(model), RunTimeError);

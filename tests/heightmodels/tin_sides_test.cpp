@@ -66,8 +66,8 @@ void Expect_Plain_Joints(const std::vector<TurnedNodes>& nodes, std::int32_t nod
   }
 }
 
-TEST(TinSides, TwoSidesAgainstEachOtherAreNeighboursAndTheRestIsLoose) {
-  // The square of two triangles: nodes 0 to 3 counter-clockwise, cut from 0 to 2.
+TEST(TinSides, OppositeSidesOfAnEdgeMakeNeighboursAndTheRestIsLoose) {
+  // The square of two triangles: nodes 0 to 3 counter-clockwise, with diagonal 0 to 2.
   std::vector<TinFace> faces(3);
   const std::vector<TurnedNodes> nodes = {{0, 1, 2}, {0, 2, 3}};
   EXPECT_EQ(Join_Sides(nodes, 4, faces).size(), 4U);
@@ -76,7 +76,7 @@ TEST(TinSides, TwoSidesAgainstEachOtherAreNeighboursAndTheRestIsLoose) {
   EXPECT_EQ(faces[1].beyond[0] + faces[1].beyond[1] + faces[2].beyond[1] + faces[2].beyond[2], 0);
 }
 
-TEST(TinSides, OfDisorderedTrianglesAreThoseOfAPlainSearch) {
+TEST(TinSides, OfRandomTrianglesMatchAPlainSearch) {
   for (unsigned seed = 1; seed <= 60; ++seed) {
     std::mt19937 random(seed);
     // From many triangles on every edge to hardly two.
@@ -93,12 +93,12 @@ TEST(TinSides, OfDisorderedTrianglesAreThoseOfAPlainSearch) {
   }
 }
 
-TEST(TinSides, RoundANodeOfManyTrianglesAreThoseOfAPlainSearch) {
+TEST(TinSides, AroundANodeOfManyTrianglesMatchAPlainSearch) {
   std::vector<TurnedNodes> nodes;
   constexpr std::int32_t kBlades = 50;
   for (std::int32_t i = 0; i < kBlades; ++i) {
     nodes.push_back({0, i + 1, (i + 1) % kBlades + 1});
-    if (i % 9 == 0) nodes.push_back(nodes.back());  // one that comes twice
+    if (i % 9 == 0) nodes.push_back(nodes.back());  // a duplicate
   }
   Expect_Plain_Joints(nodes, kBlades + 1);
 }

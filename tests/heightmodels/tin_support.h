@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Small triangulated models and the plain walks that the lookups stand for.
+// Small triangulated models, and the linear searches that define the lookups.
 #pragma once
 
 #include <array>
@@ -50,8 +50,8 @@ inline std::int32_t Lowest_By_Plain_Walk(const TinModel& model, double X, double
 }
 
 /// The square (0, 0) to (10, 10) in two triangles, all heights on Z = 100 + X: number 1 lies
-/// south-east of the diagonal, number 2 north-west of it. East of the origin by 1000 m, so that
-/// no box warns of small coordinates.
+/// south-east of the diagonal, number 2 north-west of it. Shifted 1000 m east, so that no box warns
+/// of small coordinates.
 inline TinModel Two_Triangles() {
   return Tin_Of({{0, 1000, 0, 100}, {0, 1010, 0, 110}, {0, 1010, 10, 110}, {0, 1000, 10, 100}},
                 {{0, 1, 2}, {0, 2, 3}});

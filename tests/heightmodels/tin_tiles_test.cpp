@@ -57,7 +57,7 @@ TEST_F(Sheets, TheTileIsNamedByColumnAndRowFromTheCorner) {
   EXPECT_EQ(Tin_Tile_Name(model, 900, 12345), "c:\\data\\Tris\\000124.bin");
 }
 
-TEST_F(Sheets, WithoutATileTheLowestNumberAnswers) {
+TEST_F(Sheets, WithoutATileTheLowestNumberIsFound) {
   EXPECT_NEAR(At(1002, 2), 100, 1e-9);
   EXPECT_EQ(hint, 1);
 }
@@ -100,14 +100,14 @@ TEST_F(Sheets, AHeightOfZeroIsReturned) {
   EXPECT_EQ(hint, 1);
 }
 
-TEST_F(Sheets, AHintOutsideTheTableIsARunTimeFailure) {
+TEST_F(Sheets, AHintOutsideTheTableIsARunTimeError) {
   for (const std::int32_t outside : {3, -1}) {
     hint = outside;
     EXPECT_THROW(At(1002, 2), RunTimeError) << outside;
   }
 }
 
-TEST_F(Sheets, ACountThatDoesNotFitTheLengthIsRefused) {
+TEST_F(Sheets, ACountThatDoesNotMatchTheLengthIsRejected) {
   for (const std::string& bytes : {std::string("ab"), Bytes({2, 1}), Bytes({-1}),
                                    Bytes({std::numeric_limits<std::int32_t>::max()})}) {
     Tile(bytes);
@@ -116,7 +116,7 @@ TEST_F(Sheets, ACountThatDoesNotFitTheLengthIsRefused) {
   }
 }
 
-TEST_F(Sheets, AnEmptyTileListsNothingAndBytesBehindTheLastNumberDoNotCount) {
+TEST_F(Sheets, AnEmptyTileListsNothingAndTrailingBytesAreIgnored) {
   Tile("");
   EXPECT_NEAR(At(1002, 2), 100, 1e-9);
   hint = 0;
@@ -124,12 +124,12 @@ TEST_F(Sheets, AnEmptyTileListsNothingAndBytesBehindTheLastNumberDoNotCount) {
   EXPECT_NEAR(At(1002, 2), 150, 1e-9);
 }
 
-TEST_F(Sheets, ANumberBehindTheTriangleThatHoldsThePointIsNotReached) {
+TEST_F(Sheets, ANumberAfterTheTriangleThatContainsThePointIsNotReached) {
   Tile(Bytes({2, 2, 77}));
   EXPECT_NEAR(At(1002, 2), 150, 1e-9);
 }
 
-TEST_F(Sheets, ATriangleThatTheModelHasNotIsRefused) {
+TEST_F(Sheets, ATriangleNumberOutsideTheModelIsRejected) {
   for (const std::int32_t number : {0, 3, -7}) {
     Tile(Bytes({2, 1, number}));
     EXPECT_EQ(Complaint(1012, 1),

@@ -99,7 +99,7 @@ TEST_F(BitmapFile, PaneRowPadIsCountedInPixelsAndBlack) {
   }
 }
 
-TEST_F(BitmapFile, PaneBitmapIsWrittenAnewWithNoStaleTail) {
+TEST_F(BitmapFile, PaneBitmapIsRewrittenWithoutAStaleTail) {
   Write_Pane_Bitmap(Path(), Counting_Bitmap(8, 8));
   Write_Pane_Bitmap(Path(), Counting_Bitmap(4, 2));
   EXPECT_EQ(File_Bytes(Path()).size(), 78U);
@@ -114,7 +114,7 @@ TEST_F(BitmapFile, PaneBitmapReadsBackByteForByte) {
   EXPECT_EQ(read.bgr, written.bgr);
 }
 
-TEST_F(BitmapFile, WriterRefusesASizeThatIsNotTheBytes) {
+TEST_F(BitmapFile, WriterRejectsASizeThatDoesNotMatchTheBytes) {
   for (PaneBitmap bitmap : {PaneBitmap{4, 2, Bytes(23)}, PaneBitmap{-4, -2, Bytes(24)},
                             PaneBitmap{0, 7, Bytes(3)}, PaneBitmap{4, 3, Bytes(24)}}) {
     Expect_Failure(Failure::SubscriptOutOfRange, [&] { Write_Pane_Bitmap(Path(), bitmap); });
@@ -180,12 +180,12 @@ TEST_F(BitmapFile, PositiveHeightIsReadFromTheBottom) {
 
 TEST_F(BitmapFile, OddWidthIsReadByRowsPaddedToFourBytes) {
   Bytes file = Good_File();
-  Put32(file, 18, 3);  // 9 bytes of each row of 12
+  Put32(file, 18, 3);  // 9 of the 12 bytes of each row
   const PaneBitmap read = Load(file);
   EXPECT_EQ(read.bgr, (Bytes{1, 2, 3, 4, 5, 6, 7, 8, 9, 13, 14, 15, 16, 17, 18, 19, 20, 21}));
 }
 
-TEST_F(BitmapFile, SizeFieldIsNotLookedAt) {
+TEST_F(BitmapFile, SizeFieldIsIgnored) {
   Bytes file = Good_File();
   Put32(file, 2, 0xFFFFFFFF);
   EXPECT_EQ(Load(file).bgr, Counting_Bitmap(4, 2).bgr);
@@ -212,13 +212,13 @@ TEST_F(BitmapFile, MissingFileIsFileNotFound) {
   EXPECT_TRUE(Contains(text, "pic0.bmp")) << text;
 }
 
-TEST_F(BitmapFile, AnythingElseThanABitmapIsRefused) {
+TEST_F(BitmapFile, AnythingButABitmapIsRejected) {
   Expect_Bad({});
   Expect_Bad({'B', 'M'});
   Expect_Bad(Bytes(200, 'x'));
 }
 
-TEST_F(BitmapFile, SizesOfZeroAreRefused) {
+TEST_F(BitmapFile, SizesOfZeroAreRejected) {
   for (const std::size_t field : {std::size_t{18}, std::size_t{22}}) {
     Bytes file = Good_File();
     Put32(file, field, 0);
@@ -226,7 +226,7 @@ TEST_F(BitmapFile, SizesOfZeroAreRefused) {
   }
 }
 
-TEST_F(BitmapFile, SizesBeyondTheFileAreRefused) {
+TEST_F(BitmapFile, SizesBeyondTheFileAreRejected) {
   for (const std::size_t field : {std::size_t{18}, std::size_t{22}}) {
     for (const std::uint32_t value : {5U, 1000000000U, 0x7FFFFFFFU, 0x80000000U}) {
       Bytes file = Good_File();
@@ -241,7 +241,7 @@ TEST_F(BitmapFile, SizesBeyondTheFileAreRefused) {
   Expect_Bad(both);
 }
 
-TEST_F(BitmapFile, PixelOffsetOutsideTheFileOrInsideTheHeaderIsRefused) {
+TEST_F(BitmapFile, PixelOffsetOutsideTheFileOrInsideTheHeaderIsRejected) {
   for (const std::uint32_t offset : {0U, 53U, 55U, 79U, 0xFFFFFFFFU}) {
     Bytes file = Good_File();
     Put32(file, 10, offset);
@@ -249,7 +249,7 @@ TEST_F(BitmapFile, PixelOffsetOutsideTheFileOrInsideTheHeaderIsRefused) {
   }
 }
 
-TEST_F(BitmapFile, OtherDepthsCompressionsAndHeadersAreRefused) {
+TEST_F(BitmapFile, OtherDepthsCompressionsAndHeadersAreRejected) {
   Bytes depth = Good_File();
   depth[28] = 16;
   EXPECT_TRUE(Contains(Expect_Bad(depth), "16 bits"));
@@ -263,7 +263,7 @@ TEST_F(BitmapFile, OtherDepthsCompressionsAndHeadersAreRefused) {
   }
 }
 
-TEST_F(BitmapFile, EveryPrefixOfAGoodFileIsRefused) {
+TEST_F(BitmapFile, EveryPrefixOfAGoodFileIsRejected) {
   const Bytes file = Good_File();
   for (std::size_t size = 0; size < file.size(); ++size) {
     Expect_Bad(Bytes(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(size)));

@@ -9,7 +9,7 @@
 
 namespace sylvomex {
 
-/// Runs the call, which has to raise a RunTimeError of the kind; returns its text.
+/// Runs the call, which must throw a RunTimeError of the kind, and returns its text.
 template <class Call>
 std::string Expect_Failure(Failure kind, Call&& call) {
   try {

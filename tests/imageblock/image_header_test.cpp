@@ -11,7 +11,7 @@
 namespace sylvomex {
 namespace {
 
-/// Items 1 to 35, every number different.
+/// Items 1 to 35; every number is different.
 std::string Start() {
   return "4711\n600.5, 500\n\"c:\\data\\air photo.raw\"\n1\n300 250\n1000.25 2000.75\n"
          "7500 11500\n0.1\n1 2 3 4 5 6 7 8\n"
@@ -19,7 +19,7 @@ std::string Start() {
          "2.5 0.75\n\"June, noon\"\n";
 }
 
-/// A whole header without related rasters in which one text stands in place of another.
+/// A whole header without related rasters in which one text is replaced by another.
 std::string Changed(const std::string& from, const std::string& to) {
   const std::string whole = Start() + "0\n";
   const std::size_t at = whole.find(from);
@@ -89,7 +89,7 @@ TEST(ImageHeader, ReadsFourRelatedRasters) {
   EXPECT_EQ(image.BandHeight(2), 202);
 }
 
-TEST(ImageHeader, BandCountAboveFourIsASubscriptNamingFileLineAndItem) {
+TEST(ImageHeader, BandCountAboveFourIsASubscriptErrorNamingFileLineAndItem) {
   const std::string text =
       Expect_Failure(Failure::SubscriptOutOfRange, [] { Read(Start() + "5\n1 a 1 1 1 b 1 1\n"); });
   EXPECT_TRUE(Contains(text, "block.hdr, line 15, item 36")) << text;

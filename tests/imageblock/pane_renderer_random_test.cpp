@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The fast renderer beside the plain one, on many random views.
+// The fast renderer compared with the plain one, on many random views.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -72,7 +72,7 @@ View Random_View(Random& random, bool colour, const std::vector<double>& zooms) 
   return view;
 }
 
-/// Both renderers refuse the view, or both give the same bytes. True when they gave some.
+/// Both renderers reject the view, or both give the same bytes. True when they gave some.
 bool Same_As_Plain(View& view, bool colour, PaneBitmap& out) {
   const RawPixels raw{view.bytes, view.width, view.height, nullptr};
   int exceeding = 0;
@@ -140,7 +140,7 @@ TEST_F(OnEveryVectorUnit, SwapsEveryLengthAndTouchesNothingBeyond) {
   });
 }
 
-TEST_F(OnEveryVectorUnit, RendersAsThePlainLoopsDo) {
+TEST_F(OnEveryVectorUnit, RendersAsThePlainRenderer) {
   Run([&] {
     Compare_Many(true, 8, kOneToOne);
     Compare_Many(true, 9, kZoomIn);

@@ -145,7 +145,7 @@ TEST(PaneRenderer, WindowSmallerThanThePaneLeavesTheRestBlack) {
   EXPECT_EQ(out.bgr, expected);
 }
 
-TEST(PaneRenderer, RawFileTooSmallInOneAxisOnlyGivesWhatItHas) {
+TEST(PaneRenderer, RawFileTooSmallInOneAxisFillsOnlyItsPart) {
   const Bytes file = Grey_File(2, 5);
   ViewWindow whole{0, 0, 1, 4, false};
   EXPECT_EQ(Grey_Values(Raw(file, 2, 5), Request(whole, 1, 3)),
@@ -155,7 +155,7 @@ TEST(PaneRenderer, RawFileTooSmallInOneAxisOnlyGivesWhatItHas) {
                    11, 0, 10, 10, 11, 11, 0, 20, 20, 21, 21, 0}));
 }
 
-TEST(PaneRenderer, WholeFileTallerThanTheWorkArrayIsCutAtThePane) {
+TEST(PaneRenderer, WholeFileTallerThanTheWorkArrayIsTruncatedAtThePane) {
   const Bytes file = Grey_File(2, 100);
   const ViewWindow whole{0, 0, 1, 99, false};
   EXPECT_EQ(Grey_Values(Raw(file, 2, 100), Request(whole, 4, 4))[15], 0);
@@ -164,7 +164,7 @@ TEST(PaneRenderer, WholeFileTallerThanTheWorkArrayIsCutAtThePane) {
 }
 
 TEST(PaneRenderer, OddWidthOverTheRightEdgeReadsOneColumnMore) {
-  // The window is one column wider than the pane: its first column leads, its last falls off.
+  // The window is one column wider than the pane: its first column is shown, its last is not.
   const Bytes file = Grey_File(8, 3);
   const ViewWindow window = Compute_View_Window(8, 3, 7, 1, 3, 3);
   EXPECT_EQ(window.last_col - window.first_col + 1, 4);
@@ -172,7 +172,7 @@ TEST(PaneRenderer, OddWidthOverTheRightEdgeReadsOneColumnMore) {
             (Bytes{4, 5, 6, 14, 15, 16, 24, 25, 26}));
 }
 
-TEST(PaneRenderer, WindowThatStartsLeftOfTheFileReadsFromThePositionAsComputed) {
+TEST(PaneRenderer, WindowThatStartsLeftOfTheFileReadsFromTheComputedPosition) {
   const Bytes file = Grey_File(3, 4);
   EXPECT_EQ(Grey_Values(Raw(file, 3, 4), Request({-1, 1, 2, 3}, 1, 3)),
             (Bytes{2, 10, 11, 12, 20, 21, 22, 30, 31}));
@@ -201,7 +201,7 @@ TEST(PaneRenderer, WindowBelowTheFileIsBlack) {
 TEST(PaneRenderer, FileThatEndsWithinAPixelGivesItsFirstChannels) {
   Bytes file = Colour_File(2, 1);
   file.pop_back();
-  // Told as 5/3 pixels: five bytes, the second pixel has red and green only.
+  // As a width of 5/3 pixels: five bytes; the second pixel has red and green only.
   EXPECT_EQ(Colour(Raw(file, 5.0 / 3, 1), Request({0, 0, 1, 0}, 1, 2)).bgr,
             (Bytes{200, 100, 0, 0, 101, 1, 0, 0, 0, 0, 0, 0}));
 }
@@ -245,7 +245,7 @@ TEST(PaneRenderer, ZoomInRoundsItsBlocksHalfToEven) {
   EXPECT_EQ(Grey_Values(Raw(file, 3, 3), Request({0, 0, 1, 0}, 1.5, 2)), (Bytes{0, 0, 0, 0}));
 }
 
-TEST(PaneRenderer, LastBlocksMayRunOverThePaneByTheWorkMargin) {
+TEST(PaneRenderer, LastBlocksMayExceedThePaneByTheWorkMargin) {
   const Bytes grey(200 * 200, 7);
   const Bytes colour(3 * 200 * 200, 7);
   // Blocks of 2 in a pane of 10: 20 columns reach index 39 = 10 - 1 + 30, 55 reach 109.
@@ -253,7 +253,7 @@ TEST(PaneRenderer, LastBlocksMayRunOverThePaneByTheWorkMargin) {
   EXPECT_EQ(Colour(Raw(colour, 200, 200), Request({0, 0, 54, 54}, 2, 10)).bgr, Bytes(300, 7));
 }
 
-TEST(PaneRenderer, BlocksThatLeaveTheWorkMarginAreASubscript) {
+TEST(PaneRenderer, BlocksThatExceedTheWorkMarginAreASubscriptError) {
   const Bytes grey(200 * 200, 7);
   const Bytes colour(3 * 200 * 200, 7);
   const RawPixels raw_grey = Raw(grey, 200, 200);
@@ -267,7 +267,7 @@ TEST(PaneRenderer, BlocksThatLeaveTheWorkMarginAreASubscript) {
   }
 }
 
-TEST(PaneRenderer, HugeZoomIsASubscriptOrAnOverflowWithoutAllocation) {
+TEST(PaneRenderer, HugeZoomIsASubscriptErrorOrAnOverflowWithoutAllocation) {
   const Bytes file = Grey_File(4, 4);
   const RawPixels raw = Raw(file, 4, 4);
   Expect_Failure(Failure::SubscriptOutOfRange, [&] {
@@ -330,7 +330,7 @@ TEST(PaneRenderer, ExceedingIsReportedOncePerPixelAfterThePictureIsComplete) {
   for (const Bytes& picture : seen) EXPECT_EQ(picture, out.bgr);
 }
 
-TEST(PaneRenderer, ZoomOutWithoutAListenerStillGivesWhite) {
+TEST(PaneRenderer, ZoomOutWithoutACallbackStillGivesWhite) {
   const Bytes file(3 * 16, 7);
   EXPECT_EQ(Colour(Raw(file, 4, 4), Request({0, 0, 3, 3}, 0.5, 4)).bgr.back(), 255);
 }
@@ -350,13 +350,13 @@ TEST(PaneRenderer, NegativeZoomNeverReadsOutside) {
   // Steps of -2: i gives columns 4, 2, 0 and j rows 5, 3, 1, all inside, but the pixels lie
   // left of the bytes read except the first.
   EXPECT_EQ(Grey_Values(Raw(file, 6, 6), request), (Bytes{54, 0, 0, 34, 0, 0, 14, 0, 0}));
-  request.zoom_x = -10;  // a step of -0.1 rounds to none
+  request.zoom_x = -10;  // a step of -0.1 rounds to 0
   EXPECT_EQ(Grey_Values(Raw(file, 6, 6), request), (Bytes{54, 54, 54, 34, 34, 34, 14, 14, 14}));
   request.pane_height = 4;
   Expect_Failure(Failure::FileFailure, [&] { Grey(Raw(file, 6, 6), request); });
 }
 
-TEST(PaneRenderer, FileShorterThanTheHeaderTellsIsInputPastEnd) {
+TEST(PaneRenderer, FileShorterThanTheHeaderStatesIsInputPastEnd) {
   Bytes file = Grey_File(5, 4);
   file.pop_back();
   for (const double zoom : {1.0, 2.0, 0.5}) {
@@ -369,10 +369,10 @@ TEST(PaneRenderer, FileShorterThanTheHeaderTellsIsInputPastEnd) {
   const std::string text = Expect_Failure(Failure::InputPastEnd, [&] {
     Colour(Raw(file, 2.55, 2.5), Request({0, 0, 0, 0}, 1, 1));
   });
-  EXPECT_TRUE(Contains(text, "tells 20 bytes")) << text;  // 19.125 needs a twentieth
+  EXPECT_TRUE(Contains(text, "tells 20 bytes")) << text;  // 19.125 bytes need a 20th
 }
 
-TEST(PaneRenderer, AbsurdRawSizesAreAFailureOrBlack) {
+TEST(PaneRenderer, AbsurdRawSizesAreAnErrorOrBlack) {
   const Bytes file(100, 7);
   const RenderRequest request = Request({0, 0, 3, 3}, 1, 4);
   for (const double size : {1e9, 1e300, kInfinity, kNan}) {
@@ -399,7 +399,7 @@ TEST(PaneRenderer, AbsurdWindowsNeverReadOutside) {
   Expect_Failure(Failure::FileFailure, [&] { Grey(raw, Request({kLeast, kLeast, 0, 0}, 1, 2)); });
 }
 
-TEST(PaneRenderer, PaneSizesOutsideItsRangeAreASubscript) {
+TEST(PaneRenderer, PaneSizesOutsideItsRangeAreASubscriptError) {
   const Bytes file(100, 7);
   for (const int size : {-1, 32768, std::numeric_limits<int>::min()}) {
     Expect_Failure(Failure::SubscriptOutOfRange, [&] {
@@ -426,11 +426,11 @@ TEST(PaneRenderer, WhiteAndBlackPixelsStayUnderGamma) {
   RenderRequest request = Request({0, 0, 3, 3}, 0.5, 4);
   request.gamma = Make_Gamma_Table(0.4);
   const PaneBitmap out = Colour(Raw(file, 4, 4), request);
-  EXPECT_EQ(out.bgr[3 * 2], 0);    // passes the test, beyond the columns read
-  EXPECT_EQ(out.bgr[3 * 3], 255);  // fails it
+  EXPECT_EQ(out.bgr[3 * 2], 0);    // inside by the test, but beyond the columns read
+  EXPECT_EQ(out.bgr[3 * 3], 255);  // outside by the test
 }
 
-TEST(PaneRenderer, BitmapIsReusedAndHoldsNothingOfTheOldPicture) {
+TEST(PaneRenderer, BitmapIsReusedWithoutRemainsOfTheOldPicture) {
   const Bytes file(3 * 16, 7);
   PaneBitmap out{4, 4, Bytes(48, 99)};
   const std::uint8_t* before = out.bgr.data();

@@ -46,7 +46,7 @@ TEST(PaneView, ZoomedOutPositionsGrowByTheStep) {
   EXPECT_EQ(at.row, 9435);
 }
 
-TEST(PaneView, PixelPositionGoesToItsPanePixel) {
+TEST(PaneView, PixelPositionMapsToItsPanePixel) {
   const PanePosition at = Full_Image_To_Pane(Image(), View(4, 2), 1042.5, 9434);
   EXPECT_EQ(at.px, 10);
   EXPECT_EQ(at.py, 30);

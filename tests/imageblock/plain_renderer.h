@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The renderer written down plainly: one byte position for each row read, one work array,
-// one loop over all pixels. Slow, and the measure of the fast one.
+// A straightforward renderer: one byte position for each row read, one work array, one loop over
+// all pixels. Slow; the reference for the fast one.
 #pragma once
 
 #include "imageblock/pane_renderer.h"

@@ -34,21 +34,21 @@ TEST_F(RawFiles, SecondOpenGivesTheSameMapping) {
   EXPECT_EQ(&cache_.Open(file), &first);
 }
 
-TEST_F(RawFiles, ChangedFileIsMappedAnew) {
+TEST_F(RawFiles, ChangedFileIsMappedAgain) {
   const FilePath file = Make("a.raw", "pixels");
   cache_.Open(file);
   Make("a.raw", "other pixels");
   EXPECT_EQ(Text(cache_.Open(file)), "other pixels");
 }
 
-TEST_F(RawFiles, ReplacedFileOfTheSameLengthIsMappedAnew) {
+TEST_F(RawFiles, ReplacedFileOfTheSameLengthIsMappedAgain) {
   const FilePath file = Make("a.raw", "pixels");
   cache_.Open(file);
   std::filesystem::rename(Make("b.raw", "PIXELS").native, file.native);
   EXPECT_EQ(Text(cache_.Open(file)), "PIXELS");
 }
 
-TEST_F(RawFiles, NineFilesStayAndTheTenthDropsTheOneUsedLongestAgo) {
+TEST_F(RawFiles, NineFilesStayAndTheTenthEvictsTheLeastRecentlyUsed) {
   std::vector<FilePath> files;
   std::vector<const MappedFile*> mapped;
   for (int k = 0; k < 9; ++k) {

@@ -32,14 +32,14 @@ TEST(ViewWindow, OddSizePutsTheCentreInTheMiddle) {
   Expect_Rows(window, 390, 410);
 }
 
-TEST(ViewWindow, IsPushedInsideFromTheLeftAndTop) {
+TEST(ViewWindow, IsShiftedInsideFromTheLeftAndTop) {
   Expect_Cols(Compute_View_Window(1000, 800, 3, 2, 10, 20), 0, 9);
   Expect_Rows(Compute_View_Window(1000, 800, 3, 2, 10, 20), 0, 19);
   Expect_Cols(Compute_View_Window(1000, 800, -32000, 2, 11, 21), 0, 10);
   Expect_Rows(Compute_View_Window(1000, 800, 3, -32000, 11, 21), 0, 20);
 }
 
-TEST(ViewWindow, FirstColumnZeroIsNotPushed) {
+TEST(ViewWindow, FirstColumnZeroIsNotShifted) {
   Expect_Cols(Compute_View_Window(1000, 800, 4, 400, 10, 20), 0, 9);
   Expect_Cols(Compute_View_Window(1000, 800, 5, 400, 11, 20), 0, 10);
 }
@@ -60,7 +60,7 @@ TEST(ViewWindow, OddHeightOverTheBottomEdgeKeepsItsSize) {
   Expect_Rows(window, 779, 799);
 }
 
-TEST(ViewWindow, ThirtyTwoThousandSitsAtTheLastColumns) {
+TEST(ViewWindow, ThirtyTwoThousandShowsTheLastColumns) {
   Expect_Cols(Compute_View_Window(7500, 11500, 32000, 400, 600, 600), 6900, 7499);
 }
 
@@ -68,7 +68,7 @@ TEST(ViewWindow, OddWidthOfTheWholeRawFileOverTheRightEdgeStartsBeforeIt) {
   Expect_Cols(Compute_View_Window(11, 40, 9, 20, 11, 21), -1, 10);
 }
 
-TEST(ViewWindow, LastColumnOnTheEdgeIsNotPushed) {
+TEST(ViewWindow, LastColumnOnTheEdgeIsNotShifted) {
   Expect_Cols(Compute_View_Window(1000, 800, 994, 400, 11, 21), 989, 999);
 }
 
@@ -93,11 +93,11 @@ TEST(ViewWindow, WholeFileOfFractionalSizeEndsAtTheRoundedSize) {
   Expect_Rows(window, 0, 400);
 }
 
-TEST(ViewWindow, FractionalWidthPushesToTheRoundedEdge) {
+TEST(ViewWindow, FractionalWidthIsShiftedToTheRoundedEdge) {
   Expect_Cols(Compute_View_Window(1000.25, 800, 2000, 400, 10, 10), 990, 999);
 }
 
-TEST(ViewWindow, EmptyAndNegativeSizesRaiseNothing) {
+TEST(ViewWindow, EmptyAndNegativeSizesDoNotThrow) {
   Expect_Cols(Compute_View_Window(1000, 800, 500, 400, 0, 0), 501, 500);
   Expect_Cols(Compute_View_Window(1000, 800, 500, 400, -3, -3), 502, 498);
 }

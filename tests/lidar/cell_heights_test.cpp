@@ -57,7 +57,7 @@ TEST(CellHeights, NaNCoordinatesLieInNoCell) {
   EXPECT_FALSE(LastEchoes({}).Of_Cell(10, 20, 1));
 }
 
-// The definition: every record in turn.
+// The definition: a linear search over the records.
 std::optional<CellHeights> Plain_Walk(const std::vector<Lidar2004Record>& records, double X,
                                       double Y, double size) {
   double sum = 0, minimum = 1000;
@@ -73,7 +73,7 @@ std::optional<CellHeights> Plain_Walk(const std::vector<Lidar2004Record>& record
   return CellHeights{static_cast<float>(sum / count), static_cast<float>(minimum)};
 }
 
-TEST(CellHeights, AreThoseOfAPlainWalkToTheBit) {
+TEST(CellHeights, MatchALinearSearchToTheBit) {
   std::mt19937 random(3);
   // A lattice of tenths, so that many echoes lie on edges.
   std::uniform_int_distribution<int> tenth(0, 400);

@@ -72,7 +72,7 @@ TEST_F(Listing, NumbersHaveTheirPatterns) {
   EXPECT_EQ(lines, "2516431.20 6857012.99 99.50 -0.50 1234 0 -12 1 \n");
 }
 
-TEST_F(Listing, AnXBelowTenIsComplainedOfForEachEcho) {
+TEST_F(Listing, AnXBelowTenIsReportedForEachEcho) {
   LidarPulse pulse = Pulse(2);
   pulse.Echo[3].X = 9.99;
   pulse.Echo[2].X = 0;
@@ -84,7 +84,7 @@ TEST_F(Listing, AnXBelowTenIsComplainedOfForEachEcho) {
   EXPECT_EQ(complaints, 1);
 }
 
-TEST_F(Listing, TwoEchoesOfOneXAreComplainedOfOnce) {
+TEST_F(Listing, TwoEchoesWithOneXAreReportedOnce) {
   LidarPulse pulse = Pulse(4);
   pulse.Echo[0].X = pulse.Echo[1].X = pulse.Echo[3].X + 0.00000005;
   List(pulse);

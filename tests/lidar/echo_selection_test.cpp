@@ -26,7 +26,7 @@ struct Selection : testing::Test {
   }
 };
 
-// At a range of 780 m the gain 127 leaves 1.0225 times the intensity.
+// At a range of 780 m and a gain of 127 the corrected intensity is 1.0225 times the raw one.
 TestPulse High_Single(double X, double Y, std::int16_t intensity) {
   TestPulse pulse = Single_Echo({X, Y, 120, intensity, 780});
   pulse.gain = 127;
@@ -73,7 +73,7 @@ TEST_F(Selection, AnEchoExactly150MetresAwayIsNotDrawn) {
   EXPECT_EQ(echoes.size(), 2U);
 }
 
-TEST_F(Selection, IntensitiesArePulledInsideTheScale) {
+TEST_F(Selection, IntensitiesAreClampedIntoTheScale) {
   // 2007: 28 x 1.0225 = 28.63 -> 29 -> 30; 489 x 1.0225 = 500.0025 -> 500 -> 119.98.
   Read({High_Single(1000, 2000, 28), High_Single(1000, 2000, 489), High_Single(1000, 2000, 60)});
   Select_2007();
@@ -114,7 +114,7 @@ TEST_F(Selection, Only2006PulsesWithTheSensorAbove1000MetresAreDrawn) {
   low.sensor[2] = 1000;
   TestPulse high = low;
   high.sensor[2] = 1000.5;
-  high.slot[4].Z = 51;  // below the ground: the height decides nothing
+  high.slot[4].Z = 51;  // below the ground: the height must not matter
   Read({low, high});
   Select_2006();
   ASSERT_EQ(echoes.size(), 1U);
@@ -132,7 +132,7 @@ TEST_F(Selection, EchoesComeByPulseThenBySlot) {
   EXPECT_EQ(echoes[4].at.X, 1009);
 }
 
-TEST_F(Selection, AnOverflowNamesPulseAndSlotAndKeepsWhatCameBefore) {
+TEST_F(Selection, AnOverflowNamesPulseAndSlotAndKeepsEarlierEchoes) {
   TestPulse bad = Single_Echo({1000, 2000, 120, 32767, 1680});
   bad.sensor[2] = 10;  // not drawn, but its intensity is computed
   TestPulse far = Single_Echo({5000, 2000, 120, 32767, 1680});

@@ -29,8 +29,8 @@ TEST(Tile2004, RecordsOf100BytesArriveInOrder) {
 }
 
 TEST(Tile2004, AShorterStrideReadsOverlappingRecords) {
-  // 300 bytes behind the count, each a byte of its own place; the record at 4 + 25 i has
-  // LastZ in its bytes 88 to 91.
+  // 300 bytes after the count, each different by its position; the record at 4 + 25 i has LastZ in
+  // its bytes 88 to 91.
   const TemporaryFolder folder;
   std::string bytes;
   Append_Value(bytes, std::int32_t{9});

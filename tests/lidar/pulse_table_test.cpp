@@ -75,7 +75,7 @@ struct Tile : testing::Test {
 TEST_F(Tile, TheTestRecordHas207Bytes) { EXPECT_EQ(TestPulse{}.Bytes().size(), 207U); }
 
 TEST_F(Tile, EveryFieldOfEveryPulseArrivesOnOneThreadAndOnMany) {
-  // Sizes around the blocks that are moved together and read together.
+  // Counts around the sizes of the blocks that are copied together and read together.
   for (const int count : {1, 3, 63, 64, 65, 511, 512, 513, 1300}) {
     const std::vector<TestPulse> pulses = Random_Pulses(count);
     const FilePath file = Write(pulses);
@@ -90,7 +90,7 @@ TEST_F(Tile, EveryFieldOfEveryPulseArrivesOnOneThreadAndOnMany) {
   }
 }
 
-TEST_F(Tile, AReadingRecordByRecordGivesTheSameTable) {
+TEST_F(Tile, ReadingRecordByRecordGivesTheSameTable) {
   const std::vector<TestPulse> pulses = Random_Pulses(700);
   const FilePath file = Write(pulses);
   Read_Pulse_Tile(file, table);
@@ -113,7 +113,7 @@ TEST_F(Tile, AReadingRecordByRecordGivesTheSameTable) {
   }
 }
 
-TEST_F(Tile, ASingleEchoStandsInSlotFourAndLeavesTheOthersAtZero) {
+TEST_F(Tile, ASingleEchoIsInSlotFourAndLeavesTheOthersAtZero) {
   Read_Pulse_Tile(Write({Single_Echo({2516431.2, 6857012.9, 180})}), table);
   EXPECT_EQ(table(1).EchoCount, 1);
   EXPECT_EQ(table(1).Slot(4).X, 2516431.2);
@@ -137,7 +137,7 @@ TEST_F(Tile, ACountOfZeroLeavesTheTable) {
   EXPECT_EQ(table(1).Slot(4).Y, 6);
 }
 
-TEST_F(Tile, AMissingTileComesIntoBeingEmptyAndCountsZero) {
+TEST_F(Tile, AMissingTileIsCreatedEmptyAndCountsZero) {
   EXPECT_EQ(Read_Pulse_Tile(folder.File("063_070.bin"), table), 0);
   EXPECT_EQ(folder.Read("063_070.bin"), "");
   EXPECT_EQ(table.Count(), 0);
@@ -148,12 +148,12 @@ TEST_F(Tile, AMissingFolderIsNamed) {
             "Path not found: als/063_070.bin");
 }
 
-TEST_F(Tile, BytesBehindTheLastPulseDoNotCount) {
+TEST_F(Tile, BytesAfterTheLastPulseAreIgnored) {
   const std::string bytes = Counted_Bytes(std::vector{Single_Echo({5, 6, 7})}) + "more";
   EXPECT_EQ(Read_Pulse_Tile(folder.Write("t.bin", bytes), table), 1);
 }
 
-TEST_F(Tile, ATileThatIsWrongIsRefusedAndLeavesTheTable) {
+TEST_F(Tile, AnInvalidTileIsRejectedAndLeavesTheTable) {
   Read_Pulse_Tile(Write({Single_Echo({5, 6, 7})}), table);
   EXPECT_EQ(Failure_Of_Reading(Announced_Bytes(5, 496)),
             "Bad content: 064_070.bin, 5 records of 207 bytes need 1039 bytes, the file has 500");

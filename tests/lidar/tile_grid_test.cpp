@@ -21,7 +21,7 @@ TEST(TileName, TheCampaignOf2004HasItsOwnOrigin) {
   EXPECT_EQ(Tile_Name("", Campaign::Als2004, 2516431.2, 6857012.9), "024_020.bin");
 }
 
-TEST(TileName, AnIndexOfFourDigitsIsCutToThree) {
+TEST(TileName, AnIndexOfFourDigitsIsTruncatedToThree) {
   EXPECT_EQ(Tile_Name("", Campaign::Als2006, 2510000 + 123400, 6850000 + 987650), "123_987.bin");
 }
 
@@ -35,12 +35,12 @@ TEST(TileName, IndicesBelowZeroKeepTheirSignInTheThreeCharacters) {
   EXPECT_EQ(Tile_Name("", Campaign::Als2006, 2509999, 6847550), "-00_-02.bin");
 }
 
-TEST(TileName, ThePrefixIsTakenAsItStands) {
+TEST(TileName, ThePrefixIsUsedUnchanged) {
   EXPECT_EQ(Tile_Name("d:\\strips\\t", Campaign::Als2006, 2510000, 6850000),
             "d:\\strips\\t000_000.bin");
 }
 
-TEST(TileIndex, CountsTowardMinusInfinity) {
+TEST(TileIndex, RoundsTowardMinusInfinity) {
   EXPECT_EQ(Tile_Index(Campaign::Als2004, 2513999.5, 6855199.5), (TileIndex{-1, 1}));
 }
 

@@ -45,7 +45,7 @@ TEST(CorrelationVolume, APatchAboveTwelveHundredAndOneNamesBothSizes) {
   EXPECT_NE(text.find("1201 x 1201"), std::string::npos);
 }
 
-TEST(CorrelationBytes, SpanTheRangeHalfToEvenAndStopAtItsEnds) {
+TEST(CorrelationBytes, CoverTheRangeHalfToEvenAndStopAtItsEnds) {
   EXPECT_EQ(Correlation_Bytes(std::vector<double>{-1, 0, 1, 0.5, 0.00390625, 0.01171875}),
             (std::vector<std::uint8_t>{0, 128, 255, 192, 128, 130}));  // 128.5 and 129.5
 }

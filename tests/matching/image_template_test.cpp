@@ -21,7 +21,7 @@ TEST_F(TemplateFiles, ATemplateIsItsPixelsAndFourLines) {
   EXPECT_EQ(folder.Read("c/data/temp2.raw"), std::string("\0\x0a\x0d\x1a\xff\0", 6));
 }
 
-TEST_F(TemplateFiles, ATemplateComesBackAsItWasWritten) {
+TEST_F(TemplateFiles, ATemplateReadsBackAsWritten) {
   Write_Template(drives, 2, kPattern);
   const ImageTemplate read = Read_Template(drives, 2);
   EXPECT_EQ(read.width, 3);

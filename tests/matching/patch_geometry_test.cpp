@@ -24,7 +24,7 @@ TEST(PixelSide, BeyondSixteenBitsIsAnOverflow) {
   Failure_Of(Failure::Overflow, [] { Pixel_Side_Micrometres(Photo_With_Pixel(0.04), kNoReport); });
 }
 
-TEST(PixelSide, AMirroredAffineReportsAndGoesOnWithATenthOfAMillimetre) {
+TEST(PixelSide, AMirroredAffineIsReportedAndUsesATenthOfAMillimetre) {
   ImageRecord image = Test_Photo();
   image.AffineB2 = -image.AffineB2;
   std::string told;
@@ -88,7 +88,7 @@ TEST(PlacePatch, CountsFromTheRawFilesOrigin) {
   EXPECT_EQ(window.top_row, 100);    // raw row 150
 }
 
-TEST(PlacePatch, OverTheRightEdgeItIsOneColumnWiderOverTheOthersNot) {
+TEST(PlacePatch, BeyondTheRightEdgeItIsOneColumnWiderBeyondTheOthersNot) {
   const RawWindow right = Window_At(48, 0, 101);  // column 980
   EXPECT_EQ(right.last_col, 999);
   EXPECT_EQ(right.Width(), 102);
@@ -104,7 +104,7 @@ TEST(PlacePatch, OverTheRightEdgeItIsOneColumnWiderOverTheOthersNot) {
   EXPECT_EQ(bottom.Height(), 101);
 }
 
-TEST(PlacePatch, AsWideAsTheRawFileOverTheRightEdgeItLeavesTheFile) {
+TEST(PlacePatch, AsWideAsTheRawFileBeyondTheRightEdgeItLeavesTheFile) {
   ImageRecord image = Test_Photo();
   image.SubWidth = 101;
   image.SubColOrigin = 420;  // the plot in column 80, one column more than fits

@@ -14,14 +14,14 @@ namespace {
 
 constexpr int kColumns = 200, kRows = 400;
 
-// A texture without repetition: scrambled pixel numbers (xorshift-multiply).
+// A texture without repetition: hashed pixel numbers (xorshift-multiply).
 std::uint8_t Texture(int col, int raw_row) {
   std::uint32_t n = static_cast<std::uint32_t>(col + 1000 * raw_row) * 2654435761U;
   n = (n ^ (n >> 15U)) * 2246822519U;
   return static_cast<std::uint8_t>((n ^ (n >> 13U)) >> 8U);
 }
 
-// A raw file in which only the middle bytes matter.
+// A raw file of which only the middle bytes are used.
 struct TexturedFile {
   TemporaryFolder folder;
   FilePath file;
@@ -59,7 +59,7 @@ TEST(RawBand, TheTemplateIsFoundWithinTheReach) {
   EXPECT_LT(Best_Correlation_Around(band, 98, 200 - 120, 4, pattern), 0.999);
 }
 
-TEST(RawBand, TheMiddleByteOfEachPixelCounts) {
+TEST(RawBand, TheMiddleByteOfEachPixelIsUsed) {
   const TexturedFile site;
   const RawBand band = Read_Band(site.file, kColumns, 120, 140);
   std::vector<std::uint8_t> window;
@@ -67,7 +67,7 @@ TEST(RawBand, TheMiddleByteOfEachPixelCounts) {
   EXPECT_EQ(window, Textured_Template(7, 123, 2, 2).pixels);
 }
 
-TEST(RawBand, WhatLiesPastTheFilesEndIsZero) {
+TEST(RawBand, PixelsPastTheFilesEndAreZero) {
   const TexturedFile site;
   const RawBand band = Read_Band(site.file, kColumns, 399, 2);
   std::vector<std::uint8_t> window;

@@ -46,7 +46,7 @@ TEST(RawWindow, AWindowThatLeavesTheRawFileIsNamedWithBothSizes) {
   }
 }
 
-TEST(RawWindow, AShortFileIsAFailure) {
+TEST(RawWindow, AShortFileIsAnError) {
   const ImageRecord image = Small_Raw(1);
   const std::vector<std::uint8_t> raw(35);
   Failure_Of(Failure::InputPastEnd, [&] {
@@ -54,7 +54,7 @@ TEST(RawWindow, AShortFileIsAFailure) {
   });
 }
 
-TEST(RawWindow, AColourFlagThatIsNeitherIsAFailure) {
+TEST(RawWindow, AnUnknownColourFlagIsAnError) {
   const ImageRecord image = Small_Raw(2);
   const std::vector<std::uint8_t> raw(36);
   Failure_Of(Failure::BadContent, [&] {

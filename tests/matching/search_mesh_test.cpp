@@ -67,14 +67,14 @@ TEST(SearchMesh, AnUpperFactorBelowTheLowerOneIsStillALayer) {
   EXPECT_NEAR(mesh[4].Z, 110, 1e-9);
 }
 
-TEST(SearchMesh, ASpacingAboveTheSideGivesOnePosition) {
+TEST(SearchMesh, ASpacingGreaterThanTheSideGivesOnePosition) {
   const MeshTable mesh = Build_Mesh(Settings(4, 30), Level(100), Level(120));
   ASSERT_EQ(mesh.size(), 1U);
   EXPECT_EQ(mesh[0].X, 998);
   EXPECT_EQ(mesh[0].Y, 1998);
 }
 
-TEST(SearchMesh, TheFarEndIsReachedAlthoughTheSpacingIsNoBinaryFraction) {
+TEST(SearchMesh, TheFarEndIsReachedAlthoughTheSpacingIsNotABinaryFraction) {
   MeshSettings settings = Settings(1, 0.1);
   settings.top_factor = 1;
   settings.low_factor = 0;
@@ -85,7 +85,7 @@ TEST(SearchMesh, TheFarEndIsReachedAlthoughTheSpacingIsNoBinaryFraction) {
   EXPECT_NEAR(mesh.back().Z, 0.4, 1e-12);
 }
 
-TEST(SearchMesh, TurnsAboutThePlotFromXTowardsY) {
+TEST(SearchMesh, RotatesAboutThePlotFromXTowardsY) {
   MeshSettings settings = Settings(4, 4);
   settings.rotation = std::numbers::pi / 6;
   const MeshTable mesh = Build_Mesh(settings, Level(100), Level(100));
@@ -96,7 +96,7 @@ TEST(SearchMesh, TurnsAboutThePlotFromXTowardsY) {
   EXPECT_NEAR(mesh[2].Y, 2000 - 2 * cos_q + 2 * sin_q, 1e-9);
 }
 
-TEST(SearchMesh, ASpacingThatIsNotAboveZeroIsNamed) {
+TEST(SearchMesh, ASpacingThatIsNotGreaterThanZeroIsNamed) {
   for (const double spacing : {0.0, -0.5, std::numeric_limits<double>::quiet_NaN()}) {
     const std::string text = Failure_Of(Failure::BadContent, [spacing] {
       Build_Mesh(Settings(4, spacing), Level(100), Level(120));
@@ -105,7 +105,7 @@ TEST(SearchMesh, ASpacingThatIsNotAboveZeroIsNamed) {
   }
 }
 
-TEST(SearchMesh, AMeshThatDoesNotFitTellsItsCount) {
+TEST(SearchMesh, AMeshThatDoesNotFitReportsItsCount) {
   const std::string columns = Failure_Of(
       Failure::OutOfMemory, [] { Build_Mesh(Settings(52, 0.001), Level(100), Level(120)); });
   EXPECT_NE(columns.find("columns"), std::string::npos);

@@ -81,7 +81,7 @@ TEST(CutTemplate, TheLongAxisLiesAlongTheRadialAngle) {
   EXPECT_EQ(At(leaning, c + 4, r + 4), 0);
 }
 
-TEST(CutTemplate, AColourPixelCountsByItsMiddleByteAGreyOneByItsOnlyByte) {
+TEST(CutTemplate, AColourPixelUsesItsMiddleByteAGreyOneItsOnlyByte) {
   ImageRecord colour = Part_Of_Photo();
   colour.ColorFlag = 1;
   EXPECT_EQ(At(Cut(Ellipse(3.5, 3.5), colour), 3, 3), Grey_At(100, 80));

@@ -62,7 +62,7 @@ TEST(TemplateEllipse, ALoweredCentreShiftsTheTopAgainstIt) {
   EXPECT_EQ(ellipse.ShiftRow, -10);
 }
 
-TEST(TemplateEllipse, AShiftOfHalfAPixelOrLessKeepsTheValueOfTheCaptureBefore) {
+TEST(TemplateEllipse, AShiftOfHalfAPixelOrLessKeepsThePreviousValue) {
   TemplateRecord previous;
   previous.ShiftCol = 7;
   previous.ShiftRow = -9;

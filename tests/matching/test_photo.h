@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// A vertical photograph that hand computation can follow: c = 0.1 m, 10 um pixels, 1000 m above
-// Z = 0, principal point at full-image col 500, row 500; full image 1000 columns, 1001 rows. So
-// with s = 0.1 / (1000 - Z): film x = s (X - X0), col = 500 + 100000 x, likewise y and row.
+// A vertical photograph for computation by hand: c = 0.1 m, 10 um pixels, 1000 m above Z = 0,
+// principal point at full-image col 500, row 500; full image 1000 columns, 1001 rows. So with s =
+// 0.1 / (1000 - Z): film x = s (X - X0), col = 500 + 100000 x, and likewise y and row.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -39,8 +39,8 @@ inline std::uint8_t Grey_At(int col, int raw_row) {
   return static_cast<std::uint8_t>(1 + (7 * col + 13 * raw_row) % 250);
 }
 
-/// Raw bytes of the image: grey, or colour with red and blue that tell themselves from the middle
-/// byte, which is the grey value.
+/// Raw bytes of the image: grey, or colour with red and blue different from the middle byte, which
+/// is the grey value.
 inline std::vector<std::uint8_t> Raw_Of(const ImageRecord& image) {
   std::vector<std::uint8_t> bytes;
   for (int row = 0; row < image.SubHeight; ++row) {

@@ -38,7 +38,7 @@ TEST(ColourRow, IndicesBelowFourAreRaised) {
   EXPECT_EQ(Colour_Row(-1000, 0, 255), 1);
 }
 
-TEST(ColourRow, ValuesAboveTheScaleAreNotCutBefore) { EXPECT_EQ(Colour_Row(1e6, 0, 255), 63); }
+TEST(ColourRow, ValuesAboveTheScaleAreNotClampedBefore) { EXPECT_EQ(Colour_Row(1e6, 0, 255), 63); }
 
 TEST(ColourRow, TheTwoSubtractionsTakePartInTheRounding) {
   // 10.500000000000004 alone rounds to 11, row 3; 255 - it is 244.5 in double precision.
@@ -77,7 +77,7 @@ TEST(ColourMap, FewerRowsLeaveTheRestZero) {
   EXPECT_EQ(map(64), Colour{});
 }
 
-TEST(ColourMap, AValueThatIsNoByteIsNamed) {
+TEST(ColourMap, AValueThatIsNotAByteIsNamed) {
   TemporaryFolder folder;
   EXPECT_THROW(Read_Colour_Map(folder.Write("c/map.csv", "1,2,256\n")), RunTimeError);
   EXPECT_THROW(Read_Colour_Map(folder.Write("c/map.csv", "1,2\n")), RunTimeError);

@@ -73,7 +73,7 @@ std::string Failure_Reading(const TemporaryFolder& folder, const std::string& co
   return Failure_Of([&] { Read_Field_Trees(file); });
 }
 
-TEST(FieldTreeReader, GivesBackEveryFieldOfEveryTree) {
+TEST(FieldTreeReader, ReturnsEveryFieldOfEveryTree) {
   const TemporaryFolder folder;
   const auto trees = Read_Field_Trees(folder.Write("trees.bin", As_Text(Two_Trees())));
   ASSERT_EQ(trees.size(), 2U);
@@ -92,20 +92,20 @@ TEST(FieldTreeReader, GivesBackEveryFieldOfEveryTree) {
   EXPECT_EQ(trees[1].StemVolume, 110);
 }
 
-TEST(FieldTreeReader, AFileWithoutATreeIsRefused) {
+TEST(FieldTreeReader, AFileWithoutATreeIsRejected) {
   const TemporaryFolder folder;
   EXPECT_EQ(Failure_Reading(folder, As_Text(FieldTreeFile(0, {}))),
             "Bad content: trees.bin holds no tree");
 }
 
-TEST(FieldTreeReader, AFileShorterThanTheHeaderIsRefused) {
+TEST(FieldTreeReader, AFileShorterThanTheHeaderIsRejected) {
   const TemporaryFolder folder;
   EXPECT_EQ(Failure_Reading(folder, ""),
             "Bad content: trees.bin is no field tree file: it has 0 bytes, its header alone "
             "takes 60");
 }
 
-TEST(FieldTreeReader, ALengthThatDoesNotFollowFromTheCountIsRefused) {
+TEST(FieldTreeReader, ALengthThatDoesNotMatchTheCountIsRejected) {
   const TemporaryFolder folder;
   const std::string bytes = As_Text(Two_Trees());
   EXPECT_EQ(Failure_Reading(folder, bytes.substr(0, bytes.size() - 76)),
@@ -114,7 +114,7 @@ TEST(FieldTreeReader, ALengthThatDoesNotFollowFromTheCountIsRefused) {
             "Bad content: trees.bin is no field tree file: it has 213 bytes, 2 trees take 212");
 }
 
-TEST(FieldTreeReader, AFileOfAnotherKindIsRefused) {
+TEST(FieldTreeReader, AFileOfAnotherKindIsRejected) {
   const TemporaryFolder folder;
   const std::string text(100, '1');  // a count of 0x31313131
   EXPECT_EQ(Failure_Reading(folder, text),
@@ -126,7 +126,7 @@ TEST(FieldTreeReader, AFileOfAnotherKindIsRefused) {
             "Bad content: trees.bin is no field tree file: its count of trees is -2147483648");
 }
 
-TEST(FieldTreeReader, AValueThatIsNoNumberIsRefusedWithItsTree) {
+TEST(FieldTreeReader, ANaNOrInfiniteValueIsRejectedWithItsTree) {
   const TemporaryFolder folder;
   FieldTreeFile file(2, {});
   file.Add({});

@@ -21,7 +21,7 @@ std::string Failure_Of(Read read, const std::string& text) {
   return "no failure";
 }
 
-/// Rows whose four numbers go on counting from 1.
+/// Rows whose four numbers count upwards from 1.
 void Expect_Counting_Segments(const std::string& text, int count) {
   ListReader rows = Rows(text);
   for (int first = 1; first < 4 * count; first += 4) {
@@ -84,7 +84,7 @@ TEST(CrownPoint, IsOneWiderThanItsSizeInItemFour) {
   EXPECT_TRUE(rows.At_End());
 }
 
-TEST(CrownPoint, ASizeBeyondSixteenBitsIsNamedWithItsPlace) {
+TEST(CrownPoint, ASizeBeyondSixteenBitsIsNamedWithItsPosition) {
   EXPECT_EQ(Failure_Of(Read_Crown_Point, "\na 1 2 32767 4 5 6 7\n"),
             "Overflow: c:\\data\\rows.txt, line 2, item 4: 32768 is not in -32768 to 32767");
   EXPECT_EQ(Failure_Of(Read_Crown_Point, "a 1 2 -40000 4 5 6 7\n"),
@@ -101,7 +101,7 @@ TEST(TiePoint, ImageIdComesFirst) {
   EXPECT_EQ(point.top_down_row, 200.5);
 }
 
-TEST(OverlayRows, ARowCutShortIsNamed) {
+TEST(OverlayRows, ATruncatedRowIsNamed) {
   EXPECT_EQ(Failure_Of(Read_Ground_Segment, "1,2,3,4\n"),
             "Input past end of file: c:\\data\\rows.txt, line 2, item 5");
   EXPECT_EQ(Failure_Of(Read_Measured_Tree, "1,2,3,4,5,6"),

@@ -23,7 +23,7 @@ std::string Failure_Of(const std::string& text) {
   return "no failure";
 }
 
-TEST(PlotText, HeaderAndTreesComeAsTheyStand) {
+TEST(PlotText, HeaderAndTreesAreReadInOrder) {
   PlotTextReader plot = Reader(
       "10.5, 2515000 6860000\n150\n1,2,3\n\n4.5 5.5 0.5 213 18.25 7 2 -1\n8,9,0,1,2,3,4,5\n");
   EXPECT_EQ(plot.Header().PlotAngle, 10.5);
@@ -54,7 +54,7 @@ TEST(PlotText, AHeaderWithoutTreesHasNone) {
   EXPECT_FALSE(Reader("0,0,0,0,0,0,0\n\n").Next_Tree());
 }
 
-TEST(PlotText, ARowCutShortIsNamed) {
+TEST(PlotText, ATruncatedRowIsNamed) {
   EXPECT_EQ(Failure_Of("0,0,0,0,0,0,0\n1,2,3,4,5,6,7\n"),
             "Input past end of file: c:\\data\\plot.txt, line 3, item 15");
   EXPECT_EQ(Failure_Of("0,0,0,0,0,0"),

@@ -10,13 +10,13 @@
 namespace sylvomex {
 namespace {
 
-// The same volume as a sum of logarithms.
+// The same volume computed as a sum of logarithms.
 double By_Logarithms(double a, double b, double c, double d, double e, double D, double h) {
   return std::exp(std::log(a) + b * std::log(D) + D * std::log(c) + d * std::log(h) +
                   e * std::log(h - 1.3));
 }
 
-TEST(StemVolume, EachSpeciesHasItsLine) {
+TEST(StemVolume, EachSpeciesHasItsRow) {
   const double pine = By_Logarithms(0.036089, 2.01395, 0.99676, 2.07025, -1.07209, 20, 15);
   const double spruce = By_Logarithms(0.022927, 1.91505, 0.99146, 2.82541, -1.53547, 20, 15);
   const double birch = By_Logarithms(0.011197, 2.10253, 0.986, 3.98519, -2.659, 20, 15);
@@ -25,13 +25,13 @@ TEST(StemVolume, EachSpeciesHasItsLine) {
   EXPECT_NEAR(Stem_Volume(3, 200, 15), birch, 1e-9 * birch);
 }
 
-TEST(StemVolume, SpeciesThreeAndFourTakeTheThirdLine) {
+TEST(StemVolume, SpeciesThreeAndFourUseTheThirdRow) {
   EXPECT_EQ(Stem_Volume(3, 231, 17.4), Stem_Volume(4, 231, 17.4));
   EXPECT_EQ(Stem_Volume(0, 231, 17.4), Stem_Volume(4, 231, 17.4));
   EXPECT_EQ(Stem_Volume(-1, 231, 17.4), Stem_Volume(4, 231, 17.4));
 }
 
-// A pine of 20 cm and 15 m holds some 0.23 m3: half of a cylinder of 0.47 m3.
+// A pine of 20 cm and 15 m has some 0.23 m3: half of a cylinder of 0.47 m3.
 TEST(StemVolume, IsInLitres) {
   EXPECT_NEAR(Stem_Volume(1, 200, 15), 235, 15);
   EXPECT_NEAR(Stem_Volume(2, 200, 15), 235, 15);

@@ -32,8 +32,8 @@ TEST_F(OneImage, ZoomIsNotAllowedForCorrelationImages) {
 }
 
 TEST_F(OneImage, AClickOnACorrelationPeakGivesThePhotographsFilmCoordinates) {
-  // Patch of raw columns 100 to 300, raw rows 200 to 400: its origin counts from the bottom,
-  // 1001 - 1 - 0 - 200. Patch pixel (30, 40) is raw (130, 240): col 130, row 760.
+  // Patch of raw columns 100 to 300, raw rows 200 to 400: its origin counts from the bottom, 1001 -
+  // 1 - 0 - 200. Patch pixel (30, 40) is raw (130, 240): col 130, row 760.
   w().ImageKinds(0) = 2;
   w().CorrelationRecords(0) = w().ImageBlock(0);
   w().CorrelationRecords(0).SubColOrigin = 100;

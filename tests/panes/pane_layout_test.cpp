@@ -21,13 +21,13 @@ TEST(PaneSide, FourToSixImagesStandInTwoRows) {
   EXPECT_EQ(Pane_Side(2560, 1024, 6), 444);  // (1024 - 140) / 2 = 442, 442 + 1326 mod 4
 }
 
-TEST(PaneSide, SevenToNineImagesOnAWideWindowTakeTwoHundredOffTheHeight) {
+TEST(PaneSide, SevenToNineImagesOnAWideWindowSubtractTwoHundredFromTheHeight) {
   // (1024 - 140) / 3 = 294.67 is not above 380, so (1024 - 200) / 3 = 274.67, 275, 276.
   EXPECT_EQ(Pane_Side(1280, 1024, 7), 276);
   EXPECT_EQ(Pane_Side(1280, 1024, 9), 276);
 }
 
-TEST(PaneSide, SevenToNineImagesOnATallWindowGoByTheWidthLessOneHundredAndForty) {
+TEST(PaneSide, SevenToNineImagesOnATallWindowUseTheWidthLessOneHundredAndForty) {
   // (1400 - 140) / 3 = 420 is above (800 - 140) / 3 = 220.
   EXPECT_EQ(Pane_Side(800, 1400, 8), 220);
 }
@@ -43,7 +43,7 @@ TEST(PaneSide, HalvesRoundToTheEvenSide) {
   EXPECT_EQ(Pane_Side(1085, 3000, 2), 504);  // 502.5 to 502, 502 + 1506 mod 4
 }
 
-TEST(PaneSide, IsNothingForNoImageAndAboveNine) {
+TEST(PaneSide, IsZeroForNoImageAndAboveNine) {
   EXPECT_EQ(Pane_Side(1280, 1024, 0), 0);
   EXPECT_EQ(Pane_Side(1280, 1024, 10), 0);
 }

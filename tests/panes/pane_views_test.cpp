@@ -124,7 +124,7 @@ TEST_F(PaneViews, ZoomSkipsAnImageWithoutAYBoxAndZoomsTheOthers) {
       << transcript;
 }
 
-TEST_F(PaneViews, AnEmptyXBoxIsTheZoomErrorSinceOnlyTheYBoxIsLookedAt) {
+TEST_F(PaneViews, AnEmptyXBoxIsTheZoomErrorSinceOnlyTheYBoxIsTested) {
   const std::string transcript =
       Transcript(Add_Two() + "set Text1(1) 0\nset Text1(3) \"\"\nmenu Zoom2_1\n");
   EXPECT_NE(transcript.find("message \"Error in aZoom-function. Image observation missing? "
@@ -132,7 +132,7 @@ TEST_F(PaneViews, AnEmptyXBoxIsTheZoomErrorSinceOnlyTheYBoxIsLookedAt) {
             std::string::npos);
 }
 
-TEST_F(PaneViews, BothOneToOneItemsActAlike) {
+TEST_F(PaneViews, BothOneToOneItemsDoTheSame) {
   const std::string start = Add_Two() +
                             "set Text1(0) 0\nset Text1(1) 0\nset Text1(2) 0\nset Text1(3) 0\n"
                             "menu Zoom4_1\n";

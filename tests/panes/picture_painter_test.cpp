@@ -81,7 +81,7 @@ TEST_F(PicturePainter, PointAtTheEdgeIsCut) {
   EXPECT_EQ(Inked(), 8);
 }
 
-TEST_F(PicturePainter, PixelsBesideARowAreLeftAlone) {
+TEST_F(PicturePainter, PixelsBesideARowStayUnchanged) {
   picture_.DrawWidth = 9;
   Plot_Point(picture_, kWidth - 1, 5, kInkColour);
   Draw_Line(picture_, 0, 12, 100, 12, kInkColour);
@@ -123,7 +123,7 @@ TEST_F(PicturePainter, LineToItsOwnStartIsOnePixel) {
   EXPECT_EQ(At(5, 10), kInk);
 }
 
-// One pixel a column: y = 2 + (x - 3) / 3 to the nearest whole number.
+// One pixel per column: y = 2 + (x - 3) / 3 rounded to the nearest integer.
 TEST_F(PicturePainter, FlatLineHasOnePixelInEachColumn) {
   Draw_Line(picture_, 3, 2, 12, 5, kInkColour);
   Paint();
@@ -171,7 +171,7 @@ TEST_F(PicturePainter, TextHangsBelowItsPosition) {
   }
 }
 
-// A capital is some seven tenths of its font's size high: 20 points are 26.67 pixels.
+// A capital letter is about seven tenths of the font size high: 20 points are 26.67 pixels.
 TEST_F(PicturePainter, FontSizeIsInPointsOf96PixelsAnInch) {
   picture_.font = {"Arial", 20, true};
   Print("H", 4, 0);
@@ -202,7 +202,7 @@ TEST_F(PicturePainter, LaterMarksLieOverEarlierOnes) {
   EXPECT_EQ(At(30, 10), 0xff00ff00U);
 }
 
-TEST_F(PicturePainter, TellsThePixelsThatItTouched) {
+TEST_F(PicturePainter, ReturnsThePixelsThatItChanged) {
   picture_.DrawWidth = 3;
   Plot_Point(picture_, 10, 20, kInkColour);
   Plot_Point(picture_, 15, 22, kInkColour);

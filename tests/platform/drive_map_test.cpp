@@ -16,7 +16,7 @@ class DriveMapTest : public testing::Test {
   DriveMap drives{folder.Path()};
 };
 
-TEST_F(DriveMapTest, FindsFilesWithoutRegardToCase) {
+TEST_F(DriveMapTest, FindsFilesIgnoringCase) {
   folder.Write("c/Data/Pic0.BMP", "x");
   EXPECT_EQ(Native("C:\\dATA\\pic0.bmp"), folder.Path() / "c/Data/Pic0.BMP");
 }
@@ -54,23 +54,23 @@ TEST_F(DriveMapTest, OfSeveralSpellingsTheFirstInSortedOrderIsTaken) {
   EXPECT_EQ(Native("c:\\data\\abc"), folder.Path() / "c/data/Abc");
 }
 
-TEST_F(DriveMapTest, NewNamesAreSpelledAsGivenInTheFolderThatWasFound) {
+TEST_F(DriveMapTest, NewNamesAreSpelledAsGivenInTheFolderFound) {
   folder.Make_Folder("c/DATA");
   EXPECT_EQ(Native("c:\\data\\New.Txt"), folder.Path() / "c/DATA/New.Txt");
   EXPECT_EQ(Native("c:\\data\\Sub\\New.Txt"), folder.Path() / "c/DATA/Sub/New.Txt");
 }
 
-TEST_F(DriveMapTest, DriveFoldersAreFoundWithoutRegardToCase) {
+TEST_F(DriveMapTest, DriveFoldersAreFoundIgnoringCase) {
   folder.Write("F/temp/a", "x");
   EXPECT_EQ(Native("f:\\temp\\a"), folder.Path() / "F/temp/a");
 }
 
-TEST_F(DriveMapTest, SlashesServeAsBackslashes) {
+TEST_F(DriveMapTest, SlashesWorkAsBackslashes) {
   folder.Write("d/data/laser/a.bin", "x");
   EXPECT_EQ(Native("D:/data\\laser/A.BIN"), folder.Path() / "d/data/laser/a.bin");
 }
 
-TEST_F(DriveMapTest, BlanksAroundTheNameDoNotCount) {
+TEST_F(DriveMapTest, BlanksAroundTheNameAreIgnored) {
   folder.Write("c/data/cells.raw", "x");
   EXPECT_EQ(Native("c:\\data\\cells.raw" + std::string(62, ' ')),
             folder.Path() / "c/data/cells.raw");
@@ -81,13 +81,13 @@ TEST_F(DriveMapTest, BlanksInsideTheNameCount) {
   EXPECT_EQ(Native("c:\\My Data\\A B.txt"), folder.Path() / "c/my data/a b.txt");
 }
 
-TEST_F(DriveMapTest, ParentFoldersNeverClimbOutOfTheDrive) {
+TEST_F(DriveMapTest, ParentFoldersNeverLeaveTheDrive) {
   EXPECT_EQ(Native("c:\\..\\..\\etc\\passwd"), folder.Path() / "c/etc/passwd");
   EXPECT_EQ(Native("c:\\data\\..\\..\\..\\x"), folder.Path() / "c/x");
   EXPECT_EQ(Native("c:/data/./sub/../x"), folder.Path() / "c/data/x");
 }
 
-TEST_F(DriveMapTest, NativeNamesStandAsTheyAre) {
+TEST_F(DriveMapTest, NativeNamesAreUsedUnchanged) {
   EXPECT_EQ(Native("/tmp/Some/../File.txt"), "/tmp/Some/../File.txt");
   EXPECT_EQ(drives.Locate("/dev/full").name, "/dev/full");
 }
@@ -97,7 +97,7 @@ TEST_F(DriveMapTest, NamesWithoutADriveLieOnDriveC) {
   EXPECT_EQ(Native("\\data\\a.txt"), folder.Path() / "c/data/a.txt");
 }
 
-TEST_F(DriveMapTest, TheEmptyNameGivesNoPlace) {
+TEST_F(DriveMapTest, TheEmptyNameGivesAnEmptyPath) {
   EXPECT_TRUE(drives.Locate("").native.empty());
   EXPECT_TRUE(drives.Locate("   ").native.empty());
 }
@@ -124,7 +124,7 @@ TEST_F(DriveMapTest, MatchFindsFilesOfAPatternSortedByName) {
   EXPECT_EQ(files.at(1).native, folder.Path() / "c/data/b.TXT");
 }
 
-TEST_F(DriveMapTest, MatchKnowsQuestionMarksAndSeveralStars) {
+TEST_F(DriveMapTest, MatchUnderstandsQuestionMarksAndSeveralStars) {
   folder.Write("c/rkuva0.bmp", "");
   folder.Write("c/rkuva12.bmp", "");
   folder.Write("c/xrkuvax.bmp", "");
@@ -139,7 +139,7 @@ TEST_F(DriveMapTest, MatchInAMissingFolderFindsNothing) {
   EXPECT_TRUE(drives.Match("").empty());
 }
 
-TEST_F(DriveMapTest, MatchTakesNativePatterns) {
+TEST_F(DriveMapTest, MatchAcceptsNativePatterns) {
   folder.Write("native/a.txt", "");
   const std::string pattern = (folder.Path() / "native/*.txt").string();
   EXPECT_EQ(drives.Match(pattern).at(0).name, (folder.Path() / "native/a.txt").string());

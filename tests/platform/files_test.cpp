@@ -37,7 +37,7 @@ class Files : public testing::Test {
   TemporaryFolder folder;
 };
 
-/// Puts an ordinary user in the place of root for a scope, for whom permissions count.
+/// Drops root's privileges for a scope, so that file permissions apply.
 class AsOrdinaryUser {
  public:
   AsOrdinaryUser() { was_root_ = geteuid() == 0 && seteuid(65534) == 0; }
@@ -57,7 +57,7 @@ TEST_F(Files, ReadsAFileWholeAsItIs) {
   EXPECT_EQ(Read_Whole_File(folder.Write("empty", "")), "");
 }
 
-TEST_F(Files, ReadsFilesThatDoNotTellTheirLength) {
+TEST_F(Files, ReadsFilesOfUnknownLength) {
   const std::string status = Read_Whole_File({"/proc/self/status", "/proc/self/status"});
   EXPECT_NE(status.find("Pid:"), std::string::npos);
 }
@@ -132,7 +132,7 @@ TEST_F(Files, NamesWithAZeroByteAreNotFound) {
   EXPECT_THROW(Read_Whole_File(folder.File(name)), RunTimeError);
 }
 
-TEST_F(Files, WritingAnewLeavesNoTailOfTheOldContent) {
+TEST_F(Files, RewritingLeavesNoTailOfTheOldContent) {
   const FilePath file = folder.Write("pic0.bmp", "a longer content");
   Write_Whole_File(file, "short");
   EXPECT_EQ(folder.Read("pic0.bmp"), "short");
@@ -142,14 +142,14 @@ TEST_F(Files, WritingAnewLeavesNoTailOfTheOldContent) {
   EXPECT_EQ(folder.Read("pic0.bmp"), "");
 }
 
-TEST_F(Files, AppendingMakesTheFileAndAddsToIt) {
+TEST_F(Files, AppendingCreatesTheFileAndAddsToIt) {
   const FilePath file = folder.File("points.txt");
   Append_To_File(file, "1,2\n");
   Append_To_File(file, "3,4\n");
   EXPECT_EQ(folder.Read("points.txt"), "1,2\n3,4\n");
 }
 
-TEST_F(Files, AnAppendThatFitsInPartIsTakenBack) {
+TEST_F(Files, APartialAppendIsUndone) {
   const FilePath file = folder.Write("points.txt", "1,2\n");
   {
     const FileSizeLimit limit(7);
@@ -175,7 +175,7 @@ TEST_F(Files, OverwritingTheStartLeavesTheRest) {
   EXPECT_EQ(folder.Read("a.bin"), "XYcdef");
 }
 
-TEST_F(Files, DeletingAMissingFileIsNoFailure) {
+TEST_F(Files, DeletingAMissingFileIsNotAnError) {
   const FilePath file = folder.Write("a.txt", "x");
   EXPECT_TRUE(File_Exists(file));
   Delete_File(file);
@@ -219,7 +219,7 @@ TEST_F(Files, DevicesCannotBeReadAtPositions) {
                  [&] { MappedFile{zero}; });
 }
 
-TEST_F(Files, MappedBytesAreTheFile) {
+TEST_F(Files, MappedBytesEqualTheFile) {
   const MappedFile mapped(folder.Write("a.raw", "0123456789"));
   EXPECT_EQ(Text(mapped.Bytes()), "0123456789");
   EXPECT_EQ(mapped.File().name, "a.raw");
@@ -232,7 +232,7 @@ TEST_F(Files, AnEmptyFileMapsToNoBytes) {
   EXPECT_TRUE(mapped.Is_Current());
 }
 
-TEST_F(Files, AMappedFileKnowsWhenItWasCutReplacedOrRemoved) {
+TEST_F(Files, AMappedFileDetectsThatItWasTruncatedReplacedOrRemoved) {
   const FilePath file = folder.Write("a.raw", "0123456789");
   const MappedFile first(file);
   std::filesystem::resize_file(file.native, 5);
@@ -248,7 +248,7 @@ TEST_F(Files, AMappedFileKnowsWhenItWasCutReplacedOrRemoved) {
   EXPECT_FALSE(third.Is_Current());
 }
 
-TEST_F(Files, AMappedFileKnowsWhenItWasRewrittenAtTheSameLength) {
+TEST_F(Files, AMappedFileDetectsThatItWasRewrittenAtTheSameLength) {
   const FilePath file = folder.Write("a.raw", "0123456789");
   const MappedFile mapped(file);
   const auto later = std::filesystem::last_write_time(file.native) + std::chrono::seconds(2);
@@ -256,7 +256,7 @@ TEST_F(Files, AMappedFileKnowsWhenItWasRewrittenAtTheSameLength) {
   EXPECT_FALSE(mapped.Is_Current());
 }
 
-TEST_F(Files, DeleteMatchingTakesFilesOfThePatternWithoutRegardToCase) {
+TEST_F(Files, DeleteMatchingRemovesFilesOfThePatternIgnoringCase) {
   for (const char* name : {"a.txt", "B.TXT", "c.Txt", "d.hdr", "txt"}) {
     folder.Write(std::string("c/data/ImaFiles/") + name, "x");
   }
@@ -271,7 +271,7 @@ TEST_F(Files, DeleteMatchingTakesFilesOfThePatternWithoutRegardToCase) {
   }
 }
 
-TEST_F(Files, DeleteMatchingOfNothingIsNoFailure) {
+TEST_F(Files, DeleteMatchingOfNothingIsNotAnError) {
   folder.Write("c/data/a.hdr", "x");
   EXPECT_NO_THROW(Delete_Matching(folder.Drives(), "c:\\data\\*.txt"));
   EXPECT_NO_THROW(Delete_Matching(folder.Drives(), "c:\\none\\*.txt"));

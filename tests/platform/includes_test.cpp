@@ -21,11 +21,11 @@ struct Include {
   std::string file;
   std::string folder;
   std::string included;
-  std::string included_folder;  // empty for a file that is not ours
+  std::string included_folder;  // empty for a file outside this project
 };
 
-/// The floor of a folder in the house, none for a folder that has no place in it. The pure
-/// subsystems share a few floors of their own: images below the solver below the rest.
+/// The layer of a folder; std::nullopt for a folder without one. The pure subsystems share a few
+/// layers of their own: images below the solver below the rest.
 std::optional<int> Layer(const std::string& folder) {
   static const std::map<std::string, int> kLayers = {
       {"platform", 0},     {"closedlib", 1}, {"imageblock", 2}, {"solver", 3},
@@ -41,7 +41,7 @@ std::optional<int> Layer(const std::string& folder) {
   return layer->second;
 }
 
-/// What keeps an include from standing, or the empty text.
+/// Why an include is forbidden, or the empty text.
 std::string Complaint(const Include& include) {
   const std::string line = include.file + " includes " + include.included;
   if (include.included.starts_with("<Q")) {
@@ -78,7 +78,7 @@ bool Reaches(const FolderGraph& graph, const std::string& from, const std::strin
   return false;
 }
 
-/// Folders from which a way of includes leads back to themselves.
+/// Folders that include themselves through others.
 std::set<std::string> Folders_On_Circles(const std::vector<Include>& includes) {
   const FolderGraph graph = Folder_Graph(includes);
   std::set<std::string> circles;
@@ -89,7 +89,7 @@ std::set<std::string> Folders_On_Circles(const std::vector<Include>& includes) {
   return circles;
 }
 
-/// The include of a source line as <...> or as a bare name, if it is one.
+/// The target of a source line's include as <...> or as a bare name, if it is one.
 std::optional<std::string> Included_By_Line(std::string line) {
   std::erase_if(line, [](char c) { return c == ' ' || c == '\t' || c == '\r'; });
   constexpr std::string_view kWord = "#include";
@@ -131,7 +131,7 @@ TEST(Includes, PointDownOnlyAndLeaveQtToTheDesktop) {
   for (const Include& include : includes) EXPECT_EQ(Complaint(include), "");
 }
 
-TEST(Includes, FormNoCircleOfFolders) {
+TEST(Includes, FormNoCycleOfFolders) {
   EXPECT_EQ(Folders_On_Circles(All_Includes(SYLVOMEX_SOURCE_DIR)), std::set<std::string>{});
 }
 
@@ -157,7 +157,7 @@ TEST(IncludeRules, QtBelowTheDesktopIsFound) {
   EXPECT_NE(Complaint({"session/main/a.cpp", "session/main", "<QImage>", ""}), "");
 }
 
-TEST(IncludeRules, ACircleOfCommandFoldersIsFound) {
+TEST(IncludeRules, ACycleOfCommandFoldersIsFound) {
   const Include solver{"commands/solver/a.h", "commands/solver", "commands/crowns/b.h",
                        "commands/crowns"};
   const Include crowns{"commands/crowns/b.h", "commands/crowns", "commands/overlays/c.h",

@@ -10,7 +10,7 @@
 namespace sylvomex {
 namespace {
 
-TEST(LineFile, BeginsAnew) {
+TEST(LineFile, ReplacesTheOldContent) {
   const TemporaryFolder folder;
   folder.Write("c/temp/maa.nod", "1,2,3\n4,5,6\n");
   const FilePath path = folder.Drives().Locate("c:\\temp\\maa.nod");

@@ -59,7 +59,7 @@ TEST(ListReader, AllLineEndsCountAsOne) {
   EXPECT_EQ(list.Line(), 6);
 }
 
-TEST(ListReader, EmptyLinesBeforeANumberArePassedOver) {
+TEST(ListReader, EmptyLinesBeforeANumberAreSkipped) {
   ListReader list = Reader("\n\n1\n \n\t\n2,\n3");
   EXPECT_EQ(list.Read_Double(), 1);
   EXPECT_EQ(list.Read_Double(), 2);
@@ -99,7 +99,7 @@ TEST(ListReader, QuotedTextsKeepCommasAndBlanks) {
   EXPECT_EQ(Texts("\"\",\"\"\"\"", 2), "|\"");
 }
 
-TEST(ListReader, AQuoteThatIsNotClosedEndsWithItsLine) {
+TEST(ListReader, AMissingClosingQuoteIsImpliedAtTheLinesEnd) {
   EXPECT_EQ(Texts("\"open, text\nnext", 2), "open, text|next");
   EXPECT_EQ(Texts("\"open", 1), "open");
   EXPECT_EQ(Texts("\"", 1), "");
@@ -120,7 +120,7 @@ TEST(ListReader, AnEmptyLineGivesTheEmptyText) {
   EXPECT_EQ(Texts("a,\nb", 3), "a||b");
 }
 
-TEST(ListReader, ACommaThatOpensALineFollowsAnEmptyText) {
+TEST(ListReader, ACommaThatStartsALineFollowsAnEmptyText) {
   EXPECT_EQ(Texts(",a,\"\",b\n ,c", 6), "|a||b||c");
 }
 
@@ -152,7 +152,7 @@ TEST(ListReader, TextToTheCommaKeepsBlanksInside) {
   EXPECT_EQ(list.Read_Text_To_Comma(), "h i");
 }
 
-TEST(ListReader, ReadLineGivesTheRestOfThePresentLine) {
+TEST(ListReader, ReadLineGivesTheRestOfTheCurrentLine) {
   ListReader list = Reader("1,two three\r\nfour, five\n\nsix");
   EXPECT_EQ(list.Read_Int32(), 1);
   EXPECT_EQ(list.Read_Line(), "two three");
@@ -163,7 +163,7 @@ TEST(ListReader, ReadLineGivesTheRestOfThePresentLine) {
                  [&] { list.Read_Line(); });
 }
 
-TEST(ListReader, AfterItsLastItemALineIsStillThePresentOne) {
+TEST(ListReader, AfterItsLastItemALineIsStillTheCurrentOne) {
   ListReader list = Reader("1 2\n3 4 extra\n5");
   EXPECT_EQ(list.Read_Int32(), 1);
   EXPECT_EQ(list.Read_Int32(), 2);
@@ -190,7 +190,7 @@ TEST(ListReader, AtEndLooksPastBlanksAndLineEnds) {
   EXPECT_FALSE(Reader("\n,").At_End());
 }
 
-TEST(ListReader, AByteOrderMarkAtTheStartIsPassedOver) {
+TEST(ListReader, AByteOrderMarkAtTheStartIsSkipped) {
   ListReader list = Reader(
       "\xEF\xBB\xBF"
       "12");
@@ -198,7 +198,7 @@ TEST(ListReader, AByteOrderMarkAtTheStartIsPassedOver) {
   EXPECT_TRUE(Reader("\xEF\xBB\xBF").At_End());
 }
 
-TEST(ListReader, ATextInPlaceOfANumberIsNamedWithItsPlace) {
+TEST(ListReader, ATextInPlaceOfANumberIsNamedWithItsPosition) {
   ListReader list = Reader("1,2\n3,4\n5 6 abc");
   for (int i = 0; i < 6; ++i) list.Read_Double();
   Expect_Failure(Failure::TypeMismatch,
@@ -215,7 +215,7 @@ TEST(ListReader, AnEmptyItemIsNotANumber) {
   EXPECT_EQ(list.Read_Double(), 2);
 }
 
-TEST(ListReader, AValueOutOfRangeIsNamedWithItsPlace) {
+TEST(ListReader, AValueOutOfRangeIsNamedWithItsPosition) {
   ListReader list = Reader("1\n99999 -1 1e39 1e999");
   list.Read_Double();
   Expect_Failure(Failure::Overflow,
@@ -233,7 +233,7 @@ TEST(ListReader, AValueOutOfRangeIsNamedWithItsPlace) {
                  [&] { list.Read_Double(); });
 }
 
-TEST(ListReader, AMissingItemIsNamedWithItsPlace) {
+TEST(ListReader, AMissingItemIsNamedWithItsPosition) {
   ListReader list = Reader("1\n2");
   list.Read_Double();
   list.Read_Double();
@@ -243,7 +243,7 @@ TEST(ListReader, AMissingItemIsNamedWithItsPlace) {
                  [&] { list.Read_Text(); });
 }
 
-TEST(ListReader, GarbageIsShownCutAndWithoutControlCharacters) {
+TEST(ListReader, GarbageIsShownTruncatedAndWithoutControlCharacters) {
   ListReader list = Reader(std::string("\0\x01\x02", 3) + std::string(50, 'z'));
   Expect_Failure(Failure::TypeMismatch,
                  "Type mismatch: c:\\data\\a.hdr, line 1, item 1: \"???" + std::string(37, 'z') +
@@ -298,7 +298,7 @@ TEST(ListReader, ALineOfAFileIsNamedByItsNumberAndCountsItsOwnItems) {
                  [&] { line.Read_Double(); });
 }
 
-TEST(ListReader, QuotedTextsComeBackAsTheyWere) {
+TEST(ListReader, QuotedTextsReadBackUnchanged) {
   // Any text without a line end, quoted with its quotes doubled, is read back unchanged.
   std::mt19937 random(5);
   const std::string alphabet = "ab\", \t\\.";

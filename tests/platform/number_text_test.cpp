@@ -15,7 +15,7 @@ namespace {
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
-TEST(Format, OptionalIntegerDigitsAreLeftOutOfAFraction) {
+TEST(Format, OptionalIntegerDigitsAreOmittedFromAFraction) {
   EXPECT_EQ(Format(0.5, "#.00"), ".50");
   EXPECT_EQ(Format(-0.5, "#.00"), "-.50");
   EXPECT_EQ(Format(0, "#.00"), ".00");
@@ -55,9 +55,8 @@ TEST(Format, ExactTiesRoundToTheEvenDigit) {
 }
 
 TEST(Format, TheExactBinaryValueDecidesWhereTheTextLooksLikeATie) {
-  // 2.675 is held as 2.67499999999999982..., 1.005 as 1.00499999999999989...,
-  // 0.15 as 0.1499999999999999944..., 0.35 as 0.34999999999999997..., 2.345 as
-  // 2.34500000000000019...
+  // 2.675 is stored as 2.67499999999999982..., 1.005 as 1.00499999999999989..., 0.15 as
+  // 0.1499999999999999944..., 0.35 as 0.34999999999999997..., 2.345 as 2.34500000000000019...
   EXPECT_EQ(Format(2.675, "0.00"), "2.67");
   EXPECT_EQ(Format(1.005, "0.00"), "1.00");
   EXPECT_EQ(Format(0.15, "0.0"), "0.1");
@@ -70,7 +69,7 @@ TEST(Format, RoundingCarriesIntoNewIntegerDigits) {
   EXPECT_EQ(Format(99.96, "00.0"), "100.0");
 }
 
-TEST(Format, LiteralsStandAroundTheDigits) {
+TEST(Format, LiteralsSurroundTheDigits) {
   EXPECT_EQ(Format(2.25, "#.00 m"), "2.25 m");
   EXPECT_EQ(Format(7, "000_"), "007_");
   EXPECT_EQ(Format(0.000012, "0.000000 um"), "0.000012 um");
@@ -105,7 +104,7 @@ TEST(Format, PatternWithoutDigitsGivesItsLiterals) {
   EXPECT_EQ(Format(5, ""), "");
 }
 
-TEST(Format, NonFiniteValuesStandInPlaceOfTheDigits) {
+TEST(Format, NonFiniteValuesReplaceTheDigits) {
   EXPECT_EQ(Format(kNaN, "0.00 m"), "NaN m");
   EXPECT_EQ(Format(kInfinity, "#.00"), "Inf");
   EXPECT_EQ(Format(-kInfinity, "0.0 %"), "-Inf %");
@@ -117,7 +116,7 @@ TEST(Format, TheLargestDoubleIsWrittenInFull) {
   EXPECT_EQ(text.substr(0, 18), "-17976931348623157");
 }
 
-TEST(Format, LongPatternsOfUsersAreTakenAsTheyAre) {
+TEST(Format, LongPatternsAreAccepted) {
   EXPECT_EQ(Format(1, std::string(2000, '0')), std::string(1999, '0') + "1");
   EXPECT_EQ(Format(0.5, "0." + std::string(2000, '0')), "0.5" + std::string(1999, '0'));
 }
@@ -138,7 +137,7 @@ TEST(PlainText, FractionsAreAsShortAsTheyCanBe) {
   EXPECT_EQ(Plain_Text(0.00001), "0.00001");
 }
 
-TEST(PlainText, ExponentsStandWherePlainDigitsNeedMoreThan15Places) {
+TEST(PlainText, ExponentsAppearWherePlainDigitsNeedMoreThan15Places) {
   EXPECT_EQ(Plain_Text(123456789012345.0), "123456789012345");
   EXPECT_EQ(Plain_Text(1e15), "1E+15");
   EXPECT_EQ(Plain_Text(1.5e20), "1.5E+20");
@@ -176,7 +175,7 @@ TEST(FullText, GivesTheSameDoubleBack) {
   }
 }
 
-TEST(ParseDouble, TakesTheUsualSpellings) {
+TEST(ParseDouble, AcceptsTheUsualSpellings) {
   EXPECT_EQ(Parse_Double("12"), 12);
   EXPECT_EQ(Parse_Double(" \t-1.5 "), -1.5);
   EXPECT_EQ(Parse_Double("+5"), 5);
@@ -189,7 +188,7 @@ TEST(ParseDouble, TakesTheUsualSpellings) {
   EXPECT_EQ(Parse_Double("007"), 7);
 }
 
-TEST(ParseDouble, RefusesEverythingElseAndQuotesIt) {
+TEST(ParseDouble, RejectsEverythingElseAndQuotesIt) {
   for (const std::string text :
        {"abc", "1,5", "0x10", "inf", "nan", "-inf", "1 2", "1e", "1e+", ".", "-", "+-1", "--1",
         "1.2.3", "1e5.5", "e5", "12a", "1d3", "1\n"}) {
@@ -204,7 +203,7 @@ TEST(ParseDouble, RefusesEverythingElseAndQuotesIt) {
   }
 }
 
-TEST(ParseDouble, RefusesTheEmptyText) {
+TEST(ParseDouble, RejectsTheEmptyText) {
   for (const std::string text : {"", "  "}) {
     try {
       Parse_Double(text);
@@ -228,7 +227,7 @@ TEST(ParseDouble, BeyondTheRangeOfADoubleIsAnOverflow) {
   EXPECT_THROW(Parse_Double("1" + std::string(400, '0')), RunTimeError);
 }
 
-TEST(ParseDouble, NearerToZeroThanADoubleCanSayIsZero) {
+TEST(ParseDouble, UnderflowIsZero) {
   EXPECT_EQ(Parse_Double("1e-400"), 0);
   EXPECT_EQ(Parse_Double("-12345e-99999999999"), 0);
   EXPECT_EQ(Parse_Double("0." + std::string(400, '0') + "1"), 0);
@@ -236,7 +235,7 @@ TEST(ParseDouble, NearerToZeroThanADoubleCanSayIsZero) {
 }
 
 TEST(ParseDouble, DoesNotDependOnTheProcessLocale) {
-  // Where no such locale is installed, the conversion is asked in the one there is.
+  // If no such locale is installed, the conversion runs in the current one.
   const std::string old_locale = std::setlocale(LC_ALL, nullptr);
   for (const char* name : {"fi_FI.UTF-8", "de_DE.UTF-8", "C"}) {
     std::setlocale(LC_ALL, name);
@@ -265,7 +264,7 @@ TEST(ParseIntegers, OutOfRangeIsAnOverflow) {
   EXPECT_THROW(Parse_Byte("-1"), RunTimeError);
 }
 
-TEST(QuotedForMessage, LongTextsAreCutAndControlCharactersReplaced) {
+TEST(QuotedForMessage, LongTextsAreTruncatedAndControlCharactersReplaced) {
   EXPECT_EQ(Quoted_For_Message("a\tb"), "\"a?b\"");
   EXPECT_EQ(Quoted_For_Message(std::string(40, 'x')), "\"" + std::string(40, 'x') + "\"");
   EXPECT_EQ(Quoted_For_Message(std::string(39, 'x') + "\u00e4z"),

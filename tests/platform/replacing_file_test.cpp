@@ -28,7 +28,7 @@ TEST(ReplacingFile, TheOldFileStaysUntilTheNewOneIsComplete) {
   EXPECT_EQ(Entries(folder.Path()), 1u);
 }
 
-TEST(ReplacingFile, WhatIsNotCommittedLeavesTheOldFileAlone) {
+TEST(ReplacingFile, WithoutCommitTheOldFileStays) {
   const TemporaryFolder folder;
   const FilePath file = folder.Write("a.raw", "old");
   { const ReplacingFile replacing(file, 100); }
@@ -36,7 +36,7 @@ TEST(ReplacingFile, WhatIsNotCommittedLeavesTheOldFileAlone) {
   EXPECT_EQ(Entries(folder.Path()), 1u);
 }
 
-TEST(ReplacingFile, RangesMayComeInAnyOrder) {
+TEST(ReplacingFile, RangesMayBeWrittenInAnyOrder) {
   const TemporaryFolder folder;
   ReplacingFile replacing(folder.File("a.raw"), 4);
   replacing.Write_At(2, std::vector<std::uint8_t>{'c', 'd'});
@@ -70,7 +70,7 @@ TEST(ReplacingFile, AFolderOrADeviceCannotBeReplaced) {
             std::string::npos);
 }
 
-TEST(ReplacingFile, ASizeThatNoDiskHoldsIsNoticedAtOnce) {
+TEST(ReplacingFile, ASizeThatNoDiskHoldsIsRejectedAtOnce) {
   const TemporaryFolder folder;
   const FilePath file = folder.Write("a.raw", "old");
   EXPECT_NE(Failure_Of([&] { ReplacingFile(file, std::uint64_t{1} << 60); }), "no failure");

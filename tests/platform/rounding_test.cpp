@@ -46,7 +46,7 @@ TEST(RoundHalfEven, NeighboursOfATieGoToTheNearest) {
   EXPECT_EQ(Round_Half_Even(4503599627370494.5), 4503599627370494.0);
 }
 
-TEST(RoundHalfEven, LargeAndNonFiniteValuesStayAsTheyAre) {
+TEST(RoundHalfEven, LargeAndNonFiniteValuesStayUnchanged) {
   EXPECT_EQ(Round_Half_Even(9007199254740993.0), 9007199254740993.0);
   EXPECT_EQ(Round_Half_Even(-1e300), -1e300);
   EXPECT_EQ(Round_Half_Even(kInfinity), kInfinity);
@@ -77,7 +77,7 @@ TEST(RoundHalfEven, DoesNotDependOnTheRoundingMode) {
   }
 }
 
-TEST(ToInt16, TakesWhatRoundsIntoItsRange) {
+TEST(ToInt16, AcceptsWhatRoundsIntoItsRange) {
   EXPECT_EQ(To_Int16(32767.49), 32767);
   EXPECT_EQ(To_Int16(-32768.5), -32768);
   EXPECT_EQ(To_Int16(-0.5), 0);
@@ -94,7 +94,7 @@ TEST(ToInt16, NonFiniteValuesOverflow) {
   EXPECT_EQ(Failure_Of(To_Int16, -kInfinity), "Overflow: -Inf is not in -32768 to 32767");
 }
 
-TEST(ToInt32, HoldsItsWholeRangeAndNoMore) {
+TEST(ToInt32, AcceptsItsWholeRangeAndNoMore) {
   EXPECT_EQ(To_Int32(2147483647.0), 2147483647);
   EXPECT_EQ(To_Int32(-2147483648.0), std::numeric_limits<std::int32_t>::min());
   EXPECT_EQ(Failure_Of(To_Int32, 2147483648.0),
@@ -102,7 +102,7 @@ TEST(ToInt32, HoldsItsWholeRangeAndNoMore) {
   EXPECT_EQ(Failure_Of(To_Int32, 1e20), "Overflow: 1E+20 is not in -2147483648 to 2147483647");
 }
 
-TEST(ToByte, HoldsZeroTo255) {
+TEST(ToByte, AcceptsZeroTo255) {
   EXPECT_EQ(To_Byte(254.5), 254);
   EXPECT_EQ(To_Byte(255.4), 255);
   EXPECT_EQ(To_Byte(-0.5), 0);

@@ -8,7 +8,7 @@
 namespace sylvomex {
 namespace {
 
-TEST(RunTimeError, MessageIsTheKindAndWhatItWasAbout) {
+TEST(RunTimeError, MessageIsTheKindAndItsSubject) {
   const RunTimeError error(Failure::FileNotFound, "c:\\data\\a.hdr", "/drives/c/data/a.hdr");
   EXPECT_STREQ(error.what(), "File not found: c:\\data\\a.hdr");
   EXPECT_EQ(error.Kind(), Failure::FileNotFound);
@@ -21,7 +21,7 @@ TEST(RunTimeError, MessageWithoutASubjectIsTheBareKind) {
   EXPECT_TRUE(error.Native_Path().empty());
 }
 
-TEST(RunTimeError, APlaceStandsInFrontOfWhatItWasAbout) {
+TEST(RunTimeError, APlaceIsPutBeforeTheSubject) {
   const RunTimeError error(Failure::Overflow, "70000 is too large");
   EXPECT_EQ(error.About(), "70000 is too large");
   const RunTimeError placed = error.At("a.txt, line 3", "/drives/a.txt");
@@ -30,13 +30,13 @@ TEST(RunTimeError, APlaceStandsInFrontOfWhatItWasAbout) {
   EXPECT_EQ(placed.Native_Path(), "/drives/a.txt");
 }
 
-TEST(RunTimeError, WithoutASubjectThePlaceStandsAlone) {
+TEST(RunTimeError, WithoutASubjectOnlyThePlaceIsShown) {
   const RunTimeError error(Failure::DivisionByZero);
   EXPECT_EQ(error.About(), "");
   EXPECT_STREQ(error.At("line 3").what(), "Division by zero: line 3");
 }
 
-TEST(RunTimeError, EveryKindHasItsWords) {
+TEST(RunTimeError, EveryKindHasItsText) {
   EXPECT_EQ(Failure_Text(Failure::Overflow), "Overflow");
   EXPECT_EQ(Failure_Text(Failure::DivisionByZero), "Division by zero");
   EXPECT_EQ(Failure_Text(Failure::SubscriptOutOfRange), "Subscript out of range");
@@ -76,7 +76,7 @@ TEST(Table, IndexOutsideIsASubscriptErrorThatNamesTheBounds) {
   }
 }
 
-TEST(Table, WalksItsEntriesInOrder) {
+TEST(Table, IteratesOverItsEntriesInOrder) {
   Table<int, -1, 1> table;
   table(-1) = 1;
   table(0) = 2;

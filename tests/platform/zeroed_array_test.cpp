@@ -35,14 +35,14 @@ TEST(ZeroedArray, MovesLeaveTheSourceEmpty) {
   EXPECT_EQ(third[2], 7);
 }
 
-TEST(ZeroedArray, KeepsEveryEntryOfAnArrayOfSomeHugePages) {
+TEST(ZeroedArray, KeepsEveryEntryOfAnArrayOfSeveralHugePages) {
   ZeroedArray<double> numbers(700001);
   EXPECT_EQ(numbers[700000], 0);
   for (std::size_t i = 0; i < numbers.size(); ++i) numbers[i] = static_cast<double>(i);
   for (std::size_t i = 0; i < numbers.size(); ++i) ASSERT_EQ(numbers[i], static_cast<double>(i));
 }
 
-TEST(ZeroedArray, MoreThanTheMachineCanPromiseIsBadAlloc) {
+TEST(ZeroedArray, MoreThanTheMachineCanReserveIsBadAlloc) {
   EXPECT_THROW(ZeroedArray<float>(std::numeric_limits<std::size_t>::max() / 8), std::bad_alloc);
   EXPECT_THROW(ZeroedArray<float>(std::numeric_limits<std::size_t>::max() / 2), std::bad_alloc);
   EXPECT_THROW(ZeroedArray<char>(std::numeric_limits<std::size_t>::max()), std::bad_alloc);

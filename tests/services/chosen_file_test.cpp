@@ -23,7 +23,7 @@ class ChosenFile : public testing::Test {
   TemporaryFolder folder_;
 };
 
-TEST_F(ChosenFile, ADriveNameStaysAsItIsSpelled) {
+TEST_F(ChosenFile, ADriveNameKeepsItsSpelling) {
   EXPECT_EQ(Name("C:\\Data\\a.hdr"), "C:\\Data\\a.hdr");
   EXPECT_EQ(Name("c:\\data\\none"), "c:\\data\\none");
   EXPECT_EQ(Name(""), "");
@@ -40,12 +40,12 @@ TEST_F(ChosenFile, APathOutsideTheDrivesStays) {
   EXPECT_EQ(Name(Native("photos/a.hdr")), Native("photos/a.hdr"));
 }
 
-TEST_F(ChosenFile, ATypedDriveNameIsFreedOfTheFolderThatTheDialogShowed) {
+TEST_F(ChosenFile, ATypedDriveNameLosesTheFolderThatTheDialogShowed) {
   EXPECT_EQ(Name(Native("c/data") + "/c:\\data\\a.hdr"), "c:\\data\\a.hdr");
   EXPECT_EQ(Name("/home/me/c:/data/a.hdr"), "c:/data/a.hdr");
 }
 
-TEST_F(ChosenFile, AMissingEndingIsThatOfTheFilterWhereThereIsSuchAFile) {
+TEST_F(ChosenFile, AMissingExtensionIsTakenFromTheFilterWhenThatFileExists) {
   EXPECT_EQ(Name("c:\\data\\a"), "c:\\data\\a.hdr");
   EXPECT_EQ(Name(Native("c/data/a")), "c:\\data\\a.hdr");
   EXPECT_EQ(Name("c:\\data\\a", "NOD files (*.nod)|*.nod"), "c:\\data\\a");

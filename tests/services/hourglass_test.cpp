@@ -9,7 +9,7 @@
 namespace sylvomex {
 namespace {
 
-TEST(Hourglass, StandsForTheLifeOfItsGuardAndServicesNothing) {
+TEST(Hourglass, IsShownWhileItsGuardLivesAndServicesNoEvents) {
   SyntheticBlock b;
   {
     const HourglassGuard hourglass(b.w);
@@ -19,7 +19,7 @@ TEST(Hourglass, StandsForTheLifeOfItsGuardAndServicesNothing) {
   EXPECT_EQ(b.screen.servicings, 0);
 }
 
-TEST(Hourglass, GoesWhenAFailureEndsTheSteps) {
+TEST(Hourglass, DisappearsWhenAFailureEndsTheSteps) {
   SyntheticBlock b;
   Failure_Of([&] {
     const HourglassGuard hourglass(b.w);
@@ -35,7 +35,7 @@ TEST(Hourglass, OfAnInnerCommandEndsThatOfTheOuterOne) {
   EXPECT_EQ(b.w.Form1.MousePointer, PointerShape::Normal);
 }
 
-TEST(Hourglass, OverAPaneLeavesThePointerThatItIsGiven) {
+TEST(Hourglass, OverAPaneLeavesTheGivenPointer) {
   SyntheticBlock b;
   Picture& pane = b.w.Form1.Picture1(2);
   {

@@ -21,7 +21,7 @@ TEST(KeptFile, HoldsTheWholeTextAfterwardsAndNothingBefore) {
   EXPECT_EQ(folder.Read("log.txt"), "1\n2\n");
 }
 
-TEST(KeptFile, HoldsWhatThereWasWhenAFailureEndedTheSteps) {
+TEST(KeptFile, HoldsThePartialTextWhenAFailureEndedTheSteps) {
   const TemporaryFolder folder;
   const FilePath file = folder.File("log.txt");
   const std::string failure = Failure_Of([&] {

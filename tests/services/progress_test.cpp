@@ -24,7 +24,7 @@ struct ClockedBlock {
   ClockedBlock() { w.screen = &screen; }
 };
 
-TEST(ProgressOfACommand, ServicesOnceForEachReportAfterTheTextStands) {
+TEST(ProgressOfACommand, ServicesOnceForEachReportAfterShowingTheText) {
   ClockedBlock b;
   std::vector<std::string> seen;
   b.screen.on_service = [&] { seen.push_back(b.w.Form1.Label10.Caption); };
@@ -36,7 +36,7 @@ TEST(ProgressOfACommand, ServicesOnceForEachReportAfterTheTextStands) {
   EXPECT_EQ(seen, (std::vector<std::string>{"one", "one", "two"}));
 }
 
-TEST(ProgressOfACommand, CanReportToALabelOfItsOwn) {
+TEST(ProgressOfACommand, CanReportToAnotherLabel) {
   ClockedBlock b;
   b.w.Form1.Label10.Caption = "status";
   Progress progress(b.w, b.w.Form1.Label2);
@@ -45,7 +45,7 @@ TEST(ProgressOfACommand, CanReportToALabelOfItsOwn) {
   EXPECT_EQ(b.w.Form1.Label10.Caption, "status");
 }
 
-TEST(ProgressOfACommand, SeldomReportsChangeTheTextEveryHalfSecondAndServiceEachTime) {
+TEST(ProgressOfACommand, InfrequentReportsChangeTheTextEveryHalfSecondAndServiceEachTime) {
   ClockedBlock b;
   Progress progress(b.w);
   std::vector<std::string> seen;
@@ -59,7 +59,7 @@ TEST(ProgressOfACommand, SeldomReportsChangeTheTextEveryHalfSecondAndServiceEach
             (std::vector<std::string>{"100000", "100000", "100000", "100500", "100500", "101000"}));
 }
 
-TEST(ProgressOfACommand, KnowsWhetherTheOperatorAskedToStop) {
+TEST(ProgressOfACommand, DetectsThatTheOperatorAskedToStop) {
   ClockedBlock b;
   Progress progress(b.w);
   EXPECT_FALSE(progress.Stop_Asked());
@@ -68,7 +68,7 @@ TEST(ProgressOfACommand, KnowsWhetherTheOperatorAskedToStop) {
   EXPECT_TRUE(progress.Stop_Asked());
 }
 
-TEST(ProgressOfACommand, CountsTheSecondsSinceItsBegin) {
+TEST(ProgressOfACommand, CountsTheSecondsSinceItsStart) {
   ClockedBlock b;
   const Progress progress(b.w);
   b.screen.now = 103.5;

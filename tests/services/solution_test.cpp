@@ -13,7 +13,7 @@ std::string Label4_Texts(const Workspace& w) {
          w.Form1.Label4(2).Caption;
 }
 
-TEST(ShownPoint, StandsInTheThreeFieldsByItsPattern) {
+TEST(ShownPoint, FillsTheThreeFieldsWithItsPattern) {
   SyntheticBlock b;
   const Point3D point{2515057.5, 0.1256, -0.25};
   Show_Point(b.w, point, kHundredths);
@@ -22,13 +22,13 @@ TEST(ShownPoint, StandsInTheThreeFieldsByItsPattern) {
   EXPECT_EQ(Label4_Texts(b.w), "2515057.500|.126|-.250");
 }
 
-TEST(ShownPoint, StandsInPlainNumbersWithoutAPattern) {
+TEST(ShownPoint, FillsPlainNumbersWithoutAPattern) {
   SyntheticBlock b;
   Show_Point(b.w, {2515057.5, 0.125, -3}, kPlainNumbers);
   EXPECT_EQ(Label4_Texts(b.w), "2515057.5|0.125|-3");
 }
 
-TEST(ShownSolution, LeavesFlagAndRecordAlone) {
+TEST(ShownSolution, LeavesFlagAndRecordUnchanged) {
   SyntheticBlock b;
   b.w.Solution3D = {1, 2, 3};
   Show_Solution(b.w, kHundredths);
@@ -37,7 +37,7 @@ TEST(ShownSolution, LeavesFlagAndRecordAlone) {
   EXPECT_EQ(b.w.Observation.X, 0);
 }
 
-TEST(RecordedSolution, CarriesTheRunningNumberAndLeavesTheTextsAlone) {
+TEST(RecordedSolution, TakesTheCurrentNumberAndLeavesTheTextsUnchanged) {
   SyntheticBlock b;
   b.w.NextMeasurementNumber = 7;
   b.w.Solution3D = {1.5, 2.5, 3.5};
@@ -51,7 +51,7 @@ TEST(RecordedSolution, CarriesTheRunningNumberAndLeavesTheTextsAlone) {
   EXPECT_FALSE(b.w.SolutionValid);
 }
 
-TEST(AcceptedSolution, IsValidRecordedToldAndShown) {
+TEST(AcceptedSolution, IsValidRecordedReportedAndShown) {
   SyntheticBlock b;
   b.w.Solution3D = {10, 20.25, 30};
   Accept_Solution(b.w);

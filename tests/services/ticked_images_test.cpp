@@ -14,7 +14,7 @@ TEST(TickedImages, AreThoseOfTheSetInAscendingOrder) {
   EXPECT_TRUE(Ticked_Images(b.w).empty());
   b.w.Form1.Check1(2).Value = 1;
   b.w.Form1.Check1(0).Value = 1;
-  b.w.Form1.Check1(3).Value = 1;  // there is no fourth image
+  b.w.Form1.Check1(3).Value = 1;  // there are only three images
   EXPECT_EQ(Ticked_Images(b.w), (std::vector<int>{0, 2}));
 }
 

@@ -23,7 +23,7 @@ struct BlockValuesTest : testing::Test {
   std::string Value(std::string_view name) { return Block_Value(w, name); }
 };
 
-TEST_F(BlockValuesTest, ControlsAnswerWithWhatTheyShow) {
+TEST_F(BlockValuesTest, ControlsGiveWhatTheyShow) {
   w.Form1.Label10.Caption = "Program status ";
   w.Form1.Text1(3).Text = "-0.0123";
   w.Form1.Check1(8).Value = 1;
@@ -63,7 +63,7 @@ TEST_F(BlockValuesTest, PropertiesOfControls) {
   EXPECT_EQ(Value("Check1(0).Value"), "0");
 }
 
-TEST_F(BlockValuesTest, PlacesAreNumbersAndTruthIsMinusOne) {
+TEST_F(BlockValuesTest, PlacesAreNumbersAndTrueIsMinusOne) {
   Picture& picture = w.Form1.Picture1(1);
   picture.Left = 646.5;
   picture.Top = 96;
@@ -79,7 +79,7 @@ TEST_F(BlockValuesTest, PlacesAreNumbersAndTruthIsMinusOne) {
   EXPECT_EQ(Value("Picture1(1).Enabled"), "0");
 }
 
-TEST_F(BlockValuesTest, WindowsTellWhetherTheyAreShown) {
+TEST_F(BlockValuesTest, WindowsGiveWhetherTheyAreShown) {
   w.Form3.Visible = true;
   EXPECT_EQ(Value("Form3.Visible"), "-1");
   EXPECT_EQ(Value("Form7.Visible"), "0");
@@ -95,7 +95,7 @@ TEST_F(BlockValuesTest, StateHasSeventeenDigits) {
   EXPECT_EQ(Value("NextMeasurementNumber"), "1");
 }
 
-TEST_F(BlockValuesTest, OptionsAnswerToTheirNames) {
+TEST_F(BlockValuesTest, OptionsAreFoundByName) {
   EXPECT_EQ(Value("IterationStopDX"), "0.029999999999999999");
   EXPECT_EQ(Value("RmseBeepOneFrequency"), "1000");
   EXPECT_EQ(Value("IncludeTreeNumbers"), "0");
@@ -140,7 +140,7 @@ TEST_F(BlockValuesTest, EmptyValueIsEmpty) {
   EXPECT_EQ(Value("Text1(0)"), "");
 }
 
-TEST_F(BlockValuesTest, MenuItemsAnswerToTheirNames) {
+TEST_F(BlockValuesTest, MenuItemsAreFoundByName) {
   EXPECT_EQ(Value("Draw_Polygon"), "0");
   w.Menu.Draw_Polygon = true;
   EXPECT_EQ(Value("Draw_Polygon"), "1");

@@ -31,7 +31,7 @@ TEST(CommandLine, DefaultsAreTheDesktopAtItsSize) {
   EXPECT_FALSE(line->options.show);
 }
 
-TEST(CommandLine, TakesEveryOption) {
+TEST(CommandLine, AcceptsEveryOption) {
   const auto line =
       Parse({"--script", "-", "--root", "/x", "--size", "800x600", "--show", "--record", "r.txt"});
   ASSERT_TRUE(line);
@@ -52,7 +52,7 @@ TEST(CommandLine, DrivesLieUnderTheEnvironmentElseUnderHome) {
   EXPECT_EQ(Parse({})->options.root, "/home/someone/sylvomex");
 }
 
-TEST(CommandLine, WhatDoesNotFitIsRefusedWithAReason) {
+TEST(CommandLine, InvalidArgumentsAreRejectedWithAReason) {
   for (const std::vector<std::string>& words :
        std::vector<std::vector<std::string>>{{"--size", "800"},
                                              {"--size", "0x600"},
@@ -67,7 +67,7 @@ TEST(CommandLine, WhatDoesNotFitIsRefusedWithAReason) {
   }
 }
 
-TEST(CommandLine, HelpIsAsked) { EXPECT_TRUE(Parse({"--help"})->help); }
+TEST(CommandLine, HelpIsRequested) { EXPECT_TRUE(Parse({"--help"})->help); }
 
 }  // namespace
 }  // namespace sylvomex

@@ -83,7 +83,7 @@ TEST(EventSteps, ResizeHasTheSize) {
   EXPECT_EQ(event.y, 600);
 }
 
-TEST(EventSteps, ArgumentThatDoesNotFitFails) {
+TEST(EventSteps, InvalidArgumentFails) {
   EXPECT_THROW(Event_Of("click Picture1(0) 1 two"), StepEnd);
   EXPECT_THROW(Event_Of("click Picture1(0) 1 2 middle"), StepEnd);
   EXPECT_THROW(Event_Of("key Q7"), StepEnd);
@@ -92,7 +92,7 @@ TEST(EventSteps, ArgumentThatDoesNotFitFails) {
   EXPECT_THROW(Event_Of("move Form1 nan 2"), StepEnd);
 }
 
-TEST(EventSteps, EveryStepIsWrittenAsItWasRead) {
+TEST(EventSteps, EveryStepIsWrittenAsRead) {
   for (const char* line :
        {"menu Exit", "menu Form2.Apply", "command Zonal", "set Text1(3) 0.0123",
         "set Form2.Text5 \"\"", "set Text4 \"a \"\"b\"\" c\"", "press Form3.Accept_And_Save_Button",
@@ -126,7 +126,7 @@ TEST(KeyNames, CodesAreThoseOfTheKeyboard) {
   EXPECT_EQ(Key_Code("Delete"), 46);
 }
 
-TEST(KeyNames, OtherTextsAreNoKeys) {
+TEST(KeyNames, OtherTextsAreNotKeys) {
   for (const char* name : {"", "F0", "F13", "num10", "num", "AB", "code256", "?"}) {
     EXPECT_FALSE(Key_Code(name)) << name;
   }

@@ -12,7 +12,7 @@
 namespace sylvomex {
 namespace {
 
-/// A PNG read back.
+/// A PNG read from disk.
 struct ReadPng {
   explicit ReadPng(const std::filesystem::path& file)
       : surface(cairo_image_surface_create_from_png(file.c_str())) {}
@@ -79,7 +79,7 @@ TEST_F(PicturePngTest, PointIsASquareOfThePenWidthAroundItsPixel) {
   EXPECT_EQ(png.At(10, 6), kRed);
 }
 
-TEST_F(PicturePngTest, LineRunsThroughItsPixels) {
+TEST_F(PicturePngTest, LineCoversItsPixels) {
   Draw_Line(picture, 2, 3, 9, 3, {255, 0, 0});
   Save_Picture_Png(picture, file);
   const ReadPng png(file);
@@ -88,7 +88,7 @@ TEST_F(PicturePngTest, LineRunsThroughItsPixels) {
   EXPECT_EQ(png.At(5, 4), kBlack);
 }
 
-TEST_F(PicturePngTest, MarksOutsideThePaneDoNoHarm) {
+TEST_F(PicturePngTest, MarksOutsideThePaneAreHarmless) {
   Plot_Point(picture, -1e9, 1e9, {255, 0, 0});
   Draw_Line(picture, -1e7, -1e7, -1e6, 1e7, {255, 0, 0});
   Save_Picture_Png(picture, file);
@@ -110,7 +110,7 @@ TEST_F(PicturePngTest, TextPaintsBelowItsTopLeftCorner) {
   EXPECT_GT(painted, 0);
 }
 
-TEST_F(PicturePngTest, PictureWithoutASizeIsRefused) {
+TEST_F(PicturePngTest, PictureWithoutASizeIsRejected) {
   EXPECT_THROW(Save_Picture_Png(Picture(), file), RunTimeError);
 }
 

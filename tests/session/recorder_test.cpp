@@ -25,7 +25,7 @@ struct RecorderTest : testing::Test {
     End();
   }
 
-  /// What was written behind the first line.
+  /// What was written after the first line.
   std::string Steps() const {
     const std::string text = script.str();
     return text.substr(text.find('\n') + 1);
@@ -81,7 +81,7 @@ TEST_F(RecorderTest, ServicingsAreCountedFromTheOuterEvent) {
   EXPECT_EQ(Steps(), "menu A\nduring 1 menu C\nduring 2 menu D\nmenu B\n");
 }
 
-TEST_F(RecorderTest, EventThatBeganInADialogStandsBeforeItsStep) {
+TEST_F(RecorderTest, EventThatBeganInADialogPrecedesItsStep) {
   Begin("menu A");
   Whole("resize Form1 800 600");
   End();
@@ -97,7 +97,7 @@ TEST_F(RecorderTest, EventThatFailedIsTried) {
   EXPECT_EQ(Steps(), "during 1 try menu B\ntry menu A\n");
 }
 
-TEST_F(RecorderTest, OfMovesOverOneControlTheLastIsKept) {
+TEST_F(RecorderTest, OfMovesOverOneControlOnlyTheLastIsKept) {
   Whole("move Picture1(0) 1 1");
   Whole("move Picture1(0) 2 2");
   Whole("move Picture1(0) 3 3");
@@ -133,7 +133,7 @@ TEST_F(RecorderTest, MoveDuringACommandIsKept) {
   EXPECT_EQ(Steps(), "during 1 move Picture1(0) 1 1\nduring 2 move Picture1(0) 2 2\nmenu A\n");
 }
 
-TEST_F(RecorderTest, FinishWritesWhatIsStillRunning) {
+TEST_F(RecorderTest, FinishWritesRunningEvents) {
   Begin("menu Exit");
   recorder.Dialog_Answered(DialogKind::Message, "ok");
   recorder.Finish();
@@ -142,7 +142,7 @@ TEST_F(RecorderTest, FinishWritesWhatIsStillRunning) {
   EXPECT_EQ(Steps(), "button ok\nmenu Exit\n");
 }
 
-TEST_F(RecorderTest, ScreenTellsTheAnswersAndPassesEverythingOn) {
+TEST_F(RecorderTest, ScreenReportsTheAnswersAndForwardsEverything) {
   std::ostringstream transcript, log;
   ScriptScreen inner(transcript, log);
   RecorderScreen outer(inner, recorder);

@@ -50,16 +50,16 @@ TEST(ScriptReader, CommentsAndBlankLinesHaveNoWords) {
   EXPECT_EQ(Texts("say # 1"), (Strings{"say", "#", "1"}));
 }
 
-TEST(ScriptReader, OpenQuoteIsASyntaxError) {
+TEST(ScriptReader, MissingClosingQuoteIsASyntaxError) {
   EXPECT_THROW(Split_Line(R"(say "open)"), ScriptSyntaxError);
   EXPECT_THROW(Split_Line(R"(say "open"")"), ScriptSyntaxError);
 }
 
-TEST(ScriptReader, TextRightBehindAClosingQuoteIsASyntaxError) {
+TEST(ScriptReader, TextRightAfterAClosingQuoteIsASyntaxError) {
   EXPECT_THROW(Split_Line(R"(say "a"b)"), ScriptSyntaxError);
 }
 
-TEST(ScriptReader, CountsLinesAndTakesCarriageReturns) {
+TEST(ScriptReader, CountsLinesAndAcceptsCarriageReturns) {
   std::istringstream script("# head\r\n\r\nsay one\r\n\nsay two");
   ScriptReader reader(script);
   const auto one = reader.Next();
@@ -72,19 +72,19 @@ TEST(ScriptReader, CountsLinesAndTakesCarriageReturns) {
   EXPECT_FALSE(reader.Next());
 }
 
-TEST(ScriptReader, ByteOrderMarkBeforeTheFirstStepDoesNotCount) {
+TEST(ScriptReader, ByteOrderMarkBeforeTheFirstStepIsIgnored) {
   std::istringstream script("\xEF\xBB\xBFsay x\n");
   EXPECT_EQ(ScriptReader(script).Next()->words[0].text, "say");
 }
 
-TEST(ScriptWord, ReadsBackAsItself) {
+TEST(ScriptWord, ReadsBackUnchanged) {
   for (const char* text :
        {"plain", "", "two words", "a\"b", "\"", "c:\\a b\\", "#1", "tab\there"}) {
     EXPECT_EQ(Texts("x " + Script_Word(text)), (Strings{"x", text}));
   }
 }
 
-// Gives one line, then fails as a broken disk does.
+// Returns one line, then fails like a broken disk.
 class BrokenBuffer : public std::streambuf {
  protected:
   int_type underflow() override {
@@ -99,7 +99,7 @@ class BrokenBuffer : public std::streambuf {
   bool given_ = false;
 };
 
-TEST(ScriptReader, ScriptThatBreaksOffIsNoEndOfTheScript) {
+TEST(ScriptReader, ReadErrorIsNotTheEndOfTheScript) {
   BrokenBuffer buffer;
   std::istream script(&buffer);
   ScriptReader reader(script);

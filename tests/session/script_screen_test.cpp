@@ -20,7 +20,7 @@ struct ScreenFixture : testing::Test {
 using ScriptScreenTest = ScreenFixture;
 using Kind = QueuedAnswer::Kind;
 
-TEST_F(ScriptScreenTest, MessageWithOkAloneDoesNotLookAtTheQueue) {
+TEST_F(ScriptScreenTest, MessageWithOkAloneDoesNotUseTheQueue) {
   Queue(Kind::Input, "5");
   EXPECT_EQ(screen.Message_Box("Need a 3D solution!"), Answer::Ok);
   EXPECT_EQ(transcript.str(), "message \"Need a 3D solution!\" title=\"\" buttons=ok -> ok\n");
@@ -64,7 +64,7 @@ TEST_F(ScriptScreenTest, FileDialogShowsTheChoice) {
             "file title=\"Map\" filter=\"\" folder=\"c:\\apu\" -> cancel\n");
 }
 
-TEST_F(ScriptScreenTest, TextsStandOnOneLineWithQuotesDoubled) {
+TEST_F(ScriptScreenTest, TextsAreOneLineWithQuotesDoubled) {
   screen.Message_Box("a \"b\"\r\nc\nd");
   EXPECT_EQ(transcript.str(), "message \"a \"\"b\"\" c d\" title=\"\" buttons=ok -> ok\n");
 }
@@ -95,7 +95,7 @@ TEST_F(ScriptScreenTest, AnswerOfAnotherKindFailsTheDialogAndStays) {
   EXPECT_EQ(screen.File_Dialog({}), "a");
 }
 
-TEST_F(ScriptScreenTest, DismissalIsNoAnswerOfAMessageBox) {
+TEST_F(ScriptScreenTest, CancelDoesNotAnswerAMessageBox) {
   Queue(Kind::Cancel);
   EXPECT_THROW(screen.Message_Box("Exit?", Buttons::OkCancel), StepEnd);
 }
@@ -105,7 +105,7 @@ TEST_F(ScriptScreenTest, ButtonThatTheBoxDoesNotHaveFails) {
   EXPECT_THROW(screen.Message_Box("Exit?", Buttons::OkCancel), StepEnd);
 }
 
-TEST_F(ScriptScreenTest, FailedDialogIsRememberedUntilDropped) {
+TEST_F(ScriptScreenTest, FailedDialogIsRememberedUntilCleared) {
   EXPECT_THROW(screen.Input_Box("Give Col"), StepEnd);
   ASSERT_TRUE(script_screen.Failure_Of_Dialog());
   EXPECT_EQ(script_screen.Failure_Of_Dialog()->status, kStepFailed);
@@ -126,7 +126,7 @@ struct QueuedStepsTest : ScreenFixture {
   }
 };
 
-TEST_F(QueuedStepsTest, StepIsPlayedAtTheNthServicingFromItsPlace) {
+TEST_F(QueuedStepsTest, StepIsPlayedAtTheNthServicingFromNow) {
   Service(5);
   script_screen.Queue_Step(3, Say("third"));
   script_screen.Queue_Step(1, Say("first"));
@@ -170,7 +170,7 @@ TEST_F(ScriptScreenTest, RandomNumbersAreTheSameInEverySession) {
   }
 }
 
-TEST_F(ScriptScreenTest, ClockRunsForward) {
+TEST_F(ScriptScreenTest, ClockIsMonotonic) {
   const double before = screen.Clock();
   EXPECT_GE(screen.Clock(), before);
 }

@@ -65,7 +65,7 @@ TEST_F(SessionTest, ExitCancelledGoesOn) {
             "cancel\nsay on\n");
 }
 
-TEST_F(SessionTest, GreyedItemFailsUnlessItIsCommanded) {
+TEST_F(SessionTest, GreyedItemFailsUnlessRunAsACommand) {
   EXPECT_EQ(Play("say a\nmenu Open_a_set\nsay never\n"), 1);
   EXPECT_EQ(transcript, "say a\ngreyed Open_a_set\n");
   EXPECT_EQ(Play("command Open_a_set\n"), 0);
@@ -95,7 +95,7 @@ TEST_F(SessionTest, DialogWithoutItsAnswerFails) {
   EXPECT_EQ(Play("file a\nmenu Center_To_Q\n"), 1);
 }
 
-TEST_F(SessionTest, AnswersLeftOverFail) {
+TEST_F(SessionTest, UnusedAnswersFail) {
   EXPECT_EQ(Play("input 1\nsay end\n"), 1);
   EXPECT_EQ(transcript, "say end\n");
   EXPECT_EQ(told, "standard input:2: 1 queued answers were not used\n");

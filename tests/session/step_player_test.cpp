@@ -11,9 +11,9 @@
 namespace sylvomex {
 namespace {
 
-/// A player whose commands are made up: menu item "Ask" opens an input box, "Service" services
-/// events three times, "Bad" ends in an error, "Grey" is greyed, "Leave" confirms the exit,
-/// "Stubborn" lets no exception of its input box by.
+/// A player with invented commands: menu item "Ask" opens an input box, "Service" services events
+/// three times, "Bad" ends in an error, "Grey" is greyed, "Leave" confirms the exit, "Stubborn"
+/// catches every exception of its input box.
 struct StepPlayerTest : testing::Test {
   TemporaryFolder folder;
   std::ostringstream transcript, log;
@@ -59,7 +59,7 @@ struct StepPlayerTest : testing::Test {
 
   void Play(std::string_view step) { player.Play({++line, Split_Line(step)}); }
 
-  /// The failure of a step.
+  /// The StepEnd that a step throws.
   StepEnd Failure(std::string_view step) {
     try {
       Play(step);
@@ -115,7 +115,7 @@ TEST_F(StepPlayerTest, CommandErrorHasItsOwnStatus) {
   EXPECT_EQ(Failure("menu Bad").status, kCommandError);
 }
 
-TEST_F(StepPlayerTest, TryTakesFailuresAndErrorsAndKeepsTheirLines) {
+TEST_F(StepPlayerTest, TryCatchesFailuresAndErrorsAndKeepsTheirLines) {
   Play("try menu Bad");
   Play("try menu Grey");
   Play("try menu Ask");
@@ -129,7 +129,7 @@ TEST_F(StepPlayerTest, DialogWithoutAnswerFailsTheStepThatOpenedIt) {
   EXPECT_EQ(Failure("menu Ask").status, kStepFailed);
 }
 
-TEST_F(StepPlayerTest, DialogFailureSurvivesACommandThatStopsIt) {
+TEST_F(StepPlayerTest, DialogFailureSurvivesACommandThatCatchesIt) {
   EXPECT_EQ(Failure("menu Stubborn").status, kStepFailed);
   EXPECT_EQ(transcript.str(), "event menu Stubborn\nwent on\n");
 }
@@ -160,7 +160,7 @@ TEST_F(StepPlayerTest, DuringPlaysItsStepAtTheServicing) {
   EXPECT_EQ(transcript.str(), "event menu Service\nsay hello\nevent menu Grey2\nserved\n");
 }
 
-TEST_F(StepPlayerTest, DuringIsCheckedWhereItStands) {
+TEST_F(StepPlayerTest, DuringIsCheckedWhenItIsRead) {
   EXPECT_EQ(Failure("during 0 say x").status, kStepFailed);
   EXPECT_EQ(Failure("during one say x").status, kStepFailed);
   EXPECT_EQ(Failure("during 1 frobnicate").status, kStepFailed);
@@ -179,7 +179,7 @@ TEST_F(StepPlayerTest, ErrorDuringACommandEndsTheSession) {
   EXPECT_EQ(Session_End("menu Service"), kCommandError);
 }
 
-TEST_F(StepPlayerTest, TryBeforeOrBehindDuringTakesTheLaterFailure) {
+TEST_F(StepPlayerTest, TryBeforeOrAfterDuringCatchesTheLaterFailure) {
   Play("during 1 try menu Bad");
   Play("try during 2 menu Bad");
   Play("menu Service");

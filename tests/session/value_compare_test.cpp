@@ -21,7 +21,7 @@ TEST(ValuesAgree, NumbersCompareToOnePartInABillion) {
   EXPECT_TRUE(Values_Agree("-1e3", "-1000"));
 }
 
-TEST(ValuesAgree, NothingButZeroAgreesWithZero) {
+TEST(ValuesAgree, OnlyZeroAgreesWithZero) {
   EXPECT_TRUE(Values_Agree("0", "0.000"));
   EXPECT_TRUE(Values_Agree("-0", "0"));
   EXPECT_FALSE(Values_Agree("1e-300", "0"));

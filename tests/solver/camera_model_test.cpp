@@ -40,7 +40,7 @@ TEST(BuildRotationMatrix, ZeroAnglesGiveTheIdentityExactly) {
   Expect_Near(Rows(Build_Rotation_Matrix(0, 0, 0)), {{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}}, 0);
 }
 
-TEST(BuildRotationMatrix, TurnsAboutXThenYThenZ) {
+TEST(BuildRotationMatrix, RotatesAboutXThenYThenZ) {
   for (const double omega : {-2.9, -0.3, 0.0, 0.7, 1.9}) {
     for (const double phi : {-1.2, 0.0, 0.04, 2.5}) {
       for (const double kappa : {-3.1, 0.0, 1.3}) {
@@ -96,7 +96,7 @@ TEST(PixelAffine, BackwardAfterForwardReturnsTheFilmPosition) {
   }
 }
 
-TEST(PixelAffine, SingularAffineIsADivisionByZeroThatNamesTheImage) {
+TEST(PixelAffine, SingularAffineIsADivisionByZeroNamingTheImage) {
   ImageRecord image;
   image.ImageId = 7001;
   image.AffineA1 = 1;
@@ -120,7 +120,7 @@ TEST(PixelAffine, PositionOutOfRangeIsAnOverflow) {
               }).starts_with("Overflow: "));
 }
 
-TEST(ScaleNumber, IsTheHeightOverTheGroundByThePrincipalDistance) {
+TEST(ScaleNumber, IsTheHeightAboveGroundDividedByThePrincipalDistance) {
   EXPECT_DOUBLE_EQ(Scale_Number(Camera_From(0, 0, 1660), 160), 15000);
 }
 
@@ -197,7 +197,7 @@ TEST(FilmOfPoint, PointAtTheCamerasHeightIsMinusOneAndZero) {
   EXPECT_EQ(film.y, 0);
 }
 
-TEST(FilmOfPoint, AnyOtherPointIsWhereObjectToImageHasIt) {
+TEST(FilmOfPoint, AnyOtherPointEqualsObjectToImage) {
   const FilmPosition film = Film_Of_Point(Camera_From(0, 0, 1000), {100, 50, 0});
   EXPECT_DOUBLE_EQ(film.x, 0.01);
   EXPECT_DOUBLE_EQ(film.y, 0.005);
@@ -254,7 +254,7 @@ struct Derivative {
   double x = 0, y = 0;
 };
 
-/// Of the film position by one object coordinate, by central differences.
+/// Derivative of the film position with respect to one object coordinate, by central differences.
 Derivative Numeric_Derivative(const ImageRecord& image, int axis) {
   const long double point[3] = {2515123.4L, 6859876.5L, 171.25L};
   const long double h = 0.05L;

@@ -28,7 +28,7 @@ std::string Failure_Of(const std::string& text) {
   return "no failure";
 }
 
-// A camera 1000 m above the origin that looks straight down.
+// A camera 1000 m above the origin, looking straight down.
 TableCamera Vertical(double c) {
   TableCamera camera;
   camera.c = c;
@@ -62,7 +62,7 @@ TEST(CameraTable, ReadsTwelveItemsWithBlanksInTheTexts) {
   EXPECT_FALSE(table.Next());
 }
 
-TEST(CameraTable, ALineWithFewerItemsIsNamedAndTakesNoneOfTheNextLine) {
+TEST(CameraTable, ALineWithFewerItemsIsNamedAndReadsNothingFromTheNextLine) {
   EXPECT_EQ(Failure_Of("\n1,x,0.2,0,0,0,1,2,3,a,b.hdr\n2,x,0.2,0,0,0,1,2,3,a,b.hdr,c\n"),
             "Bad content: c:\\data\\cam.csv, line 2, item 12: the line ends here, 12 items are "
             "wanted");
@@ -118,8 +118,8 @@ TEST(SeesPoint, AConstantOfTwoTenthsGetsTheWideLimits) {
   EXPECT_FALSE(Sees_Point(Vertical(0.2), {580, 0, 0}));   // film 0.116
 }
 
-TEST(SeesPoint, AnglesTurnTheCameraAsTheCameraModelDoes) {
-  // Rolled by phi about Y and turned by kappa: the model's own projection decides.
+TEST(SeesPoint, AnglesRotateTheCameraAsTheCameraModelDoes) {
+  // Rotated by phi about Y and by kappa: the camera model's own projection decides.
   TableCamera camera = Vertical(0.105);
   camera.omega = 0.1;
   camera.phi = -0.3;
@@ -142,7 +142,7 @@ TEST(SeesPoint, AnglesTurnTheCameraAsTheCameraModelDoes) {
   EXPECT_GT(seen, 100);
 }
 
-TEST(SeesPoint, APointLevelWithTheProjectionCentreIsNotTaken) {
+TEST(SeesPoint, APointLevelWithTheProjectionCentreIsNotSeen) {
   EXPECT_FALSE(Sees_Point(Vertical(0.2), {0, 0, 1000}));
   EXPECT_FALSE(Sees_Point(Vertical(0.2), {5, 5, 1000}));
 }
@@ -158,7 +158,7 @@ TEST(RingAround, Has21PointsAtSteps) {
   }
 }
 
-TEST(SeesRing, OnlyConstantsBetweenSixAndEightMillimetresAreLookedAt) {
+TEST(SeesRing, OnlyConstantsBetweenSixAndEightMillimetresAreTested) {
   for (const double c : {0.006, 0.008, 0.2, 0.0059})
     EXPECT_FALSE(Sees_Ring(Vertical(c), {0, 0, 0}));
   EXPECT_TRUE(Sees_Ring(Vertical(0.00601), {0, 0, 0}));
@@ -178,7 +178,7 @@ TEST(SeesRing, EveryPointOfTheRingMustFallInside) {
   EXPECT_FALSE(Sees_Ring(camera, {0, 5.08, 0}));
 }
 
-TEST(PointInImage, LineHoldsFifteenDigitsAndComesBack) {
+TEST(PointInImage, LineHasFifteenDigitsAndReadsBack) {
   TableCamera camera;
   camera.identity = 4020;
   camera.header = "c:\\my data\\a.hdr";
@@ -194,7 +194,7 @@ TEST(PointInImage, LineHoldsFifteenDigitsAndComesBack) {
   EXPECT_EQ(hit.point.Z, point.Z);
 }
 
-TEST(PointInImage, PathsWithCommasQuotesAndBlanksComeBack) {
+TEST(PointInImage, PathsWithCommasQuotesAndBlanksReadBack) {
   for (const char* header : {"c:\\a,b\\\"c\".hdr", " x ", "", "a b"}) {
     TableCamera camera;
     camera.header = header;
@@ -205,7 +205,7 @@ TEST(PointInImage, PathsWithCommasQuotesAndBlanksComeBack) {
   }
 }
 
-TEST(PointInImage, ShortLinesAndWideIdentitiesAreErrors) {
+TEST(PointInImage, TruncatedLinesAndIdentitiesBeyond16BitsAreErrors) {
   for (const char* text :
        {"", "1,a.hdr,1,2", "1,a.hdr,1,2,z", "one,a.hdr,1,2,3", "40000,a,1,2,3"}) {
     ListReader list(text, "c:\\data\\x.txt");

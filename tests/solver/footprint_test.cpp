@@ -30,15 +30,15 @@ TEST(Footprint, OfAVerticalPhotographLiesBelowItsCentre) {
   EXPECT_DOUBLE_EQ(footprint->corners[2].Y, 23);
 }
 
-TEST(Footprint, TurnsCounterClockwiseWithItsLine) {
+TEST(Footprint, RotatesCounterClockwiseWithItsLine) {
   const double quarter = std::acos(-1.0) / 2;
   const auto footprint = Footprint_At(Tilted_Camera(0), {"a", 1, quarter, 5, 3}, 140.6);
   ASSERT_TRUE(footprint);
-  EXPECT_NEAR(footprint->corners[1].X, 13, 1e-12);  // ahead is north, the right side east
+  EXPECT_NEAR(footprint->corners[1].X, 13, 1e-12);  // flying north, the right side is east
   EXPECT_NEAR(footprint->corners[1].Y, 25, 1e-12);
 }
 
-// Omega turns the camera about X: its axis then meets the plane 1000 tan(omega) to the north.
+// Omega rotates the camera about X: its axis then meets the plane 1000 tan(omega) to the north.
 TEST(Footprint, OfATiltedPhotographIsWhereItsAxisMeetsThePlane) {
   const auto footprint = Footprint_At(Tilted_Camera(0.1), {"a", 1, 0, 0, 0}, 140.6);
   ASSERT_TRUE(footprint);
@@ -46,7 +46,7 @@ TEST(Footprint, OfATiltedPhotographIsWhereItsAxisMeetsThePlane) {
   EXPECT_NEAR(footprint->corners[3].Y, footprint->centre.Y, 1e-12);
 }
 
-TEST(Footprint, OfALevelAxisIsNone) {
+TEST(Footprint, OfAHorizontalAxisIsNone) {
   Camera level = Tilted_Camera(0);
   level.m = {1, 0, 0, 0, 0, 1, 0, -1, 0};
   EXPECT_FALSE(Footprint_At(level, {"a", 1, 0, 5, 3}, 140.6));

@@ -39,17 +39,17 @@ void Expect_Permutation(std::vector<std::int32_t> index) {
   EXPECT_EQ(index, positions);
 }
 
-TEST(Heapsort, PutsPositionsCountedFromOneInAscendingOrder) {
+TEST(Heapsort, GivesPositionsFromOneInAscendingOrder) {
   EXPECT_EQ(Sorted_Index({30, 10, 50, 20, 40}), (std::vector<std::int32_t>{2, 4, 1, 5, 3}));
 }
 
-TEST(Heapsort, NothingToSortIsAllowed) { EXPECT_TRUE(Sorted_Index({}).empty()); }
+TEST(Heapsort, AnEmptyArrayIsAllowed) { EXPECT_TRUE(Sorted_Index({}).empty()); }
 
 TEST(Heapsort, OneValueIsAtPositionOne) {
   EXPECT_EQ(Sorted_Index({7}), (std::vector<std::int32_t>{1}));
 }
 
-TEST(Heapsort, EverySizeUpToTwoHundredComesOutAscending) {
+TEST(Heapsort, EverySizeUpToTwoHundredIsSorted) {
   std::mt19937 random(20);
   std::uniform_real_distribution<float> uniform(-1000, 1000);
   for (std::size_t n = 2; n <= 200; ++n) {
@@ -76,15 +76,15 @@ TEST(Heapsort, NaNValuesGiveAPermutation) {
   Expect_Permutation(Sorted_Index(values));
 }
 
-TEST(Heapsort, EntriesBeyondTheCountStayAsTheyWere) {
+TEST(Heapsort, EntriesBeyondTheCountStayUnchanged) {
   const std::vector<float> values = {3, 2, 1, 0};
   std::vector<std::int32_t> index = {9, 9, 9, 9};
   Heapsort(3, values, index, {});
   EXPECT_EQ(index, (std::vector<std::int32_t>{3, 2, 1, 9}));
 }
 
-TEST(Heapsort, ArraysThatAreTooShortAreReportedWithTheLeftEnd) {
-  // The left end starts at n / 2 + 1, halves to the even number.
+TEST(Heapsort, ArraysThatAreTooShortAreReportedWithTheLeftIndex) {
+  // The left index starts at n / 2 + 1, n / 2 rounded half to even.
   const std::pair<std::int32_t, const char*> cases[] = {{3, "Error in Heapsort, l is 2"},
                                                         {4, "Error in Heapsort, l is 3"},
                                                         {5, "Error in Heapsort, l is 4"}};

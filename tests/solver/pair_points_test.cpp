@@ -37,13 +37,13 @@ TEST(PairObservations, ArePointsThatBothImagesSee) {
   EXPECT_EQ(pairs[0].second_y, 0.4);
 }
 
-TEST(PairObservations, OfSeveralOfOnePointTheFirstCounts) {
+TEST(PairObservations, OfRepeatedObservationsTheFirstCounts) {
   const std::vector<GroundPoint> ground{{7, {}}};
   const std::vector<FilmPointObservation> film{{1, 7, 0.1, 0}, {1, 7, 0.2, 0}, {2, 7, 0.3, 0}};
   EXPECT_EQ(Observations_Of_Pair(ground, film, 1, 2).at(0).first_x, 0.1);
 }
 
-TEST(PairObservations, OnlyTheFirst3600PointsAreTaken) {
+TEST(PairObservations, OnlyTheFirst3600PointsAreUsed) {
   std::vector<GroundPoint> ground(3601, GroundPoint{5, {}});
   ground[3599].point_id = 7;
   ground[3600].point_id = 7;

@@ -30,7 +30,7 @@ TEST(PointLists, AFilmPointIsImagePointAndFilmPosition) {
   EXPECT_EQ(points[0].y, -0.002);
 }
 
-TEST(PointLists, APairIsTheTwoNamesBehindTwoValues) {
+TEST(PointLists, APairIsTheTwoNamesAfterTwoValues) {
   const auto pairs = Read_Header_Pairs(
       List("1,2,c:\\a.hdr,c:\\b.hdr\n\n\"x\" 3 \"c:\\my images\\c.hdr\" d.hdr\n"));
   ASSERT_EQ(pairs.size(), 2U);
@@ -55,7 +55,7 @@ TEST(PointLists, EmptyFilesHoldNothing) {
   EXPECT_TRUE(Read_Header_Pairs(List("\n\n")).empty());
 }
 
-TEST(PointLists, RowsThatAreCutShortOrNoNumbersAreNamed) {
+TEST(PointLists, TruncatedOrNonNumericRowsAreNamed) {
   EXPECT_EQ(Failure_Of([] { Read_Ground_Points(List("7,7,1,2,3\n8,8,1")); }).substr(0, 22),
             "Input past end of file");
   EXPECT_NE(

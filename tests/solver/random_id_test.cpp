@@ -6,7 +6,7 @@
 namespace sylvomex {
 namespace {
 
-TEST(RandomId8, CutsTheNumberToEightDigitsWithLeadingZeros) {
+TEST(RandomId8, TruncatesTheNumberToEightDigitsWithLeadingZeros) {
   EXPECT_EQ(Random_Id8(0), "00000000");
   EXPECT_EQ(Random_Id8(0.5), "50000000");
   EXPECT_EQ(Random_Id8(0.000012349), "00001234");

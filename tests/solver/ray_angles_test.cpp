@@ -107,13 +107,13 @@ TEST(RayAzimuth, BetweenWestAndNorthIsNegative) {
   EXPECT_NEAR(View(image, Ground_Point(315)).ray_azimuth, -45, 1e-9);
 }
 
-TEST(AzimuthDifference, IsTheSunLessTheRay) {
+TEST(AzimuthDifference, IsTheSunMinusTheRay) {
   EXPECT_NEAR(View(Sunlit_Camera(120), Ground_Point(90)).azimuth_difference, 30, 1e-9);
   EXPECT_NEAR(View(Sunlit_Camera(20), Ground_Point(90)).azimuth_difference, -70, 1e-9);
 }
 
 TEST(AzimuthDifference, BelowMinusHalfATurnIsRaisedByATurn) {
-  // The ray's azimuth of 225 degrees stands as 405: 0 - 405 + 360.
+  // The ray's azimuth of 225 degrees is given as 405: 0 - 405 + 360.
   EXPECT_NEAR(View(Sunlit_Camera(0), Ground_Point(225)).azimuth_difference, -45, 1e-9);
 }
 
@@ -122,7 +122,7 @@ TEST(AzimuthDifference, AboveHalfATurnIsLoweredByATurn) {
   EXPECT_NEAR(View(Sunlit_Camera(180), Ground_Point(315)).azimuth_difference, -135, 1e-9);
 }
 
-TEST(OffNadir, OfAVerticalCameraIsTheAngleFromThePlumbLine) {
+TEST(OffNadir, OfAVerticalCameraIsTheAngleFromTheVertical) {
   const ImageRecord image = Sunlit_Camera(0);
   EXPECT_NEAR(View(image, {1000, 0, 0}).off_nadir, 45, 1e-9);
   EXPECT_NEAR(View(image, {0, -1000, 0}).off_nadir, 45, 1e-9);
@@ -130,7 +130,7 @@ TEST(OffNadir, OfAVerticalCameraIsTheAngleFromThePlumbLine) {
 }
 
 TEST(OffNadir, IsMeasuredFromTheCamerasAxis) {
-  // An axis tilted by 30 degrees meets the ground 1000 tan 30 m away, where the angle is 0.
+  // An axis tilted by 30 degrees meets the ground at 1000 tan 30 m, where the angle is 0.
   ImageRecord image = Image_From(0, 0, 1000, 0, 30 * kToRadians);
   const Point3D on_axis = {-1000 * std::tan(30 * kToRadians), 0, 0};
   EXPECT_NEAR(View(image, on_axis).off_nadir, 0, 1e-5);
@@ -155,7 +155,7 @@ TEST(LightingTable, DifferenceIsCountedCounterClockwise) {
   EXPECT_NEAR(Lighting(Sunlit_Camera(100), Ground_Point(30)).difference, -70, 1e-9);
 }
 
-TEST(LightingTable, DifferenceOverTheWestAxisIsPositiveBothWays) {
+TEST(LightingTable, DifferenceAcrossTheWestAxisIsPositiveBothWays) {
   EXPECT_NEAR(Lighting(Sunlit_Camera(280), Ground_Point(260)).difference, 20, 1e-9);
   EXPECT_NEAR(Lighting(Sunlit_Camera(260), Ground_Point(280)).difference, 20, 1e-9);
 }

@@ -31,7 +31,7 @@ TEST(SafeSqrt, RootOfZeroIsZeroWithoutAMessage) {
   EXPECT_TRUE(told.sentences.empty());
 }
 
-TEST(SafeSqrt, NegativeArgumentIsReportedAndAnswersASmallNumber) {
+TEST(SafeSqrt, NegativeArgumentIsReportedAndReturnsASmallNumber) {
   Told told;
   EXPECT_EQ(Safe_Sqrt(-1, told.Sink()), 0.0001);
   EXPECT_EQ(told.sentences, std::vector<std::string>{"Square root of negative argument!"});

@@ -17,7 +17,7 @@ Matrix<R, C> Filled(std::initializer_list<double> row_by_row) {
   return m;
 }
 
-TEST(SmallMatrix, IsZeroAtFirstAndCountsFromOne) {
+TEST(SmallMatrix, IsZeroAtFirstAndHasIndexBaseOne) {
   Matrix<2, 3> m;
   EXPECT_EQ(m(1, 1), 0);
   EXPECT_EQ(m(2, 3), 0);
@@ -51,7 +51,7 @@ TEST(MatrixProduct, TakesTheRightHandFactorFirst) {
   EXPECT_EQ(c(2, 2), 3);
 }
 
-TEST(MatrixProduct, ClearsWhatTheOutputHeld) {
+TEST(MatrixProduct, OverwritesTheOutput) {
   const Matrix<1, 1> a = Filled<1, 1>({2});
   const Matrix<1, 1> b = Filled<1, 1>({3});
   Matrix<1, 1> c = Filled<1, 1>({100});
@@ -59,7 +59,7 @@ TEST(MatrixProduct, ClearsWhatTheOutputHeld) {
   EXPECT_EQ(c(1, 1), 6);
 }
 
-TEST(MatrixProduct, DiffersInInnerDimensionsLeavesTheOutputUntouched) {
+TEST(MatrixProduct, DifferentInnerDimensionsLeaveTheOutputUnchanged) {
   const Matrix<3, 3> a = Filled<3, 3>({1, 2, 3, 4, 5, 6, 7, 8, 9});
   Matrix<3, 3> c = Filled<3, 3>({9, 9, 9, 9, 9, 9, 9, 9, 9});
   EXPECT_FALSE(MMUL_D(a, 3, 3, a, 3, 2, c));
@@ -85,7 +85,7 @@ TEST(MatrixTimesVector, CalledTwiceOnTheSameOutputDoublesIt) {
   EXPECT_EQ(out(2), 1308);
 }
 
-TEST(MatrixTimesVector, DimensionConflictLeavesTheOutputUntouched) {
+TEST(MatrixTimesVector, DimensionConflictLeavesTheOutputUnchanged) {
   const Matrix<2, 3> m = Filled<2, 3>({1, 2, 3, 4, 5, 6});
   Vector<3> v;
   Vector<2> out;

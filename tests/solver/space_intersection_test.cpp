@@ -29,7 +29,7 @@ std::vector<ImageRecord> First_Cameras(std::size_t n) {
   return cameras;
 }
 
-/// Two vertical photographs 600 m apart, 1000 m above the origin, which lies midway.
+/// Two vertical photographs 600 m apart, 1000 m above the origin, which lies midway between them.
 std::vector<ImageRecord> Vertical_Pair() {
   return {Image_From(-300, 0, 1000), Image_From(300, 0, 1000)};
 }
@@ -62,7 +62,7 @@ TEST(IntersectRays, ExactDataStopsAfterTwoOrThreePassesWithTheUsualLimits) {
 }
 
 TEST(IntersectRays, TwoImagesLeaveOneDegreeOfFreedom) {
-  // A y-parallax of 10 um cannot be fitted: 5 um stay in each image, sqrt(2 * 25 / 1) um.
+  // A y-parallax of 10 um cannot be fitted: 5 um remain in each image, sqrt(2 * 25 / 1) um.
   Block block(Vertical_Pair());
   block.Observe({0, 0, 0});
   block.observations[0].film.y += 5e-6;
@@ -86,7 +86,8 @@ TEST(IntersectRays, StandardDeviationsOfTheNormalCase) {
   EXPECT_NEAR(result.q33, 1e12 / 1800, 100);
 }
 
-/// Least squares of its own: numeric derivatives, normal equations in long double, Gauss-Jordan.
+/// An independent least-squares adjustment: numeric derivatives, normal equations in long double,
+/// Gauss-Jordan elimination.
 struct Adjustment {
   long double point[3] = {};
   long double std[3] = {};
@@ -115,7 +116,7 @@ class IndependentSolver {
   }
 
  private:
-  /// N | t | I at the point, t from measured less computed.
+  /// Adds to N | t | I at the point; t from measured minus computed.
   void Accumulate(const long double (&p)[3]) {
     for (auto& row : n_) std::fill(std::begin(row), std::end(row), 0.0L);
     for (int i = 0; i < 3; ++i) n_[i][4 + i] = 1;
@@ -190,7 +191,7 @@ TEST(IntersectRays, NoisyObservationsAgreeWithAnIndependentAdjustment) {
 }
 
 TEST(IntersectRays, LastCorrectionsAreThoseOfTheLastPass) {
-  // Nearly linear over a metre: the first pass finds the way to the truth.
+  // Nearly linear over a metre: the first pass almost reaches the truth.
   Block block(First_Cameras(4));
   block.Observe(kTruth);
   const Point3D start = {kTruth.X - 0.5, kTruth.Y + 0.25, kTruth.Z - 1};
@@ -202,7 +203,7 @@ TEST(IntersectRays, LastCorrectionsAreThoseOfTheLastPass) {
   Expect_Point(result.point, kTruth, 2e-3);
 }
 
-TEST(IntersectRays, CorrectionEqualToItsLimitAsksForAnotherPass) {
+TEST(IntersectRays, CorrectionEqualToItsLimitRequiresAnotherPass) {
   Block block(First_Cameras(4));
   block.Observe(kTruth);
   const Point3D start = {kTruth.X - 0.5, kTruth.Y + 0.25, kTruth.Z - 1};
@@ -253,8 +254,8 @@ TEST(IntersectRays, LimitsOfZeroRunToTheHundredthPass) {
 }
 
 TEST(IntersectRays, NonConvergingRunAppliesTheLastCorrectionTwice) {
-  // The target jumps 10 m to and fro: the hundredth pass, from P, looks at Q and steps Q - P,
-  // and the step is taken once more.
+  // The target alternates between two points 10 m apart: the hundredth pass, at P, observes Q and
+  // steps by Q - P, and the step is applied once more.
   const Point3D p = kTruth;
   const Point3D q = {kTruth.X + 10, kTruth.Y, kTruth.Z};
   Block block(First_Cameras(4));
@@ -268,9 +269,9 @@ TEST(IntersectRays, NonConvergingRunAppliesTheLastCorrectionTwice) {
   Expect_Point(result.point, {kTruth.X + 20, kTruth.Y, kTruth.Z}, 0.3);
 }
 
-TEST(IntersectRays, StartsAtTheGivenPointAsItIs) {
-  // One pass allowed, its correction applied twice: as far beyond the truth as the start was
-  // before it.
+TEST(IntersectRays, StartsAtTheGivenPointUnchanged) {
+  // With one pass allowed, its correction is applied twice: as far beyond the truth as the start
+  // was before it.
   Block block(First_Cameras(4));
   block.Observe(kTruth);
   const Point3D start = {kTruth.X - 0.5, kTruth.Y + 0.25, kTruth.Z - 1};
@@ -311,7 +312,7 @@ TEST(IntersectRays, ObservationsOfTheLastPassGiveThePointAndItsRmse) {
   EXPECT_NEAR(result.rmse_um, std::sqrt(50.0), 1e-6);
 }
 
-TEST(IntersectRays, LimitsChangedBetweenPassesCountAtTheNextTest) {
+TEST(IntersectRays, LimitsChangedBetweenPassesApplyAtTheNextTest) {
   Block block(First_Cameras(4));
   block.Observe(kTruth);
   IntersectionSettings settings = {0, 0, 0, 100};
@@ -321,7 +322,7 @@ TEST(IntersectRays, LimitsChangedBetweenPassesCountAtTheNextTest) {
   EXPECT_EQ(result.passes, 2);
 }
 
-TEST(IntersectRays, EventsAreServicedAfterEveryPassThatAsksForAnother) {
+TEST(IntersectRays, EventsAreServicedAfterEveryPassThatRequiresAnother) {
   Block block(First_Cameras(5));
   block.Observe(kTruth);
   int serviced = 0;
@@ -330,14 +331,14 @@ TEST(IntersectRays, EventsAreServicedAfterEveryPassThatAsksForAnother) {
   EXPECT_EQ(serviced, result.passes - 1);
 }
 
-TEST(IntersectRays, FailureInsideServicedEventsPasses) {
+TEST(IntersectRays, FailureInsideServicedEventsPropagates) {
   Block block(First_Cameras(5));
   block.Observe(kTruth);
   const auto fail = [] { throw RunTimeError(Failure::TypeMismatch, "\"abc\""); };
   EXPECT_THROW(Intersect_Rays(block.observations, kStart, {}, fail), RunTimeError);
 }
 
-TEST(IntersectRays, ParallelRaysRunAwayUntilTheNormalMatrixIsSingular) {
+TEST(IntersectRays, ParallelRaysDivergeUntilTheNormalMatrixIsSingular) {
   // Both rays point straight down. Each pass doubles the depth H below the cameras, and
   // det N = 0.72 / H^8 falls under 1e-200 once H > 9.6e24 = 1000 * 2^73.02: in pass 75.
   Block block(Vertical_Pair());

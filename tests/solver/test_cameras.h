@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Images for the solver's tests and a forward model of their own: long double, the rotation
-// built as the product of three elementary rotations.
+// Images for the solver's tests and an independent forward model: long double, the rotation built
+// as the product of three elementary rotations.
 #pragma once
 
 #include <array>
@@ -24,7 +24,7 @@ inline Matrix33 Product(const Matrix33& a, const Matrix33& b) {
   return c;
 }
 
-/// The axes turned by omega about X, then by phi about the new Y, then by kappa about the new Z.
+/// Rotation by omega about X, then by phi about the new Y, then by kappa about the new Z.
 inline Matrix33 Elementary_Product(long double omega, long double phi, long double kappa) {
   const long double cw = std::cos(omega), sw = std::sin(omega);
   const long double cp = std::cos(phi), sp = std::sin(phi);
@@ -69,8 +69,8 @@ inline ImageRecord Image_From(double X0, double Y0, double Z0, double omega = 0,
   return image;
 }
 
-/// Nine overlapping photographs from about 1800 m in a Finnish map system, tilted by up to a
-/// few degrees and flown in two directions.
+/// Nine overlapping photographs from about 1800 m in a Finnish map coordinate system, tilted by up
+/// to a few degrees and flown in two directions.
 inline std::vector<ImageRecord> Nine_Images() {
   std::vector<ImageRecord> images;
   for (int k = 0; k < 9; ++k) {
@@ -84,13 +84,13 @@ inline std::vector<ImageRecord> Nine_Images() {
   return images;
 }
 
-/// Images with an observation in each.
+/// Images with one observation each.
 struct Block {
   explicit Block(std::vector<ImageRecord> oriented) : images(std::move(oriented)) {
     for (const ImageRecord& image : images) observations.push_back({Make_Camera(image), {}});
   }
 
-  /// Observes the point without error in all images.
+  /// Sets error-free observations of the point in all images.
   void Observe(const Point3D& point) {
     for (std::size_t k = 0; k < images.size(); ++k) {
       const FilmPoint film = Project(images[k], point.X, point.Y, point.Z);

@@ -37,7 +37,7 @@ TEST(AngleBetweenVectors, ZeroVectorIsADivisionByZero) {
               }).starts_with("Division by zero: "));
 }
 
-TEST(NormalizeVector, ZeroVectorIsADivisionByZeroAndStays) {
+TEST(NormalizeVector, ZeroVectorIsADivisionByZeroAndStaysUnchanged) {
   Vector3 v;
   EXPECT_TRUE(Failure_Of([&] { Normalize_Vector(v); }).starts_with("Division by zero: "));
   EXPECT_EQ(v.x, 0);

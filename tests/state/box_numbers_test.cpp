@@ -9,7 +9,7 @@
 namespace sylvomex {
 namespace {
 
-TEST(BoxNumbers, ABoxGivesItsNumberOrNamesItself) {
+TEST(BoxNumbers, ABoxGivesItsNumberOrIsNamedInTheError) {
   TextBox box;
   box.Text = " 1.5 ";
   EXPECT_EQ(Number_In(box, "Text5"), 1.5);
@@ -18,7 +18,7 @@ TEST(BoxNumbers, ABoxGivesItsNumberOrNamesItself) {
             "Type mismatch: Text5: \"wide\" is not a number");
 }
 
-TEST(BoxNumbers, MeasurementBoxesNameBoxAndImage) {
+TEST(BoxNumbers, MeasurementBoxErrorsNameBoxAndImage) {
   SyntheticBlock b;
   b.w.Form1.Text1(16).Text = "0.001";
   b.w.Form1.Text1(17).Text = "-0.002";

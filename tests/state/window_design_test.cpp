@@ -61,7 +61,7 @@ TEST_F(WindowDesignTest, ControlsTakeTheirPlaces) {
   EXPECT_EQ(form.Label1.Height, 40);
 }
 
-TEST_F(WindowDesignTest, AnArrayStepsOnFromItsFirstControl) {
+TEST_F(WindowDesignTest, ControlsOfAnArrayAreSpacedFromTheFirst) {
   EXPECT_EQ(form.Text2(0).Left, 100);
   EXPECT_EQ(form.Text2(2).Left, 110);
   EXPECT_EQ(form.Text2(2).Top, 62);

@@ -7,7 +7,7 @@
 
 namespace sylvomex {
 
-/// The text of the failure that an action ends in.
+/// The text of the RunTimeError that an action throws.
 template <class Action>
 std::string Failure_Of(Action&& action) {
   try {

@@ -7,7 +7,7 @@
 
 namespace sylvomex {
 
-/// Lets files grow to so many bytes and no further for a scope, as a full disk would.
+/// Limits the size of written files for a scope, as a full disk would.
 class FileSizeLimit {
  public:
   explicit FileSizeLimit(rlim_t bytes) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Lidar files byte by byte, written field after field.
+// Lidar files byte by byte, composed field by field.
 #pragma once
 
 #include <cstdint>
@@ -60,7 +60,7 @@ inline TestPulse Single_Echo(const TestEcho& echo) {
   return pulse;
 }
 
-/// A file of a count and as many records.
+/// A file of a count and that many records.
 template <class Record>
 std::string Counted_Bytes(const std::vector<Record>& records) {
   std::string bytes;
@@ -106,7 +106,7 @@ struct TestPoint {
   }
 };
 
-/// A file that announces a count and holds so many bytes of zeros behind it.
+/// A file that states a count, followed by a number of zero bytes.
 inline std::string Announced_Bytes(std::int32_t count, std::size_t bytes_behind) {
   std::string bytes;
   Append_Value(bytes, count);

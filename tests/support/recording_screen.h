@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// An operator for tests: answers from queues and remembers what reached him.
+// A screen for tests: answers dialogs from queues and records all output to the operator.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -21,14 +21,14 @@ class RecordingScreen : public Screen {
     std::string prompt, title, preset;
   };
 
-  // Answers, used in order. An input box or file dialog that finds its queue empty fails the
-  // test and counts as dismissed; so does a message box with a choice.
+  // Answers, used in order. An input box or file dialog that finds its queue empty fails the test
+  // and counts as dismissed; so does a message box with a choice.
   std::deque<std::optional<std::string>> inputs;
   std::deque<std::optional<std::string>> files;
   std::deque<Answer> answers;
   std::function<void()> on_service;
 
-  // What reached the operator.
+  // Output to the operator.
   std::vector<std::string> messages;
   std::vector<InputBox> input_boxes;
   std::vector<FileQuestion> file_questions;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A window that stands in no table, with a picture, a text box, a tick box, options, a button
+// A window outside the table of windows, with a picture, a text box, a check box, options, a button
 // and a menu.
 #pragma once
 
@@ -25,7 +25,7 @@ namespace sample {
 
 using design::Row;
 
-inline std::string told;  // what reached the handlers, one line each
+inline std::string told;  // calls of the handlers, one line each
 
 inline std::string Number(double value) { return std::to_string(static_cast<int>(value)); }
 

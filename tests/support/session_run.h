@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Plays a script over a site and keeps what it wrote.
+// Plays a script on a site and keeps its output.
 #pragma once
 
 #include <sstream>
@@ -13,7 +13,7 @@ namespace sylvomex {
 struct PlayedSession {
   int status = -1;
   std::string transcript;
-  std::string reason;  // what stood on the error stream
+  std::string reason;  // the output on the error stream
 };
 
 inline PlayedSession Play_Script(const TemporaryFolder& site, const std::string& script,

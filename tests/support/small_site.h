@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A site of a few small images in a temporary folder, with cameras that hand computation can
-// follow.
+// A site of a few small images in a temporary folder, with cameras that can be computed by hand.
 #pragma once
 
 #include <cmath>
@@ -12,9 +11,9 @@
 
 namespace sylvomex {
 
-/// What a header of a small image says. The defaults make a vertical photograph: c = 0.1 m,
+/// Contents of a small image's header. The defaults make a vertical photograph: c = 0.1 m,
 /// 10 um pixels, 1000 m above the plane Z = 0, so that a pixel is 0.1 m on that plane; the
-/// principal point lies at full-image col 500, row 500.
+/// principal point is at full-image col 500, row 500.
 struct SmallImage {
   int id = 1;
   int width = 1000, height = 1000;  // raw file

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A block of vertical photographs made up for tests, with drives of its own.
+// A block of vertical photographs invented for tests, with its own drives.
 //
 // All cameras look straight down (no rotation) with c = 0.1 m and 10 um pixels; film 0, 0 is
 // full-image column 1000, row 1000 of 2000 x 2000 pixels. Each pane shows the whole image at
@@ -64,7 +64,7 @@ struct SyntheticBlock {
     w.Form1.Check1(k).Value = 1;
   }
 
-  /// The exact observation of an object point, with an error in film y.
+  /// Sets the exact observation of an object point, with an error in film y.
   void Observe(int k, const Point3D& point, double y_error = 0) {
     Observe_Film(k, Film(point.X - w.ImageBlock(k).X0, k, point.Z),
                  Film(point.Y - w.ImageBlock(k).Y0, k, point.Z) + y_error);

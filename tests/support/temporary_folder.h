@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A folder of its own for a test, removed with everything in it at the end of the scope.
+// A temporary folder for a test, removed with its contents at the end of the scope.
 #pragma once
 
 #include <stdlib.h>
@@ -31,8 +31,8 @@ class TemporaryFolder {
 
   [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
 
-  /// The file of that name ("a.hdr", "c/data/a.hdr") in the folder, which need not exist.
-  /// Messages call it by that name.
+  /// The file of that name ("a.hdr", "c/data/a.hdr") in the folder; it need not exist. Messages use
+  /// that name.
   [[nodiscard]] FilePath File(std::string_view name) const {
     return {std::string(name), path_ / name};
   }
@@ -40,13 +40,13 @@ class TemporaryFolder {
   /// A drive map whose drives c, d ... are sub-folders of this folder.
   [[nodiscard]] DriveMap Drives() const { return DriveMap(path_); }
 
-  /// Makes a sub-folder with its parents.
+  /// Creates a sub-folder with its parents.
   std::filesystem::path Make_Folder(std::string_view name) const {
     std::filesystem::create_directories(path_ / name);
     return path_ / name;
   }
 
-  /// Writes a file anew, making its parent folders, and returns it.
+  /// Writes a file, replacing an old one and creating its parent folders, and returns it.
   FilePath Write(std::string_view name, std::string_view content) const {
     std::filesystem::create_directories((path_ / name).parent_path());
     std::ofstream stream(path_ / name, std::ios::binary | std::ios::trunc);
@@ -55,7 +55,7 @@ class TemporaryFolder {
     return File(name);
   }
 
-  /// The bytes of a file; an exception when it is missing.
+  /// The bytes of a file; throws when it is missing.
   [[nodiscard]] std::string Read(std::string_view name) const {
     std::ifstream stream(path_ / name, std::ios::binary);
     if (!stream) throw std::runtime_error("cannot read " + std::string(name));

@@ -9,7 +9,7 @@
 
 namespace sylvomex {
 
-/// Runs a check on every vector unit that this machine has, one after the other.
+/// Runs a check on each vector unit of this machine.
 class OnEveryVectorUnit : public testing::Test {
  protected:
   ~OnEveryVectorUnit() override {

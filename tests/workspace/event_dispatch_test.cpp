@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Events go to the handlers of their own window.
+// Dispatch of events to the handlers of their own window.
 #include "workspace/event_dispatch.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@
 namespace sylvomex {
 namespace {
 
-// A line of sample::told is: what, index, button, shift, key code, x, y.
+// Fields of a line in sample::told: what, index, button, shift, key code, x, y.
 struct EventDispatch : testing::Test {
   TemporaryFolder folder;
   std::ostringstream out;
@@ -37,7 +37,7 @@ TEST_F(EventDispatch, PointerMovesOverAPictureWithoutIndex) {
   EXPECT_EQ(Told_By("move Form99.Picture1 12 34"), "move -1 1 0 0 12 34\n");
 }
 
-TEST_F(EventDispatch, AClickOnAPictureOfAnArrayTellsItsIndex) {
+TEST_F(EventDispatch, AClickOnAPictureOfAnArrayPassesItsIndex) {
   EXPECT_EQ(Told_By("click Form99.Picture2(1) 5 6 right ctrl"), "press 1 2 2 0 5 6\n");
 }
 
@@ -65,7 +65,7 @@ TEST_F(EventDispatch, AHiddenPictureTakesNoPointer) {
   EXPECT_THROW(Do("doubleclick Form99.Picture1 1 2"), UnknownName);
 }
 
-TEST_F(EventDispatch, AControlThatIsNoPictureIsNotClicked) {
+TEST_F(EventDispatch, AControlThatIsNotAPictureIsNotClicked) {
   EXPECT_THROW(Do("click Form99.Text1 1 2"), UnknownName);
 }
 
@@ -75,15 +75,15 @@ TEST_F(EventDispatch, AResizeIsInTheRecordBeforeItsHandlerRuns) {
   EXPECT_EQ(form.ClientHeight, 400);
 }
 
-TEST_F(EventDispatch, TheWindowSeesAKeyBeforeItsMenu) {
+TEST_F(EventDispatch, TheWindowHandlesAKeyBeforeItsMenu) {
   EXPECT_EQ(Told_By("key Form99 G ctrl"), "key -1 0 2 71 0 0\nmenu\n");
 }
 
-TEST_F(EventDispatch, TheKeyOfAGreyedItemIsNotTheMenus) {
+TEST_F(EventDispatch, TheKeyOfAGreyedItemIsNotTakenByTheMenu) {
   EXPECT_EQ(Told_By("key Form99 H ctrl"), "key -1 0 2 72 0 0\n");
 }
 
-TEST_F(EventDispatch, AKeyThatTheMenuLeavesReachesTheControlInFocus) {
+TEST_F(EventDispatch, AKeyNotUsedByTheMenuReachesTheFocusedControl) {
   form.ActiveControl = "Text1";
   EXPECT_EQ(Told_By("key Form99 U"), "key -1 0 0 85 0 0\nboxkey -1 0 0 85 0 0\n");
   EXPECT_EQ(Told_By("key Form99 G ctrl"), "key -1 0 2 71 0 0\nmenu\n");
@@ -94,17 +94,17 @@ TEST_F(EventDispatch, EnterInABoxIsAKeyAndThenAPress) {
   EXPECT_EQ(form.ActiveControl, "Text1");
 }
 
-TEST_F(EventDispatch, EnterOnAPictureInFocusPressesNothing) {
+TEST_F(EventDispatch, EnterOnAFocusedPicturePressesNothing) {
   form.ActiveControl = "Picture1";
   EXPECT_EQ(Told_By("key Form99 Enter"), "key -1 0 0 13 0 0\n");
 }
 
-TEST_F(EventDispatch, ATickBoxTellsAChangeOnly) {
+TEST_F(EventDispatch, ACheckBoxReportsAChangeOnly) {
   EXPECT_EQ(Told_By("set Form99.Check1 1"), "click -1 0 0 0 0 0\n");
   EXPECT_EQ(Told_By("set Form99.Check1 1"), "");
 }
 
-TEST_F(EventDispatch, AnOptionTakesTheChoiceFromTheOthers) {
+TEST_F(EventDispatch, AnOptionUnselectsTheOthers) {
   EXPECT_EQ(Told_By("set Form99.Option1(0) 1"), "click 0 0 0 0 0 0\n");
   EXPECT_EQ(Told_By("set Form99.Option1(1) 1"), "click 1 0 0 0 0 0\n");
   EXPECT_EQ(form.Option1(0).Value, 0);

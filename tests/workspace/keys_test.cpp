@@ -32,7 +32,7 @@ TEST_F(Keys, StepLengthComesFromTheOptions) {
             "Solution3D = 0.25 0 0\nLabel10 = Solution moved as E pressed by 0.25 meters\n");
 }
 
-TEST_F(Keys, ShiftAndCtrlEndTheHandlerAtTheEntryTest) {
+TEST_F(Keys, ShiftAndCtrlEndTheHandlerAtOnce) {
   EXPECT_EQ(Transcript("key U shift\nkey U ctrl\nkey K ctrl\nprint Solution3D\n"),
             "Solution3D = 0 0 0\n");
 }
@@ -76,7 +76,7 @@ TEST_F(Keys, LSavesTheFirstPanesPicture) {
   EXPECT_EQ(site_.Folder().Read("c/data/0000.bmp"), site_.Folder().Read("c/data/pic0.bmp"));
 }
 
-TEST_F(Keys, LWithoutAPictureSaysSo) {
+TEST_F(Keys, LWithoutAPictureReportsSo) {
   EXPECT_EQ(Transcript("try key L\n"),
             "error Form_KeyDown \"Bad content: the first pane holds no picture to save as "
             "c:\\data\\0000.bmp\"\n");

@@ -54,7 +54,7 @@ TEST(MainMenu, ThirteenItemsAreGreyed) {
   EXPECT_EQ(greyed, expected);
 }
 
-TEST(MainMenu, AcceleratorsAreThoseOfTheHandAndServeOneItemEach) {
+TEST(MainMenu, AcceleratorsMatchTheHandWrittenListAndServeOneItemEach) {
   std::map<std::string, std::string> keys;
   for (const MenuRow& row : Main_Menu()) {
     if (row.key_code == 0) continue;
@@ -69,7 +69,7 @@ TEST(MainMenu, AcceleratorsAreThoseOfTheHandAndServeOneItemEach) {
   EXPECT_EQ(keys.at("F12"), "Test_DEM");
 }
 
-TEST(MainMenu, CaptionsStandAsTheyAre) {
+TEST(MainMenu, CaptionsAreExactlyTheseTexts) {
   EXPECT_STREQ(Find_Menu_Row("Form1", "Open_a_set")->caption, "Open_an_image_set (*.set)");
   EXPECT_STREQ(Find_Menu_Row("Form1", "Zoom_out")->caption, "Zoom Out ");
   EXPECT_STREQ(Find_Menu_Row("Form1", "Zoom_1_1")->caption, "Zoom (1:1) (100%)");
@@ -78,7 +78,7 @@ TEST(MainMenu, CaptionsStandAsTheyAre) {
                "Get angular orientation (image-object-sun)");
 }
 
-TEST(MainMenu, ACommandThatIsNotBuiltSaysSoOnce) {
+TEST(MainMenu, ACommandThatIsNotImplementedReportsSoOnce) {
   SyntheticBlock b;
   Run_Menu_Row(b.w, {1, "Later", "Do it later", 0, 0, false, MenuRole::NotBuilt});
   EXPECT_EQ(b.screen.messages,

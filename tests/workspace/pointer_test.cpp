@@ -24,7 +24,7 @@ class Pointer : public testing::Test {
              "\nmenu Add_images_to_set\nmenu Center_To_Sub_c_click\n";
     solve_ = "input 0\ninput 0\ninput 0\nmenu Set_3D_solution\n";
   }
-  // What the script writes after the two images are on screen.
+  // What the script writes after both images are on screen.
   std::string Transcript(const std::string& script) {
     const PlayedSession played = Play_Script(site_.Folder(), start_ + "say begin\n" + script);
     EXPECT_EQ(played.status, 0) << played.reason << played.transcript;
@@ -42,12 +42,12 @@ TEST_F(Pointer, MoveShowsPositionViewAndHint) {
             "Label3 = To Zoom in: Shift+Click, Out: Ctrl+Click, Pan: Alt+Click\n");
 }
 
-TEST_F(Pointer, MoveOverTheFormTellsTheKeys) {
+TEST_F(Pointer, MoveOverTheFormShowsTheKeys) {
   EXPECT_EQ(Transcript("move Form1 5 5\nprint Label3\n"),
             "Label3 = Press \"U\" for Up, \"D\" down, \"E\" East etc.\n");
 }
 
-TEST_F(Pointer, MoveOverTheWidthBoxTellsItsUse) {
+TEST_F(Pointer, MoveOverTheWidthBoxShowsItsUse) {
   EXPECT_EQ(Transcript("move MeasureDistancesCheckBox 5 5\nprint Label3\n"),
             "Label3 = Swap between 3D and 2D modes\n");
 }
@@ -134,7 +134,7 @@ TEST_F(Pointer, ZoomInIsCentredOnTheObservationNotOnTheClick) {
             "PaneViews(0) = 401 351 600 600 2 2\n");
 }
 
-TEST_F(Pointer, ZoomWithoutAnObservationKeepsTheZoomAndSaysWhy) {
+TEST_F(Pointer, ZoomWithoutAnObservationKeepsTheZoomAndReportsWhy) {
   EXPECT_EQ(Transcript("click Picture1(0) 5 5 shift\nprint PaneViews(0)\n"),
             "message \"Error in aZoom-function. Image observation missing? (xy-coords. Click a "
             "ref. point first)\" title=\"\" buttons=ok -> ok\n"
@@ -191,7 +191,7 @@ TEST_F(Pointer, APairOverTwoPanesFillsTheSecondPanesEntry) {
             "XYDistanceEntries(0).X1Obj = 0\nXYDistanceEntries(1).Index = 1\nText12(1) = 5.0000\n");
 }
 
-// An image whose film and pixels no formula connects.
+// An image whose film-to-pixel affine is singular.
 class SingularImage : public testing::Test {
  protected:
   std::string Transcript(const std::string& script) {
@@ -246,7 +246,7 @@ TEST_F(SingularImage, CrownWidthWithoutAPrincipalDistanceEndsAtItsFirstClick) {
             "distance of 0\"\nXYDistanceEntries(0).ScaleAtZ = 0\n");
 }
 
-TEST_F(SingularImage, RoutineOverAnUntouchedRecordIsAnError) {
+TEST_F(SingularImage, RoutineOnAnUntouchedRecordIsAnError) {
   EXPECT_EQ(Transcript("try call Pixel_To_Image 5 1 2\n"),
             "error Pixel_To_Image \"Division by zero: image 0: the affine from film to pixels is "
             "singular\"\n");
@@ -260,7 +260,7 @@ TEST_F(Pointer, TiePointAppendsALineAndMarksThePoint) {
   EXPECT_EQ(site_.Folder().Read("c/data/imageobs.txt"), "2 12 301.5 251\n");
 }
 
-TEST_F(Pointer, ADismissedTiePointQuestionEndsQuietlyAndTheNextOneIsTaken) {
+TEST_F(Pointer, ADismissedTiePointQuestionEndsQuietlyAndTheNextOneWorks) {
   const std::string transcript = Transcript(
       "menu Measure_Tie_and_CP\ncancel\nclick Picture1(0) 10 10\nmarks Picture1(0)\nsay next\n"
       "input 4\nclick Picture1(1) 100.5 50\n");
@@ -279,7 +279,7 @@ TEST_F(Pointer, ANegativeTiePointIdLeavesTheFileOpenSoThatTheNextOneFails) {
       << transcript;
 }
 
-TEST_F(Pointer, TiePointGoesBeforePolygonOnAPlainClick) {
+TEST_F(Pointer, TiePointTakesAPlainClickBeforePolygon) {
   const std::string transcript =
       Transcript("menu Measure_Tie_and_CP\nmenu Draw_Polygon\ninput 5\nclick Picture1(0) 10 10\n");
   EXPECT_NE(transcript.find("Give Point Id"), std::string::npos);
@@ -323,7 +323,7 @@ TEST_F(Pointer, AClickOnAPaneThatIsNotShownFailsTheStep) {
 }
 
 TEST_F(Pointer, ASurfaceModeMeasuresInItsOwnPaneOnly) {
-  // The column gradient of the images repeats itself: any score will do.
+  // The column gradient of the images repeats itself: any score is acceptable.
   const std::string transcript = Transcript(
       "menu Measure_Triplet\nclick Picture1(0) 300 300\nprint Label4(2)\nprint Check1(0)\n");
   EXPECT_NE(transcript.find("Label4(2) = \n"), std::string::npos) << transcript;

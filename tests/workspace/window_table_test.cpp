@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What must hold for every window of the table, and how windows answer by name.
+// Invariants of every window in the table, and look-up of windows by name.
 #include "workspace/window_table.h"
 
 #include <gtest/gtest.h>
@@ -60,7 +60,7 @@ TEST_F(WindowTable, NamesEveryControlOfAWindowOnceAndNoneTwice) {
   }
 }
 
-TEST_F(WindowTable, HandlersStandAtControlsThatExistAndEachOnce) {
+TEST_F(WindowTable, HandlersBelongToControlsThatExistAndEachOnce) {
   for (const WindowRow& window : All_Windows()) {
     const std::set<std::string> names = Control_Names(window);
     std::set<std::string> handlers;
@@ -97,7 +97,7 @@ TEST_F(WindowTable, RecordsStartWithTheTitlesOfTheirDesigns) {
   }
 }
 
-TEST_F(WindowTable, TheTitleBarStandsForAnItemOrAButtonOfTheWindow) {
+TEST_F(WindowTable, TheTitleBarTriggersAnItemOrAButtonOfTheWindow) {
   const OperatorEvent options = Close_Event(*Find_Window("Form2"));
   EXPECT_EQ(options.kind, OperatorEvent::Kind::Menu);
   EXPECT_EQ(options.control, "close_window");
@@ -125,7 +125,7 @@ TEST_F(WindowTable, AScriptClosesAWindowAsItsTitleBarDoes) {
   EXPECT_EQ(played.status, 0) << played.reason;
 }
 
-TEST_F(WindowTable, WindowsTellTheirTitles) {
+TEST_F(WindowTable, WindowsGiveTheirTitles) {
   const PlayedSession played = Play_Script(site.Folder(),
                                            "print Form3.Caption\n"
                                            "print Form3.Visible\n"

@@ -39,7 +39,7 @@ void Draw_Errors(Picture& pane, const GraphScale& scale,
   }
 }
 
-/// The plot's border, but for what would run through title, results and legend.
+/// The plot's border, but for what would run through texts.
 void Draw_Circle(Picture& pane, const GraphScale& scale, double radius) {
   constexpr int kSegments = 72;
   constexpr double kFullTurn = 6.283185307179586;
@@ -47,7 +47,7 @@ void Draw_Circle(Picture& pane, const GraphScale& scale, double radius) {
   for (int i = 1; i <= kSegments; ++i) {
     const double angle = i * kFullTurn / kSegments;
     const GraphPosition to = scale.At(radius * std::cos(angle), radius * std::sin(angle));
-    if (!Is_Under_Headings(pane, from) && !Is_Under_Headings(pane, to)) {
+    if (!Is_Among_Texts(pane, from) && !Is_Among_Texts(pane, to)) {
       Draw_Segment(pane, from, to, kGrey);
     }
     from = to;
@@ -70,7 +70,7 @@ GraphScale Plan_Of_Plot(const Workspace& w, const Picture& pane) {
   return Plan_Scale(Size_Of(pane), plot.PlotX, plot.PlotY, w.Matching.PlotRadius);
 }
 
-/// Pen width of a Z error: its size at the plan's scale, from 2 pixels to the pane's side.
+/// Pen width for a Z error: its magnitude at the plan's scale, from 2 pixels to the pane's side.
 int Error_Width(const Picture& pane, const GraphScale& scale, double error) {
   return To_Int32(std::clamp(std::abs(error) * scale.pixels_x, 2.0, pane.Height));
 }

@@ -10,7 +10,7 @@
 namespace sylvomex::graph {
 namespace {
 
-constexpr int kPaneBorder = 4;  // pixels that a pane's frame takes off both its sides together
+constexpr int kPaneBorder = 4;  // pixels that a pane's frame takes from width and height
 constexpr double kTextLeft = 26, kLegendLeft = 50;
 constexpr double kResultTop = 21, kResultStep = 15;  // below the title
 constexpr double kAxisTop = 54;                      // below the results
@@ -69,9 +69,11 @@ void Print_Result(Picture& pane, int line, std::string_view text) {
   Print_At(pane, {kTextLeft, kResultTop + line * kResultStep}, text);
 }
 
-bool Is_Under_Headings(const Picture& pane, GraphPosition at) {
-  constexpr double kTitleRight = 235, kLegendRoom = 80;
-  return at.py < kAxisTop && (at.px < kTitleRight || at.px > pane.Width - kLegendRoom);
+bool Is_Among_Texts(const Picture& pane, GraphPosition at) {
+  constexpr double kTitleRight = 235, kLegendRoom = 80, kLegendBottom = 88;
+  if (at.py > pane.Height - kAxisMargin) return true;
+  if (at.px < kTitleRight) return at.py < kAxisTop;
+  return at.px > pane.Width - kLegendRoom && at.py < kLegendBottom;
 }
 
 void Draw_X_Axis(Picture& pane, const GraphScale& scale, const Axis& axis) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the graphs of the evaluation are drawn with: title, axes, dots, segments, legend. Values to
-// pane positions by a GraphScale; the pen is left at width 1.
+// Drawing primitives of the evaluation graphs: title, axes, dots, segments, legend. A GraphScale
+// maps values to pane positions; the pen is left at width 1.
 #pragma once
 
 #include <string>
@@ -19,7 +19,7 @@ inline constexpr Colour kBlue{0, 0, 255};
 
 GraphSize Size_Of(const Picture& pane);
 
-/// White paper on the pane; what was drawn before is gone.
+/// Fills the pane with white and removes earlier drawings.
 void Lay_Paper(Picture& pane);
 
 void Put_Dot(Picture& pane, GraphPosition at, Colour colour, int width);
@@ -29,21 +29,22 @@ void Draw_Segment(Picture& pane, GraphPosition from, GraphPosition to, Colour co
 /// at: the top left corner of the text.
 void Print_At(Picture& pane, GraphPosition at, std::string_view text, Colour colour = kBlack);
 
-/// Lays the paper and prints the title in bold at its top.
+/// Clears the pane to white and prints the title in bold at its top.
 void Begin_Graph(Picture& pane, std::string_view title);
 
-/// A line of results below the title, counted from 0.
+/// Prints a line of results below the title; lines are counted from 0.
 void Print_Result(Picture& pane, int line, std::string_view text);
 
-/// Whether a position lies where the title, the results or a legend at the right edge stand.
-bool Is_Under_Headings(const Picture& pane, GraphPosition at);
+/// Whether a position lies where the title, the results, a legend at the right edge or the numbers
+/// of the lower axis stand.
+bool Is_Among_Texts(const Picture& pane, GraphPosition at);
 
-/// Where an axis says what it measures: at its end, or for the axis upward at its foot, where no
-/// values stand in a round plan.
+/// Place of an axis' name: at the axis' end or, for the upward axis, at its foot, where a round
+/// plan has no values.
 enum class AxisName { AtItsEnd, AtItsFoot };
 
-/// One of the two axes: ticks at the multiples of step that fall between the margins, labelled
-/// after the pattern, and what the axis measures.
+/// One of the two axes: ticks at the multiples of step between the margins, labelled with the
+/// pattern, and the axis' name.
 struct Axis {
   Interval values;
   double step = 1;
@@ -54,14 +55,14 @@ struct Axis {
 void Draw_X_Axis(Picture& pane, const GraphScale& scale, const Axis& axis);
 void Draw_Y_Axis(Picture& pane, const GraphScale& scale, const Axis& axis);
 
-/// Where line k of a legend stands: counted upward from the lower axis, downward from the title at
-/// the left or at the right edge, or downward from below the results.
+/// Position of line k of a legend: counted upward from the lower axis, downward from the title at
+/// the left or right edge, or downward from below the results.
 GraphPosition Low_Legend(const Picture& pane, int line);
 GraphPosition Top_Legend(int line);
 GraphPosition Right_Legend(const Picture& pane, int line);
 GraphPosition High_Legend(int line);
 
-/// A dot and what it stands for.
+/// A dot and its meaning.
 void Print_Legend(Picture& pane, GraphPosition at, Colour colour, int width, std::string_view text);
 
 }  // namespace sylvomex::graph

@@ -17,8 +17,8 @@ using namespace graph;
 
 constexpr Colour kMatchedColour{25, 155, 25};
 constexpr int kDot = 5;
-constexpr double kResultRoom = 70;  // pixels at the top that values leave free
-constexpr double kLabelRoom = 44;   // pixels right of the left axis likewise
+constexpr double kResultRoom = 70;  // pixels left free at the top
+constexpr double kLabelRoom = 44;   // pixels left free right of the left axis
 
 struct ClassHeights {
   Colour colour;
@@ -42,7 +42,7 @@ std::vector<double> Commission_Heights(const Workspace& w) {
   return heights;
 }
 
-constexpr int kColumns = 30;  // of a metre each
+constexpr int kColumns = 30;  // one metre each
 
 int Column_Of(double height) {
   return static_cast<int>(std::clamp(std::floor(height), 0.0, kColumns - 1.0));
@@ -56,7 +56,7 @@ int Fullest_Column(std::span<const ClassHeights> classes) {
   return std::ranges::max(counts);
 }
 
-/// Square bricks of the classes, one upon the other.
+/// Stacked squares, one per tree, in the colours of the classes.
 void Stack_Bricks(Picture& pane, const GraphScale& scale, std::span<const ClassHeights> classes) {
   std::array<int, kColumns> stacked{};
   const int side = std::max(1, static_cast<int>(std::min(scale.pixels_x, scale.pixels_y)) - 1);
@@ -69,7 +69,7 @@ void Stack_Bricks(Picture& pane, const GraphScale& scale, std::span<const ClassH
   }
 }
 
-/// One value a reference tree.
+/// One value per reference tree.
 template <class Value>
 std::vector<double> Of_Trees(const Workspace& w, Value&& value) {
   std::vector<double> values;

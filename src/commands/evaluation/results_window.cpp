@@ -21,8 +21,7 @@ constexpr double kTextAbove = 96, kTextBelow = 20;
 constexpr double kSmallestSide = 60;
 constexpr int kPaneColumns = 3;
 
-/// Heights of 0 to 30 m, the axis included, need a pane that is wider than high by the axis'
-/// margin.
+/// The height axis of 0 to 30 m needs a pane that is wider than high by the axis margin.
 double Pane_Height(const Form6State& form) {
   const double by_height = (form.ClientHeight - kTextAbove - kTextBelow - 3 * kMargin) / 2;
   const double by_width = (form.ClientWidth - 4 * kMargin) / kPaneColumns - kAxisMargin;
@@ -42,7 +41,7 @@ void Place_Panes(Form6State& form, double left) {
   }
 }
 
-/// The grid stands in the middle of the window, the texts begin with it.
+/// Centres the grid in the window; the texts are aligned with its left edge.
 void Lay_Out(Form6State& form) {
   const double width = Pane_Height(form) + kAxisMargin;
   const double grid = kPaneColumns * width + (kPaneColumns - 1) * kMargin;

@@ -14,7 +14,7 @@ namespace {
 constexpr Colour kLineColour{225, 225, 225};
 constexpr double kHeightStep = 0.1;  // metres
 
-// From the ground to the solution, a segment a step, each with its height above the ground.
+// From the ground to the solution, one segment per step, labelled with its height above ground.
 void Draw_Height_Scale(Workspace& w, int image, double ground) {
   const Point3D& top = w.Solution3D;
   Picture& pane = w.Form1.Picture1(image);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How a height under the solution is shown in the status line and in the panes.
+// Display of a height below the solution in the status line and in the panes.
 #pragma once
 
 #include "platform/colour.h"
@@ -16,12 +16,12 @@ struct HeightMark {
   Colour top_colour;  // of the block at the solution
 };
 
-/// "Ground: 17.50 m Difference: .50 m" in bold, what standing for "Ground: "; the difference is
-/// that of the solution's Z.
+/// Shows "Ground: 17.50 m Difference: .50 m" in bold, with `what` in place of "Ground: "; the
+/// difference is the solution's Z minus the height.
 void Show_Height_Text(Workspace& w, const char* what, double height);
 
-/// That text, and in every image blocks at the solution and at the ground below it, the line
-/// between them and a scale of heights.
+/// Shows that text, and in every image a block at the solution and one at the ground below it, the
+/// line between them and a scale of heights.
 void Show_Height(Workspace& w, const HeightMark& mark);
 
 }  // namespace sylvomex

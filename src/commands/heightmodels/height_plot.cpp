@@ -18,12 +18,12 @@
 namespace sylvomex {
 namespace {
 
-constexpr double kReach = 2000;      // metres to either side of the solution
-constexpr double kRangeStep = 10;    // of the search for lowest and highest
-constexpr double kCellStep = 5;      // of the cells that are drawn
-constexpr double kLeastHeight = 10;  // lower ones do not count
+constexpr double kReach = 2000;      // metres on either side of the solution
+constexpr double kRangeStep = 10;    // grid step of the search for lowest and highest
+constexpr double kCellStep = 5;      // grid step of the cells drawn
+constexpr double kLeastHeight = 10;  // lower heights are ignored
 
-// What the command can show, and which of them it shows.
+// The models that the command can show, and the one chosen.
 struct ShownModel {
   const char* legend;
   double (*height)(const Workspace& w, double X, double Y);
@@ -67,7 +67,7 @@ struct ColouredCell {
   Colour colour;
 };
 
-// A model of one height alone has the first colour.
+// A model with a single height gets the first colour.
 Colour Colour_Of(double height, const HeightRange& range, const ColourMap& colours) {
   const double top = range.highest > range.lowest ? range.highest : range.lowest + 1;
   return colours(Colour_Row(std::clamp(height, range.lowest, top), range.lowest, top));
@@ -85,7 +85,7 @@ std::vector<ColouredCell> Coloured_Cells(const Workspace& w, const HeightRange& 
   return cells;
 }
 
-// Cells in the pane, one mark a pixel at most: far out many cells share a pixel.
+// Draws the cells in the pane, at most one mark per pixel: far out many cells share a pixel.
 void Mark_Cells(Workspace& w, int image, const std::vector<ColouredCell>& cells) {
   Picture& pane = w.Form1.Picture1(image);
   const int width = w.PaneWidth, height = w.PaneHeight;
@@ -103,7 +103,7 @@ void Mark_Cells(Workspace& w, int image, const std::vector<ColouredCell>& cells)
   pane.DrawWidth = 1;
 }
 
-// At the pane's left edge, over the marks and below the photo's number and scale.
+// At the pane's left edge, drawn over the marks and below the photo's number and scale.
 void Print_Legend(Workspace& w, int image, const HeightRange& range) {
   constexpr double kMargin = 5;        // pane pixels
   constexpr double kBelowNumber = 45;  // the number is 20 points high

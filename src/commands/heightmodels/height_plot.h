@@ -5,7 +5,7 @@ namespace sylvomex {
 
 struct Workspace;
 
-/// Colours the panes by the height model round the solution.
+/// Colours the panes by the height model around the solution.
 void Test_DEM(Workspace& w);
 
 }  // namespace sylvomex

@@ -20,9 +20,9 @@ constexpr double kLeastGround = 1;  // metres; cells below it stay 0
 
 struct GridPlan {
   std::int32_t columns = 0, rows = 0;
-  double first_X = 0, first_Y = 0;  // metres, of column 0 and row 0
+  double first_X = 0, first_Y = 0;  // metres; column 0, row 0
   double cell_size = 1;
-  std::string name;  // of cell and header file, without ".raw" and ".hdr"
+  std::string name;  // name of cell and header file, without ".raw" and ".hdr"
 };
 
 bool Is_Agreed(Workspace& w) {
@@ -50,8 +50,8 @@ void Write_Model(Workspace& w, const GridPlan& plan, const ZeroedArray<float>& c
                         " elevations");
 }
 
-// Fills a grid column by column. text: for the status line at a column; height: of a cell whose
-// ground is not below 1 m.
+// Fills a grid column by column. text: status line for a column; height: height of a cell whose
+// ground is at least 1 m.
 template <class Text, class Height>
 ZeroedArray<float> Fill_Grid(Workspace& w, const GridPlan& plan, Text&& text, Height&& height) {
   ZeroedArray<float> cells(static_cast<std::size_t>(plan.columns) *
@@ -71,8 +71,8 @@ ZeroedArray<float> Fill_Grid(Workspace& w, const GridPlan& plan, Text&& text, He
   return cells;
 }
 
-// A load that is begun in the middle changes the triangles: they are taken from the block one
-// by one.
+// Loading another model during this loop replaces the triangles: they are read from the block one
+// at a time.
 TinRaster Rasterize_Model(Workspace& w) {
   const HourglassGuard hourglass(w);
   TinRaster raster = Make_Tin_Raster(w.TinDem);

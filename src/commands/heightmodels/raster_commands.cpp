@@ -33,7 +33,7 @@ void Report_Failed_Reading(Workspace& w, const char* status) {
   Show_Status(w, status);
 }
 
-// Lookups give what such cells hold.
+// A warning only: lookups return whatever such cells hold.
 void Tell_No_Data(Workspace& w, const RasterModel& model, std::int64_t cells) {
   if (cells == 0) return;
   w.screen->Message_Box(w.LastHeightHeaderName + ": " + std::to_string(cells) + " of " +
@@ -41,7 +41,7 @@ void Tell_No_Data(Workspace& w, const RasterModel& model, std::int64_t cells) {
                         " cells hold no data (-9999, -3.4e38 or no number)");
 }
 
-// The answer must be a number and changes no height.
+// The answer must be a number but is otherwise not used: no height changes.
 void Ask_Offset(Workspace& w) {
   Parse_Double(
       w.screen->Input_Box("What value to add to each cell Z?", "Query", "0.00").value_or(""));

@@ -26,9 +26,9 @@ void Tell_Degenerate_Triangle(Workspace& w, const TinModel& model) {
                      Plain_Text(model.TriangleCount) + " before it serve");
 }
 
-// The model is read apart and takes its place in the block when its files have turned out to
-// be sound: the operator's dialogs and boxes let other commands run meanwhile. A dismissed
-// dialog ends the command and changes nothing.
+// The model is read into a temporary and replaces the one in the block only after its files have
+// proved valid: the dialogs and message boxes let other commands run meanwhile. A dismissed
+// dialog ends the command without any change.
 void Load_Tin(Workspace& w, TinModel Workspace::*place, double lift) {
   const Report report = [&w](std::string_view sentence) { w.screen->Message_Box(sentence); };
   TinModel model;
@@ -45,7 +45,7 @@ void Load_Tin(Workspace& w, TinModel Workspace::*place, double lift) {
   w.TinDemLoaded = true;
 }
 
-// The canopy round the solution, seen from above as a lattice of points.
+// The canopy around the solution as a square lattice of points in plan.
 constexpr int kHalfSide = 10;  // steps
 constexpr int kLines = 2 * kHalfSide + 1;
 constexpr double kStep = 5;  // metres

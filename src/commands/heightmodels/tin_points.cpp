@@ -43,7 +43,7 @@ std::vector<Point3D> Read_Points(const FilePath& file) {
   return points;
 }
 
-// The height of a point that is handed in, of the raster and of the triangles, side by side.
+// One line per point: its own height, that of the raster and that of the triangles.
 std::string Residual_Lines(const Workspace& w, const std::vector<Point3D>& points) {
   std::string lines;
   std::int32_t hint = 0;

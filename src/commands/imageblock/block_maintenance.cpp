@@ -22,7 +22,7 @@ std::string Ask_Image(Workspace& w) {
   return w.screen->Input_Box(prompt, "Removing an image from the set", "100").value_or("");
 }
 
-// All fields but the comment and the related rasters, which stay with their index.
+// All fields except the comment and the related rasters, which stay with their index.
 void Copy_Record(const ImageRecord& from, ImageRecord& to) {
   ImageRecord moved = from;
   moved.ImageComment = to.ImageComment;
@@ -34,10 +34,10 @@ void Copy_Record(const ImageRecord& from, ImageRecord& to) {
   to = moved;
 }
 
-// ImageKinds stay with their index.
+// ImageKinds are not moved: they stay with their index.
 void Move_Down_To(Workspace& w, int first) {
   const int last = w.ImageCount - 1;
-  w.PaneViews(last);  // an image without a pane fails here, before anything has moved
+  w.PaneViews(last);  // throws for an image without a pane, before anything has moved
   for (int i = first; i < last; ++i) {
     Copy_Record(w.ImageBlock(i + 1), w.ImageBlock(i));
     w.PaneViews(i) = w.PaneViews(i + 1);
@@ -45,8 +45,8 @@ void Move_Down_To(Workspace& w, int first) {
   }
 }
 
-// The panes for the images that are left. Those that are free now lose their pictures, so that
-// none is taken for that of an image to come.
+// Lays out the panes for the remaining images. Panes that become free lose their pictures, so that
+// a later image never starts with an old picture.
 void Lay_Out_Those_Left(Workspace& w) {
   w.CurrentImage = -1;
   Compute_Pane_Size(w);

@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: MIT
-// Taking images out of the block.
+// Removal of images from the block.
 #pragma once
 
 namespace sylvomex {
 
 struct Workspace;
 
-/// Asks for an image by its index, 100 for all of them, and takes it out. The images behind it
-/// move down with their views; comment and related rasters stay with their index.
+/// Asks for the index of an image, or 100 for all, and removes it. The later images move down with
+/// their views; comment and related rasters stay with their index.
 void Remove_an_image(Workspace& w);
 
-/// Takes an image out of the tables; the images behind it move down. Panes stay as they are.
+/// Removes an image from the tables; the later images move down. Panes do not change.
 void Take_Out_Image(Workspace& w, int image);
 
-/// Empties the block and drops the solution.
+/// Empties the block and invalidates the solution.
 void Remove_All_Images(Workspace& w);
 
 }  // namespace sylvomex

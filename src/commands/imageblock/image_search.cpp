@@ -21,13 +21,13 @@ namespace {
 
 struct Archive {
   const char* table;
-  const char* folder;  // of the point-in-image files
+  const char* folder;  // for the point-in-image files
 };
 
 constexpr Archive kAerial{"c:\\data\\cam_data_j.csv", "c:\\data\\ImaFiles\\"};
 constexpr Archive kTerrestrial{"c:\\data\\cam_data_G6_j.csv", "c:\\data\\G6\\ImaFiles\\"};
 
-// Opens the table, then drops what the last search found.
+// Opens the camera table, then deletes the results of the last search.
 CameraTableReader Begin_Search(const Workspace& w, const Archive& archive) {
   CameraTableReader table(w.Drives.Locate(archive.table));
   Delete_Matching(w.Drives, std::string(archive.folder) + "*.txt");
@@ -67,7 +67,7 @@ void Load_Images_That_Show(Workspace& w, const Point3D& point) {
   }
 }
 
-// The closed ring at the point's height and a plumb line from the point to the ground.
+// The closed ring at the point's height and a vertical line from the point to the ground.
 void Draw_Stem(Workspace& w, int image, const Point3D& point, double ground) {
   Picture& pane = w.Form1.Picture1(image);
   const std::vector<Point3D> ring = Ring_Around(point);
@@ -106,7 +106,8 @@ void Add_Image_Center_to_XYZ(Workspace& w) {
   w.SolutionValid = true;
   Center_to_xyz_click(w);
   w.screen->Clear_Clipboard();
-  // Without a picture the centring has told so, without an image the operator knows.
+  // Nothing more to report: the centring has reported a missing picture, and a removal of the image
+  // was the operator's own.
   if (!image.Is_There()) return;
   const auto& bitmap = w.Form1.Picture1(image.Index()).bitmap;
   if (bitmap != nullptr) w.screen->Copy_To_Clipboard(*bitmap);

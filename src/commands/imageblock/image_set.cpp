@@ -18,7 +18,7 @@ namespace sylvomex {
 namespace {
 
 constexpr int kMostImages = 9;
-constexpr double kLargestSide = 32768;  // 2^15, allowed itself
+constexpr double kLargestSide = 32768;  // 2^15, itself allowed
 constexpr Point3D kPanCenterOffset{5.0, 2.0, 200.0};
 
 void Warn(Workspace& w, int image, const char* parameter, const std::string& value,
@@ -27,7 +27,7 @@ void Warn(Workspace& w, int image, const char* parameter, const std::string& val
                         "Parameter: " + parameter + value + ending);
 }
 
-// Warns only: the image stays in the block in all cases. True without a warning.
+// Only warns: the image stays in the block in any case. True when there was nothing to warn about.
 bool Validate_Header(Workspace& w, int image) {
   const ImageRecord& record = w.ImageBlock(image);
   const auto out_of_range = [](double side) { return !(side >= 0 && side <= kLargestSide); };
@@ -47,8 +47,8 @@ bool Validate_Header(Workspace& w, int image) {
   return !(bad_width || bad_height || bad_colour);
 }
 
-// The raw file of a sound header must be there in full. One that the operator has been warned of
-// is taken as it is, as its image can be projected into without a picture.
+// The raw file of a valid header must exist in full length. After a warning it is not checked,
+// since points can be projected into the image without a picture.
 void Check_Raw_File(Workspace& w, const ImageRecord& record) {
   const MappedFile& file = w.RawFiles.Open(w.Drives.Locate(record.RawFileName.Trimmed()));
   Check_Raw_Length({file.Bytes(), record.SubWidth, record.SubHeight, &file.File()},
@@ -66,7 +66,7 @@ void Show_Count_Read(Workspace& w, int count) {
                      " images read");
 }
 
-// Once through text, so that 15 significant digits survive.
+// Conversion to text and back keeps 15 significant digits.
 double Through_Text(double value) { return Parse_Double(Plain_Text(value)); }
 
 void Set_Default_Pan_Center(Workspace& w) {
@@ -77,8 +77,8 @@ void Set_Default_Pan_Center(Workspace& w) {
   w.PanCenter = w.DefaultPanCenter;
 }
 
-// Takes an image that cannot be read out of the block again and puts back what it took the place
-// of. What removals played meanwhile have done stays.
+// Undoes the addition of an image that cannot be read: removes it from the block and restores what
+// it replaced. Removals that ran meanwhile stay in effect.
 class Addition {
  public:
   Addition(Workspace& w, const FollowedImage& image)
@@ -183,7 +183,7 @@ bool Take_In_Image(Workspace& w, const FilePath& header_file, const FollowedImag
     addition.Undo();
     throw;
   }
-  // A tenth image passes the test above and fails here, on the nine panes.
+  // A tenth image passes the test above but throws here, because there are nine panes.
   Lay_Out_Panes(w);
   Give_Start_View(w, image.Index());
   return true;

@@ -9,16 +9,15 @@ namespace sylvomex {
 
 void Add_images_to_set(Workspace& w);
 
-/// The first steps of adding an image, up to its laid-out pane with its start view; the pane has
-/// no picture yet. image: followed from w.ImageCount on; it is the one that is added, wherever
-/// removals that are played meanwhile put it. False after the message that the block is full. A
-/// header that cannot be read, and a raw file that is missing or too short for a header without
-/// warnings, are RunTimeErrors that leave the block as it was; what the validation warns about
-/// stays.
+/// The first steps of adding an image, up to its laid-out pane with its start view; the pane has no
+/// picture yet. image: follows the added image from index w.ImageCount on through any removals that
+/// run meanwhile. False after the message that the block is full. A header that cannot be read, and
+/// a raw file that is missing or too short although its header caused no warning, are RunTimeErrors
+/// that leave the block unchanged; an image whose header only caused warnings stays.
 bool Take_In_Image(Workspace& w, const FilePath& header, const FollowedImage& image);
 
-/// The flow of Add_images_to_set without the dialog. RunTimeErrors of Take_In_Image, and one for an
-/// image that stays in the block without a picture.
+/// Add_images_to_set without its dialog. RunTimeErrors of Take_In_Image, and one for an image that
+/// stays in the block without a picture.
 void Add_Image_By_Name(Workspace& w, const FilePath& header);
 
 void Open_a_set(Workspace& w);

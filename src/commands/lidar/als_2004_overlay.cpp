@@ -20,7 +20,7 @@ namespace {
 
 constexpr ValueScale kLehtomaaScale{-0.2, 1};  // metres above ground
 constexpr double kLehtomaaRadius = 1;          // metres
-constexpr float kHeightCorrection = 0.18F;     // metres, of the 2004 campaign
+constexpr float kHeightCorrection = 0.18F;     // metres, for the 2004 campaign
 constexpr double kLehtomaaPlotScale = 40;
 constexpr ValueScale kRovikScale{10, 25};
 constexpr double kRovikReach = 20;  // metres, in X and in Y

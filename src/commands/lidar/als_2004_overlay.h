@@ -14,8 +14,8 @@ inline constexpr std::string_view kSiteRovik = "ROVIK";        // one point file
 /// The overlay of the site Lehtomaa.
 void plot_als_bin_file(Workspace& w);
 
-/// The overlay of a site; other texts than the two draw nothing. Needs a raster ground model
-/// and says so without one. Any failure is the message "An error has occurred!".
+/// The overlay of a site; any text other than the two draws nothing. Requires a raster ground model
+/// and reports when there is none. Any failure gives the message "An error has occurred!".
 void Plot_Lidar_Of_Site(Workspace& w, std::string_view site);
 
 }  // namespace sylvomex

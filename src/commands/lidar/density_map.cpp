@@ -18,9 +18,9 @@ namespace {
 
 constexpr int kTileCols = 100, kTileRows = 150;         // tiles of the map
 constexpr int kMapCols = 200, kMapRows = 400;           // pixels of the raster
-constexpr double kFirstX = 2510050, kFirstY = 6850050;  // in the first tile, metres
+constexpr double kFirstX = 2510050, kFirstY = 6850050;  // inside the first tile, metres
 constexpr double kTileArea = kTileSide * kTileSide;     // square metres
-constexpr ValueScale kDensityScale{0, 20};              // pulses a square metre
+constexpr ValueScale kDensityScale{0, 20};              // pulses per square metre
 
 std::string Without_Folder(const std::string& name) {
   return name.substr(name.find_last_of("\\/:") + 1);
@@ -33,8 +33,7 @@ std::string Lower(std::string text) {
   return text;
 }
 
-// The tiles of a campaign. Their folder is looked through once and not for each of the 15000
-// names that might lie in it.
+// The tiles of a campaign. Their folder is listed once instead of probing 15000 possible names.
 class CampaignTiles {
  public:
   CampaignTiles(const Workspace& w, Campaign campaign)
@@ -44,7 +43,7 @@ class CampaignTiles {
     }
   }
 
-  /// Goes to the tile of a position; false where there is none.
+  /// Moves to the tile at a position; false when there is none.
   bool Go_To(double X, double Y) {
     const auto found = files_.find(Lower(Tile_Name(prefix_, campaign_, X, Y)));
     tile_ = found == files_.end() ? nullptr : &found->second;
@@ -55,7 +54,7 @@ class CampaignTiles {
     return tile_ == nullptr ? "" : Without_Folder(tile_->name);
   }
 
-  /// Pulses of the tile. Where there is none, those of the last one that there was.
+  /// Pulses of the tile; without a tile, the count of the previous existing one.
   double Pulses() {
     if (tile_ != nullptr) pulses_ = Read_Record_Count(*tile_);
     return pulses_;
@@ -64,12 +63,12 @@ class CampaignTiles {
  private:
   Campaign campaign_;
   std::string prefix_;
-  std::map<std::string, FilePath> files_;  // by the name in small letters
+  std::map<std::string, FilePath> files_;  // by lower-case name
   const FilePath* tile_ = nullptr;
   double pulses_ = 0;
 };
 
-// Red, green and blue bytes, columns fastest; tiles from the first pixel on.
+// Red, green and blue bytes, columns fastest; tile (0, 0) is the first pixel.
 class DensityMap {
  public:
   void Set(int col, int row, Colour colour) {

@@ -24,11 +24,10 @@ namespace sylvomex {
 namespace {
 
 constexpr const char* kFolder = "D:\\data\\laser\\";
-constexpr CellHeights kNoHeights{160, 160};      // of a cell without echoes, metres
-constexpr double kMostCells = 32767;             // a side, as in every raster model
-constexpr std::int64_t kStride = 25;             // bytes between the starts of records, though they
-                                                 // have 100
-constexpr std::size_t kMostEchoes = 50'000'000;  // held at a time
+constexpr CellHeights kNoHeights{160, 160};  // for a cell without echoes, metres
+constexpr double kMostCells = 32767;         // per side, as in every raster model
+constexpr std::int64_t kStride = 25;  // bytes between record starts, although a record has 100
+constexpr std::size_t kMostEchoes = 50'000'000;  // in memory at a time
 
 std::optional<double> Ask_Number(Workspace& w, const char* prompt) {
   const auto answer = w.screen->Input_Box(prompt);
@@ -49,7 +48,7 @@ int Whole_Cells(const char* what, double length, double cell_size) {
                      std::string(what) + ": " + Plain_Text(cells) + " cells are not 0 to 32767");
 }
 
-// Nothing when one of the boxes is dismissed.
+// std::nullopt when one of the input boxes is dismissed.
 std::optional<Grid> Ask_Grid(Workspace& w) {
   Grid grid;
   double width = 0, height = 0;
@@ -69,12 +68,12 @@ std::optional<Grid> Ask_Grid(Workspace& w) {
   return grid;
 }
 
-// The tiles that the present column of cells runs through, each read once.
+// The tiles touched by the current column of cells, each read once.
 class ColumnTiles {
  public:
   explicit ColumnTiles(const DriveMap& drives) : drives_(drives) {}
 
-  /// The last echoes of a tile; nothing where there is no tile.
+  /// The last echoes of a tile; std::nullopt where there is no tile.
   const std::optional<LastEchoes>& At(const TileIndex& tile) {
     if (tile.col != col_ || echoes_held_ > kMostEchoes) Drop_All();
     col_ = tile.col;
@@ -104,7 +103,7 @@ class ColumnTiles {
   std::size_t echoes_held_ = 0;
 };
 
-// Cells row by row from the north.
+// Cells row by row, from the north.
 struct HeightRasters {
   explicit HeightRasters(const Grid& grid)
       : means(static_cast<std::size_t>(grid.columns) * static_cast<std::size_t>(grid.rows)),

@@ -5,7 +5,7 @@ namespace sylvomex {
 
 struct Workspace;
 
-/// Rasters of the mean and the least height of the last echoes, from 2004 tiles.
+/// Rasters of the mean and the lowest height of the last echoes, from 2004 tiles.
 void Create_CHM_from_ALS(Workspace& w);
 
 }  // namespace sylvomex

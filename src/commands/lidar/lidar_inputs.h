@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the lidar commands read first.
+// Input files shared by the lidar commands.
 #pragma once
 
 #include <string>
@@ -14,10 +14,10 @@ struct Workspace;
 /// The colours from "C:\data\JetColorMAP.csv".
 ColourMap Read_Colours(const Workspace& w);
 
-/// The tile prefix of a campaign from its path header.
+/// The tile prefix of a campaign, read from its path header.
 std::string Read_Tile_Prefix(const Workspace& w, Campaign campaign);
 
-/// The tile under the solution by the campaign's path header.
+/// The tile file under the solution, named with the prefix from the campaign's path header.
 FilePath Solution_Tile(const Workspace& w, Campaign campaign);
 
 }  // namespace sylvomex

@@ -17,11 +17,11 @@ namespace {
 constexpr const char* kListing = "D:\\als_2516400_2517500_6856700_6858100_ALS_2007.txt";
 constexpr double kFirstX = 2516405, kLastX = 2517505;  // metres
 constexpr double kFirstY = 6856705, kLastY = 6858105;
-constexpr std::size_t kLongText = std::size_t{1} << 22;  // characters held before they are written
+constexpr std::size_t kLongText = std::size_t{1} << 22;  // characters buffered before writing
 
 enum class Listing { GoesOn, Ends };
 
-// The lines of a tile of count pulses to the end of the file.
+// Appends the lines of a tile with count pulses to the end of the file.
 Listing List_Tile(Workspace& w, std::int32_t count, const FilePath& listing) {
   const auto ground = [&w](double X, double Y) { return Get_Raster_Elevation(w, X, Y); };
   const auto complain = [&w] { w.screen->Message_Box("!"); };

@@ -5,7 +5,7 @@ namespace sylvomex {
 
 struct Workspace;
 
-/// Lists the 2007 tiles of a fixed block as text, a line an echo.
+/// Lists the 2007 tiles of a fixed block as text, one line per echo.
 void Print_ALS_in_ASCII(Workspace& w);
 
 }  // namespace sylvomex

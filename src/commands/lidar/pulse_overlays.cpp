@@ -26,7 +26,7 @@ void Plot_Echoes(Workspace& w, const std::vector<SelectedEcho>& echoes, const Va
   Plot_Overlay_Points(w, points);
 }
 
-// select(echoes) gathers what is to be drawn; what it had gathered before a failure is drawn.
+// select(echoes) collects the echoes to draw; those collected before a failure are drawn too.
 template <class Select>
 void Plot_Intensities(Workspace& w, Campaign campaign, const ValueScale& scale, Select&& select) {
   const ColourMap colours = Read_Colours(w);
@@ -61,7 +61,7 @@ void Print_ALS_near_solution(Workspace& w) {
 
 void Plot_Lidar_pdf(Workspace& w) {
   if (Read_Pulse_Tile(Solution_Tile(w, Campaign::Als2006), w.LidarPulses) == 0) return;
-  // An upright A4 page without margins, in twips (1/1440 inch), stands for the printer's.
+  // A portrait A4 page without margins, in twips (1/1440 inch), replaces the printer's page.
   constexpr double kPageHeight = 16838;
   constexpr double kScaleHeight = kPageHeight;
   w.PlotPageScale = kScaleHeight / kPageHeight * 0.55;

@@ -8,6 +8,6 @@ struct Workspace;
 
 void Plot_ALS_2007(Workspace& w);
 void Print_ALS_near_solution(Workspace& w);  // the 2006 tile, on the panes
-void Plot_Lidar_pdf(Workspace& w);           // page values only
+void Plot_Lidar_pdf(Workspace& w);           // computes page values only
 
 }  // namespace sylvomex

@@ -24,8 +24,8 @@ namespace {
 
 constexpr double kPatchPerRadius = 3.5;
 
-// A ticked image. Templates and files go by its place in the set, so that one which a removal has
-// moved is passed over like one that is gone.
+// A ticked image. Templates and files are named by its index, so an image that a removal has moved
+// is skipped like a removed one.
 struct TickedImage {
   TickedImage(Workspace& w, int image) : place(image), followed(w, image) {}
   [[nodiscard]] bool Is_In_Place() const {
@@ -38,7 +38,7 @@ struct TickedImage {
 
 std::string Index_Text(int image) { return Plain_Text(std::int32_t{image}); }
 
-// The patch side for an image; without one of its own it is that of the image before.
+// The patch side for an image; when it has none of its own, that of the previous image.
 int Choose_Side(Workspace& w, int image, std::optional<int> side_before) {
   const ImageRecord& record = w.ImageBlock(image);
   const auto report = [&w](std::string_view text) { w.screen->Message_Box(text); };

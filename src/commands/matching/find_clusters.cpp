@@ -39,7 +39,7 @@ void Take_Limits(Workspace& w) {
   w.Matching.CaptureSnapshot.Rl = score_limit;
 }
 
-// Local time by a pattern of strftime.
+// Local time in a strftime pattern.
 std::string Time_Text(const char* pattern) {
   const std::time_t now = std::time(nullptr);
   std::tm local{};
@@ -69,7 +69,7 @@ void Draw_Plot_Circle(Workspace& w, int image) {
 }
 
 void Fill_Parameters(MatchingState& m) {
-  // What 1.3 and 3.0 stand for is the routine's own affair.
+  // Fixed arguments of the cluster routine; their meaning is internal to it.
   constexpr double kFirstConstant = 1.3, kSecondConstant = 3.0;
   const CaptureSnapshotRecord& s = m.CaptureSnapshot;
   const double values[] = {m.PlotCenter.PlotX,
@@ -98,7 +98,7 @@ void Create_Result_File(const Workspace& w) {
   if (!File_Exists(file)) Write_Whole_File(file, "");
 }
 
-// A mesh that was made anew after its points were scored can be too short for them.
+// A mesh rebuilt after its points were scored may be too short for the scores.
 void Require_Scored_Mesh(const MatchingState& m) {
   if (static_cast<std::size_t>(m.SortCount) <= m.MeshPoints.size()) return;
   throw RunTimeError(Failure::SubscriptOutOfRange,

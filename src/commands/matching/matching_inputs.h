@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the commands of the matching chain take from the block.
+// Inputs that the matching commands read from the block.
 #pragma once
 
 #include <string>
@@ -10,9 +10,13 @@
 
 namespace sylvomex {
 
+<<<<<<< HEAD
 struct Workspace;
 
 /// The raw file of an image. The bytes stay valid while no other file is opened.
+=======
+/// The raw file of an image. The bytes stay valid until another file is opened.
+>>>>>>> main
 RawPixels Raw_Pixels_Of(Workspace& w, const ImageRecord& record);
 
 }  // namespace sylvomex

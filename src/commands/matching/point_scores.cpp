@@ -29,7 +29,7 @@
 namespace sylvomex {
 namespace {
 
-constexpr double kMeshPerPatch = 0.65;  // side of the mesh, in sides of the ground square
+constexpr double kMeshPerPatch = 0.65;  // side of the mesh / side of the ground square
 constexpr float kHotScore = 1.2F;
 constexpr double kNoCanopy = std::numeric_limits<double>::quiet_NaN();
 
@@ -56,14 +56,14 @@ MeshSettings Mesh_Settings(const MatchingState& m) {
   return settings;
 }
 
-// The ground below a mesh or a tree; without one there is no layer to search.
+// Ground height below a mesh column or a tree; without ground there is no layer to search.
 double Ground_At(const Workspace& w, double X, double Y) {
   const double ground = Get_Raster_Elevation(w, X, Y);
   if (!Is_No_Data(ground)) return ground;
   throw RunTimeError(Failure::BadContent, No_Data_Text("the ground model", X, Y, ground));
 }
 
-// Where the canopy model holds no data the column stays empty; where that is first is told.
+// A column without canopy data stays empty; the first such column is reported.
 MeshTable Build_Mesh_And_Tell(Workspace& w) {
   std::string told;
   const auto ground = [&w](double X, double Y) { return Ground_At(w, X, Y); };
@@ -105,7 +105,7 @@ std::vector<float> Back_Project(Workspace& w, int image) {
   return correlation;
 }
 
-using ImageCorrelation = std::vector<std::vector<float>>;  // by ticked image, then by point
+using ImageCorrelation = std::vector<std::vector<float>>;  // indexed by ticked image, then by point
 
 void Require_Two_Images(const ImageCorrelation& correlations) {
   if (correlations.size() >= 2) return;
@@ -115,7 +115,7 @@ void Require_Two_Images(const ImageCorrelation& correlations) {
 }
 
 void Score_Points(MatchingState& m, const ImageCorrelation& correlations) {
-  std::vector<float> scores(m.MeshPoints.size() + 1);  // entry 0 stays unused
+  std::vector<float> scores(m.MeshPoints.size() + 1);  // entry 0 is unused
   if (!m.MeshPoints.empty()) {
     Require_Two_Images(correlations);
     const std::vector<std::span<const float>> values(correlations.begin(), correlations.end());
@@ -162,7 +162,7 @@ void Create_XYZ_Point_Set(Workspace& w) {
 void Compute_Back_Projections(Workspace& w) {
   MatchingState& m = w.Matching;
   const std::vector<int> images = Ticked_Images(w);
-  m.PointScore.assign(m.MeshPoints.size() + 1, 0);  // a failure leaves none of an earlier run
+  m.PointScore.assign(m.MeshPoints.size() + 1, 0);  // a failure leaves no earlier scores
   Summarize_Images(w, images);
   const HourglassGuard hourglass(w);
   Progress progress(w);
@@ -171,7 +171,7 @@ void Compute_Back_Projections(Workspace& w) {
   for (const int image : images) correlations.push_back(Back_Project(w, image));
   Read_Colour_Map(w.Drives.Locate(kColourMapFile));
   Score_Points(m, correlations);
-  // Where the hot points would be drawn in the colours of the map, the events get their turn.
+  // The hot points are not drawn; events are serviced once for each of them.
   for (std::size_t hot = Count_Hot_Points(m.PointScore); hot > 0; --hot) {
     progress.Service();
   }

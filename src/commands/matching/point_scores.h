@@ -6,7 +6,7 @@ namespace sylvomex {
 
 struct Workspace;
 
-void Create_XYZ_Point_Set(Workspace& w);      // a mesh through the canopy layer of the plot
-void Compute_Back_Projections(Workspace& w);  // scores its points by the correlation images
+void Create_XYZ_Point_Set(Workspace& w);      // fills the canopy layer of the plot with a mesh
+void Compute_Back_Projections(Workspace& w);  // scores the mesh points with the correlation images
 
 }  // namespace sylvomex

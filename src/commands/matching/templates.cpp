@@ -42,7 +42,7 @@ PanePosition Pane_Of_Film(const Workspace& w, int image, FilmPosition film) {
   return Pane_Of_Pixel(w, image, Image_To_Pixel(w, image, film));
 }
 
-// The solution, raised by a height, on the film.
+// Film position of the solution raised by a height.
 FilmPosition Film_Of_Solution(const Workspace& w, int image, double raised) {
   const Point3D point{w.Solution3D.X, w.Solution3D.Y, w.Solution3D.Z + raised};
   return Film_Of_Point(Camera_Of(w, image), point);
@@ -80,9 +80,9 @@ std::string Template_Name(int image) {
   return "Image template n:o " + Plain_Text(std::int32_t{image});
 }
 
-// Nothing for an image that does not show the whole ellipse or cannot be read: such an
-// image takes no part in the search, and the others go on. An ellipse without width is an error of
-// the boxes, not of the image.
+// std::nullopt for an image that does not show the whole ellipse or cannot be read: it is left out
+// of the search, and the other images continue. An ellipse without width is an error in the
+// text boxes, not in the image.
 std::optional<CutTemplate> Cut_Or_Leave_Out(Workspace& w, int image) {
   const ImageRecord& record = w.ImageBlock(image);
   try {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The commands that set the plot and make the templates.
+// The commands that set up the plot and capture the templates.
 #pragma once
 
 namespace sylvomex {
@@ -8,6 +8,6 @@ struct Workspace;
 
 void Read_plot_center_data(Workspace& w);  // the solution becomes the plot centre
 void Capture_templates(Workspace& w);      // cuts an ellipse around the solution in every image
-void Resize_templates(Workspace& w);       // the templates of ticked images in eleven sizes
+void Resize_templates(Workspace& w);  // resamples the templates of ticked images to eleven sizes
 
 }  // namespace sylvomex

@@ -22,7 +22,7 @@ std::int32_t Count_Trees(const FilePath& file) {
   return count;
 }
 
-// The volume; a failure names the place in the file of the value without one.
+// Stem volume of a tree; an error names the position in the file of the value that has no volume.
 double Volume_Of(const PlotTree& tree, const PlotTextReader& plot, const FilePath& file) {
   try {
     return Stem_Volume(tree.TreeSpecies, tree.Dbh, tree.TreeHeight);

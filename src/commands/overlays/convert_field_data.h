@@ -5,9 +5,9 @@ namespace sylvomex {
 
 struct Workspace;
 
-/// Places the trees of a plot text file in the map and writes them as a binary tree file. A tree
-/// that has no stem volume ends the command with an error; the file then holds the trees before
-/// it, fewer than its count says.
+/// Converts the trees of a plot text file to map coordinates and writes them as a binary tree file.
+/// A tree without a defined stem volume ends the command with an error; the file then contains the
+/// trees before it, fewer than its count states.
 void ConvertFieldDataToBinary(Workspace& w);
 
 }  // namespace sylvomex

@@ -7,16 +7,21 @@
 
 namespace sylvomex {
 
+<<<<<<< HEAD
 struct Workspace;
 
 /// The text file of a plot, its borders or its trees, by file dialog; nothing when it is dismissed,
 /// here and below.
+=======
+/// Asks for the text file of a plot (its borders or its trees). This and the functions below return
+/// std::nullopt when the dialog is dismissed.
+>>>>>>> main
 std::optional<FilePath> Ask_Plot_Text_File(Workspace& w);
 
-/// The binary tree file to be written, by file dialog.
+/// Asks for the binary tree file to write.
 std::optional<FilePath> Ask_Tree_Data_File(Workspace& w);
 
-/// A binary tree file to be read, by file dialog.
+/// Asks for a binary tree file to read.
 std::optional<FilePath> Ask_Field_Tree_File(Workspace& w);
 
 }  // namespace sylvomex

@@ -21,7 +21,8 @@ constexpr const char* kListing = "c:\\temp\\mk_trees.txt";
 constexpr const char* kScratchListing = "c:\\data\\plot_trees.txt";
 constexpr Colour kNumberColour{0, 255, 255};
 
-// A line of the grid on the ground. Vertices below 0 are no ground and passed over.
+// Draws a line of the grid at ground height. Heights below 0 mean no ground; such vertices are
+// skipped.
 void Draw_On_Ground(Workspace& w, int image, const PlanLine& line) {
   Picture& pane = w.Form1.Picture1(image);
   bool has_start = false;

@@ -16,13 +16,13 @@
 namespace sylvomex {
 namespace {
 
-// Heights above ground at the two ends of the colour map, metres: from the ground to the tops
-// of tall trees.
+// Heights above ground at the two ends of the colour map, metres: from the ground to the tops of
+// tall trees.
 constexpr double kLowestHeight = 0;
 constexpr double kHighestHeight = 25;
 
-// A yellow dot with a white core; the measurement number stands beside it in the colour of the
-// height above ground.
+// A yellow dot with a white centre; the measurement number next to it has the colour of the height
+// above ground.
 void Draw_Measured_Point(Workspace& w, int image, const ObservationPoint& point, Colour colour) {
   const PanePosition at = Overlay_Of_Point(w, image, point.at);
   Picture& pane = w.Form1.Picture1(image);

@@ -5,8 +5,8 @@ namespace sylvomex {
 
 struct Workspace;
 
-/// The picture of the second pane to the clipboard. RunTimeError(BadContent) while that pane holds
-/// none.
+/// Copies the picture of the second pane to the clipboard. RunTimeError(BadContent) when that pane
+/// has none.
 void Capture(Workspace& w);
 
 }  // namespace sylvomex

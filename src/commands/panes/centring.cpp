@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* kStartError = "An error occurred in sub Error_in_center_to_sub_c_Click() ";
 
-// Runs the steps of a centring command; a failure ends in its message.
+// Runs the steps of a centring command; a failure is reported with that command's message.
 template <class Steps>
 void Guarded(Workspace& w, const char* message, Steps&& steps) {
   try {

@@ -6,12 +6,12 @@ namespace sylvomex {
 
 struct Workspace;
 
-void Center_to_xyz_click(Workspace& w);         // on Solution3D; drops correlation images
+void Center_to_xyz_click(Workspace& w);         // on Solution3D; discards correlation images
 void Center_to_pan_center_click(Workspace& w);  // on PanCenter
 void Center_To_Sub_c_click(Workspace& w);       // on each header's start position
 void Center_To_Q(Workspace& w);                 // on a queried raw-file column and row
 
-/// What a window resize and a changed image set ask for: on the solution if there is one,
+/// After a window resize or a change of the image set: centres on the solution if there is one,
 /// else on the start positions.
 void Center_On_Solution_Or_Start(Workspace& w);
 

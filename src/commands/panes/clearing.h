@@ -5,7 +5,7 @@ namespace sylvomex {
 
 struct Workspace;
 
-void Clear_ima(Workspace& w);  // erases what was drawn
-void Clear_all(Workspace& w);  // that, the observations and the ticks
+void Clear_ima(Workspace& w);  // erases all drawings
+void Clear_all(Workspace& w);  // also clears observations and ticks
 
 }  // namespace sylvomex

@@ -34,7 +34,7 @@ Camera Read_Camera(const Workspace& w, const std::string& header_name) {
   return Make_Camera(Read_Image_Header(header));
 }
 
-// How many points were solved, with the sum of their squared RMSEs.
+// Number of points solved, and the sum of their squared RMSEs.
 struct PairTotals {
   int points = 0;
   int pairs = 0;

@@ -18,7 +18,7 @@ void Close_Window(Workspace& w) {
   Set_Focus(w.Form1, "");
 }
 
-// The coordinates are metres; the unit that they are shown with is the window's own.
+// The coordinates are in metres, although the window labels them with another unit.
 void Show_Entry(Form7State& form, int item, const XYDistanceEntry& entry) {
   constexpr const char* kCoordinate = "0.000000 um";
   constexpr const char* kAngle = "#.0 deg";
@@ -60,7 +60,7 @@ std::string Distance_Line(const Workspace& w) {
   return line + "\n";
 }
 
-// The point and the two header values of an entry stay.
+// Resets the measurement; the point and the two header values of an entry stay.
 void Reset_Entry(XYDistanceEntry& entry) {
   XYDistanceEntry fresh;
   fresh.X = entry.X;
@@ -75,7 +75,7 @@ void Reset_Record(Workspace& w) {
   for (XYDistanceEntry& entry : w.XYDistanceEntries) Reset_Entry(entry);
 }
 
-// A box that should hold a 16-bit integer; a text that is none empties the box.
+// Reads a box that should hold a 16-bit integer; any other text empties the box.
 bool Take_Integer(Workspace& w, TextBox& box, std::int16_t& field) {
   try {
     field = Parse_Int16(box.Text);
@@ -107,7 +107,7 @@ void Form7_Activate(Workspace& w) {
 
 void Form7_Save_Close_And_Reset(Workspace& w) {
   const FilePath file = w.Drives.Locate(kDistanceFile);
-  Append_To_File(file, "");  // a file that cannot be opened is told before the question
+  Append_To_File(file, "");  // reports a file that cannot be opened before asking
   if (w.XYDistanceEntries(0).TreeNumber == 0 &&
       w.screen->Message_Box("Your saving the record for tree number zero, ok?", Buttons::YesNo) !=
           Answer::Yes) {

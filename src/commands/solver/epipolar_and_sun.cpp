@@ -18,7 +18,7 @@ namespace {
 
 constexpr Colour kCyan{0, 255, 255};
 constexpr double kEpipolarStep = 0.1;  // metres of height
-constexpr int kSunRayReach = 30;       // metres to either side
+constexpr int kSunRayReach = 30;       // metres on either side of the solution
 
 void Dot_In_All_Panes(Workspace& w, const Point3D& point) {
   for (int k = 0; k < w.ImageCount; ++k) {
@@ -40,7 +40,7 @@ void Print_Sun_Angles(Workspace& w, int image) {
   Print_Text(pane, "Azim: " + Format(record.SunAzimuth * kDegreesPerRadian, "0.0"));
 }
 
-// The point t metres from the solution towards the sun of an image.
+// Draws a block at the point t metres from the solution towards the sun of an image.
 void Block_On_Sun_Ray(Workspace& w, int image, int t) {
   const Vector3 sun = Sun_Vector(Sun_Of(w.ImageBlock(image)));
   const Point3D& foot = w.Solution3D;
@@ -71,7 +71,7 @@ void Draw_Epipolar_Line(Workspace& w) {
   const int passes = Loop_Passes(first, last, kEpipolarStep);
   for (int pass = 0; pass < passes; ++pass) {
     const double Z = first + pass * kEpipolarStep;
-    // A level ray is drawn as the plumb line through the origin of X and Y.
+    // A horizontal ray has no intersection; it is drawn as the vertical line at X = Y = 0.
     Dot_In_All_Panes(w, Image_To_Object_At_Z(camera, Z, film).value_or(Point3D{0, 0, Z}));
   }
 }

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t kLongestComment = 30;
 
-// The first count entries of a table, each made to text, joined with commas.
+// The first count entries of a table, converted to text and joined with commas.
 template <class Entries, class ToText>
 std::string Joined(const Entries& entries, int count, ToText to_text) {
   std::string text;
@@ -54,7 +54,7 @@ bool Take_Numbers(Workspace& w) {
   }
 }
 
-// A comma follows every field, the last one included.
+// Every field is followed by a comma, including the last one.
 std::string Observation_Line(const ObservationRecord& record) {
   std::string line;
   const auto add = [&line](const std::string& field) { line += field + ","; };
@@ -87,7 +87,7 @@ bool Last_Number_Used(const Workspace& w) {
   return w.Observation.MeasurementNumber == std::numeric_limits<std::int16_t>::max();
 }
 
-// The highest number has no successor and stays the next one.
+// The highest 16-bit number stays the next one.
 void Advance_Number(Workspace& w) {
   w.NextMeasurementNumber = w.Observation.MeasurementNumber;
   if (!Last_Number_Used(w)) ++w.NextMeasurementNumber;

@@ -40,7 +40,7 @@ FilmObservation Observation_Of(const Workspace& w, int image) {
   return {Camera_Of(w, image), film};
 }
 
-// The film observations of the text boxes as they stand; their pixels go to the record.
+// Reads the film observations from the text boxes and stores their pixels in the record.
 void Take_Observations(Workspace& w, const std::vector<int>& images,
                        std::vector<FilmObservation>& observations) {
   observations.clear();
@@ -64,7 +64,7 @@ IntersectionSettings Limits_Of(const Options& options) {
   return settings;
 }
 
-// Events between the passes may change the boxes and the limits: both are read anew.
+// Events between the passes may change the boxes and the limits: both are read again.
 IntersectionResult Solve(Workspace& w, const std::vector<int>& images) {
   const Point3D start{w.Solution3D.X, w.Solution3D.Y, w.Solution3D.Z - 0.03};
   IntersectionSettings settings = Limits_Of(w.options);
@@ -80,8 +80,7 @@ IntersectionResult Solve(Workspace& w, const std::vector<int>& images) {
   return Intersect_Rays(read_boxes, start, settings, service_events);
 }
 
-// Rays that meet only behind all reason end the command before it has changed
-// the solution.
+// A result that is not finite ends the command before the solution has changed.
 void Require_Finite(const IntersectionResult& result) {
   for (const double value : {result.point.X, result.point.Y, result.point.Z, result.rmse_um,
                              result.std_x, result.std_y, result.std_z}) {
@@ -92,7 +91,7 @@ void Require_Finite(const IntersectionResult& result) {
   }
 }
 
-// The flag stays as it was although the point is gone.
+// SolutionValid is left unchanged although the point is lost.
 void Report_Singular(Workspace& w) {
   w.screen->Message_Box("Iteration failed, determinant of Normal Matrix is too close to zero !");
   Show_Point(w, w.DefaultPanCenter, kPlainNumbers);
@@ -139,8 +138,8 @@ void Dot_Solution(Workspace& w) {
   }
 }
 
-// The solution for the film position in the text boxes of an image at height Z; X and Y are 0 for
-// a level ray.
+// The object point at height Z for the film position in an image's text boxes; X and Y are 0 for a
+// horizontal ray.
 Point3D Cut_Ray_At(const Workspace& w, int image, double Z) {
   const FilmPosition film = Film_In_Boxes(w, image);
   return Image_To_Object_At_Z(w, image, Z, film).value_or(Point3D{0, 0, Z});

@@ -15,7 +15,7 @@
 namespace sylvomex {
 namespace {
 
-// The flag is left alone.
+// SolutionValid is left unchanged.
 void Fall_Back(Workspace& w) {
   w.screen->Message_Box("Cannot convert Input into a 3D-solution!");
   w.Solution3D = w.DefaultPanCenter;
@@ -31,8 +31,7 @@ std::optional<FilePath> Ask_Point_File(Workspace& w) {
   return Ask_File(w, {"File with X (comma) Y (comma) Z ", "TXT files (*.txt)|*.txt", 1, ""});
 }
 
-// The first line of a file that is not empty, as a list of its own: values are not taken from
-// a further line.
+// The first non-empty line of a file as a list of its own: later lines do not supply values.
 ListReader First_Line(const FilePath& file) {
   ListReader whole(file);
   std::string line;

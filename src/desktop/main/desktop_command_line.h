@@ -8,8 +8,8 @@
 
 namespace sylvomex {
 
-/// The arguments of the desktop program. Nothing, with the reason on err, for arguments that do
-/// not fit. Qt's own options (-platform, -style ...) are left to Qt.
+/// The arguments of the desktop program. std::nullopt, with the reason on err, for invalid
+/// arguments. Qt's own options (-platform, -style ...) are left to Qt.
 std::optional<CommandLine> Parse_Desktop_Command_Line(int argc, char** argv, std::ostream& err);
 
 }  // namespace sylvomex

@@ -31,8 +31,8 @@ int Play_Script(const SessionOptions& options) {
   return Run_Session(options, {std::cin, std::cout, std::cerr, is_conversation}, hooks);
 }
 
-// The operator has confirmed it: nothing is left to be saved, and a command that is running
-// does not go on.
+// The operator has confirmed the exit: nothing remains to be saved, and a running command must not
+// continue.
 void End_Process() {
   std::cout.flush();
   std::_Exit(kAllStepsDone);

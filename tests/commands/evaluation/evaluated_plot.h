@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // A plot of 10 m about (1000, 2000) with four field trees and the five clusters of a search.
 //
-// Tree 1 (10 m high) is matched 0.3, 0.4 m off and 1 m too low, tree 2 (20 m) on its place and 2 m
-// too low with cluster 4 beside it, tree 3 (30 m) 1 m off and 2 m too low; tree 4 is omitted.
-// Clusters 4 and 5 have no tree. The crew's ground is 150 m, 151 m at tree 4; the raster model says
-// 150.5 m everywhere.
+// Tree 1 (10 m high) is matched 0.3, 0.4 m away and 1 m too low, tree 2 (20 m) at its position and
+// 2 m too low with cluster 4 beside it, tree 3 (30 m) 1 m away and 2 m too low; tree 4 is omitted.
+// Clusters 4 and 5 have no tree. The field-measured ground is 150 m, 151 m at tree 4; the raster
+// model has 150.5 m everywhere.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -97,7 +97,7 @@ class EvaluatedPlot : public testing::Test {
 
   const Picture& Pane(int k) { return w.Form6.Picture1(k); }
 
-  /// The texts of a pane in the order of their printing.
+  /// The texts of a pane in the order in which they were printed.
   std::vector<std::string> Texts(int k) {
     std::vector<std::string> texts;
     for (const Mark& mark : Pane(k).marks) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the six graphs show of the evaluated plot. Panes of 620 x 600: 20 pixels a metre of height,
-// 620 / 22 a metre in plan.
+// Marks of the six graphs for the evaluated plot. Panes of 620 x 600: 20 pixels per metre of
+// height, 620 / 22 per metre in plan.
 #include <algorithm>
 #include <cmath>
 
@@ -66,7 +66,7 @@ TEST_F(Graphs, EveryPaneBeginsWithItsTitle) {
   for (int k = 0; k <= 5; ++k) EXPECT_EQ(Texts(k).at(0), titles[k]);
 }
 
-TEST_F(Graphs, ZErrorsStandOverHeightsInRedAndBlueBesideACommission) {
+TEST_F(Graphs, ZErrorsAreOverHeightsInRedAndBlueNextToACommission) {
   Show_Without_Error();
   EXPECT_EQ(Points_At(0, 20 + 10 * 20, 300 - 1 * 20, kRed), 1);
   EXPECT_EQ(Points_At(0, 20 + 20 * 20, 300 - 2 * 20, kBlue), 1);
@@ -84,7 +84,7 @@ TEST_F(Graphs, TheErrorAxisIsABlackLine) {
   EXPECT_EQ(Lines_Between(0, 20, 300, 600, 300, kBlack), 1);
 }
 
-TEST_F(Graphs, TheRegressionIsToldWithTheMatchedVolume) {
+TEST_F(Graphs, TheRegressionIsShownWithTheMatchedVolume) {
   Show_Without_Error();
   EXPECT_TRUE(Says(0, "Matched Volume: 80.0 %"));  // 0.6 m3 of 0.75 m3
   EXPECT_TRUE(Says(0, "Zer = .67+.050 * h  se(b): .029 r2: .7500"));
@@ -108,7 +108,7 @@ TEST_F(Graphs, VectorsRunFromTheBlackTreeToItsClusterInPlan) {
   EXPECT_TRUE(Says(1, "XY-RMSE: .65 m"));  // sqrt((0.25 + 0 + 1) / 3)
 }
 
-TEST_F(Graphs, ThePlotsBorderLeavesTitleResultsAndLegendFree) {
+TEST_F(Graphs, ThePlotsBorderLeavesItsTextsFree) {
   Show_Without_Error();
   constexpr Colour kGrey{150, 150, 150};
   for (const int k : {1, 2}) {
@@ -117,10 +117,12 @@ TEST_F(Graphs, ThePlotsBorderLeavesTitleResultsAndLegendFree) {
       if (mark.kind != Mark::Kind::Line || mark.colour != kGrey) continue;
       ++arcs;
       for (const auto& [px, py] : {std::pair(mark.x1, mark.y1), std::pair(mark.x2, mark.y2)}) {
-        EXPECT_FALSE(py < 54 && (px < 235 || px > 540)) << px << " " << py;
+        EXPECT_FALSE(py < 54 && px < 235) << px << " " << py;
+        EXPECT_FALSE(py < 88 && px > 540) << px << " " << py;
+        EXPECT_LE(py, 580);
       }
     }
-    EXPECT_GT(arcs, 50);
+    EXPECT_GT(arcs, 40);
     EXPECT_LT(arcs, 72);
   }
 }
@@ -153,13 +155,13 @@ TEST_F(Graphs, MarksInThePlanGrowWithTheSizeOfTheError) {
   };
   EXPECT_EQ(width_at(310, 300, kRed), 28);           // 1 m
   EXPECT_EQ(width_at(310 + 5 * s, 300, kBlue), 56);  // 2 m below
-  EXPECT_EQ(width_at(310, 300 - 5 * s, kRed), 2);    // none
+  EXPECT_EQ(width_at(310, 300 - 5 * s, kRed), 2);    // no error
   EXPECT_TRUE(Says(2, "Z-RMSE: 1.29 m"));            // sqrt(5 / 3)
 }
 
-TEST_F(Graphs, EveryTreeAndClusterIsABrickOfItsClass) {
+TEST_F(Graphs, EveryTreeAndClusterIsASquareOfItsClass) {
   Show_Without_Error();
-  EXPECT_EQ(Points_Of(3, {25, 155, 25}), 3 + 1);  // and the legend's
+  EXPECT_EQ(Points_Of(3, {25, 155, 25}), 3 + 1);  // plus one in the legend
   EXPECT_EQ(Points_Of(3, kBlue), 1 + 1);
   EXPECT_EQ(Points_Of(3, kBlack), 2 + 1);
   EXPECT_TRUE(Says(3, "M, matched tree: 3"));
@@ -167,34 +169,35 @@ TEST_F(Graphs, EveryTreeAndClusterIsABrickOfItsClass) {
   EXPECT_TRUE(Says(3, "C, cluster without a tree: 2"));
 }
 
-// Cluster 4 stands 162 - 150.5 = 11.5 m above the raster model: column 11 to 12, its first brick.
-TEST_F(Graphs, ABrickStandsOverItsMetreOfHeight) {
+// Cluster 4 is 162 - 150.5 = 11.5 m above the raster model: column 11 to 12, the first square in
+// it.
+TEST_F(Graphs, ASquareLiesOverItsMetreOfHeight) {
   Show_Without_Error();
   EXPECT_EQ(Points_At(3, 20 + 11.5 * 20, 580 - 10, kBlack), 1);
 }
 
-TEST_F(Graphs, WithoutARasterModelClustersStandAboveThePlotCentre) {
+TEST_F(Graphs, WithoutARasterModelClusterHeightsAreAboveThePlotCentre) {
   w.RasterDemLoaded = false;
   Show_Without_Error();
   EXPECT_EQ(Points_At(3, 20 + 12.5 * 20, 580 - 10, kBlack), 1);  // 162 - 150
 }
 
-TEST_F(Graphs, BricksOfOneMetreStandUponEachOther) {
+TEST_F(Graphs, SquaresOfOneMetreAreStacked) {
   w.Evaluation.ReferenceTree[1].TreeHeight = 10.9;
   Show();
   EXPECT_EQ(Points_At(3, 20 + 10.5 * 20, 580 - 10, {25, 155, 25}), 1);
   EXPECT_EQ(Points_At(3, 20 + 10.5 * 20, 580 - 30, {25, 155, 25}), 1);
 }
 
-TEST_F(Graphs, HeightsOutsideTheAxisStandInItsFirstAndLastColumn) {
+TEST_F(Graphs, HeightsOutsideTheAxisFallIntoItsFirstAndLastColumn) {
   w.Evaluation.ReferenceTree[0].TreeHeight = -3;
   w.Evaluation.ReferenceTree[1].TreeHeight = 41;
   Show();
   EXPECT_EQ(Points_At(3, 20 + 0.5 * 20, 580 - 10, {25, 155, 25}), 1);
-  EXPECT_EQ(Points_At(3, 20 + 29.5 * 20, 580 - 30, {25, 155, 25}), 1);  // upon tree 3 of 30 m
+  EXPECT_EQ(Points_At(3, 20 + 29.5 * 20, 580 - 30, {25, 155, 25}), 1);  // on tree 3 of 30 m
 }
 
-TEST_F(Graphs, DemErrorsAreTheRasterLessTheCrewsGround) {
+TEST_F(Graphs, DemErrorsAreTheRasterMinusTheMeasuredGround) {
   Show_Without_Error();
   EXPECT_TRUE(Says(4, " RMSE: .50 Mean: .25"));  // 0.5, 0.5, 0.5, -0.5
   EXPECT_EQ(Points_Of(4, kRed), 4);
@@ -202,12 +205,12 @@ TEST_F(Graphs, DemErrorsAreTheRasterLessTheCrewsGround) {
 
 TEST_F(Graphs, ElevationsAreRedAboveTheMeasuredGroundAndBlueBelow) {
   Show_Without_Error();
-  EXPECT_EQ(Points_Of(5, kRed), 3 + 1);  // and the legend's
+  EXPECT_EQ(Points_Of(5, kRed), 3 + 1);  // plus one in the legend
   EXPECT_EQ(Points_Of(5, kBlue), 1 + 1);
   EXPECT_TRUE(Says(5, "150.0"));
 }
 
-TEST_F(Graphs, WithoutARasterModelItsHeightIsMinus99AndTheGraphSaysSo) {
+TEST_F(Graphs, WithoutARasterModelItsHeightIsMinus99AndTheGraphShowsIt) {
   w.RasterDemLoaded = false;
   Show_Without_Error();
   EXPECT_TRUE(Says(4, " RMSE: 249.25 Mean: -249.25"));  // three times -249 and -250

@@ -41,14 +41,14 @@ TEST_F(EvaluatedPlot, LoadingFillsTheTablesByClass) {
   EXPECT_TRUE(screen.messages.empty());
 }
 
-TEST_F(EvaluatedPlot, TheWindowTellsTreesClustersAndCounts) {
+TEST_F(EvaluatedPlot, TheWindowShowsTreesClustersAndCounts) {
   Load_Trees();
   EXPECT_EQ(Value("Form6.Label1"), "4 reference trees of c:\\data\\trees.bin");
   EXPECT_EQ(Value("Form6.Label2"),
             "5 clusters, matched nearest first within 1.5 m in plan:  M 3,  O 1,  C 2");
 }
 
-TEST_F(EvaluatedPlot, EntriesOutsideTheTablesAreRefused) {
+TEST_F(EvaluatedPlot, EntriesOutsideTheTablesAreRejected) {
   Load_Trees();
   EXPECT_THROW(Value("MatchIndex(0)"), RunTimeError);
   EXPECT_THROW(Value("MatchIndex(7)"), RunTimeError);
@@ -57,7 +57,7 @@ TEST_F(EvaluatedPlot, EntriesOutsideTheTablesAreRefused) {
 
 class BadTreeFile : public EvaluatedPlot {
  protected:
-  // One error, and everything as it was before.
+  // Expects one error and an unchanged state.
   void Expect_Refused(const std::string& reason) {
     ASSERT_EQ(screen.errors.size(), 1U);
     EXPECT_EQ(screen.errors[0], "Load_Reference_Trees: " + reason);
@@ -116,7 +116,7 @@ TEST_F(EvaluatedPlot, WithoutASearchAllTreesAreOmitted) {
   EXPECT_EQ(Value("CommissionCount"), "0");
 }
 
-TEST_F(EvaluatedPlot, LoadingErasesGraphsOfAnOlderMatching) {
+TEST_F(EvaluatedPlot, LoadingErasesGraphsOfAnEarlierMatching) {
   Load_Trees();
   Show();
   EXPECT_FALSE(Pane(0).marks.empty());
@@ -160,8 +160,8 @@ class ResultsLayout : public EvaluatedPlot {
   }
 };
 
-// By hand: (1280 - 12) / 3 - 20 = 402.7 is less than (1024 - 125) / 2; the grid of
-// 3 x 422 + 6 leaves 4 to either side.
+// By hand: (1280 - 12) / 3 - 20 = 402.7 is less than (1024 - 125) / 2; the grid of 3 x 422 + 6
+// leaves 4 on either side.
 TEST_F(ResultsLayout, ANarrowWindowGivesPanesOfAThirdOfItsWidth) {
   Resize(1280, 1024);
   Expect_Pane(0, 4, 96, 422, 402);
@@ -176,7 +176,7 @@ TEST_F(ResultsLayout, AWideWindowGivesPanesOfHalfItsHeightInTheMiddle) {
   Expect_Pane(5, 261 + 2 * 680, 96 + 660, 677, 657);
 }
 
-TEST_F(ResultsLayout, TheDesignIsTheLayoutOfItsOwnSize) {
+TEST_F(ResultsLayout, TheDesignMatchesTheLayoutOfItsOwnSize) {
   const Form6State before = w.Form6;
   Resize(before.ClientWidth, before.ClientHeight);
   for (int k = 0; k <= 5; ++k) {
@@ -187,7 +187,7 @@ TEST_F(ResultsLayout, TheDesignIsTheLayoutOfItsOwnSize) {
   EXPECT_EQ(w.Form6.Label1.Left, before.Label1.Left);
 }
 
-TEST_F(ResultsLayout, ANewSizeDrawsTheGraphsAnew) {
+TEST_F(ResultsLayout, ANewSizeRedrawsTheGraphs) {
   Load_Trees();
   Show();
   Resize(2560, 1440);
@@ -198,7 +198,7 @@ TEST_F(ResultsLayout, ANewSizeDrawsTheGraphsAnew) {
   EXPECT_TRUE(screen.errors.empty());
 }
 
-TEST_F(ResultsLayout, ANewSizeDrawsNothingThatWasNotAskedFor) {
+TEST_F(ResultsLayout, ANewSizeDrawsNothingThatWasNotShown) {
   Load_Trees();
   Resize(2560, 1440);
   EXPECT_TRUE(Pane(0).marks.empty());

@@ -32,7 +32,7 @@ struct PlottedDem : SyntheticBlock, testing::Test {
     w.SolutionValid = true;
   }
 
-  /// Cells of 10 m, 10 x 10 from (-50, -50): the west half 100 m high, the east half 180 m.
+  /// Cells of 10 m, 10 x 10 from (-50, -50): the western half 100 m high, the eastern half 180 m.
   void Load_Step() {
     Write_Level_Raster(folder, "dem", -50, -50, 10, 0);
     std::vector<float> cells;
@@ -74,15 +74,15 @@ TEST_F(PlottedDem, WithoutASolutionItDrawsNothing) {
 TEST_F(PlottedDem, MarksTheCellsOfTheModelInTheColoursOfTheirHeights) {
   Load_Step();
   Test_DEM(w);
-  // Steps of 5 m: X from -55 (of the tie -0.5 the even column is 0) to 40, of which those to -5
-  // (4.5 goes to 4) are low; Y above -60 to 40.
+  // Steps of 5 m: X from -55 (the tie -0.5 rounds to column 0) to 40, of which those up to -5 (4.5
+  // rounds to 4) are low; Y above -60 up to 40.
   std::set<std::pair<int, int>> places;
   int low = 0, high = 0;
   const std::vector<Mark>& marks = Marks(0);
   for (const Mark& mark : marks) {
     if (mark.kind != Mark::Kind::Point) continue;
     places.insert({static_cast<int>(mark.x1), static_cast<int>(mark.y1)});
-    // The lowest takes step 4 of the scale, row 1; the highest step 253, row 63.
+    // The lowest height gets index 4 of the scale, row 1; the highest index 253, row 63.
     low += mark.colour == Colour{1, 2, 3} ? 1 : 0;
     high += mark.colour == Colour{63, 126, 189} ? 1 : 0;
   }
@@ -91,7 +91,7 @@ TEST_F(PlottedDem, MarksTheCellsOfTheModelInTheColoursOfTheirHeights) {
   EXPECT_EQ(high, 9 * 20);
 }
 
-TEST_F(PlottedDem, TheLegendTellsTheRange) {
+TEST_F(PlottedDem, TheLegendShowsTheRange) {
   Load_Step();
   Test_DEM(w);
   const Picture& pane = w.Form1.Picture1(0);
@@ -115,7 +115,7 @@ TEST_F(PlottedDem, APlainOfOneHeightHasOneColour) {
   }
 }
 
-TEST_F(PlottedDem, HeightsBelowTenDoNotCount) {
+TEST_F(PlottedDem, HeightsBelowTenAreIgnored) {
   Write_Level_Raster(folder, "dem", -100, -100, 20, 9.9F);
   Load();
   Test_DEM(w);
@@ -125,7 +125,7 @@ TEST_F(PlottedDem, HeightsBelowTenDoNotCount) {
 TEST_F(PlottedDem, OnlyCellsInThePaneAreMarkedAndEachPixelOnce) {
   Write_Level_Raster(folder, "dem", -3000, -3000, 600, 50);
   Load();
-  w.ImageBlock(0).Z0 = 100000;  // a pixel is 10 m, the pane 20 km
+  w.ImageBlock(0).Z0 = 100000;  // a raw pixel is 10 m, the pane 20 km
   w.PaneWidth = w.PaneHeight = 100;
   w.PaneViews(0) = {0, 0, 2000, 2000, 0.05, 0.05};
   Test_DEM(w);
@@ -137,7 +137,7 @@ TEST_F(PlottedDem, OnlyCellsInThePaneAreMarkedAndEachPixelOnce) {
     EXPECT_TRUE(mark.x1 >= 0 && mark.x1 < 100 && mark.y1 >= 0 && mark.y1 < 100);
     pixels.insert({static_cast<int>(mark.x1), static_cast<int>(mark.y1)});
   }
-  EXPECT_GE(points, 20 * 20);  // 4 km at 200 m a pane pixel
+  EXPECT_GE(points, 20 * 20);  // 4 km at 200 m per pane pixel
   EXPECT_LE(points, 22 * 22);
   EXPECT_EQ(pixels.size(), static_cast<std::size_t>(points));
 }

@@ -129,7 +129,7 @@ TEST_F(Conversion, ABadTileFileEndsTheTerrainGrid) {
   EXPECT_FALSE(folder.Has("c/temp/tin_dem.raw"));
 }
 
-TEST_F(Conversion, RasterizingWritesBothGridsAndTellsTheCells) {
+TEST_F(Conversion, RasterizingWritesBothGridsAndReportsTheCells) {
   Load("dem", {}, Add_Tin);
   std::vector<std::string> progress;
   screen.on_service = [&] { progress.push_back(w.Form1.Label10.Caption); };
@@ -186,7 +186,7 @@ TEST_F(Conversion, ALoadBegunInTheMiddleEndsInAMessageAtWorst) {
   EXPECT_THROW(TIN2RASTER_Fast(w), RunTimeError);
 }
 
-TEST_F(Conversion, ALoadBegunWhileAGridIsFilledServesTheRest) {
+TEST_F(Conversion, ALoadBegunWhileAGridIsFilledIsUsedForTheRest) {
   Load("chm",
        {.west = 367990,
         .south = 6671490,

@@ -12,7 +12,7 @@
 namespace sylvomex {
 namespace {
 
-// 3 columns by 2 rows of 10 m cells; column 0 is centred on X 90, row 1 reaches from Y -10
+// 3 columns by 2 rows of 10 m cells; column 0 is centred on X 90, row 1 extends from Y -10
 // (exclusive) to 0.
 constexpr const char* kHeader = "3\n2\n90\n-10\n10\n-99\nc:\\data\\dem.bin\n";
 
@@ -97,7 +97,7 @@ TEST(AddHeightModel, ADismissedDialogIsTheSameFailure) {
   EXPECT_EQ(b.w.Form1.Label10.Caption, " DEM read unsuccesfully");
 }
 
-TEST(AddHeightModel, AShortCellFileLeavesTheLastRowZeroUnreported) {
+TEST(AddHeightModel, AShortCellFileLeavesTheLastRowZeroWithoutAMessage) {
   ModelFiles b;
   b.folder.Write("c/data/dem.bin", Cells({1, 2, 3}));
   b.screen.inputs = {"0"};
@@ -110,7 +110,7 @@ TEST(AddHeightModel, AShortCellFileLeavesTheLastRowZeroUnreported) {
 
 constexpr float kLeastFloat = -3.4e38F;
 
-TEST(AddHeightModel, CellsWithoutDataAreCountedAndTold) {
+TEST(AddHeightModel, CellsWithoutDataAreCountedAndReported) {
   ModelFiles b;
   b.folder.Write("c/data/dem.bin",
                  Cells({1, -9999, kLeastFloat, 4, std::numeric_limits<float>::quiet_NaN(), 6}));
@@ -120,7 +120,7 @@ TEST(AddHeightModel, CellsWithoutDataAreCountedAndTold) {
             std::vector<std::string>{"c:\\data\\dem.hdr: 3 of 6 cells hold no data (-9999, "
                                      "-3.4e38 or no number)"});
   EXPECT_EQ(b.w.Form1.Label10.Caption, " DEM read succesfully");
-  EXPECT_EQ(Get_Raster_Elevation(b.w, 100, -10), -9999);  // lookups give what the cell holds
+  EXPECT_EQ(Get_Raster_Elevation(b.w, 100, -10), -9999);  // lookups return what the cell holds
   b.screen.messages.clear();
   b.screen.files = {"c:\\data\\dem.hdr"};
   Add_Raster_CHM(b.w);
@@ -135,7 +135,7 @@ TEST(AddHeightModel, AModelWithDataEverywhereAndOneTooShortHaveNoMessage) {
   EXPECT_TRUE(b.screen.messages.empty());
 }
 
-TEST(GetElevation, ACellWithoutDataIsToldInsteadOfAGround) {
+TEST(GetElevation, ACellWithoutDataIsReportedInsteadOfAGroundHeight) {
   for (const float cell : {-9999.0F, kLeastFloat, std::numeric_limits<float>::quiet_NaN()}) {
     ModelFiles b;
     b.folder.Write("c/data/dem.bin", Cells({1, 2, 3, 4, cell, 6}));
@@ -198,7 +198,7 @@ TEST(GetElevation, ShowsGroundAndDifferenceInBoldTen) {
   EXPECT_TRUE(b.w.Form1.Label10.FontBold);
 }
 
-TEST(GetElevation, MarksTopAndGroundAndJoinsThem) {
+TEST(GetElevation, MarksTopAndGroundAndConnectsThem) {
   SolutionOverModel b;
   Get_elevation(b.w);
   const std::vector<Mark>& marks = b.Marks(0);

@@ -59,7 +59,7 @@ TEST_F(TinFiles, ASecondLoadReplacesTheTables) {
   EXPECT_EQ(w.TinDem.NodeCount, 4);
 }
 
-TEST_F(TinFiles, AFailedLoadLeavesTheModelAsItWas) {
+TEST_F(TinFiles, AFailedLoadLeavesTheModelUnchanged) {
   Add_Tin(w);
   folder.Write("c/data/empty.nod", "");
   folder.Write("c/data/text.nod", "1,2,3\n4,five,6\n");
@@ -89,7 +89,7 @@ TEST_F(TinFiles, ADismissedDialogChangesNothing) {
   EXPECT_NEAR(Terrain_At(1004, 7), 304, 1e-9);
 }
 
-TEST_F(TinFiles, ADegenerateTriangleStopsTheReadingAndTheOnesBeforeServe) {
+TEST_F(TinFiles, ADegenerateTriangleStopsTheReadingAndTheOnesBeforeAreUsed) {
   folder.Write("c/data/a.tri", "0,1,2\n2,2,3\n0,2,3\n");
   Add_Tin(w);
   EXPECT_EQ(screen.messages, std::vector<std::string>{"Cant divide with zero!"});
@@ -101,7 +101,7 @@ TEST_F(TinFiles, ADegenerateTriangleStopsTheReadingAndTheOnesBeforeServe) {
             " TIN: triangle 2 is degenerate, the reading stopped there; the 1 before it serve");
 }
 
-TEST_F(TinFiles, SmallCoordinatesWarnOnceATriangle) {
+TEST_F(TinFiles, SmallCoordinatesWarnOncePerTriangle) {
   Write_Tin(folder, "a", {.west = 0, .east = 10});
   Add_Tin(w);
   EXPECT_EQ(screen.messages, (std::vector<std::string>{"!", "!"}));
@@ -124,7 +124,7 @@ struct SolutionOverTin : TinFiles {
     w.SolutionValid = true;
   }
 
-  /// Marks of the raster's display command over a raster of the same height.
+  /// Marks of the raster's display command on a raster of the same height.
   std::vector<Mark> Raster_Marks() {
     Write_Level_Raster(folder, "dem", 900, -100, 40, 304);
     screen.files = {"c:\\data\\dem.hdr"};
@@ -179,8 +179,8 @@ TEST_F(SolutionOverTin, TheCanopyCommandShowsItsHeight) {
 }
 
 TEST_F(SolutionOverTin, TheCanopySurfaceIsALatticeOfBlocksAndLines) {
-  // The canopy covers X up to 1004 only: of the 21 columns from 954 to 1054 the 11 to 1004.
-  // Its south edge lies at Y -93 (outside), so that of the rows from -43 to 57 all are covered.
+  // The canopy ends at X 1004: of the 21 columns from 954 to 1054 the 11 up to 1004 are covered.
+  // Its southern edge lies at Y -93 (outside), so all rows from -43 to 57 are covered.
   Write_Tin(folder, "canopy",
             {.west = 900, .south = -93, .east = 1004, .north = 100, .ground = 320, .slope = 0});
   screen.files = {"c:\\data\\canopy.nod", "c:\\data\\canopy.tri"};

@@ -45,7 +45,7 @@ TEST_F(PointsOverTin, WithoutItsFileTheCommandFails) {
   EXPECT_THROW(Get_TIN_for_Points(w), RunTimeError);
 }
 
-TEST_F(PointsOverTin, ResidualsListBothModelsAndLeaveOutPointsOffTheTriangles) {
+TEST_F(PointsOverTin, ResidualsListBothModelsAndSkipPointsOutsideTheTriangles) {
   Write_Level_Raster(folder, "dem", 900, -100, 40, 305.25F);
   screen.files = {"c:\\data\\dem.hdr"};
   screen.inputs = {"0"};
@@ -68,7 +68,7 @@ TEST_F(PointsOverTin, WithoutARasterItsResidualIsMinus99) {
   EXPECT_EQ(folder.Read("c/data/dem_tin_res.txt"), "1002.00,1.00,300.00,-99.00,302.00\n");
 }
 
-TEST_F(PointsOverTin, APointFileInErrorLeavesTheOldResults) {
+TEST_F(PointsOverTin, AnInvalidPointFileLeavesTheOldResults) {
   folder.Write("c/data/points.txt", "1002,1,300\n1003,x,300\n");
   folder.Write("c/data/dem_tin_res.txt", "old\n");
   screen.files = {"c:\\data\\points.txt"};

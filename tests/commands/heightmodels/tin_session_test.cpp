@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The triangulated models by script, from their files to lookups, marks and rasters.
+// Triangulated models in scripted sessions, from their files to lookups, marks and rasters.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -23,7 +23,7 @@ struct TinSite : testing::Test {
 
 constexpr const char* kLoad = "file c:\\data\\a.nod\nfile c:\\data\\a.tri\nmenu Add_Tin\n";
 
-TEST_F(TinSite, ALoadedModelShowsInTheBlock) {
+TEST_F(TinSite, ALoadedModelIsVisibleInTheBlock) {
   const PlayedSession played =
       Play(std::string("print TinDemLoaded\n") + kLoad +
            "expect Label10 \" TIN - DTM read succesfully\"\nprint TinDemLoaded\n"
@@ -42,9 +42,9 @@ TEST_F(TinSite, ALoadedModelShowsInTheBlock) {
             "TinDem.TileMaxY = 100\nTinChm.TriangleCount = 0\n");
 }
 
-TEST_F(TinSite, CallsGiveTheHeightAndTheHintAsLeft) {
-  // Powers of two, so that the plane has no rounding: Z = 256 + 32 (X - 1000). Both triangles
-  // start at X 1000; the sort of two equal keys leaves them as 2, 1.
+TEST_F(TinSite, CallsGiveTheHeightAndTheUpdatedHint) {
+  // Powers of two, so that the plane is exact: Z = 256 + 32 (X - 1000). Both triangles start at X
+  // 1000; the heapsort leaves the two equal keys as 2, 1.
   Write_Tin(site.Folder(), "a", {.east = 1008, .north = 8, .ground = 256, .slope = 32});
   const PlayedSession played =
       Play(std::string(kLoad) +
@@ -67,7 +67,7 @@ TEST_F(TinSite, CallsGiveTheHeightAndTheHintAsLeft) {
             "error Get_Tin_Elevation_Tiled \"Subscript out of range: -1 is not in 1 to 2\"\n");
 }
 
-TEST_F(TinSite, AFileInErrorIsOneMessageAndTheOldModelServes) {
+TEST_F(TinSite, AnInvalidFileIsOneMessageAndTheOldModelStaysInUse) {
   site.Folder().Write("c/data/b.nod", "1000,0,1\n1010,0,1\n1000,10,1\n");
   site.Folder().Write("c/data/b.tri", "0,1,2\n0,1,3\n");
   const PlayedSession played =
@@ -90,7 +90,7 @@ TEST_F(TinSite, TheHeightIsDrawnInThePanes) {
            "menu Get_TIN_DTM_Opt\nexpect Label10 \"Ground: 300.00 m Difference: .20 m\"\n"
            "say marks\nmarks Picture1(0)\n");
   EXPECT_EQ(played.status, 0) << played.reason << played.transcript;
-  // Two blocks of 25, a line, two segments with their heights.
+  // Two blocks of 25 points, a line, two segments with their heights.
   const std::string marks = played.transcript.substr(played.transcript.find("say marks"));
   EXPECT_EQ(std::count(marks.begin(), marks.end(), '\n'), 1 + 25 + 25 + 1 + 2 * 2);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Files of small triangulated models on the drives of a folder.
+// Files of small triangulated models on the drives under a folder.
 #pragma once
 
 #include <sstream>
@@ -34,7 +34,7 @@ inline void Write_Tin(const TemporaryFolder& folder, const std::string& name,
   folder.Write("c/data/" + name + ".tri", "0,1,2\n0,2,3\n");
 }
 
-/// A raster model of one height: "c:\data\<name>.hdr" and its cells of 10 m.
+/// A raster model with one height: "c:\data\<name>.hdr" and its cells of 10 m.
 inline void Write_Level_Raster(const TemporaryFolder& folder, const std::string& name,
                                double origin_X, double origin_Y, int lines, float height) {
   std::ostringstream header;

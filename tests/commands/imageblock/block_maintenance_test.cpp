@@ -45,7 +45,7 @@ struct ThreeImages : testing::Test {
     return Play_Script(site.Folder(), all + "say removal\n" + script);
   }
 
-  // What the transcript says after the images were added.
+  // The transcript after the images were added.
   static std::string After(const PlayedSession& played) {
     const std::string mark = "say removal\n";
     return played.transcript.substr(played.transcript.find(mark) + mark.size());
@@ -71,8 +71,8 @@ TEST_F(ThreeImages, RemovingTheFirstShiftsTheOthersDownWithTheirZoom) {
       "expect Picture1(1).Visible -1\nexpect Picture1(2).Visible 0\nexpect Text1(4).Visible 0\n"
       "expect Check1(0).Caption \"Use: 2\"\n");
   EXPECT_EQ(played.status, 0) << played.reason;
-  // Two panes are 600 pixels wide: 1200 raw pixels at half size do not fit the raw file, whose
-  // view stays where it was.
+  // Two panes are 600 pixels wide: 1200 raw pixels at half size exceed the raw file, so the view
+  // keeps its position.
   const std::string after = played.transcript.substr(played.transcript.find("say now\n") + 8);
   EXPECT_EQ(after.substr(0, Asked(2, "\"0\"").size()), Asked(2, "\"0\""));
   EXPECT_NE(after.find(" 600 600 0.5 0.5\n"), std::string::npos) << after;
@@ -97,7 +97,7 @@ TEST_F(ThreeImages, TheMovedCamerasProjectAsBefore) {
   EXPECT_EQ(results(before), results(after));
 }
 
-TEST_F(ThreeImages, TheLastLeavesWithoutMovingTheOthers) {
+TEST_F(ThreeImages, RemovingTheLastDoesNotMoveTheOthers) {
   const PlayedSession played = Play(
       "input 2\nmenu Remove_an_image\nexpect ImageCount 2\nexpect ImageBlock(1).ImageId 2\n"
       "print Label10\n");
@@ -116,7 +116,7 @@ TEST_F(ThreeImages, TheOnlyImageIsTheLastAndTheSolutionStays) {
   EXPECT_EQ(played.status, 0) << played.reason << played.transcript;
 }
 
-TEST_F(ThreeImages, AnswerOf100RemovesAllAndDropsTheSolution) {
+TEST_F(ThreeImages, AnswerOf100RemovesAllAndInvalidatesTheSolution) {
   const PlayedSession played =
       Play(std::string(kSetSolution) +
            "input 100\nmenu Remove_an_image\nexpect ImageCount 0\nexpect SolutionValid 0\n"
@@ -187,7 +187,7 @@ TEST_F(ThreeImages, RemovingAllWhileAnImageIsAddedLeavesAnEmptyBlock) {
   }
 }
 
-TEST_F(ThreeImages, AnImageIsAddedToThoseThatARemovalMeanwhileLeaves) {
+TEST_F(ThreeImages, AnImageIsAddedAfterThoseThatARemovalMeanwhileLeaves) {
   for (const int serviced : {1, 2}) {
     const PlayedSession played =
         Play(Add_Third_During(serviced, "0") +
@@ -209,7 +209,7 @@ TEST_F(ThreeImages, RemovingTheImageThatIsBeingAddedLeavesTheOthers) {
   EXPECT_EQ(played.status, 0) << played.reason << played.transcript;
 }
 
-TEST_F(ThreeImages, AFailedAdditionKeepsTheRemovalThatWasPlayedInIt) {
+TEST_F(ThreeImages, AFailedAdditionKeepsARemovalThatRanDuringIt) {
   site.Folder().Write("c/data/im3.hdr", "3\n");
   const PlayedSession played = Play(Add_Third_During(1, "0") +
                                         "expect ImageCount 1\nexpect ImageBlock(0).ImageId 2\n"
@@ -245,7 +245,7 @@ struct FieldTexts {
   }
 };
 
-// Fills every field with a value of the image's own.
+// Fills every field with a value specific to the image.
 struct FieldFiller {
   int number;
 
@@ -291,7 +291,7 @@ struct FilledBlock : testing::Test, SyntheticBlock {
   }
 };
 
-TEST_F(FilledBlock, EveryFieldMovesButCommentRelatedRastersAndKind) {
+TEST_F(FilledBlock, EveryFieldMovesExceptCommentRelatedRastersAndKind) {
   Fill(3);
   const std::set<std::string> stay = {"ImageComment", "BandCount", "BandFile",
                                       "BandType",     "BandWidth", "BandHeight"};
@@ -312,7 +312,7 @@ TEST_F(FilledBlock, EveryFieldMovesButCommentRelatedRastersAndKind) {
   EXPECT_EQ(w.RotationTable(1).m31, std::sin(w.ImageBlock(1).Phi));
 }
 
-TEST_F(FilledBlock, ATenthImageLeavesAsTheLastOne) {
+TEST_F(FilledBlock, ATenthImageIsRemovedAsTheLastOne) {
   Fill(10);
   screen.inputs.emplace_back("9");
   Remove_an_image(w);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The image searches and the loading of their hits, by script.
+// The image searches and the loading of their results, by script.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -32,15 +32,15 @@ struct Search : testing::Test {
   [[nodiscard]] bool Has(const std::string& name) const { return site.Folder().Has(name); }
 };
 
-// Aerial cameras 1000 m up: 1 sees X = 50 at film 0.01, 2 lies 10 km off, 3 is a narrow frame
-// that just misses, 4 has the constant 0.2 and its wide limits.
+// Aerial cameras at 1000 m: 1 sees X = 50 at film 0.01, 2 is 10 km away, 3 has a narrow frame that
+// just misses the point, 4 has the constant 0.2 and its wide limits.
 const char* const kAerialTable =
     "1,-,0.2045,0,0,0,0,0,1000,s 1,c:\\data\\im 1.hdr,photo\n"
     "2,-,0.2045,0,0,0,10000,0,1000,s 2,c:\\data\\im2.hdr,photo\n"
     "3,-,0.105,0,0,0,-450,0,1000,s 3,c:\\data\\im3.hdr,photo\n"
     "4,-,0.2,0,0,0,-450,0,1000,s 4,c:\\data\\im4.hdr,photo\n";
 
-TEST_F(Search, AerialHitsLeaveOneFileEach) {
+TEST_F(Search, AerialHitsWriteOneFileEach) {
   site.Folder().Write("c/data/cam_data_j.csv", kAerialTable);
   site.Folder().Write("c/data/Imafiles/OLD.TXT", "old");
   site.Folder().Write("c/data/Imafiles/keep.hdr", "x");
@@ -56,10 +56,10 @@ TEST_F(Search, AerialHitsLeaveOneFileEach) {
   EXPECT_FALSE(Has("c/data/Imafiles/photo_s 3.txt"));
   EXPECT_FALSE(Has("c/data/Imafiles/OLD.TXT"));
   EXPECT_TRUE(Has("c/data/Imafiles/keep.hdr"));
-  EXPECT_FALSE(Has("c/data/ImaFiles"));  // the folder that was there serves both spellings
+  EXPECT_FALSE(Has("c/data/ImaFiles"));  // the existing folder is found for both spellings
 }
 
-TEST_F(Search, AerialSearchLeavesTheSolutionFlagAlone) {
+TEST_F(Search, AerialSearchLeavesTheSolutionFlagUnchanged) {
   site.Folder().Write("c/data/cam_data_j.csv", "1,-,0.2,0,0,0,0,0,1000,a,b.hdr,c\n");
   site.Folder().Make_Folder("c/data/ImaFiles");
   const PlayedSession played = Play("menu Find_Images_With_XYZ_Sol\nexpect SolutionValid 0\n");
@@ -133,7 +133,7 @@ TEST_F(Search, AHitIsAddedCentredAndPutOnTheClipboard) {
   EXPECT_NE(played.transcript.find(" 944 944 1 1\n"), std::string::npos);
 }
 
-TEST_F(Search, FindAndAddGoHandInHand) {
+TEST_F(Search, FindAndAddWorkTogether) {
   SmallImage image;
   image.c = 0.105;
   site.Write_Image("im", image);
@@ -187,7 +187,7 @@ TEST_F(Search, AHitOnAFullBlockHasTheLimitsOfAddingAnImage) {
             std::string::npos);
 }
 
-// Terrestrial cameras of c = 0.007 that look straight down from 10 m: film x = 0.0007 X.
+// Terrestrial cameras with c = 0.007 looking straight down from 10 m: film x = 0.0007 X.
 struct TerrestrialSearch : Search {
   TerrestrialSearch() {
     site.Folder().Make_Folder("c/data/G6/Imafiles");
@@ -202,7 +202,7 @@ struct TerrestrialSearch : Search {
     }
   }
 
-  // The table of the cameras 1 to 3; 2 has another constant, so that it is not looked at.
+  // The table of cameras 1 to 3; camera 2 has another constant and is not tested.
   void Write_Table() const {
     site.Folder().Write("c/data/cam_data_G6_j.csv",
                         "1,-,0.007,0,0,0,1,0,10,a,c:\\data\\t1.hdr,g\n"
@@ -226,9 +226,9 @@ TEST_F(TerrestrialSearch, LoadsTheImagesThatShowTheWholeRing) {
   EXPECT_FALSE(Has("c/data/G6/Imafiles/old.txt"));
 }
 
-TEST_F(TerrestrialSearch, AnImageThatCutsTheRingIsNoHit) {
+TEST_F(TerrestrialSearch, AnImageThatCutsTheRingIsNotAHit) {
   Write_Table();
-  // 3.85 m reach: camera 1 sees X up to 4.85, its ring up to 4.75.
+  // A reach of 3.85 m: camera 1 sees X up to 4.85, and the ring up to 4.75.
   const PlayedSession played = Play(Set_Solution(4.8, 0, 0) +
                                     "menu Find_And_Read_Terr_Images_in_Which\n"
                                     "expect ImageCount 1\nexpect ImageBlock(0).ImageId 3\n");
@@ -244,7 +244,7 @@ std::vector<std::string> Lines_Starting(const std::string& text, const std::stri
   return lines;
 }
 
-TEST_F(TerrestrialSearch, DrawsTheClosedRingAndAPlumbLineOnEveryImage) {
+TEST_F(TerrestrialSearch, DrawsTheClosedRingAndAVerticalLineOnEveryImage) {
   Write_Table();
   const PlayedSession played = Play(Set_Solution(2, 0, 0.05) +
                                     "menu Find_And_Read_Terr_Images_in_Which\n"
@@ -267,9 +267,9 @@ TEST_F(TerrestrialSearch, DrawsTheClosedRingAndAPlumbLineOnEveryImage) {
     EXPECT_EQ(ring[i][2], ring[(i + 1) % 21][0]);  // closed
     EXPECT_EQ(ring[i][3], ring[(i + 1) % 21][1]);
   }
-  // The second image stands at X0 = 3: the first ring point (1.905, 0, 0.05) has film
-  // x = 0.007 x -1.095 / 9.95 and column 500 + 150000 x; the plumb line starts at X = 2 and ends
-  // at the missing model's -99, where x = -0.007 / 109.
+  // The second image is at X0 = 3: the first ring point (1.905, 0, 0.05) has film
+  // x = 0.007 x -1.095 / 9.95 and column 500 + 150000 x; the vertical line starts at X = 2 and ends
+  // at the -99 of the missing model, where x = -0.007 / 109.
   std::istringstream view(Lines_Starting(played.transcript, "PaneViews(1) = ").at(0).substr(15));
   double view_col = 0;
   view >> view_col;

@@ -60,7 +60,7 @@ TEST(AddImage, WritesTheScratchBitmapByteByByte) {
   EXPECT_EQ(byte(pixel + 2), 39);
 }
 
-TEST(AddImage, PanCentreFollowsImageZeroWithoutASolutionOnly) {
+TEST(AddImage, PanCentreFollowsImageZeroOnlyWithoutASolution) {
   SmallSite site;
   SmallImage second;
   second.X0 = 77;
@@ -174,8 +174,8 @@ const char* const kBlockOfOneImage =
     "expect Picture1(1).Visible 0\nexpect ImageBlock(1).ImageId 0\n"
     "expect ImageBlock(1).SubWidth 0\nexpect PaneViews(1) \"0 0 0 0 0 0\"\n";
 
-// What a bad file gets, with and without a solution and by both dialogs: one message with its
-// cause, and the block as it was.
+// Effect of an invalid file, with and without a solution and through both dialogs: one message with
+// its cause, and an unchanged block.
 void Expect_Refused(const SmallSite& site, const std::string& message,
                     const std::string& warnings = "") {
   site.Folder().Write("c/data/ImaFiles/hit.txt", "1,c:\\data\\bad.hdr,1,2,3\n");
@@ -221,12 +221,12 @@ TEST_F(BadHeader, Empty) {
   Expect_Refused(site_, "Input past end of file: c:\\data\\bad.hdr, line 1, item 1");
 }
 
-TEST_F(BadHeader, CutShort) {
+TEST_F(BadHeader, Truncated) {
   Write("7\n100\n");
   Expect_Refused(site_, "Input past end of file: c:\\data\\bad.hdr, line 3, item 3");
 }
 
-TEST_F(BadHeader, TextForANumber) {
+TEST_F(BadHeader, TextInPlaceOfANumber) {
   Write("7\n100 wide\n");
   Expect_Refused(site_,
                  "Type mismatch: c:\\data\\bad.hdr, line 2, item 3: \"\"wide\"\" is not a "
@@ -245,7 +245,7 @@ TEST_F(BadHeader, MissingRawFile) {
   Expect_Refused(site_, "File not found: c:\\data\\none.raw");
 }
 
-TEST_F(BadHeader, RawFileShorterThanTheHeaderSays) {
+TEST_F(BadHeader, RawFileShorterThanTheHeaderStates) {
   SmallImage image;
   image.height = 2000;
   Write(SmallSite::Header_Text(image, "c:\\data\\good.raw"));
@@ -265,8 +265,8 @@ std::string Size_Warning(const std::string& side, const std::string& value) {
          " in set file?\" title=\"\" buttons=ok -> ok\n";
 }
 
-// An image that the validation warns of, by both dialogs, with and without a solution, behind a
-// sound one: it stays, and every later command ends in a message at most.
+// An image with a validation warning, through both dialogs, with and without a solution, after a
+// valid one: it stays, and every later command gives at most a message.
 void Expect_Kept(const SmallSite& site, const std::string& told) {
   site.Folder().Write("c/data/ImaFiles/hit.txt", "1,c:\\data\\bad.hdr,1,2,3\n");
   const std::string later =
@@ -314,7 +314,7 @@ TEST_F(BadHeader, NegativeSidesWarnAndStayWithoutAPicture) {
               Size_Warning("width", "-1000") + Size_Warning("height", "-1000") + kPanTooLarge);
 }
 
-TEST_F(BadHeader, AThousandMillionColumnsWarnAndStay) {
+TEST_F(BadHeader, ABillionColumnsWarnAndStay) {
   SmallImage image;
   image.width = 1000000000;
   Write(SmallSite::Header_Text(image, "c:\\data\\good.raw"));
@@ -330,7 +330,7 @@ TEST_F(BadHeader, AnUnknownColourWithoutARawFileWarnsAndStays) {
               "(color) or 0 (grayscale)?\" title=\"\" buttons=ok -> ok\n");
 }
 
-TEST_F(BadHeader, AnImageWithoutPixelsIsFinishedWithoutASolution) {
+TEST_F(BadHeader, AnImageWithoutPixelsIsCompletedWithoutASolution) {
   SmallImage image;
   image.width = -3;
   image.X0 = 100;
@@ -343,7 +343,7 @@ TEST_F(BadHeader, AnImageWithoutPixelsIsFinishedWithoutASolution) {
   EXPECT_FALSE(site_.Folder().Has("c/data/pic0.bmp"));
 }
 
-TEST_F(BadHeader, AnImageWithoutPixelsLeavesThePanesBehindItTheirPictures) {
+TEST_F(BadHeader, AnImageWithoutPixelsLeavesThePicturesOfLaterPanes) {
   SmallImage image;
   image.width = -3;
   Write(SmallSite::Header_Text(image, "c:\\data\\none.raw"));
@@ -363,7 +363,7 @@ TEST(AddImage, ADismissedDialogEndsQuietly) {
   EXPECT_EQ(played.transcript, std::string(kDialogLine) + "cancel\n");
 }
 
-TEST(AddImage, AHeaderChosenWithoutItsEndingOrByItsNativePathHasADriveName) {
+TEST(AddImage, AHeaderChosenWithoutItsExtensionOrByItsNativePathGetsADriveName) {
   SmallSite site;
   site.Write_Image("a", {});
   PlayedSession played = Play_Script(site.Folder(), Add("c:\\data\\a") + "expect ImageCount 1\n");
@@ -392,7 +392,7 @@ TEST(Gamma, AppliesAtTheNextRenderAndNoGammaAfterUnchecking) {
     return static_cast<unsigned char>(
         site.Folder().Read("c/data/pic0.bmp")[54 + 3 * (20 * 944 + 10) + 1]);
   };
-  EXPECT_EQ(green_of_49(add + "menu Gamma_5\n"), 49);  // changes no picture
+  EXPECT_EQ(green_of_49(add + "menu Gamma_5\n"), 49);  // does not change the picture yet
   // 49^2 x 255 / 255^2 = 9.42.
   EXPECT_EQ(green_of_49(add + "menu Gamma_5\nmenu Center_To_Sub_c_click\n"), 9);
   EXPECT_EQ(green_of_49(add + "menu Gamma_5\nmenu Gamma_5\nmenu Center_To_Sub_c_click\n"), 49);

@@ -72,7 +72,7 @@ TEST_F(Als2004, WithoutAGroundModelItAsksForOne) {
   EXPECT_FALSE(folder.Has("c/data/2004_lidar.txt"));
 }
 
-TEST_F(Als2004, AMissingTileIsLeftBehindEmpty) {
+TEST_F(Als2004, AMissingTileIsCreatedEmpty) {
   plot_als_bin_file(w);
   EXPECT_EQ(folder.Read("c/als2004/024_020.bin"), "");
   EXPECT_TRUE(screen.messages.empty());
@@ -93,7 +93,7 @@ TEST_F(Als2004, AnyFailureIsOneMessage) {
   EXPECT_EQ(screen.messages, message);
 }
 
-TEST_F(Als2004, RovikDrawsHighPointsInABoxByWholeMetres) {
+TEST_F(Als2004, RovikDrawsHighPointsInABoxByIntegerMetres) {
   // Heights: 12.5 -> 12 (even): (12 - 10) x 17 = 34 -> 8.5 -> row 8; 10 is not above 10;
   // 30 -> 24.98: 254.66 -> 255 -> 253 -> row 63; 17.6 -> 18: 136 -> row 34.
   Write_Points({{1, kX, kY, 112.5F},
@@ -114,7 +114,7 @@ TEST_F(Als2004, RovikDrawsHighPointsInABoxByWholeMetres) {
   EXPECT_FALSE(folder.Has("c/data/2004_lidar.txt"));
 }
 
-TEST_F(Als2004, RovikHeightsBeyondSixteenBitsAreAFailureAfterWhatCameBefore) {
+TEST_F(Als2004, RovikHeightsBeyondSixteenBitsAreAFailureAfterEarlierPoints) {
   Write_Points({{1, kX, kY, 130}, {1, kX, kY, 1e6F}, {1, kX, kY, 130}});
   Plot_Lidar_Of_Site(w, kSiteRovik);
   EXPECT_EQ(screen.messages, std::vector<std::string>{"An error has occurred!"});

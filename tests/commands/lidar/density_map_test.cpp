@@ -32,7 +32,7 @@ TEST_F(DensityMap, TheFirstTileIsPixelOneOneAndTheLastPixel100By150) {
   Write_Count("2006", "001_000.bin", 100'000);
   Write_Count("2006", "000_001.bin", 100'000);
   Write_Count("2006", "099_149.bin", 100'000);
-  Write_Count("2006", "100_000.bin", 100'000);  // beside the map
+  Write_Count("2006", "100_000.bin", 100'000);  // outside the map
   Make_Lidar_Intensity_Map(w);
   const Colour half = Of_Row(32);  // 10 of 20: 127.5 -> 128
   EXPECT_EQ(Pixel(1, 1), half);
@@ -43,11 +43,11 @@ TEST_F(DensityMap, TheFirstTileIsPixelOneOneAndTheLastPixel100By150) {
   EXPECT_EQ(Pixel(2, 2), Colour{});  // no tile: black
 }
 
-TEST_F(DensityMap, AddsBothCampaignsAndKeepsACountThatIsNotReplaced) {
+TEST_F(DensityMap, AddsBothCampaignsAndKeepsThePreviousCountWithoutATile) {
   Write_Count("2006", "000_000.bin", 40'000);
   Write_Count("2007", "000_000.bin", 60'000);
-  Write_Count("2007", "000_001.bin", 10'000);  // and 40,000 left of 2006
-  Write_Count("2006", "001_000.bin", 90'000);  // and 10,000 left of 2007
+  Write_Count("2007", "000_001.bin", 10'000);  // plus 40,000 remaining from 2006
+  Write_Count("2006", "001_000.bin", 90'000);  // plus 10,000 remaining from 2007
   Make_Lidar_Intensity_Map(w);
   EXPECT_EQ(Pixel(1, 1), Of_Row(32));  // 10
   EXPECT_EQ(Pixel(1, 2), Of_Row(16));  // 5: 63.75 -> 64
@@ -66,7 +66,7 @@ TEST_F(DensityMap, DensitiesBeyondTheScaleHaveItsEndColours) {
   EXPECT_EQ(Pixel(1, 4), Of_Row(1));
 }
 
-TEST_F(DensityMap, ShowsTheNamesFoundAndServicesTheEventsForEveryTile) {
+TEST_F(DensityMap, ShowsTheNamesFoundAndServicesEventsForEveryTile) {
   std::vector<std::string> labels;
   screen.on_service = [&] { labels.push_back(w.Form1.Label10.Caption); };
   Write_Count("2006", "000_000.bin", 1);
@@ -85,7 +85,7 @@ TEST_F(DensityMap, AMissingHeaderIsNamed) {
             "File not found: c:\\data\\als2007_path.hdr");
 }
 
-TEST_F(DensityMap, LeavesThePulseTableAlone) {
+TEST_F(DensityMap, LeavesThePulseTableUnchanged) {
   Write_Count("2006", "000_000.bin", 1);
   Make_Lidar_Intensity_Map(w);
   EXPECT_EQ(w.LidarPulses.Count(), 0);

@@ -9,8 +9,8 @@
 namespace sylvomex {
 namespace {
 
-// Records that a reader with a stride of 25 bytes finds. Only the fields of the last echo are
-// laid down: of record i (from 1) at 4 + 25 (i - 1) they take the bytes 72 to 91, the first 20
+// Records as found by a reader with a stride of 25 bytes. Only the fields of the last echo are
+// written: for record i (from 1) at 4 + 25 (i - 1) they occupy bytes 72 to 91, the first 20
 // of a slot of 25 bytes, so that neighbours do not overlap.
 std::string Dense_Tile(const std::vector<Test2004Record>& records) {
   std::string bytes = Announced_Bytes(static_cast<std::int32_t>(records.size()), 72);
@@ -82,9 +82,9 @@ TEST_F(EchoRasters, ACellWithoutATileGets160) {
   EXPECT_FALSE(folder.Has("d/data/laser/001_002.bin"));
 }
 
-TEST_F(EchoRasters, EachCellReadsTheTileOfItsCentreAlone) {
-  // Cells of 4 m around 2514200, where two tiles meet: an echo of the western tile that lies
-  // in the eastern cell's square is not seen from there.
+TEST_F(EchoRasters, EachCellReadsOnlyTheTileOfItsCentre) {
+  // Cells of 4 m around 2514200, where two tiles meet: an echo of the western tile inside the
+  // eastern cell's square does not count for that cell.
   Write_Dense("001_002.bin", {Last(2514199, 6855298, 150), Last(2514201, 6855298, 900)});
   Write_Dense("002_002.bin", {Last(2514203, 6855298, 120)});
   Answer({"2514196", "6855300", "8", "8", "4"});
@@ -93,11 +93,11 @@ TEST_F(EchoRasters, EachCellReadsTheTileOfItsCentreAlone) {
 }
 
 TEST_F(EchoRasters, ReadsRecordsEvery25BytesOfAFileOfFullRecords) {
-  // Of records of 100 bytes only the first of every four places holds whole fields.
+  // With records of 100 bytes only the first of every four strides holds whole fields.
   std::vector<Test2004Record> records(5, Last(2514110.5, 6855219.5, 150));
   records[0].last_Z = 140;  // read as record 1
   records[1].last_Z = 146;  // read as record 5
-  records[2].last_Z = 9;    // place 9 is behind the count of 5
+  records[2].last_Z = 9;    // stride 9 is beyond the count of 5
   folder.Write("d/data/laser/001_002.bin", Counted_Bytes(records));
   Answer({"2514110", "6855220", "1", "1", "1"});
   Create_CHM_from_ALS(w);
@@ -105,7 +105,7 @@ TEST_F(EchoRasters, ReadsRecordsEvery25BytesOfAFileOfFullRecords) {
   EXPECT_EQ(Cells("DEM.bin"), std::vector<float>{140});
 }
 
-TEST_F(EchoRasters, TellsEachColumnAndServicesTheEvents) {
+TEST_F(EchoRasters, ReportsEachColumnAndServicesEvents) {
   std::vector<std::string> labels;
   screen.on_service = [&] { labels.push_back(w.Form1.Label2.Caption); };
   Answer({"2514110", "6855220", "3", "2", "1"});
@@ -113,7 +113,7 @@ TEST_F(EchoRasters, TellsEachColumnAndServicesTheEvents) {
   EXPECT_EQ(labels, (std::vector<std::string>{"1 rows", "2 rows", "3 rows"}));
 }
 
-TEST_F(EchoRasters, IndicesInTheNameAreNotCut) {
+TEST_F(EchoRasters, IndicesInTheNameAreNotTruncated) {
   // 1234 columns of tiles east of the origin, 5 tiles west of it.
   Write_Dense("1234_-005.bin", {Last(2514000 + 123450.5, 6855000 - 450.5, 131)});
   Answer({"2637450", "6854550", "1", "1", "1"});
@@ -121,7 +121,7 @@ TEST_F(EchoRasters, IndicesInTheNameAreNotCut) {
   EXPECT_EQ(Cells("CHM.bin"), std::vector<float>{131});
 }
 
-TEST_F(EchoRasters, AnswersThatAreNoGridEndIt) {
+TEST_F(EchoRasters, AnswersWithoutAGridEndIt) {
   const auto failure = [&](const std::vector<std::string>& answers) {
     screen.inputs.clear();
     Answer(answers);
@@ -134,7 +134,7 @@ TEST_F(EchoRasters, AnswersThatAreNoGridEndIt) {
   EXPECT_FALSE(folder.Has("d/data/laser/CHM.bin"));
 }
 
-TEST_F(EchoRasters, AWrongTileIsNamed) {
+TEST_F(EchoRasters, AnInvalidTileIsNamed) {
   folder.Write("d/data/laser/001_002.bin", Announced_Bytes(9, 200));
   Answer({"2514110", "6855220", "1", "1", "1"});
   EXPECT_EQ(Failure_Of([&] { Create_CHM_from_ALS(w); }),

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// A block of two made-up cameras with the drives that the lidar commands use. The ground model
-// is flat at 100 m over 2516400 to 2516500 east, 6857000 to 6857100 north, which is tile
-// 064_070 of 2006 and 2007 and tile 024_020 of 2004; the solution lies in its middle.
+// A block with two invented cameras and the drives that the lidar commands use. The ground model is
+// flat at 100 m over 2516400 to 2516500 east, 6857000 to 6857100 north, which is tile 064_070 of
+// 2006 and 2007 and tile 024_020 of 2004; the solution lies in its middle.
 #pragma once
 
 #include <string>
@@ -45,7 +45,7 @@ struct LidarBlock : SyntheticBlock {
     folder.Write("c/als" + year + "/064_070.bin", Counted_Bytes(pulses));
   }
 
-  /// The colour of a row of Test_Colour_Map.
+  /// The colour in a row of Test_Colour_Map.
   static Colour Of_Row(int row) {
     return {static_cast<std::uint8_t>(row), static_cast<std::uint8_t>(100 + row),
             static_cast<std::uint8_t>(200 - row)};

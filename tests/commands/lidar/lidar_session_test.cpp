@@ -47,7 +47,7 @@ struct LidarSession : testing::Test {
            "input 2516450\ninput 6857050\ninput 110\nmenu Set_3D_solution\nmenu Clear_ima\n";
   }
 
-  // What the script wrote from the first step that is not preparation.
+  // The transcript from the first step after the preparation.
   std::string Transcript(const std::string& steps) {
     const PlayedSession played = Play_Script(folder, Begin() + "say begin\n" + steps);
     EXPECT_EQ(played.status, 0) << played.reason << played.transcript;
@@ -56,7 +56,7 @@ struct LidarSession : testing::Test {
   }
 };
 
-TEST_F(LidarSession, The2007OverlayStandsInTheMarks) {
+TEST_F(LidarSession, The2007OverlayIsInTheMarks) {
   TestPulse high = Single_Echo({kX + 9, kY, 100 + 10, 73, 780});  // 73 x 1.0225 -> 75: row 32
   high.gain = 127;
   TestPulse two = high;
@@ -146,7 +146,7 @@ TEST_F(LidarSession, AMissingTileIsSilent) {
   EXPECT_EQ(folder.Read("c/old als/024_020.bin"), "");
 }
 
-TEST_F(LidarSession, TileNamesCanBeAskedFor) {
+TEST_F(LidarSession, TileNamesCanBeCalled) {
   EXPECT_EQ(Transcript("call Tile_Name c:\\als\\ 2007 2516431.2 6857012.9\n"
                        "call Tile_Name \"\" 2004 2516431.2 6857012.9\n"),
             "Tile_Name c:\\als\\ 2007 2516431.2 6857012.9 = \"c:\\als\\064_070.bin\"\n"

@@ -57,14 +57,14 @@ struct OverlayPoints : SyntheticBlock, testing::Test {
   }
 };
 
-TEST_F(OverlayPoints, LieWhereThePlainProjectionPutsThemToTheBit) {
+TEST_F(OverlayPoints, MatchThePlainProjectionToTheBit) {
   for (int k = 0; k < 5; ++k) Add_Tilted_Camera();
   Add_Points(2000);
   Plot_Overlay_Points(w, points);
   Expect_The_Plain_Places();
 }
 
-TEST_F(OverlayPoints, LieLikewiseOnACorrelationPane) {
+TEST_F(OverlayPoints, MatchItOnACorrelationPaneToo) {
   for (int k = 0; k < 2; ++k) Add_Tilted_Camera();
   w.ImageKinds(1) = 2;
   w.CorrelationRecords(1).SubColOrigin = 411.7;
@@ -75,17 +75,17 @@ TEST_F(OverlayPoints, LieLikewiseOnACorrelationPane) {
   Expect_The_Plain_Places();
 }
 
-TEST_F(OverlayPoints, PointsWithoutAPlaceOnTheFilmAreTheModelsOwn) {
+TEST_F(OverlayPoints, PointsWithoutAFilmPositionAreWhereTheCameraModelPutsThem) {
   const int level = Add_Camera(0, 0, 1000);
   const int without_c = Add_Camera(0, 0, 1000);
   w.ImageBlock(without_c).PrincipalDistance = 0;
-  points = {{5, 5, 1000, {}}, {5, 5, 900, {}}};  // the first in the plane of the camera
+  points = {{5, 5, 1000, {}}, {5, 5, 900, {}}};  // the first lies in the plane of the camera
   Plot_Overlay_Points(w, points);
   Expect_The_Plain_Places();
   EXPECT_EQ(Marks(level)[0].x1, 1000 - 100000 - 1);  // film x = -1
 }
 
-TEST_F(OverlayPoints, ComeAfterTheMarksThatWereThere) {
+TEST_F(OverlayPoints, FollowTheExistingMarks) {
   Add_Camera(0, 0, 1000);
   Plot_Point(w.Form1.Picture1(0), 1, 2, kRed);
   w.Form1.Picture1(0).DrawWidth = 7;

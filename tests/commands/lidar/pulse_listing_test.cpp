@@ -34,7 +34,7 @@ TEST_F(PulseListing, RunsThroughTheBlockNorthwardThenEastward) {
   Write_Tile_At("064_081.bin", {Pulse(1, 2516402)});
   Write_Tile_At("075_067.bin", {Pulse(1, 2516403)});
   Write_Tile_At("075_081.bin", {Pulse(1, 2516404)});
-  // Beside the block:
+  // Outside the block:
   for (const char* name : {"063_070.bin", "076_070.bin", "070_066.bin", "070_082.bin"}) {
     Write_Tile_At(name, {Pulse(1, 2516409)});
   }
@@ -61,7 +61,7 @@ TEST_F(PulseListing, APulseOfThreeEchoesPrintsTwoLinesAndEndsIt) {
   EXPECT_TRUE(screen.messages.empty());
 }
 
-TEST_F(PulseListing, EchoesThatMakeNoSenseAreMessagesAndItGoesOn) {
+TEST_F(PulseListing, ImplausibleEchoesAreMessagesAndItGoesOn) {
   TestPulse twin = Pulse(2, 2516401);
   twin.slot[3].X = twin.slot[4].X;
   TestPulse empty = Pulse(1, 0);  // slot 4 at X = 4
@@ -72,7 +72,7 @@ TEST_F(PulseListing, EchoesThatMakeNoSenseAreMessagesAndItGoesOn) {
   EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 4);
 }
 
-TEST_F(PulseListing, IsMadeAnewEachTime) {
+TEST_F(PulseListing, IsRewrittenEachTime) {
   folder.Write(kListing, "old lines\n");
   Print_ALS_in_ASCII(w);
   EXPECT_EQ(folder.Read(kListing), "");
@@ -86,7 +86,7 @@ TEST_F(PulseListing, ATileOfNoPulsesHasNoLines) {
   EXPECT_EQ(w.LidarPulses.Count(), 1);
 }
 
-TEST_F(PulseListing, AWrongTileEndsItAndKeepsTheLinesBefore) {
+TEST_F(PulseListing, AnInvalidTileEndsItAndKeepsTheLinesBefore) {
   Write_Tile_At("064_070.bin", {Pulse(1, 2516401)});
   folder.Write("c/als2007/064_071.bin", Announced_Bytes(1, 100));
   EXPECT_EQ(Failure_Of([&] { Print_ALS_in_ASCII(w); }),
@@ -95,7 +95,7 @@ TEST_F(PulseListing, AWrongTileEndsItAndKeepsTheLinesBefore) {
   EXPECT_EQ(folder.Read(kListing), "2516405.00 6857050.00 110.00 10.00 045 0 3 1 \n");
 }
 
-TEST_F(PulseListing, LongTilesAreWrittenWhole) {
+TEST_F(PulseListing, LongTilesAreWrittenCompletely) {
   const std::vector<TestPulse> pulses(25'000, Pulse(4, 2516401));
   Write_Tile_At("064_070.bin", pulses);
   Print_ALS_in_ASCII(w);

@@ -11,7 +11,7 @@ namespace {
 
 constexpr double kX = LidarBlock::kX, kY = LidarBlock::kY;
 
-// Corrected 1.0225 times the intensity in 2007, the intensity itself in 2006.
+// The intensity counts 1.0225 times in 2007, once in 2006.
 TestPulse Echo_2007(double X, double Y, double Z, std::int16_t intensity) {
   TestPulse pulse = Single_Echo({X, Y, Z, intensity, 780});
   pulse.gain = 127;
@@ -93,7 +93,7 @@ TEST_F(PulseOverlays, OnlyTheSolutionsTileIsRead) {
   EXPECT_EQ(w.LidarPulses.Count(), 1);
 }
 
-TEST_F(PulseOverlays, ACountOfZeroChangesNothingAndSaysNothing) {
+TEST_F(PulseOverlays, ACountOfZeroChangesNothingWithoutAMessage) {
   Write_Tile("2006", {Echo_2006(kX, kY, 120, 100)});
   Print_ALS_near_solution(w);
   for (Picture& pane : w.Form1.Picture1) Erase_Marks(pane);
@@ -106,7 +106,7 @@ TEST_F(PulseOverlays, ACountOfZeroChangesNothingAndSaysNothing) {
   EXPECT_TRUE(screen.messages.empty());
 }
 
-TEST_F(PulseOverlays, AMissingTileIsLeftBehindEmpty) {
+TEST_F(PulseOverlays, AMissingTileIsCreatedEmpty) {
   for (const auto command : {Plot_ALS_2007, Print_ALS_near_solution, Plot_Lidar_pdf}) command(w);
   EXPECT_EQ(folder.Read("c/als2006/064_070.bin"), "");
   EXPECT_EQ(folder.Read("c/als2007/064_070.bin"), "");
@@ -127,7 +127,7 @@ TEST_F(PulseOverlays, AMissingColourMapIsNamedBeforeAnythingIsRead) {
   EXPECT_FALSE(folder.Has("c/als2007/064_070.bin"));
 }
 
-TEST_F(PulseOverlays, ATruncatedTileIsRefusedAndKeepsTheTable) {
+TEST_F(PulseOverlays, ATruncatedTileIsRejectedAndKeepsTheTable) {
   Write_Tile("2006", {Echo_2006(kX, kY, 120, 100)});
   Print_ALS_near_solution(w);
   folder.Write("c/als2006/064_070.bin", Announced_Bytes(2, 300));
@@ -138,7 +138,7 @@ TEST_F(PulseOverlays, ATruncatedTileIsRefusedAndKeepsTheTable) {
   EXPECT_EQ(Marks(0).size(), 1U);
 }
 
-TEST_F(PulseOverlays, AnIntensityThatOverflowsIsNamedAfterWhatCameBeforeIsDrawn) {
+TEST_F(PulseOverlays, AnIntensityOverflowIsNamedAfterEarlierEchoesAreDrawn) {
   TestPulse bad = Echo_2006(kX, kY, 120, 32767);
   bad.slot[4].range = 1680;
   Write_Tile("2006", {Echo_2006(kX, kY, 120, 100), bad, Echo_2006(kX, kY, 120, 100)});

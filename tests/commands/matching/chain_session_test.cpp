@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The whole matching chain by script, held against plain computations over the files that it
-// leaves: correlation by its definition, collinearity of a vertical camera, geometric mean,
-// clusters by a linear walk.
+// The whole matching chain by script, compared with plain computations from the files that it
+// writes: correlation by its definition, collinearity of a vertical camera, geometric mean,
+// clusters by a linear search.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -35,7 +35,7 @@ PlainPicture Read_Picture(const TemporaryFolder& folder, const std::string& name
   return picture;
 }
 
-// Pearson's coefficient over the template's pixels that are not 0, its reference on (col, row).
+// Pearson's coefficient over the template's non-zero pixels, its reference on (col, row).
 double Plain_Correlation(const PlainPicture& patch, const PlainPicture& pattern, int col, int row) {
   std::vector<double> a, b;
   for (int j = 0; j < pattern.height; ++j) {
@@ -119,7 +119,7 @@ struct PlayedChain : testing::Test {
   }
 };
 
-TEST_F(PlayedChain, RunsToItsEndAndTellsItsState) {
+TEST_F(PlayedChain, RunsToItsEndAndReportsItsState) {
   EXPECT_EQ(played.status, 0) << played.reason << played.transcript;
   EXPECT_EQ(values["PlotCenter"], "T1 0 3 3 2");
   EXPECT_EQ(values["PlotRadius"], "6");
@@ -132,7 +132,7 @@ TEST_F(PlayedChain, RunsToItsEndAndTellsItsState) {
   EXPECT_NEAR(parameters[17], 8.9, 1e-12);
 }
 
-TEST_F(PlayedChain, ScoresAreThoseOfThePlainComputation) {
+TEST_F(PlayedChain, ScoresMatchThePlainComputation) {
   std::vector<PlainPicture> patches, patterns;
   for (int k = 0; k < 3; ++k) {
     patches.push_back(Read_Picture(files.site.Folder(), "ccor_ima" + std::to_string(k)));
@@ -159,7 +159,7 @@ TEST_F(PlayedChain, ScoresAreThoseOfThePlainComputation) {
   }
 }
 
-TEST_F(PlayedChain, TheIndexOrdersTheScoresAndEqualOnesByTheMesh) {
+TEST_F(PlayedChain, TheIndexOrdersScoresAndTiesByMeshOrder) {
   for (int k = 1; k < kPoints; ++k) {
     const auto a = static_cast<int>(Number("SortIndex", k));
     const auto b = static_cast<int>(Number("SortIndex", k + 1));
@@ -199,7 +199,7 @@ std::vector<PlainCluster> Plain_Clusters(const std::vector<std::pair<double, int
   return clusters;
 }
 
-TEST_F(PlayedChain, ClustersAreThoseOfALinearWalk) {
+TEST_F(PlayedChain, ClustersMatchALinearSearch) {
   std::vector<std::pair<double, int>> ascending;
   for (int k = 1; k <= kPoints; ++k) {
     const auto entry = static_cast<int>(Number("SortIndex", k));

@@ -109,7 +109,7 @@ TEST_F(MatchingSite, ThePictureIsAGreyBitmapOfTheBytes) {
   EXPECT_EQ(picture[1082 + 300 * 304 + 5], Data("corimage0.raw")[5]);  // rows from the bottom
 }
 
-TEST_F(MatchingSite, EachImageTellsItsTimeAndServicesTheEvents) {
+TEST_F(MatchingSite, EachImageReportsItsTimeAndServicesEvents) {
   Capture();
   Texts seen;
   screen.on_service = [&] { seen.push_back(w.Form1.Label10.Caption); };
@@ -158,7 +158,7 @@ TEST_F(RemovalMeanwhile, TheLastImageIsSkippedAndTheOthersAreDone) {
   EXPECT_EQ(w.Form1.Picture1(2).bitmap, nullptr);
 }
 
-TEST_F(RemovalMeanwhile, ImagesThatMovedAreSkippedLikeTheOneThatIsGone) {
+TEST_F(RemovalMeanwhile, ImagesThatMovedAreSkippedLikeTheRemovedOne) {
   Compute_While_Removing("0");
   EXPECT_EQ(w.ImageCount, 2);
   for (int k = 0; k < 3; ++k) Expect_Not_Shown(k);
@@ -206,7 +206,7 @@ TEST_F(MatchingSite, APatchLargerThanTheRawFileIsTheWholeFile) {
   EXPECT_EQ(Data("ccor_ima0.img"), "1000\n1000\n");
 }
 
-TEST_F(MatchingSite, ASizeAboveTheSeriesEndsTheCommandAtTheFirstImage) {
+TEST_F(MatchingSite, ASizeAboveTheSeriesEndsTheCommandForTheFirstImage) {
   Capture();
   w.Form1.Text4.Text = "400";
   Choose("Compute_Correlation_Images");
@@ -217,7 +217,7 @@ TEST_F(MatchingSite, ASizeAboveTheSeriesEndsTheCommandAtTheFirstImage) {
   EXPECT_EQ(w.ImageKinds(0), 1);
 }
 
-TEST_F(MatchingSite, ASizeAboveTheSeriesIsThatOfTheImageBefore) {
+TEST_F(MatchingSite, ASizeAboveTheSeriesIsThatOfThePreviousImage) {
   Capture();
   w.ImageBlock(1).PrincipalDistance = 2;  // a hundred times the pixels
   w.ImageBlock(1).X0 = 3;                 // the plot in the middle column
@@ -227,7 +227,7 @@ TEST_F(MatchingSite, ASizeAboveTheSeriesIsThatOfTheImageBefore) {
   EXPECT_EQ(w.CorrelationRecords(1).SubWidth, 301);
 }
 
-TEST_F(MatchingSite, APatchAboveTheTableEndsTheCommandAndImagesBeforeStayDone) {
+TEST_F(MatchingSite, APatchLargerThanTheTableEndsTheCommandAndEarlierImagesStayDone) {
   Capture();
   w.ImageBlock(1).SubWidth = w.ImageBlock(1).SubHeight = 2000;
   w.ImageBlock(1).PrincipalDistance = 0.11;  // 1167 pixels become 1201, and 1202 at the right edge
@@ -240,7 +240,7 @@ TEST_F(MatchingSite, APatchAboveTheTableEndsTheCommandAndImagesBeforeStayDone) {
   EXPECT_NE(screen.errors[0].find("1202 x 1201"), std::string::npos) << screen.errors[0];
 }
 
-TEST_F(MatchingSite, AMissingTemplateEndsTheCommandAndImagesBeforeStayDone) {
+TEST_F(MatchingSite, AMissingTemplateEndsTheCommandAndEarlierImagesStayDone) {
   Capture();
   std::filesystem::remove(files.site.Folder().Path() / "c/data/temp1.img");
   Choose("Compute_Correlation_Images");

@@ -56,7 +56,7 @@ TEST_F(ClusterPoints, TheCircleComesFirstAndTheTopsAfterIt) {
   std::size_t marks_at_count = 0;
   screen.on_service = [&] { marks_at_count = w.Form1.Picture1(0).marks.size(); };
   Choose("Find_clusters");
-  EXPECT_EQ(marks_at_count, 62U);  // old marks gone; 63 angles, the first one moves the pen
+  EXPECT_EQ(marks_at_count, 62U);  // old marks are gone; 63 angles, the first only moves the pen
   const std::vector<Mark>& marks = w.Form1.Picture1(0).marks;
   ASSERT_EQ(marks.size(), 62U + 2 * 9);
   EXPECT_EQ(marks[0].kind, Mark::Kind::Line);
@@ -94,19 +94,19 @@ TEST_F(ClusterPoints, TheParametersAreTheEighteenOfTheRun) {
   m.CaptureSnapshot.Mesh = 0.5;
   m.CaptureSnapshot.ModelTreeHeight = 8.75;
   Set_Solution({1, 1, 1});
-  w.Form1.Text7.Text = "7";  // read at the next capture
+  w.Form1.Text7.Text = "7";  // has effect from the next capture on
   Choose("Find_clusters");
   const double wanted[] = {3, 3, 2, 6, 1.3, 3.0, 3, 0, 5, 4, 10.9, 1.5, 0, 3, 1.15, 0.6, 0.5, 8.75};
   for (int i = 0; i < 18; ++i) EXPECT_EQ(m.ClusterParameters(i), wanted[i]) << i;
 }
 
-TEST_F(ClusterPoints, TheLimitsGoToTheSnapshot) {
+TEST_F(ClusterPoints, TheLimitsAreStoredInTheSnapshot) {
   Choose("Find_clusters");
   EXPECT_EQ(m.CaptureSnapshot.XYt, 1.5);
   EXPECT_EQ(m.CaptureSnapshot.Rl, 0.25);
 }
 
-// Every digit as '9', so that a text of digits can be held against a pattern.
+// Replaces every digit by '9', so that a text of digits can be compared with a pattern.
 std::string Digits_As_Nines(std::string text) {
   for (char& c : text) {
     if (c >= '0' && c <= '9') c = '9';
@@ -121,7 +121,7 @@ TEST_F(ClusterPoints, TheRunIsDated) {
   EXPECT_EQ(Digits_As_Nines(m.ClusterRunTime.Padded()), "99:99:99");
 }
 
-TEST_F(ClusterPoints, TheResultFileIsMadeEmptyAndKeptOnceItIsThere) {
+TEST_F(ClusterPoints, TheResultFileIsCreatedEmptyAndKeptOnceItExists) {
   Choose("Find_clusters");
   EXPECT_EQ(Data("MKres.bin"), "");
   Write_Data("MKres.bin", "results");
@@ -156,7 +156,7 @@ TEST_F(ClusterPoints, ScoresForALongerMeshAreAFailure) {
   EXPECT_NE(screen.errors[0].find("4 scores for a mesh of 2 points"), std::string::npos);
 }
 
-TEST_F(MatchingSite, BeforeThePointsAreScoredThereAreNoClusters) {
+TEST_F(MatchingSite, WithoutScoredPointsThereAreNoClusters) {
   Choose("Find_clusters");
   EXPECT_TRUE(screen.errors.empty());
   EXPECT_TRUE(screen.messages.empty());

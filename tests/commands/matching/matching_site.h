@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// A plot with four trees alike, three vertical photographs of it and level height models.
+// A plot with four equal trees, three vertical photographs of it and flat height models.
 //
 // Cameras 200 m above Z = 0 at X0 = -30, 0 and 30, c = 0.02 m, 10 um pixels: film x =
-// 0.02 (X - X0) / (200 - Z), col = 500 + 100000 x, row likewise; the raw files hold the full
+// 0.02 (X - X0) / (200 - Z), col = 500 + 100000 x, row likewise; the raw files contain the full
 // image's 1000 columns and its upper 1000 rows, raw row = 1000 - row. The second photograph is in
 // colour. Ground at 2 m, canopy at 12 m everywhere.
 #pragma once
@@ -54,7 +54,7 @@ class MatchingFiles {
     return photo;
   }
 
-  // A cone of light around each top over a rough ground.
+  // A bright cone around each top on a textured ground.
   static std::vector<int> Grey_Values(int image, int side) {
     std::vector<int> grey(static_cast<std::size_t>(side * side));
     for (int i = 0; i < side * side; ++i) grey[static_cast<std::size_t>(i)] = 50 + i * 37 % 23;
@@ -87,7 +87,7 @@ class MatchingFiles {
                         SmallSite::Header_Text(photo, "c:\\data\\" + name + ".raw"));
   }
 
-  // One cell of 1 km.
+  // A model of one cell of 1 km.
   void Write_Model(const std::string& name, float height) const {
     site.Folder().Write("c/data/" + name + ".hdr",
                         "1\n1\n0\n500\n1000\n-99\nc:\\data\\" + name + ".bin\n");
@@ -96,8 +96,8 @@ class MatchingFiles {
   }
 };
 
-/// The site in a started workspace: images and models loaded, the plot centre read, the solution
-/// on the first tree's top.
+/// The site in a started workspace: images and models loaded, the plot centre read, the solution at
+/// the first tree's top.
 class MatchingSite : public testing::Test {
  protected:
   MatchingSite() {
@@ -128,7 +128,7 @@ class MatchingSite : public testing::Test {
     w.SolutionValid = true;
   }
 
-  /// Film observations of the solution in all boxes, so that the panes can zoom.
+  /// Sets film observations of the solution in all boxes, so that the panes can zoom.
   void Observe_All() {
     for (int k = 0; k < w.ImageCount; ++k) {
       w.Form1.Text1(2 * k).Text = "0.001";
@@ -150,7 +150,7 @@ class MatchingSite : public testing::Test {
     files.site.Folder().Write("c/data/" + name, content);
   }
 
-  /// Cuts the templates without the message of the empty boxes.
+  /// Cuts the templates without the message about empty boxes.
   void Capture() {
     Observe_All();
     Choose("Capture_templates");

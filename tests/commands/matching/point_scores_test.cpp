@@ -35,7 +35,7 @@ TEST_F(MatchingSite, TheMeshCoversTheLayerOverThePlot) {
   EXPECT_NEAR(m.MeshPoints.back().Z, 12.9, 1e-9);
 }
 
-TEST_F(MatchingSite, TheMeshTellsItsStepsAndTheModelTreesHeight) {
+TEST_F(MatchingSite, TheMeshReportsItsStepsAndTheModelTreesHeight) {
   struct Seen {
     std::string status;
     PointerShape pointer;
@@ -53,7 +53,7 @@ TEST_F(MatchingSite, TheMeshTellsItsStepsAndTheModelTreesHeight) {
   EXPECT_EQ(m.CaptureSnapshot.ModelTreeHeight, m.ModelTreeHeight);
 }
 
-TEST_F(MatchingSite, TheMeshOptionsGoToTheSnapshot) {
+TEST_F(MatchingSite, TheMeshOptionsAreStoredInTheSnapshot) {
   w.Form1.Text8.Text = "1.2";
   w.Form1.Text9.Text = "0.5";
   w.Form1.Text10.Text = "2";
@@ -72,7 +72,7 @@ TEST_F(MatchingSite, WithoutATerrainModelTheMeshIsMeaninglessWithoutAMessage) {
 
 constexpr float kNoDataHeights[] = {-9999, -3.4e38F};
 
-TEST_F(MatchingSite, AMeshOverGroundWithoutDataSaysWhereAndWhat) {
+TEST_F(MatchingSite, AMeshOverGroundWithoutDataReportsWhereAndWhat) {
   for (const float height : kNoDataHeights) {
     w.RasterDem.Cells[0] = height;
     screen.errors.clear();
@@ -85,7 +85,7 @@ TEST_F(MatchingSite, AMeshOverGroundWithoutDataSaysWhereAndWhat) {
   }
 }
 
-TEST_F(MatchingSite, ColumnsOverCanopyWithoutDataStayEmptyAndAreTold) {
+TEST_F(MatchingSite, ColumnsOverCanopyWithoutDataStayEmptyAndAreReported) {
   w.Form1.Text9.Text = "1.5";  // a lower limit above the upper one
   for (const float height : kNoDataHeights) {
     w.RasterChm.Cells[0] = height;
@@ -100,7 +100,7 @@ TEST_F(MatchingSite, ColumnsOverCanopyWithoutDataStayEmptyAndAreTold) {
   }
 }
 
-TEST_F(MatchingSite, ASpacingThatWouldNeverEndIsOneFailure) {
+TEST_F(MatchingSite, ASpacingThatWouldNeverEndIsOneError) {
   for (const char* spacing : {"0", "-0.5"}) {
     w.Form1.Text10.Text = spacing;
     screen.errors.clear();
@@ -111,7 +111,7 @@ TEST_F(MatchingSite, ASpacingThatWouldNeverEndIsOneFailure) {
   }
 }
 
-TEST_F(MatchingSite, AMeshBeyondMemoryIsOneFailureWithItsCount) {
+TEST_F(MatchingSite, AMeshBeyondMemoryIsOneErrorWithItsCount) {
   m.PatchSize = 21;
   w.Form1.Text10.Text = "0.001";
   Choose("Create_XYZ_Point_Set");
@@ -121,7 +121,7 @@ TEST_F(MatchingSite, AMeshBeyondMemoryIsOneFailureWithItsCount) {
       << screen.errors[0];
 }
 
-// A mesh of three points, two images that are ticked, and their correlations by hand.
+// A mesh of three points, two ticked images, and their correlations set by hand.
 class ScoredPoints : public MatchingSite {
  protected:
   ScoredPoints() {
@@ -132,7 +132,7 @@ class ScoredPoints : public MatchingSite {
     Store(2, {0.28, -1});
   }
 
-  // A patch of the whole upper left part of the image, with correlations at the first two points.
+  // A patch covering the upper left part of the image, with correlations at the first two points.
   void Store(int image, const std::array<double, 2>& correlations) {
     constexpr int kWidth = 1000, kHeight = 1001;
     std::vector<double> values(static_cast<std::size_t>(kWidth * kHeight), 0);
@@ -152,7 +152,7 @@ TEST_F(ScoredPoints, TheScoreIsTheGeometricMeanOfOnePlusR) {
   EXPECT_TRUE(screen.errors.empty());
   ASSERT_EQ(m.PointScore.size(), 4U);
   EXPECT_NEAR(m.PointScore[1], std::sqrt(1.5 * 1.28), 1e-6);
-  EXPECT_NEAR(m.PointScore[2], 0, 1e-6);  // one view of -1
+  EXPECT_NEAR(m.PointScore[2], 0, 1e-6);  // one value is -1
 }
 
 TEST_F(ScoredPoints, APointOutsideThePatchesDoesNotRaiseTheScore) {
@@ -166,7 +166,7 @@ TEST_F(ScoredPoints, PointsAreSortedAscendingFromOne) {
   EXPECT_EQ(m.SortIndex, (std::vector<std::int32_t>{0, 2, 3, 1}));
 }
 
-TEST_F(ScoredPoints, TickedImagesAreSummarized) {
+TEST_F(ScoredPoints, TickedImagesAreListed) {
   Choose("Compute_Back_Projections");
   EXPECT_EQ(m.MatchImageCount, 2);
   ASSERT_EQ(m.ImageSummary.size(), 2U);
@@ -198,7 +198,7 @@ TEST_F(ScoredPoints, FewerThanTwoTickedImagesAreAnIndexError) {
   }
 }
 
-TEST_F(ScoredPoints, AFailedRunLeavesNoScoresOfTheRunBefore) {
+TEST_F(ScoredPoints, AFailedRunLeavesNoScoresOfAnEarlierRun) {
   Choose("Compute_Back_Projections");
   ASSERT_GT(m.PointScore[1], 1);
   w.Form1.Check1(2).Value = 0;
@@ -206,7 +206,7 @@ TEST_F(ScoredPoints, AFailedRunLeavesNoScoresOfTheRunBefore) {
   EXPECT_EQ(m.PointScore, (std::vector<float>{0, 0, 0, 0}));
 }
 
-TEST_F(ScoredPoints, AnEmptyMeshIsSortedIntoNothing) {
+TEST_F(ScoredPoints, AnEmptyMeshSortsToNothing) {
   m.MeshPoints.clear();
   w.Form1.Check1(2).Value = 0;
   Choose("Compute_Back_Projections");
@@ -221,7 +221,7 @@ TEST_F(ScoredPoints, AMissingColourMapEndsTheCommand) {
   EXPECT_NE(screen.errors[0].find("JetColorMAP.csv"), std::string::npos);
 }
 
-TEST_F(ScoredPoints, AMeshMadeAnewByAnEventMeanwhileDoesNoHarm) {
+TEST_F(ScoredPoints, AMeshRebuiltByAnEventMeanwhileIsHarmless) {
   m.PatchSize = 21;
   bool done = false;
   screen.on_service = [&] {

@@ -84,7 +84,7 @@ TEST_F(MatchingSite, CaptureDrawsTheEllipseAndTwoBlocksInWhiteWithPenWidthOne) {
   const double py = 1000 - Site_Row(kSiteTops[0]) - view.ViewRow;
   EXPECT_NEAR(marks[130].x1, px, 1e-9);  // the middle of the first block
   EXPECT_NEAR(marks[130].y1, py, 1e-9);
-  // The camera stands east and north of nothing: the radial angle points from it to the tree.
+  // The camera is west and south of the tree: the radial angle points from the camera to the tree.
   const double q = std::atan2(4.0, 5.0), radius = 100000 * 0.02 * 1.5 / 189.1;
   EXPECT_NEAR(marks[0].x1, px + radius * std::cos(q), 1e-9);
   EXPECT_NEAR(marks[0].y1, py - radius * std::sin(q), 1e-9);
@@ -96,7 +96,7 @@ TEST_F(MatchingSite, CaptureZoomsEachPaneToOneToOne) {
   for (int k = 0; k < 3; ++k) EXPECT_EQ(w.PaneViews(k).ZoomX, 1);
 }
 
-TEST_F(MatchingSite, WithoutObservationsTheZoomComplainsOnceForEachImageAndCaptureGoesOn) {
+TEST_F(MatchingSite, WithoutObservationsTheZoomReportsEachImageAndCaptureGoesOn) {
   Choose("Capture_templates");
   const std::string complaint =
       "Error in aZoom-function. Image observation missing? (xy-coords. Click a ref. point first)";
@@ -117,7 +117,7 @@ TEST_F(MatchingSite, CaptureKeepsParametersAndSolutionForTheLaterSteps) {
   EXPECT_EQ(m.CaptureSnapshot.Solution.Z, 10.9);
 }
 
-TEST_F(MatchingSite, ASmallShiftLeavesTheOneOfTheCaptureBefore) {
+TEST_F(MatchingSite, ASmallShiftKeepsTheValueOfThePreviousCapture) {
   w.Form1.Text7.Text = "-9.1";
   Capture();
   EXPECT_EQ(m.Template(0).ShiftCol, 17);  // 370.17 - 353.18
@@ -192,7 +192,7 @@ TEST_F(MatchingSite, AnImageThatDoesNotShowTheTreeIsLeftOutAndTheOthersGoOn) {
   EXPECT_EQ(w.Form1.Label10.Caption, "Elliptic templates captured and superimposed on images");
 }
 
-TEST_F(MatchingSite, TheLogTellsAlsoOfAnImageThatIsLeftOut) {
+TEST_F(MatchingSite, TheLogAlsoListsAnImageThatIsLeftOut) {
   Set_Solution(kTreeOfTheThirdImage);
   Capture();
   const std::string log = Data("imacoordstest.txt");
@@ -217,7 +217,7 @@ TEST_F(MatchingSite, AnEllipseWithoutWidthEndsTheCapture) {
   EXPECT_NE(screen.errors[0].find("has no width"), std::string::npos);
 }
 
-TEST_F(MatchingSite, ColourImagesGiveTheirMiddleByteGreyOnesTheirByte) {
+TEST_F(MatchingSite, ColourImagesUseTheirMiddleByteGreyOnesTheirByte) {
   Capture();
   // A circle of 15.86 pixels around column 552.88, raw row 457.69: columns 538 to 568, rows 442 to
   // 473, in which the centre's pixel 553, 458 is the one at 15, 16.
@@ -225,7 +225,7 @@ TEST_F(MatchingSite, ColourImagesGiveTheirMiddleByteGreyOnesTheirByte) {
   EXPECT_EQ(Data("temp1.img"), "31\n32\n15\n16\n");
   EXPECT_EQ(pattern[16 * 31 + 15], colour[(458 * 1000 + 553) * 3 + 1]);
   EXPECT_NE(pattern[16 * 31 + 15], colour[(458 * 1000 + 553) * 3]);
-  // The first image's pixel 870, 458 stands at 15, 16 of 32 columns.
+  // The first image's pixel 870, 458 is at 15, 16 of 32 columns.
   EXPECT_EQ(Data("temp0.raw")[16 * 32 + 15], Data("im0.raw")[458 * 1000 + 870]);
 }
 
@@ -244,7 +244,7 @@ TEST_F(MatchingSite, ResizeWritesElevenSizesOfTickedImages) {
   EXPECT_EQ(Data("test_1_11.raw").size(), 36U);
   EXPECT_FALSE(Has_Data("test_0_1.img"));
   EXPECT_FALSE(Has_Data("test_1_12.img"));
-  // A ramp across the columns stays one under the kernel.
+  // A ramp across the columns is unchanged by the kernel.
   EXPECT_EQ(Data("test_1_9.raw"), pixels);
 }
 
@@ -280,7 +280,7 @@ TEST_F(MatchingSite, ResizeBeyondAByteIsAnOverflow) {
       << screen.errors[0];
 }
 
-TEST_F(MatchingSite, ATemplateFileShorterThanItsSizesTellsBoth) {
+TEST_F(MatchingSite, ATemplateFileShorterThanItsSizeNamesBoth) {
   Untick_All();
   w.Form1.Check1(0).Value = 1;
   Write_Data("temp0.img", "32767\n32767\n50\n50\n");

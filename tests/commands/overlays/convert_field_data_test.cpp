@@ -57,13 +57,13 @@ TEST_F(Conversion, AsksForBothFilesAndCountsTheTrees) {
   EXPECT_EQ(Bytes().size(), 60U + 2 * 76);
 }
 
-TEST_F(Conversion, WritesPlaceHeightsAndVolumeOfEachTree) {
+TEST_F(Conversion, WritesPositionHeightsAndVolumeOfEachTree) {
   Convert("90,10,20,100,1,2,3\n5,0,0.5,200,15,7,2,-4\n", Load_Ground());
   EXPECT_EQ(Int_At(0), 1);
   EXPECT_NEAR(Double_At(4), 1.5707963267949, 1e-12);
   const double header[] = {10, 20, 100, 1, 2, 3};
   for (std::size_t i = 0; i < 6; ++i) EXPECT_EQ(Double_At(12 + 8 * i), header[i]);
-  // Turned by 90 degrees (5, 0) is (0, 5).
+  // Rotated by 90 degrees, (5, 0) is (0, 5).
   EXPECT_NEAR(Double_At(60), 0 + 10 + 1, 1e-9);
   EXPECT_NEAR(Double_At(68), 5 + 20 + 2, 1e-9);
   EXPECT_EQ(Double_At(76), 118.5);
@@ -119,7 +119,7 @@ TEST_F(Conversion, AHeightWithoutAVolumeIsNamedByItsOwnItem) {
       << played.transcript;
 }
 
-TEST_F(Conversion, AMalformedRowFailsBeforeTheOutputIsAskedFor) {
+TEST_F(Conversion, AMalformedRowFailsBeforeTheOutputFileIsAskedFor) {
   site.Folder().Write("c/data/plot.txt", "0,0,0,0,0,0,0\n1,2,3,200,15,1,1\n");
   const PlayedSession played =
       Play_Script(site.Folder(), "file c:\\data\\plot.txt\ncommand ConvertFieldDataToBinary\n");
@@ -130,7 +130,7 @@ TEST_F(Conversion, AMalformedRowFailsBeforeTheOutputIsAskedFor) {
   EXPECT_FALSE(site.Folder().Has("c/data/plot.bin"));
 }
 
-TEST_F(Conversion, NoTreesMakeAHeaderOnly) {
+TEST_F(Conversion, WithoutTreesOnlyTheHeaderIsWritten) {
   const PlayedSession played = Convert("0,0,0,0,0,0,0\n");
   EXPECT_NE(played.transcript.find("message \"0 trees\""), std::string::npos);
   EXPECT_EQ(Bytes().size(), 60U);

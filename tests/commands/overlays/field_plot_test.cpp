@@ -62,13 +62,13 @@ const char* const kPlot =
     "5,6,0.5,200,15,7,1,0\n"    // yellow
     "6,6,0.5,200,10.1,8,2,0\n"  // green
     "7,6,0.5,200,15,9,3,5\n"    // white
-    "8,6,0.5,200,10,10,1,0\n"   // no higher than the least height
+    "8,6,0.5,200,10,10,1,0\n"   // not above the minimum height
     "9,6,0.5,200,15,11,1,-1\n"  // negative code
     ;
 
 TEST_F(FieldPlot, GridHasAVertexEveryHundredMetresOnTheGround) {
   Lay_Ground(30);
-  w.Solution3D = {10, -60, 0};  // corner: Int(-3.4) and Int(-4.1) hundreds
+  w.Solution3D = {10, -60, 0};  // corner: Int(-3.4) and Int(-4.1), in hundreds
   Plot(kPlot);
   ASSERT_EQ(Lines(0), 18U * 8);
   const Mark& first = Marks(0).front();
@@ -81,9 +81,9 @@ TEST_F(FieldPlot, GridHasAVertexEveryHundredMetresOnTheGround) {
   EXPECT_EQ(first.width, 1);
 }
 
-TEST_F(FieldPlot, VerticesBelowZeroArePassedOver) {
+TEST_F(FieldPlot, VerticesBelowZeroAreSkipped) {
   Lay_Ground(30);
-  // One vertex inside the grid: its two lines have a side less each.
+  // One vertex inside the grid: each of its two lines loses one segment.
   w.RasterDem.Cells[4 * 10 + 4] = -1;
   w.Solution3D = {10, -60, 0};
   Plot(kPlot);
@@ -95,7 +95,7 @@ TEST_F(FieldPlot, WithoutAModelThereIsNoGrid) {
   EXPECT_EQ(Lines(0), 0U);
 }
 
-TEST_F(FieldPlot, TreesStandAtTheirTopsInTheColourOfTheirClass) {
+TEST_F(FieldPlot, TreesAreDrawnAtTheirTopsInTheColourOfTheirClass) {
   Plot(kPlot);
   for (int k = 0; k < 2; ++k) {
     const std::vector<Mark> points = Points(k);
@@ -113,7 +113,7 @@ TEST_F(FieldPlot, TreesStandAtTheirTopsInTheColourOfTheirClass) {
   }
 }
 
-TEST_F(FieldPlot, TreeNumbersAreCyanInArialWhenAskedFor) {
+TEST_F(FieldPlot, TreeNumbersAreCyanInArialWhenEnabled) {
   w.options.IncludeTreeNumbers = true;
   Plot(kPlot);
   const Picture& pane = w.Form1.Picture1(1);
@@ -138,7 +138,7 @@ TEST_F(FieldPlot, EveryTreeIsListedDrawnOrNot) {
 
 TEST_F(FieldPlot, ReportsMeanAndRmseOfModelAgainstPlot) {
   Lay_Ground(10);
-  // Local ground 9 and 13: differences 1 and -3, mean -1, RMSE root of 5.
+  // Local ground 9 and 13: differences 1 and -3, mean -1, RMSE sqrt(5).
   Plot("0,0,0,0,0,0,0\n0,0,9,200,15,1,1,0\n0,0,13,200,2,2,1,-1\n");
   EXPECT_EQ(screen.messages, std::vector<std::string>{"Mean difference: -1.00 m RMSE: 2.24 m"});
 }
@@ -149,7 +149,7 @@ TEST_F(FieldPlot, APlotWithoutTreesIsOneError) {
   EXPECT_TRUE(screen.messages.empty());
 }
 
-TEST_F(FieldPlot, ARowCutShortKeepsWhatWasDrawnAndListed) {
+TEST_F(FieldPlot, ATruncatedRowKeepsWhatWasDrawnAndListed) {
   EXPECT_EQ(Failure_Of_Plot("0,0,0,0,0,0,0\n1,2,3,200,15,1,1,0\n1,2,3,200\n"),
             "Input past end of file: c:\\data\\plot.txt, line 4, item 20");
   EXPECT_EQ(Points(0).size(), 1U);
@@ -157,7 +157,7 @@ TEST_F(FieldPlot, ARowCutShortKeepsWhatWasDrawnAndListed) {
   EXPECT_TRUE(screen.messages.empty());
 }
 
-TEST_F(FieldPlot, ListingsAreMadeEmptyBeforeTheFileIsAskedFor) {
+TEST_F(FieldPlot, ListingsAreEmptiedBeforeTheFileIsAskedFor) {
   folder.Write("c/temp/mk_trees.txt", "old\n");
   screen.files.emplace_back(std::nullopt);
   Plot_Field_Plot_Data(w);  // ends quietly when the dialog is dismissed

@@ -66,7 +66,7 @@ TEST(PlotPointSet, LabelHasTheColourOfTheHeightAboveGround) {
   EXPECT_EQ(b.Marks(0).at(8).colour, (Colour{63, 0, 200}));
 }
 
-TEST(PlotPointSet, AnXOfOneOrLessIsPassedOver) {
+TEST(PlotPointSet, AnXOfOneOrLessIsSkipped) {
   PointFile b;
   b.Write_Points("1,1.0,5,20\r\n2,.00,.00,.00,\r\n\r\n3,1.01,5,20\r\n");
   Plot_Point_Set(b.w);
@@ -74,15 +74,15 @@ TEST(PlotPointSet, AnXOfOneOrLessIsPassedOver) {
   EXPECT_EQ(b.folder.Read("c/apu/quvex.txt"), "1.01,5.00,20.00,-99.00\n");
 }
 
-TEST(PlotPointSet, LinesOfAnyLengthCountByTheirFirstHundredCharacters) {
+TEST(PlotPointSet, LinesOfAnyLengthAreReadByTheirFirstHundredCharacters) {
   PointFile b;
   b.Write_Points("1,100,5,20," + std::string(500, 'x') + "\n");
   Plot_Point_Set(b.w);
   EXPECT_EQ(b.Marks(0).size(), 3U);
 }
 
-TEST(PlotPointSet, ZRunsOnBehindTheHundredthCharacter) {
-  for (const std::size_t comma : {60U, 96U, 99U}) {  // of Z, counted from 0
+TEST(PlotPointSet, ZMayExtendBeyondTheHundredthCharacter) {
+  for (const std::size_t comma : {60U, 96U, 99U}) {  // before Z, counted from 0
     for (const char* rest : {"155.25", "155.25,0,0"}) {
       PointFile b;
       std::string line = "1,100,5";
@@ -95,7 +95,7 @@ TEST(PlotPointSet, ZRunsOnBehindTheHundredthCharacter) {
   }
 }
 
-TEST(PlotPointSet, AThirdCommaBehindTheHundredthCharacterIsNotSeen) {
+TEST(PlotPointSet, AThirdCommaAfterTheHundredthCharacterIsNotSeen) {
   PointFile b;
   b.Write_Points("1,100,5" + std::string(95, ' ') + ",20\n");
   EXPECT_NE(b.Failure_Of_Plot().find("points.txt, line 1, item 4: number"), std::string::npos);

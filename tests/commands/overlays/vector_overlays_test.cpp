@@ -38,7 +38,7 @@ struct Overlays : testing::Test, SyntheticBlock {
     screen.files.emplace_back("c:\\data\\rows.txt");
   }
 
-  // Where overlays draw an object point.
+  // Pane position at which overlays draw an object point.
   [[nodiscard]] PanePosition Overlay(int k, const Point3D& point) const {
     const PanePosition at = Pane_Of(k, point);
     return {at.px - 1, at.py - 1};
@@ -86,7 +86,7 @@ TEST_F(Overlays, SegmentsAreRedUnderWhiteAtHeight155OnEveryImage) {
   }
 }
 
-TEST_F(Overlays, ASegmentCutShortIsAnErrorAndThoseBeforeItStay) {
+TEST_F(Overlays, ATruncatedSegmentIsAnErrorAndThoseBeforeItStay) {
   Choose_File("1,10,20,-30,40\n2,10,20,30\n");
   EXPECT_EQ(Failure_Of(Plot_3D_line_segments),
             "Input past end of file: c:\\data\\rows.txt, line 3, item 10");
@@ -113,7 +113,7 @@ TEST_F(Overlays, MeasuredTreesWithAnotherFlagThanOneAreIgnored) {
   EXPECT_TRUE(Marks(1).empty());
 }
 
-TEST_F(Overlays, TreeNumbersArePrintedWhenTheyAreAskedFor) {
+TEST_F(Overlays, TreeNumbersArePrintedWhenEnabled) {
   w.options.IncludeTreeNumbers = true;
   Choose_File("10,20,0,0,12.5,77,1\n");
   Plot_Field_measured_tree_data(w);
@@ -139,7 +139,7 @@ TEST_F(Overlays, CircularPlotIsTwoPolygonsOnTheGround) {
   }
 }
 
-TEST_F(Overlays, CrownPointsAreDrawnOnTheFirstImageOneWiderThanTheirSize) {
+TEST_F(Overlays, CrownPointsAreDrawnOnTheFirstImageOnePixelWiderThanTheirSize) {
   Lay_Ground(40);
   folder.Write("d/Regression_results.txt", "a,10,20,3,1,2,3,4\nb,30,40,-7,1,2,3,4\n");
   Plot_Crown_polygons(w);
@@ -159,7 +159,7 @@ TEST_F(Overlays, CrownPointsWithoutImagesDrawNothing) {
 TEST_F(Overlays, TiePointsShowOnTheImagesOfTheirId) {
   folder.Write("c/data/imageobs.txt", "101 7 120.5 300.25\n100,8,50,60\n999 9 1 1\n");
   Plot_Tie_Points(w);
-  // The rows count from the top, so that pane py is the row at 1:1.
+  // Rows are counted from the top, so pane py equals the row at 1:1.
   ASSERT_EQ(Marks(1).size(), 2U);
   Expect_Point(Marks(1)[0], {119.5, 299.25}, kRedMark, 3);
   EXPECT_EQ(w.Form1.Picture1(1).texts.at(0).text, "7");
@@ -191,7 +191,7 @@ TEST_F(Overlays, DismissedDialogsEndQuietly) {
   EXPECT_TRUE(screen.messages.empty());
 }
 
-TEST_F(Overlays, PolylineJoinsConsecutiveRowsWhenItsModeTurnsOn) {
+TEST_F(Overlays, PolylineConnectsConsecutiveRowsWhenItsModeIsSwitchedOn) {
   folder.Write("c/data/XY_polyline.txt", "0,0,10\n10,0,20\n10,10,30\n");
   Toggle_Draw_XYZ_Polygon(w);
   EXPECT_TRUE(w.Menu.Draw_XYZ_Polygon);
@@ -219,7 +219,7 @@ TEST_F(Overlays, PolylineModeSetsItsMarkBeforeItReads) {
   EXPECT_EQ(Marks(0).size(), 1U);
 }
 
-TEST_F(Overlays, DrawPolygonOnlyTurnsItsMark) {
+TEST_F(Overlays, DrawPolygonOnlyTogglesItsMark) {
   folder.Write("c/data/XY_polyline.txt", "0,0,10\n10,0,20\n");
   Toggle_Draw_Polygon(w);
   EXPECT_TRUE(w.Menu.Draw_Polygon);

@@ -48,7 +48,7 @@ class BatchOrientation : public testing::Test {
     Handle_Event(block_.w, event);
   }
 
-  // Points without raw files; the lines of an output file as numbers.
+  // The lines of an output file as numbers.
   std::vector<std::vector<double>> Lines_Of(const std::string& name) {
     std::vector<std::vector<double>> lines;
     std::istringstream text(block_.folder.Read(name));
@@ -111,7 +111,7 @@ TEST_F(BatchOrientation, APointThatOneImageMissesHasNoLine) {
   EXPECT_EQ(block_.w.Form1.Label10.Caption, "0 points from 1 pairs");
 }
 
-TEST_F(BatchOrientation, ASingularPointIsToldAndTheOthersGoOn) {
+TEST_F(BatchOrientation, ASingularPointIsReportedAndTheOthersGoOn) {
   SmallImage blind;
   blind.id = 103;
   blind.c = 0;
@@ -150,13 +150,13 @@ TEST_F(BatchOrientation, MissingListsAreNamed) {
   }
 }
 
-TEST_F(BatchOrientation, AWordInAListIsNamedWithItsPlace) {
+TEST_F(BatchOrientation, AWordInAListIsNamedWithItsPosition) {
   Write("d/Ground_points_nothing.txt", "7,7,1,2,high\n");
   Run("Compute_Points_From_Pairs");
   EXPECT_NE(The_Error().find("Ground_points_nothing.txt, line 1, item 5"), std::string::npos);
 }
 
-TEST_F(BatchOrientation, ApproximationsAreTheFilmCentreAndTheTurnedCornersOnThePlane) {
+TEST_F(BatchOrientation, ApproximationsAreTheFilmCentreAndTheRotatedCornersOnThePlane) {
   Write_Header("e/lk/im1.hdr", 1, 40);
   Write("f/lines.txt", "im1,3,0,5,2\n");
   Write("e/lk/InitApprx.txt", "old\n");

@@ -67,7 +67,7 @@ TEST(DistanceWindow, ShowsHeaderAndAllNineEntries) {
   EXPECT_EQ(form.DistanceLabel(8).Caption, ".00 m ");
 }
 
-TEST(DistanceRecord, LineHasOneGroupAnImageOfTheBlock) {
+TEST(DistanceRecord, LineHasOneGroupPerImageOfTheBlock) {
   MeasuredWidth b;
   b.folder.Write(kFile, "earlier\n");
   Form7_Save_Close_And_Reset(b.w);
@@ -161,7 +161,7 @@ TEST(DistanceWindow, EnterMovesThroughTheBoxes) {
   EXPECT_EQ(b.w.Form7.ActiveControl, "Text3(0)");
 }
 
-TEST(DistanceWindow, TextThatIsNoIntegerEmptiesTheBox) {
+TEST(DistanceWindow, TextThatIsNotAnIntegerEmptiesTheBox) {
   MeasuredWidth b;
   b.w.Form7.Text1.Text = "40000";
   b.w.Form7.Text2.Text = "abc";
@@ -184,14 +184,14 @@ TEST(DistanceWindow, AnEmptyFreeIntegerBoxTakesAZeroAtTheFirstKey) {
   EXPECT_EQ(b.w.Form7.Text2.Text, "0");
 }
 
-TEST(DistanceWindow, ACodingKeepsItsLeftThirtyCharacters) {
+TEST(DistanceWindow, ACodingKeepsItsFirstThirtyCharacters) {
   MeasuredWidth b;
   b.w.Form7.Text3(8).Text = std::string(30, 'a') + "bc";
   Form7_Text3_Enter(b.w, 8);
   EXPECT_EQ(b.w.XYDistanceEntries(8).ObsCoding.Padded(), std::string(30, 'a'));
 }
 
-TEST(DistanceWindow, ACodingIsNeverCutInsideACharacter) {
+TEST(DistanceWindow, ACodingIsNeverSplitInsideACharacter) {
   MeasuredWidth b;
   std::string letters = "a";
   for (int i = 1; i < 30; ++i) letters += "\u00e4";

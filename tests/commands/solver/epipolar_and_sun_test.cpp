@@ -36,7 +36,7 @@ TEST(EpipolarLine, FiveMetresInTenthsAre101DotsInEachImage) {
     EXPECT_EQ(b.Marks(k)[50].colour, kCyanDot);
     EXPECT_EQ(b.Marks(k)[50].width, 1);
   }
-  // The ray of image 0 runs through X = 100 / 980 x depth below its camera.
+  // Relative to its camera, the ray of image 0 is at X = 100 / 980 x the depth below the camera.
   for (const int step : {0, 50, 100}) {
     const double Z = 15 + 0.1 * step;
     const PanePosition at = b.Pane_Of(1, {100.0 / 980 * (1000 - Z), 0, Z});
@@ -45,13 +45,13 @@ TEST(EpipolarLine, FiveMetresInTenthsAre101DotsInEachImage) {
   }
 }
 
-TEST(EpipolarLine, InThePointedImageItIsOnePlace) {
+TEST(EpipolarLine, InThePointedImageItIsOnePosition) {
   PointedPair b;
   Draw_Epipolar_Line(b.w);
   for (const Mark& mark : b.Marks(0)) EXPECT_NEAR(mark.x1, b.Marks(0)[0].x1, 1e-6);
 }
 
-TEST(EpipolarLine, DepthDecidesTheNumberOfDots) {
+TEST(EpipolarLine, DepthDeterminesTheNumberOfDots) {
   struct Case {
     double depth;
     std::size_t dots;
@@ -65,7 +65,7 @@ TEST(EpipolarLine, DepthDecidesTheNumberOfDots) {
   }
 }
 
-TEST(EpipolarLine, AnAbsurdDepthIsAClearFailure) {
+TEST(EpipolarLine, AnAbsurdDepthIsAClearError) {
   PointedPair b;
   b.w.options.EpipolarZDepth = 1e12;
   EXPECT_THROW(Draw_Epipolar_Line(b.w), RunTimeError);
@@ -77,7 +77,7 @@ TEST(EpipolarLine, ACorrelationImageIsGreenByItsOwnView) {
   b.w.ImageKinds(1) = 2;
   b.w.CorrelationRecords(1) = b.w.ImageBlock(1);
   b.w.CorrelationRecords(1).SubColOrigin = 100;
-  b.w.CorrelationRecords(1).SubRowOrigin = 1500;  // from the bottom
+  b.w.CorrelationRecords(1).SubRowOrigin = 1500;  // counted from the bottom
   b.w.CorrelationPaneViews(1) = {10, 20, 200, 200, 2, 2};
   Draw_Epipolar_Line(b.w);
   ASSERT_EQ(b.Marks(1).size(), 101U);
@@ -88,7 +88,7 @@ TEST(EpipolarLine, ACorrelationImageIsGreenByItsOwnView) {
   EXPECT_NEAR(b.Marks(1)[50].y1, (1500 - 20 - 1000) * 2, 1e-6);
 }
 
-TEST(EpipolarLine, AfterStartUpOnlyTheStatusSpeaks) {
+TEST(EpipolarLine, AfterStartUpOnlyTheStatusIsSet) {
   SyntheticBlock b;
   Draw_Epipolar_Line(b.w);
   EXPECT_EQ(b.w.Form1.Label10.Caption,
@@ -115,7 +115,7 @@ TEST(EpipolarLine, AnEmptyBoxIsATypeMismatch) {
   }
 }
 
-TEST(SunRay, WithoutASolutionItSaysSo) {
+TEST(SunRay, WithoutASolutionItReportsSo) {
   PointedPair b;
   b.w.SolutionValid = false;
   Cast_sun_ray(b.w);
@@ -126,7 +126,7 @@ TEST(SunRay, WithoutASolutionItSaysSo) {
 TEST(SunRay, IsAMetreScaleTowardsEachImagesOwnSun) {
   PointedPair b;
   b.w.ImageBlock(0).SunElevation = 30 * kDegree;
-  b.w.ImageBlock(0).SunAzimuth = 90 * kDegree;  // east: X grows by cos 30 a metre, Z by 0.5
+  b.w.ImageBlock(0).SunAzimuth = 90 * kDegree;  // east: X grows by cos 30 per metre, Z by 0.5
   b.w.ImageBlock(1).SunElevation = 90 * kDegree;
   Cast_sun_ray(b.w);
   ASSERT_EQ(b.Marks(0).size(), 2U + 61 * 9);
@@ -169,7 +169,7 @@ TEST(Angles, WithoutASolutionThereIsNoFile) {
   EXPECT_FALSE(b.folder.Has("c/data/sun.txt"));
 }
 
-TEST(Angles, OneLineAnImageReplacesTheOldFile) {
+TEST(Angles, OneLinePerImageReplacesTheOldFile) {
   SyntheticBlock b;
   b.folder.Write("c/data/SUN.TXT", std::string(500, 'x'));
   b.Add_Camera(0, 0, 1000);
@@ -181,8 +181,8 @@ TEST(Angles, OneLineAnImageReplacesTheOldFile) {
     b.w.ImageBlock(k).SunElevation = 40 * kDegree;
   }
   Get_angles(b.w);
-  // The first ray goes north: azimuth 0, angle 90; the sun's angle is -60. Difference -150.
-  // The second goes south: azimuth 180, angle -90, difference 30. Both atan(0.1) off nadir.
+  // The first ray points north: azimuth 0, angle 90; the sun's angle is -60. Difference -150. The
+  // second points south: azimuth 180, angle -90, difference 30. Both are atan(0.1) off nadir.
   EXPECT_EQ(b.folder.Read("c/data/SUN.TXT"),
             "150.0\t40.0\t.0\t-150.0\tF\t5.7\n"
             "150.0\t40.0\t180.0\t30.0\tB\t5.7\n");

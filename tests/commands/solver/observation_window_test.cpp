@@ -13,7 +13,7 @@ struct MeasuredPoint : SyntheticBlock {
     Add_Camera(0, 0, 1000);
     Add_Camera(200, 0, 1000);
     ObservationRecord& record = w.Observation;
-    record.X = 2515000.125;  // a tie: to the even hundredth
+    record.X = 2515000.125;  // a tie: rounds to the even hundredth
     record.Y = 6860000.5;
     record.Z = 0.25;
     record.DemZ = -99;
@@ -89,7 +89,7 @@ TEST(AcceptAndSave, TakesTheBoxes) {
   EXPECT_EQ(b.w.Observation.FreeText.Trimmed(), "spruce");
   EXPECT_EQ(b.w.ObservationFileName, "c:\\data\\other.txt");
   EXPECT_TRUE(b.folder.Has("c/data/other.txt"));
-  // The operator's number goes on from there.
+  // Numbering continues after the operator's number.
   EXPECT_EQ(b.w.NextMeasurementNumber, 501);
   EXPECT_EQ(b.w.Form1.Label2.Caption, "Measurement number: 501");
 }
@@ -197,7 +197,7 @@ TEST(AcceptAndSave, TheLastNumberIsSavedAndReportedOnce) {
   EXPECT_EQ(b.w.Form1.Text1(0).Text, "");
 }
 
-TEST(AcceptAndSave, PlotsAllPointsWhenAskedTo) {
+TEST(AcceptAndSave, PlotsAllPointsWhenEnabled) {
   MeasuredPoint b;
   b.folder.Write("c/data/JetColorMAP.csv", "1,2,3\n");
   b.w.options.PlotAllAfterSave = true;

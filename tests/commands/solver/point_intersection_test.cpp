@@ -21,8 +21,8 @@ struct StereoPair : SyntheticBlock {
     w.Solution3D = {99, 1, 22};
     w.options.IterationStopDX = w.options.IterationStopDY = w.options.IterationStopDZ = 1e-7;
   }
-  // A y parallax of 2 p leaves residuals of p in both images: RMSE = sqrt(2) p with one degree
-  // of freedom.
+  // A y parallax of 2 p leaves residuals of p in both images: RMSE = sqrt(2) p with one degree of
+  // freedom.
   void Observe_With_Parallax(double p) {
     Observe(0, kTree, p);
     Observe(1, kTree, -p);
@@ -44,13 +44,13 @@ TEST(PointIntersection, ExactRaysMeetInTheirPoint) {
   EXPECT_EQ(b.w.Form1.Label10.ForeColor, (Colour{10, 150, 20}));
 }
 
-TEST(PointIntersection, ExactDataStopsAfterFewPassesWithTheStartLimits) {
+TEST(PointIntersection, ExactDataStopsAfterAFewPassesWithTheStartLimits) {
   StereoPair b;
   b.w.options.IterationStopDX = b.w.options.IterationStopDY = b.w.options.IterationStopDZ = 0.03;
   b.Observe_With_Parallax(0);
   Point_Intersection(b.w);
   EXPECT_NEAR(b.w.Solution3D.Z, 20, 0.03);
-  EXPECT_LE(b.screen.servicings, 4);  // once after each pass but the last, once at the end
+  EXPECT_LE(b.screen.servicings, 4);  // after each pass except the last, and at the end
   EXPECT_TRUE(b.screen.beeps.empty());
 }
 
@@ -84,7 +84,7 @@ TEST(PointIntersection, RmseAboveTheSecondLevelSoundsTheDeepTone) {
   EXPECT_EQ(b.screen.beeps[0], (std::pair{600, 350}));
 }
 
-TEST(PointIntersection, RmseAtTheLevelIsNeitherRedNorHeard) {
+TEST(PointIntersection, RmseAtTheLevelIsNeitherRedNorAudible) {
   StereoPair b;
   b.Observe_With_Parallax(30e-6);
   const FilmObservation rays[] = {
@@ -142,7 +142,7 @@ TEST(PointIntersection, EveryImageGetsAGreenBlockTickedOrNot) {
   }
 }
 
-TEST(PointIntersection, OneTickedImageIsRefused) {
+TEST(PointIntersection, OneTickedImageIsRejected) {
   StereoPair b;
   b.w.Observation.ImageCount = 3;
   b.Observe(1, kTree);
@@ -152,20 +152,20 @@ TEST(PointIntersection, OneTickedImageIsRefused) {
   EXPECT_EQ(b.w.Form1.Label10.Caption, "Could not compute ray intersection for < 2 images");
   EXPECT_EQ(b.w.Solution3D.X, 99);
   EXPECT_FALSE(b.w.SolutionValid);
-  // The image list stands in the record already, the number of images not.
+  // The image list is already in the record, but not the number of images.
   EXPECT_EQ(b.w.Observation.ImageSlots(0), 1);
   EXPECT_EQ(b.w.Observation.ImageIds(0), 101);
   EXPECT_EQ(b.w.Observation.ImageCount, 3);
 }
 
-TEST(PointIntersection, NoImageAtAllIsRefused) {
+TEST(PointIntersection, NoImageAtAllIsRejected) {
   SyntheticBlock b;
   Point_Intersection(b.w);
   ASSERT_EQ(b.screen.messages.size(), 1U);
   EXPECT_EQ(b.w.Form1.Label10.Caption, "Could not compute ray intersection for < 2 images");
 }
 
-TEST(PointIntersection, ParallelRaysLeaveAZeroPointAndTheFlag) {
+TEST(PointIntersection, ParallelRaysSetAZeroPointAndLeaveTheFlag) {
   SyntheticBlock b;
   b.Add_Camera(5, 7, 1000);
   b.Add_Camera(5, 7, 1000);
@@ -232,7 +232,7 @@ TEST(PointIntersection, BoxEmptiedBetweenPassesEndsTheCommand) {
   EXPECT_FALSE(b.w.SolutionValid);
 }
 
-TEST(PointIntersection, BoxEmptiedAfterTheHundredthPassIsReadNoMore) {
+TEST(PointIntersection, BoxEmptiedAfterTheHundredthPassIsNotRead) {
   StereoPair b;
   b.Observe_With_Parallax(0);
   b.w.options.IterationStopDX = 0;
@@ -246,7 +246,7 @@ TEST(PointIntersection, BoxEmptiedAfterTheHundredthPassIsReadNoMore) {
 TEST(PointIntersection, LimitsAppliedBetweenPassesCountAtTheNextTest) {
   StereoPair b;
   b.Observe_With_Parallax(0);
-  b.w.options.IterationStopDX = 0;  // would run to the hundredth pass
+  b.w.options.IterationStopDX = 0;  // would run until the hundredth pass
   b.screen.on_service = [&] {
     b.w.options.IterationStopDX = b.w.options.IterationStopDY = b.w.options.IterationStopDZ = 1000;
   };
@@ -258,7 +258,7 @@ TEST(PointIntersection, LimitsAppliedBetweenPassesCountAtTheNextTest) {
 TEST(PointIntersection, HundredPassesEndWithoutAMessage) {
   StereoPair b;
   b.Observe_With_Parallax(0);
-  b.w.options.IterationStopDX = 0;  // a correction is always at least 0: never converged
+  b.w.options.IterationStopDX = 0;  // a correction is never below 0: no convergence
   Point_Intersection(b.w);
   EXPECT_TRUE(b.screen.messages.empty());
   EXPECT_TRUE(b.w.SolutionValid);
@@ -307,13 +307,13 @@ TEST(PointIntersection, NonNumericTextNamesItsBoxAndImage) {
 TEST(PointIntersection, RaysWithoutAFinitePointLeaveTheSolution) {
   StereoPair b;
   b.Observe_With_Parallax(0);
-  b.w.Solution3D.Z = 1000 + 0.03;  // the working point lies in the cameras' horizon
+  b.w.Solution3D.Z = 1000 + 0.03;  // the approximation lies at the cameras' height
   EXPECT_THROW(Point_Intersection(b.w), RunTimeError);
   EXPECT_FALSE(b.w.SolutionValid);
   EXPECT_EQ(b.w.Solution3D.X, 99);
 }
 
-TEST(SinglePhotoIntersection, CutsTheRayAtTheGivenHeight) {
+TEST(SinglePhotoIntersection, IntersectsTheRayWithTheGivenHeight) {
   StereoPair b;
   b.w.CurrentImage = 1;
   b.w.NextMeasurementNumber = 12;

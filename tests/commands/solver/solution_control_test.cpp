@@ -68,7 +68,7 @@ TEST(Set3DSolution, AsksThreeValues) {
   EXPECT_EQ(b.w.Form1.Label4(1).Caption, "6860020");
 }
 
-// An operator who looks at the solution whenever a box opens.
+// An operator who inspects the solution whenever a box opens.
 struct WatchingScreen : RecordingScreen {
   explicit WatchingScreen(const Workspace* block) : w(block) {}
   const Workspace* w;
@@ -112,7 +112,7 @@ TEST(Set3DSolFile, TakesNumberAndPointFromTheFirstLine) {
   EXPECT_EQ(b.w.Observation.Z, 181.25);
   EXPECT_TRUE(b.w.SolutionValid);
   EXPECT_EQ(b.w.Form1.Label4(2).Caption, "181.25");
-  // Centring has run last.
+  // Centring ran last.
   EXPECT_EQ(b.w.CenterTarget.X, 2515010.5);
   EXPECT_TRUE(b.screen.messages.empty());
 }
@@ -157,7 +157,7 @@ TEST(Set3DSolutionToStereoSol, CopiesThePointAndTheRecord) {
   EXPECT_EQ(b.w.Form1.Label4(0).Caption, "1.5");
 }
 
-TEST(NewPlotLocation, StacksTheHeightOnTheModel) {
+TEST(NewPlotLocation, AddsTheHeightToTheModel) {
   NamedBlock b;
   b.w.RasterDem.NCols = b.w.RasterDem.NRows = 3;
   b.w.RasterDem.CellSize = 100;
@@ -176,7 +176,7 @@ TEST(NewPlotLocation, StacksTheHeightOnTheModel) {
   EXPECT_EQ(b.w.CenterTarget.Z, 162.5);
 }
 
-TEST(NewPlotLocation, FailureNamesTheLineBehindEmptyOnesAndTheNativePath) {
+TEST(NewPlotLocation, FailureNamesTheLineAfterEmptyOnesAndTheNativePath) {
   for (const auto& [text, message] :
        {std::pair{"\n7,110,90,0,flat,0,12.5,x\n",
                   "Type mismatch: c:\\data\\plot.txt, line 2, item 5: \"flat\" is not a number"},
