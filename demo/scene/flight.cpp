@@ -138,8 +138,10 @@ void Set_Raw_Area(Photograph& photo, const SceneBox& part) {
       std::min<double>(image.FullHeight, std::ceil(box.most_top)) - image.SubRowOrigin;
 }
 
+std::size_t Start_Tree(const Scene& scene) { return Centre_Tree(scene, kLeastStartHeight); }
+
 std::vector<Photograph> Fly_Over(const Scene& scene) {
-  const Tree& start = scene.trees[Centre_Tree(scene, kLeastStartHeight)];
+  const Tree& start = scene.trees[Start_Tree(scene)];
   std::vector<Photograph> photos;
   for (std::size_t i = 0; i < kExposures.size(); ++i) {
     photos.push_back(Expose(scene, kExposures[i], "c:\\data\\demo\\im" + std::to_string(i + 1)));

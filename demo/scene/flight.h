@@ -25,6 +25,9 @@ struct Photograph {
   std::uint64_t grain = 0;  // number of its noise pattern, unique to the photograph
 };
 
+/// Index of the tree on whose top the panes are centred when a photograph is added.
+std::size_t Start_Tree(const Scene& scene);
+
 std::vector<Photograph> Fly_Over(const Scene& scene);
 
 /// A part of the scene, metres.

@@ -96,6 +96,7 @@ void Write_Demo_Site(const Scene& scene, const std::vector<Photograph>& photos,
   Write_Beside_Drives(root / "truth.csv", Truth_Table(scene, photos));
   Write_Beside_Drives(root / "scene.txt", Scene_Summary(scene, photos));
   Write_Beside_Drives(root / "sessions" / "measure.txt", Measure_Session(scene, photos));
+  Write_Beside_Drives(root / "sessions" / "first.txt", First_Session(scene, photos));
   Write_Beside_Drives(root / "sessions" / "match.txt", Match_Session(scene, photos));
   Write_Beside_Drives(root / "sessions" / "overlays.txt", Overlay_Session(scene, photos, tree));
   Write_Surface_Photographs(scene, photos, drives);

@@ -11,15 +11,9 @@
 namespace sylvomex::demo {
 namespace {
 
-<<<<<<< HEAD
 constexpr int kPointSpacing = 30;                                    // metres
-constexpr double kFootprintLength = 100, kFootprintWidth = 80;       // half of it, metres
-constexpr const char* kPlotText = "c:\\data\\demo\\match_plot.txt";  // trees about the model tree
-=======
-constexpr double kPointSpacing = 30;                                 // metres
 constexpr double kFootprintLength = 100, kFootprintWidth = 80;       // half sizes, metres
 constexpr const char* kPlotText = "c:\\data\\demo\\match_plot.txt";  // trees around the model tree
->>>>>>> main
 constexpr const char* kPlotTrees = "c:\\data\\demo\\match_plot.bin";
 
 std::vector<Point3D> Points_Of_Ground(const Scene& scene) {

@@ -98,6 +98,16 @@ std::string Measure_Session(const Scene& scene, const std::vector<Photograph>& p
   return text;
 }
 
+std::string First_Session(const Scene& scene, const std::vector<Photograph>& photos) {
+  const std::size_t index = Start_Tree(scene);
+  const Tree& tree = scene.trees[index];
+  return "# The first tree top of a session: nothing to start from, then the solution is reset.\n" +
+         Load_Steps(photos) + "say \"tree " + std::to_string(tree.id) + "\"\n" +
+         Click_Steps(scene, photos, index, {tree.X, tree.Y, tree.TopZ}) +
+         "menu Point_Intersection\nprint Label10\nprint Label3\n"
+         "menu Reset_Point_Solution\nmenu Point_Intersection\nprint Solution3D\nprint Label10\n";
+}
+
 std::string Open_Session(const Scene& scene, const std::vector<Photograph>& photos) {
   std::string text =
       "# The demo site on the screen, centred on the top of a tree.\n" + Load_Steps(photos);

@@ -23,6 +23,10 @@ std::vector<std::size_t> Trees_To_Measure(const Scene& scene,
 /// The text of the session. Pane positions are rounded to half a pixel.
 std::string Measure_Session(const Scene& scene, const std::vector<Photograph>& photos);
 
+/// The top of the tree on which the panes start, clicked before there is a solution: Ctrl+I fails,
+/// after a reset it converges.
+std::string First_Session(const Scene& scene, const std::vector<Photograph>& photos);
+
 /// A session that leaves the photographs on screen, centred on a tree.
 std::string Open_Session(const Scene& scene, const std::vector<Photograph>& photos);
 

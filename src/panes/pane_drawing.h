@@ -9,13 +9,9 @@
 
 namespace sylvomex {
 
-<<<<<<< HEAD
 struct Workspace;
 
-/// Pane position of a full-image position in pane k by its present view. Correlation panes
-=======
 /// Pane position of a full-image position in pane k with its current view. Correlation panes
->>>>>>> main
 /// (ImageKinds 2) use the tables of the correlation images.
 PanePosition Pane_Of_Pixel(const Workspace& w, int image, const PixelPosition& pixel);
 

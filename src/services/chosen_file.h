@@ -10,15 +10,10 @@
 
 namespace sylvomex {
 
-<<<<<<< HEAD
 struct Workspace;
 
-/// The name under which the system goes on with the answer of a file dialog: a drive name where the
-/// file lies on a drive, so that records, messages and recordings hold under another root.
-=======
 /// The internal name for the answer of a file dialog: a drive name when the file lies on a drive,
 /// so that records, messages and recordings stay valid under another root.
->>>>>>> main
 ///
 /// answer: a drive name, a native path, or a drive name that a dialog mistook for a file in the
 /// folder it showed ("/home/me/c:\data\a.hdr"). A name without extension for which no file exists

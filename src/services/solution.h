@@ -6,13 +6,9 @@
 
 namespace sylvomex {
 
-<<<<<<< HEAD
 struct Workspace;
 
-/// How a point stands in the three Label4 fields: a number pattern, or plain number text.
-=======
 /// Pattern for the three Label4 fields; the empty pattern means plain number text.
->>>>>>> main
 inline constexpr const char* kPlainNumbers = "";
 inline constexpr const char* kHundredths = "#.00";
 inline constexpr const char* kThousandths = "#.000";

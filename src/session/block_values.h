@@ -11,13 +11,9 @@
 
 namespace sylvomex {
 
-<<<<<<< HEAD
 struct Workspace;
 
-/// The value of a name on one line. Raises UnknownName for a name that does not exist and
-=======
 /// The value of a name as one line of text. Throws UnknownName for a name that does not exist and
->>>>>>> main
 /// RunTimeError(SubscriptOutOfRange) for an index outside its table.
 std::string Block_Value(Workspace& w, std::string_view name);
 

@@ -161,6 +161,23 @@ TEST(MeasureSession, FromTheStartTheFirstIntersectionFailsAndAResetSolutionConve
   EXPECT_NEAR(b.w.Solution3D.Z, tree.TopZ, 0.02);
 }
 
+TEST(FirstSession, ClicksTheTreeOfTheStartingPanesBeforeThereIsASolution) {
+  const std::string session = First_Session(Site(), Photos());
+  const Tree& tree = Site().trees[Start_Tree(Site())];
+  const auto trees = Parse_Session(session);
+  ASSERT_EQ(trees.size(), 1U);
+  ASSERT_EQ(trees.begin()->first, tree.id);
+  EXPECT_GE(trees.begin()->second.clicks.size(), 3U);
+  // A pane starts with its middle on the top, whole pixels aside.
+  for (const auto& [pane, at] : trees.begin()->second.clicks) {
+    EXPECT_NEAR(at.px, kSessionPaneSide / 2.0, 1.5) << pane;
+    EXPECT_NEAR(at.py, kSessionPaneSide / 2.0, 1.5) << pane;
+  }
+  EXPECT_EQ(session.find("Set_3D_solution"), std::string::npos);
+  EXPECT_LT(session.find("menu Point_Intersection"), session.find("menu Reset_Point_Solution"));
+  EXPECT_LT(session.find("menu Reset_Point_Solution"), session.rfind("menu Point_Intersection"));
+}
+
 TEST(OpenSession, CentresOnTheTopOfATree) {
   const std::string session = Open_Session(Site(), Photos());
   double X = 0, Y = 0, Z = 0;

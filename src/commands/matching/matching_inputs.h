@@ -10,13 +10,9 @@
 
 namespace sylvomex {
 
-<<<<<<< HEAD
 struct Workspace;
 
-/// The raw file of an image. The bytes stay valid while no other file is opened.
-=======
 /// The raw file of an image. The bytes stay valid until another file is opened.
->>>>>>> main
 RawPixels Raw_Pixels_Of(Workspace& w, const ImageRecord& record);
 
 }  // namespace sylvomex

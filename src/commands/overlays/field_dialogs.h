@@ -7,15 +7,10 @@
 
 namespace sylvomex {
 
-<<<<<<< HEAD
 struct Workspace;
 
-/// The text file of a plot, its borders or its trees, by file dialog; nothing when it is dismissed,
-/// here and below.
-=======
 /// Asks for the text file of a plot (its borders or its trees). This and the functions below return
 /// std::nullopt when the dialog is dismissed.
->>>>>>> main
 std::optional<FilePath> Ask_Plot_Text_File(Workspace& w);
 
 /// Asks for the binary tree file to write.
