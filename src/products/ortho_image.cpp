@@ -3,13 +3,12 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cmath>
 #include <string>
 #include <vector>
 
 #include "closedlib/parallel_tasks.h"
 #include "platform/run_time_error.h"
-#include "products/ortho_positions.h"
+#include "products/ortho_columns.h"
 
 namespace sylvomex {
 namespace {
@@ -23,7 +22,14 @@ enum class CellState : std::uint8_t { Read, Black, BeyondEnd };
 class OrthoSlab {
  public:
   OrthoSlab(const OrthoGrid& grid, const OrthoSource& source, const OrthoHeights& heights,
-            std::int32_t first_col, std::int32_t last_col, std::span<std::uint8_t> cells);
+            std::int32_t first_col, std::int32_t last_col, std::span<std::uint8_t> cells)
+      : grid_(grid),
+        source_(source),
+        first_col_(static_cast<std::size_t>(first_col)),
+        pixel_bytes_(static_cast<std::size_t>(source.pixel_bytes)),
+        cells_(cells),
+        columns_(grid, source, heights, first_col, last_col - first_col, grid.pixel),
+        states_(columns_.Count() * static_cast<std::size_t>(grid.rows)) {}
 
   /// Reads the pixels of some rows. Calls for different rows may run at the same time.
   void Read_Rows(std::int32_t first_row, std::int32_t last_row);
@@ -32,7 +38,6 @@ class OrthoSlab {
   void Repeat_Last_Pixels(LastPixel& last);
 
  private:
-  void Find_Heights(double Y, std::vector<double>& Z) const;
   void Read_Cell(std::int32_t row, std::size_t k, double position);
   void Take_Last_Of_Column(std::size_t k, LastPixel& last) const;
 
@@ -42,67 +47,25 @@ class OrthoSlab {
     return cells_.data() + (first + k) * pixel_bytes_;
   }
   [[nodiscard]] std::size_t State_Index(std::int32_t row, std::size_t k) const {
-    return static_cast<std::size_t>(row) * X_.size() + k;
+    return static_cast<std::size_t>(row) * columns_.Count() + k;
   }
 
   const OrthoGrid& grid_;
   const OrthoSource& source_;
-  const OrthoHeights& heights_;
   std::size_t first_col_;
   std::size_t pixel_bytes_;
   std::span<std::uint8_t> cells_;
-  std::vector<double> X_, axis_r_, axis_s_, axis_q_;  // of each column
-  std::vector<std::uint64_t> model_cols_;
+  OrthoColumns columns_;
   std::vector<CellState> states_;  // row by row
   std::atomic<bool> any_beyond_ = false;
 };
 
-OrthoSlab::OrthoSlab(const OrthoGrid& grid, const OrthoSource& source, const OrthoHeights& heights,
-                     std::int32_t first_col, std::int32_t last_col, std::span<std::uint8_t> cells)
-    : grid_(grid),
-      source_(source),
-      heights_(heights),
-      first_col_(static_cast<std::size_t>(first_col)),
-      pixel_bytes_(static_cast<std::size_t>(source.pixel_bytes)),
-      cells_(cells) {
-  const Camera& camera = source_.camera;
-  for (std::int32_t col = first_col; col < last_col; ++col) {
-    const double X = grid_.X0 + col * grid_.pixel + grid_.pixel;
-    const double dX = X - camera.centre.X;
-    X_.push_back(X);
-    axis_r_.push_back(camera.m.m11 * dX);
-    axis_s_.push_back(camera.m.m21 * dX);
-    axis_q_.push_back(camera.m.m31 * dX);
-    if (heights_.model != nullptr) model_cols_.push_back(Raster_Column(*heights_.model, X));
-  }
-  states_.resize(X_.size() * static_cast<std::size_t>(grid_.rows));
-}
-
-void OrthoSlab::Find_Heights(double Y, std::vector<double>& Z) const {
-  if (heights_.model == nullptr) {
-    std::fill(Z.begin(), Z.end(), heights_.elsewhere);
-    return;
-  }
-  const std::uint64_t model_row = Raster_Row(*heights_.model, Y);
-  for (std::size_t k = 0; k < Z.size(); ++k) {
-    Z[k] = heights_.Replaced(Raster_Cell(*heights_.model, model_cols_[k], model_row));
-  }
-}
-
 void OrthoSlab::Read_Rows(std::int32_t first_row, std::int32_t last_row) {
-  std::vector<double> Z(X_.size());
-  std::vector<double> positions(X_.size());
+  std::vector<double> Z(columns_.Count());
+  std::vector<double> positions(columns_.Count());
   for (std::int32_t row = first_row; row < last_row; ++row) {
-    const double Y = grid_.Y0 + row * grid_.pixel + grid_.pixel;
-    Find_Heights(Y, Z);
-    Find_Byte_Positions(source_, {axis_r_, axis_s_, axis_q_}, Y - source_.camera.centre.Y, Z,
-                        positions);
-    for (std::size_t k = 0; k < X_.size(); ++k) {
-      if (std::isnan(positions[k])) {
-        positions[k] = Byte_Position(source_, Object_To_Pixel(source_.camera, {X_[k], Y, Z[k]}));
-      }
-      Read_Cell(row, k, positions[k]);
-    }
+    columns_.Find_Positions(row, Z, positions);
+    for (std::size_t k = 0; k < positions.size(); ++k) Read_Cell(row, k, positions[k]);
   }
 }
 
@@ -130,15 +93,15 @@ void OrthoSlab::Take_Last_Of_Column(std::size_t k, LastPixel& last) const {
 }
 
 void OrthoSlab::Repeat_Last_Pixels(LastPixel& last) {
-  std::vector<LastPixel> before(X_.size());
-  for (std::size_t k = 0; k < X_.size(); ++k) {
+  std::vector<LastPixel> before(columns_.Count());
+  for (std::size_t k = 0; k < columns_.Count(); ++k) {
     before[k] = last;
     Take_Last_Of_Column(k, last);
   }
   if (!any_beyond_) return;
   // Row by row, since neighbouring cells of a row share cache lines.
   for (std::int32_t row = 0; row < grid_.rows; ++row) {
-    for (std::size_t k = 0; k < X_.size(); ++k) {
+    for (std::size_t k = 0; k < columns_.Count(); ++k) {
       const CellState state = states_[State_Index(row, k)];
       if (state == CellState::Read) std::copy_n(Cell(row, k), pixel_bytes_, before[k].begin());
       if (state == CellState::BeyondEnd) std::copy_n(before[k].begin(), pixel_bytes_, Cell(row, k));
