@@ -17,6 +17,7 @@
 #include "commands/lidar/echo_rasters.h"
 #include "commands/lidar/pulse_listing.h"
 #include "commands/lidar/pulse_overlays.h"
+#include "commands/mapview/map_window.h"
 #include "commands/matching/correlation_images.h"
 #include "commands/matching/find_clusters.h"
 #include "commands/matching/point_scores.h"
@@ -104,7 +105,7 @@ constexpr MenuRow kMainMenu[] = {
     {1, "OrthoBlock", "Create an OrthoBlock", 0, 0, false, MenuRole::Command, OrthoBlock, nullptr},
     {1, "Create_An_OrthoIndex", "Create an OrthoIndex", 0, 0, false, MenuRole::Command, Create_An_OrthoIndex, nullptr},
     {1, "Open_Stereo_window", "Open stereo window", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Open_Map_Window", "Open Map window", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
+    {1, "Open_Map_Window", "Open Map window", 0, 0, false, MenuRole::Command, Open_Map_Window, nullptr},
     {1, "Open_Options_Window", "Open Options Window", 'O', kCtrl, false, MenuRole::Command, Open_Options_Window, nullptr},
     {1, "Compute_Points_From_Pairs", "Compute_Points_From_Pairs", 0, 0, true, MenuRole::Command, Compute_Points_From_Pairs, nullptr},
     {1, "Compute_initial_apprx", "Compute Initial APRX", 0, 0, false, MenuRole::Command, Compute_initial_apprx, nullptr},
