@@ -44,14 +44,23 @@ std::optional<std::size_t> Serving_Camera(std::span<const Camera> cameras, const
 void Fill_Tile(const OrthoGrid& grid, const OrthoSource& source, const OrthoHeights& heights,
                const OrthoTile& tile, std::uint8_t* cells, std::size_t stride) {
   const OrthoColumns columns(grid, source, heights, tile.first_col, tile.columns, 0);
-  std::vector<double> Z(columns.Count());
+  const bool quick = source.pixel_bytes == 3 && source.bytes.size() <= kMostOffsetBytes;
+  RowHeights scratch;
+  std::vector<std::uint32_t> offsets(columns.Count());
   std::vector<double> positions(columns.Count());
   for (std::int32_t row = 0; row < tile.rows; ++row) {
-    columns.Find_Positions(tile.first_row + row, Z, positions);
-    std::uint8_t* cell = cells + static_cast<std::size_t>(row) * stride * kCellBytes;
-    for (const double position : positions) {
-      Copy_Pixel(source, position, cell);
-      cell += kCellBytes;
+    std::uint8_t* first = cells + static_cast<std::size_t>(row) * stride * kCellBytes;
+    const std::int32_t grid_row = tile.first_row + row;
+    if (quick) {
+      const RowCells found = columns.Find_Offsets(grid_row, scratch, 0, offsets);
+      if (!found.any_black && !found.any_other) {
+        Copy_Pixels(source, offsets, first);
+        continue;
+      }
+    }
+    columns.Find_Positions(grid_row, scratch, positions);
+    for (std::size_t k = 0; k < positions.size(); ++k) {
+      Copy_Pixel(source, positions[k], first + k * kCellBytes);
     }
   }
 }

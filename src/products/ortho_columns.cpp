@@ -1,12 +1,30 @@
 // SPDX-License-Identifier: MIT
 #include "products/ortho_columns.h"
 
-#include <algorithm>
 #include <cmath>
-
-#include "products/ortho_positions.h"
+#include <cstring>
 
 namespace sylvomex {
+namespace {
+
+constexpr std::uint8_t kBlack[4] = {};
+
+const std::uint8_t* Pixel_At(const std::uint8_t* bytes, std::uint32_t offset) {
+  return offset == kNoOffset ? kBlack : bytes + offset;
+}
+
+// Four bytes at a time, of which the next cell overwrites the last.
+void Copy_Colour(const std::uint8_t* bytes, std::span<const std::uint32_t> offsets,
+                 std::uint8_t* cells) {
+  if (offsets.empty()) return;
+  for (const std::uint32_t offset : offsets.first(offsets.size() - 1)) {
+    std::memcpy(cells, Pixel_At(bytes, offset), 4);
+    cells += 3;
+  }
+  std::memcpy(cells, Pixel_At(bytes, offsets.back()), 3);
+}
+
+}  // namespace
 
 OrthoColumns::OrthoColumns(const OrthoGrid& grid, const OrthoSource& source,
                            const OrthoHeights& heights, std::int32_t first_col, std::int32_t count,
@@ -24,27 +42,45 @@ OrthoColumns::OrthoColumns(const OrthoGrid& grid, const OrthoSource& source,
   }
 }
 
-void OrthoColumns::Find_Heights(double Y, std::span<double> Z) const {
-  if (heights_.model == nullptr) {
-    std::fill(Z.begin(), Z.end(), heights_.Without_Model());
-    return;
-  }
-  const std::uint64_t model_row = Raster_Row(*heights_.model, Y);
+void OrthoColumns::Find_Heights(double Y, RowHeights& scratch) const {
+  const RasterModel* model = heights_.model;
+  const std::uint64_t model_row = model == nullptr ? 0 : Raster_Row(*model, Y);
+  if (scratch.model_row == model_row) return;
+  scratch.model_row = model_row;
+  scratch.Z.resize(X_.size());
   for (std::size_t k = 0; k < X_.size(); ++k) {
-    Z[k] = heights_.Replaced(Raster_Cell(*heights_.model, model_cols_[k], model_row));
+    scratch.Z[k] = model == nullptr
+                       ? heights_.Without_Model()
+                       : heights_.Replaced(Raster_Cell(*model, model_cols_[k], model_row));
   }
 }
 
-void OrthoColumns::Find_Positions(std::int32_t row, std::span<double> Z,
+void OrthoColumns::Find_Positions(std::int32_t row, RowHeights& scratch,
                                   std::span<double> positions) const {
-  const double Y = Y0_ + row * pixel_ + shift_;
-  Find_Heights(Y, Z);
-  Find_Byte_Positions(source_, {axis_r_, axis_s_, axis_q_}, Y - source_.camera.centre.Y, Z,
+  const double Y = Y_Of(row);
+  Find_Heights(Y, scratch);
+  Find_Byte_Positions(source_, {axis_r_, axis_s_, axis_q_}, Y - source_.camera.centre.Y, scratch.Z,
                       positions.first(X_.size()));
   for (std::size_t k = 0; k < X_.size(); ++k) {
     if (!std::isnan(positions[k])) continue;
-    positions[k] = Byte_Position(source_, Object_To_Pixel(source_.camera, {X_[k], Y, Z[k]}));
+    positions[k] =
+        Byte_Position(source_, Object_To_Pixel(source_.camera, {X_[k], Y, scratch.Z[k]}));
   }
+}
+
+RowCells OrthoColumns::Find_Offsets(std::int32_t row, RowHeights& scratch, double lowest,
+                                    std::span<std::uint32_t> offsets) const {
+  const double Y = Y_Of(row);
+  Find_Heights(Y, scratch);
+  return Find_Byte_Offsets(source_, {axis_r_, axis_s_, axis_q_}, Y - source_.camera.centre.Y,
+                           scratch.Z, lowest, offsets.first(X_.size()));
+}
+
+void Copy_Pixels(const OrthoSource& source, std::span<const std::uint32_t> offsets,
+                 std::uint8_t* cells) {
+  const std::uint8_t* bytes = source.bytes.data();
+  if (source.pixel_bytes == 3) return Copy_Colour(bytes, offsets, cells);
+  for (const std::uint32_t offset : offsets) *cells++ = *Pixel_At(bytes, offset);
 }
 
 }  // namespace sylvomex

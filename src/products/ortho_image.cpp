@@ -14,11 +14,13 @@ namespace sylvomex {
 namespace {
 
 constexpr std::int32_t kRowsOfATask = 64;
+constexpr double kLowestPosition = 1;  // below it a cell is black
 
 /// Where the bytes of a cell come from.
 enum class CellState : std::uint8_t { Read, Black, BeyondEnd };
 
-/// Some neighbouring columns of a grid on their way to bytes.
+/// Some neighbouring columns of a grid on their way to bytes. Calls for different rows may run at
+/// the same time.
 class OrthoSlab {
  public:
   OrthoSlab(const OrthoGrid& grid, const OrthoSource& source, const OrthoHeights& heights,
@@ -28,10 +30,18 @@ class OrthoSlab {
         first_col_(static_cast<std::size_t>(first_col)),
         pixel_bytes_(static_cast<std::size_t>(source.pixel_bytes)),
         cells_(cells),
-        columns_(grid, source, heights, first_col, last_col - first_col, grid.pixel),
-        states_(columns_.Count() * static_cast<std::size_t>(grid.rows)) {}
+        columns_(grid, source, heights, first_col, last_col - first_col, grid.pixel) {}
 
-  /// Reads the pixels of some rows. Calls for different rows may run at the same time.
+  /// Copies the pixels of some rows as far as each cell is read or black. False: some are neither.
+  bool Copy_Rows(std::int32_t first_row, std::int32_t last_row);
+
+  /// The pixel read last after Copy_Rows of all rows.
+  void Take_Last_Pixel(LastPixel& last) const;
+
+  /// For Read_Rows and Repeat_Last_Pixels.
+  void Begin_Reading() { states_.resize(columns_.Count() * static_cast<std::size_t>(grid_.rows)); }
+
+  /// Reads the pixels of some rows cell by cell.
   void Read_Rows(std::int32_t first_row, std::int32_t last_row);
 
   /// Gives the cells beyond the end of the source the pixel read before them, column after column.
@@ -56,15 +66,43 @@ class OrthoSlab {
   std::size_t pixel_bytes_;
   std::span<std::uint8_t> cells_;
   OrthoColumns columns_;
+  std::atomic<bool> any_read_ = false;
   std::vector<CellState> states_;  // row by row
-  std::atomic<bool> any_beyond_ = false;
 };
 
+bool OrthoSlab::Copy_Rows(std::int32_t first_row, std::int32_t last_row) {
+  RowHeights heights;
+  std::vector<std::uint32_t> offsets(columns_.Count());
+  for (std::int32_t row = first_row; row < last_row; ++row) {
+    const RowCells cells = columns_.Find_Offsets(row, heights, kLowestPosition, offsets);
+    if (cells.any_other) return false;
+    if (cells.any_read) any_read_.store(true, std::memory_order_relaxed);
+    Copy_Pixels(source_, offsets, Cell(row, 0));
+  }
+  return true;
+}
+
+void OrthoSlab::Take_Last_Pixel(LastPixel& last) const {
+  if (!any_read_) return;
+  // Read cells are seldom far from the last column's top.
+  RowHeights heights;
+  std::vector<std::uint32_t> offsets(columns_.Count());
+  std::size_t best = 0;
+  for (std::int32_t row = grid_.rows - 1; row >= 0 && best < columns_.Count(); --row) {
+    columns_.Find_Offsets(row, heights, kLowestPosition, offsets);
+    for (std::size_t k = columns_.Count(); k > best; --k) {
+      if (offsets[k - 1] == kNoOffset) continue;
+      std::copy_n(Cell(row, k - 1), pixel_bytes_, last.begin());
+      best = k;
+    }
+  }
+}
+
 void OrthoSlab::Read_Rows(std::int32_t first_row, std::int32_t last_row) {
-  std::vector<double> Z(columns_.Count());
+  RowHeights heights;
   std::vector<double> positions(columns_.Count());
   for (std::int32_t row = first_row; row < last_row; ++row) {
-    columns_.Find_Positions(row, Z, positions);
+    columns_.Find_Positions(row, heights, positions);
     for (std::size_t k = 0; k < positions.size(); ++k) Read_Cell(row, k, positions[k]);
   }
 }
@@ -72,14 +110,13 @@ void OrthoSlab::Read_Rows(std::int32_t first_row, std::int32_t last_row) {
 void OrthoSlab::Read_Cell(std::int32_t row, std::size_t k, double position) {
   CellState state = CellState::Read;
   std::uint8_t* cell = Cell(row, k);
-  if (!(position >= 1)) {
+  if (!(position >= kLowestPosition)) {
     std::fill_n(cell, pixel_bytes_, std::uint8_t{0});
     state = CellState::Black;
   } else if (position + source_.pixel_bytes <= static_cast<double>(source_.bytes.size())) {
     std::copy_n(source_.bytes.data() + static_cast<std::size_t>(position), pixel_bytes_, cell);
   } else {
     state = CellState::BeyondEnd;
-    any_beyond_ = true;
   }
   states_[State_Index(row, k)] = state;
 }
@@ -98,7 +135,6 @@ void OrthoSlab::Repeat_Last_Pixels(LastPixel& last) {
     before[k] = last;
     Take_Last_Of_Column(k, last);
   }
-  if (!any_beyond_) return;
   // Row by row, since neighbouring cells of a row share cache lines.
   for (std::int32_t row = 0; row < grid_.rows; ++row) {
     for (std::size_t k = 0; k < columns_.Count(); ++k) {
@@ -117,6 +153,16 @@ void Require_Room(const OrthoGrid& grid, const OrthoSource& source, std::size_t 
       "an orthoimage of " + std::to_string(wanted) + " bytes in room for " + std::to_string(have));
 }
 
+/// Calls visit(first_row, last_row) for blocks of rows.
+template <class Visit>
+void For_Each_Block(const OrthoGrid& grid, int threads, Visit&& visit) {
+  const std::int32_t tasks = (grid.rows + kRowsOfATask - 1) / kRowsOfATask;
+  Run_Tasks(tasks, threads, [&](int task) {
+    const std::int32_t first_row = task * kRowsOfATask;
+    visit(first_row, std::min(grid.rows, first_row + kRowsOfATask));
+  });
+}
+
 }  // namespace
 
 void Fill_Ortho_Columns(const OrthoGrid& grid, const OrthoSource& source,
@@ -124,10 +170,16 @@ void Fill_Ortho_Columns(const OrthoGrid& grid, const OrthoSource& source,
                         std::span<std::uint8_t> cells, LastPixel& last, int threads) {
   Require_Room(grid, source, cells.size());
   OrthoSlab slab(grid, source, heights, first_col, last_col, cells);
-  const std::int32_t tasks = (grid.rows + kRowsOfATask - 1) / kRowsOfATask;
-  Run_Tasks(tasks, threads, [&](int task) {
-    const std::int32_t first_row = task * kRowsOfATask;
-    slab.Read_Rows(first_row, std::min(grid.rows, first_row + kRowsOfATask));
+  std::atomic<bool> complete = source.bytes.size() <= kMostOffsetBytes;
+  if (complete) {
+    For_Each_Block(grid, threads, [&](std::int32_t first_row, std::int32_t last_row) {
+      if (complete && !slab.Copy_Rows(first_row, last_row)) complete = false;
+    });
+  }
+  if (complete) return slab.Take_Last_Pixel(last);
+  slab.Begin_Reading();
+  For_Each_Block(grid, threads, [&](std::int32_t first_row, std::int32_t last_row) {
+    slab.Read_Rows(first_row, last_row);
   });
   slab.Repeat_Last_Pixels(last);
 }
