@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Makes a triangulation of a node file: X, Y, Z and perhaps more numbers a line.
+// Triangulates a node file with lines of X, Y, Z and possibly further numbers.
 #include <cstdio>
 #include <exception>
 #include <sstream>

@@ -82,7 +82,7 @@ void Develop_Row(const Scene& scene, const Photograph& photo, const Band& band, 
   const auto columns = static_cast<std::size_t>(band.width - 2);
   const auto raw_row = static_cast<std::size_t>(band.first_row + row);
   const std::uint64_t key = Stream_Key(scene.settings.seed, kNoiseStream) ^ Mix_Bits(photo.grain);
-  // Of the frame, not of the raw file: a wider cut of a frame shows the same noise.
+  // Frame positions, not raw-file positions: a larger part of a frame then has the same noise.
   const auto full_row = static_cast<std::uint64_t>(
       (photo.image.SubRowOrigin + static_cast<double>(raw_row)) * photo.image.FullWidth +
       photo.image.SubColOrigin);

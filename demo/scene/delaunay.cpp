@@ -19,7 +19,7 @@ Site Site_Of(const MeshNode& node, const MeshNode& origin) {
           static_cast<std::int32_t>(std::lround((node.Y - origin.Y) * kUnitsPerMetre))};
 }
 
-/// Sites around a vertex, anticlockwise.
+/// Sites around a Voronoi vertex, anticlockwise.
 std::vector<std::int32_t> Sites_Around(const Diagram::vertex_type& vertex) {
   std::vector<std::int32_t> sites;
   const auto* edge = vertex.incident_edge();
@@ -45,7 +45,7 @@ SurfaceMesh Triangulate(const std::vector<MeshNode>& nodes) {
   if (sites.size() < 3) return mesh;
   Diagram diagram;
   boost::polygon::construct_voronoi(sites.begin(), sites.end(), &diagram);
-  // A vertex with more than three sites stands for as many on one circle: a fan of triangles.
+  // A vertex with more than three sites: they lie on one circle and give a fan of triangles.
   for (const auto& vertex : diagram.vertices()) {
     const std::vector<std::int32_t> around = Sites_Around(vertex);
     for (std::size_t k = 2; k < around.size(); ++k) {

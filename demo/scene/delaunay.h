@@ -6,9 +6,9 @@
 namespace sylvomex::demo {
 
 /// The Delaunay triangulation of nodes in plan, anticlockwise triangles, as the dual of their
-/// Voronoi diagram (de Berg et al. 2008, Computational Geometry, section 9.2). Nodes are told apart
-/// to 1 mm within 2000 km of the first one; of several at one place the first stays. Fewer than
-/// three nodes, or nodes on one line, have no triangle.
+/// Voronoi diagram (de Berg et al. 2008, Computational Geometry, section 9.2). Nodes are compared
+/// with a resolution of 1 mm within 2000 km of the first one; of equal nodes the first is kept.
+/// Fewer than three nodes, or collinear nodes, give no triangles.
 SurfaceMesh Triangulate(const std::vector<MeshNode>& nodes);
 
 }  // namespace sylvomex::demo

@@ -36,7 +36,7 @@ std::array<Wave, 6> Make_Waves(std::uint64_t seed) {
   return waves;
 }
 
-/// Metres east and north of where the waves begin.
+/// Metres east and north of the waves' origin.
 double Height_Of(const std::array<Wave, 6>& waves, double x, double y) {
   double height = kMeanHeight;
   for (const Wave& wave : waves) {

@@ -26,7 +26,7 @@ struct SiteSettings {
   double margin = 15;             // 0 to 250: metres around the forest on the photographs
 };
 
-/// With it a pane of a screen of 2560 x 1440 pixels, six of them side by side, is filled at 1:10.
+/// Margin in metres that fills each of six panes on a screen of 2560 x 1440 pixels at 1:10.
 inline constexpr double kWideMargin = 175;
 
 }  // namespace sylvomex::demo

@@ -17,6 +17,7 @@
 #include "demo/write/measure_session.h"
 #include "demo/write/mesh_files.h"
 #include "demo/write/overlay_session.h"
+#include "demo/write/product_session.h"
 #include "demo/write/site_folders.h"
 #include "demo/write/surface_session.h"
 #include "demo/write/tin_session.h"
@@ -101,6 +102,9 @@ void Write_Demo_Site(const Scene& scene, const std::vector<Photograph>& photos,
   Write_Beside_Drives(root / "sessions" / "overlays.txt", Overlay_Session(scene, photos, tree));
   Write_Surface_Photographs(scene, photos, drives);
   Write_Surface_Sessions(scene, photos, root);
+  Write_Product_Files(scene, photos, drives);
+  Write_Beside_Drives(root / "sessions" / "products.txt", Product_Session(scene, photos));
+  Write_Beside_Drives(root / "sessions" / "map.txt", Map_Session());
   Write_Evaluation_Files(scene, photos, drives);
   Write_Beside_Drives(root / "sessions" / "evaluate.txt", Evaluation_Session(scene, photos));
   Write_Beside_Drives(root / "sessions" / "orientation.txt", Orientation_Session());

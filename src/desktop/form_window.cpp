@@ -149,6 +149,7 @@ void FormWindow::Add_Control(const std::string& name, const Picture& record) {
   auto* pane = new PictureWidget(events_, name_, name, record, client_);
   const std::string control = Parse_Control_Name(name)->name;
   pane->Tell_Double_Clicks(Has_Handler(control, Happening::DblClick));
+  pane->Tell_Middle_Button(Takes_Button(window_, control, kMiddleButton));
   Add(name, record, pane, [pane] { pane->Mirror(); });
 }
 

@@ -11,6 +11,23 @@
 #include "desktop/pane_image.h"
 
 namespace sylvomex {
+namespace {
+
+/// 0 for a button that means nothing here.
+int Button_Number(Qt::MouseButton button) {
+  switch (button) {
+    case Qt::LeftButton:
+      return kLeftButton;
+    case Qt::RightButton:
+      return kRightButton;
+    case Qt::MiddleButton:
+      return kMiddleButton;
+    default:
+      return 0;
+  }
+}
+
+}  // namespace
 
 PictureWidget::PictureWidget(OperatorEvents& events, std::string form, std::string control,
                              const Picture& picture, QWidget* parent)
@@ -89,9 +106,10 @@ OperatorEvent PictureWidget::Event_At(OperatorEvent::Kind kind, const QMouseEven
 }
 
 void PictureWidget::Send_Press(OperatorEvent::Kind kind, const QMouseEvent& event) {
-  if (event.button() != Qt::LeftButton && event.button() != Qt::RightButton) return;
+  const int button = Button_Number(event.button());
+  if (button == 0 || (button == kMiddleButton && !tells_middle_button_)) return;
   OperatorEvent press = Event_At(kind, event);
-  press.button = event.button() == Qt::LeftButton ? kLeftButton : kRightButton;
+  press.button = button;
   events_.Dispatch(press);
 }
 

@@ -21,6 +21,7 @@ class PictureWidget : public QWidget {
 
   /// When set, a second press is sent as a double click instead of another click.
   void Tell_Double_Clicks(bool tell) { tells_double_clicks_ = tell; }
+  void Tell_Middle_Button(bool tell) { tells_middle_button_ = tell; }
 
   /// Updates the painted picture: new marks are added to what is already painted; everything is
   /// repainted only after a load, an erasure or a change of size.
@@ -48,6 +49,7 @@ class PictureWidget : public QWidget {
   std::string control_;
   const Picture& picture_;
   bool tells_double_clicks_ = false;
+  bool tells_middle_button_ = false;
   QImage painted_;
   std::uint64_t bitmap_version_ = 0;
   std::uint64_t erase_version_ = 0;

@@ -17,6 +17,9 @@ namespace sylvomex {
 /// RunTimeError(SubscriptOutOfRange) when there are not 3 x width x height bytes.
 void Write_Pane_Bitmap(const FilePath& file, const PaneBitmap& bitmap);
 
+/// The same by way of a ReplacingFile: the old file stays until the new one is complete.
+void Replace_Pane_Bitmap(const FilePath& file, const PaneBitmap& bitmap);
+
 /// Overwrites the 54 header bytes of the file; the pixels stay.
 void Rewrite_Bitmap_Header(const FilePath& file, int width, int height);
 

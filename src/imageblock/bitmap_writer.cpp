@@ -7,6 +7,7 @@
 #include "imageblock/bitmap_file.h"
 #include "imageblock/bitmap_header.h"
 #include "platform/files.h"
+#include "platform/replacing_file.h"
 #include "platform/run_time_error.h"
 
 namespace sylvomex {
@@ -65,9 +66,8 @@ void Put_Grey_Palette(std::vector<std::uint8_t>& content) {
   }
 }
 
-}  // namespace
-
-void Write_Pane_Bitmap(const FilePath& file, const PaneBitmap& bitmap) {
+/// The whole file.
+std::vector<std::uint8_t> Pane_Bitmap_Content(const FilePath& file, const PaneBitmap& bitmap) {
   Check_Size(file, bitmap.width, bitmap.height, 3, bitmap.bgr.size());
   const BitmapHeaderBytes header = Pane_Header(bitmap.width, bitmap.height);
   const std::size_t row = 3 * static_cast<std::size_t>(bitmap.width);
@@ -83,7 +83,17 @@ void Write_Pane_Bitmap(const FilePath& file, const PaneBitmap& bitmap) {
       content.insert(content.end(), pad, 0);
     }
   }
-  Write_Whole_File(file, content);
+  return content;
+}
+
+}  // namespace
+
+void Write_Pane_Bitmap(const FilePath& file, const PaneBitmap& bitmap) {
+  Write_Whole_File(file, Pane_Bitmap_Content(file, bitmap));
+}
+
+void Replace_Pane_Bitmap(const FilePath& file, const PaneBitmap& bitmap) {
+  Replace_Whole_File(file, Pane_Bitmap_Content(file, bitmap));
 }
 
 void Rewrite_Bitmap_Header(const FilePath& file, int width, int height) {

@@ -59,6 +59,17 @@ void ReplacingFile::Write_At(std::uint64_t offset, std::span<const std::uint8_t>
   }
 }
 
+bool ReplacingFile::Take_Over(int unnamed) const {
+  const std::string open_path = "/proc/self/fd/" + std::to_string(unnamed);
+  const std::string link = partial_.native.string() + ".link";
+  if (linkat(AT_FDCWD, open_path.c_str(), AT_FDCWD, link.c_str(), AT_SYMLINK_FOLLOW) != 0) {
+    return false;
+  }
+  if (std::rename(link.c_str(), partial_.native.c_str()) == 0) return true;
+  unlink(link.c_str());
+  return false;
+}
+
 void ReplacingFile::Commit() {
   open_file_->Close();
   if (std::rename(partial_.native.c_str(), file_.native.c_str()) != 0) {

@@ -27,6 +27,10 @@ class ReplacingFile {
   /// ranges that do not overlap.
   void Write_At(std::uint64_t offset, std::span<const std::uint8_t> content) const;
 
+  /// Makes an open file without a name the new file's content. False where that cannot be: the file
+  /// lies on another disk, or its disk knows no unnamed files.
+  [[nodiscard]] bool Take_Over(int unnamed) const;
+
   /// Replaces the old file by the complete new one. Without this call the destructor discards the
   /// new file.
   void Commit();

@@ -3,36 +3,51 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cmath>
 #include <string>
 #include <vector>
 
 #include "closedlib/parallel_tasks.h"
 #include "platform/run_time_error.h"
-#include "products/ortho_positions.h"
+#include "products/ortho_columns.h"
 
 namespace sylvomex {
 namespace {
 
 constexpr std::int32_t kRowsOfATask = 64;
+constexpr double kLowestPosition = 1;  // below it a cell is black
 
 /// Where the bytes of a cell come from.
 enum class CellState : std::uint8_t { Read, Black, BeyondEnd };
 
-/// Some neighbouring columns of a grid on their way to bytes.
+/// Some neighbouring columns of a grid on their way to bytes. Calls for different rows may run at
+/// the same time.
 class OrthoSlab {
  public:
   OrthoSlab(const OrthoGrid& grid, const OrthoSource& source, const OrthoHeights& heights,
-            std::int32_t first_col, std::int32_t last_col, std::span<std::uint8_t> cells);
+            std::int32_t first_col, std::int32_t last_col, std::span<std::uint8_t> cells)
+      : grid_(grid),
+        source_(source),
+        first_col_(static_cast<std::size_t>(first_col)),
+        pixel_bytes_(static_cast<std::size_t>(source.pixel_bytes)),
+        cells_(cells),
+        columns_(grid, source, heights, first_col, last_col - first_col, grid.pixel) {}
 
-  /// Reads the pixels of some rows. Calls for different rows may run at the same time.
+  /// Copies the pixels of some rows as far as each cell is read or black. False: some are neither.
+  bool Copy_Rows(std::int32_t first_row, std::int32_t last_row);
+
+  /// The pixel read last after Copy_Rows of all rows.
+  void Take_Last_Pixel(LastPixel& last) const;
+
+  /// For Read_Rows and Repeat_Last_Pixels.
+  void Begin_Reading() { states_.resize(columns_.Count() * static_cast<std::size_t>(grid_.rows)); }
+
+  /// Reads the pixels of some rows cell by cell.
   void Read_Rows(std::int32_t first_row, std::int32_t last_row);
 
   /// Gives the cells beyond the end of the source the pixel read before them, column after column.
   void Repeat_Last_Pixels(LastPixel& last);
 
  private:
-  void Find_Heights(double Y, std::vector<double>& Z) const;
   void Read_Cell(std::int32_t row, std::size_t k, double position);
   void Take_Last_Of_Column(std::size_t k, LastPixel& last) const;
 
@@ -42,81 +57,66 @@ class OrthoSlab {
     return cells_.data() + (first + k) * pixel_bytes_;
   }
   [[nodiscard]] std::size_t State_Index(std::int32_t row, std::size_t k) const {
-    return static_cast<std::size_t>(row) * X_.size() + k;
+    return static_cast<std::size_t>(row) * columns_.Count() + k;
   }
 
   const OrthoGrid& grid_;
   const OrthoSource& source_;
-  const OrthoHeights& heights_;
   std::size_t first_col_;
   std::size_t pixel_bytes_;
   std::span<std::uint8_t> cells_;
-  std::vector<double> X_, axis_r_, axis_s_, axis_q_;  // of each column
-  std::vector<std::uint64_t> model_cols_;
+  OrthoColumns columns_;
+  std::atomic<bool> any_read_ = false;
   std::vector<CellState> states_;  // row by row
-  std::atomic<bool> any_beyond_ = false;
 };
 
-OrthoSlab::OrthoSlab(const OrthoGrid& grid, const OrthoSource& source, const OrthoHeights& heights,
-                     std::int32_t first_col, std::int32_t last_col, std::span<std::uint8_t> cells)
-    : grid_(grid),
-      source_(source),
-      heights_(heights),
-      first_col_(static_cast<std::size_t>(first_col)),
-      pixel_bytes_(static_cast<std::size_t>(source.pixel_bytes)),
-      cells_(cells) {
-  const Camera& camera = source_.camera;
-  for (std::int32_t col = first_col; col < last_col; ++col) {
-    const double X = grid_.X0 + col * grid_.pixel + grid_.pixel;
-    const double dX = X - camera.centre.X;
-    X_.push_back(X);
-    axis_r_.push_back(camera.m.m11 * dX);
-    axis_s_.push_back(camera.m.m21 * dX);
-    axis_q_.push_back(camera.m.m31 * dX);
-    if (heights_.model != nullptr) model_cols_.push_back(Raster_Column(*heights_.model, X));
+bool OrthoSlab::Copy_Rows(std::int32_t first_row, std::int32_t last_row) {
+  RowHeights heights;
+  std::vector<std::uint32_t> offsets(columns_.Count());
+  for (std::int32_t row = first_row; row < last_row; ++row) {
+    const RowCells cells = columns_.Find_Offsets(row, heights, kLowestPosition, offsets);
+    if (cells.any_other) return false;
+    if (cells.any_read) any_read_.store(true, std::memory_order_relaxed);
+    Copy_Pixels(source_, offsets, Cell(row, 0));
   }
-  states_.resize(X_.size() * static_cast<std::size_t>(grid_.rows));
+  return true;
 }
 
-void OrthoSlab::Find_Heights(double Y, std::vector<double>& Z) const {
-  if (heights_.model == nullptr) {
-    std::fill(Z.begin(), Z.end(), heights_.elsewhere);
-    return;
-  }
-  const std::uint64_t model_row = Raster_Row(*heights_.model, Y);
-  for (std::size_t k = 0; k < Z.size(); ++k) {
-    Z[k] = heights_.Replaced(Raster_Cell(*heights_.model, model_cols_[k], model_row));
+void OrthoSlab::Take_Last_Pixel(LastPixel& last) const {
+  if (!any_read_) return;
+  // Read cells are seldom far from the last column's top.
+  RowHeights heights;
+  std::vector<std::uint32_t> offsets(columns_.Count());
+  std::size_t best = 0;
+  for (std::int32_t row = grid_.rows - 1; row >= 0 && best < columns_.Count(); --row) {
+    columns_.Find_Offsets(row, heights, kLowestPosition, offsets);
+    for (std::size_t k = columns_.Count(); k > best; --k) {
+      if (offsets[k - 1] == kNoOffset) continue;
+      std::copy_n(Cell(row, k - 1), pixel_bytes_, last.begin());
+      best = k;
+    }
   }
 }
 
 void OrthoSlab::Read_Rows(std::int32_t first_row, std::int32_t last_row) {
-  std::vector<double> Z(X_.size());
-  std::vector<double> positions(X_.size());
+  RowHeights heights;
+  std::vector<double> positions(columns_.Count());
   for (std::int32_t row = first_row; row < last_row; ++row) {
-    const double Y = grid_.Y0 + row * grid_.pixel + grid_.pixel;
-    Find_Heights(Y, Z);
-    Find_Byte_Positions(source_, {axis_r_, axis_s_, axis_q_}, Y - source_.camera.centre.Y, Z,
-                        positions);
-    for (std::size_t k = 0; k < X_.size(); ++k) {
-      if (std::isnan(positions[k])) {
-        positions[k] = Byte_Position(source_, Object_To_Pixel(source_.camera, {X_[k], Y, Z[k]}));
-      }
-      Read_Cell(row, k, positions[k]);
-    }
+    columns_.Find_Positions(row, heights, positions);
+    for (std::size_t k = 0; k < positions.size(); ++k) Read_Cell(row, k, positions[k]);
   }
 }
 
 void OrthoSlab::Read_Cell(std::int32_t row, std::size_t k, double position) {
   CellState state = CellState::Read;
   std::uint8_t* cell = Cell(row, k);
-  if (!(position >= 1)) {
+  if (!(position >= kLowestPosition)) {
     std::fill_n(cell, pixel_bytes_, std::uint8_t{0});
     state = CellState::Black;
   } else if (position + source_.pixel_bytes <= static_cast<double>(source_.bytes.size())) {
     std::copy_n(source_.bytes.data() + static_cast<std::size_t>(position), pixel_bytes_, cell);
   } else {
     state = CellState::BeyondEnd;
-    any_beyond_ = true;
   }
   states_[State_Index(row, k)] = state;
 }
@@ -130,15 +130,14 @@ void OrthoSlab::Take_Last_Of_Column(std::size_t k, LastPixel& last) const {
 }
 
 void OrthoSlab::Repeat_Last_Pixels(LastPixel& last) {
-  std::vector<LastPixel> before(X_.size());
-  for (std::size_t k = 0; k < X_.size(); ++k) {
+  std::vector<LastPixel> before(columns_.Count());
+  for (std::size_t k = 0; k < columns_.Count(); ++k) {
     before[k] = last;
     Take_Last_Of_Column(k, last);
   }
-  if (!any_beyond_) return;
   // Row by row, since neighbouring cells of a row share cache lines.
   for (std::int32_t row = 0; row < grid_.rows; ++row) {
-    for (std::size_t k = 0; k < X_.size(); ++k) {
+    for (std::size_t k = 0; k < columns_.Count(); ++k) {
       const CellState state = states_[State_Index(row, k)];
       if (state == CellState::Read) std::copy_n(Cell(row, k), pixel_bytes_, before[k].begin());
       if (state == CellState::BeyondEnd) std::copy_n(before[k].begin(), pixel_bytes_, Cell(row, k));
@@ -154,6 +153,16 @@ void Require_Room(const OrthoGrid& grid, const OrthoSource& source, std::size_t 
       "an orthoimage of " + std::to_string(wanted) + " bytes in room for " + std::to_string(have));
 }
 
+/// Calls visit(first_row, last_row) for blocks of rows.
+template <class Visit>
+void For_Each_Block(const OrthoGrid& grid, int threads, Visit&& visit) {
+  const std::int32_t tasks = (grid.rows + kRowsOfATask - 1) / kRowsOfATask;
+  Run_Tasks(tasks, threads, [&](int task) {
+    const std::int32_t first_row = task * kRowsOfATask;
+    visit(first_row, std::min(grid.rows, first_row + kRowsOfATask));
+  });
+}
+
 }  // namespace
 
 void Fill_Ortho_Columns(const OrthoGrid& grid, const OrthoSource& source,
@@ -161,10 +170,16 @@ void Fill_Ortho_Columns(const OrthoGrid& grid, const OrthoSource& source,
                         std::span<std::uint8_t> cells, LastPixel& last, int threads) {
   Require_Room(grid, source, cells.size());
   OrthoSlab slab(grid, source, heights, first_col, last_col, cells);
-  const std::int32_t tasks = (grid.rows + kRowsOfATask - 1) / kRowsOfATask;
-  Run_Tasks(tasks, threads, [&](int task) {
-    const std::int32_t first_row = task * kRowsOfATask;
-    slab.Read_Rows(first_row, std::min(grid.rows, first_row + kRowsOfATask));
+  std::atomic<bool> complete = source.bytes.size() <= kMostOffsetBytes;
+  if (complete) {
+    For_Each_Block(grid, threads, [&](std::int32_t first_row, std::int32_t last_row) {
+      if (complete && !slab.Copy_Rows(first_row, last_row)) complete = false;
+    });
+  }
+  if (complete) return slab.Take_Last_Pixel(last);
+  slab.Begin_Reading();
+  For_Each_Block(grid, threads, [&](std::int32_t first_row, std::int32_t last_row) {
+    slab.Read_Rows(first_row, last_row);
   });
   slab.Repeat_Last_Pixels(last);
 }

@@ -6,24 +6,11 @@
 #include <cstdint>
 #include <span>
 
-#include "heightmodels/raster_model.h"
 #include "products/ortho_grid.h"
+#include "products/ortho_heights.h"
 #include "products/ortho_source.h"
 
 namespace sylvomex {
-
-/// Heights for an orthoimage: a raster model, null for none, and what takes the place of ground
-/// below 100 m, which includes every place outside the model.
-struct OrthoHeights {
-  const RasterModel* model = nullptr;
-  double elsewhere = 170;  // metres
-
-  /// The height that counts where the model answers Z, metres.
-  [[nodiscard]] double Replaced(double Z) const {
-    constexpr double kLowestGround = 100;
-    return Z < kLowestGround ? elsewhere : Z;
-  }
-};
 
 /// The pixel that was read last, which cells beyond the end of the source repeat.
 using LastPixel = std::array<std::uint8_t, 3>;

@@ -33,8 +33,8 @@ struct PositionStep {
     return hn::Add(hn::Add(hn::Mul(hn::Set(d, a1), x), hn::Mul(hn::Set(d, a2), y)), hn::Set(d, a0));
   }
 
-  HWY_INLINE void At(const ColumnAxes& columns, const double* Z, std::size_t k,
-                     double* positions) const {
+  /// Byte positions, NaN where they need a closer look.
+  HWY_INLINE Real At(const ColumnAxes& columns, const double* Z, std::size_t k) const {
     const D d;
     const Camera& camera = source.camera;
     const RotationMatrix& m = camera.m;
@@ -56,7 +56,38 @@ struct PositionStep {
     const auto plain =
         hn::And(hn::Ne(q, hn::Zero(d)), hn::Lt(hn::Abs(position), hn::Set(d, kFarthest)));
     const Real nan = hn::Set(d, std::numeric_limits<double>::quiet_NaN());
-    hn::StoreU(hn::IfThenElse(plain, position, nan), d, positions + k);
+    return hn::IfThenElse(plain, position, nan);
+  }
+};
+
+template <class D>
+HWY_INLINE void StorePositions(const PositionStep<D>& step, const ColumnAxes& columns,
+                               const double* Z, std::size_t k, double* positions) {
+  hn::StoreU(step.At(columns, Z, k), D(), positions + k);
+}
+
+/// Offsets of one vector of cells after the other.
+template <class D>
+struct OffsetStep {
+  PositionStep<D> position;
+  double lowest, highest;
+
+  HWY_INLINE void At(const ColumnAxes& columns, const double* Z, std::size_t k,
+                     std::uint32_t* offsets, RowCells& cells) const {
+    const D d;
+    const hn::Rebind<std::int32_t, D> whole;
+    const auto at = position.At(columns, Z, k);
+    const auto black = hn::Lt(at, hn::Set(d, lowest));
+    const auto read = hn::And(hn::Ge(at, hn::Set(d, lowest)), hn::Le(at, hn::Set(d, highest)));
+    const auto offset = hn::IfThenElse(read, at, hn::Set(d, -1.0));
+    hn::StoreU(hn::DemoteTo(whole, offset), whole, reinterpret_cast<std::int32_t*>(offsets + k));
+    if (HWY_LIKELY(hn::AllTrue(d, read))) {
+      cells.any_read = true;
+      return;
+    }
+    cells.any_read = cells.any_read || !hn::AllFalse(d, read);
+    cells.any_black = cells.any_black || !hn::AllFalse(d, black);
+    cells.any_other = cells.any_other || !hn::AllTrue(d, hn::Or(read, black));
   }
 };
 
@@ -68,8 +99,24 @@ void FindBytePositions(const OrthoSource& source, const ColumnAxes& columns, dou
   const PositionStep<One> one{source, dY};
   const std::size_t lanes = hn::Lanes(Several());
   std::size_t k = 0;
-  for (; k + lanes <= count; k += lanes) several.At(columns, Z, k, positions);
-  for (; k < count; ++k) one.At(columns, Z, k, positions);
+  for (; k + lanes <= count; k += lanes) StorePositions(several, columns, Z, k, positions);
+  for (; k < count; ++k) StorePositions(one, columns, Z, k, positions);
+}
+
+RowCells FindByteOffsets(const OrthoSource& source, const ColumnAxes& columns, double dY,
+                         const double* Z, double lowest, std::size_t count,
+                         std::uint32_t* offsets) {
+  using Several = hn::CappedTag<double, 8>;
+  using One = hn::CappedTag<double, 1>;
+  const double highest = static_cast<double>(source.bytes.size()) - 4;
+  const OffsetStep<Several> several{{source, dY}, lowest, highest};
+  const OffsetStep<One> one{{source, dY}, lowest, highest};
+  const std::size_t lanes = hn::Lanes(Several());
+  RowCells cells;
+  std::size_t k = 0;
+  for (; k + lanes <= count; k += lanes) several.At(columns, Z, k, offsets, cells);
+  for (; k < count; ++k) one.At(columns, Z, k, offsets, cells);
+  return cells;
 }
 
 }  // namespace HWY_NAMESPACE
@@ -85,6 +132,15 @@ void Find_Byte_Positions(const OrthoSource& source, const ColumnAxes& columns, d
                          std::span<const double> Z, std::span<double> positions) {
   HWY_DYNAMIC_DISPATCH(FindBytePositions)
   (source, columns, dY, Z.data(), positions.size(), positions.data());
+}
+
+HWY_EXPORT(FindByteOffsets);
+
+RowCells Find_Byte_Offsets(const OrthoSource& source, const ColumnAxes& columns, double dY,
+                           std::span<const double> Z, double lowest,
+                           std::span<std::uint32_t> offsets) {
+  return HWY_DYNAMIC_DISPATCH(FindByteOffsets)(source, columns, dY, Z.data(), lowest,
+                                               offsets.size(), offsets.data());
 }
 
 }  // namespace sylvomex

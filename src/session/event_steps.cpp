@@ -27,12 +27,14 @@ OperatorEvent Event_On(Kind kind, const std::string& target) {
   return event;
 }
 
-/// One of the words left, right, shift, ctrl, alt.
+/// One of the words left, right, middle, shift, ctrl, alt.
 void Add_Pointer_Word(OperatorEvent& event, const std::string& word) {
   if (word == "left") {
     event.button = kLeftButton;
   } else if (word == "right") {
     event.button = kRightButton;
+  } else if (word == "middle") {
+    event.button = kMiddleButton;
   } else if (word == "shift") {
     event.shift |= kShift;
   } else if (word == "ctrl") {
@@ -40,7 +42,7 @@ void Add_Pointer_Word(OperatorEvent& event, const std::string& word) {
   } else if (word == "alt") {
     event.shift |= kAlt;
   } else {
-    throw StepEnd{kStepFailed, Quoted(word) + " is none of left, right, shift, ctrl, alt"};
+    throw StepEnd{kStepFailed, Quoted(word) + " is none of left, right, middle, shift, ctrl, alt"};
   }
 }
 
@@ -97,7 +99,7 @@ OperatorEvent Key_Event(Kind kind, Words words) {
   if (!code) throw StepEnd{kStepFailed, Quoted(rest.front().text) + " is no key"};
   event.key_code = *code;
   for (const ScriptWord& word : rest.subspan(1)) {
-    if (word.text == "left" || word.text == "right") {
+    if (word.text == "left" || word.text == "right" || word.text == "middle") {
       throw StepEnd{kStepFailed, Quoted(word.text) + " is none of shift, ctrl, alt"};
     }
     Add_Pointer_Word(event, word.text);
@@ -144,6 +146,11 @@ std::string Modifiers_Text(int shift) {
   return text;
 }
 
+std::string Button_Text(int button) {
+  if (button == kRightButton) return " right";
+  return button == kMiddleButton ? " middle" : "";
+}
+
 std::string Position_Text(const OperatorEvent& event) {
   return " " + Plain_Real(event.x) + " " + Plain_Real(event.y);
 }
@@ -177,7 +184,7 @@ std::string Step_Text(const OperatorEvent& event) {
     case Kind::Click:
     case Kind::DoubleClick:
       return step + Target_Text(event) + Position_Text(event) +
-             (event.button == kRightButton ? " right" : "") + Modifiers_Text(event.shift);
+             Button_Text(event.button) + Modifiers_Text(event.shift);
     case Kind::Move:
     case Kind::Resize:
       return step + Target_Text(event) + Position_Text(event);

@@ -61,6 +61,11 @@ std::string Of_Evaluation(const Workspace& w) {
 }
 
 template <auto Member>
+std::string Of_Map(const Workspace& w) {
+  return Value_Text(w.Map.View.*Member);
+}
+
+template <auto Member>
 std::string Of_Options(const Workspace& w) {
   return Value_Text(w.options.*Member);
 }
@@ -91,6 +96,15 @@ constexpr std::array kSingleValues{
     SingleValue{"RasterDemLoaded", Of_Block<&Workspace::RasterDemLoaded>},
     SingleValue{"TinDemLoaded", Of_Block<&Workspace::TinDemLoaded>},
     SingleValue{"LidarPlotScale", Of_Block<&Workspace::LidarPlotScale>},
+    SingleValue{"MapZoom", Of_Map<&MapView::MapZoom>},
+    SingleValue{"MapViewCol", Of_Map<&MapView::MapViewCol>},
+    SingleValue{"MapViewRow", Of_Map<&MapView::MapViewRow>},
+    SingleValue{"MapPaneWidth", Of_Map<&MapView::MapPaneWidth>},
+    SingleValue{"MapPaneHeight", Of_Map<&MapView::MapPaneHeight>},
+    SingleValue{"MapFirstCol", Of_Map<&MapView::MapFirstCol>},
+    SingleValue{"MapLastCol", Of_Map<&MapView::MapLastCol>},
+    SingleValue{"MapFirstRow", Of_Map<&MapView::MapFirstRow>},
+    SingleValue{"MapLastRow", Of_Map<&MapView::MapLastRow>},
     SingleValue{"EpipolarZDepth", Of_Options<&Options::EpipolarZDepth>},
     SingleValue{"StepLength", Of_Options<&Options::StepLength>},
     SingleValue{"RmseBeepOneLevel", Of_Options<&Options::RmseBeepOneLevel>},

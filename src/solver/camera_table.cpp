@@ -92,6 +92,8 @@ FrameLimits Aerial_Frame(double c) {
 
 constexpr FrameLimits kTerrestrialFrame{0.002692, 0.003589};
 
+bool Is_Terrestrial(const TableCamera& camera) { return camera.c > 0.006 && camera.c < 0.008; }
+
 // False for a point in the plane through the projection centre that is parallel to the frame. With
 // a camera constant of 0 every point is seen; an overflow of the projection counts as not seen.
 bool Falls_On_Frame(const Camera& camera, const Point3D& point, const FrameLimits& limits) {
@@ -134,8 +136,13 @@ bool Sees_Point(const TableCamera& camera, const Point3D& point) {
   return Falls_On_Frame(Camera_Of(camera), point, Aerial_Frame(camera.c));
 }
 
+bool Sees_Point_On_Own_Frame(const TableCamera& camera, const Point3D& point) {
+  if (!Is_Terrestrial(camera)) return Sees_Point(camera, point);
+  return Falls_On_Frame(Camera_Of(camera), point, kTerrestrialFrame);
+}
+
 bool Sees_Ring(const TableCamera& camera, const Point3D& point) {
-  if (!(camera.c > 0.006 && camera.c < 0.008)) return false;
+  if (!Is_Terrestrial(camera)) return false;
   const Camera terrestrial = Camera_Of(camera);
   const std::vector<Point3D> ring = Ring_Around(point);
   return std::all_of(ring.begin(), ring.end(), [&](const Point3D& at) {

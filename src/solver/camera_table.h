@@ -52,6 +52,10 @@ class CameraTableReader {
 /// True when the point falls on the frame of an aerial camera; the frame's size follows from c.
 bool Sees_Point(const TableCamera& camera, const Point3D& point);
 
+/// Sees_Point for cameras of both kinds: a terrestrial camera (0.006 < c < 0.008) has its own
+/// frame.
+bool Sees_Point_On_Own_Frame(const TableCamera& camera, const Point3D& point);
+
 /// True for a terrestrial camera (0.006 < c < 0.008) whose frame contains the whole ring around the
 /// point.
 bool Sees_Ring(const TableCamera& camera, const Point3D& point);

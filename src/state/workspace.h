@@ -32,6 +32,8 @@
 #include "state/form4.h"
 #include "state/form6.h"
 #include "state/form7.h"
+#include "state/form8.h"
+#include "state/map_state.h"
 #include "state/screen.h"
 
 namespace sylvomex {
@@ -132,6 +134,7 @@ struct Workspace {
   MatchingState Matching;
   EvaluationState Evaluation;
   CrownState Crowns;
+  MapState Map;
 
   Form1State Form1;
   Form2State Form2;
@@ -139,6 +142,7 @@ struct Workspace {
   Form4State Form4;
   Form6State Form6;
   Form7State Form7;
+  Form8State Form8;
 };
 
 }  // namespace sylvomex

@@ -101,6 +101,7 @@ EventOutcome Worse(EventOutcome a, EventOutcome b) { return a == EventOutcome::D
 
 EventOutcome Click(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
   const ControlName name = Pointer_Target(w, window, event);
+  if (!Takes_Button(window, name.name, event.button)) return EventOutcome::Done;
   return Tell_Control(w, window, name.name, Happening::MouseDown, Pointer_At(event, name.index));
 }
 

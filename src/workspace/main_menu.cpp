@@ -17,6 +17,7 @@
 #include "commands/lidar/echo_rasters.h"
 #include "commands/lidar/pulse_listing.h"
 #include "commands/lidar/pulse_overlays.h"
+#include "commands/mapview/map_window.h"
 #include "commands/matching/correlation_images.h"
 #include "commands/matching/find_clusters.h"
 #include "commands/matching/point_scores.h"
@@ -28,7 +29,12 @@
 #include "commands/panes/capture.h"
 #include "commands/panes/centring.h"
 #include "commands/panes/clearing.h"
+#include "commands/products/ortho_block.h"
+#include "commands/products/ortho_block_2.h"
+#include "commands/products/ortho_index.h"
 #include "commands/products/orthoimage.h"
+#include "commands/products/sub_images.h"
+#include "commands/products/zonal_images.h"
 #include "commands/solver/batch_orientation.h"
 #include "commands/solver/distance_window.h"
 #include "commands/solver/epipolar_and_sun.h"
@@ -91,15 +97,15 @@ constexpr MenuRow kMainMenu[] = {
     {2, "Add_Tin", "Add TIN elevation (DEM) model (*.hdr)", 0, 0, false, MenuRole::Command, Add_Tin, nullptr},
     {2, "Add_Tin_CHM", "Add TIN canopy Height (CHM) Model", 0, 0, false, MenuRole::Command, Add_Tin_CHM, nullptr},
     {1, "Remove_an_image", "Remove an image from the set", kF1 + 2, 0, false, MenuRole::Command, Remove_an_image, nullptr},
-    {1, "Write_SUB_images", "Write Subimages (RAW and HDR)", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Create_Zonal", "Create a Zonal image (PGMTexture)", 0, 0, true, MenuRole::NotBuilt, nullptr, nullptr},
+    {1, "Write_SUB_images", "Write Subimages (RAW and HDR)", 0, 0, false, MenuRole::Command, Write_SUB_images, nullptr},
+    {1, "Create_Zonal", "Create a Zonal image (PGMTexture)", 0, 0, true, MenuRole::Command, Create_Zonal, nullptr},
     {1, "Create_anaglyph_pair", "Create anaglyph pair", 0, 0, false, MenuRole::Command, Create_anaglyph_pair, nullptr},
     {1, "Orto", "Create an OrthoImage", 0, 0, false, MenuRole::Command, Orto, nullptr},
-    {1, "Create_an_Ortho_Block_2", "Create an OrtoBlock (2)", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "OrthoBlock", "Create an OrthoBlock", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Create_An_OrthoIndex", "Create an OrthoIndex", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
+    {1, "Create_an_Ortho_Block_2", "Create an OrtoBlock (2)", 0, 0, false, MenuRole::Command, Create_an_Ortho_Block_2, nullptr},
+    {1, "OrthoBlock", "Create an OrthoBlock", 0, 0, false, MenuRole::Command, OrthoBlock, nullptr},
+    {1, "Create_An_OrthoIndex", "Create an OrthoIndex", 0, 0, false, MenuRole::Command, Create_An_OrthoIndex, nullptr},
     {1, "Open_Stereo_window", "Open stereo window", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
-    {1, "Open_Map_Window", "Open Map window", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
+    {1, "Open_Map_Window", "Open Map window", 0, 0, false, MenuRole::Command, Open_Map_Window, nullptr},
     {1, "Open_Options_Window", "Open Options Window", 'O', kCtrl, false, MenuRole::Command, Open_Options_Window, nullptr},
     {1, "Compute_Points_From_Pairs", "Compute_Points_From_Pairs", 0, 0, true, MenuRole::Command, Compute_Points_From_Pairs, nullptr},
     {1, "Compute_initial_apprx", "Compute Initial APRX", 0, 0, false, MenuRole::Command, Compute_initial_apprx, nullptr},

@@ -11,6 +11,7 @@ namespace sylvomex {
 
 inline constexpr int kLeftButton = 1;
 inline constexpr int kRightButton = 2;
+inline constexpr int kMiddleButton = 4;
 inline constexpr int kShift = 1;
 inline constexpr int kCtrl = 2;
 inline constexpr int kAlt = 4;

@@ -4,6 +4,8 @@
 #include <array>
 #include <string>
 
+#include "workspace/operator_event.h"
+
 namespace sylvomex {
 namespace {
 
@@ -33,6 +35,7 @@ std::span<const WindowRow> All_Windows() {
   static const std::array kWindows{
       Form1_Window(), Form2_Window(), Form3_Window(),
       Form4_Window(), Form6_Window(), Form7_Window(),
+      Form8_Window(),
   };
   return kWindows;
 }
@@ -50,6 +53,12 @@ const HandlerRow* Find_Handler(const WindowRow& window, std::string_view control
     if (control == row.control && happening == row.happening) return &row;
   }
   return nullptr;
+}
+
+bool Takes_Button(const WindowRow& window, std::string_view control, int button) {
+  if (button != kMiddleButton) return true;
+  const HandlerRow* handler = Find_Handler(window, control, Happening::MouseDown);
+  return handler != nullptr && handler->any_button;
 }
 
 std::string Handler_Name(const HandlerRow& handler) {

@@ -27,7 +27,7 @@ enum class Happening {
 
 struct ControlEvent {
   int index = kNoIndex;  // within an array of controls
-  int button = 0;        // kLeftButton, kRightButton
+  int button = 0;        // kLeftButton, kRightButton, kMiddleButton
   int shift = 0;         // mask of kShift, kCtrl, kAlt
   int key_code = 0;      // as in OperatorEvent
   double x = 0, y = 0;   // pane pixels; client pixels for the window itself
@@ -39,6 +39,7 @@ struct HandlerRow {
   const char* control = kWindowItself;  // name without index
   Happening happening = Happening::Click;
   void (*run)(Workspace& w, const ControlEvent& event) = nullptr;
+  bool any_button = false;  // of a MouseDown: the middle button is told, too
 };
 
 struct WindowRow {
@@ -60,6 +61,10 @@ const WindowRow* Find_Window(std::string_view name);
 /// The handler of a control (name without index) or of the window itself; nullptr for none.
 const HandlerRow* Find_Handler(const WindowRow& window, std::string_view control,
                                Happening happening);
+
+/// Whether a press of a button on a control or on the window itself is told: the middle one only
+/// where a handler asks for any.
+bool Takes_Button(const WindowRow& window, std::string_view control, int button);
 
 /// A handler's name in error messages: "Command1_Click", "Form_Resize".
 std::string Handler_Name(const HandlerRow& handler);
@@ -87,5 +92,6 @@ WindowRow Form3_Window();
 WindowRow Form4_Window();
 WindowRow Form6_Window();
 WindowRow Form7_Window();
+WindowRow Form8_Window();
 
 }  // namespace sylvomex

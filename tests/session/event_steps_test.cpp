@@ -85,7 +85,7 @@ TEST(EventSteps, ResizeHasTheSize) {
 
 TEST(EventSteps, InvalidArgumentFails) {
   EXPECT_THROW(Event_Of("click Picture1(0) 1 two"), StepEnd);
-  EXPECT_THROW(Event_Of("click Picture1(0) 1 2 middle"), StepEnd);
+  EXPECT_THROW(Event_Of("click Picture1(0) 1 2 upper"), StepEnd);
   EXPECT_THROW(Event_Of("key Q7"), StepEnd);
   EXPECT_THROW(Event_Of("key A right"), StepEnd);
   EXPECT_THROW(Event_Of("resize Form1 -1 600"), StepEnd);

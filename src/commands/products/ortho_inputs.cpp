@@ -2,7 +2,6 @@
 #include "commands/products/ortho_inputs.h"
 
 #include "platform/number_text.h"
-#include "platform/replacing_file.h"
 #include "platform/run_time_error.h"
 #include "state/workspace.h"
 
@@ -12,19 +11,19 @@ void Say_Too_Wide(Workspace& w) {
   w.screen->Message_Box("An error occurred, too wide orthoimage?");
 }
 
-std::optional<double> Ask_Number(Workspace& w, const std::string& prompt, double value,
-                                 const std::string& preset) {
-  const auto answer = w.screen->Input_Box(prompt, kOrthoTitle, preset);
+std::optional<double> Ask_Number(Workspace& w, const NumberQuestion& question, BadAnswer bad) {
+  const auto answer = w.screen->Input_Box(question.prompt, kOrthoTitle, question.preset);
   if (!answer) return std::nullopt;
   try {
     return Parse_Double(*answer);
   } catch (const RunTimeError&) {
+    if (bad == BadAnswer::EndsCommand) throw;
     Say_Too_Wide(w);
-    return value;
+    return question.value;
   }
 }
 
-std::optional<OrthoExtent> Ask_Extent(Workspace& w) {
+std::optional<OrthoExtent> Ask_Extent(Workspace& w, BadAnswer bad) {
   struct Question {
     const char* prompt;
     double OrthoExtent::*value;
@@ -38,7 +37,7 @@ std::optional<OrthoExtent> Ask_Extent(Workspace& w) {
   };
   OrthoExtent extent;
   for (const Question& question : kQuestions) {
-    const auto answer = Ask_Number(w, question.prompt, 0);
+    const auto answer = Ask_Number(w, {question.prompt, 0, ""}, bad);
     if (!answer) return std::nullopt;
     extent.*question.value = *answer;
   }
@@ -54,15 +53,14 @@ void Show_Size(Workspace& w, const OrthoGrid& grid) {
                         "  Rows: " + Plain_Text(grid.rows));
 }
 
-void Ask_Name_And_Write(Workspace& w, std::span<const std::uint8_t> cells) {
+std::optional<FilePath> Ask_Result_Name(Workspace& w) {
   const std::string name =
       w.screen->Input_Box("Give filename for the raw-file", kOrthoTitle).value_or("");
-  if (name.empty()) return;
-  try {
-    Replace_Whole_File(w.Drives.Locate(name), cells);
-  } catch (const RunTimeError&) {
-    return Say_Too_Wide(w);
-  }
+  if (name.empty()) return std::nullopt;
+  return FilePath{name, w.Drives.Locate(name).native};
+}
+
+void Say_Written(Workspace& w, const std::string& name) {
   w.screen->Message_Box(name + " written");
 }
 

@@ -3,9 +3,9 @@
 #pragma once
 
 #include <optional>
-#include <span>
 #include <string>
 
+#include "platform/drive_map.h"
 #include "products/ortho_grid.h"
 
 namespace sylvomex {
@@ -17,10 +17,20 @@ inline constexpr const char* kOrthoTitle = "Orthoimage computation";
 /// What stands for every run-time failure of the orthoimage commands.
 void Say_Too_Wide(Workspace& w);
 
-/// Asks for a number; nothing when the question was dismissed. An answer that is no number shows
-/// Say_Too_Wide and gives the value.
-std::optional<double> Ask_Number(Workspace& w, const std::string& prompt, double value,
-                                 const std::string& preset = "");
+/// What an answer that is no number does.
+enum class BadAnswer {
+  IsTold,       // shows Say_Too_Wide; the value stays
+  EndsCommand,  // RunTimeError(TypeMismatch), as of Parse_Double
+};
+
+struct NumberQuestion {
+  std::string prompt;
+  double value = 0;  // what stays after a bad answer that is told
+  std::string preset;
+};
+
+/// Asks for a number; nothing when the question was dismissed.
+std::optional<double> Ask_Number(Workspace& w, const NumberQuestion& question, BadAnswer bad);
 
 struct OrthoExtent {
   double X0 = 0, Y0 = 0;              // lower left corner, metres
@@ -29,7 +39,7 @@ struct OrthoExtent {
 };
 
 /// Five questions; nothing when one was dismissed.
-std::optional<OrthoExtent> Ask_Extent(Workspace& w);
+std::optional<OrthoExtent> Ask_Extent(Workspace& w, BadAnswer bad);
 
 /// RunTimeErrors of Make_Ortho_Grid.
 OrthoGrid Grid_Of(const OrthoExtent& extent);
@@ -37,8 +47,10 @@ OrthoGrid Grid_Of(const OrthoExtent& extent);
 /// Shows "Columns: " and "  Rows: ".
 void Show_Size(Workspace& w, const OrthoGrid& grid);
 
-/// Asks for the name of a result and writes it as a whole; then shows the name with " written". A
-/// failure shows Say_Too_Wide, a dismissal writes nothing.
-void Ask_Name_And_Write(Workspace& w, std::span<const std::uint8_t> cells);
+/// Asks for the name of a result; nothing when the question was dismissed or left empty.
+std::optional<FilePath> Ask_Result_Name(Workspace& w);
+
+/// Shows the name with " written".
+void Say_Written(Workspace& w, const std::string& name);
 
 }  // namespace sylvomex

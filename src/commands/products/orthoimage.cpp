@@ -7,6 +7,7 @@
 
 #include "commands/products/ortho_inputs.h"
 #include "platform/number_text.h"
+#include "platform/replacing_file.h"
 #include "platform/rounding.h"
 #include "platform/zeroed_array.h"
 #include "products/ortho_image.h"
@@ -28,7 +29,8 @@ struct OrthoOrder {
 /// Asks until the number is one of the block's; nothing when the question was dismissed.
 std::optional<int> Ask_Image(Workspace& w) {
   for (;;) {
-    const auto number = Ask_Number(w, "Which image is used, first = 0, 2nd = 1 etc.?", 0);
+    const auto number =
+        Ask_Number(w, {"Which image is used, first = 0, 2nd = 1 etc.?", 0, ""}, BadAnswer::IsTold);
     if (!number) return std::nullopt;
     if (*number <= w.ImageCount - 1) return To_Int32(*number);
     w.screen->Message_Box("There are :" + Plain_Text(std::int32_t{w.ImageCount}) +
@@ -42,10 +44,10 @@ std::optional<OrthoOrder> Ask_Order(Workspace& w) {
   const auto image = Ask_Image(w);
   if (!image) return std::nullopt;
   order.image = *image;
-  const auto extent = Ask_Extent(w);
+  const auto extent = Ask_Extent(w, BadAnswer::IsTold);
   if (!extent) return std::nullopt;
-  const auto elsewhere =
-      Ask_Number(w, "Elevation outside DEM? , Default = 170 (m)", order.elsewhere, "160");
+  const auto elsewhere = Ask_Number(
+      w, {"Elevation outside DEM? , Default = 170 (m)", order.elsewhere, "160"}, BadAnswer::IsTold);
   if (!elsewhere) return std::nullopt;
   order.elsewhere = *elsewhere;
   order.grid = Grid_Of(*extent);
@@ -74,6 +76,17 @@ void Fill_Cells(Workspace& w, const OrthoOrder& order, const FollowedImage& imag
     Fill_Ortho_Columns(grid, source, heights, col, std::min(grid.columns, col + kSlabColumns),
                        cells, last);
   }
+}
+
+void Ask_Name_And_Write(Workspace& w, std::span<const std::uint8_t> cells) {
+  const auto file = Ask_Result_Name(w);
+  if (!file) return;
+  try {
+    Replace_Whole_File(*file, cells);
+  } catch (const RunTimeError&) {
+    return Say_Too_Wide(w);
+  }
+  Say_Written(w, file->name);
 }
 
 int Pixel_Bytes(const ImageRecord& record) { return record.ColorFlag == 1 ? 3 : 1; }

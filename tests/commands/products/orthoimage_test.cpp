@@ -4,6 +4,7 @@
 
 #include <cstring>
 
+#include "support/file_size_limit.h"
 #include "support/session_run.h"
 #include "support/small_site.h"
 
@@ -154,6 +155,57 @@ TEST_F(OrtoCommand, AnImageRemovedInTheMiddleEndsTheComputation) {
            Answers({"0", "0", "0", "150", "10", "1", "160", "100", "c:\\data\\ortho.raw"}));
   EXPECT_EQ(played.status, 0) << played.reason;
   EXPECT_NE(played.transcript.find("too wide orthoimage?"), std::string::npos) << played.transcript;
+}
+
+TEST_F(OrtoCommand, AnExtentOfZeroGivesASingleColumnAndRow) {
+  Write_Model(200);
+  const PlayedSession played =
+      Play(Answers({"0", "0", "0", "0", "0", "1", "160", "c:\\data\\ortho.raw"}));
+  EXPECT_NE(played.transcript.find("message \"Columns: 1  Rows: 1\""), std::string::npos);
+  EXPECT_EQ(site.Folder().Read("c/data/ortho.raw").size(), 3u);
+}
+
+TEST_F(OrtoCommand, ANegativeExtentIsOneMessage) {
+  Write_Model(200);
+  const PlayedSession played = Play(Answers({"0", "0", "0", "-10", "10", "1", "160"}) + "cancel");
+  EXPECT_EQ(played.status, 0) << played.reason;
+  EXPECT_NE(played.transcript.find("too wide orthoimage?"), std::string::npos) << played.transcript;
+}
+
+TEST_F(OrtoCommand, ATextForAnExtentLeavesZeroAndTheQuestionsGoOn) {
+  Write_Model(200);
+  const PlayedSession played =
+      Play(Answers({"0", "0", "0", "wide", "0", "1", "160", "c:\\data\\ortho.raw"}));
+  EXPECT_EQ(played.status, 0) << played.reason;
+  EXPECT_NE(played.transcript.find("too wide orthoimage?"), std::string::npos) << played.transcript;
+  EXPECT_NE(played.transcript.find("message \"Columns: 1  Rows: 1\""), std::string::npos);
+}
+
+TEST_F(OrtoCommand, WithoutAnImageEveryNumberIsAskedAgain) {
+  Write_Model(200);
+  const PlayedSession played =
+      Play_Script(site.Folder(),
+                  "file c:\\data\\dem.hdr\ninput 0\nmenu Add_height_Model\n"
+                  "input 0\ncancel\nmenu Orto\n");
+  EXPECT_EQ(played.status, 0) << played.reason;
+  EXPECT_NE(played.transcript.find("message \"There are :0 photographs, numbered : 0--1\""),
+            std::string::npos)
+      << played.transcript;
+}
+
+TEST_F(OrtoCommand, AFullDiskLeavesTheOldFile) {
+  Write_Model(200);
+  site.Write_Image("a", {.colour = colour});
+  site.Folder().Write("c/data/ortho.raw", "old");
+  const FileSizeLimit full(100000);
+  const PlayedSession played =
+      Play_Script(site.Folder(),
+                  "file c:\\data\\a.hdr\ntry menu Add_images_to_set\n"
+                  "file c:\\data\\dem.hdr\ninput 0\nmenu Add_height_Model\n" +
+                      Answers({"0", "0", "0", "250", "250", "1", "160", "c:\\data\\ortho.raw"}) +
+                      "menu Orto\n");
+  EXPECT_NE(played.transcript.find("too wide orthoimage?"), std::string::npos) << played.transcript;
+  EXPECT_EQ(site.Folder().Read("c/data/ortho.raw"), "old");
 }
 
 }  // namespace

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#include "commands/products/ortho_index.h"
+
+#include <optional>
+#include <vector>
+
+#include "commands/products/ortho_inputs.h"
+#include "imageblock/image_header.h"
+#include "platform/number_text.h"
+#include "platform/replacing_file.h"
+#include "platform/zeroed_array.h"
+#include "products/ortho_index.h"
+#include "services/progress.h"
+#include "solver/camera_table.h"
+#include "solver/random_id.h"
+
+namespace sylvomex {
+namespace {
+
+struct IndexOrder {
+  std::string table;  // file of the cameras
+  double pixel = 0;   // metres
+  bool colour = false;
+};
+
+std::optional<IndexOrder> Ask_Order(Workspace& w) {
+  const auto number = w.screen->Input_Box("Number of the camera data list?", kOrthoTitle, "533");
+  if (!number) return std::nullopt;
+  const auto pixel =
+      Ask_Number(w, {"Pixel size in orthoimage? (m)", 0, ""}, BadAnswer::EndsCommand);
+  if (!pixel) return std::nullopt;
+  const auto colour = Ask_Number(w, {"Color (1) or BW (0)?", 0, ""}, BadAnswer::EndsCommand);
+  if (!colour) return std::nullopt;
+  return IndexOrder{"c:\\data\\Cam_Data_j_" + *number + ".csv", *pixel, *colour == 1};
+}
+
+struct CoveringImage {
+  ImageRecord record;
+  Camera camera;
+  GroundLimits limits;
+  std::uint8_t number = 0;
+};
+
+/// Every image of the table that sees the ground, in table order.
+std::vector<CoveringImage> Read_Images(Workspace& w, const std::string& table) {
+  CameraTableReader cameras(w.Drives.Locate(table));
+  Progress progress(w, w.Form1.Label2);
+  std::vector<CoveringImage> images;
+  for (std::size_t place = 0; const auto line = cameras.Next(); ++place) {
+    progress.Report("Image: " + std::to_string(place + 1));
+    ListReader header(w.Drives.Locate(line->header));
+    const ImageRecord record = Read_Image_Header(header);
+    const Camera camera = Make_Camera(record);
+    const auto limits = Limits_Of_Border(record, camera);
+    if (limits) images.push_back({record, camera, *limits, Index_Number(place)});
+  }
+  return images;
+}
+
+GroundLimits Limits_Of_All(const std::vector<CoveringImage>& images, const std::string& table) {
+  if (images.empty()) {
+    throw RunTimeError(Failure::BadContent, table + " lists no image that sees the ground");
+  }
+  GroundLimits limits = images.front().limits;
+  for (const CoveringImage& image : images) limits = Around_Both(limits, image.limits);
+  return limits;
+}
+
+void Write_Result(Workspace& w, std::span<const std::uint8_t> content) {
+  const std::string name = "C:\\temp\\" + Random_Id8(w.screen->Random()) + ".raw";
+  Replace_Whole_File(w.Drives.Locate(name), content);
+  Say_Written(w, name);
+}
+
+ZeroedArray<std::uint8_t> Three_A_Cell(std::span<const std::uint8_t> numbers) {
+  ZeroedArray<std::uint8_t> bytes(3 * numbers.size());
+  for (std::size_t k = 0; k < bytes.size(); ++k) bytes[k] = numbers[k / 3];
+  return bytes;
+}
+
+std::span<const std::uint8_t> Bytes_Of(std::span<const float> floats) {
+  return {reinterpret_cast<const std::uint8_t*>(floats.data()), floats.size_bytes()};
+}
+
+}  // namespace
+
+void Create_An_OrthoIndex(Workspace& w) {
+  const auto order = Ask_Order(w);
+  if (!order) return;
+  const std::vector<CoveringImage> images = Read_Images(w, order->table);
+  const OrthoGrid grid = Grid_Over(Limits_Of_All(images, order->table), order->pixel);
+  ZeroedArray<float> ids(grid.Cells());
+  ZeroedArray<std::uint8_t> numbers(grid.Cells());
+  for (const CoveringImage& image : images) {
+    Mark_Covered_Cells(grid, image.record, image.camera, image.limits, image.number, ids.All(),
+                       numbers.All());
+  }
+  Write_Result(w, Bytes_Of(ids.All()));
+  if (!order->colour) return Write_Result(w, numbers.All());
+  Write_Result(w, Three_A_Cell(numbers.All()).All());
+}
+
+}  // namespace sylvomex

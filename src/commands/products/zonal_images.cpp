@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "commands/products/zonal_images.h"
+
+#include "platform/number_text.h"
+#include "platform/replacing_file.h"
+#include "products/zonal_image.h"
+#include "services/chosen_file.h"
+#include "services/hourglass.h"
+#include "state/camera_access.h"
+
+namespace sylvomex {
+namespace {
+
+void Write_Mask(const Workspace& w, int k, const std::vector<GroundCircle>& circles) {
+  const Camera camera = Camera_Of(w, k);
+  const PixelArea area = Area_Of_Circles(camera, circles);
+  const ZeroedArray<std::uint8_t> mask = Zonal_Mask(camera, area, circles);
+  const std::string name = "d:\\" + Plain_Text(w.ImageBlock(k).ImageId) + "_Zonal.raw";
+  Replace_Whole_File(w.Drives.Locate(name), mask.All());
+}
+
+}  // namespace
+
+void Create_Zonal(Workspace& w) {
+  const auto file = Ask_File(w, {"File with X,Y,Z, id, radius", "TXT files (*.txt)|*.txt", 1, ""});
+  if (!file) return;
+  const std::vector<GroundCircle> circles = Read_Ground_Circles(*file);
+  const auto count = static_cast<std::int32_t>(circles.size());
+  w.screen->Message_Box("Luin " + Plain_Text(count) + " koealan tiedot!");
+  if (w.ImageCount == 0) {
+    w.screen->Message_Box("There has to be an image, one at least!");
+    return;
+  }
+  if (circles.empty()) return;
+  {
+    const HourglassGuard hourglass(w);
+    for (int k = 0; k < w.ImageCount; ++k) Write_Mask(w, k, circles);
+  }
+  w.Solution3D = circles.back().centre;
+  w.SolutionValid = true;
+  w.screen->Message_Box("Done");
+}
+
+}  // namespace sylvomex
