@@ -7,7 +7,7 @@
 
 #include "demo/write/exact_text.h"
 #include "demo/write/stereo_session.h"
-#include "demo/write/surface_session.h"
+#include "demo/write/surface_steps.h"
 #include "platform/files.h"
 #include "platform/list_reader.h"
 #include "platform/number_text.h"
@@ -17,6 +17,8 @@
 namespace sylvomex::demo {
 namespace {
 
+constexpr MapArea kForest{20, 20, kForestSide - 20, kForestSide - 20};
+constexpr double kSpacing = 5;  // metres
 constexpr std::size_t kPlaces = 200;
 constexpr int kWindowReach = 9;             // a window of 19 x 19 pixels
 constexpr int kSearchReach = 4;             // pixels around where it is expected
@@ -153,7 +155,7 @@ RowDifferences Row_Differences(const std::filesystem::path& site, const Scene& s
   const MappedFile right_file(drives.Locate(pair.right.raster));
   const Channel left = Green_Of(left_file, pair), right = Green_Of(right_file, pair);
   RowDifferences rows;
-  for (const SurfacePlace& place : Spread(Ground_Places(scene, stereo, 0))) {
+  for (const SurfacePlace& place : Spread(Ground_Places(scene, stereo, 0, kForest, kSpacing))) {
     const RasterPosition at = Seen_On_Raster(stereo[0], pair, pair.left, place.truth);
     const RasterPosition expected = Seen_On_Raster(stereo[1], pair, pair.right, place.truth);
     rows.by_geometry.push_back(expected.row - at.row);

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "demo/scene/surface_photographs.h"
 #include "demo/write/exact_text.h"
 #include "demo/write/session_steps.h"
 #include "demo/write/surface_session.h"
@@ -22,7 +23,7 @@ constexpr double kHeightStep = 0.01;  // metres of a key
 
 double To_Half_Pixel(double value) { return Round_Half_Even(2 * value) / 2; }
 
-Point3D Rough(const Point3D& top) {
+Point3D Guessed(const Point3D& top) {
   return {top.X, top.Y, kRoughStep * Round_Half_Even(top.Z / kRoughStep)};
 }
 
@@ -67,7 +68,7 @@ std::string Key_Steps(double rise) {
 
 std::string Top_Steps(const std::vector<Photograph>& stereo, const StereoPair& pair,
                       const Point3D& top) {
-  const Point3D rough = Rough(top);
+  const Point3D rough = Guessed(top);
   const StereoState state = View_On(pair, rough);
   const RasterPosition left = Seen_On_Raster(stereo[0], pair, pair.left, top);
   const RasterPosition right = Seen_On_Raster(stereo[1], pair, pair.right, top);

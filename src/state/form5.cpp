@@ -21,6 +21,9 @@ constexpr ControlRow kControls[] = {
 constinit const WindowDesign kForm5Design{
     "SYLVOMEX Anaglyph stereo window", 1050, 830, kControls, 480, 360};
 
-Form5State::Form5State() { Apply_Design(*this, kForm5Design); }
+Form5State::Form5State() {
+  Apply_Design(*this, kForm5Design);
+  ActiveControl = "Picture1";  // no other control takes keys
+}
 
 }  // namespace sylvomex

@@ -250,6 +250,12 @@ TEST_F(StereoPointer, TheKeysMoveTheMarkByACentimetre) {
             "Form5.Label1 = X: 1005.00  Y: 2000.00  Z: .02\n");
 }
 
+TEST_F(StereoPointer, TheKeysReachThePictureOfAWindowThatWasNotOpenedByItsItem) {
+  const PlayedSession played = Play(
+      "file c:\\data\\pair.txt\nmenu Form5.Open_Pair\nkey Form5 U\nprint Form5.Label1\n");
+  EXPECT_TRUE(Has(played, "Z: .01\n")) << played.transcript;
+}
+
 TEST_F(StereoPointer, KeysWithTheCodesOfSmallLettersMoveTheMarkToo) {
   const PlayedSession played = Play_Opened(
       "key Form5 F6\nkey Form5 F6\nprint Form5.Label1\nkey Form5 num4\nprint Form5.Label1\n");
