@@ -6,9 +6,9 @@
 
 namespace sylvomex {
 
-/// Takes a state over with both windows centred on its mark: composes the picture, writes its file
-/// and shows it. Whatever fails leaves the present state and its picture alone. RunTimeErrors for
-/// rasters that are missing or shorter than the pair says.
+/// Centres both windows of a state on its mark, composes the picture, writes its file, shows it and
+/// makes the state the current one. A failure leaves the current state and its picture unchanged.
+/// RunTimeErrors for rasters that are missing or shorter than the pair says.
 void Recentre(Workspace& w, StereoState next);
 
 /// The same for the pair that is open, with the mark at a point.

@@ -26,8 +26,7 @@ std::vector<Mark> Stereo_Lines(std::span<const StereoPosition> points, StereoSty
 /// An upright cross over each image of a point. reach: half its size, pixels.
 std::vector<Mark> Stereo_Cross(const StereoPosition& at, double reach, StereoStyle style);
 
-/// The floating mark where the mark of the open pair lies in both images, in the place of the one
-/// before.
+/// Draws the floating mark at the mark's position in both images, replacing the previous one.
 void Draw_Floating_Mark(Workspace& w);
 
 }  // namespace sylvomex

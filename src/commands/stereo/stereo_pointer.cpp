@@ -10,7 +10,7 @@ namespace {
 
 constexpr double kHeightStep = 0.01;  // metres
 
-/// A lower-case letter's code is that of another key, which acts as well.
+/// The code of a lower-case letter is that of another key, which has the same effect.
 bool Is_Letter(int key_code, char letter) {
   return key_code == letter || key_code == letter - 'A' + 'a';
 }

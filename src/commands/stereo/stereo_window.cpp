@@ -28,7 +28,6 @@ void Lay_Out(Workspace& w) {
   form.Label1.Width = picture.Width;
 }
 
-/// Both rasters and the geometry are there; only then is the pair taken over.
 StereoPair Read_Pair(const FilePath& file) {
   ListReader reader(file);
   StereoPair pair = Read_Pair_File(reader);

@@ -8,8 +8,8 @@ namespace sylvomex {
 
 void Open_Stereo_window(Workspace& w);
 
-/// The picture takes the room of the window and is composed anew, unless no pair is open or the
-/// pair starts, or the mark lies, at the origin of X.
+/// Fits the picture to the window and recentres it. Without an open pair, for a pair whose start X
+/// is not above 1 and for a mark with X below 1 the picture keeps its content.
 void Form5_Resize(Workspace& w);
 
 void Open_Pair(Workspace& w);        // replaces the pair that was open, its measured points too
