@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Prints how true the image products of the demo site are, and makes the map of its map session.
+// Prints how true the image products of the demo site are, and makes the maps of its map session.
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -39,6 +39,7 @@ void Print_Table(const DriveMap& drives, const char* transcript) {
   const ImageRecord& image = strip[1].image;
   const auto mask = bytes("d:\\" + std::to_string(image.ImageId) + "_Zonal.raw");
   for (const Zone& zone : Product_Zones(scene)) {
+    if (zone.radius < 5) continue;  // only keeps the others whole
     const double pixel = Scale_Number(strip[1].camera, zone.centre.Z) / image.AffineA1;
     text += "zone " + std::to_string(zone.id) + ": pixels beyond those of a flat circle " +
             Percent(Zone_Excess(mask, zone.id, zone.radius, pixel)) + "\n";
@@ -46,15 +47,17 @@ void Print_Table(const DriveMap& drives, const char* transcript) {
   std::fputs(text.c_str(), stdout);
 }
 
-void Make_Map(const DriveMap& drives) {
-  const std::string raw = "c:\\data\\demo\\map.raw";
+void Make_Map(const DriveMap& drives, const std::string& product, const std::string& map,
+              int shift) {
+  const std::string folder = "c:\\data\\demo\\";
   const OrthoGrid grid = Product_Grid();
-  const auto cells = Read_Bytes(drives.Locate("c:\\data\\demo\\ortho_ground.raw"));
+  const auto cells = Read_Bytes(drives.Locate(folder + product + ".raw"));
   if (cells.size() != 3 * grid.Cells()) {
-    throw RunTimeError(Failure::BadContent, "ortho_ground.raw does not have the session's size");
+    throw RunTimeError(Failure::BadContent, product + ".raw does not have the session's size");
   }
+  const std::string raw = folder + map + ".raw";
   Write_Whole_File(drives.Locate(raw), North_Up(cells, grid));
-  Write_Whole_File(drives.Locate("c:\\data\\demo\\map.hdr"), Map_Header_Text(raw, grid));
+  Write_Whole_File(drives.Locate(folder + map + ".hdr"), Map_Header_Text(raw, grid, shift));
 }
 
 }  // namespace
@@ -65,7 +68,8 @@ int main(int count, char** arguments) {
     if (count == 4 && task == "--table") {
       Print_Table(DriveMap(arguments[2]), arguments[3]);
     } else if (count == 3 && task == "--map") {
-      Make_Map(DriveMap(arguments[2]));
+      Make_Map(DriveMap(arguments[2]), "ortho_ground", "map", 1);
+      Make_Map(DriveMap(arguments[2]), "ortho_block", "mosaic", 0);
     } else {
       std::fprintf(stderr,
                    "usage: sylvomex_demo_products --table SITE TRANSCRIPT\n"

@@ -9,6 +9,7 @@
 #include "demo/table/detection_table.h"
 #include "demo/table/lidar_table.h"
 #include "demo/table/residual_table.h"
+#include "demo/table/stereo_table.h"
 #include "demo/table/surface_table.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
@@ -46,10 +47,16 @@ int Print_Surfaces(const char* folder) {
   return 0;
 }
 
+int Print_Stereo(const char* site, const char* transcript) {
+  std::fputs(Stereo_Table_Of_Site(site, Read_Whole_File(Native(transcript))).c_str(), stdout);
+  return 0;
+}
+
 int Print_Table(int count, char** arguments) {
   const std::string first = count > 1 ? arguments[1] : "";
   if (count == 3 && first == "--lidar") return Print_Lidar(arguments[2]);
   if (count == 3 && first == "--residuals") return Print_Residuals(arguments[2]);
+  if (count == 4 && first == "--stereo") return Print_Stereo(arguments[2], arguments[3]);
   if (count == 3 && first == "--surfaces") return Print_Surfaces(arguments[2]);
   if (count == 4) return Print_Detection(arguments);
   if (count != 3 && !(count == 5 && std::string(arguments[3]) == "--seconds")) {
@@ -58,7 +65,8 @@ int Print_Table(int count, char** arguments) {
                        "       sylvomex_demo_table TRANSCRIPT TRUTH NODES\n"
                        "       sylvomex_demo_table --lidar SITE\n"
                        "       sylvomex_demo_table --residuals FILE\n"
-                       "       sylvomex_demo_table --surfaces FOLDER");
+                       "       sylvomex_demo_table --surfaces FOLDER\n"
+                       "       sylvomex_demo_table --stereo SITE TRANSCRIPT");
   }
   std::optional<double> seconds;
   if (count == 5) seconds = Parse_Double(arguments[4]);

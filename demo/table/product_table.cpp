@@ -163,11 +163,11 @@ std::vector<std::uint8_t> North_Up(std::span<const std::uint8_t> cells, const Or
   return turned;
 }
 
-std::string Map_Header_Text(const std::string& raw_name, const OrthoGrid& grid) {
+std::string Map_Header_Text(const std::string& raw_name, const OrthoGrid& grid, int shift) {
   const std::string pixel = Exact_Text(grid.pixel);
-  return "\"" + raw_name + "\"\n" + Exact_Text(grid.X0) + "\n" + Exact_Text(grid.Y0 + grid.pixel) +
-         "\n" + pixel + "\n" + pixel + "\n" + std::to_string(grid.columns) + "\n" +
-         std::to_string(grid.rows) + "\n1\n";
+  return "\"" + raw_name + "\"\n" + Exact_Text(grid.X0 + (shift - 1) * grid.pixel) + "\n" +
+         Exact_Text(grid.Y0 + shift * grid.pixel) + "\n" + pixel + "\n" + pixel + "\n" +
+         std::to_string(grid.columns) + "\n" + std::to_string(grid.rows) + "\n1\n";
 }
 
 }  // namespace sylvomex::demo

@@ -49,7 +49,8 @@ std::string Table_Text(const CutOutTable& table);
 /// The rows of an orthoimage of three bytes a cell from the north, as maps have them.
 std::vector<std::uint8_t> North_Up(std::span<const std::uint8_t> cells, const OrthoGrid& grid);
 
-/// The header of such a map: its read-out tells the ground that a cell shows.
-std::string Map_Header_Text(const std::string& raw_name, const OrthoGrid& grid);
+/// The header of such a map: its read-out tells the ground that a cell shows. shift: how many cells
+/// further north and east than its own place that is, 1 in an orthoimage, 0 in a mosaic.
+std::string Map_Header_Text(const std::string& raw_name, const OrthoGrid& grid, int shift);
 
 }  // namespace sylvomex::demo

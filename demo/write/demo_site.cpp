@@ -19,6 +19,7 @@
 #include "demo/write/overlay_session.h"
 #include "demo/write/product_session.h"
 #include "demo/write/site_folders.h"
+#include "demo/write/stereo_session.h"
 #include "demo/write/surface_session.h"
 #include "demo/write/tin_session.h"
 #include "demo/write/truth.h"
@@ -105,6 +106,7 @@ void Write_Demo_Site(const Scene& scene, const std::vector<Photograph>& photos,
   Write_Product_Files(scene, photos, drives);
   Write_Beside_Drives(root / "sessions" / "products.txt", Product_Session(scene, photos));
   Write_Beside_Drives(root / "sessions" / "map.txt", Map_Session());
+  Write_Beside_Drives(root / "sessions" / "stereo.txt", Stereo_Session(scene, photos));
   Write_Evaluation_Files(scene, photos, drives);
   Write_Beside_Drives(root / "sessions" / "evaluate.txt", Evaluation_Session(scene, photos));
   Write_Beside_Drives(root / "sessions" / "orientation.txt", Orientation_Session());

@@ -205,12 +205,14 @@ std::vector<std::uint8_t> Target_Pixels(const Photograph& image,
 }
 
 std::vector<Zone> Product_Zones(const Scene& scene) {
-  std::vector<Zone> zones;
-  for (int k = 0; k < 3; ++k) {
-    const double X = kForestWest + 120 + 30 * k, Y = kForestSouth + 150;
-    zones.push_back({{X, Y, Ground_Height(scene, X, Y)}, 50 * (k + 1), 5.0});
-  }
-  return zones;
+  const auto zone = [&](double x, double y, int id, double radius) {
+    const Point3D centre{kForestWest + x, kForestSouth + y,
+                         Ground_Height(scene, kForestWest + x, kForestSouth + y)};
+    return Zone{centre, id, radius};
+  };
+  // The mask begins at the lowest centre: a first small circle keeps the others whole.
+  return {zone(110, 135, 10, 1), zone(120, 150, 50, 5), zone(150, 150, 100, 5),
+          zone(180, 150, 150, 5)};
 }
 
 void Write_Product_Files(const Scene& scene, const std::vector<Photograph>& photos,
@@ -237,12 +239,15 @@ std::string Product_Session(const Scene& scene, const std::vector<Photograph>& p
 }
 
 std::string Map_Session() {
-  return "# The orthoimage as a map.\nmenu Open_Map_Window\nresize Form8 900 700\n"
-         "file c:\\data\\demo\\map.hdr\nmenu Form8.Open_a_Map\n"
-         "click Form8.Picture1 560 430 middle\nmove Form8.Picture1 448 347\nprint Form8.Label1\n" +
-         Window_Picture("Form8", "map") +
-         "click Form8.Picture1 448 347\nmove Form8.Picture1 448 347\nprint Form8.Label1\n" +
-         Window_Picture("Form8", "map_200");
+  const std::string open = "menu Form8.Open_a_Map\n";
+  return "# The orthoimage and the mosaic as maps.\nmenu Open_Map_Window\nresize Form8 640 460\n"
+         "file c:\\data\\demo\\map.hdr\n" +
+         open +
+         "click Form8.Picture1 560 430 middle\nmove Form8.Picture1 318 227\nprint Form8.Label1\n" +
+         Window_Picture("Form8", "map") + "file c:\\data\\demo\\mosaic.hdr\n" + open +
+         "click Form8.Picture1 620 210 middle\nclick Form8.Picture1 550 227 middle\nmove "
+         "Form8.Picture1 318 227\nprint Form8.Label1\n" +
+         Window_Picture("Form8", "mosaic");
 }
 
 }  // namespace sylvomex::demo

@@ -42,7 +42,7 @@ void Write_Product_Files(const Scene& scene, const std::vector<Photograph>& phot
 /// say "full 151.23 ..." and "cut ..." with X, Y, Z of the top before each solution.
 std::string Product_Session(const Scene& scene, const std::vector<Photograph>& photos);
 
-/// Looks at the map that the orthoimage over the ground became.
+/// Looks at the maps that the orthoimage over the ground and the mosaic became.
 std::string Map_Session();
 
 }  // namespace sylvomex::demo

@@ -30,9 +30,10 @@ void Copy_Channel(const AnaglyphSide& side, std::int64_t picture_row, std::int32
       std::min<std::int64_t>(width, std::int64_t{side.width} - side.first_col);
   const std::int64_t step = side.colour ? 3 : 1;
   const std::int64_t start = (row * side.width + side.first_col) * step + (side.colour ? from : 0);
-  for (std::int64_t k = first; k < last; ++k) {
-    bgr[3 * k + to] = side.bytes[static_cast<std::size_t>(start + k * step)];
-  }
+  if (first >= last) return;
+  const std::uint8_t* source = side.bytes.data() + start + first * step;
+  std::uint8_t* target = bgr + 3 * first + to;
+  for (std::int64_t k = first; k < last; ++k, source += step, target += 3) *target = *source;
 }
 
 }  // namespace

@@ -17,6 +17,9 @@ QImage To_Image(const PaneBitmap& bitmap);
 /// A bitmap (nullptr for none) in the top left corner of a pane of that size.
 QImage To_Image(const PaneBitmap* bitmap, QSize size);
 
+/// Copies a part of an image to the same place of another one of its size and format.
+void Copy_Pixels(const QImage& from, QImage& to, const QRect& part);
+
 QRect Rect_Of(const PixelRect& rect);
 
 }  // namespace sylvomex

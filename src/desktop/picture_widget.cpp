@@ -51,21 +51,45 @@ bool PictureWidget::Needs_Full_Painting() const {
 
 void PictureWidget::Mirror() {
   Mirror_Pointer();
-  QRect changed;
-  if (Needs_Full_Painting()) {
-    const QSize inside(width() - 2 * kPictureBorder, height() - 2 * kPictureBorder);
-    painted_ = To_Image(picture_.bitmap.get(), inside.expandedTo(QSize(1, 1)));
-    bitmap_version_ = picture_.bitmap_version;
-    erase_version_ = picture_.erase_version;
-    marks_in_picture_ = 0;
-    changed = painted_.rect();
-  }
-  if (marks_in_picture_ < picture_.marks.size()) {
-    changed |= Rect_Of(Paint_Marks(Pixels_Of(painted_), picture_, marks_in_picture_));
-    marks_painted_ += picture_.marks.size() - marks_in_picture_;
-    marks_in_picture_ = picture_.marks.size();
-  }
+  QRect changed = Mirror_Bitmap();
+  changed |= Mirror_Marks();
+  changed |= Mirror_Floating(changed);
   if (!changed.isEmpty()) update(changed.translated(kPictureBorder, kPictureBorder));
+}
+
+QRect PictureWidget::Mirror_Bitmap() {
+  if (!Needs_Full_Painting()) return {};
+  const QSize inside(width() - 2 * kPictureBorder, height() - 2 * kPictureBorder);
+  painted_ = To_Image(picture_.bitmap.get(), inside.expandedTo(QSize(1, 1)));
+  bitmap_version_ = picture_.bitmap_version;
+  erase_version_ = picture_.erase_version;
+  marks_in_picture_ = 0;
+  return painted_.rect();
+}
+
+QRect PictureWidget::Mirror_Marks() {
+  if (marks_in_picture_ == picture_.marks.size()) return {};
+  const QRect changed = Rect_Of(Paint_Marks(Pixels_Of(painted_), picture_, marks_in_picture_));
+  marks_painted_ += picture_.marks.size() - marks_in_picture_;
+  marks_in_picture_ = picture_.marks.size();
+  return changed;
+}
+
+QRect PictureWidget::Mirror_Floating(const QRect& painted) {
+  if (floating_version_ == picture_.floating_version && painted.isEmpty()) return {};
+  floating_version_ = picture_.floating_version;
+  const QRect before = std::exchange(floating_rect_, QRect());
+  if (picture_.floating.empty()) {
+    with_floating_ = QImage();
+    return before;
+  }
+  if (with_floating_.size() == painted_.size()) {
+    Copy_Pixels(painted_, with_floating_, before | painted);
+  } else {
+    with_floating_ = painted_.copy();
+  }
+  floating_rect_ = Rect_Of(Paint_Floating(Pixels_Of(with_floating_), picture_));
+  return before | floating_rect_;
 }
 
 void PictureWidget::Mirror_Pointer() {
@@ -88,7 +112,8 @@ void PictureWidget::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   const QRect inside(QPoint(kPictureBorder, kPictureBorder), painted_.size());
   const QRect wanted = event->rect() & inside;
-  painter.drawImage(wanted, painted_, wanted.translated(-kPictureBorder, -kPictureBorder));
+  const QImage& shown = with_floating_.isNull() ? painted_ : with_floating_;
+  painter.drawImage(wanted, shown, wanted.translated(-kPictureBorder, -kPictureBorder));
   if (!inside.contains(event->rect())) {
     qDrawShadePanel(&painter, rect(), palette(), true, kPictureBorder);
   }

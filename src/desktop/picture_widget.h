@@ -27,6 +27,7 @@ class PictureWidget : public QWidget {
   /// repainted only after a load, an erasure or a change of size.
   void Mirror();
 
+  /// Without the floating marks.
   [[nodiscard]] const QImage& Painted() const { return painted_; }
 
   /// Number of marks drawn since the start, for tests of the painting cost.
@@ -41,6 +42,9 @@ class PictureWidget : public QWidget {
  private:
   [[nodiscard]] bool Needs_Full_Painting() const;
   void Mirror_Pointer();
+  QRect Mirror_Bitmap();
+  QRect Mirror_Marks();
+  QRect Mirror_Floating(const QRect& painted);
   void Send_Press(OperatorEvent::Kind kind, const QMouseEvent& event);
   OperatorEvent Event_At(OperatorEvent::Kind kind, const QMouseEvent& event) const;
 
@@ -51,8 +55,11 @@ class PictureWidget : public QWidget {
   bool tells_double_clicks_ = false;
   bool tells_middle_button_ = false;
   QImage painted_;
+  QImage with_floating_;  // a copy of painted_ below the floating marks, null without them
+  QRect floating_rect_;   // what they cover
   std::uint64_t bitmap_version_ = 0;
   std::uint64_t erase_version_ = 0;
+  std::uint64_t floating_version_ = 0;
   std::size_t marks_in_picture_ = 0;
   std::uint64_t marks_painted_ = 0;
 };

@@ -20,6 +20,10 @@ void Write_Pane_Bitmap(const FilePath& file, const PaneBitmap& bitmap);
 /// The same by way of a ReplacingFile: the old file stays until the new one is complete.
 void Replace_Pane_Bitmap(const FilePath& file, const PaneBitmap& bitmap);
 
+/// A picture for other programs: 24-bit, rows from the bottom, padded to 4 bytes; an older file is
+/// replaced as a whole. RunTimeError(SubscriptOutOfRange) as above.
+void Replace_Bitmap(const FilePath& file, const PaneBitmap& bitmap);
+
 /// Overwrites the 54 header bytes of the file; the pixels stay.
 void Rewrite_Bitmap_Header(const FilePath& file, int width, int height);
 

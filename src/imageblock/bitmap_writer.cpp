@@ -47,6 +47,16 @@ BitmapHeaderBytes Pane_Header(int width, int height) {
   return Encode_Bitmap_Header(header);
 }
 
+BitmapHeaderBytes Picture_Header(const PaneBitmap& bitmap, std::size_t file_size) {
+  BitmapHeader header;
+  header.size = static_cast<std::uint32_t>(file_size);
+  header.pixel_offset = kBitmapHeaderSize;
+  header.width = bitmap.width;
+  header.height = bitmap.height;
+  header.bits = 24;
+  return Encode_Bitmap_Header(header);
+}
+
 BitmapHeaderBytes Grey_Header(int width, int height) {
   BitmapHeader header;
   header.size = static_cast<std::uint32_t>(static_cast<std::int64_t>(width) * height);
@@ -94,6 +104,21 @@ void Write_Pane_Bitmap(const FilePath& file, const PaneBitmap& bitmap) {
 
 void Replace_Pane_Bitmap(const FilePath& file, const PaneBitmap& bitmap) {
   Replace_Whole_File(file, Pane_Bitmap_Content(file, bitmap));
+}
+
+void Replace_Bitmap(const FilePath& file, const PaneBitmap& bitmap) {
+  Check_Size(file, bitmap.width, bitmap.height, 3, bitmap.bgr.size());
+  const std::size_t row = 3 * static_cast<std::size_t>(bitmap.width);
+  const std::size_t stride = static_cast<std::size_t>(Bitmap_Row_Size(bitmap.width, 24));
+  std::vector<std::uint8_t> content(kBitmapHeaderSize + stride * bitmap.height);
+  const BitmapHeaderBytes header = Picture_Header(bitmap, content.size());
+  std::copy(header.begin(), header.end(), content.begin());
+  std::uint8_t* to = content.data() + content.size();
+  for (auto from = bitmap.bgr.begin(); from != bitmap.bgr.end(); from += row) {
+    to -= stride;
+    std::copy_n(from, row, to);
+  }
+  Replace_Whole_File(file, content);
 }
 
 void Rewrite_Bitmap_Header(const FilePath& file, int width, int height) {

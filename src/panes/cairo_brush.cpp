@@ -32,6 +32,40 @@ void Set_Letter_Edges(cairo_t* context) {
   cairo_font_options_destroy(options);
 }
 
+void Set_Pen(cairo_t* context) {
+  cairo_set_antialias(context, CAIRO_ANTIALIAS_NONE);
+  cairo_set_line_cap(context, CAIRO_LINE_CAP_ROUND);
+}
+
+// Pen positions are pixel centres; cairo's integers are pixel corners.
+void Stroke(cairo_t* context, const PixelLine& line, int width) {
+  cairo_set_line_width(context, width);
+  cairo_move_to(context, line.x1 + 0.5, line.y1 + 0.5);
+  cairo_line_to(context, line.x2 + 0.5, line.y2 + 0.5);
+  cairo_stroke(context);
+}
+
+/// The pixels that a line may touch.
+PixelRect Around(const PixelLine& line, int width) {
+  const auto [left, right] = std::minmax(line.x1, line.x2);
+  const auto [top, bottom] = std::minmax(line.y1, line.y2);
+  return {left - width, top - width, right + width + 1, bottom + width + 1};
+}
+
+/// Joins the pen to the pixels of a rectangle that a shape of its size covers.
+void Join_Shape(const PixelView& pixels, const PixelRect& rect, cairo_surface_t& shape,
+                const Mark& mark) {
+  const unsigned char* row = cairo_image_surface_get_data(&shape);
+  if (row == nullptr) return;  // no memory for the shape
+  const std::uint32_t pen = Pixel_Of(mark.colour);
+  for (int y = rect.top; y < rect.bottom; ++y, row += cairo_image_surface_get_stride(&shape)) {
+    std::uint32_t* const pixel = pixels.Row(y) + rect.left;
+    for (int x = 0; x < rect.right - rect.left; ++x) {
+      if (row[x] != 0) pixel[x] = Joined(mark.mode, pen, pixel[x]);
+    }
+  }
+}
+
 }  // namespace
 
 cairo_t* CairoBrush::Take_Up() {
@@ -41,8 +75,7 @@ cairo_t* CairoBrush::Take_Up() {
         reinterpret_cast<unsigned char*>(pixels_.first), CAIRO_FORMAT_RGB24, pixels_.width,
         pixels_.height, static_cast<int>(bytes_a_row)));
     context_.reset(cairo_create(surface_.get()));
-    cairo_set_antialias(context_.get(), CAIRO_ANTIALIAS_NONE);
-    cairo_set_line_cap(context_.get(), CAIRO_LINE_CAP_ROUND);
+    Set_Pen(context_.get());
     Set_Letter_Edges(context_.get());
   }
   cairo_surface_mark_dirty(surface_.get());
@@ -61,21 +94,32 @@ void CairoBrush::Choose(const Font& font) {
   has_font_ = true;
 }
 
-// Pen positions are pixel centres; cairo's integers are pixel corners.
 PixelRect CairoBrush::Paint_Line(const Mark& mark) {
   const auto line = Clipped_Line(mark, pixels_);
   if (!line) return {};
-  cairo_t* const context = Take_Up();
   const int width = Pen_Width(mark);
+  cairo_t* const context = Take_Up();
   Set_Colour(context, mark.colour);
-  cairo_set_line_width(context, width);
-  cairo_move_to(context, line->x1 + 0.5, line->y1 + 0.5);
-  cairo_line_to(context, line->x2 + 0.5, line->y2 + 0.5);
-  cairo_stroke(context);
+  Stroke(context, *line, width);
   Lay_Down();
-  const auto [left, right] = std::minmax(line->x1, line->x2);
-  const auto [top, bottom] = std::minmax(line->y1, line->y2);
-  return {left - width, top - width, right + width + 1, bottom + width + 1};
+  return Around(*line, width);
+}
+
+PixelRect CairoBrush::Join_Line(const Mark& mark) {
+  const auto line = Clipped_Line(mark, pixels_);
+  if (!line) return {};
+  const int width = Pen_Width(mark);
+  const PixelRect rect = Inside(pixels_, Around(*line, width));
+  if (rect.Is_Empty()) return {};
+  const Surface shape(
+      cairo_image_surface_create(CAIRO_FORMAT_A8, rect.right - rect.left, rect.bottom - rect.top));
+  const Context context(cairo_create(shape.get()));
+  Set_Pen(context.get());
+  cairo_translate(context.get(), -rect.left, -rect.top);
+  Stroke(context.get(), *line, width);
+  cairo_surface_flush(shape.get());
+  Join_Shape(pixels_, rect, *shape, mark);
+  return rect;
 }
 
 PixelRect CairoBrush::Paint_Text(const Mark& mark, const MarkText& printed) {

@@ -15,8 +15,10 @@ class CairoBrush {
  public:
   explicit CairoBrush(const PixelView& pixels) : pixels_(pixels) {}
 
-  /// Both return the pixels that may have changed.
+  /// All return the pixels that may have changed. Join_Line: with the pen mode of the mark, each
+  /// pixel once.
   PixelRect Paint_Line(const Mark& mark);
+  PixelRect Join_Line(const Mark& mark);
   PixelRect Paint_Text(const Mark& mark, const MarkText& printed);
 
  private:
@@ -27,13 +29,16 @@ class CairoBrush {
     void operator()(cairo_t* context) const { cairo_destroy(context); }
   };
 
+  using Surface = std::unique_ptr<cairo_surface_t, SurfaceDeleter>;
+  using Context = std::unique_ptr<cairo_t, ContextDeleter>;
+
   cairo_t* Take_Up();
   void Lay_Down();
   void Choose(const Font& font);
 
   PixelView pixels_;
-  std::unique_ptr<cairo_surface_t, SurfaceDeleter> surface_;
-  std::unique_ptr<cairo_t, ContextDeleter> context_;
+  Surface surface_;
+  Context context_;
   Font font_;
   bool has_font_ = false;
 };

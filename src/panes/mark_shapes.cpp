@@ -37,6 +37,19 @@ std::uint32_t Pixel_Of(Colour colour) {
   return 0xff000000U | std::uint32_t{colour.r} << 16U | std::uint32_t{colour.g} << 8U | colour.b;
 }
 
+std::uint32_t Joined(PenMode mode, std::uint32_t pen, std::uint32_t pixel) {
+  constexpr std::uint32_t kOpaque = 0xff000000U;
+  switch (mode) {
+    case PenMode::NotMaskPen:
+      return ~(pen & pixel) | kOpaque;
+    case PenMode::MaskPen:
+      return pen & pixel;
+    case PenMode::CopyPen:
+      break;
+  }
+  return pen;
+}
+
 int Nearest_Pixel(double position) { return static_cast<int>(std::nearbyint(position)); }
 
 bool Near_The_Pane(double px, double py) {
@@ -86,7 +99,7 @@ PixelRect Paint_Thin_Line(const PixelView& pixels, const Mark& mark) {
     const int x = steps == 0 ? line->x1 : Position_At(line->x1, line->x2, k, steps);
     const int y = steps == 0 ? line->y1 : Position_At(line->y1, line->y2, k, steps);
     const bool shown = x >= 0 && x < pixels.width && y >= 0 && y < pixels.height;
-    if (shown) pixels.Row(y)[x] = colour;
+    if (shown) pixels.Row(y)[x] = Joined(mark.mode, colour, pixels.Row(y)[x]);
   }
   const auto [left, right] = std::minmax(line->x1, line->x2);
   const auto [top, bottom] = std::minmax(line->y1, line->y2);

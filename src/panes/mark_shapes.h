@@ -29,6 +29,9 @@ struct PixelLine {
 /// none or an end is NaN or infinite (Liang and Barsky 1984).
 std::optional<PixelLine> Clipped_Line(const Mark& mark, const PixelView& pixels);
 
+/// A pixel after a pen has gone over it.
+std::uint32_t Joined(PenMode mode, std::uint32_t pen, std::uint32_t pixel);
+
 /// Both return the pixels that may have changed.
 PixelRect Paint_Point(const PixelView& pixels, const Mark& mark);
 PixelRect Paint_Thin_Line(const PixelView& pixels, const Mark& mark);

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <span>
+#include <vector>
 
 #include "panes/cairo_brush.h"
 #include "panes/mark_shapes.h"
@@ -32,6 +34,11 @@ std::uint32_t* Paint_Row(std::uint32_t* to, const std::uint8_t* bgr, int count) 
   return to;
 }
 
+PixelRect Paint_Line(const PixelView& pixels, CairoBrush& brush, const Mark& mark) {
+  if (mark.width <= 1) return Paint_Thin_Line(pixels, mark);
+  return mark.mode == PenMode::CopyPen ? brush.Paint_Line(mark) : brush.Join_Line(mark);
+}
+
 /// Points and thin lines are written directly into the pixels; cairo is set up only when a mark
 /// needs it.
 PixelRect Paint_Mark(const PixelView& pixels, CairoBrush& brush, const Picture& picture,
@@ -40,11 +47,20 @@ PixelRect Paint_Mark(const PixelView& pixels, CairoBrush& brush, const Picture& 
     case Mark::Kind::Point:
       return Paint_Point(pixels, mark);
     case Mark::Kind::Line:
-      return mark.width <= 1 ? Paint_Thin_Line(pixels, mark) : brush.Paint_Line(mark);
+      return Paint_Line(pixels, brush, mark);
     case Mark::Kind::Text:
       return brush.Paint_Text(mark, picture.texts.at(static_cast<std::size_t>(mark.text)));
   }
   return {};
+}
+
+PixelRect Paint(const PixelView& pixels, const Picture& picture, std::span<const Mark> marks) {
+  CairoBrush brush(pixels);
+  PixelRect touched;
+  for (const Mark& mark : marks) {
+    touched = United(touched, Paint_Mark(pixels, brush, picture, mark));
+  }
+  return Inside(pixels, touched);
 }
 
 }  // namespace
@@ -63,12 +79,27 @@ void Paint_Bitmap(const PixelView& pixels, const PaneBitmap* bitmap) {
 }
 
 PixelRect Paint_Marks(const PixelView& pixels, const Picture& picture, std::size_t first) {
-  CairoBrush brush(pixels);
-  PixelRect touched;
-  for (std::size_t k = first; k < picture.marks.size(); ++k) {
-    touched = United(touched, Paint_Mark(pixels, brush, picture, picture.marks[k]));
+  return Paint(pixels, picture, std::span(picture.marks).subspan(first));
+}
+
+PixelRect Paint_Floating(const PixelView& pixels, const Picture& picture) {
+  return Paint(pixels, picture, picture.floating);
+}
+
+PaneBitmap Painted_Picture(const Picture& picture) {
+  PaneBitmap painted = *picture.bitmap;
+  std::vector<std::uint32_t> pixels(static_cast<std::size_t>(painted.width) * painted.height);
+  const PixelView view{pixels.data(), painted.width, painted.height, painted.width};
+  Paint_Bitmap(view, &painted);
+  Paint_Marks(view, picture, 0);
+  Paint_Floating(view, picture);
+  std::uint8_t* to = painted.bgr.data();
+  for (const std::uint32_t pixel : pixels) {
+    *to++ = static_cast<std::uint8_t>(pixel & 0xffU);
+    *to++ = static_cast<std::uint8_t>(pixel >> 8U & 0xffU);
+    *to++ = static_cast<std::uint8_t>(pixel >> 16U & 0xffU);
   }
-  return Inside(pixels, touched);
+  return painted;
 }
 
 }  // namespace sylvomex

@@ -44,6 +44,7 @@ void Paint_Picture(cairo_surface_t* surface, Size size, const Picture& picture) 
   cairo_surface_flush(surface);
   Paint_Bitmap(pixels, picture.bitmap.get());
   Paint_Marks(pixels, picture, 0);
+  Paint_Floating(pixels, picture);
   cairo_surface_mark_dirty(surface);
 }
 

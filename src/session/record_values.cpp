@@ -58,6 +58,10 @@ Found Field_Of(const LocalTree& record, const std::string& field) {
   return Field_Text(field, [&](auto&& visit) { Visit_Local_Tree(record, visit); });
 }
 
+Found Field_Of(const StereoState& state, const std::string& field) {
+  return Field_Text(field, [&](auto&& visit) { Visit_Stereo_State(state, visit); });
+}
+
 Found Count_Of(std::size_t count, const std::string& field) {
   if (field != "Count") return std::nullopt;
   return Value_Text(count);
@@ -83,6 +87,8 @@ constexpr std::array kRecords{
               [](const Workspace& w, const std::string& f) {
                 return Field_Of(w.Crowns.LocalTreeRecord, f);
               }},
+    RecordRow{"StereoState",
+              [](const Workspace& w, const std::string& f) { return Field_Of(w.Stereo, f); }},
     RecordRow{"CrownTrees",
               [](const Workspace& w, const std::string& f) {
                 return Count_Of(static_cast<std::size_t>(w.Crowns.TreeCount), f);

@@ -177,6 +177,7 @@ void StepPlayer::Play_Print(const ScriptStep& step) {
 void StepPlayer::Play_Marks(const ScriptStep& step) {
   const Picture& picture = Picture_Of(step.words[1].text);
   for (const Mark& mark : picture.marks) screen_.Write_Line(Mark_Text(picture, mark));
+  for (const Mark& mark : picture.floating) screen_.Write_Line(Mark_Text(picture, mark));
 }
 
 void StepPlayer::Play_Call(const ScriptStep& step) {

@@ -33,6 +33,12 @@ void Erase_Marks(Picture& picture) {
   picture.marks.clear();
   picture.texts.clear();
   ++picture.erase_version;
+  Show_Floating(picture, {});
+}
+
+void Show_Floating(Picture& picture, std::vector<Mark> floating) {
+  picture.floating = std::move(floating);
+  ++picture.floating_version;
 }
 
 void Plot_Point(Picture& picture, double px, double py, Colour colour) {

@@ -27,12 +27,21 @@ struct Font {
 /// Height of a line of text in pixels.
 int Text_Height(const Font& font);
 
+/// How a pen joins the pixels under it, bit by bit in each channel; numbered as the pen modes of
+/// raster displays are.
+enum class PenMode : std::uint8_t {
+  NotMaskPen = 8,  // not (pen and pixel)
+  MaskPen = 9,     // pen and pixel
+  CopyPen = 13,    // the pen
+};
+
 struct Mark {
   enum class Kind : std::uint8_t { Point, Line, Text };
   Kind kind = Kind::Point;
   Colour colour;
-  std::int16_t width = 1;  // pen width, pixels
-  std::int32_t text = -1;  // Kind::Text: entry of Picture::texts
+  PenMode mode = PenMode::CopyPen;  // of lines
+  std::int16_t width = 1;           // pen width, pixels
+  std::int32_t text = -1;           // Kind::Text: entry of Picture::texts
   double x1 = 0, y1 = 0;
   double x2 = 0, y2 = 0;  // Kind::Line: the second end
 };
@@ -46,8 +55,10 @@ struct Picture : Control {
   std::shared_ptr<const PaneBitmap> bitmap;
   std::vector<Mark> marks;  // in drawing order
   std::vector<MarkText> texts;
-  std::uint64_t bitmap_version = 0;  // incremented by every load
-  std::uint64_t erase_version = 0;   // incremented whenever the marks are removed
+  std::vector<Mark> floating;          // points and lines above the marks, replaced as a whole
+  std::uint64_t bitmap_version = 0;    // incremented by every load
+  std::uint64_t erase_version = 0;     // incremented whenever the marks are removed
+  std::uint64_t floating_version = 0;  // incremented whenever the floating marks change
 
   // Current pen.
   int DrawWidth = 1;
@@ -62,8 +73,11 @@ struct Picture : Control {
 /// Sets the picture's bitmap (null for none) and removes the marks.
 void Load_Picture(Picture& picture, std::shared_ptr<const PaneBitmap> bitmap);
 
-/// Removes the marks; the bitmap stays.
+/// Removes the marks, the floating ones too; the bitmap stays.
 void Erase_Marks(Picture& picture);
+
+/// Replaces the floating points and lines; the other marks stay.
+void Show_Floating(Picture& picture, std::vector<Mark> floating);
 
 /// Drawing with the current pen width; each function leaves the pen at the end of what it drew.
 void Plot_Point(Picture& picture, double px, double py, Colour colour);

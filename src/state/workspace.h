@@ -30,11 +30,13 @@
 #include "state/form2.h"
 #include "state/form3.h"
 #include "state/form4.h"
+#include "state/form5.h"
 #include "state/form6.h"
 #include "state/form7.h"
 #include "state/form8.h"
 #include "state/map_state.h"
 #include "state/screen.h"
+#include "stereo/stereo_state.h"
 
 namespace sylvomex {
 
@@ -107,7 +109,6 @@ struct Workspace {
   Point3D CenterTarget;
   Point3D PanCenter;
   Point3D DefaultPanCenter;
-  Point3D StereoSolution;
   PlotLocation Plot;
   bool ImageAddDone = false;
   FixedText<16> ScratchBmpName;
@@ -134,12 +135,14 @@ struct Workspace {
   MatchingState Matching;
   EvaluationState Evaluation;
   CrownState Crowns;
+  StereoState Stereo;
   MapState Map;
 
   Form1State Form1;
   Form2State Form2;
   Form3State Form3;
   Form4State Form4;
+  Form5State Form5;
   Form6State Form6;
   Form7State Form7;
   Form8State Form8;

@@ -9,13 +9,21 @@ namespace {
 
 std::vector<double> Steps_Up(double first, double last, double step) {
   std::vector<double> values;
-  for (double value = first; value <= last; value += step) values.push_back(value);
+  double value = first;
+  while (value <= last) {
+    values.push_back(value);
+    value += step;
+  }
   return values;
 }
 
 std::vector<double> Steps_Down(double first, double last, double step) {
   std::vector<double> values;
-  for (double value = first; value >= last; value -= step) values.push_back(value);
+  double value = first;
+  while (value >= last) {
+    values.push_back(value);
+    value -= step;
+  }
   return values;
 }
 

@@ -42,6 +42,7 @@
 #include "commands/solver/point_intersection.h"
 #include "commands/solver/solution_control.h"
 #include "commands/stereo/anaglyph_pair.h"
+#include "commands/stereo/stereo_window.h"
 #include "commands/surfaces/polygon_surfaces.h"
 #include "commands/surfaces/surface_points.h"
 #include "panes/pane_zoom.h"
@@ -104,7 +105,7 @@ constexpr MenuRow kMainMenu[] = {
     {1, "Create_an_Ortho_Block_2", "Create an OrtoBlock (2)", 0, 0, false, MenuRole::Command, Create_an_Ortho_Block_2, nullptr},
     {1, "OrthoBlock", "Create an OrthoBlock", 0, 0, false, MenuRole::Command, OrthoBlock, nullptr},
     {1, "Create_An_OrthoIndex", "Create an OrthoIndex", 0, 0, false, MenuRole::Command, Create_An_OrthoIndex, nullptr},
-    {1, "Open_Stereo_window", "Open stereo window", 0, 0, false, MenuRole::NotBuilt, nullptr, nullptr},
+    {1, "Open_Stereo_window", "Open stereo window", 0, 0, false, MenuRole::Command, Open_Stereo_window, nullptr},
     {1, "Open_Map_Window", "Open Map window", 0, 0, false, MenuRole::Command, Open_Map_Window, nullptr},
     {1, "Open_Options_Window", "Open Options Window", 'O', kCtrl, false, MenuRole::Command, Open_Options_Window, nullptr},
     {1, "Compute_Points_From_Pairs", "Compute_Points_From_Pairs", 0, 0, true, MenuRole::Command, Compute_Points_From_Pairs, nullptr},

@@ -33,9 +33,8 @@ const char* Suffix(Happening happening) {
 
 std::span<const WindowRow> All_Windows() {
   static const std::array kWindows{
-      Form1_Window(), Form2_Window(), Form3_Window(),
-      Form4_Window(), Form6_Window(), Form7_Window(),
-      Form8_Window(),
+      Form1_Window(), Form2_Window(), Form3_Window(), Form4_Window(),
+      Form5_Window(), Form6_Window(), Form7_Window(), Form8_Window(),
   };
   return kWindows;
 }

@@ -90,6 +90,7 @@ WindowRow Form1_Window();
 WindowRow Form2_Window();
 WindowRow Form3_Window();
 WindowRow Form4_Window();
+WindowRow Form5_Window();
 WindowRow Form6_Window();
 WindowRow Form7_Window();
 WindowRow Form8_Window();

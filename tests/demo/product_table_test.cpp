@@ -53,7 +53,9 @@ TEST(ProductTable, AMapHasTheNorthernmostRowFirst) {
   EXPECT_EQ(North_Up(cells, grid), (Bytes{3, 3, 3, 2, 2, 2, 1, 1, 1}));
   // Map column 1 and row 3 is cell (0, 0), which shows (100.5, 200.5): X = 0.5 x 1 + 100,
   // Y = (3 - 3) x 0.5 + 200.5.
-  EXPECT_EQ(Map_Header_Text("m.raw", grid), "\"m.raw\"\n100\n200.5\n0.5\n0.5\n1\n3\n1\n");
+  EXPECT_EQ(Map_Header_Text("m.raw", grid, 1), "\"m.raw\"\n100\n200.5\n0.5\n0.5\n1\n3\n1\n");
+  // In a mosaic it shows (100, 200).
+  EXPECT_EQ(Map_Header_Text("m.raw", grid, 0), "\"m.raw\"\n99.5\n200\n0.5\n0.5\n1\n3\n1\n");
 }
 
 }  // namespace

@@ -7,9 +7,12 @@
 #include <sstream>
 
 #include "demo/render/ray_caster.h"
+#include "demo/scene/delaunay.h"
 #include "demo/scene/surface_photographs.h"
+#include "demo/table/residual_table.h"
 #include "demo/write/heath_session.h"
 #include "demo/write/image_files.h"
+#include "demo/write/mesh_files.h"
 #include "demo/write/session_steps.h"
 #include "demo/write/tin_session.h"
 #include "support/session_run.h"
@@ -180,6 +183,31 @@ TEST(ComparedSurfaces, HoldTrueHeightsEveryTwoMetresOfTheirPolygons) {
   // The canopy's grid meets the tree's axis in its middle.
   EXPECT_EQ(surfaces[2].truth[15 * 31 + 15].Z, 170);
   EXPECT_EQ(True_Point_List({"x", {{1, 2, 3}}}), "1.00 2.00 3.000\n");
+}
+
+double Plane(double X, double Y) {
+  return 150 + 0.1 * (X - kForestWest) - 0.05 * (Y - kForestSouth);
+}
+
+TEST(TinSession, ComparesTheTriangulationWithTheTruth) {
+  // Nodes and true points every 10 m; those points beyond the nodes have no line.
+  std::vector<MeshNode> nodes;
+  ComparedSurface surface{"plane", {}};
+  for (int k = 0; k < 121; ++k) {
+    const double X = kForestWest + 10 * (k % 11), Y = kForestSouth + 10 * (k / 11);
+    nodes.push_back({X, Y, Plane(X, Y)});
+    surface.truth.push_back({X - 27, Y + 2, Plane(X - 27, Y + 2)});
+  }
+  const TemporaryFolder folder;
+  const SurfaceMesh mesh = Triangulate(nodes);
+  folder.Write("c/temp/plane.nod", Node_Text(mesh));
+  folder.Write("c/temp/plane.tri", Triangle_Text(mesh));
+  folder.Write("c/data/demo/plane_truth.txt", True_Point_List(surface));
+  const PlayedSession played = Play_Script(folder, Tin_Session(surface));
+  ASSERT_EQ(played.status, 0) << played.reason << played.transcript;
+  const auto compared = Read_Compared_Points(folder.Drives().Locate("c:\\data\\dem_tin_res.txt"));
+  EXPECT_EQ(compared.size(), 8U * 10U);  // X from 3 to 73 m, Y from 2 to 92 m
+  for (const ComparedPoint& point : compared) EXPECT_NEAR(point.tin, point.Z, 0.011);
 }
 
 }  // namespace

@@ -277,7 +277,7 @@ TEST(DemoSite, IsTheSameByteForByteOnOneThreadAndOnTwo) {
   const std::size_t photographs = 2 * (6 + 4 + 3), rasters = 6, triangulations = 4, tiles = 25,
                     lidar = 3 * (9 + 1), camera_tables = 2, field = 9, fixed = 3,
                     whole_image_headers = 3, matched_plot = 1, orientation_lists = 4,
-                    orientation_headers = 6, true_points = 3, products = 5, sessions = 17,
+                    orientation_headers = 6, true_points = 3, products = 5, sessions = 18,
                     beside = 3;
   EXPECT_EQ(files.size(), photographs + rasters + triangulations + tiles + lidar + camera_tables +
                               field + fixed + whole_image_headers + matched_plot +

@@ -270,5 +270,27 @@ TEST_F(BitmapFile, EveryPrefixOfAGoodFileIsRejected) {
   }
 }
 
+TEST(PlainBitmap, HasItsRowsFromTheBottomPaddedToFourBytes) {
+  TemporaryFolder folder;
+  const PaneBitmap bitmap{3, 2, {1, 2, 3, 4, 5, 6, 7, 8, 9, 11, 12, 13, 14, 15, 16, 17, 18, 19}};
+  Replace_Bitmap(folder.File("a.bmp"), bitmap);
+  const std::string bytes = folder.Read("a.bmp");
+  ASSERT_EQ(bytes.size(), 54u + 2 * 12);
+  EXPECT_EQ(bytes.substr(0, 2), "BM");
+  EXPECT_EQ(bytes[2], 54 + 24);  // the size of the file
+  EXPECT_EQ(bytes[18], 3);
+  EXPECT_EQ(bytes[22], 2);
+  EXPECT_EQ(bytes.substr(54, 12), std::string("\x0b\x0c\x0d\x0e\x0f\x10\x11\x12\x13\0\0\0", 12));
+  EXPECT_EQ(bytes.substr(66, 9), "\x01\x02\x03\x04\x05\x06\x07\x08\x09");
+  EXPECT_EQ(Load_Bitmap(folder.File("a.bmp")).bgr, bitmap.bgr);
+}
+
+TEST(PlainBitmap, ThatCannotBeWrittenLeavesTheOlderFile) {
+  TemporaryFolder folder;
+  folder.Write("a.bmp", "old");
+  EXPECT_THROW(Replace_Bitmap(folder.File("a.bmp"), {3, 2, {1, 2, 3}}), RunTimeError);
+  EXPECT_EQ(folder.Read("a.bmp"), "old");
+}
+
 }  // namespace
 }  // namespace sylvomex

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <memory>
 #include <vector>
 
 namespace sylvomex {
@@ -253,6 +254,126 @@ TEST_F(PicturePainter, BitmapLargerThanThePaneIsCut) {
   EXPECT_EQ(At(0, 1), 0xff0707c8U);
   EXPECT_EQ(At(kWidth - 1, kHeight - 1), 0xff070707U);
   EXPECT_EQ(At(kWidth, 0), 0x12345678U);
+}
+
+class PenModes : public PicturePainter {
+ protected:
+  static constexpr std::uint32_t kGround = 0xff5a0f81;
+
+  PenModes() {
+    auto bitmap = std::make_shared<PaneBitmap>();
+    bitmap->width = kWidth;
+    bitmap->height = kHeight;
+    for (int k = 0; k < kWidth * kHeight; ++k)
+      bitmap->bgr.insert(bitmap->bgr.end(), {0x81, 0x0f, 0x5a});
+    picture_.bitmap = bitmap;
+  }
+
+  void Draw(PenMode mode, Colour colour, int width) {
+    Draw_Line(picture_, 5, 10, 14, 10, colour);
+    picture_.marks.back().mode = mode;
+    picture_.marks.back().width = static_cast<std::int16_t>(width);
+  }
+
+  int Changed() {
+    int count = 0;
+    for (int y = 0; y < kHeight; ++y) {
+      count += static_cast<int>(std::count_if(View().Row(y), View().Row(y) + kWidth,
+                                              [](auto p) { return p != kGround; }));
+    }
+    return count;
+  }
+};
+
+TEST_F(PenModes, NotMaskPenLeavesTheInverseOfTheCommonBits) {
+  for (const int width : {1, 2}) {
+    picture_.marks.clear();
+    Draw(PenMode::NotMaskPen, {255, 0, 0}, width);
+    Paint();
+    EXPECT_EQ(At(9, 10), 0xffa5ffffU) << width;  // not (ff0000 and 5a0f81)
+  }
+}
+
+TEST_F(PenModes, MaskPenLeavesTheCommonBits) {
+  for (const int width : {1, 2}) {
+    picture_.marks.clear();
+    Draw(PenMode::MaskPen, {0, 255, 255}, width);
+    Paint();
+    EXPECT_EQ(At(9, 10), 0xff000f81U) << width;
+  }
+}
+
+TEST_F(PenModes, TwoPensOverEachOtherAreJoinedInTheirOrder) {
+  Draw(PenMode::NotMaskPen, {255, 0, 0}, 2);
+  Draw(PenMode::NotMaskPen, {0, 255, 255}, 2);
+  Paint();
+  EXPECT_EQ(At(9, 10), 0xffff0000U);  // not (00ffff and a5ffff)
+}
+
+TEST_F(PenModes, ALineCoversThePixelsThatACopiedOneCovers) {
+  Draw(PenMode::CopyPen, {1, 2, 3}, 2);
+  const PixelRect copied = Paint();
+  const int covered = Changed();
+  picture_.marks.clear();
+  Draw(PenMode::NotMaskPen, {255, 0, 0}, 2);
+  EXPECT_EQ(Paint(), copied);
+  EXPECT_EQ(Changed(), covered);
+  EXPECT_GE(covered, 2 * 10);
+}
+
+TEST_F(PenModes, LinesThatLeaveThePaneAreCut) {
+  for (const int width : {1, 2, 7}) {
+    Draw(PenMode::NotMaskPen, {255, 0, 0}, width);
+    picture_.marks.back().x1 = -500;
+    picture_.marks.back().x2 = 1e9;
+  }
+  Paint();
+  EXPECT_EQ(At(0, 10), At(kWidth - 1, 10));
+  for (int x = kWidth; x < kStride; ++x) EXPECT_EQ(At(x, 10), 0x12345678U);
+}
+
+TEST_F(PenModes, LinesOutsideThePaneAndNaNPaintNothing) {
+  Draw(PenMode::NotMaskPen, {255, 0, 0}, 2);
+  picture_.marks.back().y1 = picture_.marks.back().y2 = -40;
+  Draw(PenMode::NotMaskPen, {255, 0, 0}, 2);
+  picture_.marks.back().x1 = std::numeric_limits<double>::quiet_NaN();
+  EXPECT_TRUE(Paint().Is_Empty());
+  EXPECT_EQ(Changed(), 0);
+}
+
+TEST_F(PicturePainter, FloatingMarksArePaintedOnTheirOwn) {
+  Draw_Line(picture_, 5, 10, 14, 10, kInkColour);
+  Show_Floating(picture_, picture_.marks);
+  picture_.marks.clear();
+  EXPECT_TRUE(Paint().Is_Empty());
+  EXPECT_EQ(Inked(), 0);
+  EXPECT_FALSE(Paint_Floating(View(), picture_).Is_Empty());
+  EXPECT_EQ(Inked(), 10);
+}
+
+TEST_F(PicturePainter, ErasingDropsTheFloatingMarksToo) {
+  Draw_Line(picture_, 5, 10, 14, 10, kInkColour);
+  Show_Floating(picture_, picture_.marks);
+  Erase_Marks(picture_);
+  EXPECT_TRUE(picture_.floating.empty());
+  Show_Floating(picture_, {Mark()});
+  Load_Picture(picture_, nullptr);
+  EXPECT_TRUE(picture_.floating.empty());
+}
+
+TEST(PaintedPicture, HasItsMarksAndTheSizeOfItsBitmap) {
+  Picture picture;
+  auto bitmap = std::make_shared<PaneBitmap>();
+  bitmap->width = 3;
+  bitmap->height = 2;
+  bitmap->bgr = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18};
+  Load_Picture(picture, bitmap);
+  Plot_Point(picture, 1, 0, {200, 100, 50});
+  const PaneBitmap painted = Painted_Picture(picture);
+  EXPECT_EQ(painted.width, 3);
+  EXPECT_EQ(painted.height, 2);
+  EXPECT_EQ(painted.bgr, (std::vector<std::uint8_t>{1, 2, 3, 50, 100, 200, 7, 8, 9, 10, 11, 12, 13,
+                                                    14, 15, 16, 17, 18}));
 }
 
 }  // namespace

@@ -109,7 +109,7 @@ void Set_3D_Sol_File(Workspace& w) {
 }
 
 void Set_3D_solution_To_Stereo_Sol(Workspace& w) {
-  w.Solution3D = w.StereoSolution;
+  w.Solution3D = w.Stereo.StereoSolution;
   Accept_Solution(w);
 }
 

@@ -148,7 +148,7 @@ TEST(Set3DSolFile, MissingFileAndDismissedDialogFallBack) {
 
 TEST(Set3DSolutionToStereoSol, CopiesThePointAndTheRecord) {
   NamedBlock b;
-  b.w.StereoSolution = {1.5, 2, 3};
+  b.w.Stereo.StereoSolution = {1.5, 2, 3};
   Set_3D_solution_To_Stereo_Sol(b.w);
   EXPECT_EQ(b.w.Solution3D.X, 1.5);
   EXPECT_TRUE(b.w.SolutionValid);
