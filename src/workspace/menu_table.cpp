@@ -38,7 +38,6 @@ std::string Key_Text(const MenuRow& row) {
 
 void Run_Menu_Row(Workspace& w, const MenuRow& row) {
   if (row.role == MenuRole::Command) row.handler(w);
-  if (row.role == MenuRole::NotBuilt) Say_Not_Built(w, row.caption);
 }
 
 void Run_Menu_Command(Workspace& w, std::string_view name) {
@@ -47,10 +46,6 @@ void Run_Menu_Command(Workspace& w, std::string_view name) {
     throw RunTimeError(Failure::BadContent, "there is no menu item " + std::string(name));
   }
   Run_Menu_Row(w, *row);
-}
-
-void Say_Not_Built(Workspace& w, std::string_view caption) {
-  w.screen->Message_Box(std::string(caption) + ": this command is not built yet.");
 }
 
 }  // namespace sylvomex

@@ -15,7 +15,6 @@ enum class MenuRole {
   Command,   // has a handler
   NoAction,  // an item that does nothing
   Separator,
-  NotBuilt,  // not implemented yet: choosing it reports so
 };
 
 struct MenuRow {
@@ -42,13 +41,10 @@ const MenuRow* Find_Menu_Row(std::string_view form, std::string_view name);
 /// "Ctrl+I", "Shift+F12", "F2", or "".
 std::string Key_Text(const MenuRow& row);
 
-/// Runs the command of a row, greyed or not; a command not implemented yet reports so.
+/// Runs the command of a row, greyed or not; a row of another role does nothing.
 void Run_Menu_Row(Workspace& w, const MenuRow& row);
 
 /// Run_Menu_Row for a command of the main menu. RunTimeError(BadContent) for an unknown name.
 void Run_Menu_Command(Workspace& w, std::string_view name);
-
-/// Reports in one message that the named command is not implemented yet.
-void Say_Not_Built(Workspace& w, std::string_view caption);
 
 }  // namespace sylvomex

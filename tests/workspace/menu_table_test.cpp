@@ -5,10 +5,11 @@
 
 #include <map>
 #include <set>
+#include <string>
+#include <vector>
 
 #include "support/session_run.h"
 #include "support/small_site.h"
-#include "support/synthetic_block.h"
 
 namespace sylvomex {
 namespace {
@@ -78,11 +79,12 @@ TEST(MainMenu, CaptionsAreExactlyTheseTexts) {
                "Get angular orientation (image-object-sun)");
 }
 
-TEST(MainMenu, ACommandThatIsNotImplementedReportsSoOnce) {
-  SyntheticBlock b;
-  Run_Menu_Row(b.w, {1, "Later", "Do it later", 0, 0, false, MenuRole::NotBuilt});
-  EXPECT_EQ(b.screen.messages,
-            std::vector<std::string>{"Do it later: this command is not built yet."});
+TEST(MainMenu, OnlyTheTwoWidestZoomsHaveNoAction) {
+  std::vector<std::string> idle;
+  for (const MenuRow& row : Main_Menu()) {
+    if (row.role == MenuRole::NoAction) idle.push_back(row.name);
+  }
+  EXPECT_EQ(idle, (std::vector<std::string>{"Zoom6_1", "Zoom10_1"}));
 }
 
 TEST(MainMenu, ZoomsOfSixAndTenToOneDoNothing) {
