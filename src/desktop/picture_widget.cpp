@@ -95,7 +95,7 @@ QRect PictureWidget::Mirror_Floating(const QRect& painted) {
 void PictureWidget::Mirror_Pointer() {
   switch (picture_.MousePointer) {
     case PointerShape::Normal:
-      if (testAttribute(Qt::WA_SetCursor)) unsetCursor();
+      Mirror_Normal_Pointer();
       break;
     case PointerShape::Hourglass:
       if (cursor().shape() != Qt::WaitCursor) setCursor(Qt::WaitCursor);
@@ -105,6 +105,14 @@ void PictureWidget::Mirror_Pointer() {
         setCursor(custom);
       }
       break;
+  }
+}
+
+void PictureWidget::Mirror_Normal_Pointer() {
+  if (picture_.floating.empty()) {
+    if (testAttribute(Qt::WA_SetCursor)) unsetCursor();
+  } else if (cursor().shape() != Qt::BlankCursor) {
+    setCursor(Qt::BlankCursor);  // the floating marks show where the pointer is
   }
 }
 

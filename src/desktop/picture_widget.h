@@ -42,6 +42,7 @@ class PictureWidget : public QWidget {
  private:
   [[nodiscard]] bool Needs_Full_Painting() const;
   void Mirror_Pointer();
+  void Mirror_Normal_Pointer();
   QRect Mirror_Bitmap();
   QRect Mirror_Marks();
   QRect Mirror_Floating(const QRect& painted);

@@ -103,7 +103,15 @@ void Write_Pane_Bitmap(const FilePath& file, const PaneBitmap& bitmap) {
 }
 
 void Replace_Pane_Bitmap(const FilePath& file, const PaneBitmap& bitmap) {
-  Replace_Whole_File(file, Pane_Bitmap_Content(file, bitmap));
+  if (Pane_Row_Pad(bitmap.width) != 0) {
+    return Replace_Whole_File(file, Pane_Bitmap_Content(file, bitmap));
+  }
+  Check_Size(file, bitmap.width, bitmap.height, 3, bitmap.bgr.size());
+  const BitmapHeaderBytes header = Pane_Header(bitmap.width, bitmap.height);
+  ReplacingFile replacing(file, header.size() + bitmap.bgr.size());
+  replacing.Write_At(0, header);
+  replacing.Write_At(header.size(), bitmap.bgr);
+  replacing.Commit();
 }
 
 void Replace_Bitmap(const FilePath& file, const PaneBitmap& bitmap) {

@@ -41,7 +41,7 @@ const MenuRow* Find_Menu_Row(std::string_view form, std::string_view name);
 /// "Ctrl+I", "Shift+F12", "F2", or "".
 std::string Key_Text(const MenuRow& row);
 
-/// Runs the command of a row, greyed or not; a row without one does nothing.
+/// Runs the command of a row, greyed or not; a row of another role does nothing.
 void Run_Menu_Row(Workspace& w, const MenuRow& row);
 
 /// Run_Menu_Row for a command of the main menu. RunTimeError(BadContent) for an unknown name.

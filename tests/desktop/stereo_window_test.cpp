@@ -71,6 +71,15 @@ TEST_F(AnaglyphViewer, TheMarkFollowsTheMouseAndLeavesNothingBehind) {
   EXPECT_EQ(Get<QLabel>("Label1", "Form5").text().toStdString(), w().Form5.Label1.Caption);
 }
 
+TEST_F(AnaglyphViewer, TheMarkTakesThePlaceOfThePointer) {
+  Open_Viewer();
+  EXPECT_NE(Viewer().cursor().shape(), Qt::BlankCursor);
+  Move_To(200, 200);
+  EXPECT_EQ(Viewer().cursor().shape(), Qt::BlankCursor);
+  Choose("Clear_Anaglyph_Window", "Form5");
+  EXPECT_NE(Viewer().cursor().shape(), Qt::BlankCursor);
+}
+
 TEST_F(AnaglyphViewer, OnlyThePixelsUnderTheMarkChange) {
   Open_Viewer();
   const QImage before = Shown();

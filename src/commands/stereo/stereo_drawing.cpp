@@ -3,6 +3,8 @@
 
 #include <array>
 
+#include "state/workspace.h"
+
 namespace sylvomex {
 namespace {
 
