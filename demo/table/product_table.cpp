@@ -135,7 +135,8 @@ double Covered_Share(std::span<const std::uint8_t> colour_cells) {
   for (std::size_t k = 0; k + 2 < colour_cells.size(); k += 3) {
     covered += (colour_cells[k] | colour_cells[k + 1] | colour_cells[k + 2]) != 0 ? 1 : 0;
   }
-  return static_cast<double>(covered) / std::max(1.0, static_cast<double>(colour_cells.size() / 3));
+  const std::size_t cells = colour_cells.size() / 3;
+  return static_cast<double>(covered) / std::max(1.0, static_cast<double>(cells));
 }
 
 std::string Table_Text(const TargetErrors& errors) {

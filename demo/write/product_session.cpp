@@ -43,15 +43,23 @@ double Covered_Share(const RawPixelCentre& pixel, const PixelPosition& disc) {
   return static_cast<double>(inside) / (kSubPixels * kSubPixels);
 }
 
+struct PixelSpan {
+  int first = 0, last = 0;
+};
+
+/// Whole pixels that a disc about a position may touch, of a raw file's 0 to count - 1.
+PixelSpan Around(double position, double count) {
+  return {static_cast<int>(std::max(0.0, std::floor(position - kDiscRadius - 1))),
+          static_cast<int>(std::min(count - 1, std::floor(position + kDiscRadius + 1)))};
+}
+
 void Paint_Disc(const ImageRecord& image, const PixelPosition& disc,
                 std::vector<std::uint8_t>& pixels) {
   const double raw_col = disc.col - image.SubColOrigin;
   const double raw_row = image.FullHeight - 1 - disc.row - image.SubRowOrigin;
-  for (double row = std::floor(raw_row - kDiscRadius - 1); row <= raw_row + kDiscRadius + 1;
-       ++row) {
-    for (double col = std::floor(raw_col - kDiscRadius - 1); col <= raw_col + kDiscRadius + 1;
-         ++col) {
-      if (col < 0 || row < 0 || col >= image.SubWidth || row >= image.SubHeight) continue;
+  const PixelSpan rows = Around(raw_row, image.SubHeight), cols = Around(raw_col, image.SubWidth);
+  for (int row = rows.first; row <= rows.last; ++row) {
+    for (int col = cols.first; col <= cols.last; ++col) {
       const double share = Covered_Share(Centre_Of_Raw_Pixel(image, col, row), disc);
       const auto at = static_cast<std::size_t>(row * image.SubWidth + col);
       pixels[at] = std::max(pixels[at], To_Byte(255 * share));

@@ -10,9 +10,10 @@ namespace {
 
 constexpr double kSpacing = 100;  // metres
 constexpr int kCells = 8;         // along each side of the grid
+constexpr int kHalfCells = kCells / 2;
 
 double Grid_Origin(double centre) {
-  return std::floor((centre + kSpacing / 2 - kCells / 2 * kSpacing) / kSpacing) * kSpacing;
+  return std::floor((centre + kSpacing / 2 - kHalfCells * kSpacing) / kSpacing) * kSpacing;
 }
 
 PlanLine Grid_Line(PlanPosition start, double step_X, double step_Y) {

@@ -88,7 +88,8 @@ void Write_Cut_Out(const PositionalFile& raw, const ImageRecord& image,
   const std::int64_t row_bytes = Byte_Count(rectangle.columns, file);
   std::vector<std::uint8_t> bytes(static_cast<std::size_t>(row_bytes));
   for (std::int64_t done = 0; done < size; done += row_bytes) {
-    const double row = rectangle.first_row + static_cast<double>(done / row_bytes);
+    const std::int64_t rows_done = done / row_bytes;
+    const double row = rectangle.first_row + static_cast<double>(rows_done);
     raw.Read_At(Byte_Count(rectangle.first_col + image.FullWidth * row, file), bytes);
     cut_out.Write_At(static_cast<std::uint64_t>(done), bytes);
   }

@@ -106,6 +106,7 @@ PixelArea Area_Of_Circles(const Camera& camera, std::span<const GroundCircle> ci
 ZeroedArray<std::uint8_t> Zonal_Mask(const Camera& camera, const PixelArea& area,
                                      std::span<const GroundCircle> circles) {
   ZeroedArray<std::uint8_t> mask(area.Pixels());
+  const std::span<std::uint8_t> cells = mask.All();
   const auto columns = static_cast<std::size_t>(area.columns);
   for (const GroundCircle& circle : circles) {
     const auto [cols, rows] = Reach_Of_Circle(camera, area, circle);
@@ -114,7 +115,7 @@ ZeroedArray<std::uint8_t> Zonal_Mask(const Camera& camera, const PixelArea& area
         const PixelPosition pixel{static_cast<double>(area.first_col) + col,
                                   static_cast<double>(area.first_row) + row};
         if (!Falls_In(camera, pixel, circle)) continue;
-        mask[static_cast<std::size_t>(row) * columns + static_cast<std::size_t>(col)] = circle.id;
+        cells[static_cast<std::size_t>(row) * columns + static_cast<std::size_t>(col)] = circle.id;
       }
     }
   }

@@ -19,6 +19,7 @@
 #include "demo/write/truth.h"
 #include "imageblock/image_header.h"
 #include "platform/run_time_error.h"
+#include "support/temporary_folder.h"
 #include "tests/demo/small_scene.h"
 
 namespace sylvomex::demo {
@@ -32,21 +33,6 @@ std::string Bytes_Of(const fs::path& file) {
   out << in.rdbuf();
   return out.str();
 }
-
-class FreshFolder {
- public:
-  explicit FreshFolder(const std::string& name)
-      : path_(fs::path(testing::TempDir()) / ("sylvomex_demo_" + name)) {
-    fs::remove_all(path_);
-  }
-  ~FreshFolder() { fs::remove_all(path_); }
-  FreshFolder(const FreshFolder&) = delete;
-  FreshFolder& operator=(const FreshFolder&) = delete;
-  [[nodiscard]] const fs::path& Path() const { return path_; }
-
- private:
-  fs::path path_;
-};
 
 TEST(ExactText, ReadsBackTheSameWithoutExponent) {
   EXPECT_EQ(Exact_Text(0.15297), "0.15297");
@@ -138,7 +124,7 @@ TEST(HeightRasters, CanopyCellsHoldElevationsOfTheCanopySurface) {
 }
 
 TEST(HeightRasters, FilesAreSevenHeaderLinesAndFloatsFromTheSouth) {
-  const FreshFolder root("rasters");
+  const TemporaryFolder root;
   Create_Site_Folders(root.Path());
   const HeightRaster raster = Make_Ground_Raster(Build_Scene({}));
   Write_Raster(raster, "c:\\data\\demo\\dem.hdr", DriveMap(root.Path()));
@@ -216,7 +202,7 @@ TEST(ColourMap, HasSixtyFourRowsFromDarkBlueToDarkRed) {
 }
 
 TEST(SiteFolders, AreTheFixedFoldersOfTheCommands) {
-  const FreshFolder root("folders");
+  const TemporaryFolder root;
   Create_Site_Folders(root.Path());
   for (const char* folder : {"c/data/Lehtomaa/Pistedata", "c/data/ImaFiles", "c/data/G6/ImaFiles",
                              "c/data/Tris", "c/data/exotics", "c/data/vektorit", "c/temp", "c/apu",
@@ -226,14 +212,14 @@ TEST(SiteFolders, AreTheFixedFoldersOfTheCommands) {
 }
 
 TEST(SiteFolders, ARootThatIsAFileIsNamedInTheMessage) {
-  const FreshFolder root("not_a_folder");
-  std::ofstream(root.Path()) << "x";
+  const TemporaryFolder folder;
+  const fs::path root = folder.Write("not_a_folder", "x").native;
   try {
-    Create_Site_Folders(root.Path());
+    Create_Site_Folders(root);
     FAIL() << "accepted";
   } catch (const RunTimeError& error) {
     EXPECT_EQ(error.Kind(), Failure::PathNotFound);
-    EXPECT_NE(std::string(error.what()).find("sylvomex_demo_not_a_folder"), std::string::npos);
+    EXPECT_NE(std::string(error.what()).find("not_a_folder"), std::string::npos);
   }
 }
 
@@ -263,7 +249,7 @@ std::vector<fs::path> Files_Below(const fs::path& root) {
 }
 
 TEST(DemoSite, IsTheSameByteForByteOnOneThreadAndOnTwo) {
-  const FreshFolder first("site_1"), second("site_2");
+  const TemporaryFolder first, second;
   for (int threads = 1; threads <= 2; ++threads) {
     SiteSettings settings;
     settings.pixel_scale = 16;
@@ -277,7 +263,7 @@ TEST(DemoSite, IsTheSameByteForByteOnOneThreadAndOnTwo) {
   const std::size_t photographs = 2 * (6 + 4 + 3), rasters = 6, triangulations = 4, tiles = 25,
                     lidar = 3 * (9 + 1), camera_tables = 2, field = 9, fixed = 3,
                     whole_image_headers = 3, matched_plot = 1, orientation_lists = 4,
-                    orientation_headers = 6, true_points = 3, products = 5, sessions = 18,
+                    orientation_headers = 6, true_points = 3, products = 5, sessions = 19,
                     beside = 3;
   EXPECT_EQ(files.size(), photographs + rasters + triangulations + tiles + lidar + camera_tables +
                               field + fixed + whole_image_headers + matched_plot +
@@ -300,7 +286,7 @@ std::vector<std::string> Files_Asked_By(const std::string& session) {
 }
 
 TEST(DemoSite, HoldsEveryFileThatItsSessionsChoose) {
-  const FreshFolder root("site_sessions");
+  const TemporaryFolder root;
   SiteSettings settings;
   settings.pixel_scale = 16;
   settings.pulse_share = 0.001;
@@ -320,7 +306,7 @@ TEST(DemoSite, HoldsEveryFileThatItsSessionsChoose) {
 }
 
 TEST(DemoSite, StatesItsVersionAndWhereLidarLies) {
-  const FreshFolder root("site_version");
+  const TemporaryFolder root;
   SiteSettings settings;
   settings.pixel_scale = 16;
   settings.pulse_share = 0.001;

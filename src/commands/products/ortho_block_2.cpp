@@ -73,7 +73,7 @@ TileGrid Prepare_Tiles(const Workspace& w, const OrthoGrid& grid,
 /// The header of a camera's image: the text file that is named by the image is the header itself,
 /// or the point-in-image file of a search, which names it.
 FilePath Header_File(const Workspace& w, const TableCamera& camera) {
-  const FilePath named = w.Drives.Locate(kHeaderFolder + Point_In_Image_Name(camera));
+  FilePath named = w.Drives.Locate(kHeaderFolder + Point_In_Image_Name(camera));
   ListReader text(named);
   text.Read_Int32();
   const std::string second = text.Read_Text_To_Comma();
