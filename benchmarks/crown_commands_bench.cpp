@@ -11,6 +11,7 @@
 #include "bench_files.h"
 #include "commands/crowns/crown_intersection.h"
 #include "commands/crowns/multi_size_click.h"
+#include "commands/lidar/lidar_inputs.h"
 #include "support/lidar_files.h"
 #include "support/synthetic_block.h"
 
