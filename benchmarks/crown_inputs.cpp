@@ -4,7 +4,6 @@
 #include <cmath>
 #include <random>
 
-#include "crowns/species.h"
 #include "solver/heapsort.h"
 
 namespace sylvomex::bench {
@@ -16,14 +15,15 @@ constexpr double kSpacing = 2.9;  // metres between trees
 constexpr int kPasses = 301;
 constexpr std::size_t kLeastEchoes = 25;
 constexpr double kNoise = 0.15;  // metres, of the crown's surface
-constexpr CrownShape kTruth{0.05, 0.7, 0.4};
+constexpr CrownShape kTruth{0.055, 0.7, 0.5};
+constexpr CrownShape kStart{0.06, 0.75, 0.6};  // of growing and fitting
 
 struct StandTree {
   double X, Y, height;
 };
 
 std::vector<StandTree> Trees(std::mt19937& random) {
-  std::uniform_real_distribution<double> height(14, 24), shift(-0.4, 0.4);
+  std::uniform_real_distribution<double> height(17, 19), shift(-0.4, 0.4);
   std::vector<StandTree> trees;
   for (double Y = kSpacing / 2; Y < kSide; Y += kSpacing) {
     for (double X = kSpacing / 2; X < kSide; X += kSpacing) {
@@ -82,9 +82,9 @@ std::vector<GrownStandCrown> Grow_Stand(const CrownStand& stand) {
     if (!seed) break;
     const GroundedEcho& top = echoes.At(*seed);
     echoes.Use(*seed);
-    CrownRecord crown{top.point.X, top.point.Y, top.point.Z, top.Normal_Height(),
-                      0,           0.05,        0.75,        0.5};
-    GrownStandCrown grown{{}, {}, crown.Height, Start_Shape(1)};
+    CrownRecord crown{top.point.X, top.point.Y, top.point.Z, top.Normal_Height(), 0, 0, 0, 0};
+    Set_Shape(crown, kStart);
+    GrownStandCrown grown{{}, {}, crown.Height, kStart};
     for (const CrownEcho& echo : echoes.Grow(crown, {.above = 0.5 * crown.Height})) {
       grown.radial.push_back(echo.radial);
       grown.depth.push_back(echo.depth);
