@@ -31,7 +31,7 @@ int Read_Seeds(int count, char** arguments) {
 
 std::vector<CrownCase> All_Cases() {
   std::vector<CrownCase> cases;
-  for (const double stems : {100.0, 300.0, 600.0}) {
+  for (const double stems : {100.0, 300.0}) {
     for (const double pulses : {1.0, 4.0, 6.0}) cases.push_back({stems, pulses});
   }
   return cases;
