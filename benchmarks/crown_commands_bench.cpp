@@ -30,11 +30,11 @@ std::string Random_Bytes(std::size_t count, unsigned seed) {
   return bytes;
 }
 
-// Six cameras 100 m apart around the tree, each with templates in eleven sizes.
+// Six cameras 30 m apart around the tree, each with templates in eleven sizes.
 std::unique_ptr<SyntheticBlock> Photographed_Tree() {
   auto b = std::make_unique<SyntheticBlock>();
   for (int k = 0; k < kImages; ++k) {
-    b->Add_Camera(100.0 * (k - 2), 0, 1000);
+    b->Add_Camera(30.0 * k, 0, 1000);
     ImageRecord& record = b->w.ImageBlock(k);
     record.SubWidth = record.FullWidth = kColumns;
     record.SubHeight = record.FullHeight = kRows;
@@ -52,7 +52,7 @@ std::unique_ptr<SyntheticBlock> Photographed_Tree() {
     }
     b->w.Form1.Check1(k).Value = 1;
   }
-  b->Observe_Film(0, 0.02, 0);
+  b->Observe_Film(0, 0, 0);
   return b;
 }
 

@@ -12,7 +12,7 @@ namespace {
 constexpr double kSide = 50;      // metres
 constexpr double kDensity = 6;    // pulses a square metre
 constexpr double kSpacing = 2.9;  // metres between trees
-constexpr int kPasses = 301;
+constexpr std::size_t kCrowns = 300;
 constexpr std::size_t kLeastEchoes = 25;
 constexpr double kNoise = 0.15;  // metres, of the crown's surface
 constexpr CrownShape kTruth{0.055, 0.7, 0.5};
@@ -77,7 +77,7 @@ const CrownStand& Bench_Stand() {
 std::vector<GrownStandCrown> Grow_Stand(const CrownStand& stand) {
   CrownEchoes echoes(stand.echoes, stand.order);
   std::vector<GrownStandCrown> crowns;
-  for (int pass = 0; pass < kPasses; ++pass) {
+  while (crowns.size() < kCrowns) {
     const auto seed = echoes.Next_Seed(10);
     if (!seed) break;
     const GroundedEcho& top = echoes.At(*seed);

@@ -23,7 +23,7 @@ struct GrownStandCrown {
   CrownShape start;
 };
 
-/// Grows a crown on every seed above 10 m, 301 at the most; those of 25 echoes and more.
+/// Grows crowns on the seeds above 10 m until 300 have 25 echoes or more; those.
 std::vector<GrownStandCrown> Grow_Stand(const CrownStand& stand);
 
 /// The same crowns fitted one after the other; how many pass the checks.
