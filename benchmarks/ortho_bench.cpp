@@ -16,7 +16,7 @@
 namespace sylvomex::bench {
 namespace {
 
-constexpr std::int32_t kSlab = 64;  // as in the command
+constexpr std::int32_t kSlab = 2048;  // as in the command
 
 OrthoInputs& Inputs() {
   static OrthoInputs inputs;

@@ -2,42 +2,18 @@
 #include "case_run.h"
 
 #include <chrono>
-#include <cstdlib>
 #include <filesystem>
 #include <sstream>
 
 #include "demo/chain/match_chain.h"
+#include "demo/chain/temporary_site.h"
 #include "demo/write/demo_site.h"
-#include "platform/run_time_error.h"
 
 namespace sylvomex::demo {
 namespace {
 
 constexpr double kDominantHeight = 17;  // metres
 constexpr int kLeastPhotos = 4;
-
-std::filesystem::path New_Folder() {
-  std::string name = (std::filesystem::temp_directory_path() / "accuracy_matching_XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr) throw RunTimeError(Failure::FileFailure, name, name);
-  return name;
-}
-
-/// A temporary folder that is removed at the end of the scope.
-class TemporaryFolder {
- public:
-  TemporaryFolder() : path_(New_Folder()) {}
-  ~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-  [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
-
- private:
-  std::filesystem::path path_;
-};
 
 double Seconds_Of_Making(SiteSettings settings, const std::filesystem::path& root) {
   constexpr double kFewestPulses = 0.001;  // the chain reads none
@@ -68,7 +44,7 @@ std::vector<TrueTree> With_Roles_Exchanged(std::vector<TrueTree> trees) {
 }
 
 CaseRun Run_Case(const SiteSettings& settings) {
-  const TemporaryFolder folder;
+  const TemporarySite folder("accuracy_matching");
   CaseRun run;
   run.site_seconds = Seconds_Of_Making(settings, folder.Path());
   std::ostringstream transcript, err;

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <span>
 
 #include "demo/render/ray_caster.h"
 #include "demo/scene/counter_random.h"
@@ -21,7 +22,9 @@ constexpr std::uint64_t kPulseStream = 13;
 constexpr std::uint64_t kGroundStream = 14;
 constexpr std::uint64_t kGainStream = 15;
 constexpr int kBeams = 7;
-constexpr double kRing = 2.0 / 3;  // radius of the outer beams in radii of the footprint
+constexpr double kRing = 2.0 / 3;      // radius of the outer beams in radii of the footprint
+constexpr double kTimingShare = 0.25;  // of an echo's light
+constexpr double kEdgeLength = 0.3;    // metres of range in which the pulse rises
 constexpr double kMeanGain = 127.5;
 constexpr double kGainEffect = 0.045;     // effect of one step of gain on the intensity
 constexpr double kIntensityNoise = 0.06;  // relative
@@ -75,21 +78,38 @@ std::array<BeamReturn, kBeams> Follow_Beams(const Scene& scene, const LidarCampa
 
 struct EchoTrain {
   int count = 0;
-  std::array<BeamReturn, kBeams> echoes;  // mean range; mean reflectance over all beams
+  std::array<BeamReturn, kBeams> echoes;  // range; mean reflectance over all beams
 };
 
-/// Returns closer in range than the resolution merge into one echo.
+/// Mean range of the beams that are back when the pulse's edge has risen: the timing share of the
+/// light, and what follows it within the length of the edge.
+double Timed_Range(std::span<const BeamReturn> group, double light) {
+  double back = 0, ranges = 0, edge_end = HUGE_VAL;
+  std::size_t count = 0;
+  for (const BeamReturn& beam : group) {
+    if (beam.range > edge_end) break;
+    back += beam.reflectance;
+    ranges += beam.range;
+    ++count;
+    if (edge_end == HUGE_VAL && back >= kTimingShare * light) edge_end = beam.range + kEdgeLength;
+  }
+  return ranges / static_cast<double>(count);
+}
+
+/// Returns closer in range than the resolution merge into one echo, which is timed on its leading
+/// edge by a constant fraction of its light (Wagner et al. 2004, From single-pulse to
+/// full-waveform airborne laser scanners, ISPRS Archives 35 B3).
 EchoTrain Merge_Returns(const std::array<BeamReturn, kBeams>& returns, double resolution) {
   EchoTrain train;
   for (std::size_t i = 0; i < returns.size();) {
     std::size_t end = i;
-    double ranges = 0, reflectances = 0;
+    double reflectances = 0;
     do {
-      ranges += returns[end].range;
       reflectances += returns[end].reflectance;
       ++end;
     } while (end < returns.size() && returns[end].range - returns[end - 1].range < resolution);
-    train.echoes[static_cast<std::size_t>(train.count++)] = {ranges / static_cast<double>(end - i),
+    const std::span<const BeamReturn> group(returns.data() + i, end - i);
+    train.echoes[static_cast<std::size_t>(train.count++)] = {Timed_Range(group, reflectances),
                                                              reflectances / kBeams};
     i = end;
   }

@@ -15,17 +15,6 @@ constexpr double kNorthRoom = 35;          // likewise; with it a pane at 1:4 fi
 constexpr double kLow = 140, kHigh = 180;  // metres, beyond all ground
 constexpr std::uint64_t kHeathGrain = 5000;
 
-/// Pixel positions count from the raw file's corner instead of the frame's.
-void Call_Raw_File_Whole(Photograph& photo) {
-  ImageRecord& image = photo.image;
-  image.AffineA0 -= image.SubColOrigin;
-  image.AffineB0 -= image.FullHeight - image.SubHeight - image.SubRowOrigin;
-  image.FullWidth = To_Int16(image.SubWidth);
-  image.FullHeight = To_Int16(image.SubHeight);
-  image.SubColOrigin = image.SubRowOrigin = 0;
-  photo.camera = Make_Camera(image);
-}
-
 Photograph Heath_Photograph(const Photograph& photo, const std::string& name) {
   Photograph heath = photo;
   Set_Raw_Area(
@@ -46,6 +35,16 @@ std::string Numbered(const char* name, std::size_t k) {
 }
 
 }  // namespace
+
+void Call_Raw_File_Whole(Photograph& photo) {
+  ImageRecord& image = photo.image;
+  image.AffineA0 -= image.SubColOrigin;
+  image.AffineB0 -= image.FullHeight - image.SubHeight - image.SubRowOrigin;
+  image.FullWidth = To_Int16(image.SubWidth);
+  image.FullHeight = To_Int16(image.SubHeight);
+  image.SubColOrigin = image.SubRowOrigin = 0;
+  photo.camera = Make_Camera(image);
+}
 
 std::vector<Photograph> Heath_Photographs(const std::vector<Photograph>& photos) {
   std::vector<Photograph> heath;

@@ -14,6 +14,9 @@ namespace sylvomex::demo {
 inline constexpr double kHeathWest = 20, kHeathEast = 280;
 inline constexpr double kHeathSouth = -135, kHeathNorth = -15;
 
+/// Pixel positions count from the raw file's corner instead of the frame's.
+void Call_Raw_File_Whole(Photograph& photo);
+
 /// The first strip with raw files of the heath of their own. There is room beside the heath for
 /// windows that search 30 m above and below it.
 std::vector<Photograph> Heath_Photographs(const std::vector<Photograph>& photos);

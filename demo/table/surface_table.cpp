@@ -98,7 +98,7 @@ std::string Line(const SurfaceSample& sample) {
   }
   const SampleStatistics statistics = Statistics_Of(accepted);
   std::string name = sample.name;
-  name.resize(32, ' ');
+  name.resize(36, ' ');
   return name + Right(std::to_string(all.size())) + Right(Fixed_Decimals(sample.limit, 2)) +
          Right(Share_Within(all, sample.limit)) + Right(std::to_string(accepted.size())) +
          Right(Share_Within(accepted, sample.limit)) + Right(Fixed_Decimals(statistics.mean, 3)) +
@@ -179,7 +179,8 @@ std::vector<SurfaceSample> Surface_Samples_Of(const std::filesystem::path& folde
 
 std::string Table_Text(const std::vector<SurfaceSample>& samples) {
   std::string table =
-      "found less true, m                      n    limit   within accepted   within     mean      "
+      "found less true, m                          n    limit   within accepted   within     mean  "
+      "    "
       "RMS    > 1 m  RMS without those\n";
   for (const SurfaceSample& sample : samples) table += Line(sample);
   return table;

@@ -6,6 +6,7 @@
 #include "demo/scene/surface_photographs.h"
 #include "demo/write/camera_tables.h"
 #include "demo/write/colour_map.h"
+#include "demo/write/crown_session.h"
 #include "demo/write/cursor_file.h"
 #include "demo/write/evaluation_session.h"
 #include "demo/write/field_files.h"
@@ -81,6 +82,17 @@ void Write_Surface_Sessions(const Scene& scene, const std::vector<Photograph>& p
   }
 }
 
+void Write_Crown_Files(const Scene& scene, const std::vector<Photograph>& photos,
+                       const std::filesystem::path& root) {
+  const DriveMap drives(root);
+  Write_Whole_File(drives.Locate("c:\\data\\exotics\\Exotics.csv"), Crown_List(scene));
+  for (const Photograph& whole : Whole_Photographs(photos)) {
+    Write_Whole_File(drives.Locate(whole.header_name), Image_Header_Text(whole.image));
+  }
+  Write_Beside_Drives(root / "sessions" / "crowns.txt", Crown_Session(scene, photos));
+  Write_Beside_Drives(root / "sessions" / "multi_size.txt", Multi_Size_Session(scene, photos));
+}
+
 }  // namespace
 
 void Write_Demo_Site(const Scene& scene, const std::vector<Photograph>& photos,
@@ -100,6 +112,7 @@ void Write_Demo_Site(const Scene& scene, const std::vector<Photograph>& photos,
   Write_Beside_Drives(root / "sessions" / "measure.txt", Measure_Session(scene, photos));
   Write_Beside_Drives(root / "sessions" / "first.txt", First_Session(scene, photos));
   Write_Beside_Drives(root / "sessions" / "match.txt", Match_Session(scene, photos));
+  Write_Crown_Files(scene, photos, root);
   Write_Beside_Drives(root / "sessions" / "overlays.txt", Overlay_Session(scene, photos, tree));
   Write_Surface_Photographs(scene, photos, drives);
   Write_Surface_Sessions(scene, photos, root);

@@ -28,7 +28,7 @@ Point3D Middle_Of(const Scene& scene, const MapArea& area) {
 }  // namespace
 
 std::string Heath_Points_Session(const Scene& scene, const std::vector<Photograph>& photos) {
-  const std::vector<Photograph> outer_fixed = {photos[1], photos[0], photos[2]};
+  const std::vector<Photograph> outer_fixed = Outer_Second(photos);
   return "# Heights of single places on open ground by vertical line search.\n" +
          Load_Heath(photos) +
          Place_Steps("pair, heath", 0, "Get_Surface_Height",

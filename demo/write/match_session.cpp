@@ -56,21 +56,6 @@ std::string Load_All_Steps(const std::vector<Photograph>& photos) {
          Load_Steps(photos) + "file c:\\data\\demo\\chm.hdr\nmenu Add_Raster_CHM\n";
 }
 
-// A click on the model tree in each pane, so that the panes can zoom to it.
-std::string Model_Click_Steps(const Tree& tree, const std::vector<Photograph>& photos) {
-  const Point3D top{tree.X, tree.Y, tree.TopZ};
-  std::string text = "menu Center_to_xyz_click\n";
-  for (std::size_t k = 0; k < photos.size(); ++k) {
-    const Photograph& photo = photos[k];
-    const auto [col, row] = Object_To_Pixel(photo.camera, top);
-    const PanePosition at =
-        Full_Image_To_Pane(photo.image, View_Centred_On(photo, top, kSessionPaneSide), col, row);
-    text += "click Picture1(" + std::to_string(k) + ") " + Fixed_Decimals(at.px, 1) + " " +
-            Fixed_Decimals(at.py, 1) + "\n";
-  }
-  return text;
-}
-
 std::string Picture_Steps(const std::vector<Photograph>& photos, const std::string& stage) {
   std::string text;
   for (std::size_t k = 0; k < photos.size(); ++k) {
@@ -102,6 +87,20 @@ std::size_t Model_Tree(const Scene& scene, const std::vector<Photograph>& photos
     best = i;
   }
   return best ? *best : Centre_Tree(scene, kDominantHeight);
+}
+
+std::string Model_Click_Steps(const Tree& tree, const std::vector<Photograph>& photos) {
+  const Point3D top{tree.X, tree.Y, tree.TopZ};
+  std::string text = "menu Center_to_xyz_click\n";
+  for (std::size_t k = 0; k < photos.size(); ++k) {
+    const Photograph& photo = photos[k];
+    const auto [col, row] = Object_To_Pixel(photo.camera, top);
+    const PanePosition at =
+        Full_Image_To_Pane(photo.image, View_Centred_On(photo, top, kSessionPaneSide), col, row);
+    text += "click Picture1(" + std::to_string(k) + ") " + Fixed_Decimals(at.px, 1) + " " +
+            Fixed_Decimals(at.py, 1) + "\n";
+  }
+  return text;
 }
 
 std::string Match_Session(const Scene& scene, const std::vector<Photograph>& photos) {

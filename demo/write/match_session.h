@@ -18,6 +18,10 @@ namespace sylvomex::demo {
 /// dominant tree nearest to the middle.
 std::size_t Model_Tree(const Scene& scene, const std::vector<Photograph>& photos);
 
+/// Centres the panes on the model tree and clicks on its top in each of them, so that they can zoom
+/// to it.
+std::string Model_Click_Steps(const Tree& tree, const std::vector<Photograph>& photos);
+
 /// The text of the session.
 std::string Match_Session(const Scene& scene, const std::vector<Photograph>& photos);
 

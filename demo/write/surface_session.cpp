@@ -44,6 +44,7 @@ std::vector<SurfacePlace> Crown_Places(const Scene& scene, const std::vector<Pho
 }
 
 std::string Surface_Points_Session(const Scene& scene, const std::vector<Photograph>& photos) {
+  const std::vector<Photograph> outer_fixed = Outer_Second(photos);
   return "# Heights of single places in the forest by vertical line search.\n" +
          Load_Steps(photos) +
          Place_Steps("pair, forest floor", 0, "Get_Surface_Height",
@@ -52,7 +53,10 @@ std::string Surface_Points_Session(const Scene& scene, const std::vector<Photogr
          Place_Steps("triplet, forest floor", 1, "Get_surface_single_point_triplet",
                      Ground_Places(scene, photos, 1, kForest, kPlaceSpacing)) +
          Place_Steps("triplet, tree tops", 1, "Get_surface_single_point_triplet",
-                     Crown_Places(scene, photos, 1));
+                     Crown_Places(scene, photos, 1)) +
+         Remove_Steps() + Add_Image_Steps(outer_fixed) +
+         Place_Steps("triplet, outer fixed, forest floor", 1, "Get_surface_single_point_triplet",
+                     Ground_Places(scene, outer_fixed, 1, kForest, kPlaceSpacing));
 }
 
 std::string Pair_Surface_Session(const Scene& scene, const std::vector<Photograph>& photos) {

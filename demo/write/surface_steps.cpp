@@ -99,6 +99,10 @@ std::string All_Box_Steps(const std::vector<Photograph>& photos, const Point3D& 
   return text;
 }
 
+std::vector<Photograph> Outer_Second(const std::vector<Photograph>& strip) {
+  return {strip[1], strip[0], strip[2]};
+}
+
 std::string Remove_Steps() { return "input 100\nmenu Remove_an_image\n"; }
 
 std::string Place_Steps(const std::string& kind, int fixed_image, const char* command,

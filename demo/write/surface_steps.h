@@ -38,6 +38,10 @@ std::string Box_Steps(const std::vector<Photograph>& photos, int image, const Po
 /// The same for every image, which is what a zoom centres on.
 std::string All_Box_Steps(const std::vector<Photograph>& photos, const Point3D& point);
 
+/// The three photographs of a strip in another order: an outer one second, so that the triplet
+/// keeps it fixed and one of its two bases is twice as long.
+std::vector<Photograph> Outer_Second(const std::vector<Photograph>& strip);
+
 /// Removes all images.
 std::string Remove_Steps();
 

@@ -14,16 +14,23 @@ struct NormalEquations {
   CrownRow right{};
 };
 
+// The lower triangle; separate sums stay in registers.
 NormalEquations Normal_Equations(const CrownProblem& problem) {
-  NormalEquations normal;
+  double aa = 0, ab = 0, ac = 0, bb = 0, bc = 0, cc = 0, av = 0, bv = 0, cv = 0;
   for (std::size_t n = 0; n < problem.rows.size(); ++n) {
-    const CrownRow& row = problem.rows[n];
-    for (std::size_t i = 0; i < 3; ++i) {
-      for (std::size_t j = i; j < 3; ++j) normal.matrix[j][i] += row[i] * row[j];
-      normal.right[i] += row[i] * problem.misclosure[n];
-    }
+    const auto [a, b, c] = problem.rows[n];
+    const double v = problem.misclosure[n];
+    aa += a * a;
+    ab += a * b;
+    ac += a * c;
+    bb += b * b;
+    bc += b * c;
+    cc += c * c;
+    av += a * v;
+    bv += b * v;
+    cv += c * v;
   }
-  return normal;
+  return {{CrownRow{aa, 0, 0}, CrownRow{ab, bb, 0}, CrownRow{ac, bc, cc}}, {av, bv, cv}};
 }
 
 // Returns the scales by which the unknowns must be multiplied afterwards; false when a diagonal

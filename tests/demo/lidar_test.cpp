@@ -173,6 +173,28 @@ TEST_P(Years, EchoesLieBetweenCanopyAndGround) {
   EXPECT_GT(in_crowns, 200);
 }
 
+// Seven beams end in a pine after 2 m each on the average, the k-th of them after
+// 2 (1 / 7 + ... + 1 / (8 - k)) m. Where all are one echo the second one times it, with those that
+// follow within 0.3 m; where the first stands alone it times itself.
+TEST(PulseTracer, EchoesAreTimedByTheFirstQuarterOfTheirLight) {
+  Scene scene = Scene_Of({Tree_At(1, Species::Pine, 150, 150)});
+  Tree& tree = scene.trees[0];
+  tree.crown_radius = 5;
+  tree.crown_length = 20;
+  scene.grid = Make_Tree_Grid(scene.trees);
+  LidarPulsePath path;
+  path.ray = {tree.X, tree.Y, 1000, 0, 0, -1};
+  double sum = 0;
+  constexpr int count = 4000;
+  for (int i = 0; i < count; ++i) {
+    const TracedPulse pulse =
+        Trace_Pulse(scene, Campaign(2006), path, static_cast<std::uint64_t>(i));
+    sum += tree.TopZ - pulse.echoes[0].Z;
+  }
+  EXPECT_GT(sum / count, 2.0 / 7);
+  EXPECT_LT(sum / count, 2.0 / 7 + 2.0 / 6 + 0.3);
+}
+
 TEST_P(Years, DensityIsThatOfTheCampaign) {
   const LidarCampaign& campaign = Campaign(GetParam());
   const double side = kForestSide - 2 * campaign.inset;

@@ -77,9 +77,10 @@ TEST(SurfaceTable, TellsSharesOfAllAndOfAcceptedAndTheBlunders) {
   const SurfaceSample sample{
       "pair, heath", {{0.1, true}, {-0.3, true}, {2, true}, {-8, false}}, 0.35};
   const std::string table = Table_Text({sample});
-  EXPECT_EQ(table.substr(table.find('\n') + 1),
-            "pair, heath                             4     0.35   50.0 %        3   66.7 %    0.600"
-            "    1.169        1    0.224\n");
+  EXPECT_EQ(
+      table.substr(table.find('\n') + 1),
+      "pair, heath                                 4     0.35   50.0 %        3   66.7 %    0.600"
+      "    1.169        1    0.224\n");
 }
 
 }  // namespace

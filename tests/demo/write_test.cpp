@@ -263,12 +263,12 @@ TEST(DemoSite, IsTheSameByteForByteOnOneThreadAndOnTwo) {
   const std::size_t photographs = 2 * (6 + 4 + 3), rasters = 6, triangulations = 4, tiles = 25,
                     lidar = 3 * (9 + 1), camera_tables = 2, field = 9, fixed = 3,
                     whole_image_headers = 3, matched_plot = 1, orientation_lists = 4,
-                    orientation_headers = 6, true_points = 3, products = 5, sessions = 19,
-                    beside = 3;
+                    orientation_headers = 6, true_points = 3, products = 5, crown_list = 1,
+                    crown_headers = 5, sessions = 21, beside = 3;
   EXPECT_EQ(files.size(), photographs + rasters + triangulations + tiles + lidar + camera_tables +
                               field + fixed + whole_image_headers + matched_plot +
                               orientation_lists + orientation_headers + true_points + products +
-                              sessions + beside);
+                              crown_list + crown_headers + sessions + beside);
   for (const fs::path& file : files) {
     EXPECT_TRUE(Bytes_Of(first.Path() / file) == Bytes_Of(second.Path() / file)) << file;
     EXPECT_FALSE(Bytes_Of(first.Path() / file).empty()) << file;
@@ -294,9 +294,10 @@ TEST(DemoSite, HoldsEveryFileThatItsSessionsChoose) {
   Write_Demo_Site(scene, Fly_Over(scene), root.Path());
   const DriveMap drives(root.Path());
   std::size_t asked = 0;
-  for (const char* session : {"measure.txt", "match.txt", "overlays.txt", "open.txt",
-                              "surface_points.txt", "surface_pair.txt", "canopy_triplet.txt",
-                              "heath_points.txt", "heath_pair.txt", "heath_triplet.txt"}) {
+  for (const char* session :
+       {"measure.txt", "match.txt", "overlays.txt", "open.txt", "surface_points.txt",
+        "surface_pair.txt", "canopy_triplet.txt", "heath_points.txt", "heath_pair.txt",
+        "heath_triplet.txt", "crowns.txt", "multi_size.txt"}) {
     for (const std::string& file : Files_Asked_By(Bytes_Of(root.Path() / "sessions" / session))) {
       EXPECT_TRUE(fs::exists(drives.Locate(file).native)) << file;
       ++asked;

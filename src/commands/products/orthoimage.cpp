@@ -18,7 +18,10 @@
 namespace sylvomex {
 namespace {
 
-constexpr std::int32_t kSlabColumns = 64;  // computed between servicings of the events
+// Wide slabs are computed twice as fast as narrow ones; whether the image is still there is looked
+// at more often.
+constexpr std::int32_t kSlabColumns = 2048;
+constexpr std::int32_t kCheckedColumns = 64;
 
 struct OrthoOrder {
   int image = 0;
@@ -69,8 +72,9 @@ void Fill_Cells(Workspace& w, const OrthoOrder& order, const FollowedImage& imag
   LastPixel last{};
   for (std::int32_t col = 0; col < grid.columns; ++col) {
     progress.Report(Format(static_cast<double>(col) / grid.columns * 100, "0000.0000") + " %");
-    if (col % kSlabColumns != 0) continue;
+    if (col % kCheckedColumns != 0) continue;
     OrthoSource source = Present_Source(w, image);
+    if (col % kSlabColumns != 0) continue;
     source.pixel_bytes = pixel_bytes;
     const OrthoHeights heights{w.RasterDemLoaded ? &w.RasterDem : nullptr, order.elsewhere};
     Fill_Ortho_Columns(grid, source, heights, col, std::min(grid.columns, col + kSlabColumns),
