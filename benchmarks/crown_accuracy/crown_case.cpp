@@ -60,6 +60,15 @@ std::string Session_Of_Boxes(const Scene& scene, const std::vector<Photograph>& 
   return text;
 }
 
+std::string Error_Lines(const std::string& transcript) {
+  std::istringstream lines(transcript);
+  std::string errors;
+  for (std::string line; std::getline(lines, line);) {
+    if (line.starts_with("error ")) errors += line + "\n";
+  }
+  return errors;
+}
+
 void Add_Box(const Scene& scene, const CrownBoxFit& box, CrownCaseRun& run) {
   const auto trees = Crowns_Of_Trees(scene, box.middle.X, box.middle.Y, box.crowns, box.echoes);
   std::copy(trees.begin(), trees.end(), std::back_inserter(run.trees));
@@ -88,7 +97,7 @@ CrownCaseRun Run_Crown_Case(const CrownCase& one, std::uint64_t seed) {
   Play_Crown_Session(folder.Path(), script, "boxes", transcript, err, result);
   CrownCaseRun run;
   run.done = result.done;
-  run.failure = err.str();
+  if (!run.done) run.failure = err.str() + Error_Lines(transcript.str());
   for (const CrownBoxFit& box : result.boxes) Add_Box(scene, box, run);
   return run;
 }
