@@ -34,10 +34,11 @@ inline constexpr Colour kPaneBackground{240, 240, 240};
 /// The bitmap at the top left corner, background colour around it.
 void Paint_Bitmap(const PixelView& pixels, const PaneBitmap* bitmap);
 
-/// Draws the marks from index `first` on (at most their number), in order, lines in their pen modes.
-/// A position is drawn at the nearest pixel, ties to even. A point of width W is a square of W by W
-/// pixels, W / 2 of them above and left of its pixel; a line has round ends; a text hangs below its
-/// position. NaN and infinite positions draw nothing. Returns the pixels that may have changed.
+/// Draws the marks from index `first` on (at most their number), in order, lines in their pen
+/// modes. A position is drawn at the nearest pixel, ties to even. A point of width W is a square of
+/// W by W pixels, W / 2 of them above and left of its pixel; a line has round ends; a text hangs
+/// below its position. NaN and infinite positions draw nothing. Returns the pixels that may have
+/// changed.
 PixelRect Paint_Marks(const PixelView& pixels, const Picture& picture, std::size_t first);
 
 /// Draws the floating marks in the same way.

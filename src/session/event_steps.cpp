@@ -183,8 +183,8 @@ std::string Step_Text(const OperatorEvent& event) {
       return step + Target_Text(event) + " " + Script_Word(event.text);
     case Kind::Click:
     case Kind::DoubleClick:
-      return step + Target_Text(event) + Position_Text(event) +
-             Button_Text(event.button) + Modifiers_Text(event.shift);
+      return step + Target_Text(event) + Position_Text(event) + Button_Text(event.button) +
+             Modifiers_Text(event.shift);
     case Kind::Move:
     case Kind::Resize:
       return step + Target_Text(event) + Position_Text(event);

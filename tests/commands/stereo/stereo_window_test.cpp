@@ -251,8 +251,8 @@ TEST_F(StereoPointer, TheKeysMoveTheMarkByACentimetre) {
 }
 
 TEST_F(StereoPointer, TheKeysReachThePictureOfAWindowThatWasNotOpenedByItsItem) {
-  const PlayedSession played = Play(
-      "file c:\\data\\pair.txt\nmenu Form5.Open_Pair\nkey Form5 U\nprint Form5.Label1\n");
+  const PlayedSession played =
+      Play("file c:\\data\\pair.txt\nmenu Form5.Open_Pair\nkey Form5 U\nprint Form5.Label1\n");
   EXPECT_TRUE(Has(played, "Z: .01\n")) << played.transcript;
 }
 
