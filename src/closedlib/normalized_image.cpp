@@ -10,13 +10,16 @@
 #include "closedlib/resampling_rows.h"
 #include "platform/files.h"
 #include "platform/replacing_file.h"
-#include "platform/rounding.h"
 #include "platform/run_time_error.h"
 
 namespace sylvomex {
 namespace {
 
 constexpr int kRowsOfATask = 16;
+
+// A row of the target crosses many rows of the source, each for a few cache lines: too short for
+// the hardware's prefetcher. The next rows of the target need the lines below.
+constexpr int kRowsAhead = 3;
 
 RowProjection Projection_Of_Row(const NormalizedImage& image, int row) {
   RowProjection projection;
@@ -39,47 +42,32 @@ std::ptrdiff_t Pixels_Below(const NormalizedImage& image) {
 
 std::ptrdiff_t Pixels_Right(const NormalizedImage& image) { return image.full_width > 1 ? 1 : 0; }
 
-ColourSource Colour_Source(const NormalizedImage& image, const std::uint8_t* bytes) {
-  const std::int32_t pixels = std::int32_t{image.full_width} * image.full_height;
-  const std::ptrdiff_t farthest = Pixels_Right(image) + Pixels_Below(image);
-  return {bytes, 3 * Pixels_Right(image), 3 * Pixels_Below(image),
-          static_cast<std::int32_t>(pixels - 2 - farthest)};
+RasterSource Raster_Source(const NormalizedImage& image, const std::uint8_t* bytes) {
+  RasterSource source;
+  source.bytes = bytes;
+  source.channels = image.colour ? 3 : 1;
+  const auto channels = static_cast<std::ptrdiff_t>(source.channels);
+  source.right = channels * Pixels_Right(image);
+  source.below = channels * Pixels_Below(image);
+  source.ahead = kRowsAhead * source.below;
+  const std::int64_t size = channels * image.full_width * image.full_height;
+  const auto room = static_cast<std::int64_t>(kVectorRoom);
+  source.last_whole = (size - source.right - source.below - room) / channels - 1;
+  return source;
 }
 
-float Between(float a, float b, float weight) { return a + weight * (b - a); }
-
-void Interpolate_Grey(const NormalizedImage& image, const std::uint8_t* bytes,
-                      const SourcePlaces& places, std::size_t count, std::uint8_t* target) {
-  const std::ptrdiff_t right = Pixels_Right(image);
-  const std::ptrdiff_t below = Pixels_Below(image);
-  for (std::size_t k = 0; k < count; ++k) {
-    if (places.pixel[k] == kNoSource) {
-      target[k] = 0;
-      continue;
-    }
-    const std::uint8_t* at = bytes + places.pixel[k];
-    const float upper = Between(at[0], at[right], places.right[k]);
-    const float lower = Between(at[below], at[below + right], places.right[k]);
-    target[k] = To_Byte(Between(upper, lower, places.below[k]));
-  }
-}
-
-void Resample_Row(const NormalizedImage& image, const std::uint8_t* source, int row,
+void Resample_Row(const NormalizedImage& image, const std::uint8_t* bytes, int row,
                   std::uint8_t* target) {
   const RowProjection projection = Projection_Of_Row(image, row);
-  const ColourSource colour = Colour_Source(image, source);
+  const RasterSource source = Raster_Source(image, bytes);
   SourcePlaces places;
-  std::array<std::uint8_t, 3 * kResampledTogether + 1> chunk;
+  std::array<std::uint8_t, 3 * kResampledTogether + kVectorRoom> chunk;
   const auto width = static_cast<std::size_t>(image.width);
   for (std::size_t first = 0; first < width; first += kResampledTogether) {
     const std::size_t count = std::min(kResampledTogether, width - first);
     Find_Source_Places(projection, static_cast<int>(first), count, places);
-    if (image.colour) {
-      Interpolate_Colour(colour, places, count, chunk.data());
-      std::copy_n(chunk.data(), 3 * count, target + 3 * first);
-    } else {
-      Interpolate_Grey(image, source, places, count, target + first);
-    }
+    Interpolate_Raster(source, places, count, chunk.data());
+    std::copy_n(chunk.data(), source.channels * count, target + source.channels * first);
   }
 }
 

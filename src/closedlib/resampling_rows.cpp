@@ -3,10 +3,13 @@
 #define HWY_TARGET_INCLUDE "closedlib/resampling_rows.cpp"
 #include "hwy/foreach_target.h"  // IWYU pragma: keep
 
+#include <algorithm>
 #include <cstring>
 
 #include "closedlib/resampling_rows.h"
+#include "hwy/cache_control.h"
 #include "hwy/highway.h"
+#include "platform/rounding.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace sylvomex {
@@ -18,7 +21,8 @@ using Reals = hn::CappedTag<double, 8>;
 using Real = hn::Vec<Reals>;
 using Halves = hn::Rebind<float, Reals>;
 using Wholes = hn::Rebind<std::int32_t, Reals>;
-using Pixel = hn::FixedTag<float, 4>;
+using Singles = hn::CappedTag<float, 16>;
+using Single = hn::Vec<Singles>;
 
 /// a x + b y - c z; b y and c z are constant along the row.
 HWY_INLINE Real Axis(const RowProjection& row, std::size_t axis, Real xn) {
@@ -64,52 +68,107 @@ void FindSourcePlaces(const RowProjection& row, int first_col, std::size_t count
   }
 }
 
-HWY_INLINE hn::Vec<Pixel> Load_Pixel(const std::uint8_t* at) {
-  const hn::FixedTag<std::uint8_t, 4> bytes;
-  const hn::FixedTag<std::int32_t, 4> words;
-  return hn::ConvertTo(Pixel(), hn::PromoteTo(words, hn::LoadU(bytes, at)));
+/// Past the last of the pixels from k on that lie side by side in one row of the source.
+std::size_t End_Of_Run(const SourcePlaces& places, std::size_t k, std::size_t count) {
+  const Wholes d;
+  const std::size_t lanes = hn::Lanes(d);
+  const std::int32_t first = places.pixel[k];
+  for (std::size_t at = k; at < count; at += lanes) {
+    const auto wanted = hn::Iota(d, first + static_cast<std::int32_t>(at - k));
+    const auto goes_on = hn::Eq(hn::LoadU(d, &places.pixel[at]), wanted);
+    if (hn::AllTrue(d, goes_on)) continue;
+    return std::min(count, at + hn::FindKnownFirstTrue(d, hn::Not(goes_on)));
+  }
+  return count;
+}
+
+HWY_INLINE Single Load_Bytes(const std::uint8_t* at) {
+  const hn::Rebind<std::uint8_t, Singles> bytes;
+  const hn::Rebind<std::int32_t, Singles> words;
+  return hn::ConvertTo(Singles(), hn::PromoteTo(words, hn::LoadU(bytes, at)));
 }
 
 /// a + weight (b - a).
-HWY_INLINE hn::Vec<Pixel> Between(hn::Vec<Pixel> a, hn::Vec<Pixel> b, float weight) {
-  return hn::Add(a, hn::Mul(hn::Set(Pixel(), weight), hn::Sub(b, a)));
+HWY_INLINE Single Between(Single a, Single b, Single weight) {
+  return hn::Add(a, hn::Mul(weight, hn::Sub(b, a)));
 }
 
-HWY_INLINE void Interpolate(const std::uint8_t* at, const ColourSource& source, float right,
-                            float below, std::uint8_t* target) {
-  const hn::FixedTag<std::uint8_t, 4> bytes;
-  const auto upper = Between(Load_Pixel(at), Load_Pixel(at + source.right), right);
-  const auto lower =
-      Between(Load_Pixel(at + source.below), Load_Pixel(at + source.below + source.right), right);
-  const auto value = hn::NearestInt(Between(upper, lower, below));
-  hn::StoreU(hn::DemoteTo(bytes, value), bytes, target);
+/// Which of the weights from (vector x lanes) / channels on belongs to each byte of a vector.
+struct WeightIndices {
+  explicit WeightIndices(std::size_t channels) {
+    const std::size_t lanes = hn::Lanes(Singles());
+    for (std::size_t vector = 0; vector < channels; ++vector) {
+      const std::size_t first = vector * lanes;
+      for (std::size_t lane = 0; lane < lanes; ++lane) {
+        of[vector][lane] = static_cast<std::int32_t>((first + lane) / channels - first / channels);
+      }
+    }
+  }
+  alignas(64) std::int32_t of[3][16];
+};
+
+/// Interpolates the pixels k to end - 1 of a run, whose bytes lie side by side; writes up to one
+/// vector more.
+HWY_INLINE void Interpolate_Run(const RasterSource& source, const SourcePlaces& places,
+                                const WeightIndices& weights, std::size_t k, std::size_t end,
+                                std::uint8_t* target) {
+  const Singles d;
+  const hn::Rebind<std::uint8_t, Singles> bytes;
+  const std::size_t lanes = hn::Lanes(d);
+  const std::uint8_t* first =
+      source.bytes + static_cast<std::ptrdiff_t>(source.channels) * places.pixel[k];
+  const std::size_t size = source.channels * (end - k);
+  std::size_t vector = 0;
+  for (std::size_t done = 0; done < size; done += lanes) {
+    const auto index = hn::SetTableIndices(d, weights.of[vector]);
+    const std::size_t pixel = k + done / source.channels;
+    const Single right = hn::TableLookupLanes(hn::LoadU(d, &places.right[pixel]), index);
+    const Single below = hn::TableLookupLanes(hn::LoadU(d, &places.below[pixel]), index);
+    const std::uint8_t* at = first + done;
+    const std::uint8_t* lower = at + source.below;
+    hwy::Prefetch(lower + source.ahead);
+    const Single value =
+        Between(Between(Load_Bytes(at), Load_Bytes(at + source.right), right),
+                Between(Load_Bytes(lower), Load_Bytes(lower + source.right), right), below);
+    hn::StoreU(hn::DemoteTo(bytes, hn::NearestInt(value)), bytes, target + done);
+    vector = vector + 1 < source.channels ? vector + 1 : 0;
+  }
 }
 
-/// The last pixels of a raster, beyond which nothing may be read, are interpolated from a copy.
-void Interpolate_At_End(const std::uint8_t* at, const ColourSource& source, float right,
-                        float below, std::uint8_t* target) {
-  std::uint8_t copy[16] = {};
-  std::memcpy(copy, at, 3);
-  std::memcpy(copy + 3, at + source.right, 3);
-  std::memcpy(copy + 6, at + source.below, 3);
-  std::memcpy(copy + 9, at + source.below + source.right, 3);
-  const ColourSource from_copy{copy, 3, 6, 0};
-  Interpolate(copy, from_copy, right, below, target);
+/// The last pixels of a raster, beyond which nothing may be read, one byte at a time.
+void Interpolate_At_End(const RasterSource& source, const SourcePlaces& places, std::size_t k,
+                        std::uint8_t* target) {
+  const std::uint8_t* at =
+      source.bytes + static_cast<std::ptrdiff_t>(source.channels) * places.pixel[k];
+  const auto between = [](float a, float b, float weight) { return a + weight * (b - a); };
+  for (std::size_t channel = 0; channel < source.channels; ++channel, ++at) {
+    const std::uint8_t* lower = at + source.below;
+    const float value =
+        between(between(at[0], at[source.right], places.right[k]),
+                between(lower[0], lower[source.right], places.right[k]), places.below[k]);
+    target[channel] = To_Byte(value);
+  }
 }
 
-void InterpolateColour(const ColourSource& source, const SourcePlaces& places, std::size_t count,
+void InterpolateRaster(const RasterSource& source, const SourcePlaces& places, std::size_t count,
                        std::uint8_t* target) {
-  for (std::size_t k = 0; k < count; ++k, target += 3) {
-    const std::int32_t pixel = places.pixel[k];
-    if (pixel == kNoSource) {
-      std::memset(target, 0, 3);
+  const WeightIndices weights(source.channels);
+  std::size_t k = 0;
+  while (k < count) {
+    if (places.pixel[k] == kNoSource) {
+      std::memset(target + source.channels * k, 0, source.channels);
+      ++k;
       continue;
     }
-    const std::uint8_t* at = source.bytes + 3 * std::ptrdiff_t{pixel};
-    if (pixel <= source.last_whole) {
-      Interpolate(at, source, places.right[k], places.below[k], target);
-    } else {
-      Interpolate_At_End(at, source, places.right[k], places.below[k], target);
+    const std::size_t end = End_Of_Run(places, k, count);
+    const auto readable = std::clamp<std::int64_t>(source.last_whole + 1 - places.pixel[k], 0,
+                                                   static_cast<std::int64_t>(end - k));
+    const std::size_t end_of_vectors = k + static_cast<std::size_t>(readable);
+    if (readable > 0) {
+      Interpolate_Run(source, places, weights, k, end_of_vectors, target + source.channels * k);
+    }
+    for (k = end_of_vectors; k < end; ++k) {
+      Interpolate_At_End(source, places, k, target + source.channels * k);
     }
   }
 }
@@ -122,16 +181,16 @@ HWY_AFTER_NAMESPACE();
 namespace sylvomex {
 
 HWY_EXPORT(FindSourcePlaces);
-HWY_EXPORT(InterpolateColour);
+HWY_EXPORT(InterpolateRaster);
 
 void Find_Source_Places(const RowProjection& row, int first_col, std::size_t count,
                         SourcePlaces& places) {
   HWY_DYNAMIC_DISPATCH(FindSourcePlaces)(row, first_col, count, places);
 }
 
-void Interpolate_Colour(const ColourSource& source, const SourcePlaces& places, std::size_t count,
+void Interpolate_Raster(const RasterSource& source, const SourcePlaces& places, std::size_t count,
                         std::uint8_t* target) {
-  HWY_DYNAMIC_DISPATCH(InterpolateColour)(source, places, count, target);
+  HWY_DYNAMIC_DISPATCH(InterpolateRaster)(source, places, count, target);
 }
 
 }  // namespace sylvomex

@@ -10,6 +10,7 @@
 namespace sylvomex {
 
 inline constexpr std::size_t kResampledTogether = 256;  // pixels of a chunk
+inline constexpr std::size_t kVectorRoom = 16;          // behind them, for whole vectors
 inline constexpr std::int32_t kNoSource = -1;
 
 /// Maps a row of the target to source pixels.
@@ -28,25 +29,28 @@ struct RowProjection {
 /// with rows from the top, kNoSource where there is none; weights of the right column and the lower
 /// row.
 struct SourcePlaces {
-  alignas(64) std::array<std::int32_t, kResampledTogether> pixel;
-  alignas(64) std::array<float, kResampledTogether> right;
-  alignas(64) std::array<float, kResampledTogether> below;
+  alignas(64) std::array<std::int32_t, kResampledTogether + kVectorRoom> pixel{};
+  alignas(64) std::array<float, kResampledTogether + kVectorRoom> right{};
+  alignas(64) std::array<float, kResampledTogether + kVectorRoom> below{};
 };
 
 /// Places of `count` target pixels from column first_col on; up to one vector more is written.
 void Find_Source_Places(const RowProjection& row, int first_col, std::size_t count,
                         SourcePlaces& places);
 
-/// A source raster of three bytes a pixel: byte distances to the right and the lower neighbour, and
-/// the last pixel from which 4 bytes of every neighbour may be read.
-struct ColourSource {
+/// A source raster of 1 or 3 bytes a pixel: byte distances to the right and the lower neighbour,
+/// and the last pixel behind which kVectorRoom bytes of every neighbour may be read.
+struct RasterSource {
   const std::uint8_t* bytes = nullptr;
+  std::size_t channels = 1;
   std::ptrdiff_t right = 0, below = 0;
-  std::int32_t last_whole = 0;
+  std::ptrdiff_t ahead = 0;  // from the lower neighbour to what is prefetched
+  std::int64_t last_whole = 0;
 };
 
-/// Interpolates `count` pixels; target: 3 count + 1 bytes, the last of which is overwritten.
-void Interpolate_Colour(const ColourSource& source, const SourcePlaces& places, std::size_t count,
+/// Interpolates `count` pixels; target: channels x count + kVectorRoom bytes, the last kVectorRoom
+/// of which may be overwritten.
+void Interpolate_Raster(const RasterSource& source, const SourcePlaces& places, std::size_t count,
                         std::uint8_t* target);
 
 }  // namespace sylvomex
