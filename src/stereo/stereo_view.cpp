@@ -34,7 +34,9 @@ StereoWindow Window_Around(const StereoState& state, std::int16_t row, std::int1
 
 NormalPosition Corner_Around(const StereoState& state, const NormalPosition& mark) {
   const double pixel = state.Pair.PixelWidth;
-  return {mark.xn - state.StereoWidth / 2 * pixel, mark.yn + state.StereoHeight / 2 * pixel};
+  const std::int32_t half_width = state.StereoWidth / 2;
+  const std::int32_t half_height = state.StereoHeight / 2;
+  return {mark.xn - half_width * pixel, mark.yn + half_height * pixel};
 }
 
 PanePosition From_Corner(const StereoState& state, const NormalPosition& at, double corner_x,

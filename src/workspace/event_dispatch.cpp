@@ -92,7 +92,7 @@ ControlEvent Pointer_At(const OperatorEvent& event, int index) {
 /// The target of a pointer event: a visible picture, or the window itself.
 ControlName Pointer_Target(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
   if (event.control.empty()) return {kWindowItself, kNoIndex};
-  const ControlName name = Require_Name(event);
+  ControlName name = Require_Name(event);
   Require_Shown_Picture(w, window, event, name);
   return name;
 }
