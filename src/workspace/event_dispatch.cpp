@@ -116,7 +116,7 @@ EventOutcome Double_Click(Workspace& w, const WindowRow& window, const OperatorE
 
 ControlName Move_Target(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
   if (event.control.empty()) return {kWindowItself, kNoIndex};
-  const ControlName name = Require_Name(event);
+  ControlName name = Require_Name(event);
   const AnyControl control = Control_Of(w, window, name);
   if (std::holds_alternative<std::monostate>(control)) {
     throw UnknownName("there is no control " + event.form + "." + event.control);
