@@ -70,7 +70,7 @@ void FindSourcePlaces(const RowProjection& row, int first_col, std::size_t count
 
 /// Past the last of the pixels from k on that lie side by side in one row of the source.
 std::size_t End_Of_Run(const SourcePlaces& places, std::size_t k, std::size_t count) {
-  const Wholes d;
+  const hn::Rebind<std::int32_t, Singles> d;
   const std::size_t lanes = hn::Lanes(d);
   const std::int32_t first = places.pixel[k];
   for (std::size_t at = k; at < count; at += lanes) {
@@ -93,6 +93,15 @@ HWY_INLINE Single Between(Single a, Single b, Single weight) {
   return hn::Add(a, hn::Mul(weight, hn::Sub(b, a)));
 }
 
+/// Values of 0 to 255 to the nearest integer, half to even: added to 2^23 a single has no fraction
+/// left, and the integer stands in its lowest bits.
+HWY_INLINE hn::Vec<hn::Rebind<std::uint8_t, Singles>> Rounded_Bytes(Single value) {
+  const hn::Rebind<std::uint8_t, Singles> bytes;
+  const hn::Rebind<std::uint32_t, Singles> words;
+  const Single shifted = hn::Add(value, hn::Set(Singles(), 8388608.0F));
+  return hn::TruncateTo(bytes, hn::BitCast(words, shifted));
+}
+
 /// Which of the weights from (vector x lanes) / channels on belongs to each byte of a vector.
 struct WeightIndices {
   explicit WeightIndices(std::size_t channels) {
@@ -113,7 +122,6 @@ HWY_INLINE void Interpolate_Run(const RasterSource& source, const SourcePlaces& 
                                 const WeightIndices& weights, std::size_t k, std::size_t end,
                                 std::uint8_t* target) {
   const Singles d;
-  const hn::Rebind<std::uint8_t, Singles> bytes;
   const std::size_t lanes = hn::Lanes(d);
   const std::uint8_t* first =
       source.bytes + static_cast<std::ptrdiff_t>(source.channels) * places.pixel[k];
@@ -130,7 +138,7 @@ HWY_INLINE void Interpolate_Run(const RasterSource& source, const SourcePlaces& 
     const Single value =
         Between(Between(Load_Bytes(at), Load_Bytes(at + source.right), right),
                 Between(Load_Bytes(lower), Load_Bytes(lower + source.right), right), below);
-    hn::StoreU(hn::DemoteTo(bytes, hn::NearestInt(value)), bytes, target + done);
+    hn::StoreU(Rounded_Bytes(value), hn::Rebind<std::uint8_t, Singles>(), target + done);
     vector = vector + 1 < source.channels ? vector + 1 : 0;
   }
 }
