@@ -41,7 +41,8 @@ struct PositionStep {
     const Real dZ = hn::Sub(hn::LoadU(d, Z + k), hn::Set(d, camera.centre.Z));
     const Real r = Axis(m.m12, m.m13, &columns.r[k], dZ);
     const Real s = Axis(m.m22, m.m23, &columns.s[k], dZ);
-    const Real q = Axis(m.m32, m.m33, &columns.q[k], dZ);
+    // Without a principal distance there is no film either: the camera model decides.
+    const Real q = camera.c == 0 ? hn::Zero(d) : Axis(m.m32, m.m33, &columns.q[k], dZ);
     const Real minus_c = hn::Set(d, -camera.c);
     const Real x = hn::Div(hn::Mul(minus_c, r), q);
     const Real y = hn::Div(hn::Mul(minus_c, s), q);

@@ -18,7 +18,8 @@ struct ColumnAxes {
 
 /// Byte_Position of the cells of a row from their columns' shares, the row's dY = Y - Y0 and
 /// heights Z in metres; NaN where the projection needs a closer look: for a point in the plane of
-/// the projection centre and for results out of range. positions: as many as columns.
+/// the projection centre, for a principal distance of 0 and for results out of range. positions: as
+/// many as columns.
 void Find_Byte_Positions(const OrthoSource& source, const ColumnAxes& columns, double dY,
                          std::span<const double> Z, std::span<double> positions);
 

@@ -187,6 +187,16 @@ TEST(OrthoImage, APointInThePlaneOfTheProjectionCentreTakesItsPlainPosition) {
   EXPECT_EQ(Ortho(grid, source, heights, 2, 1), Plain_Ortho(grid, source, heights));
 }
 
+TEST(OrthoImage, WithoutAPrincipalDistanceEveryCellIsReadOneMetreLeftOnTheFilm) {
+  // x = -1, y = 0 on the film: column -10 + 150 and row 100, raw row 199 - 100.
+  const Bytes bytes = Random_Bytes(300 * 200);
+  OrthoSource source{Vertical(300, 200), bytes, 300, 200, 1};
+  source.camera.c = 0;
+  source.camera.A1 = 10;
+  const Bytes cells = Ortho({0, 0, 1, 3, 3}, source, {nullptr, 120}, 2, 1);
+  EXPECT_EQ(cells, Bytes(9, bytes[(199 - 100) * 300 + 140]));
+}
+
 TEST(OrthoImage, TooLittleRoomIsRejected) {
   const Bytes bytes(300 * 200);
   const OrthoSource source{Vertical(300, 200), bytes, 300, 200, 3};

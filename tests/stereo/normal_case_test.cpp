@@ -96,6 +96,13 @@ TEST(NormalCase, ABaseAlongYTakesPhiFromTheImages) {
   EXPECT_DOUBLE_EQ(angles.omega, std::atan(8.0 / 400));
 }
 
+TEST(NormalCase, PhiOfTheImagesChangesItsSignToo) {
+  const NormalAngles angles =
+      Angles_Of_Base(Image(0, 0, 1000, 0.1, 0.02, 0), Image(10, -400, 1008, 0.1, 0.04, 0));
+  EXPECT_DOUBLE_EQ(angles.phi, -0.03);
+  EXPECT_DOUBLE_EQ(angles.omega, std::atan(8.0 / -400));
+}
+
 TEST(NormalCase, ABaseExactlyAlongYIsADivisionByZero) {
   Expect_Failure(Failure::DivisionByZero,
                  [] { Angles_Of_Base(Image(0, 0, 1000, 0, 0, 0), Image(0, 400, 1000, 0, 0, 0)); });

@@ -52,7 +52,6 @@ void Show_Map(Workspace& w, const MapHeader& map, const MapView& view) {
   w.Map.Header = map;
   w.Map.View = view;
   Load_Picture(w.Form8.Picture1, std::move(bitmap));
-  Show_Zoom(w);
 }
 
 }  // namespace
@@ -90,6 +89,7 @@ void Form8_Picture1_MouseDown(Workspace& w, int button, double px, double py) {
   if (button == kZoomInButton) view.MapZoom *= 2;
   Centre_Map_View(view, w.Map.Header.MapHeight, centre);
   Show_Map(w, MapHeader(w.Map.Header), view);
+  if (button == kZoomOutButton || button == kZoomInButton) Show_Zoom(w);
 }
 
 void Form8_Picture1_MouseMove(Workspace& w, double px, double py) {

@@ -16,8 +16,8 @@ void Exit_Map_Window(Workspace& w);
 /// Sizes the map pane by the window's client size. The picture stays as it is until the next click.
 void Form8_Resize(Workspace& w);
 
-/// Asks for a map header and shows the map's upper left corner. A map that cannot be shown leaves
-/// the one before open, with its view.
+/// Asks for a map header and shows the map's upper left corner at 100 %; the zoom text waits for
+/// the next zooming click. A map that cannot be shown leaves the one before open, with its view.
 void Open_a_Map(Workspace& w);
 
 /// Zooms in (kLeftButton) or out (kRightButton) by 2 and centres the map on a pane position. A

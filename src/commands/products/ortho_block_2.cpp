@@ -152,8 +152,8 @@ void Create_an_Ortho_Block_2(Workspace& w) {
   }
   std::optional<BlockOutput> output;
   try {
-    const std::vector<TableCamera> table = Read_Table(w);
     Remove_All_Images(w);
+    const std::vector<TableCamera> table = Read_Table(w);
     const auto extent = Ask_Extent(w, BadAnswer::IsTold);
     if (!extent) return;
     const OrthoGrid grid = Grid_Of(*extent);

@@ -35,7 +35,7 @@ std::optional<int> Ask_Image(Workspace& w) {
     const auto number =
         Ask_Number(w, {"Which image is used, first = 0, 2nd = 1 etc.?", 0, ""}, BadAnswer::IsTold);
     if (!number) return std::nullopt;
-    if (*number <= w.ImageCount - 1) return To_Int32(*number);
+    if (Round_Half_Even(*number) <= w.ImageCount - 1) return To_Int32(*number);
     w.screen->Message_Box("There are :" + Plain_Text(std::int32_t{w.ImageCount}) +
                           " photographs, numbered : 0-" +
                           Plain_Text(std::int32_t{w.ImageCount} - 1));

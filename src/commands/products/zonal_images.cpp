@@ -11,10 +11,13 @@
 namespace sylvomex {
 namespace {
 
-void Write_Mask(const Workspace& w, int k, const std::vector<GroundCircle>& circles) {
+/// The solution is the last circle's from the first mask on, also when a mask cannot be written.
+void Write_Mask(Workspace& w, int k, const std::vector<GroundCircle>& circles) {
   const Camera camera = Camera_Of(w, k);
   const PixelArea area = Area_Of_Circles(camera, circles);
   const ZeroedArray<std::uint8_t> mask = Zonal_Mask(camera, area, circles);
+  w.Solution3D = circles.back().centre;
+  w.SolutionValid = true;
   const std::string name = "d:\\" + Plain_Text(w.ImageBlock(k).ImageId) + "_Zonal.raw";
   Replace_Whole_File(w.Drives.Locate(name), mask.All());
 }
@@ -36,8 +39,6 @@ void Create_Zonal(Workspace& w) {
     const HourglassGuard hourglass(w);
     for (int k = 0; k < w.ImageCount; ++k) Write_Mask(w, k, circles);
   }
-  w.Solution3D = circles.back().centre;
-  w.SolutionValid = true;
   w.screen->Message_Box("Done");
 }
 

@@ -101,6 +101,19 @@ TEST(Allometry, AnAreaWithoutEchoesAboveTenMetresEndsWithOneTree) {
   EXPECT_EQ(b.Status(), "Done Fitting, iterations: 0 RMSE 0.00 m");
 }
 
+TEST(Allometry, ThreeHundredMoreSeedsAreTriedAndNoOther) {
+  // Single echoes 2.5 m apart, each a centimetre below the one before: no crown reaches another.
+  CrownBlock b;
+  for (int i = 0; i <= 301; ++i) {
+    b.Add_Echo(kX - 22.5 + 2.5 * (i % 19), kY - 22.5 + 2.5 * (i / 19), 20 - 0.01 * i);
+  }
+  Play(b);
+  EXPECT_EQ(b.w.Crowns.TreeCount, 1);
+  EXPECT_EQ(b.Status(), "Fitting FAIL, too few points: 0");
+  // The entry that every failed seed gives back: echo 0 is the first tree, echo 301 is left.
+  EXPECT_NEAR(b.Tree(2).Height, 20 - 0.01 * 300, 1e-4);
+}
+
 TEST(Allometry, ACrownOfTwentyFourEchoesFailsAndOneOfTwentyFiveGoesOn) {
   TwoTrees b({kX + 10, kY + 5, 20, {0.09, 0.8, 0.4}, 24});
   Play(b);
@@ -220,6 +233,7 @@ TEST(Allometry, RingsOfALaterCrownStandAtFourTenthsOfTheHeightInTheSpeciesColour
            std::fabs(mark.x2 - (to.px - 1)) < 1e-6 && std::fabs(mark.y2 - (to.py - 1)) < 1e-6;
   };
   EXPECT_EQ(std::ranges::count_if(rings, is_it), 1);
+  for (const Mark& dash : rings) EXPECT_EQ(dash.width, 1);
 }
 
 // Draw_Crown of a tree at the solution, 20 m high, as wide as 2 m at every depth.

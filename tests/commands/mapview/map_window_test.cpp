@@ -243,6 +243,15 @@ TEST_F(MapWindow, AFullDiskLeavesTheOldBitmapAndTheView) {
   EXPECT_TRUE(site.Folder().Read("f/Map.BMP") == before);
 }
 
+TEST_F(MapWindow, AnotherMapIsShownAtHundredPercentAndTheZoomTextWaitsForAClick) {
+  const PlayedSession played =
+      Play(std::string(kOpen) + "click Form8.Picture1 162 123\n" + kOpen + kPrintView +
+           "click Form8.Picture1 162 123 right\n" + "print Form8.Label2\n");
+  EXPECT_TRUE(Has(played, View("Zoom 200 %", "1", 1, 324, 1, 246) + "Form8.Label2 = Zoom 50 %\n"))
+      << played.transcript;
+  EXPECT_EQ(Bitmap_At(1, 1), (Rgb{2, 2, 7}));
+}
+
 TEST_F(MapWindow, ADismissedDialogChangesNothing) {
   const PlayedSession played =
       Play(std::string(kOpen) + "cancel\nmenu Form8.Open_a_Map\n" + kPrintView);

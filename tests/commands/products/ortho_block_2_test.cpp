@@ -81,13 +81,13 @@ TEST_F(OrthoBlock2Command, AGreyImageGivesThreeEqualBytes) {
   EXPECT_EQ(Pixel("c/data/block.raw", 5), (Rgb{655 % 251, 655 % 251, 655 % 251}));
 }
 
-TEST_F(OrthoBlock2Command, AMissingTableKeepsTheImagesOfTheBlock) {
+TEST_F(OrthoBlock2Command, TheBlockIsClearedBeforeAMissingTableIsFound) {
   std::filesystem::remove(site.Folder().Path() / "c/data/cam_data_G6_j.csv");
   const PlayedSession played = Play(Load({"a", "b"}) + kLoadFlatModel +
                                     "cancel\nmenu Create_an_Ortho_Block_2\nprint ImageCount\n");
   EXPECT_EQ(played.status, 0) << played.reason;
   EXPECT_TRUE(Has(played, kTooWide)) << played.transcript;
-  EXPECT_TRUE(Has(played, "ImageCount = 2\n"));
+  EXPECT_TRUE(Has(played, "ImageCount = 0\n"));
 }
 
 TEST_F(OrthoBlock2Command, AMissingHeaderIsAFailureAndTheRestIsWritten) {

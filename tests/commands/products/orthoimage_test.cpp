@@ -95,6 +95,14 @@ TEST_F(OrtoCommand, AnImageNumberAboveTheLastIsAskedAgain) {
   EXPECT_EQ(site.Folder().Read("c/data/ortho.raw").size(), 3u);
 }
 
+TEST_F(OrtoCommand, AnImageNumberIsRounded) {
+  Write_Model(200);
+  const PlayedSession played =
+      Play(Answers({"0.4", "0", "0", "0", "0", "1", "160", "c:\\data\\ortho.raw"}));
+  EXPECT_EQ(played.transcript.find("There are :"), std::string::npos) << played.transcript;
+  EXPECT_EQ(site.Folder().Read("c/data/ortho.raw").size(), 3u);
+}
+
 TEST_F(OrtoCommand, GroundBelow100TakesTheAnswer) {
   Write_Model(99.9f);
   Play(Answers({"0", "0", "0", "0", "0", "1", "200", "c:\\data\\low.raw"}));

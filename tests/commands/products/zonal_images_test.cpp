@@ -135,11 +135,12 @@ TEST_F(ZonalCommand, CirclesTooFarApartAreOneFailure) {
   EXPECT_TRUE(Has(played, "SolutionValid = 0\n"));
 }
 
-TEST_F(ZonalCommand, AMissingDriveIsNamed) {
+TEST_F(ZonalCommand, AMissingDriveIsNamedAndLeavesTheNewSolution) {
   std::filesystem::remove(site.Folder().Path() / "d");
-  const PlayedSession played = Play_Zonal("0,0,0,1,1\n");
+  const PlayedSession played = Play_Zonal("0,0,0,1,1\n1,2,3,2,1\n");
   EXPECT_TRUE(Has(played, "error Create_Zonal \"Path not found: d:\\1_Zonal.raw\""))
       << played.transcript;
+  EXPECT_TRUE(Has(played, "Solution3D = 1 2 3\nSolutionValid = -1\n")) << played.transcript;
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 // Create_anaglyph_pair by script over level photographs 60 m apart along X.
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "support/session_run.h"
 #include "support/small_site.h"
 
@@ -88,6 +90,35 @@ TEST_F(AnaglyphPairCommand, OfMoreThanTwoImagesTheFirstTwoAreTaken) {
   Add({.id = 13, .X0 = 120});
   EXPECT_TRUE(Has(Play("input \"\"\n"),
                   "message \"Creating pair assuming image 0 (left) image 1 is right\""));
+}
+
+TEST_F(AnaglyphPairCommand, BothImagesAreResampledAtTheLeftDistance) {
+  Add({.id = 11,
+       .width = 200,
+       .height = 101,
+       .full_width = 200,
+       .full_height = 101,
+       .a0 = 100,
+       .b0 = 50});
+  Add({.id = 12,
+       .width = 200,
+       .height = 101,
+       .full_width = 200,
+       .full_height = 101,
+       .c = 0.2,
+       .a0 = 100,
+       .b0 = 50,
+       .phi = -std::atan(0.02),
+       .X0 = 60});
+  // The right frame, at its own distance of 0.2 m, ends at xn = 0.2 tan(atan(0.02) +
+  // atan(0.00099 / 0.2)) = 0.0049905 m; the left one begins at -0.001 m.
+  const PlayedSession played =
+      Play("input 10\nbutton ok\ninput c:\\data\\\ninput c:\\data\\PAIR.TXT\n");
+  EXPECT_TRUE(Has(played, "with width :599 Image height: 100 OK ?")) << played.transcript;
+  // Its principal point (column 100) lies at 0.1 m x 0.02 = 0.002 m, 300 pixels from Xmin.
+  const std::string right = site.Folder().Read("c/data/12test_right.raw");
+  ASSERT_EQ(right.size(), 599u * 100 * 3);
+  EXPECT_EQ(right[3 * (599 * 50 + 300)], static_cast<char>(100));
 }
 
 TEST_F(AnaglyphPairCommand, AnEmptyAnswerEndsQuietly) {

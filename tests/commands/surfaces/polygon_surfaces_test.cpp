@@ -442,6 +442,16 @@ TEST(TripletPolygon, EscTickedBeforeTheStartEndsAtOnceWithAnEmptyFile) {
   EXPECT_EQ(site.Text(kNodes), "");
 }
 
+TEST(TripletPolygon, EmptyPolygonFileEndsWithAnEmptyFileAndNoMessage) {
+  const SurfaceSite site;
+  site.Write(kPolygon, "");
+  site.Write(kNodes, "1,2,3,4\n");
+  const PlayedSession played = site.Play(std::string(kTripletStart) + kTriplet);
+  EXPECT_EQ(played.status, 0);
+  EXPECT_TRUE(Lines_With(played, "message ").empty());
+  EXPECT_EQ(site.Text(kNodes), "");
+}
+
 TEST(TripletPolygon, NamesTheImageThatIsMissing) {
   SurfaceSite site;
   site.Forget_Images_From(2);
