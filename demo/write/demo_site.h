@@ -8,7 +8,7 @@
 namespace sylvomex::demo {
 
 /// Increases with every change of the site's contents, so that an older site is regenerated.
-inline constexpr int kSiteVersion = 11;
+inline constexpr int kSiteVersion = 12;
 
 /// Writes the whole site below the root: photographs from the air and from within the stand,
 /// height models as rasters and triangles, lidar tiles, field data, camera tables, colour map and

@@ -102,8 +102,8 @@ std::string First_Session(const Scene& scene, const std::vector<Photograph>& pho
   const std::size_t index = Start_Tree(scene);
   const Tree& tree = scene.trees[index];
   return "# The first tree top of a session: nothing to start from, then the solution is reset.\n" +
-         Load_Steps(photos) + "say \"tree " + std::to_string(tree.id) + "\"\n" +
-         Click_Steps(scene, photos, index, {tree.X, tree.Y, tree.TopZ}) +
+         Load_Steps(photos) + "menu Center_To_Sub_c_click\nsay \"tree " + std::to_string(tree.id) +
+         "\"\n" + Click_Steps(scene, photos, index, {tree.X, tree.Y, tree.TopZ}) +
          "menu Point_Intersection\nprint Label10\nprint Label3\n"
          "menu Reset_Point_Solution\nmenu Point_Intersection\nprint Solution3D\nprint Label10\n";
 }

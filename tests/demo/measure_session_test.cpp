@@ -168,11 +168,12 @@ TEST(FirstSession, ClicksTheTreeOfTheStartingPanesBeforeThereIsASolution) {
   ASSERT_EQ(trees.size(), 1U);
   ASSERT_EQ(trees.begin()->first, tree.id);
   EXPECT_GE(trees.begin()->second.clicks.size(), 3U);
-  // A pane starts with its middle on the top, whole pixels aside.
+  // The panes are centred on the start position, the top to whole pixels.
   for (const auto& [pane, at] : trees.begin()->second.clicks) {
     EXPECT_NEAR(at.px, kSessionPaneSide / 2.0, 1.5) << pane;
     EXPECT_NEAR(at.py, kSessionPaneSide / 2.0, 1.5) << pane;
   }
+  EXPECT_LT(session.find("menu Center_To_Sub_c_click"), session.find("click Picture1"));
   EXPECT_EQ(session.find("Set_3D_solution"), std::string::npos);
   EXPECT_LT(session.find("menu Point_Intersection"), session.find("menu Reset_Point_Solution"));
   EXPECT_LT(session.find("menu Reset_Point_Solution"), session.rfind("menu Point_Intersection"));
