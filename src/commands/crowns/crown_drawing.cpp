@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/crowns/crown_drawing.h"
 
+#include "state/workspace.h"
+
 #include <algorithm>
 
 #include "panes/pane_drawing.h"

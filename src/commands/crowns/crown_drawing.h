@@ -3,9 +3,11 @@
 #pragma once
 
 #include "crowns/crown_rings.h"
-#include "state/workspace.h"
+#include "platform/colour.h"
 
 namespace sylvomex {
+
+struct Workspace;
 
 /// Colours of species 0 to 4.
 Colour Echo_Colour(int species);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/crowns/crown_inputs.h"
 
+#include "state/workspace.h"
+
 #include <array>
 #include <cmath>
 #include <string>

@@ -6,9 +6,12 @@
 #include <string_view>
 
 #include "crowns/crown_echoes.h"
-#include "state/workspace.h"
+#include "platform/point3d.h"
+#include "state/crown_state.h"
 
 namespace sylvomex {
+
+struct Workspace;
 
 /// 1 to 4 for the last ticked box of Check2(0) to Check2(3), 0 when none is ticked.
 int Get_Species(const Workspace& w);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/crowns/crown_intersection.h"
 
+#include "state/workspace.h"
+
 #include <optional>
 #include <string>
 #include <utility>

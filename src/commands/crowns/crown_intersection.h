@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// Lists the 2006 pulses that hit the crowns of "c:\data\exotics\Exotics.csv".
 void Crown_Intersection_For_LiDAR(Workspace& w);

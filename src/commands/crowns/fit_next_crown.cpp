@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/crowns/fit_next_crown.h"
 
+#include "state/workspace.h"
+
 #include <cmath>
 #include <string>
 

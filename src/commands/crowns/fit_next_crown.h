@@ -6,9 +6,10 @@
 
 #include "crowns/crown_echoes.h"
 #include "crowns/crown_fit.h"
-#include "state/workspace.h"
 
 namespace sylvomex {
+
+struct Workspace;
 
 struct FittedTree {
   int number = 0;   // in CrownTrees

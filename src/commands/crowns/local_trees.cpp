@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/crowns/local_trees.h"
 
+#include "state/workspace.h"
+
 #include "commands/crowns/crown_drawing.h"
 #include "commands/panes/clearing.h"
 #include "crowns/species.h"

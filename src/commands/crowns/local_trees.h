@@ -2,9 +2,9 @@
 // The file of stored trees, "C:\data\LK_trees.txt".
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// Stores the pending tree record, if both the lidar fit and the image measure are done, and
 /// shows what is stored.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/crowns/match_local_crown.h"
 
+#include "state/workspace.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>

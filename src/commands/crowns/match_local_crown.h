@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// Fits one crown to the 2006 lidar echoes around the solution, taken as the tree top, and fills
 /// the lidar half of the pending tree record.

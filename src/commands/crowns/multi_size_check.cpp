@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/crowns/multi_size_check.h"
 
+#include "state/workspace.h"
+
 #include <algorithm>
 
 #include "matching/image_template.h"

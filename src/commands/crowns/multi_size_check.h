@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
+#include "platform/point3d.h"
 
 namespace sylvomex {
+
+struct Workspace;
 
 /// Looks at the surroundings of a point in one image with the resized crown templates and
 /// marks the point on all panes. Ends quietly when a template file of the image is missing; where

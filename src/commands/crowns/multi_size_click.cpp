@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/crowns/multi_size_click.h"
 
+#include "state/workspace.h"
+
 #include <string>
 #include <vector>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// Finds the height of the tree top along the ray of the observation in a pane, from 4.5 m below
 /// the solution to 4.5 m above it, by the resized crown templates of all ticked images, and puts

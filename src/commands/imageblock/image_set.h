@@ -3,9 +3,11 @@
 #pragma once
 
 #include "platform/drive_map.h"
-#include "state/workspace.h"
 
 namespace sylvomex {
+
+class FollowedImage;
+struct Workspace;
 
 void Add_images_to_set(Workspace& w);
 

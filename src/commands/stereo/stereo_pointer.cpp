@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/stereo/stereo_pointer.h"
 
+#include "state/workspace.h"
+
 #include "commands/stereo/recentring.h"
 #include "commands/stereo/stereo_drawing.h"
 #include "stereo/stereo_view.h"

@@ -2,9 +2,9 @@
 // The pointer and the keys over the anaglyph picture. Without an open pair they do nothing.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// Moves the mark to the pointer at the mark's height. Services events.
 void Form5_Picture1_MouseMove(Workspace& w, double px, double py);

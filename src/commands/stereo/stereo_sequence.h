@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 /// A numbered picture of the viewer at each point of a flight, until the operator ends it.
 void Import_And_Export_BMPs(Workspace& w);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/stereo/stereo_vectors.h"
 
+#include "state/workspace.h"
+
 #include <string>
 #include <vector>
 

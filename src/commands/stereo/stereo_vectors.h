@@ -2,9 +2,9 @@
 // Points, texts and lines of files, drawn into the stereo model.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 void Plot_Id_XYZ_Point_Data(Workspace& w);     // id, X, Y, Z a row: a cross in each image
 void Plot_Floating_Text(Workspace& w);         // X, Y, Z, text a row

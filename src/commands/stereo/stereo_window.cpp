@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/stereo/stereo_window.h"
 
+#include "state/workspace.h"
+
 #include <cmath>
 #include <string>
 #include <utility>

@@ -2,9 +2,9 @@
 // The anaglyph viewer: its window, its pair and its measured points.
 #pragma once
 
-#include "state/workspace.h"
-
 namespace sylvomex {
+
+struct Workspace;
 
 void Open_Stereo_window(Workspace& w);
 
