@@ -11,7 +11,7 @@
 namespace sylvomex {
 
 const char* const kUsage =
-    "sylvomex [--root DIR] [--size WxH] [--record FILE] [--begin FILE]\n"
+    "sylvomex [--root DIR] [--size WxH] [--record FILE] [--begin FILE] [--plain]\n"
     "sylvomex --script FILE [--root DIR] [--size WxH] [--record FILE] [--show]\n"
     "\n"
     "  --root DIR     DIR holds the drives: DIR/c, DIR/d, DIR/e, DIR/f\n"
@@ -20,6 +20,7 @@ const char* const kUsage =
     "  --size WxH     client size of the main window, 1280x1024\n"
     "  --record FILE  writes what is done as a script\n"
     "  --begin FILE   plays a script on the desktop, then leaves it to the hand\n"
+    "  --plain        the desktop without its aids: no undo, no strip below the panes\n"
     "  --show         shows the windows while the script plays\n"
     "  --help         this text\n";
 
@@ -83,6 +84,9 @@ bool Take_Option(CommandLine& line, int option, std::ostream& err) {
     case 'w':
       line.options.show = true;
       return true;
+    case 'p':
+      line.plain = true;
+      return true;
     case 'h':
       line.help = true;
       return true;
@@ -100,12 +104,13 @@ bool Take_Option(CommandLine& line, int option, std::ostream& err) {
 }  // namespace
 
 std::optional<CommandLine> Parse_Command_Line(int argc, char** argv, std::ostream& err) {
-  static constexpr std::array<option, 8> kOptions{{{"root", required_argument, nullptr, 'r'},
+  static constexpr std::array<option, 9> kOptions{{{"root", required_argument, nullptr, 'r'},
                                                    {"script", required_argument, nullptr, 's'},
                                                    {"size", required_argument, nullptr, 'z'},
                                                    {"record", required_argument, nullptr, 'o'},
                                                    {"begin", required_argument, nullptr, 'b'},
                                                    {"show", no_argument, nullptr, 'w'},
+                                                   {"plain", no_argument, nullptr, 'p'},
                                                    {"help", no_argument, nullptr, 'h'},
                                                    {nullptr, 0, nullptr, 0}}};
   CommandLine line;

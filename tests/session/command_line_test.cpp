@@ -43,6 +43,11 @@ TEST(CommandLine, AcceptsEveryOption) {
   EXPECT_EQ(line->options.record, "r.txt");
 }
 
+TEST(CommandLine, TheDesktopIsPlainOnlyOnRequest) {
+  EXPECT_FALSE(Parse({})->plain);
+  EXPECT_TRUE(Parse({"--plain"})->plain);
+}
+
 TEST(CommandLine, DrivesLieUnderTheEnvironmentElseUnderHome) {
   setenv("HOME", "/home/someone", 1);
   setenv("SYLVOMEX_ROOT", "/drives", 1);

@@ -22,7 +22,7 @@ void Declare(QCommandLineParser& parser) {
   for (const char* name : {"root", "script", "size", "record", "begin", "platform", "style"}) {
     parser.addOption(QCommandLineOption(QString::fromLatin1(name), {}, QStringLiteral("value")));
   }
-  for (const char* name : {"show", "help"})
+  for (const char* name : {"show", "plain", "help"})
     parser.addOption(QCommandLineOption(QString::fromLatin1(name)));
 }
 
@@ -33,6 +33,7 @@ std::optional<CommandLine> Take(const QCommandLineParser& parser, std::ostream& 
   line.options.script = Value(parser, "script");
   line.options.record = Value(parser, "record");
   line.options.show = parser.isSet("show");
+  line.plain = parser.isSet("plain");
   line.begin = Value(parser, "begin");
   line.help = parser.isSet("help");
   if (parser.isSet("size") && !Take_Size(line, Value(parser, "size"), err)) return std::nullopt;
