@@ -11,6 +11,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QUrl>
+#include <cstdio>
 #include <utility>
 
 #include "desktop/dialog_layout.h"
@@ -71,14 +72,22 @@ void DesktopScreen::Begin_Outer_Event() {
   in_event_ = true;
   times_shown_.clear();
   silenced_.clear();
+  causes_.clear();
+}
+
+void DesktopScreen::Tell_Cause(std::string_view cause) {
+  std::fprintf(stderr, "sylvomex: %.*s\n", static_cast<int>(cause.size()), cause.data());
+  causes_ << Qt_Text(cause);
 }
 
 Answer DesktopScreen::Message_Box(std::string_view text, Buttons buttons, std::string_view title) {
   const QString shown = Qt_Text(text);
+  const QString causes = std::exchange(causes_, {}).join(QLatin1Char('\n'));
   if (silenced_.contains(shown)) return Answer::Ok;
   owner_.show_block();
   QMessageBox box(QMessageBox::NoIcon, Window_Title(title), shown, Box_Buttons(buttons),
                   owner_.front_window());
+  box.setDetailedText(causes);
   QCheckBox* silence = nullptr;
   if (++times_shown_[shown] > 1 && buttons == Buttons::Ok) {
     silence = new QCheckBox(QStringLiteral("Do not show this message again until the command ends"),

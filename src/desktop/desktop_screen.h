@@ -4,6 +4,7 @@
 
 #include <QSet>
 #include <QString>
+#include <QStringList>
 #include <QWidget>
 #include <chrono>
 #include <functional>
@@ -31,6 +32,7 @@ class DesktopScreen : public Screen {
   void Begin_Outer_Event();
   void End_Outer_Event() { in_event_ = false; }
 
+  void Tell_Cause(std::string_view cause) override;
   Answer Message_Box(std::string_view text, Buttons buttons = Buttons::Ok,
                      std::string_view title = {}) override;
   std::optional<std::string> Input_Box(std::string_view prompt, std::string_view title = {},
@@ -63,6 +65,7 @@ class DesktopScreen : public Screen {
   TonePlayer tones_;
   std::map<QString, int> times_shown_;  // by message text, since the outer event began
   QSet<QString> silenced_;
+  QStringList causes_;  // of the next message box
   QString last_folder_;
   bool in_event_ = false;
   SteadyClock::time_point span_start_;

@@ -12,6 +12,7 @@ class RecorderScreen : public Screen {
  public:
   RecorderScreen(Screen& screen, Recorder& recorder) : screen_(screen), recorder_(recorder) {}
 
+  void Tell_Cause(std::string_view cause) override { screen_.Tell_Cause(cause); }
   Answer Message_Box(std::string_view text, Buttons buttons, std::string_view title) override;
   std::optional<std::string> Input_Box(std::string_view prompt, std::string_view title,
                                        std::string_view preset) override;

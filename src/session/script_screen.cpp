@@ -84,6 +84,10 @@ std::optional<std::string> ScriptScreen::Take_Text(QueuedAnswer::Kind wanted,
   return std::move(answer.text);
 }
 
+void ScriptScreen::Tell_Cause(std::string_view cause) {
+  log_ << "sylvomex: " << One_Line(cause) << '\n';
+}
+
 Answer ScriptScreen::Message_Box(std::string_view text, Buttons buttons, std::string_view title) {
   const std::vector<Answer> choice = Choice(buttons);
   const std::string dialog = "message " + Quoted(text);

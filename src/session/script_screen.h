@@ -59,6 +59,7 @@ class ScriptScreen : public Screen {
   /// Writes one line of the transcript.
   void Write_Line(std::string_view line);
 
+  void Tell_Cause(std::string_view cause) override;
   Answer Message_Box(std::string_view text, Buttons buttons, std::string_view title) override;
   std::optional<std::string> Input_Box(std::string_view prompt, std::string_view title,
                                        std::string_view preset) override;

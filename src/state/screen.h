@@ -24,6 +24,11 @@ class Screen {
  public:
   virtual ~Screen() = default;
 
+  /// Tells what is behind the next message box whose text names no cause: file, line, item, image
+  /// or quantity. It goes to standard error and into that box's details; texts and transcripts stay
+  /// as they are. Several causes before one box belong to it together.
+  virtual void Tell_Cause(std::string_view) {}
+
   virtual Answer Message_Box(std::string_view text, Buttons buttons = Buttons::Ok,
                              std::string_view title = {}) = 0;
 

@@ -31,7 +31,8 @@ class DialogAnswers {
 
   // What was shown.
   std::vector<std::string> messages;
-  std::vector<std::string> titles;  // of all dialogs
+  std::vector<std::string> details;  // of the message boxes, empty for those without
+  std::vector<std::string> titles;   // of all dialogs
   int silencers_offered = 0;
   int texts_cut = 0;  // texts of message and input boxes that were not fully visible
 
@@ -82,6 +83,7 @@ class DialogAnswers {
   void Answer_Message(QMessageBox& box) {
     titles.push_back(box.windowTitle().toStdString());
     messages.push_back(box.text().toStdString());
+    details.push_back(box.detailedText().toStdString());
     Look_At_Texts(box);
     if (box.checkBox() != nullptr) {
       ++silencers_offered;

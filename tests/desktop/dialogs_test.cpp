@@ -62,6 +62,22 @@ TEST_F(Dialogs, MessageReturnsTheButtonChosen) {
   EXPECT_EQ(w().screen->Message_Box("sure?", Buttons::OkCancel), Answer::Cancel);
 }
 
+TEST_F(Dialogs, CausesAreTheDetailsOfTheNextMessageOnly) {
+  w().screen->Tell_Cause("c:\\data\\a.hdr, line 3");
+  w().screen->Tell_Cause("image 2");
+  w().screen->Message_Box("An error occurred!");
+  w().screen->Message_Box("hello");
+  EXPECT_EQ(dialogs_.details, (std::vector<std::string>{"c:\\data\\a.hdr, line 3\nimage 2", ""}));
+  EXPECT_EQ(dialogs_.messages, (std::vector<std::string>{"An error occurred!", "hello"}));
+}
+
+TEST_F(Dialogs, ACauseWithoutAMessageEndsWithItsEvent) {
+  w().screen->Tell_Cause("image 2");
+  Choose("Draw_Polygon");
+  w().screen->Message_Box("hello");
+  EXPECT_EQ(dialogs_.details, std::vector<std::string>{""});
+}
+
 TEST_F(Dialogs, RepeatedMessageOffersSilence) {
   w().screen->Message_Box("again");
   EXPECT_EQ(dialogs_.silencers_offered, 0);

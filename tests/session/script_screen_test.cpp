@@ -64,6 +64,13 @@ TEST_F(ScriptScreenTest, FileDialogShowsTheChoice) {
             "file title=\"Map\" filter=\"\" folder=\"c:\\apu\" -> cancel\n");
 }
 
+TEST_F(ScriptScreenTest, ACauseIsALineOfTheLogAndNotOfTheTranscript) {
+  screen.Tell_Cause("c:\\data\\a.hdr, line 3\nitem 4");
+  screen.Message_Box("An error occurred!");
+  EXPECT_EQ(log.str(), "sylvomex: c:\\data\\a.hdr, line 3 item 4\n");
+  EXPECT_EQ(transcript.str(), "message \"An error occurred!\" title=\"\" buttons=ok -> ok\n");
+}
+
 TEST_F(ScriptScreenTest, TextsAreOneLineWithQuotesDoubled) {
   screen.Message_Box("a \"b\"\r\nc\nd");
   EXPECT_EQ(transcript.str(), "message \"a \"\"b\"\" c d\" title=\"\" buttons=ok -> ok\n");

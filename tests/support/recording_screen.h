@@ -30,11 +30,14 @@ class RecordingScreen : public Screen {
 
   // Output to the operator.
   std::vector<std::string> messages;
+  std::vector<std::string> causes;
   std::vector<InputBox> input_boxes;
   std::vector<FileQuestion> file_questions;
   std::vector<std::pair<int, int>> beeps;  // hertz, milliseconds
   std::vector<std::string> errors;
   int servicings = 0;
+
+  void Tell_Cause(std::string_view cause) override { causes.emplace_back(cause); }
 
   Answer Message_Box(std::string_view text, Buttons buttons, std::string_view) override {
     messages.emplace_back(text);
