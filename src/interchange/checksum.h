@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace sylvomex {
+
+/// SHA-256 of a file's content in lower-case hexadecimal digits. Refused when it cannot be read.
+std::string File_Checksum(const std::filesystem::path& file);
+
+/// SHA-256 of a text.
+std::string Text_Checksum(std::string_view text);
+
+}  // namespace sylvomex

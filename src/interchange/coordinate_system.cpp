@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "interchange/coordinate_system.h"
+
+#include <cpl_conv.h>
+#include <cpl_error.h>
+#include <gdal_priv.h>
+
+#include <cmath>
+#include <memory>
+#include <mutex>
+
+#include "interchange/failures.h"
+
+namespace sylvomex {
+
+void Start_Gdal() {
+  static std::once_flag started;
+  std::call_once(started, [] {
+    CPLSetErrorHandler(CPLQuietErrorHandler);
+    CPLSetConfigOption("GDAL_PAM_ENABLED", "NO");
+    CPLSetConfigOption("GDAL_DISABLE_READDIR_ON_OPEN", "TRUE");
+    GDALAllRegister();
+  });
+}
+
+std::string Gdal_Message(const std::string& otherwise) {
+  const std::string message = CPLGetLastErrorMsg();
+  return message.empty() ? otherwise : message;
+}
+
+OGRSpatialReference Coordinate_System(const std::string& text) {
+  Start_Gdal();
+  OGRSpatialReference system;
+  CPLErrorReset();
+  if (text.empty() ||
+      system.SetFromUserInput(text.c_str(), OGRSpatialReference::SET_FROM_USER_INPUT_LIMITATIONS) !=
+          OGRERR_NONE) {
+    throw Refused("\"" + text + "\" is no coordinate system: " +
+                  Gdal_Message("it is neither EPSG:n nor a PROJ string nor WKT"));
+  }
+  system.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+  return system;
+}
+
+void Require_Map_Metres(const OGRSpatialReference& system, const std::string& text) {
+  if (system.IsProjected() == 0) {
+    throw Refused("\"" + text + "\" has no map coordinates: a site needs a projected system");
+  }
+  if (std::abs(system.GetTargetLinearUnits("PROJCS") - 1) > 1e-9) {
+    throw Refused("\"" + text + "\" does not count in metres: a site needs a system in metres");
+  }
+}
+
+namespace {
+
+std::unique_ptr<OGRSpatialReference> Horizontal_Part(const OGRSpatialReference& system) {
+  std::unique_ptr<OGRSpatialReference> part(system.Clone());
+  if (part->IsCompound() != 0) part->StripVertical();
+  part->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+  return part;
+}
+
+}  // namespace
+
+bool Same_Horizontal(const OGRSpatialReference& a, const OGRSpatialReference& b) {
+  const auto first = Horizontal_Part(a);
+  const auto second = Horizontal_Part(b);
+  const char* const kOptions[] = {"IGNORE_DATA_AXIS_TO_SRS_AXIS_MAPPING=YES",
+                                  "CRITERION=EQUIVALENT_EXCEPT_AXIS_ORDER_GEOGCRS", nullptr};
+  return first->IsSame(second.get(), kOptions) != 0;
+}
+
+bool In_Area_Of_Use(const OGRSpatialReference& system, double X, double Y) {
+  double west = 0, south = 0, east = 0, north = 0;
+  const auto map = Horizontal_Part(system);
+  if (!map->GetAreaOfUse(&west, &south, &east, &north, nullptr)) return true;
+  OGRSpatialReference degrees;
+  degrees.SetWellKnownGeogCS("WGS84");
+  degrees.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+  const std::unique_ptr<OGRCoordinateTransformation> to_degrees(
+      OGRCreateCoordinateTransformation(map.get(), &degrees));
+  if (to_degrees == nullptr) return true;
+  if (to_degrees->Transform(1, &X, &Y) == 0 || !std::isfinite(X) || !std::isfinite(Y)) return false;
+  if (east < west) east += 360;
+  const double wide = (east - west) / 2;
+  const double high = (north - south) / 2;
+  return X > west - wide && X < east + wide && Y > south - high && Y < north + high;
+}
+
+void Refuse_Exchanged_Axes(const OGRSpatialReference& system, double X, double Y,
+                           const std::string& name) {
+  if (In_Area_Of_Use(system, X, Y) || !In_Area_Of_Use(system, Y, X)) return;
+  throw Refused(name + ": the position " + std::to_string(X) + ", " + std::to_string(Y) +
+                " lies outside the area of the site's coordinate system, and inside when X and Y "
+                "are exchanged");
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+// Coordinate systems as GDAL and PROJ know them. Everywhere here X is east and Y north, whatever
+// order of axes a system's authority prescribes.
+#pragma once
+
+#include <ogr_spatialref.h>
+
+#include <string>
+
+namespace sylvomex {
+
+/// Registers GDAL's drivers once; its own messages stay off the screen and are asked for by
+/// Gdal_Message. Inputs get no side files.
+void Start_Gdal();
+
+/// What GDAL said last, or the text for the case that it said nothing.
+std::string Gdal_Message(const std::string& otherwise);
+
+/// Reads "EPSG:3067", a PROJ string or WKT. Refused for anything else.
+OGRSpatialReference Coordinate_System(const std::string& text);
+
+/// Refused unless the system is one of map coordinates in metres, as the workstation needs it.
+void Require_Map_Metres(const OGRSpatialReference& system, const std::string& text);
+
+/// Whether two systems agree in the horizontal; each may be part of a compound system.
+bool Same_Horizontal(const OGRSpatialReference& a, const OGRSpatialReference& b);
+
+/// Whether a map position lies in the area for which the system is made, with half its size around
+/// it; true where the area is not known.
+bool In_Area_Of_Use(const OGRSpatialReference& system, double X, double Y);
+
+/// Refused when a position lies far outside the area of the system, but would lie inside with X and
+/// Y exchanged. name: the file that gives the position.
+void Refuse_Exchanged_Axes(const OGRSpatialReference& system, double X, double Y,
+                           const std::string& name);
+
+}  // namespace sylvomex

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "site_program/site_program.h"
+
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "support/temporary_folder.h"
+
+namespace sylvomex {
+namespace {
+
+struct Ran {
+  int status = -1;
+  std::string out;
+  std::string err;
+};
+
+Ran Play(std::vector<std::string> words) {
+  std::ostringstream out;
+  std::ostringstream err;
+  const int status = Run_Site_Program(std::move(words), out, err);
+  return {status, out.str(), err.str()};
+}
+
+TEST(SiteProgram, InitIsDone) {
+  const TemporaryFolder folder;
+  const Ran ran = Play({"init", folder.Path().string(), "--crs", "EPSG:3067"});
+  EXPECT_EQ(ran.status, 0);
+  EXPECT_EQ(ran.err, "");
+  EXPECT_TRUE(folder.Has("site.toml"));
+}
+
+TEST(SiteProgram, JsonMayStandAnywhereAndIsAlone) {
+  for (int place = 0; place <= 4; ++place) {
+    const TemporaryFolder folder;
+    std::vector<std::string> words{"init", folder.Path().string(), "--crs", "EPSG:3067"};
+    words.insert(words.begin() + place, "--json");
+    const Ran ran = Play(words);
+    EXPECT_EQ(ran.status, 0) << ran.err;
+    EXPECT_EQ(nlohmann::json::parse(ran.out)["crs"], "EPSG:3067");
+  }
+}
+
+TEST(SiteProgram, ARefusalIsOneAndNamesTheFolder) {
+  const TemporaryFolder folder;
+  const Ran ran = Play({"report", folder.Path().string(), "--json"});
+  EXPECT_EQ(ran.status, 1);
+  EXPECT_NE(ran.err.find(folder.Path().string()), std::string::npos);
+  EXPECT_TRUE(nlohmann::json::parse(ran.out).contains("error"));
+}
+
+TEST(SiteProgram, AWrongCommandLineIsTwo) {
+  for (const std::vector<std::string>& words :
+       {std::vector<std::string>{},
+        {"nothing"},
+        {"import"},
+        {"init"},
+        {"init", "x"},
+        {"import", "lidar", "x", "a.las"},
+        {"import", "lidar", "x", "a.las", "--campaign", "2005"},
+        {"import", "images", "x", "t.csv"},
+        {"import", "images", "x", "t", "f", "--stretch", "2"},
+        {"import", "images", "x", "t", "f", "--around", "1", "2", "3"},
+        {"export", "x", "cakes", "a", "b"},
+        {"report", "x", "--odd"}}) {
+    const Ran ran = Play(words);
+    EXPECT_EQ(ran.status, 2) << testing::PrintToString(words);
+    EXPECT_NE(ran.err, "");
+    EXPECT_EQ(ran.out, "");
+  }
+}
+
+TEST(SiteProgram, HelpIsDone) { EXPECT_EQ(Play({"--help"}).status, 0); }
+
+TEST(SiteProgram, NegativeNumbersAreNumbers) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(Play({"import", "images", folder.Path().string(), "t.csv", "f.tif", "--around", "-10.5",
+                  "-3", "-1e2", "50"})
+                .status,
+            1);
+}
+
+}  // namespace
+}  // namespace sylvomex
