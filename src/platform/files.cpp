@@ -27,19 +27,6 @@ std::size_t Write_At_Start(int descriptor, std::span<const std::uint8_t> content
   return done;
 }
 
-/// Appends with one write and a flush; returns 0 or an error number.
-int Append_And_Flush(int descriptor, std::string_view text) {
-  ssize_t count = 0;
-  do {
-    count = write(descriptor, text.data(), text.size());
-  } while (count < 0 && errno == EINTR);
-  if (count < 0) return errno;
-  if (static_cast<std::size_t>(count) != text.size()) return ENOSPC;
-  // Pipes and devices cannot be flushed, and need not be.
-  if (fdatasync(descriptor) != 0 && errno != EINVAL && errno != ENOTSUP) return errno;
-  return 0;
-}
-
 std::string Read_To_The_End(const FileDescriptor& open_file, const FilePath& file) {
   constexpr std::size_t kStep = 65536;
   constexpr std::size_t kLongestStream = std::size_t{1} << 28;  // for devices that never end
@@ -90,18 +77,6 @@ void Write_Whole_File(const FilePath& file, std::span<const std::uint8_t> conten
                         static_cast<std::uint64_t>(open_file.Status().st_size) > content.size();
   if (has_tail && ftruncate(open_file.Number(), static_cast<off_t>(content.size())) != 0) {
     Throw_File_Error(file, errno);
-  }
-  open_file.Close();
-}
-
-void Append_To_File(const FilePath& file, std::string_view text) {
-  FileDescriptor open_file(file, O_WRONLY | O_CREAT | O_APPEND);
-  const int error = Append_And_Flush(open_file.Number(), text);
-  if (error != 0) {
-    if (open_file.Is_Regular() && ftruncate(open_file.Number(), open_file.Status().st_size) != 0) {
-      Throw_File_Failure(file, "a line was written in part");
-    }
-    Throw_File_Error(file, error);
   }
   open_file.Close();
 }

@@ -22,8 +22,10 @@ std::string Read_Whole_File(const FilePath& file);
 void Write_Whole_File(const FilePath& file, std::string_view content);
 void Write_Whole_File(const FilePath& file, std::span<const std::uint8_t> content);
 
-/// Appends text (whole lines) with one write and flushes it to disk before returning. After a
-/// partial write the file is truncated to its old length.
+/// Appends text (whole lines) with one write and flushes it to disk before returning, with the file
+/// locked against other programs. What was written in part is taken back. A file whose last line
+/// has no line end gets one first, of which the operator is told once (operator_notices.h). With an
+/// empty text the file is only created, or reported when it cannot be opened.
 void Append_To_File(const FilePath& file, std::string_view text);
 
 /// Overwrites bytes at the start of an existing file, leaving the rest as it is.

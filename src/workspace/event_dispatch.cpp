@@ -3,6 +3,7 @@
 
 #include <new>
 
+#include "platform/operator_notices.h"
 #include "workspace/control_events.h"
 #include "workspace/control_lookup.h"
 
@@ -45,6 +46,19 @@ void Run_Guarded(Workspace& w, const std::function<void()>& handler) {
   PointerGuard guard(w);
   handler();
   guard.Done();
+}
+
+EventOutcome Run_To_Its_End(Workspace& w, const std::string& name,
+                            const std::function<void()>& handler) {
+  try {
+    Run_Guarded(w, handler);
+    return EventOutcome::Done;
+  } catch (const RunTimeError& error) {
+    w.screen->Report_Error(name, error.what(), error.Native_Path().string());
+  } catch (const std::bad_alloc&) {
+    w.screen->Report_Error(name, Failure_Text(Failure::OutOfMemory), "");
+  }
+  return EventOutcome::Error;
 }
 
 const WindowRow& Require_Window(const std::string& form) {
@@ -171,15 +185,9 @@ EventOutcome Close(Workspace& w, const WindowRow& window) {
 
 EventOutcome Run_Handler(Workspace& w, const std::string& name,
                          const std::function<void()>& handler) {
-  try {
-    Run_Guarded(w, handler);
-    return EventOutcome::Done;
-  } catch (const RunTimeError& error) {
-    w.screen->Report_Error(name, error.what(), error.Native_Path().string());
-  } catch (const std::bad_alloc&) {
-    w.screen->Report_Error(name, Failure_Text(Failure::OutOfMemory), "");
-  }
-  return EventOutcome::Error;
+  const EventOutcome outcome = Run_To_Its_End(w, name, handler);
+  for (const std::string& notice : Take_Notices()) w.screen->Message_Box(notice);
+  return outcome;
 }
 
 OperatorEvent Close_Event(const WindowRow& window) {

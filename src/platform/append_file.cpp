@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <mutex>
+#include <set>
+#include <string>
+#include <utility>
+
+#include "platform/append_witness.h"
+#include "platform/file_lock.h"
+#include "platform/files.h"
+#include "platform/operator_notices.h"
+#include "platform/run_time_error.h"
+
+namespace sylvomex {
+
+namespace {
+
+AppendWitness*& Present_Witness() {
+  static AppendWitness* witness = nullptr;
+  return witness;
+}
+
+/// The end of a locked file.
+struct Tail {
+  std::uint64_t size = 0;  // bytes
+  bool is_torn = false;    // the last line has no line end
+};
+
+/// A file that may be written but not read counts as whole.
+std::unique_ptr<FileDescriptor> Open_For_Append(const FilePath& file) {
+  try {
+    return Open_Locked(file, O_RDWR | O_CREAT | O_APPEND);
+  } catch (const RunTimeError& failure) {
+    if (failure.Kind() != Failure::PermissionDenied) throw;
+  }
+  return Open_Locked(file, O_WRONLY | O_CREAT | O_APPEND);
+}
+
+std::uint64_t Size_Of(const FileDescriptor& open_file, const FilePath& file) {
+  struct stat status = {};
+  if (fstat(open_file.Number(), &status) != 0) Throw_File_Error(file, errno);
+  return static_cast<std::uint64_t>(status.st_size);
+}
+
+Tail Tail_Of(const FileDescriptor& open_file, const FilePath& file) {
+  Tail tail{Size_Of(open_file, file), false};
+  char last = '\n';
+  const bool has_last =
+      tail.size > 0 && pread(open_file.Number(), &last, 1, static_cast<off_t>(tail.size - 1)) == 1;
+  tail.is_torn = has_last && last != '\n';
+  return tail;
+}
+
+struct Written {
+  std::uint64_t bytes = 0;
+  int error = 0;  // of the operating system; 0 when all is on the disk
+};
+
+Written Write_And_Flush(int descriptor, std::string_view lines) {
+  ssize_t count = 0;
+  do {
+    count = write(descriptor, lines.data(), lines.size());
+  } while (count < 0 && errno == EINTR);
+  if (count < 0) return {0, errno};
+  const auto bytes = static_cast<std::uint64_t>(count);
+  if (bytes != lines.size()) return {bytes, ENOSPC};
+  // Pipes and devices cannot be flushed, and need not be.
+  if (fdatasync(descriptor) != 0 && errno != EINVAL && errno != ENOTSUP) return {bytes, errno};
+  return {bytes, 0};
+}
+
+/// Cuts off what was written in part, and nothing that another program has written since.
+void Take_Back(const FileDescriptor& open_file, const FilePath& file, const Tail& tail,
+               std::uint64_t written) {
+  if (written == 0) return;
+  const bool is_last = Size_Of(open_file, file) == tail.size + written;
+  if (!is_last || ftruncate(open_file.Number(), static_cast<off_t>(tail.size)) != 0) {
+    Throw_File_Failure(file, "a line was written in part");
+  }
+}
+
+/// True once for each file in a program run.
+bool Is_First_Mending(const FilePath& file) {
+  static std::mutex mutex;
+  static std::set<std::string> mended;
+  const std::lock_guard lock(mutex);
+  return mended.insert(file.native.string()).second;
+}
+
+void Tell_Of_Torn_Line(const FilePath& file) {
+  if (!Is_First_Mending(file)) return;
+  Leave_Notice("The last line of " + file.name +
+               " had no line end and may be incomplete. The new line stands on a line of its own.");
+}
+
+void Append_Lines(const FileDescriptor& open_file, const FilePath& file, const Tail& tail,
+                  std::string_view text) {
+  const std::string lines = (tail.is_torn ? "\n" : "") + std::string(text);
+  const Written written = Write_And_Flush(open_file.Number(), lines);
+  if (written.error == 0) return;
+  Take_Back(open_file, file, tail, written.bytes);
+  Throw_File_Error(file, written.error);
+}
+
+}  // namespace
+
+AppendWitness* Set_Append_Witness(AppendWitness* witness) {
+  return std::exchange(Present_Witness(), witness);
+}
+
+void Append_To_File(const FilePath& file, std::string_view text) {
+  if (text.empty()) {
+    FileDescriptor(file, O_WRONLY | O_CREAT | O_APPEND).Close();
+    return;
+  }
+  const auto open_file = Open_For_Append(file);
+  AppendWitness* const witness = Present_Witness();
+  if (witness != nullptr && witness->Already_Written(file, text)) return;
+  const Tail tail = Tail_Of(*open_file, file);
+  const std::uint64_t offset = tail.size + (tail.is_torn ? 1 : 0);
+  if (witness != nullptr) witness->Will_Append(file, offset, text);
+  try {
+    Append_Lines(*open_file, file, tail, text);
+  } catch (const RunTimeError&) {
+    if (witness != nullptr) witness->Not_Appended(file, offset, text);
+    throw;
+  }
+  if (witness != nullptr) witness->Has_Appended(file, offset, text);
+  if (tail.is_torn) Tell_Of_Torn_Line(file);
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// Sees every append to a file of the operator: a journal tells by it, after a crash, which lines
+// are in their files already.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "platform/drive_map.h"
+
+namespace sylvomex {
+
+/// Append_To_File calls it with the file locked, in this order: Already_Written; when that is false
+/// Will_Append, the write, and Has_Appended or Not_Appended. An append of no text is not seen.
+class AppendWitness {
+ public:
+  virtual ~AppendWitness() = default;
+
+  /// True when the file holds the text already: the write is left out and counts as done. The file
+  /// may be changed meanwhile, e.g. cut back to the start of a torn line.
+  virtual bool Already_Written(const FilePath& file, std::string_view text) = 0;
+
+  /// The text will begin at that byte, counted from 0. An exception leaves the file alone and
+  /// reaches the caller of Append_To_File.
+  virtual void Will_Append(const FilePath& file, std::uint64_t offset, std::string_view text) = 0;
+
+  /// The text is on the disk.
+  virtual void Has_Appended(const FilePath& file, std::uint64_t offset, std::string_view text) = 0;
+
+  /// The append failed and its caller is told so; what was written in part has been taken back
+  /// where that was possible.
+  virtual void Not_Appended(const FilePath& file, std::uint64_t offset, std::string_view text) = 0;
+};
+
+/// Makes a witness that of the whole program, nullptr for none, and returns the former one.
+AppendWitness* Set_Append_Witness(AppendWitness* witness);
+
+}  // namespace sylvomex
