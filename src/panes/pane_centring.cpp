@@ -50,8 +50,8 @@ void Mark_Solution_And_Scale(Workspace& w, int image, double col, double row) {
   Plot_Point(picture, at.px, at.py, kWhite);
   picture.font = {"Arial", 20, true};
   picture.ForeColor = kWhite;
-  picture.CurrentX = 5;
-  picture.CurrentY = 5;
+  picture.CurrentX = kCornerText;
+  picture.CurrentY = kCornerText;
   const double scale = Scale_Number(Camera_Of(w, image), kScaleElevation);
   Print_Text(picture, Plain_Text(record.ImageId) + "    1:" + Format(scale, "00000"));
 }

@@ -7,6 +7,9 @@ namespace sylvomex {
 
 struct Workspace;
 
+/// Pane position, right and down, of the line of text that tells the image and its scale.
+inline constexpr double kCornerText = 5;
+
 /// A raw-file position, row from the top.
 struct RawCentre {
   int raw_col = 0;

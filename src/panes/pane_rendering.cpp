@@ -24,12 +24,12 @@ std::optional<GammaTable> Chosen_Gamma(const MenuChecks& menu) {
   return gamma;
 }
 
+}  // namespace
+
 FilePath Scratch_Bitmap(Workspace& w, int image) {
   w.ScratchBmpName = "c:\\data\\pic" + Plain_Text(std::int32_t{image}) + ".bmp";
   return w.Drives.Locate(w.ScratchBmpName.Trimmed());
 }
-
-}  // namespace
 
 int View_Extent(int pane_size, double zoom) { return To_Int16(pane_size / zoom); }
 
@@ -48,9 +48,9 @@ ViewWindow Fit_View_Window(Workspace& w, int image, int centre_col, int centre_r
   return window;
 }
 
-void Render_Scratch_Bitmap(Workspace& w, int image, const ViewWindow& window) {
+PaneBitmap Render_View(Workspace& w, int image, const ViewWindow& window,
+                       std::function<void()> on_exceeding) {
   const ImageRecord& record = w.ImageBlock(image);
-  if (record.ColorFlag > 1 || !Has_Pixels(record)) return;
   const PaneView& view = w.PaneViews(image);
   const MappedFile& file = w.RawFiles.Open(w.Drives.Locate(record.RawFileName.Trimmed()));
   const RawPixels raw{file.Bytes(), record.SubWidth, record.SubHeight, &file.File()};
@@ -60,9 +60,7 @@ void Render_Scratch_Bitmap(Workspace& w, int image, const ViewWindow& window) {
   request.zoom_y = view.ZoomY;
   request.pane_width = w.PaneWidth;
   request.pane_height = w.PaneHeight;
-  request.on_exceeding = [&w] {
-    w.screen->Message_Box("In create BMP: exceeding allowed indeces");
-  };
+  request.on_exceeding = std::move(on_exceeding);
   PaneBitmap bitmap;
   if (record.ColorFlag == 1) {
     request.gamma = Chosen_Gamma(w.Menu);
@@ -70,6 +68,15 @@ void Render_Scratch_Bitmap(Workspace& w, int image, const ViewWindow& window) {
   } else {
     Render_Grey(raw, request, bitmap);
   }
+  return bitmap;
+}
+
+void Render_Scratch_Bitmap(Workspace& w, int image, const ViewWindow& window) {
+  const ImageRecord& record = w.ImageBlock(image);
+  if (record.ColorFlag > 1 || !Has_Pixels(record)) return;
+  const PaneBitmap bitmap = Render_View(w, image, window, [&w] {
+    w.screen->Message_Box("In create BMP: exceeding allowed indeces");
+  });
   Write_Pane_Bitmap(Scratch_Bitmap(w, image), bitmap);
 }
 

@@ -3,7 +3,11 @@
 // file, loading. Failures are RunTimeErrors.
 #pragma once
 
+#include <functional>
+
+#include "imageblock/pane_bitmap.h"
 #include "imageblock/view_window.h"
+#include "platform/drive_map.h"
 
 namespace sylvomex {
 
@@ -14,6 +18,14 @@ struct Workspace;
 /// "Pan window is too large" and leaves them unchanged.
 ViewWindow Fit_View_Window(Workspace& w, int image, int centre_col, int centre_row, int width,
                            int height);
+
+/// The view window of an image with pixels and a ColorFlag of 0 or 1, at the pane's zoom and with
+/// the chosen gamma. on_exceeding: as in RenderRequest, may be empty.
+PaneBitmap Render_View(Workspace& w, int image, const ViewWindow& window,
+                       std::function<void()> on_exceeding);
+
+/// The file of an image's scratch bitmap, "c:\data\pic<k>.bmp".
+FilePath Scratch_Bitmap(Workspace& w, int image);
 
 /// Renders according to ColorFlag, at the pane's zoom, into the image's scratch bitmap; renders
 /// nothing for a flag other than 0 or 1 or for an image without pixels.

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdlib>
 
 #include "session/key_names.h"
 #include "session/step_arguments.h"
@@ -80,6 +81,37 @@ OperatorEvent Click_Event(Kind kind, Words words) {
   return event;
 }
 
+/// Of the named modifiers only.
+void Add_Modifiers(OperatorEvent& event, Words words, std::string_view allowed) {
+  for (const ScriptWord& word : words) {
+    if (word.text != allowed) {
+      throw StepEnd{kStepFailed, Quoted(word.text) + " is not " + std::string(allowed)};
+    }
+    Add_Pointer_Word(event, word.text);
+  }
+}
+
+constexpr long kMostNotches = 100;
+
+OperatorEvent Wheel_Event(Kind kind, Words words) {
+  OperatorEvent event = Event_On(kind, words[1].text);
+  Set_Position(event, words);
+  const long notches = Whole_Argument(words[4].text);
+  if (std::abs(notches) > kMostNotches) {
+    throw StepEnd{kStepFailed, "a wheel turns by at most " + std::to_string(kMostNotches)};
+  }
+  event.notches = static_cast<int>(notches);
+  Add_Modifiers(event, words.subspan(5), "ctrl");
+  return event;
+}
+
+OperatorEvent Pan_Event(Kind kind, Words words) {
+  OperatorEvent event = Event_On(kind, words[1].text);
+  Set_Position(event, words);
+  Add_Modifiers(event, words.subspan(4), "shift");
+  return event;
+}
+
 OperatorEvent Resize_Event(Kind kind, Words words) {
   OperatorEvent event = Window_Event(kind, words);
   Set_Position(event, words);
@@ -121,6 +153,8 @@ constexpr std::array kEventSteps{
     EventStep{"click", Kind::Click, Click_Event},
     EventStep{"doubleclick", Kind::DoubleClick, Click_Event},
     EventStep{"move", Kind::Move, Pointer_Event},
+    EventStep{"wheel", Kind::Wheel, Wheel_Event},
+    EventStep{"pan", Kind::Pan, Pan_Event},
     EventStep{"key", Kind::Key, Key_Event},
     EventStep{"resize", Kind::Resize, Resize_Event},
     EventStep{"close", Kind::Close, Window_Event},
@@ -185,6 +219,11 @@ std::string Step_Text(const OperatorEvent& event) {
     case Kind::DoubleClick:
       return step + Target_Text(event) + Position_Text(event) + Button_Text(event.button) +
              Modifiers_Text(event.shift);
+    case Kind::Wheel:
+      return step + Target_Text(event) + Position_Text(event) + " " +
+             std::to_string(event.notches) + Modifiers_Text(event.shift);
+    case Kind::Pan:
+      return step + Target_Text(event) + Position_Text(event) + Modifiers_Text(event.shift);
     case Kind::Move:
     case Kind::Resize:
       return step + Target_Text(event) + Position_Text(event);

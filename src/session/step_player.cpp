@@ -64,6 +64,8 @@ const StepPlayer::Row& StepPlayer::Find_Row(const ScriptStep& step) {
       Row{"click", 3, kAnyNumber, &StepPlayer::Play_Event},
       Row{"doubleclick", 3, kAnyNumber, &StepPlayer::Play_Event},
       Row{"move", 3, 3, &StepPlayer::Play_Event},
+      Row{"wheel", 4, 5, &StepPlayer::Play_Event},
+      Row{"pan", 3, 4, &StepPlayer::Play_Event},
       Row{"key", 1, kAnyNumber, &StepPlayer::Play_Event},
       Row{"resize", 3, 3, &StepPlayer::Play_Event},
       Row{"close", 1, 1, &StepPlayer::Play_Event},

@@ -100,7 +100,7 @@ void Require_Shown_Picture(Workspace& w, const WindowRow& window, const Operator
 }
 
 ControlEvent Pointer_At(const OperatorEvent& event, int index) {
-  return {index, event.button, event.shift, 0, event.x, event.y};
+  return {index, event.button, event.shift, 0, event.x, event.y, event.notches};
 }
 
 /// The target of a pointer event: a visible picture, or the window itself.
@@ -142,6 +142,12 @@ ControlName Move_Target(Workspace& w, const WindowRow& window, const OperatorEve
 EventOutcome Move(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
   const ControlName name = Move_Target(w, window, event);
   return Tell_Control(w, window, name.name, Happening::MouseMove, Pointer_At(event, name.index));
+}
+
+EventOutcome Move_View(Workspace& w, const WindowRow& window, const OperatorEvent& event,
+                       Happening happening) {
+  const ControlName name = Pointer_Target(w, window, event);
+  return Tell_Control(w, window, name.name, happening, Pointer_At(event, name.index));
 }
 
 bool Is_Key_Of(const MenuRow& row, const OperatorEvent& event) {
@@ -222,6 +228,10 @@ EventOutcome Handle_Window_Event(Workspace& w, const WindowRow& window,
       return Double_Click(w, window, event);
     case Kind::Move:
       return Move(w, window, event);
+    case Kind::Wheel:
+      return Move_View(w, window, event, Happening::Wheel);
+    case Kind::Pan:
+      return Move_View(w, window, event, Happening::Pan);
     case Kind::Key:
       return Key(w, window, event);
     case Kind::Resize:

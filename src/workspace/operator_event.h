@@ -26,6 +26,8 @@ struct OperatorEvent {
                   // releases the pointer
     DoubleClick,  // a double click on a picture that handles it, else two clicks
     Move,         // form, control (empty: the form itself), x, y
+    Wheel,        // form, control, shift, x, y, notches: turns the wheel over a picture
+    Pan,          // form, control, shift, x, y: drags a picture by x, y pane pixels
     Key,          // form, key_code, shift
     Resize,       // form, x by y client pixels
     Close,        // form: as the title bar's close button
@@ -38,6 +40,7 @@ struct OperatorEvent {
   int shift = 0;     // bit mask: kShift, kCtrl, kAlt
   int key_code = 0;  // "A" to "Z", "0" to "9", key pad 0 to 9 = 96 to 105, F1 to F12 = 112 to 123
   double x = 0, y = 0;  // pane or window pixels
+  int notches = 0;      // of the wheel, positive away from the operator
 };
 
 /// The event names something that does not exist.

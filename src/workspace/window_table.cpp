@@ -23,6 +23,10 @@ const char* Suffix(Happening happening) {
       return "_DblClick";
     case Happening::MouseMove:
       return "_MouseMove";
+    case Happening::Wheel:
+      return "_Wheel";
+    case Happening::Pan:
+      return "_Pan";
     case Happening::Resize:
       return "_Resize";
   }

@@ -22,6 +22,8 @@ enum class Happening {
   MouseDown,  // the pointer was pressed on a picture or on the window's background
   DblClick,   // second press on a picture; without this handler it is a MouseDown
   MouseMove,  // the pointer moves over a control or the window's background
+  Wheel,      // the wheel turns over a picture
+  Pan,        // a picture is dragged
   Resize,     // new client size; windows with this handler are resizable
 };
 
@@ -30,7 +32,8 @@ struct ControlEvent {
   int button = 0;        // kLeftButton, kRightButton, kMiddleButton
   int shift = 0;         // mask of kShift, kCtrl, kAlt
   int key_code = 0;      // as in OperatorEvent
-  double x = 0, y = 0;   // pane pixels; client pixels for the window itself
+  double x = 0, y = 0;   // pane pixels; client pixels for the window itself; of a Pan the distance
+  int notches = 0;       // of the wheel
 };
 
 inline constexpr const char* kWindowItself = "";

@@ -11,7 +11,7 @@ namespace sylvomex {
 bool operator==(const OperatorEvent& a, const OperatorEvent& b) {
   return a.kind == b.kind && a.form == b.form && a.control == b.control && a.text == b.text &&
          a.button == b.button && a.shift == b.shift && a.key_code == b.key_code && a.x == b.x &&
-         a.y == b.y;
+         a.y == b.y && a.notches == b.notches;
 }
 
 namespace {
@@ -75,6 +75,24 @@ TEST(EventSteps, KeyGoesToTheMainWindowUnlessNamed) {
   EXPECT_EQ(event.shift, kCtrl | kShift);
 }
 
+TEST(EventSteps, WheelHasItsNotchesAndPlace) {
+  const OperatorEvent event = Event_Of("wheel Picture1(2) 12.5 30 -2 ctrl");
+  EXPECT_EQ(event.kind, Kind::Wheel);
+  EXPECT_EQ(event.control, "Picture1(2)");
+  EXPECT_EQ(event.x, 12.5);
+  EXPECT_EQ(event.y, 30);
+  EXPECT_EQ(event.notches, -2);
+  EXPECT_EQ(event.shift, kCtrl);
+}
+
+TEST(EventSteps, PanHasItsDistance) {
+  const OperatorEvent event = Event_Of("pan Picture1(2) -8 3.5 shift");
+  EXPECT_EQ(event.kind, Kind::Pan);
+  EXPECT_EQ(event.x, -8);
+  EXPECT_EQ(event.y, 3.5);
+  EXPECT_EQ(event.shift, kShift);
+}
+
 TEST(EventSteps, ResizeHasTheSize) {
   const OperatorEvent event = Event_Of("resize Form1 800 600");
   EXPECT_EQ(event.kind, Kind::Resize);
@@ -90,16 +108,36 @@ TEST(EventSteps, InvalidArgumentFails) {
   EXPECT_THROW(Event_Of("key A right"), StepEnd);
   EXPECT_THROW(Event_Of("resize Form1 -1 600"), StepEnd);
   EXPECT_THROW(Event_Of("move Form1 nan 2"), StepEnd);
+  EXPECT_THROW(Event_Of("wheel Picture1(0) 1 2 0.5"), StepEnd);
+  EXPECT_THROW(Event_Of("wheel Picture1(0) 1 2 101"), StepEnd);
+  EXPECT_THROW(Event_Of("wheel Picture1(0) 1 2 1 shift"), StepEnd);
+  EXPECT_THROW(Event_Of("pan Picture1(0) 1 2 ctrl"), StepEnd);
 }
 
 TEST(EventSteps, EveryStepIsWrittenAsRead) {
-  for (const char* line :
-       {"menu Exit", "menu Form2.Apply", "command Zonal", "set Text1(3) 0.0123",
-        "set Form2.Text5 \"\"", "set Text4 \"a \"\"b\"\" c\"", "press Form3.Accept_And_Save_Button",
-        "click Picture1(0) 12.5 0.1", "click Picture1(8) 1 2 right shift ctrl alt",
-        "doubleclick Form5.Picture1 3 4", "move Picture1(1) 1e-05 2", "move Form1 5 6",
-        "key Form2 Enter", "key U", "key 7 shift", "key num4", "key F12 ctrl", "key code191",
-        "resize Form1 1280 1024"}) {
+  for (const char* line : {"menu Exit",
+                           "menu Form2.Apply",
+                           "command Zonal",
+                           "set Text1(3) 0.0123",
+                           "set Form2.Text5 \"\"",
+                           "set Text4 \"a \"\"b\"\" c\"",
+                           "press Form3.Accept_And_Save_Button",
+                           "click Picture1(0) 12.5 0.1",
+                           "click Picture1(8) 1 2 right shift ctrl alt",
+                           "doubleclick Form5.Picture1 3 4",
+                           "move Picture1(1) 1e-05 2",
+                           "move Form1 5 6",
+                           "key Form2 Enter",
+                           "key U",
+                           "key 7 shift",
+                           "key num4",
+                           "key F12 ctrl",
+                           "key code191",
+                           "resize Form1 1280 1024",
+                           "wheel Picture1(3) 12.5 7 -2",
+                           "wheel Picture1(0) 1 2 3 ctrl",
+                           "pan Picture1(1) -3.5 4",
+                           "pan Picture1(0) 1 -2 shift"}) {
     EXPECT_EQ(Step_Text(Event_Of(line)), line);
     EXPECT_EQ(Event_Of(Step_Text(Event_Of(line))), Event_Of(line));
   }
