@@ -6,12 +6,10 @@
 #include <utility>
 
 #include "imageblock/bitmap_file.h"
-#include "imageblock/pane_renderer.h"
-#include "imageblock/view_moves.h"
-#include "matching/image_template.h"
 #include "panes/carried_marks.h"
 #include "panes/pane_drawing.h"
 #include "panes/pane_rendering.h"
+#include "panes/shown_raster.h"
 #include "state/camera_access.h"
 #include "state/workspace.h"
 
@@ -20,40 +18,19 @@ namespace {
 
 using Bitmap = std::shared_ptr<const PaneBitmap>;
 
-bool Shows_Correlation(const Workspace& w, int image) { return w.ImageKinds(image) == 2; }
-
-PaneView& View_Of(Workspace& w, int image) {
-  return Shows_Correlation(w, image) ? w.CorrelationPaneViews(image) : w.PaneViews(image);
-}
-
-ViewFrame Frame_Of(const Workspace& w, int image) {
-  const ImageRecord& record =
-      Shows_Correlation(w, image) ? w.CorrelationRecords(image) : w.ImageBlock(image);
-  return {record.SubWidth, record.SubHeight, w.PaneWidth, w.PaneHeight};
-}
-
-bool Can_Move(Workspace& w, int image) {
-  const ImageRecord& record = w.ImageBlock(image);
-  return View_Of(w, image).ZoomX > 0 && Has_Pixels(record) && record.ColorFlag <= 1;
-}
-
-Bitmap Correlation_View(Workspace& w, int image, const ViewFrame& frame) {
-  const PaneBitmap patch = Load_Bitmap(Correlation_Picture_File(w.Drives, image));
-  const PaneView& view = View_Of(w, image);
+RenderRequest Request_Of(const PaneView& view, const ViewFrame& frame) {
   RenderRequest request;
   request.window = Window_Of_View(view, frame);
   request.zoom_x = view.ZoomX;
   request.zoom_y = view.ZoomY;
   request.pane_width = frame.pane_width;
   request.pane_height = frame.pane_height;
-  PaneBitmap shown;  // the patch is grey, so the order of its colours does not matter
-  Render_Colour({patch.bgr, double(patch.width), double(patch.height), nullptr}, request, shown);
-  return std::make_shared<const PaneBitmap>(std::move(shown));
+  return request;
 }
 
-Bitmap Photograph_View(Workspace& w, int image, const ViewFrame& frame) {
-  PaneBitmap shown = Render_View(w, image, Window_Of_View(View_Of(w, image), frame), {});
-  Write_Pane_Bitmap(Scratch_Bitmap(w, image), shown);
+Bitmap Rendered_View(Workspace& w, int image, const PaneView& view) {
+  PaneBitmap shown = Render_Shown(w, image, Request_Of(view, Shown_Frame(w, image)));
+  if (!Shows_Correlation(w, image)) Write_Pane_Bitmap(Scratch_Bitmap(w, image), shown);
   return std::make_shared<const PaneBitmap>(std::move(shown));
 }
 
@@ -62,21 +39,12 @@ bool Same_View(const PaneView& a, const PaneView& b) {
          a.ZoomY == b.ZoomY;
 }
 
-/// The view is taken back when its pixels cannot be read.
 void Show_View(Workspace& w, int image, const PaneView& after) {
-  PaneView& view = View_Of(w, image);
+  PaneView& view = Shown_View(w, image);
   const PaneView before = view;
   if (Same_View(before, after)) return;
-  const ViewFrame frame = Frame_Of(w, image);
+  Bitmap bitmap = Rendered_View(w, image, after);
   view = after;
-  Bitmap bitmap;
-  try {
-    bitmap = Shows_Correlation(w, image) ? Correlation_View(w, image, frame)
-                                         : Photograph_View(w, image, frame);
-  } catch (...) {
-    View_Of(w, image) = before;
-    throw;
-  }
   Load_Other_View(w.Form1.Picture1(image), std::move(bitmap), before, after);
 }
 
@@ -94,8 +62,8 @@ std::optional<Point3D> Point_Under(const Workspace& w, int image, const PanePosi
 }
 
 void Zoom_About(Workspace& w, int image, const PanePosition& at, int steps) {
-  const PaneView view = View_Of(w, image);
-  const ViewFrame frame = Frame_Of(w, image);
+  const PaneView view = Shown_View(w, image);
+  const ViewFrame frame = Shown_Frame(w, image);
   const double zoom = Stepped_Zoom(view.ZoomX, steps, frame);
   if (zoom != view.ZoomX) Show_View(w, image, Zoomed_View(view, frame, zoom, at.px, at.py));
 }
@@ -109,7 +77,7 @@ PanePosition Shown_Or_Centre(const Workspace& w, int image, const std::optional<
 }
 
 void Drag(Workspace& w, int image, double dx, double dy) {
-  Show_View(w, image, Dragged_View(View_Of(w, image), Frame_Of(w, image), dx, dy));
+  Show_View(w, image, Dragged_View(Shown_View(w, image), Shown_Frame(w, image), dx, dy));
 }
 
 /// Moves the view of a pane by a distance on the plane.
@@ -124,30 +92,30 @@ void Follow(Workspace& w, int image, double east, double north) {
 }  // namespace
 
 void Zoom_Pane_About(Workspace& w, int image, double px, double py, int steps) {
-  if (Can_Move(w, image)) Zoom_About(w, image, {px, py}, steps);
+  if (Shows_Image(w, image)) Zoom_About(w, image, {px, py}, steps);
 }
 
 void Zoom_All_Panes_About(Workspace& w, int image, double px, double py, int steps) {
-  if (!Can_Move(w, image)) return;
+  if (!Shows_Image(w, image)) return;
   const auto point = Point_Under(w, image, {px, py});
   for (int k = 0; k < w.ImageCount; ++k) {
-    if (!Can_Move(w, k)) continue;
+    if (!Shows_Image(w, k)) continue;
     Zoom_About(w, k, k == image ? PanePosition{px, py} : Shown_Or_Centre(w, k, point), steps);
   }
 }
 
 void Drag_Pane(Workspace& w, int image, double dx, double dy) {
-  if (Can_Move(w, image)) Drag(w, image, dx, dy);
+  if (Shows_Image(w, image)) Drag(w, image, dx, dy);
 }
 
 void Drag_All_Panes(Workspace& w, int image, double dx, double dy) {
-  if (!Can_Move(w, image)) return;
+  if (!Shows_Image(w, image)) return;
   const auto from = Point_Under(w, image, Centre_Of_Pane(w));
   Drag(w, image, dx, dy);
   const auto to = Point_Under(w, image, Centre_Of_Pane(w));
   if (!from || !to) return;
   for (int k = 0; k < w.ImageCount; ++k) {
-    if (k != image && Can_Move(w, k)) Follow(w, k, to->X - from->X, to->Y - from->Y);
+    if (k != image && Shows_Image(w, k)) Follow(w, k, to->X - from->X, to->Y - from->Y);
   }
 }
 

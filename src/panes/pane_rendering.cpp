@@ -48,19 +48,10 @@ ViewWindow Fit_View_Window(Workspace& w, int image, int centre_col, int centre_r
   return window;
 }
 
-PaneBitmap Render_View(Workspace& w, int image, const ViewWindow& window,
-                       std::function<void()> on_exceeding) {
+PaneBitmap Render_Photograph(Workspace& w, int image, RenderRequest request) {
   const ImageRecord& record = w.ImageBlock(image);
-  const PaneView& view = w.PaneViews(image);
   const MappedFile& file = w.RawFiles.Open(w.Drives.Locate(record.RawFileName.Trimmed()));
   const RawPixels raw{file.Bytes(), record.SubWidth, record.SubHeight, &file.File()};
-  RenderRequest request;
-  request.window = window;
-  request.zoom_x = view.ZoomX;
-  request.zoom_y = view.ZoomY;
-  request.pane_width = w.PaneWidth;
-  request.pane_height = w.PaneHeight;
-  request.on_exceeding = std::move(on_exceeding);
   PaneBitmap bitmap;
   if (record.ColorFlag == 1) {
     request.gamma = Chosen_Gamma(w.Menu);
@@ -74,9 +65,17 @@ PaneBitmap Render_View(Workspace& w, int image, const ViewWindow& window,
 void Render_Scratch_Bitmap(Workspace& w, int image, const ViewWindow& window) {
   const ImageRecord& record = w.ImageBlock(image);
   if (record.ColorFlag > 1 || !Has_Pixels(record)) return;
-  const PaneBitmap bitmap = Render_View(w, image, window, [&w] {
+  const PaneView& view = w.PaneViews(image);
+  RenderRequest request;
+  request.window = window;
+  request.zoom_x = view.ZoomX;
+  request.zoom_y = view.ZoomY;
+  request.pane_width = w.PaneWidth;
+  request.pane_height = w.PaneHeight;
+  request.on_exceeding = [&w] {
     w.screen->Message_Box("In create BMP: exceeding allowed indeces");
-  });
+  };
+  const PaneBitmap bitmap = Render_Photograph(w, image, std::move(request));
   Write_Pane_Bitmap(Scratch_Bitmap(w, image), bitmap);
 }
 

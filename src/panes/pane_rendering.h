@@ -3,9 +3,7 @@
 // file, loading. Failures are RunTimeErrors.
 #pragma once
 
-#include <functional>
-
-#include "imageblock/pane_bitmap.h"
+#include "imageblock/pane_renderer.h"
 #include "imageblock/view_window.h"
 #include "platform/drive_map.h"
 
@@ -19,10 +17,8 @@ struct Workspace;
 ViewWindow Fit_View_Window(Workspace& w, int image, int centre_col, int centre_row, int width,
                            int height);
 
-/// The view window of an image with pixels and a ColorFlag of 0 or 1, at the pane's zoom and with
-/// the chosen gamma. on_exceeding: as in RenderRequest, may be empty.
-PaneBitmap Render_View(Workspace& w, int image, const ViewWindow& window,
-                       std::function<void()> on_exceeding);
+/// Renders the raw file of an image with pixels and a ColorFlag of 0 or 1 with the chosen gamma.
+PaneBitmap Render_Photograph(Workspace& w, int image, RenderRequest request);
 
 /// The file of an image's scratch bitmap, "c:\data\pic<k>.bmp".
 FilePath Scratch_Bitmap(Workspace& w, int image);
