@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+// A first reading of all echoes, before anything is written: whether the files hold what their
+// headers say, where the echoes lie, and how their times spread.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <limits>
+#include <span>
+#include <vector>
+
+#include "interchange/echo_record.h"
+
+namespace sylvomex {
+
+/// What one source holds.
+struct SourceSurvey {
+  std::array<std::int32_t, 3> least{};  // positions as they stand in the file
+  std::array<std::int32_t, 3> greatest{};
+  double first_time = 0, last_time = 0;  // least and greatest
+  std::uint64_t ground = 0;              // echoes of class 2
+  bool all_times_finite = true;
+};
+
+struct EchoSurvey {
+  std::vector<SourceSurvey> sources;
+  std::uint64_t echoes = 0;
+  std::vector<std::uint64_t> sampled_keys;  // of every 64th echo with a time, in order of the files
+};
+
+/// Reads all points of the sources. Refused for a file that becomes shorter.
+EchoSurvey Survey_Echoes(std::span<const EchoSource> sources);
+
+/// Whether the times of a source tell its pulses apart: its format has times, and not more echoes
+/// than a pulse can have share a single one.
+bool Times_Tell_Pulses(const EchoSource& source, const SourceSurvey& survey);
+
+/// Limits that divide the echoes into shares of about `share` echoes, by the sampled keys: share i
+/// holds the keys from limits[i - 1] up to below limits[i]. Echoes of one key are never divided.
+std::vector<std::uint64_t> Share_Limits(std::vector<std::uint64_t> sampled_keys,
+                                        std::uint64_t share);
+
+}  // namespace sylvomex

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#include "interchange/sensor_positions.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace sylvomex {
+
+SensorPosition Sensor_Above(const Point3D& first_echo, double flying_height, double angle_degrees,
+                            const std::optional<Heading>& heading) {
+  const double aside = flying_height * std::tan(angle_degrees * std::numbers::pi / 180);
+  const Heading forward = heading.value_or(Heading{});
+  return {{first_echo.X - aside * forward.Y, first_echo.Y + aside * forward.X,
+           first_echo.Z + flying_height},
+          heading.has_value() || angle_degrees == 0};
+}
+
+SensorPosition SensorPositions::Of(const EchoRecord& first, const Point3D& at,
+                                   bool standard_time) const {
+  if (!trajectory_) {
+    const double angle = first.angle * kAngleUnit;
+    return Sensor_Above(at, flying_height_, angle,
+                        angle == 0 ? std::nullopt : lines_.Heading_Of(first.line));
+  }
+  const double time = Trajectory_Time(*trajectory_, Time_Of(first.key), standard_time);
+  return {trajectory_->At(time), Has_Time(first.key) && trajectory_->Covers(time)};
+}
+
+}  // namespace sylvomex
