@@ -45,6 +45,7 @@ Windows::~Windows() {
 
 void Windows::Mirror() {
   for (const auto& window : windows_) window->Mirror();
+  if (mirrored_) mirrored_();
 }
 
 FormWindow* Windows::Find(std::string_view form) const {

@@ -2,8 +2,10 @@
 // The windows of the workstation over one block.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "desktop/form_window.h"
@@ -25,6 +27,9 @@ class Windows {
   /// Copies changes in the block to all windows.
   void Mirror();
 
+  /// Called at the end of every Mirror; empty for nothing.
+  void When_Mirrored(std::function<void()> mirrored) { mirrored_ = std::move(mirrored); }
+
   [[nodiscard]] FormWindow& Main() const { return *windows_.front(); }
 
   /// nullptr for a window that does not exist.
@@ -32,6 +37,7 @@ class Windows {
 
  private:
   std::vector<std::unique_ptr<FormWindow>> windows_;  // the main window first: it owns the others
+  std::function<void()> mirrored_;
 };
 
 }  // namespace sylvomex

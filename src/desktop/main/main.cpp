@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
+#include <optional>
 
 #include "desktop/desktop.h"
 #include "desktop/dialog_layout.h"
@@ -13,6 +14,7 @@
 #include "desktop/open_display.h"
 #include "desktop/qt_text.h"
 #include "desktop/script_windows.h"
+#include "desktop_aids/aids.h"
 #include "platform/run_time_error.h"
 #include "session/start_advice.h"
 #include "session/step_end.h"
@@ -73,6 +75,8 @@ int Run_Desktop(const CommandLine& line, int argc, char** argv) {
   } catch (const RunTimeError& failure) {
     return Report_Failed_Start(failure, DriveMap(options.root));
   }
+  std::optional<Aids> aids;
+  if (!line.plain) aids.emplace(desktop);
   if (!line.begin.empty()) desktop.Begin_With(line.begin);
   return QApplication::exec();
 }

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "desktop_aids/magnifier.h"
+
+#include "aids_fixture.h"
+
+namespace sylvomex {
+namespace {
+
+class Glass : public AidedDesktop {
+ protected:
+  void Press_Down() { QTest::keyPress(&Pane(0), Magnifier::kKey); }
+  void Let_Go() { QTest::keyRelease(&Pane(0), Magnifier::kKey); }
+
+  void Lock_At(int pane, double px, double py) {
+    Point_At(pane, px, py);
+    Pane(0).setFocus();
+    Press_Down();
+    Let_Go();
+    ASSERT_TRUE(Magnifying().Is_Locked());
+  }
+
+  Magnifier& Magnifying() { return aids_->Glass(); }
+
+  /// A place inside the square, from its middle.
+  static QPointF From_Middle(double dx, double dy) {
+    constexpr double kMiddle = Magnifier::kSide / 2.0 + Magnifier::kFrame;
+    return {kMiddle + dx, kMiddle + dy};
+  }
+};
+
+TEST_F(Glass, IsThereWhileItsKeyIsHeld) {
+  Point_At(0, 150, 140);
+  Pane(0).setFocus();
+  EXPECT_FALSE(Magnifying().isVisible());
+  Press_Down();
+  EXPECT_TRUE(Magnifying().isVisible());
+  QTest::qWait(300);
+  Let_Go();
+  EXPECT_FALSE(Magnifying().isVisible());
+}
+
+TEST_F(Glass, ATapLocksItAndAnotherTapOrEscapeEndsIt) {
+  Lock_At(0, 150, 140);
+  EXPECT_TRUE(Magnifying().isVisible());
+  Press_Down();
+  Let_Go();
+  EXPECT_FALSE(Magnifying().isVisible());
+  Lock_At(0, 150, 140);
+  QTest::keyClick(&Pane(0), Qt::Key_Escape);
+  EXPECT_FALSE(Magnifying().isVisible());
+}
+
+// At 1:1 and 8x a magnifier pixel is an eighth of a pane pixel: 3 to the right are 0.375.
+TEST_F(Glass, AClickInItMeasuresAFractionOfAPixel) {
+  Lock_At(0, 150, 140);
+  Send_Mouse(Magnifying(), QEvent::MouseButtonPress, From_Middle(3, -2), Qt::LeftButton,
+             Qt::LeftButton);
+  const PaneView& view = w().PaneViews(0);
+  const double x = (view.ViewCol + 150.375 - 500) * 1e-5;
+  const double y = (1000 - (view.ViewRow + 139.75) - 500) * 1e-5;
+  EXPECT_NEAR(std::stod(w().Form1.Text1(0).Text), x, 0.51e-7);
+  EXPECT_NEAR(std::stod(w().Form1.Text1(1).Text), y, 0.51e-7);
+  EXPECT_TRUE(Magnifying().isVisible());
+}
+
+TEST_F(Glass, TheWheelInItChoosesTheFactor) {
+  Lock_At(0, 150, 140);
+  const auto turn = [&](int eighths) {
+    const QPointF at = From_Middle(0, 0);
+    QWheelEvent event(at, Magnifying().mapToGlobal(at), {}, {0, eighths}, Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&Magnifying(), &event);
+  };
+  EXPECT_EQ(Magnifying().Factor(), 8);
+  for (int k = 0; k < 5; ++k) turn(120);
+  EXPECT_EQ(Magnifying().Factor(), 16);
+  for (int k = 0; k < 9; ++k) turn(-120);
+  EXPECT_EQ(Magnifying().Factor(), 4);
+  EXPECT_EQ(w().PaneViews(0).ZoomX, 1);
+}
+
+// SmallSite: red is the raw column mod 251; the cross leaves the middle free.
+TEST_F(Glass, ShowsRawPixelsWithAFreeMiddle) {
+  Lock_At(0, 150, 140);
+  const QImage shown = Magnifying().grab().toImage();
+  const int col = w().PaneViews(0).ViewCol + 150;
+  const int row = w().PaneViews(0).ViewRow + 140;
+  EXPECT_EQ(shown.pixel(From_Middle(2, 2).toPoint()), qRgb(col % 251, row % 241, 7));
+  EXPECT_EQ(shown.pixel(From_Middle(-2, 2).toPoint()), qRgb((col - 1) % 251, row % 241, 7));
+  EXPECT_NE(shown.pixel(From_Middle(12, 0).toPoint()), qRgb((col + 1) % 251, row % 241, 7));
+}
+
+TEST_F(Glass, ItsKeyInABoxTypes) {
+  Point_At(0, 150, 140);
+  auto& box = Get<QLineEdit>("Text5");
+  box.setFocus();
+  box.setCursorPosition(0);
+  QTest::keyClick(&box, Magnifier::kKey);
+  EXPECT_TRUE(box.text().startsWith("g"));
+  EXPECT_FALSE(Magnifying().isVisible());
+}
+
+TEST_F(Glass, ItsKeyReachesNoCommand) {
+  Start_Recorded("session.txt");
+  Lock_At(0, 150, 140);
+  Press_Down();
+  Let_Go();
+  EXPECT_EQ(site_.Folder().Read("session.txt").find("key G"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace sylvomex
