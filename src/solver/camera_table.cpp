@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "closedlib/counted_loop.h"
-#include "platform/files.h"
+#include "platform/name_below.h"
 #include "platform/number_text.h"
 #include "platform/run_time_error.h"
 
@@ -34,13 +34,25 @@ class CameraLine {
     Require_Item();
     return list_.Read_Text_To_Comma();
   }
-  // Part of a file name.
+  // The path of a file, or a part of its name.
   std::string Name() {
     std::string name = Text();
     if (!name.empty()) return name;
     throw RunTimeError(Failure::BadContent, list_.Where() + ": an empty text names no file",
                        native_);
   }
+  // The names of point-in-image files are made of these two items: none may lead out of their
+  // folder. At fault is the first part when it leads out by itself.
+  void Require_Names_Below(const std::string& start, const std::string& end) const {
+    const bool starts_below = Stays_Below(start + "_");
+    if (starts_below && Stays_Below(start + "_" + end)) return;
+    throw RunTimeError(Failure::BadContent,
+                       line_place_ + (starts_below ? ", item 10: " : ", item 12: ") +
+                           Quoted_For_Message(starts_below ? end : start) +
+                           " leads out of the folder of the point-in-image files",
+                       native_);
+  }
+
   // Spreadsheets write empty trailing items.
   void Require_End() {
     while (!list_.At_End()) {
@@ -76,6 +88,7 @@ TableCamera Read_Camera(CameraLine& line) {
   camera.header = line.Name();
   camera.name_start = line.Name();
   line.Require_End();
+  line.Require_Names_Below(camera.name_start, camera.name_end);
   return camera;
 }
 
@@ -115,8 +128,7 @@ Camera Camera_Of(const TableCamera& line) {
 
 }  // namespace
 
-CameraTableReader::CameraTableReader(const FilePath& file)
-    : CameraTableReader(Read_Whole_File(file), file) {}
+CameraTableReader::CameraTableReader(const FilePath& file) : file_(file), lines_(file) {}
 
 CameraTableReader::CameraTableReader(std::string content, FilePath file)
     : file_(std::move(file)), lines_(std::move(content), file_.name) {}

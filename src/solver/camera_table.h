@@ -31,9 +31,9 @@ struct TableCamera {
 };
 
 /// Reads a table line by line, skipping empty lines. RunTimeError(BadContent) for a line that does
-/// not have exactly twelve items (empty trailing items do not count) or has an empty file name
-/// part (items 10 to 12); for a text in place of a number the errors of the list reader. Each
-/// names file, line and item.
+/// not have exactly twelve items (empty trailing items do not count), has an empty file name part
+/// (items 10 to 12) or one that leads out of the folder of the point-in-image files; for a text in
+/// place of a number the errors of the list reader. Each names file, line and item.
 class CameraTableReader {
  public:
   explicit CameraTableReader(const FilePath& file);

@@ -83,6 +83,30 @@ TEST(CameraTable, AnEmptyPartOfAFileNameIsNamedByItsItem) {
             "wanted");
 }
 
+std::string Failure_Of_Names(const std::string& start, const std::string& end) {
+  return Failure_Of("1,x,0.2,0,0,0,1,2,3,a,b.hdr,c\n1,x,0.2,0,0,0,1,2,3," + end + ",b.hdr," +
+                    start + "\n");
+}
+
+TEST(CameraTable, ANameThatLeadsOutOfItsFolderIsRefusedByLineAndItem) {
+  const std::string place = "Bad content: c:\\data\\cam.csv, line 2, item ";
+  const std::string reason = " leads out of the folder of the point-in-image files";
+  for (const std::string end : {"/../../x", "\\..\\..\\x", "x/y/../../../z", "x\\../..\\z/../.."}) {
+    EXPECT_EQ(Failure_Of_Names("photo", end), place + "10: \"" + end + "\"" + reason);
+  }
+  for (const std::string start : {"/../x", "..\\x", "../../x", "/x", "\\x", "c:\\x", "d:x"}) {
+    EXPECT_EQ(Failure_Of_Names(start, "s 1"), place + "12: \"" + start + "\"" + reason);
+  }
+}
+
+TEST(CameraTable, NamesWithDotsAndFoldersThatStayBelowAreTaken) {
+  for (const std::string end : {"..", "a..b", ".x", "x/y", "x/../y", "12:30", "/x", "/../x"}) {
+    EXPECT_EQ(Failure_Of_Names("a", end), "no failure") << end;
+  }
+  EXPECT_EQ(Failure_Of_Names("..", "s 1"), "no failure");  // ".._s 1.txt" is a plain name
+  EXPECT_EQ(Failure_Of_Names("strip 7\\photo", "s 1"), "no failure");
+}
+
 TEST(CameraTable, ALineWithMoreItemsIsNamed) {
   EXPECT_EQ(Failure_Of("1,x,0.2,0,0,0,1,2,3,a,b.hdr,c,d\n"),
             "Bad content: c:\\data\\cam.csv, line 1, item 13: 12 items are wanted on a line");

@@ -188,7 +188,7 @@ void Measure_Local_Crown(Workspace& w, LocalSite& site, CrownEchoes& echoes,
 }  // namespace
 
 void Match_Local_Crown(Workspace& w) {
-  if (Read_Pulse_Tile(Solution_Tile(w, Campaign::Als2006), w.LidarPulses) == 0) return;
+  if (Read_Tile(w, Solution_Tile(w, Campaign::Als2006)) == 0) return;
   LocalSite site{w.Solution3D, Get_Raster_Elevation(w, w.Solution3D.X, w.Solution3D.Y), 0,
                  Get_Species(w)};
   site.height = site.top.Z - site.ground;

@@ -61,6 +61,7 @@ void Plot_Lehtomaa(Workspace& w) {
   const FilePath tile = Solution_Tile(w, Campaign::Als2004);
   Write_Whole_File(w.Drives.Locate("c:\\data\\2004_lidar.txt"), "");
   w.LidarPlotScale = kLehtomaaPlotScale;
+  if (Is_Missing_Outside(w, tile)) return;
   Make_Missing_File(tile);
   for (const Lidar2004Record& record : Read_Tile_2004(tile)) Plot_Last_Echo(w, record, colours);
 }

@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "commands/lidar/lidar_inputs.h"
 
+#include <filesystem>
+#include <system_error>
+
 #include "lidar/path_header.h"
+#include "lidar/pulse_table.h"
+#include "platform/files.h"
 #include "services/file_names.h"
 #include "state/workspace.h"
 
@@ -19,6 +24,21 @@ std::string Read_Tile_Prefix(const Workspace& w, Campaign campaign) {
 FilePath Solution_Tile(const Workspace& w, Campaign campaign) {
   const std::string prefix = Read_Tile_Prefix(w, campaign);
   return w.Drives.Locate(Tile_Name(prefix, campaign, w.Solution3D.X, w.Solution3D.Y));
+}
+
+bool Is_Missing_Outside(const Workspace& w, const FilePath& tile) {
+  const bool is_native = tile.name.starts_with('/');
+  if (!is_native || !w.Drives.Drive_Name(tile.native).starts_with('/')) return false;
+  std::error_code unreadable;
+  const bool has_folder = std::filesystem::is_directory(tile.native.parent_path(), unreadable);
+  if (!has_folder || File_Exists(tile)) return false;
+  w.screen->Tell_Cause("there is no tile " + tile.name +
+                       ", and none is created outside the drives");
+  return true;
+}
+
+std::int32_t Read_Tile(Workspace& w, const FilePath& tile) {
+  return Is_Missing_Outside(w, tile) ? 0 : Read_Pulse_Tile(tile, w.LidarPulses);
 }
 
 }  // namespace sylvomex

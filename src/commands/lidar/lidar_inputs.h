@@ -2,6 +2,7 @@
 // Input files shared by the lidar commands.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "lidar/tile_grid.h"
@@ -19,5 +20,12 @@ std::string Read_Tile_Prefix(const Workspace& w, Campaign campaign);
 
 /// The tile file under the solution, named with the prefix from the campaign's path header.
 FilePath Solution_Tile(const Workspace& w, Campaign campaign);
+
+/// True for a tile that does not exist in an existing folder outside the drives, where no command
+/// creates one: it counts as a tile without pulses. The cause is told.
+bool Is_Missing_Outside(const Workspace& w, const FilePath& tile);
+
+/// Reads a tile into LidarPulses and returns its count. A missing one on a drive is created empty.
+std::int32_t Read_Tile(Workspace& w, const FilePath& tile);
 
 }  // namespace sylvomex

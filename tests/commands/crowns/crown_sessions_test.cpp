@@ -296,6 +296,16 @@ TEST_F(CrownSession, ATileOfCountZeroAndAMissingOneEndTheCommandsSilently) {
   EXPECT_EQ(Transcript(Load() + Solution("110"), steps), "CrownTrees.Count = 0\n");
 }
 
+TEST_F(CrownSession, AMissingTileOutsideTheDrivesIsNotCreated) {
+  const TemporaryFolder elsewhere;
+  folder.Write("c/data/als2006_path.hdr", elsewhere.Path().string() + "/\n");
+  folder.Write("c/data/exotics/Exotics.csv", "2516450,6857050,120,100,9,4\n");
+  Transcript(Load() + Solution("110"),
+             "command Image_Lidar_Allometry_Algorithm\nset Check2(0) 1\nmenu Match_Local_Crown\n"
+             "menu Crown_Intersection_For_LiDAR\n");
+  EXPECT_TRUE(std::filesystem::is_empty(elsewhere.Path()));
+}
+
 TEST_F(CrownSession, ListsWithMissingItemsAndWithoutTheirFolderAreOneMessage) {
   pulses = {Single_Echo({kX, kY, 118})};
   Write_Tile();

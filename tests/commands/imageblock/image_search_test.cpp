@@ -67,6 +67,22 @@ TEST_F(Search, AerialSearchLeavesTheSolutionFlagUnchanged) {
   EXPECT_TRUE(Has("c/data/ImaFiles/c_a.txt"));
 }
 
+TEST_F(Search, ATableCannotNameAFileOutsideTheFolderOfTheHits) {
+  const std::string kept = "an observation\n";
+  site.Folder().Write("c/data/Lehtomaa/Pistedata/PointData.txt", kept);
+  site.Folder().Make_Folder("c/data/ImaFiles");
+  site.Folder().Write("c/data/cam_data_j.csv",
+                      "4,-,0.2,0,0,0,0,0,1000,s 4,c:\\data\\im4.hdr,photo\n"
+                      "5,-,0.2,0,0,0,0,0,1000,/../../Lehtomaa/Pistedata/PointData,b.hdr,photo\n");
+  const PlayedSession played = Play("menu Find_Images_With_XYZ_Sol\n");
+  EXPECT_EQ(played.transcript,
+            "error Find_Images_With_XYZ_Sol \"Bad content: c:\\data\\cam_data_j.csv, line 2, item "
+            "10: \"\"/../../Lehtomaa/Pistedata/PointData\"\" leads out of the folder of the "
+            "point-in-image files\"\n");
+  EXPECT_EQ(site.Folder().Read("c/data/Lehtomaa/Pistedata/PointData.txt"), kept);
+  EXPECT_TRUE(Has("c/data/ImaFiles/photo_s 4.txt"));  // the hits of the lines before it stay
+}
+
 TEST_F(Search, AMissingTableKeepsTheOldHits) {
   site.Folder().Write("c/data/ImaFiles/old.txt", "old");
   const PlayedSession played = Play("menu Find_Images_With_XYZ_Sol\n");
