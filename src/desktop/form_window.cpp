@@ -9,6 +9,7 @@
 
 #include "desktop/key_codes.h"
 #include "desktop/qt_text.h"
+#include "state/window_limits.h"
 #include "workspace/control_lookup.h"
 #include "workspace/event_dispatch.h"
 
@@ -60,6 +61,7 @@ FormWindow::FormWindow(OperatorEvents& events, Workspace& w, const WindowRow& wi
   setContextMenuPolicy(Qt::NoContextMenu);
   setCentralWidget(client_);
   client_->setObjectName(kClientName);
+  client_->setMaximumSize(kLargestWindowSide, kLargestWindowSide);
   client_->setFocusPolicy(Qt::ClickFocus);
   client_->setMouseTracking(true);
   client_->setFocus();

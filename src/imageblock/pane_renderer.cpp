@@ -9,6 +9,7 @@
 
 #include "imageblock/pane_kernels.h"
 #include "imageblock/raw_rows.h"
+#include "platform/memory_room.h"
 #include "platform/rounding.h"
 #include "platform/run_time_error.h"
 
@@ -45,11 +46,13 @@ void Size_To_Pane(const RenderRequest& request, PaneBitmap& out) {
   }
   const auto width = static_cast<std::size_t>(request.pane_width);
   const auto height = static_cast<std::size_t>(request.pane_height);
+  const std::string what =
+      "a pane of " + std::to_string(width) + " x " + std::to_string(height) + " pixels";
+  Require_Memory(3 * width * height, what);
   try {
     out.bgr.resize(3 * width * height);
   } catch (const std::bad_alloc&) {
-    throw RunTimeError(Failure::OutOfMemory, "a pane of " + std::to_string(width) + " x " +
-                                                 std::to_string(height) + " pixels");
+    throw RunTimeError(Failure::OutOfMemory, what);
   }
   out.width = request.pane_width;
   out.height = request.pane_height;

@@ -2,7 +2,10 @@
 #include "panes/pane_layout.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <string>
 
+#include "platform/memory_room.h"
 #include "platform/number_text.h"
 #include "platform/rounding.h"
 #include "state/workspace.h"
@@ -81,6 +84,15 @@ int Pane_Side(double client_width, double client_height, int image_count) {
   const int side = std::max<int>(kSmallestSide,
                                  To_Int16(Side_By_Rule(client_width, client_height, image_count)));
   return side + (3 * side) % 4;
+}
+
+void Require_Room_For_Panes(int side, int panes) {
+  constexpr std::uint64_t kBytesPerPixel = 3;
+  constexpr int kInTheMaking = 2;  // rendered, and as the contents of its scratch file
+  const auto pixels = static_cast<std::uint64_t>(side) * static_cast<std::uint64_t>(side);
+  Require_Memory(kBytesPerPixel * pixels * static_cast<std::uint64_t>(panes + kInTheMaking),
+                 std::to_string(panes) + (panes == 1 ? " pane of " : " panes of ") +
+                     std::to_string(side) + " x " + std::to_string(side) + " pixels");
 }
 
 void Compute_Pane_Size(Workspace& w) {

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <new>
+#include <stdexcept>
 #include <utility>
 
 #include "platform/files.h"
@@ -14,6 +16,8 @@ namespace sylvomex {
 
 namespace {
 
+constexpr std::size_t kPiece = std::size_t{4} << 20;  // bytes read at a time
+constexpr std::size_t kPieceOfUnknown = std::size_t{64} << 10;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 bool Is_Blank(char c) { return c == ' ' || c == '\t'; }
@@ -32,12 +36,16 @@ float To_Float(double value) {
 
 }  // namespace
 
-ListReader::ListReader(const FilePath& file) : ListReader(Read_Whole_File(file), file.name) {
-  native_ = file.native;
+ListReader::ListReader(const FilePath& file)
+    : name_(file.name), native_(file.native), rest_(std::make_shared<PositionalFile>(file)) {
+  // Some files of the system have contents although their size is 0.
+  while (rest_ != nullptr && rest_->Size() == 0) Read_Piece(kPieceOfUnknown);
+  Hold_Line();
+  if (content_.starts_with(kByteOrderMark)) position_ = kByteOrderMark.size();
 }
 
 ListReader::ListReader(std::string content, std::string name)
-    : content_(std::move(content)), name_(std::move(name)) {
+    : name_(std::move(name)), content_(std::move(content)) {
   if (content_.starts_with(kByteOrderMark)) position_ = kByteOrderMark.size();
 }
 
@@ -47,8 +55,50 @@ ListReader::ListReader(std::string line, const FilePath& file, int line_number)
   line_ = line_number;
 }
 
-bool ListReader::At_End() const {
-  return content_.find_first_not_of(" \t\r\n", position_) == std::string::npos;
+bool ListReader::Read_Piece(std::size_t bytes) {
+  const std::size_t held = content_.size();
+  try {
+    content_.resize(held + bytes);
+  } catch (const std::bad_alloc&) {
+    throw RunTimeError(Failure::OutOfMemory, name_, native_);
+  } catch (const std::length_error&) {
+    throw RunTimeError(Failure::OutOfMemory, name_, native_);
+  }
+  const std::size_t got = rest_->Read_At(
+      rest_offset_, {reinterpret_cast<std::uint8_t*>(content_.data()) + held, bytes});
+  content_.resize(held + got);
+  rest_offset_ += static_cast<std::int64_t>(got);
+  if (got < bytes) rest_.reset();
+  return got > 0;
+}
+
+// What is appended to the file meanwhile is not read.
+bool ListReader::Read_More() {
+  if (rest_ == nullptr) return false;
+  content_.erase(0, position_);
+  lines_end_ -= std::min(position_, lines_end_);
+  position_ = 0;
+  const std::size_t known = content_.empty() ? 0 : content_.size() - 1;
+  const std::uint64_t left = rest_->Size() - static_cast<std::uint64_t>(rest_offset_);
+  const bool read = left > 0 && Read_Piece(std::min<std::uint64_t>(left, kPiece));
+  if (left <= kPiece) rest_.reset();
+  // A carriage return at the very end may be half of a line end.
+  std::size_t end = content_.size();
+  if (end > 0 && content_.back() == '\r') --end;
+  while (end > known && !Is_Line_End(content_[end - 1])) --end;
+  if (end > known) lines_end_ = end;
+  return read;
+}
+
+void ListReader::Hold_Line() {
+  while (rest_ != nullptr && position_ >= lines_end_) Read_More();
+}
+
+bool ListReader::At_End() {
+  while (content_.find_first_not_of(" \t\r\n", position_) == std::string::npos) {
+    if (!Read_More()) return true;
+  }
+  return false;
 }
 
 std::string ListReader::Where() const {
@@ -73,6 +123,7 @@ void ListReader::Take_Line_End() {
   ++line_;
   in_line_ = false;
   after_comma_ = false;
+  Hold_Line();
 }
 
 void ListReader::Begin_Item() {

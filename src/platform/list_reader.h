@@ -12,6 +12,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -20,9 +21,13 @@
 
 namespace sylvomex {
 
+class PositionalFile;
+
 class ListReader {
  public:
-  /// Reads the whole file; throws as Read_Whole_File does.
+  /// Reads the file in pieces of 4 MB as the list is read, so that a list takes no more memory than
+  /// that, or than its longest line. A file up to that size is read at once. Throws as
+  /// Read_Whole_File does; so do the functions below when a later piece cannot be read.
   explicit ListReader(const FilePath& file);
 
   /// content: the text itself; name: its name in messages.
@@ -33,7 +38,7 @@ class ListReader {
   ListReader(std::string line, const FilePath& file, int line_number);
 
   /// True when nothing but blanks and line ends remains.
-  [[nodiscard]] bool At_End() const;
+  [[nodiscard]] bool At_End();
 
   /// Numbers. RunTimeError(InputPastEnd) at the end of the file, RunTimeError(TypeMismatch)
   /// for a text or an empty item, RunTimeError(Overflow) out of range, each as
@@ -88,10 +93,17 @@ class ListReader {
   void Take_Line_End();
   void Skip_Blanks();
   [[nodiscard]] bool At_Line_End() const;
+  void Hold_Line();
+  bool Read_More();
+  bool Read_Piece(std::size_t bytes);
 
-  std::string content_;
   std::string name_;
   std::filesystem::path native_;
+  // Holds the line at the position in full, with its line end and the character after it.
+  std::string content_;
+  std::shared_ptr<PositionalFile> rest_;  // of the file; null when all of it is in content_
+  std::int64_t rest_offset_ = 0;          // where it begins
+  std::size_t lines_end_ = 0;             // content_ holds whole lines up to here
   std::size_t position_ = 0;
   int line_ = 1;
   int item_line_ = 1;

@@ -8,6 +8,8 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "state/window_limits.h"
+
 namespace sylvomex {
 
 const char* const kUsage =
@@ -26,13 +28,11 @@ const char* const kUsage =
 
 namespace {
 
-constexpr int kLargestSide = 32767;  // pixels
-
 std::optional<double> Side(std::string_view text) {
   int side = 0;
   const char* const end = text.data() + text.size();
   const auto parsed = std::from_chars(text.data(), end, side);
-  if (parsed.ec != std::errc() || parsed.ptr != end || side < 1 || side > kLargestSide) {
+  if (parsed.ec != std::errc() || parsed.ptr != end || side < 1 || side > kLargestWindowSide) {
     return std::nullopt;
   }
   return side;
@@ -62,7 +62,8 @@ std::filesystem::path Default_Root() {
 bool Take_Size(CommandLine& line, std::string_view text, std::ostream& err) {
   line.size_given = Set_Size(line.options, text);
   if (!line.size_given) {
-    err << "--size takes a width and a height such as 1280x1024, not \"" << text << "\"\n";
+    err << "--size takes a width and a height of 1 to " << kLargestWindowSide
+        << " pixels such as 1280x1024, not \"" << text << "\"\n";
   }
   return line.size_given;
 }

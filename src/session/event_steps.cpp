@@ -11,6 +11,7 @@
 #include "session/step_end.h"
 #include "session/transcript_text.h"
 #include "session/value_name.h"
+#include "state/window_limits.h"
 
 namespace sylvomex {
 
@@ -115,7 +116,9 @@ OperatorEvent Pan_Event(Kind kind, Words words) {
 OperatorEvent Resize_Event(Kind kind, Words words) {
   OperatorEvent event = Window_Event(kind, words);
   Set_Position(event, words);
-  if (event.x < 0 || event.y < 0) throw StepEnd{kStepFailed, "a window has no negative size"};
+  if (!Is_Window_Size(event.x, event.y)) {
+    throw StepEnd{kStepFailed, Window_Size_Refusal(event.x, event.y)};
+  }
   return event;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "session/session.h"
 
+#include "state/window_limits.h"
 #include "state/workspace.h"
 
 #include <fstream>
@@ -71,6 +72,7 @@ bool Open_Record(Session& session, const SessionOptions& options) {
 
 bool Start(Session& session, const SessionOptions& options) {
   try {
+    Require_Window_Size(options.width, options.height);
     session.w->Form1.ClientWidth = options.width;
     session.w->Form1.ClientHeight = options.height;
     Start_Workspace(*session.w);

@@ -30,8 +30,9 @@ void Load_Picture(Picture& picture, std::shared_ptr<const PaneBitmap> bitmap) {
 }
 
 void Erase_Marks(Picture& picture) {
-  picture.marks.clear();
-  picture.texts.clear();
+  // Their memory goes back as well: an overlay of a tile has millions of points.
+  picture.marks = std::vector<Mark>();
+  picture.texts = std::vector<MarkText>();
   ++picture.erase_version;
   Show_Floating(picture, {});
 }

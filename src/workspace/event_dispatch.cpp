@@ -3,7 +3,9 @@
 
 #include <new>
 
+#include "panes/pane_layout.h"
 #include "platform/operator_notices.h"
+#include "state/window_limits.h"
 #include "workspace/control_events.h"
 #include "workspace/control_lookup.h"
 
@@ -172,7 +174,17 @@ EventOutcome Key(Workspace& w, const WindowRow& window, const OperatorEvent& eve
                Key_In_Control(w, window, event.control.empty() ? active : event.control, key));
 }
 
+// A size that cannot be shown leaves the window and its panes as they are.
+void Require_Room(const Workspace& w, const WindowRow& window, const OperatorEvent& event) {
+  Require_Window_Size(event.x, event.y);
+  if (&window == &All_Windows().front()) {
+    Require_Room_For_Panes(Pane_Side(event.x, event.y, w.ImageCount), w.ImageCount);
+  }
+}
+
 EventOutcome Resize(Workspace& w, const WindowRow& window, const OperatorEvent& event) {
+  const EventOutcome room = Run_Handler(w, "Form_Resize", [&] { Require_Room(w, window, event); });
+  if (room == EventOutcome::Error) return room;
   Form& form = window.record(w);
   form.ClientWidth = event.x;
   form.ClientHeight = event.y;

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/address_space_limit.h"
 #include "support/session_run.h"
 #include "support/small_site.h"
 
@@ -50,16 +51,51 @@ TEST(PaneSide, IsZeroForNoImageAndAboveNine) {
 
 TEST(PaneSide, AWindowWithoutRoomStillGetsAPane) { EXPECT_EQ(Pane_Side(20, 20, 1), 4); }
 
-TEST(PaneLayout, SideThatIsRaisedBeyond16BitsIsAnOverflow) {
-  // 32847 - 80 = 32767, a multiple of 4 only as 32768.
+TEST(PaneLayout, AWindowBeyondTheLimitIsRefusedAndChangesNothing) {
   SmallSite site;
-  const std::string transcript =
+  const PlayedSession played =
       Play_Script(site.Folder(), "file " + site.Write_Image("a", {}) +
                                      "\nmenu Add_images_to_set\nsay go\n"
-                                     "try resize Form1 32847 32847\nprint PaneWidth\n")
-          .transcript;
-  EXPECT_EQ(transcript.substr(transcript.find("say go\n") + 7),
-            "error Form_Resize \"Overflow: 32768 is not in -32768 to 32767\"\nPaneWidth = 944\n");
+                                     "try resize Form1 16385 700\nprint PaneWidth\n"
+                                     "print Form1.Width\nresize Form1 32847 32847\n");
+  EXPECT_EQ(played.status, 1);
+  EXPECT_EQ(played.transcript.substr(played.transcript.find("say go\n") + 7),
+            "PaneWidth = 944\nForm1.Width = 1280\n");
+  EXPECT_NE(played.reason.find("a window of 32847 x 32847 pixels: a side has 0 to 16384"),
+            std::string::npos)
+      << played.reason;
+}
+
+TEST(PaneLayout, AWindowWhosePanesDoNotFitIntoTheMemoryIsRefusedAndChangesNothing) {
+  SmallSite site;
+  const std::string add = "file " + site.Write_Image("a", {}) + "\nmenu Add_images_to_set\n";
+  const AddressSpaceLimit limit(std::uint64_t{512} << 20);
+  const PlayedSession played =
+      Play_Script(site.Folder(), add +
+                                     "say go\ntry resize Form1 16384 16384\nprint PaneWidth\n"
+                                     "print Form1.Width\nprint Picture1(0).Width\n");
+  EXPECT_EQ(played.status, 0) << played.reason;
+  const std::string transcript = played.transcript.substr(played.transcript.find("say go\n") + 7);
+  // 16304 pixels, a multiple of 4: 3 x 16304 x 16304 bytes, once shown and twice in the making.
+  EXPECT_TRUE(
+      transcript.starts_with("error Form_Resize \"Out of memory: 1 pane of 16304 x 16304 "
+                             "pixels takes 2281 MB, "))
+      << transcript;
+  EXPECT_TRUE(transcript.ends_with(
+      "MB are left\"\nPaneWidth = 944\nForm1.Width = 1280\nPicture1(0).Width = 948\n"))
+      << transcript;
+}
+
+TEST(PaneLayout, AnImageWhosePaneDoesNotFitIntoTheMemoryIsNotAdded) {
+  SmallSite site;
+  const std::string add = "file " + site.Write_Image("a", {}) + "\ntry menu Add_images_to_set\n";
+  const AddressSpaceLimit limit(std::uint64_t{512} << 20);
+  const PlayedSession played =
+      Play_Script(site.Folder(), add + "print ImageCount\nprint PaneWidth\n", 16384, 16384);
+  EXPECT_NE(played.transcript.find("error Add_images_to_set \"Out of memory: 1 pane of 16304"),
+            std::string::npos)
+      << played.transcript;
+  EXPECT_TRUE(played.transcript.ends_with("ImageCount = 0\nPaneWidth = 0\n")) << played.transcript;
 }
 
 TEST(PaneLayout, ResizeWithoutImagesLeavesPaneSizeAtZero) {

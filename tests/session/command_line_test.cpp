@@ -62,7 +62,8 @@ TEST(CommandLine, InvalidArgumentsAreRejectedWithAReason) {
        std::vector<std::vector<std::string>>{{"--size", "800"},
                                              {"--size", "0x600"},
                                              {"--size", "800x600x2"},
-                                             {"--size", "99999x1"},
+                                             {"--size", "16385x1"},
+                                             {"--size", "20000x100"},
                                              {"--nothing"},
                                              {"--script"},
                                              {"picture.bmp"}}) {
@@ -70,6 +71,15 @@ TEST(CommandLine, InvalidArgumentsAreRejectedWithAReason) {
     EXPECT_FALSE(Parse(words, &told)) << words.front();
     EXPECT_FALSE(told.empty()) << words.front();
   }
+}
+
+TEST(CommandLine, ASizeBeyondTheLimitIsRefusedWithTheLimit) {
+  std::string told;
+  EXPECT_FALSE(Parse({"--size", "20000x100"}, &told));
+  EXPECT_EQ(told,
+            "--size takes a width and a height of 1 to 16384 pixels such as 1280x1024, not "
+            "\"20000x100\"\n");
+  EXPECT_TRUE(Parse({"--size", "16384x16384"}));
 }
 
 TEST(CommandLine, HelpIsRequested) { EXPECT_TRUE(Parse({"--help"})->help); }

@@ -107,6 +107,9 @@ TEST(EventSteps, InvalidArgumentFails) {
   EXPECT_THROW(Event_Of("key Q7"), StepEnd);
   EXPECT_THROW(Event_Of("key A right"), StepEnd);
   EXPECT_THROW(Event_Of("resize Form1 -1 600"), StepEnd);
+  EXPECT_THROW(Event_Of("resize Form1 16385 600"), StepEnd);
+  EXPECT_THROW(Event_Of("resize Form8 600 1e300"), StepEnd);
+  EXPECT_NO_THROW(Event_Of("resize Form1 16384 16384"));
   EXPECT_THROW(Event_Of("move Form1 nan 2"), StepEnd);
   EXPECT_THROW(Event_Of("wheel Picture1(0) 1 2 0.5"), StepEnd);
   EXPECT_THROW(Event_Of("wheel Picture1(0) 1 2 101"), StepEnd);

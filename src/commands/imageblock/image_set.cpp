@@ -156,6 +156,7 @@ void Read_Next_Image(Workspace& w, ListReader& header, const FollowedImage& imag
   ++w.ImageCount;
   w.screen->Service_Events();
   Compute_Pane_Size(w);
+  Require_Room_For_Panes(w.PaneWidth, w.ImageCount);
   const int k = image.Index();
   Read_Header(w, k, header);
   if (Validate_Header(w, k)) Check_Raw_File(w, w.ImageBlock(k));

@@ -144,11 +144,13 @@ TEST_F(AnaglyphWindow, AResizeOfAPairAtTheOriginLeavesThePictureAlone) {
             "StereoState.StereoWidth = 200\nStereoState.WindowLeft = 100 200 200 300\n");
 }
 
-TEST_F(AnaglyphWindow, AWidthBeyondSixteenBitsIsOneErrorAndChangesNothing) {
+TEST_F(AnaglyphWindow, AWidthBeyondTheLimitIsRefusedAndChangesNothing) {
   const PlayedSession played = Play_Opened(
       "try resize Form5 40000 130\nprint StereoState.StereoWidth\n"
-      "print StereoState.WindowLeft\n");
-  EXPECT_TRUE(Has(played, "error Form_Resize \"Overflow")) << played.transcript;
+      "print StereoState.WindowLeft\nprint Form5.Width\nresize Form5 40000 130\n");
+  EXPECT_EQ(played.status, 1);
+  EXPECT_NE(played.reason.find("a window of 40000 x 130 pixels"), std::string::npos);
+  EXPECT_FALSE(Has(played, "Form5.Width = 40000")) << played.transcript;
   EXPECT_TRUE(Has(played, "StereoWidth = 100\nStereoState.WindowLeft = 100 200 200 300\n"));
 }
 
