@@ -50,6 +50,8 @@ void Desktop::Start() {
   if (!options_.record.empty()) Start_Recording();
   Start_Workspace(*w_);
   if (!options_.client_size) windows_.Main().setWindowState(Qt::WindowMaximized);
+  if (!options_.plain) history_.Turn(true);
+  if (recorder_ && !options_.plain) recorder_->Turn_History(true);
   windows_.Mirror();
 }
 
@@ -66,8 +68,8 @@ void Desktop::Start_Recording() {
 void Desktop::Begin_With(const std::filesystem::path& script) {
   std::ostringstream transcript;  // discarded: the windows show the same
   std::ostringstream reasons;
-  const bool done =
-      Play_Over_Block(*w_, script, transcript, reasons, recorder_ ? &*recorder_ : nullptr);
+  const bool done = Play_Over_Block(*w_, script, transcript, reasons, history_,
+                                    recorder_ ? &*recorder_ : nullptr);
   std::string told = reasons.str();
   std::cerr << told;
   windows_.Mirror();
@@ -87,9 +89,9 @@ void Desktop::Run(const OperatorEvent& event) {
   ++depth_;
   try {
     if (recorder_) {
-      Handle_Recorded_Event(*recorder_, *w_, event);
+      Handle_Recorded_Event(*recorder_, *w_, event, history_.Get());
     } else {
-      Handle_Event(*w_, event);
+      Handle_Event_In(history_.Get(), *w_, event);
     }
   } catch (const UnknownName& gone) {
     // The target of a queued event may have been hidden meanwhile.

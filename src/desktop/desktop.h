@@ -23,6 +23,7 @@ struct DesktopOptions {
   std::optional<QSize> client_size;  // of the main window; if empty, as large as the screen allows
   std::filesystem::path record;      // script file that records the session; empty for none
   std::function<void()> end;         // ends the program after the operator's confirmation
+  bool plain = true;                 // without undo and the other aids
 };
 
 class Desktop : public OperatorEvents {
@@ -43,6 +44,8 @@ class Desktop : public OperatorEvents {
   const QCursor& Custom_Cursor(const std::string& file) override;
 
   [[nodiscard]] Workspace& Block() { return *w_; }
+  /// nullptr for a plain desktop.
+  [[nodiscard]] History* Kept() { return history_.Get(); }
   [[nodiscard]] Windows& Shown() { return windows_; }
 
  private:
@@ -59,6 +62,7 @@ class Desktop : public OperatorEvents {
   std::ofstream record_;
   std::optional<Recorder> recorder_;
   std::optional<RecorderScreen> recorder_screen_;
+  HistorySwitch history_;
   std::map<std::string, CursorFile> custom_cursors_;  // by file name
   Windows windows_;
   QTimer move_timer_;

@@ -13,6 +13,7 @@
 #include "platform/files.h"
 #include "platform/operator_notices.h"
 #include "platform/run_time_error.h"
+#include "platform/write_witness.h"
 
 namespace sylvomex {
 
@@ -118,7 +119,7 @@ void Append_To_File(const FilePath& file, std::string_view text) {
   }
   const auto open_file = Open_For_Append(file);
   AppendWitness* const witness = Present_Witness();
-  if (witness != nullptr && witness->Already_Written(file, text)) return;
+  if (witness != nullptr && witness->Already_Written(file, text)) return Tell_Append(file, text);
   const Tail tail = Tail_Of(*open_file, file);
   const std::uint64_t offset = tail.size + (tail.is_torn ? 1 : 0);
   if (witness != nullptr) witness->Will_Append(file, offset, text);
@@ -129,6 +130,7 @@ void Append_To_File(const FilePath& file, std::string_view text) {
     throw;
   }
   if (witness != nullptr) witness->Has_Appended(file, offset, text);
+  Tell_Append(file, text);
   if (tail.is_torn) Tell_Of_Torn_Line(file);
 }
 

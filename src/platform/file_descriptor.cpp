@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "platform/run_time_error.h"
+#include "platform/write_witness.h"
 
 namespace sylvomex {
 
@@ -69,6 +70,7 @@ void Throw_File_Failure(const FilePath& file, const std::string& cause) {
 }
 
 FileDescriptor::FileDescriptor(const FilePath& file, int flags) : file_(file) {
+  if ((flags & O_ACCMODE) != O_RDONLY) Tell_Change(file, (flags & O_APPEND) != 0);
   number_ = Open(file, flags);
   if (number_ < 0) {
     const int error = errno;

@@ -10,6 +10,7 @@
 
 #include "platform/file_descriptor.h"
 #include "platform/run_time_error.h"
+#include "platform/write_witness.h"
 
 namespace sylvomex {
 
@@ -90,6 +91,7 @@ void Overwrite_Start(const FilePath& file, std::span<const std::uint8_t> content
 }
 
 void Delete_File(const FilePath& file) {
+  Tell_Change(file, false);
   if (!file.native.empty() && unlink(file.native.c_str()) == 0) return;
   const bool is_missing = !file.native.empty() && (errno == ENOENT || errno == ENOTDIR);
   if (!is_missing) Throw_File_Error(file, errno);

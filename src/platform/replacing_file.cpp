@@ -9,6 +9,7 @@
 #include <string>
 
 #include "platform/file_descriptor.h"
+#include "platform/write_witness.h"
 
 namespace sylvomex {
 namespace {
@@ -71,6 +72,7 @@ bool ReplacingFile::Take_Over(int unnamed) const {
 }
 
 void ReplacingFile::Commit() {
+  Tell_Change(file_, false);
   open_file_->Close();
   if (std::rename(partial_.native.c_str(), file_.native.c_str()) != 0) {
     Throw_File_Error(file_, errno);

@@ -14,7 +14,7 @@ namespace sylvomex {
 struct CommandLine {
   SessionOptions options;  // script is empty when none was given
   bool size_given = false;
-  std::string begin;  // script that the desktop plays before the operator takes over
+  std::string begin;   // script that the desktop plays before the operator takes over
   bool plain = false;  // the desktop without its aids; a script is always played without them
   bool help = false;
 };

@@ -68,6 +68,12 @@ OperatorEvent Window_Event(Kind kind, Words words) {
   return event;
 }
 
+OperatorEvent Bare_Event(Kind kind, Words) {
+  OperatorEvent event;
+  event.kind = kind;
+  return event;
+}
+
 /// The target is a control or the window itself.
 OperatorEvent Pointer_Event(Kind kind, Words words) {
   const std::string& target = words[1].text;
@@ -161,6 +167,9 @@ constexpr std::array kEventSteps{
     EventStep{"key", Kind::Key, Key_Event},
     EventStep{"resize", Kind::Resize, Resize_Event},
     EventStep{"close", Kind::Close, Window_Event},
+    EventStep{"undo", Kind::Undo, Bare_Event},
+    EventStep{"redo", Kind::Redo, Bare_Event},
+    EventStep{"takeback", Kind::TakeBackLine, Bare_Event},
 };
 
 std::string Plain_Real(double value) {
@@ -237,6 +246,10 @@ std::string Step_Text(const OperatorEvent& event) {
     case Kind::Press:
     case Kind::Close:
       break;
+    case Kind::Undo:
+    case Kind::Redo:
+    case Kind::TakeBackLine:
+      return row->name;
   }
   return step + Target_Text(event);
 }

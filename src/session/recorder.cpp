@@ -58,6 +58,11 @@ void Recorder::Dialog_Answered(DialogKind kind, const std::optional<std::string>
 
 void Recorder::Events_Serviced() { ++servicings_; }
 
+void Recorder::Turn_History(bool on) {
+  Write_Held_Move();
+  script_ << "history " << (on ? "on" : "off") << std::endl;
+}
+
 void Recorder::Finish() {
   running_.clear();
   if (!events_.empty()) Write_Events();
@@ -104,7 +109,8 @@ void Recorder::Write_Events() {
           << std::endl;
 }
 
-EventOutcome Handle_Recorded_Event(Recorder& recorder, Workspace& w, const OperatorEvent& event) {
+EventOutcome Handle_Recorded_Event(Recorder& recorder, Workspace& w, const OperatorEvent& event,
+                                   History* history) {
   struct Ending {
     Recorder& recorder;
     EventOutcome outcome = EventOutcome::Error;
@@ -112,7 +118,7 @@ EventOutcome Handle_Recorded_Event(Recorder& recorder, Workspace& w, const Opera
   };
   recorder.Begin_Event(event);
   Ending ending{recorder};
-  ending.outcome = Handle_Event(w, event);
+  ending.outcome = Handle_Event_In(history, w, event);
   return ending.outcome;
 }
 

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "history/history_events.h"
 #include "workspace/event_dispatch.h"
 
 namespace sylvomex {
@@ -36,6 +37,9 @@ class Recorder {
   /// The running command is about to run waiting events.
   void Events_Serviced();
 
+  /// A history is kept from here on, or no longer.
+  void Turn_History(bool on);
+
   /// Writes everything still buffered. Running handlers are treated as ended.
   void Finish();
 
@@ -59,7 +63,8 @@ class Recorder {
   long servicings_ = 0;  // number since the outer event began
 };
 
-/// Handle_Event, reporting its beginning and end to the recorder.
-EventOutcome Handle_Recorded_Event(Recorder& recorder, Workspace& w, const OperatorEvent& event);
+/// Handle_Event_In, reporting its beginning and end to the recorder.
+EventOutcome Handle_Recorded_Event(Recorder& recorder, Workspace& w, const OperatorEvent& event,
+                                   History* history = nullptr);
 
 }  // namespace sylvomex

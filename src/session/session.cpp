@@ -48,7 +48,21 @@ struct Session {
   std::ofstream record;
   std::optional<Recorder> recorder;
   std::optional<RecorderScreen> recorder_screen;
+  HistorySwitch history;
 };
+
+/// The ways of a script's events and of its steps for the history, which may be recorded.
+void Serve_Events(PlayerServices& services, HistorySwitch& history, Recorder* recorder) {
+  services.handle_event = [&history, recorder](Workspace& w, const OperatorEvent& event) {
+    return recorder != nullptr ? Handle_Recorded_Event(*recorder, w, event, history.Get())
+                               : Handle_Event_In(history.Get(), w, event);
+  };
+  services.history = &history;
+  services.turn_history = [&history, recorder](bool on) {
+    history.Turn(on);
+    if (recorder != nullptr) recorder->Turn_History(on);
+  };
+}
 
 // An unreadable file, e.g. a folder, leaves the stream in a failed state.
 std::ifstream Open_Script(const std::filesystem::path& path) {
@@ -92,10 +106,7 @@ StepPlayer Make_Player(Session& session, const SessionHooks& hooks) {
   services.report = [&session](int line, const std::string& reason) {
     session.Report(line, reason);
   };
-  services.handle_event = [&session](Workspace& w, const OperatorEvent& event) {
-    return session.recorder ? Handle_Recorded_Event(*session.recorder, w, event)
-                            : Handle_Event(w, event);
-  };
+  Serve_Events(services, session.history, session.recorder ? &*session.recorder : nullptr);
   services.pictures = hooks.pictures;
   return {*session.w, session.screen, std::move(services)};
 }
@@ -187,7 +198,7 @@ void Play_All(ScriptReader& reader, StepPlayer& player) {
 }  // namespace
 
 bool Play_Over_Block(Workspace& w, const std::filesystem::path& script, std::ostream& transcript,
-                     std::ostream& err, Recorder* recorder) {
+                     std::ostream& err, HistorySwitch& history, Recorder* recorder) {
   std::ifstream file = Open_Script(script);
   if (!file) {
     err << "cannot read the script " << script << '\n';
@@ -203,10 +214,7 @@ bool Play_Over_Block(Workspace& w, const std::filesystem::path& script, std::ost
   const ScreenChange change(w, recorded ? static_cast<Screen&>(*recorded) : screen);
   PlayerServices services;
   services.report = report;
-  services.handle_event = [recorder](Workspace& block, const OperatorEvent& event) {
-    return recorder != nullptr ? Handle_Recorded_Event(*recorder, block, event)
-                               : Handle_Event(block, event);
-  };
+  Serve_Events(services, history, recorder);
   StepPlayer player(w, screen, std::move(services));
   try {
     Play_All(reader, player);

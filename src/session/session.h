@@ -47,6 +47,6 @@ int Run_Session(const SessionOptions& options, const SessionStreams& streams,
 /// afterwards the block uses its own screen again. False, with the reason on err, when the script
 /// cannot be read or a step failed. recorder: records the events; may be nullptr.
 bool Play_Over_Block(Workspace& w, const std::filesystem::path& script, std::ostream& transcript,
-                     std::ostream& err, Recorder* recorder = nullptr);
+                     std::ostream& err, HistorySwitch& history, Recorder* recorder = nullptr);
 
 }  // namespace sylvomex

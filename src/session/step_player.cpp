@@ -69,6 +69,10 @@ const StepPlayer::Row& StepPlayer::Find_Row(const ScriptStep& step) {
       Row{"key", 1, kAnyNumber, &StepPlayer::Play_Event},
       Row{"resize", 3, 3, &StepPlayer::Play_Event},
       Row{"close", 1, 1, &StepPlayer::Play_Event},
+      Row{"undo", 0, 0, &StepPlayer::Play_History_Event},
+      Row{"redo", 0, 0, &StepPlayer::Play_History_Event},
+      Row{"takeback", 0, 0, &StepPlayer::Play_History_Event},
+      Row{"history", 1, 1, &StepPlayer::Play_History},
       Row{"print", 1, 1, &StepPlayer::Play_Print},
       Row{"marks", 1, 1, &StepPlayer::Play_Marks},
       Row{"call", 1, kAnyNumber, &StepPlayer::Play_Call},
@@ -131,6 +135,28 @@ void StepPlayer::Play_Event(const ScriptStep& step) {
     screen_.Write_Line("greyed " + target);
     throw StepEnd{kStepFailed, "the menu item " + target + " is greyed"};
   }
+}
+
+void StepPlayer::Play_History_Event(const ScriptStep& step) {
+  const std::string& name = step.words.front().text;
+  if (services_.history == nullptr || services_.history->Get() == nullptr) {
+    throw StepEnd{kStepFailed, name + " needs a history: play history on first"};
+  }
+  const EventOutcome outcome = Handle(Event_Of_Step(step.words));
+  if (outcome == EventOutcome::Error) throw StepEnd{kCommandError, name + " ended in an error"};
+  if (outcome == EventOutcome::Greyed) {
+    throw StepEnd{kStepFailed, "there is nothing for " + name + " to do"};
+  }
+  screen_.Write_Line(name + " " + Quoted(services_.history->Get()->Told()));
+}
+
+void StepPlayer::Play_History(const ScriptStep& step) {
+  const std::string& word = step.words[1].text;
+  if (word != "on" && word != "off") {
+    throw StepEnd{kStepFailed, "history takes on or off, not " + Quoted(word)};
+  }
+  if (!services_.turn_history) throw StepEnd{kStepFailed, "no history can be kept here"};
+  services_.turn_history(word == "on");
 }
 
 void StepPlayer::Play_Input(const ScriptStep& step) {

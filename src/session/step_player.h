@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "history/history_events.h"
 #include "session/script_reader.h"
 #include "session/script_screen.h"
 #include "session/step_end.h"
@@ -20,6 +21,9 @@ struct PlayerServices {
   std::function<EventOutcome(Workspace&, const OperatorEvent&)> handle_event;
   /// Reports why the step on a line ended the session; never empty.
   std::function<void(int line, const std::string& reason)> report;
+  /// The session's history, and what turns it on and off; empty where none can be kept.
+  HistorySwitch* history = nullptr;
+  std::function<void(bool)> turn_history;
   /// Pictures of the windows; nullptr without a desktop.
   WindowPictures* pictures = nullptr;
 };
@@ -43,6 +47,8 @@ class StepPlayer {
   static const Row& Find_Row(const ScriptStep& step);
 
   void Play_Event(const ScriptStep& step);
+  void Play_History_Event(const ScriptStep& step);
+  void Play_History(const ScriptStep& step);
   void Play_Input(const ScriptStep& step);
   void Play_File(const ScriptStep& step);
   void Play_Button(const ScriptStep& step);

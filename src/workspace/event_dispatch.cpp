@@ -250,6 +250,10 @@ EventOutcome Handle_Window_Event(Workspace& w, const WindowRow& window,
       return Resize(w, window, event);
     case Kind::Close:
       return Close(w, window);
+    case Kind::Undo:
+    case Kind::Redo:
+    case Kind::TakeBackLine:
+      throw UnknownName("nothing is kept that could be undone; see the step history");
   }
   return EventOutcome::Done;
 }

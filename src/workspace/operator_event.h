@@ -31,6 +31,11 @@ struct OperatorEvent {
     Key,          // form, key_code, shift
     Resize,       // form, x by y client pixels
     Close,        // form: as the title bar's close button
+
+    // Of the history:
+    Undo,          // takes the last step of measuring back
+    Redo,          // does the last undone step again
+    TakeBackLine,  // moves the last saved line out of the observation file
   };
   Kind kind = Kind::Menu;
   std::string form = "Form1";

@@ -28,13 +28,14 @@ struct Include {
 /// layers of their own: images below the solver below the rest.
 std::optional<int> Layer(const std::string& folder) {
   static const std::map<std::string, int> kLayers = {
-      {"platform", 0},      {"closedlib", 1},     {"imageblock", 2},    {"solver", 3},
-      {"heightmodels", 4},  {"lidar", 4},         {"matching", 4},      {"surfaces", 4},
-      {"evaluation", 4},    {"crowns", 4},        {"products", 4},      {"stereo", 4},
-      {"overlays", 4},      {"mapview", 4},       {"state", 5},         {"panes", 6},
-      {"services", 7},      {"commands", 8},      {"workspace", 9},     {"interchange", 10},
-      {"session", 11},      {"region", 11},       {"site_program", 11}, {"desktop", 12},
-      {"desktop_aids", 13}, {"session/main", 14}, {"desktop/main", 14}, {"site_program/main", 13}};
+      {"platform", 0},          {"closedlib", 1},     {"imageblock", 2},    {"solver", 3},
+      {"heightmodels", 4},      {"lidar", 4},         {"matching", 4},      {"surfaces", 4},
+      {"evaluation", 4},        {"crowns", 4},        {"products", 4},      {"stereo", 4},
+      {"overlays", 4},          {"mapview", 4},       {"state", 5},         {"panes", 6},
+      {"services", 7},          {"commands", 8},      {"workspace", 9},     {"history", 10},
+      {"interchange", 10},      {"session", 11},      {"region", 11},       {"site_program", 11},
+      {"desktop", 12},          {"desktop_aids", 13}, {"session/main", 14}, {"desktop/main", 14},
+      {"site_program/main", 13}};
   const std::string floor = folder.starts_with("commands/") ? "commands" : folder;
   const auto layer = kLayers.find(floor);
   if (layer == kLayers.end()) return std::nullopt;

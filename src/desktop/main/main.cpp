@@ -64,7 +64,8 @@ int Run_Desktop(const CommandLine& line, int argc, char** argv) {
   const auto application = Open_Display(argc, argv);
   application->setQuitOnLastWindowClosed(false);
   Set_Application_Look();
-  DesktopOptions desktop_options{DriveMap(options.root), std::nullopt, options.record, End_Process};
+  DesktopOptions desktop_options{DriveMap(options.root), std::nullopt, options.record, End_Process,
+                                 line.plain};
   if (line.size_given) {
     desktop_options.client_size =
         QSize(static_cast<int>(options.width), static_cast<int>(options.height));
