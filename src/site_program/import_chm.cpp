@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "interchange/failures.h"
-#include "site_program/subcommands.h"
+#include "site_program/raster_output.h"
 
 namespace sylvomex {
 
-int Run_Import_Chm(const RasterArguments& /*arguments*/, SiteOutput& /*output*/) {
-  throw Refused("import chm: not built yet");
+int Run_Import_Chm(const RasterArguments& arguments, SiteOutput& output) {
+  return Run_Import_Raster(arguments, "chm", output);
 }
 
 }  // namespace sylvomex

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "interchange/failures.h"
-#include "site_program/subcommands.h"
+#include "site_program/raster_output.h"
 
 namespace sylvomex {
 
-int Run_Import_Dem(const RasterArguments& /*arguments*/, SiteOutput& /*output*/) {
-  throw Refused("import dem: not built yet");
+int Run_Import_Dem(const RasterArguments& arguments, SiteOutput& output) {
+  return Run_Import_Raster(arguments, "dem", output);
 }
 
 }  // namespace sylvomex

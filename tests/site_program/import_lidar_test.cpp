@@ -1,69 +1,37 @@
 // SPDX-License-Identifier: MIT
 // Lidar imports by the command line, read back by the workstation's own readers.
-#include <gtest/gtest.h>
-
 #include <tbb/global_control.h>
 
-#include <map>
 #include <nlohmann/json.hpp>
 
 #include "lidar/pulse_table.h"
 #include "lidar/tile_2004.h"
-#include "platform/point3d.h"
-#include "site_program/played_program.h"
+#include "site_program/imported_site.h"
 #include "support/las_files.h"
-#include "support/temporary_folder.h"
 
 namespace sylvomex {
 namespace {
 
-// The shift of a site at X 384000, Y 6675000 is -2178000, -228000 (see site_test.cpp for the rule);
-// asked of the import itself where a test needs it.
-struct LidarSite : testing::Test {
-  TemporaryFolder folder;
-  std::string site = (folder.Path() / "site").string();
-
-  LidarSite() { EXPECT_EQ(Play_Site({"init", site, "--crs", "EPSG:3067"}).status, 0); }
-
+struct LidarSite : ImportedSite {
   std::string Write(const std::string& name, const TestLas& las) {
     return folder.Write(name, las.Bytes()).native.string();
   }
 
   SitePlayed Import(const std::string& campaign, std::vector<std::string> words) {
-    words.insert(words.begin(), {"--json", "import", "lidar", site, "--campaign", campaign});
-    return Play_Site(words);
+    words.insert(words.end(), {"--campaign", campaign});
+    return ImportedSite::Import("lidar", words);
   }
 
   /// All pulses of a campaign of one tile, the only one that is expected.
   PulseTable Only_Tile(const std::string& campaign) {
     PulseTable pulses;
     int tiles = 0;
-    for (const auto& entry :
-         std::filesystem::directory_iterator(folder.Path() / "site/c/data" / ("als" + campaign))) {
+    for (const auto& entry : std::filesystem::directory_iterator(Native("c/data/als" + campaign))) {
       Read_Pulse_Tile({entry.path().filename().string(), entry.path()}, pulses, 1);
       ++tiles;
     }
     EXPECT_EQ(tiles, 1);
     return pulses;
-  }
-
-  /// Every file below the site with its content.
-  std::map<std::string, std::string> Content() {
-    std::map<std::string, std::string> files;
-    for (const auto& entry :
-         std::filesystem::recursive_directory_iterator(folder.Path() / "site")) {
-      const std::string name = entry.path().lexically_relative(folder.Path()).string();
-      files[name] = entry.is_directory() ? "" : folder.Read(name);
-    }
-    return files;
-  }
-
-  Point3D Shift() {
-    const auto text = folder.Read("site/site.toml");
-    const std::size_t at = text.find("shift = [");
-    Point3D shift;
-    EXPECT_EQ(std::sscanf(text.c_str() + at, "shift = [ %lf, %lf", &shift.X, &shift.Y), 2);
-    return shift;
   }
 };
 

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "interchange/echo_record.h"
+#include "interchange/las_points.h"
+
+namespace sylvomex {
+
+/// The echoes of a block in their order, in the frame of their source. site: the system (WKT or
+/// another text for PROJ) that sources with a system of their own are reprojected to. Refused,
+/// naming the file, where that cannot be.
+std::vector<EchoRecord> Read_Echoes(const LasBlock& block, const EchoSource& source,
+                                    const std::string& site);
+
+}  // namespace sylvomex
