@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "closedlib/parallel_tasks.h"
-#include "closedlib/resampling_rows.h"
+#include "closedlib/resampling_by_path.h"
 #include "platform/files.h"
 #include "platform/replacing_file.h"
 #include "platform/run_time_error.h"
@@ -16,6 +16,7 @@ namespace sylvomex {
 namespace {
 
 constexpr int kRowsOfATask = 16;
+constexpr int kChunk = kResampledTogether;
 
 // A row of the target crosses many rows of the source, each for a few cache lines: too short for
 // the hardware's prefetcher. The next rows of the target need the lines below.
@@ -56,20 +57,56 @@ RasterSource Raster_Source(const NormalizedImage& image, const std::uint8_t* byt
   return source;
 }
 
-void Resample_Row(const NormalizedImage& image, const std::uint8_t* bytes, int row,
-                  std::uint8_t* target) {
-  const RowProjection projection = Projection_Of_Row(image, row);
-  const RasterSource source = Raster_Source(image, bytes);
-  SourcePlaces places;
-  std::array<std::uint8_t, 3 * kResampledTogether + kVectorRoom> chunk;
-  const auto width = static_cast<std::size_t>(image.width);
-  for (std::size_t first = 0; first < width; first += kResampledTogether) {
-    const std::size_t count = std::min(kResampledTogether, width - first);
-    Find_Source_Places(projection, static_cast<int>(first), count, places);
-    Interpolate_Raster(source, places, count, chunk.data());
-    std::copy_n(chunk.data(), source.channels * count, target + source.channels * first);
-  }
+/// Past the last of the segments from `first` on that are computed in the same way.
+std::size_t End_Of_Kind(const SourceSegments& segments, std::size_t first, std::size_t last) {
+  const auto kind = [&](std::size_t s) { return std::min(segments.span[s], 0); };
+  std::size_t end = first + 1;
+  while (end < last && kind(end) == kind(first)) ++end;
+  return end;
 }
+
+/// Chunks of rows, by segments where they allow it.
+class ChunkResampler {
+ public:
+  ChunkResampler(const RasterSource& source, SegmentPath path) : source_(source), path_(path) {}
+
+  /// The pixels from column first_col on; target: their bytes.
+  void Resample(const RowProjection& row, int first_col, std::size_t count, std::uint8_t* target) {
+    Find_Source_Segments(row, first_col, segments_);
+    const std::size_t whole = count / kSegmentPixels;
+    for (std::size_t first = 0; first < whole;) {
+      const std::size_t end = End_Of_Kind(segments_, first, whole);
+      Resample_Kind(row, first_col, first, end, target);
+      first = end;
+    }
+    Resample_By_Pixel(row, first_col, kSegmentPixels * whole, count, target);
+  }
+
+ private:
+  void Resample_Kind(const RowProjection& row, int first_col, std::size_t first, std::size_t end,
+                     std::uint8_t* target) {
+    const std::size_t bytes = source_.channels * kSegmentPixels;
+    if (segments_.span[first] >= 0) {
+      path_(source_, segments_, first, end, target + bytes * first);
+    } else if (segments_.span[first] == kBlackSegment) {
+      std::fill_n(target + bytes * first, bytes * (end - first), std::uint8_t{0});
+    } else {
+      Resample_By_Pixel(row, first_col, kSegmentPixels * first, kSegmentPixels * end, target);
+    }
+  }
+
+  void Resample_By_Pixel(const RowProjection& row, int first_col, std::size_t first,
+                         std::size_t end, std::uint8_t* target) {
+    if (first == end) return;
+    Find_Source_Places(row, first_col + static_cast<int>(first), end - first, places_);
+    Interpolate_Raster(source_, places_, end - first, target + source_.channels * first);
+  }
+
+  const RasterSource& source_;
+  SegmentPath path_;
+  SourceSegments segments_;
+  SourcePlaces places_;
+};
 
 void Require_Sizes(const NormalizedImage& image) {
   for (const int size : {image.width, image.height, image.full_width, image.full_height}) {
@@ -100,17 +137,32 @@ std::uint64_t Raster_Bytes(std::int16_t width, std::int16_t height, bool colour)
   return static_cast<std::uint64_t>(width) * static_cast<std::uint64_t>(height) * (colour ? 3 : 1);
 }
 
-void Resample_Rows(const NormalizedImage& image, std::span<const std::uint8_t> source,
-                   int first_row, int rows, std::span<std::uint8_t> target) {
+void Resample_Rows_By_Path(SegmentPath path, const NormalizedImage& image,
+                           std::span<const std::uint8_t> source, int first_row, int rows,
+                           std::span<std::uint8_t> target) {
   Require_Sizes(image);
   const std::uint64_t row_bytes = Raster_Bytes(image.width, 1, image.colour);
   Require_Span(source.size(), Raster_Bytes(image.full_width, image.full_height, image.colour),
                "a source");
   Require_Span(target.size(), row_bytes * static_cast<std::uint64_t>(rows), "a target");
+  const RasterSource raster = Raster_Source(image, source.data());
+  ChunkResampler resampler(raster, path);
   for (int row = 0; row < rows; ++row) {
-    Resample_Row(image, source.data(), first_row + row,
-                 target.data() + row_bytes * static_cast<std::uint64_t>(row));
+    const RowProjection projection = Projection_Of_Row(image, first_row + row);
+    std::uint8_t* at = target.data() + row_bytes * static_cast<std::uint64_t>(row);
+    for (int first = 0; first < image.width; first += kChunk) {
+      resampler.Resample(projection, first,
+                         static_cast<std::size_t>(std::min(kChunk, image.width - first)),
+                         at + raster.channels * static_cast<std::size_t>(first));
+    }
   }
+}
+
+void Resample_Rows(const NormalizedImage& image, std::span<const std::uint8_t> source,
+                   int first_row, int rows, std::span<std::uint8_t> target) {
+  static const SegmentPath tables = Byte_Table_Path();
+  Resample_Rows_By_Path(tables != nullptr ? tables : Interpolate_Segments, image, source, first_row,
+                        rows, target);
 }
 
 void MYFUNC_CREATENORMALIZEDIMAGE(const NormalizedImage& image, const FilePath& source,

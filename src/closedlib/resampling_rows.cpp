@@ -4,6 +4,7 @@
 #include "hwy/foreach_target.h"  // IWYU pragma: keep
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 #include "closedlib/resampling_rows.h"
@@ -17,56 +18,8 @@ namespace HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
 
-using Reals = hn::CappedTag<double, 8>;
-using Real = hn::Vec<Reals>;
-using Halves = hn::Rebind<float, Reals>;
-using Wholes = hn::Rebind<std::int32_t, Reals>;
 using Singles = hn::CappedTag<float, 16>;
 using Single = hn::Vec<Singles>;
-
-/// a x + b y - c z; b y and c z are constant along the row.
-HWY_INLINE Real Axis(const RowProjection& row, std::size_t axis, Real xn) {
-  const Reals d;
-  const double* m = &row.matrix[3 * axis];
-  return hn::Sub(hn::Add(hn::Mul(hn::Set(d, m[0]), xn), hn::Set(d, m[1] * row.yn)),
-                 hn::Set(d, m[2] * row.c));
-}
-
-HWY_INLINE Real Affine(const double* a, Real x, Real y) {
-  const Reals d;
-  return hn::Add(hn::Add(hn::Mul(hn::Set(d, a[0]), x), hn::Mul(hn::Set(d, a[1]), y)),
-                 hn::Set(d, a[2]));
-}
-
-HWY_INLINE hn::Mask<Reals> Within(Real at, double last) {
-  const Reals d;
-  return hn::And(hn::Ge(at, hn::Zero(d)), hn::Le(at, hn::Set(d, last)));
-}
-
-void FindSourcePlaces(const RowProjection& row, int first_col, std::size_t count,
-                      SourcePlaces& places) {
-  const Reals d;
-  const Wholes whole;
-  const Halves half;
-  const std::size_t lanes = hn::Lanes(d);
-  for (std::size_t k = 0; k < count; k += lanes) {
-    const Real i = hn::Add(hn::Iota(d, 0.0), hn::Set(d, first_col + static_cast<double>(k)));
-    const Real xn = hn::Add(hn::Set(d, row.Xmin), hn::Mul(i, hn::Set(d, row.PixelWidth)));
-    const Real scale = hn::Div(hn::Set(d, -row.c), Axis(row, 2, xn));
-    const Real x = hn::Mul(scale, Axis(row, 0, xn));
-    const Real y = hn::Mul(scale, Axis(row, 1, xn));
-    const Real col = Affine(&row.affine[0], x, y);
-    const Real down = hn::Sub(hn::Set(d, row.last_row), Affine(&row.affine[3], x, y));
-    const auto seen = hn::And(Within(col, row.last_col), Within(down, row.last_row));
-    const Real left = hn::Min(hn::Floor(col), hn::Set(d, row.last_start_col));
-    const Real upper = hn::Min(hn::Floor(down), hn::Set(d, row.last_start_row));
-    const Real pixel = hn::Add(left, hn::Mul(upper, hn::Set(d, row.last_col + 1)));
-    const Real safe = hn::IfThenElse(seen, pixel, hn::Set(d, double{kNoSource}));
-    hn::StoreU(hn::DemoteTo(whole, safe), whole, &places.pixel[k]);
-    hn::StoreU(hn::DemoteTo(half, hn::Sub(col, left)), half, &places.right[k]);
-    hn::StoreU(hn::DemoteTo(half, hn::Sub(down, upper)), half, &places.below[k]);
-  }
-}
 
 /// Past the last of the pixels from k on that lie side by side in one row of the source.
 std::size_t End_Of_Run(const SourcePlaces& places, std::size_t k, std::size_t count) {
@@ -158,14 +111,20 @@ void Interpolate_At_End(const RasterSource& source, const SourcePlaces& places, 
   }
 }
 
+const WeightIndices& Weights_Of(std::size_t channels) {
+  static const WeightIndices grey(1), colour(3);
+  return channels == 1 ? grey : colour;
+}
+
 void InterpolateRaster(const RasterSource& source, const SourcePlaces& places, std::size_t count,
                        std::uint8_t* target) {
-  const WeightIndices weights(source.channels);
+  const WeightIndices& weights = Weights_Of(source.channels);
   std::size_t k = 0;
   while (k < count) {
     if (places.pixel[k] == kNoSource) {
-      std::memset(target + source.channels * k, 0, source.channels);
-      ++k;
+      const std::size_t first = k;
+      while (k < count && places.pixel[k] == kNoSource) ++k;
+      std::memset(target + source.channels * first, 0, source.channels * (k - first));
       continue;
     }
     const std::size_t end = End_Of_Run(places, k, count);
@@ -188,17 +147,22 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace sylvomex {
 
-HWY_EXPORT(FindSourcePlaces);
 HWY_EXPORT(InterpolateRaster);
-
-void Find_Source_Places(const RowProjection& row, int first_col, std::size_t count,
-                        SourcePlaces& places) {
-  HWY_DYNAMIC_DISPATCH(FindSourcePlaces)(row, first_col, count, places);
-}
 
 void Interpolate_Raster(const RasterSource& source, const SourcePlaces& places, std::size_t count,
                         std::uint8_t* target) {
-  HWY_DYNAMIC_DISPATCH(InterpolateRaster)(source, places, count, target);
+  // The last vector of a run reaches past it.
+  std::array<std::uint8_t, 3 * kResampledTogether + kVectorRoom> chunk;
+  HWY_DYNAMIC_DISPATCH(InterpolateRaster)(source, places, count, chunk.data());
+  std::copy_n(chunk.data(), source.channels * count, target);
+}
+
+void Interpolate_Segments(const RasterSource& source, const SourceSegments& segments,
+                          std::size_t first, std::size_t last, std::uint8_t* target) {
+  const auto width = static_cast<int>(source.below / static_cast<std::ptrdiff_t>(source.channels));
+  SourcePlaces places;
+  Find_Segment_Places(segments, first, last, width, places);
+  Interpolate_Raster(source, places, kSegmentPixels * (last - first), target);
 }
 
 }  // namespace sylvomex
