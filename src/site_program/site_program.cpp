@@ -32,6 +32,20 @@ void Add_Init(CLI::App& app, Task& task) {
   Run_With(command, task, Run_Init, arguments);
 }
 
+/// Numbers that no image can make sense of are a wrong command line.
+void Check_Numbers(const ImagesArguments& arguments) {
+  if (arguments.stretch) {
+    const auto [low, high] = *arguments.stretch;
+    if (!(low >= 0 && low < high && high <= 100)) {
+      throw CLI::ValidationError("--stretch",
+                                 "LOW and HIGH are percentiles, 0 <= LOW < HIGH <= 100");
+    }
+  }
+  if (arguments.around && !((*arguments.around)[3] > 0)) {
+    throw CLI::ValidationError("--around", "RADIUS is not positive");
+  }
+}
+
 void Add_Import_Images(CLI::App& import, Task& task) {
   const auto arguments = std::make_shared<ImagesArguments>();
   CLI::App* const command = import.add_subcommand("images", "photographs with their orientation");
@@ -42,9 +56,12 @@ void Add_Import_Images(CLI::App& import, Task& task) {
   command->add_option("--format", arguments->format,
                       "the table's format, if it is not to be found");
   command->add_option("--stretch", arguments->stretch, "percentiles that become 0 and 255")
-      ->type_name("LOW HIGH");
+      ->type_name("LOW HIGH")
+      ->expected(2);
   command->add_option("--around", arguments->around, "cut what shows the circle")
-      ->type_name("X Y Z RADIUS");
+      ->type_name("X Y Z RADIUS")
+      ->expected(4);
+  command->parse_complete_callback([arguments] { Check_Numbers(*arguments); });
   Run_With(command, task, Run_Import_Images, arguments);
 }
 

@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+// What the program imports, the workstation opens.
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "interchange/site.h"
+#include "platform/number_text.h"
+#include "site_program/site_program.h"
+#include "support/photo_site.h"
+#include "support/session_run.h"
+
+namespace sylvomex {
+namespace {
+
+struct Ran {
+  int status = -1;
+  std::string out;
+  std::string err;
+};
+
+Ran Play(std::vector<std::string> words) {
+  std::ostringstream out;
+  std::ostringstream err;
+  const int status = Run_Site_Program(std::move(words), out, err);
+  return {status, out.str(), err.str()};
+}
+
+class ImportedBlock : public testing::Test {
+ protected:
+  ImportedBlock() {
+    Play({"init", Site_Path(), "--crs", "EPSG:3067"});
+    for (const TablePhoto& photo : photos_) {
+      files_.push_back(Write_Tiff(source_, photo.name + ".tif", photo.width, photo.height, 3,
+                                  GDT_Byte, Mixed_Values(photo.width, photo.height, 3)));
+    }
+  }
+
+  std::string Site_Path() const { return site_.Path().string(); }
+
+  std::vector<std::string> Import_Words(const std::string& table) const {
+    std::vector<std::string> words{"import", "images", Site_Path(), table, "--json"};
+    words.insert(words.end(), files_.begin(), files_.end());
+    return words;
+  }
+
+  /// Observations of the sample points in all photographs.
+  std::string Observations() {
+    std::string text = "photo,point,col_px,row_px\n";
+    for (const TablePhoto& photo : photos_) {
+      for (std::size_t p = 0; p < Sample_Points().size(); ++p) {
+        const auto [col, row] = photo.Pixel(Sample_Points()[p]);
+        text += photo.name + "," + std::to_string(p) + "," + Full_Text(col) + "," + Full_Text(row) +
+                "\n";
+      }
+    }
+    return source_.Write("observations.csv", text).native.string();
+  }
+
+  std::string Points() {
+    std::string text = "point,X,Y,Z\n";
+    for (std::size_t p = 0; p < Sample_Points().size(); ++p) {
+      const Point3D& at = Sample_Points()[p];
+      text += std::to_string(p) + "," + Full_Text(at.X) + "," + Full_Text(at.Y) + "," +
+              Full_Text(at.Z) + "\n";
+    }
+    return source_.Write("points.csv", text).native.string();
+  }
+
+  /// The workstation's projections of the sample points against the table's formula.
+  void Expect_Projections() {
+    const WorldShift shift = *Open_Site(site_.Path()).shift;
+    for (const TablePhoto& photo : photos_) {
+      for (const Point3D& point : Sample_Points()) {
+        const PlayedSession played = Play_Script(
+            site_, "file c:\\data\\images\\" + photo.name + ".hdr\nmenu Add_images_to_set\ncall " +
+                       "Object_To_Pixel 0 " + Full_Text(point.X - shift.X) + " " +
+                       Full_Text(point.Y - shift.Y) + " " + Full_Text(point.Z) + "\n");
+        ASSERT_EQ(played.status, 0) << played.reason;
+        double col = 0;
+        double row = 0;
+        const std::size_t equals = played.transcript.rfind("= ");
+        ASSERT_EQ(std::sscanf(played.transcript.c_str() + equals, "= %lf %lf", &col, &row), 2)
+            << played.transcript;
+        EXPECT_NEAR(col + 0.5, photo.Pixel(point)[0], 1e-6);
+        EXPECT_NEAR(photo.height - 0.5 - row, photo.Pixel(point)[1], 1e-6);
+      }
+    }
+  }
+
+  std::vector<TablePhoto> photos_ = Sample_Photos();
+  TemporaryFolder site_;
+  TemporaryFolder source_;
+  std::vector<std::string> files_;
+};
+
+TEST_F(ImportedBlock, OpensInTheWorkstationAndProjectsAsTheTable) {
+  photos_.resize(2);
+  files_.resize(2);
+  const std::string table = source_.Write("t.csv", Plain_Table(photos_)).native.string();
+  const Ran ran = Play(Import_Words(table));
+  ASSERT_EQ(ran.status, 0) << ran.err;
+  EXPECT_EQ(nlohmann::json::parse(ran.out)["images"].size(), 2U);
+  Expect_Projections();
+}
+
+TEST_F(ImportedBlock, ShowsTheImportedPixels) {
+  const std::string table = source_.Write("t.csv", Plain_Table(photos_)).native.string();
+  ASSERT_EQ(Play(Import_Words(table)).status, 0);
+  const PlayedSession played =
+      Play_Script(site_,
+                  "file c:\\data\\images\\photo1.hdr\nmenu Add_images_to_set\n"
+                  "print ImageBlock(0).ColorFlag\nprint ImageBlock(0).SubWidth\nsay shown\n",
+                  300, 300);
+  EXPECT_EQ(played.status, 0) << played.reason;
+  EXPECT_NE(played.transcript.find("say shown"), std::string::npos);
+  EXPECT_TRUE(site_.Has("c/data/pic0.bmp"));
+}
+
+TEST_F(ImportedBlock, FollowsTheConventionThatTheCheckChose) {
+  photos_.resize(2);
+  files_.resize(2);
+  std::vector<TablePhoto> gon = photos_;
+  for (TablePhoto& photo : gon) {
+    photo.omega /= 0.9;
+    photo.phi /= 0.9;
+    photo.kappa /= 0.9;
+  }
+  const std::string table = source_.Write("gon.csv", Plain_Table(gon)).native.string();
+  const Ran check =
+      Play({"check", "orientation", Site_Path(), table, Observations(), Points(), "--json"});
+  EXPECT_EQ(check.status, 0) << check.err;
+  const auto object = nlohmann::json::parse(check.out);
+  EXPECT_EQ(object["chosen"], object["conventions"][0]["name"]);
+  EXPECT_LT(object["conventions"][0]["rms_px"], 1e-5);
+  ASSERT_EQ(Play(Import_Words(table)).status, 0);
+  Expect_Projections();
+}
+
+TEST_F(ImportedBlock, ACheckThatFitsNothingChangesNothing) {
+  std::vector<TablePhoto> wrong = photos_;
+  std::swap(wrong[0].centre, wrong[3].centre);
+  wrong[1].kappa += 77;
+  const std::string table = source_.Write("wrong.csv", Plain_Table(wrong)).native.string();
+  const std::string before = site_.Read("site.toml");
+  const Ran check =
+      Play({"check", "orientation", Site_Path(), table, Observations(), Points(), "--json"});
+  EXPECT_EQ(check.status, 1);
+  EXPECT_NE(check.err.find("wrong.csv"), std::string::npos);
+  EXPECT_TRUE(nlohmann::json::parse(check.out)["chosen"].is_null());
+  EXPECT_EQ(site_.Read("site.toml"), before);
+}
+
+TEST_F(ImportedBlock, AStretchThatIsNoneIsAWrongCommandLine) {
+  EXPECT_EQ(Play({"import", "images", Site_Path(), "t", "f", "--stretch", "60", "40"}).status, 2);
+  EXPECT_EQ(Play({"import", "images", Site_Path(), "t", "f", "--stretch", "2", "101"}).status, 2);
+  EXPECT_EQ(
+      Play({"import", "images", Site_Path(), "t", "f", "--around", "1", "2", "3", "0"}).status, 2);
+}
+
+}  // namespace
+}  // namespace sylvomex
