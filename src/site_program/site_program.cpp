@@ -56,11 +56,9 @@ void Add_Import_Images(CLI::App& import, Task& task) {
   command->add_option("--format", arguments->format,
                       "the table's format, if it is not to be found");
   command->add_option("--stretch", arguments->stretch, "percentiles that become 0 and 255")
-      ->type_name("LOW HIGH")
-      ->expected(2);
+      ->type_name("LOW HIGH");
   command->add_option("--around", arguments->around, "cut what shows the circle")
-      ->type_name("X Y Z RADIUS")
-      ->expected(4);
+      ->type_name("X Y Z RADIUS");
   command->parse_complete_callback([arguments] { Check_Numbers(*arguments); });
   Run_With(command, task, Run_Import_Images, arguments);
 }

@@ -61,7 +61,7 @@ class ImportedBlock : public testing::Test {
   std::string Points() {
     std::string text = "point,X,Y,Z\n";
     for (std::size_t p = 0; p < Sample_Points().size(); ++p) {
-      const Point3D& at = Sample_Points()[p];
+      const Point3D at = Sample_Points()[p];
       text += std::to_string(p) + "," + Full_Text(at.X) + "," + Full_Text(at.Y) + "," +
               Full_Text(at.Z) + "\n";
     }
@@ -134,7 +134,9 @@ TEST_F(ImportedBlock, FollowsTheConventionThatTheCheckChose) {
   const auto object = nlohmann::json::parse(check.out);
   EXPECT_EQ(object["chosen"], object["conventions"][0]["name"]);
   EXPECT_LT(object["conventions"][0]["rms_px"], 1e-5);
-  ASSERT_EQ(Play(Import_Words(table)).status, 0);
+  const Ran import = Play(Import_Words(table));
+  ASSERT_EQ(import.status, 0) << import.err;
+  EXPECT_EQ(nlohmann::json::parse(import.out)["convention"], object["chosen"]);
   Expect_Projections();
 }
 
