@@ -182,6 +182,7 @@ void DesktopScreen::Report_Error(std::string_view command, std::string_view text
                   Qt_Text(command) + QLatin1String(": ") + Qt_Text(text), QMessageBox::Ok,
                   owner_.front_window());
   box.setInformativeText(Qt_Text(native_path));
+  box.setDetailedText(std::exchange(causes_, {}).join(QLatin1Char('\n')));
   Lay_Out(box);
   box.exec();
 }

@@ -10,6 +10,7 @@
 #include "platform/number_text.h"
 #include "platform/rounding.h"
 #include "state/camera_access.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
@@ -17,6 +18,8 @@ namespace {
 
 constexpr double kFarthest = 32000;  // largest distance of a centre in raw pixels, within 16 bits
 constexpr double kScaleElevation = 160;  // metres, of the scale number on the panes
+
+constexpr const char* kCentre = "the centre in raw pixels";
 
 ViewWindow Fit_At_Present_Zoom(Workspace& w, int image, RawCentre centre) {
   PaneView& view = w.PaneViews(image);
@@ -60,7 +63,9 @@ void Mark_Solution_And_Scale(Workspace& w, int image, double col, double row) {
 
 void Center_One_On_Target(Workspace& w, int image) {
   const auto [col, row] = Object_To_Pixel(w, image, w.CenterTarget);
-  const RawCentre centre = Limited_Raw_Centre(w.ImageBlock(image), col, row);
+  const RawCentre centre = About(w, kCentre, [&, col = col, row = row] {
+    return Limited_Raw_Centre(w.ImageBlock(image), col, row);
+  });
   Render_And_Load(w, image, Fit_At_Present_Zoom(w, image, centre));
   Mark_Solution_And_Scale(w, image, col, row);
   w.screen->Service_Events();
@@ -69,8 +74,10 @@ void Center_One_On_Target(Workspace& w, int image) {
 void Center_One_On_Pan_Center(Workspace& w, int image) {
   const ImageRecord& record = w.ImageBlock(image);
   const auto [col, row] = Object_To_Pixel(w, image, w.CenterTarget);
-  const RawCentre centre{To_Int16(col - record.SubColOrigin),
-                         To_Int16((record.FullHeight - 1 - row) - record.SubRowOrigin)};
+  const RawCentre centre = About(w, kCentre, [&, col = col, row = row] {
+    return RawCentre{To_Int16(col - record.SubColOrigin),
+                     To_Int16((record.FullHeight - 1 - row) - record.SubRowOrigin)};
+  });
   const ViewWindow window = Fit_At_Present_Zoom(w, image, centre);
   // A grey pane keeps its old bitmap although its view has changed.
   if (record.ColorFlag == 1) Render_Scratch_Bitmap(w, image, window);

@@ -2,12 +2,14 @@
 #include "panes/pane_rendering.h"
 
 #include <memory>
+#include <string>
 #include <utility>
 
 #include "imageblock/bitmap_file.h"
 #include "imageblock/pane_renderer.h"
 #include "platform/number_text.h"
 #include "platform/rounding.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
@@ -22,6 +24,18 @@ std::optional<GammaTable> Chosen_Gamma(const MenuChecks& menu) {
     if (menu.Gamma(n)) gamma = Make_Gamma_Table(kGammaExponents[n - 1]);
   }
   return gamma;
+}
+
+std::string Reach_Of_View(const Workspace& w, int image, const ViewWindow& window) {
+  const ImageRecord& record = w.ImageBlock(image);
+  const auto range = [](int first, int last) {
+    return Plain_Text(std::int32_t{first}) + " to " + Plain_Text(std::int32_t{last});
+  };
+  return Name_Of_Image(w, image) + ": a view of columns " +
+         range(window.first_col, window.last_col) + ", rows " +
+         range(window.first_row, window.last_row) + " at zoom " +
+         Plain_Text(w.PaneViews(image).ZoomX) + " leaves the raw file of " +
+         Plain_Text(record.SubWidth) + " x " + Plain_Text(record.SubHeight);
 }
 
 }  // namespace
@@ -39,12 +53,17 @@ ViewWindow Fit_View_Window(Workspace& w, int image, int centre_col, int centre_r
   const ViewWindow window =
       Compute_View_Window(record.SubWidth, record.SubHeight, centre_col, centre_row, width, height);
   if (!window.fits) {
-    w.screen->Message_Box("Pan window is too large");
+    Show_With_Cause(w, "Pan window is too large",
+                    Name_Of_Image(w, image) + ": a view of " + Plain_Text(std::int32_t{width}) +
+                        " x " + Plain_Text(std::int32_t{height}) + " pixels, the raw file has " +
+                        Plain_Text(record.SubWidth) + " x " + Plain_Text(record.SubHeight));
     return window;
   }
   PaneView& view = w.PaneViews(image);
-  view.ViewCol = To_Int16(window.first_col);
-  view.ViewRow = To_Int16(window.first_row);
+  About(w, Name_Of_Image(w, image) + ": first column and row of the view", [&] {
+    view.ViewCol = To_Int16(window.first_col);
+    view.ViewRow = To_Int16(window.first_row);
+  });
   return window;
 }
 
@@ -72,7 +91,10 @@ void Render_Scratch_Bitmap(Workspace& w, int image, const ViewWindow& window) {
   request.zoom_y = view.ZoomY;
   request.pane_width = w.PaneWidth;
   request.pane_height = w.PaneHeight;
-  request.on_exceeding = [&w] {
+  bool is_told = false;  // the cause once, the message for every pixel
+  request.on_exceeding = [&] {
+    if (!is_told) Tell_Cause(w, Reach_Of_View(w, image, window));
+    is_told = true;
     w.screen->Message_Box("In create BMP: exceeding allowed indeces");
   };
   const PaneBitmap bitmap = Render_Photograph(w, image, std::move(request));

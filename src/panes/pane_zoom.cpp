@@ -6,6 +6,7 @@
 #include "platform/rounding.h"
 #include "state/box_numbers.h"
 #include "state/camera_access.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
@@ -39,8 +40,11 @@ void Render_At_Zoom(Workspace& w, int image, double zoom_x, double zoom_y) {
   view.ZoomY = zoom_y;
   view.ViewWidth = w.PaneWidth;
   view.ViewHeight = w.PaneHeight;
+  const auto whole = [&w](double place) {
+    return About(w, "the centre in raw pixels", [&] { return To_Int16(place); });
+  };
   const ViewWindow window =
-      Fit_View_Window(w, image, To_Int16(centre.raw_col), To_Int16(centre.raw_row),
+      Fit_View_Window(w, image, whole(centre.raw_col), whole(centre.raw_row),
                       View_Extent(w.PaneWidth, zoom_x), View_Extent(w.PaneHeight, zoom_y));
   Render_Scratch_Bitmap(w, image, window);
   Load_Scratch_Bitmap(w, image);
@@ -52,13 +56,13 @@ void Render_At_Zoom(Workspace& w, int image, double zoom_x, double zoom_y) {
 
 void Set_Zoom(Workspace& w, int image, double zoom_x, double zoom_y) {
   if (w.ImageKinds(image) == 2) {
-    w.screen->Message_Box("Zoom not alowed for correlation images!");
+    Show_With_Cause(w, "Zoom not alowed for correlation images!", Name_Of_Image(w, image));
     return;
   }
   try {
     Render_At_Zoom(w, image, zoom_x, zoom_y);
-  } catch (const RunTimeError&) {
-    w.screen->Message_Box(kZoomError);
+  } catch (const RunTimeError& error) {
+    Show_With_Cause(w, kZoomError, error.At(Name_Of_Image(w, image), error.Native_Path()));
   }
 }
 

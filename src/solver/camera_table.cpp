@@ -139,7 +139,9 @@ std::optional<TableCamera> CameraTableReader::Next() {
     const std::string text = lines_.Read_Line();
     if (Without_Blanks_Around(text).empty()) continue;
     CameraLine line(text, file_, line_number);
-    return Read_Camera(line);
+    TableCamera camera = Read_Camera(line);
+    camera.line = line_number;
+    return camera;
   }
   return std::nullopt;
 }

@@ -28,6 +28,7 @@ struct TableCamera {
   std::string name_end;  // parts of the point-in-image file's name
   std::string header;    // path of the image's header
   std::string name_start;
+  int line = 0;  // of the table, from 1
 };
 
 /// Reads a table line by line, skipping empty lines. RunTimeError(BadContent) for a line that does

@@ -6,6 +6,7 @@
 #include "platform/files.h"
 #include "platform/list_reader.h"
 #include "platform/number_text.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
@@ -39,10 +40,12 @@ void Run_Locale_Test(Workspace& w, NumberSeparators separators) {
   ListReader reader(scratch);
   const std::string number = reader.Read_Line();
   if (number.size() < 2 || number[1] != '.') {
-    w.screen->Message_Box("SYLVOMEX requires the use of point as decimal separator");
+    Show_With_Cause(w, "SYLVOMEX requires the use of point as decimal separator",
+                    "the number 1.0 is read as " + Quoted_For_Message(number));
   }
   if (!Reads_One_Two_Three(reader.Read_Line(), separators.list)) {
-    w.screen->Message_Box("SYLVOMEX requires the use of comma as list separator");
+    Show_With_Cause(w, "SYLVOMEX requires the use of comma as list separator",
+                    std::string("the list separator of the settings is ") + separators.list);
   }
   Delete_File(w.Drives.Locate("c:\\data\\pilkkutesti.txt"));
 }

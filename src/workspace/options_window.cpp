@@ -2,6 +2,8 @@
 #include "workspace/options_window.h"
 
 #include "platform/number_text.h"
+#include "state/box_numbers.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
@@ -13,26 +15,34 @@ void Give_Back_Main_Window(Workspace& w) {
   Set_Focus(w.Form1, "");
 }
 
+std::int32_t Integer_In(const TextBox& box, const char* name) {
+  try {
+    return Parse_Int32(box.Text);
+  } catch (const RunTimeError& error) {
+    throw error.At(name);
+  }
+}
+
 // Row by row: when a row is invalid, the rows before it have already changed.
 void Take_Options(Workspace& w) {
   const Form2State& form = w.Form2;
   Options& options = w.options;
-  options.EpipolarZDepth = Parse_Double(form.Text1.Text);
-  options.StepLength = Parse_Double(form.Text2.Text);
-  options.RmseBeepOneLevel = Parse_Double(form.Text3.Text);
-  options.RmseBeepTwoLevel = Parse_Double(form.Text4.Text);
-  options.RmseBeepOneFrequency = Parse_Int32(form.Text5.Text);
-  options.RmseBeepTwoFrequency = Parse_Int32(form.Text6.Text);
-  options.RmseBeepOneDuration = Parse_Int32(form.Text7.Text);
-  options.RmseBeepTwoDuration = Parse_Int32(form.Text8.Text);
-  options.IterationStopDX = Parse_Double(form.Text9.Text);
-  options.IterationStopDY = Parse_Double(form.Text10.Text);
-  options.IterationStopDZ = Parse_Double(form.Text11.Text);
+  options.EpipolarZDepth = Number_In(form.Text1, "Text1");
+  options.StepLength = Number_In(form.Text2, "Text2");
+  options.RmseBeepOneLevel = Number_In(form.Text3, "Text3");
+  options.RmseBeepTwoLevel = Number_In(form.Text4, "Text4");
+  options.RmseBeepOneFrequency = Integer_In(form.Text5, "Text5");
+  options.RmseBeepTwoFrequency = Integer_In(form.Text6, "Text6");
+  options.RmseBeepOneDuration = Integer_In(form.Text7, "Text7");
+  options.RmseBeepTwoDuration = Integer_In(form.Text8, "Text8");
+  options.IterationStopDX = Number_In(form.Text9, "Text9");
+  options.IterationStopDY = Number_In(form.Text10, "Text10");
+  options.IterationStopDZ = Number_In(form.Text11, "Text11");
   w.ObservationFileName = form.Text12.Text;
-  options.PlotTreesMinHeight = Parse_Double(form.Text13.Text);
-  w.PanCenter.X = Parse_Double(form.Text14.Text);
-  w.PanCenter.Y = Parse_Double(form.Text15.Text);
-  w.PanCenter.Z = Parse_Double(form.Text16.Text);
+  options.PlotTreesMinHeight = Number_In(form.Text13, "Text13");
+  w.PanCenter.X = Number_In(form.Text14, "Text14");
+  w.PanCenter.Y = Number_In(form.Text15, "Text15");
+  w.PanCenter.Z = Number_In(form.Text16, "Text16");
   options.IncludeTreeNumbers = form.Check1.Value != 0;
   options.PlotAllAfterSave = form.Check2.Value != 0;
   options.AutoEpipolar = form.Check3.Value != 0;
@@ -73,8 +83,9 @@ void Form2_Activate(Workspace& w) {
 void Apply_Options_Changes(Workspace& w) {
   try {
     Take_Options(w);
-  } catch (const RunTimeError&) {
-    w.screen->Message_Box("Cannot convert parameter values into numeric/string values, try again!");
+  } catch (const RunTimeError& error) {
+    Show_With_Cause(w, "Cannot convert parameter values into numeric/string values, try again!",
+                    error);
   }
 }
 

@@ -51,7 +51,7 @@ class PresentTile {
     const std::string name = Tile_Name(prefix_, Campaign::Als2006, crown.X, crown.Y);
     if (name == name_) return true;
     name_ = name;
-    return Read_Tile(w_, w_.Drives.Locate(name)) != 0;
+    return Read_Tile(w_, Campaign::Als2006, w_.Drives.Locate(name)) != 0;
   }
 
   // Another command may have read another tile into the table meanwhile.

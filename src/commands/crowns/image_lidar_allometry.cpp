@@ -113,7 +113,7 @@ void Draw_Crown(Workspace& w, CrownEchoes& echoes, const FittedTree& tree) {
 void Image_Lidar_Allometry_Algorithm(Workspace& w) {
   w.LidarPlotScale = 0;
   const ColourMap colours = Read_Colours(w);
-  if (Read_Tile(w, Solution_Tile(w, Campaign::Als2006)) == 0) return;
+  if (Read_Tile(w, Campaign::Als2006, Solution_Tile(w, Campaign::Als2006)) == 0) return;
   Tell_Density(w);
   Preview_Echoes(w, colours);
   if (w.screen->Message_Box("Start crown fiiting", Buttons::YesNo) == Answer::No) return;

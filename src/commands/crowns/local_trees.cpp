@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commands/crowns/local_trees.h"
 
+#include "state/cause.h"
 #include "state/workspace.h"
 
 #include "commands/crowns/crown_drawing.h"
@@ -55,7 +56,9 @@ void Clear_Fit(CrownState& crowns) {
 
 void Save_Local_Tree(Workspace& w) {
   if (!w.Crowns.LidarFitDone || !w.Crowns.MultiSizeDone) {
-    w.screen->Message_Box("You forgot either Multi-Size TM or crown modelling with lidar");
+    Show_With_Cause(w, "You forgot either Multi-Size TM or crown modelling with lidar",
+                    w.Crowns.LidarFitDone ? "no tree top is measured by \"Multi-Size TM\""
+                                          : "no crown is modelled with lidar");
     return;
   }
   Append_To_File(w.Drives.Locate(kTreeFile), Local_Tree_Line(w.Crowns.LocalTreeRecord));

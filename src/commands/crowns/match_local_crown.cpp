@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commands/crowns/match_local_crown.h"
 
+#include "state/cause.h"
 #include "state/workspace.h"
 
 #include <algorithm>
@@ -25,6 +26,7 @@ namespace {
 
 constexpr double kTopShare = 0.95;  // of the height, above which echoes are taken
 constexpr double kTopMargin = 1.0;  // metres above the height, from which they are not
+constexpr const char* kNoSpecies = "none of Check2(0) to Check2(3) is ticked";
 constexpr int kMinPoints = 3;
 constexpr double kFirstRing = 0.1, kRingStep = 1;  // metres
 constexpr int kRingWidth = 2;
@@ -130,7 +132,12 @@ void Fill_Record(LocalTree& tree, const LocalSite& site, const LocalEchoes& take
 // of the tree's own species, the others 0.
 std::array<double, 8> Stem_Diameters(Workspace& w, const LocalTree& tree, double diameter) {
   std::array<double, 8> diameters{};
-  const auto report = [&w](std::string_view text) { w.screen->Message_Box(text); };
+  const auto report = [&](std::string_view text) {
+    Show_With_Cause(w, text,
+                    "stem of species " + Plain_Text(int{tree.Species}) + ", crown widths " +
+                        Plain_Text(diameter) + " and " + Plain_Text(tree.PhotoCrownWidth) +
+                        " m, height " + Plain_Text(tree.TreeHeight) + " m");
+  };
   if (tree.Species == 0) return diameters;
   const std::size_t own = tree.Species - std::size_t{1};
   diameters[own] = Stem_Diameter(tree.Species, diameter, tree.TreeHeight, report);
@@ -156,13 +163,15 @@ void Measure_Local_Crown(Workspace& w, LocalSite& site, CrownEchoes& echoes,
   w.Crowns.TreeCount = 0;
   Show_Status(w, "Fitting crowns...");
   site.species = Get_Species(w);
-  if (site.species == 0) w.screen->Message_Box("Species became 0");
+  if (site.species == 0) Show_With_Cause(w, "Species became 0", kNoSpecies);
   CrownRecord crown = Tree_Of(site, starts[static_cast<std::size_t>(site.species)]);
   const LocalEchoes taken = Take_Echoes(echoes, crown);
   w.Crowns.CrownTrees(1) = crown;
   w.Crowns.TreeCount = 1;
   if (crown.PointCount < kMinPoints) {
-    w.screen->Message_Box("Too few LiDAR points!");
+    Show_With_Cause(w, "Too few LiDAR points!",
+                    Plain_Text(std::int32_t{crown.PointCount}) + " echoes in the crown, " +
+                        Plain_Text(std::int32_t{kMinPoints}) + " are needed");
     return;
   }
   const CrownFit fit = Fit_Local_Crown(w, taken, crown);
@@ -188,12 +197,12 @@ void Measure_Local_Crown(Workspace& w, LocalSite& site, CrownEchoes& echoes,
 }  // namespace
 
 void Match_Local_Crown(Workspace& w) {
-  if (Read_Tile(w, Solution_Tile(w, Campaign::Als2006)) == 0) return;
+  if (Read_Tile(w, Campaign::Als2006, Solution_Tile(w, Campaign::Als2006)) == 0) return;
   LocalSite site{w.Solution3D, Get_Raster_Elevation(w, w.Solution3D.X, w.Solution3D.Y), 0,
                  Get_Species(w)};
   site.height = site.top.Z - site.ground;
   if (site.species == 0) {
-    w.screen->Message_Box("Species unresolved");
+    Show_With_Cause(w, "Species unresolved", kNoSpecies);
     return;
   }
   const double radius = Search_Radius(site.species, site.height);

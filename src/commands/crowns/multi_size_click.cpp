@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commands/crowns/multi_size_click.h"
 
+#include "state/cause.h"
 #include "state/workspace.h"
 
 #include <string>
@@ -116,7 +117,9 @@ HeightSearch Search_Heights(const Workspace& w, const Point3D& start,
                             const HeightCandidates& candidates) {
   HeightSearch search;
   search.size_score.assign(static_cast<std::size_t>(kTemplateSizeCount * candidates.count), 0);
-  for (const int image : Ticked_Images(w)) Score_Image(w, image, start, candidates, search);
+  for (const int image : Ticked_Images(w)) {
+    About(w, Name_Of_Image(w, image), [&] { Score_Image(w, image, start, candidates, search); });
+  }
   if (search.best_row == 0) {
     throw RunTimeError(Failure::SubscriptOutOfRange,
                        "the multi-size measure has no best height: no image is ticked");

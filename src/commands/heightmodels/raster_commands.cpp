@@ -10,6 +10,7 @@
 #include "services/hourglass.h"
 #include "services/status_line.h"
 #include "state/camera_access.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
@@ -28,8 +29,8 @@ void End_Reading(Workspace& w, const char* status) {
   w.screen->Service_Events();
 }
 
-void Report_Failed_Reading(Workspace& w, const char* status) {
-  w.screen->Message_Box("An error occurred, resuming");
+void Report_Failed_Reading(Workspace& w, const RunTimeError& error, const char* status) {
+  Show_With_Cause(w, "An error occurred, resuming", error);
   Show_Status(w, status);
 }
 
@@ -47,13 +48,18 @@ void Ask_Offset(Workspace& w) {
       w.screen->Input_Box("What value to add to each cell Z?", "Query", "0.00").value_or(""));
 }
 
+std::int64_t Read_Cells_Named_In(Workspace& w, const FilePath& header, RasterModel& model) {
+  return Named_In(w, header.name,
+                  [&] { return Read_Cells(w.Drives.Locate(model.CellFile.Padded()), model); });
+}
+
 std::int64_t Load_Dem(Workspace& w, const FilePath& header) {
   const HourglassGuard hourglass(w);
   w.screen->Service_Events();
   Read_Raster_Header(header, w.RasterDem);
   Dimension_Cells(w.RasterDem);
   Ask_Offset(w);
-  return Read_Cells(w.Drives.Locate(w.RasterDem.CellFile.Padded()), w.RasterDem);
+  return Read_Cells_Named_In(w, header, w.RasterDem);
 }
 
 std::int64_t Load_Chm(Workspace& w, const FilePath& header) {
@@ -62,7 +68,7 @@ std::int64_t Load_Chm(Workspace& w, const FilePath& header) {
   w.screen->Service_Events();
   Read_Raster_Header(header, w.RasterChm);
   Dimension_Cells(w.RasterChm);
-  return Read_Cells(w.Drives.Locate(w.RasterChm.CellFile.Padded()), w.RasterChm);
+  return Read_Cells_Named_In(w, header, w.RasterChm);
 }
 
 }  // namespace
@@ -71,8 +77,8 @@ void Add_height_Model(Workspace& w) {
   std::int64_t without_data = 0;
   try {
     without_data = Load_Dem(w, Ask_Header(w));
-  } catch (const RunTimeError&) {
-    Report_Failed_Reading(w, " DEM read unsuccesfully");
+  } catch (const RunTimeError& error) {
+    Report_Failed_Reading(w, error, " DEM read unsuccesfully");
     return;
   }
   w.RasterDemLoaded = true;
@@ -84,8 +90,8 @@ void Add_Raster_CHM(Workspace& w) {
   std::int64_t without_data = 0;
   try {
     without_data = Load_Chm(w, Ask_Header(w));
-  } catch (const RunTimeError&) {
-    Report_Failed_Reading(w, " RASTER CHM read unsuccesfully");
+  } catch (const RunTimeError& error) {
+    Report_Failed_Reading(w, error, " RASTER CHM read unsuccesfully");
     return;
   }
   End_Reading(w, " Raster CHM read succesfully");

@@ -12,6 +12,7 @@
 #include "services/chosen_file.h"
 #include "services/status_line.h"
 #include "state/camera_access.h"
+#include "state/cause.h"
 #include "state/tin_access.h"
 #include "state/workspace.h"
 
@@ -30,13 +31,16 @@ void Tell_Degenerate_Triangle(Workspace& w, const TinModel& model) {
 // proved valid: the dialogs and message boxes let other commands run meanwhile. A dismissed
 // dialog ends the command without any change.
 void Load_Tin(Workspace& w, TinModel Workspace::*place, double lift) {
-  const Report report = [&w](std::string_view sentence) { w.screen->Message_Box(sentence); };
   TinModel model;
   const auto nodes = Ask_File(w, {"File with node x,y,z", "NOD files (*.nod)|*.nod", 1, ""});
   if (!nodes) return;
   Read_Tin_Nodes(*nodes, lift, model);
   const auto triangles = Ask_File(w, {"File with Triangle ids", "NOD files (*.tri)|*.tri", 1, ""});
   if (!triangles) return;
+  const Report report = [&](std::string_view sentence) {
+    Show_With_Cause(w, sentence,
+                    triangles->name + ", triangle " + Plain_Text(model.TriangleCount + 1));
+  };
   const bool complete = Read_Tin_Triangles(*triangles, model, report);
   Index_Tin(model, report);
   w.*place = std::move(model);

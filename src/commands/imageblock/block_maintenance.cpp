@@ -6,6 +6,7 @@
 #include "platform/number_text.h"
 #include "services/status_line.h"
 #include "state/camera_access.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
@@ -56,9 +57,11 @@ void Lay_Out_Those_Left(Workspace& w) {
 
 void Remove_Image(Workspace& w, int image) {
   if (image < 0 || image >= w.ImageCount) {
-    w.screen->Message_Box(
-        "You've entered an image number outside acceptable range, remember, numbering starts "
-        "from zero");
+    Show_With_Cause(w,
+                    "You've entered an image number outside acceptable range, remember, numbering "
+                    "starts from zero",
+                    "image " + Plain_Text(std::int32_t{image}) + " of " +
+                        Plain_Text(std::int32_t{w.ImageCount}));
     Show_Status(w, "Could not remove images with given input");
     return;
   }
@@ -95,7 +98,8 @@ void Remove_an_image(Workspace& w) {
     } else {
       Remove_Image(w, image);
     }
-  } catch (const RunTimeError&) {
+  } catch (const RunTimeError& error) {
+    Tell_Cause(w, Cause_Text(error));
     Show_Status(w, "An error occurred in removing images");
   }
 }

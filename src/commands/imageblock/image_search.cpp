@@ -14,6 +14,7 @@
 #include "services/solution.h"
 #include "solver/point_in_image.h"
 #include "state/camera_access.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
@@ -40,12 +41,21 @@ void Write_Hit(const Workspace& w, const Archive& archive, const TableCamera& ca
                    Point_In_Image_Line(camera, point));
 }
 
-std::optional<PointInImage> Ask_Hit(Workspace& w) {
+std::string Line_Of(const Archive& archive, const TableCamera& camera) {
+  return std::string(archive.table) + ", line " + Plain_Text(std::int32_t{camera.line});
+}
+
+struct ChosenHit {
+  std::string file;
+  PointInImage hit;
+};
+
+std::optional<ChosenHit> Ask_Hit(Workspace& w) {
   const auto chosen = Ask_File(w, {"Header file for a Point in an Image",
                                    "Text files (*.txt)|*.txt", 1, "c:\\data\\Imafiles"});
   if (!chosen) return std::nullopt;
   ListReader file(*chosen);
-  return Read_Point_In_Image(file);
+  return ChosenHit{chosen->name, Read_Point_In_Image(file)};
 }
 
 void Take_Over_Point(Workspace& w, const PointInImage& hit) {
@@ -63,7 +73,8 @@ void Load_Images_That_Show(Workspace& w, const Point3D& point) {
     if (!Sees_Ring(*camera, point)) continue;
     Write_Hit(w, kTerrestrial, *camera, point);
     w.SolutionValid = true;
-    Add_Image_By_Name(w, w.Drives.Locate(camera->header));
+    Named_In(w, Line_Of(kTerrestrial, *camera),
+             [&] { Add_Image_By_Name(w, w.Drives.Locate(camera->header)); });
   }
 }
 
@@ -98,11 +109,14 @@ void Find_Images_With_XYZ_Sol(Workspace& w) {
 }
 
 void Add_Image_Center_to_XYZ(Workspace& w) {
-  const std::optional<PointInImage> hit = Ask_Hit(w);
-  if (!hit) return;
-  Take_Over_Point(w, *hit);
+  const std::optional<ChosenHit> chosen = Ask_Hit(w);
+  if (!chosen) return;
+  Take_Over_Point(w, chosen->hit);
   const FollowedImage image(w, w.ImageCount);
-  if (!Take_In_Image(w, w.Drives.Locate(hit->header), image)) return;
+  const bool is_taken = Named_In(w, chosen->file, [&] {
+    return Take_In_Image(w, w.Drives.Locate(chosen->hit.header), image);
+  });
+  if (!is_taken) return;
   w.SolutionValid = true;
   Center_to_xyz_click(w);
   w.screen->Clear_Clipboard();

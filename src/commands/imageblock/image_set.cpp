@@ -13,6 +13,7 @@
 #include "services/hourglass.h"
 #include "services/status_line.h"
 #include "state/camera_access.h"
+#include "state/cause.h"
 
 namespace sylvomex {
 namespace {
@@ -21,27 +22,31 @@ constexpr int kMostImages = 9;
 constexpr double kLargestSide = 32768;  // 2^15, itself allowed
 constexpr Point3D kPanCenterOffset{5.0, 2.0, 200.0};
 
-void Warn(Workspace& w, int image, const char* parameter, const std::string& value,
-          const char* ending) {
+// header: the file and the place in it of the parameter.
+void Warn(Workspace& w, int image, const std::string& header, const char* parameter,
+          const std::string& value, const char* ending) {
+  Tell_Cause(w, header);
   w.screen->Message_Box("Image (0-(N-1)): " + Plain_Text(std::int32_t{image}) +
                         "Parameter: " + parameter + value + ending);
 }
 
 // Only warns: the image stays in the block in any case. True when there was nothing to warn about.
-bool Validate_Header(Workspace& w, int image) {
+bool Validate_Header(Workspace& w, int image, const std::string& header) {
   const ImageRecord& record = w.ImageBlock(image);
   const auto out_of_range = [](double side) { return !(side >= 0 && side <= kLargestSide); };
   const bool bad_width = out_of_range(record.SubWidth);
   const bool bad_height = out_of_range(record.SubHeight);
   const bool bad_colour = record.ColorFlag > 1;
   if (bad_width) {
-    Warn(w, image, "Sub-image width:", Plain_Text(record.SubWidth), " in set file?");
+    Warn(w, image, header + ", item 2", "Sub-image width:", Plain_Text(record.SubWidth),
+         " in set file?");
   }
   if (bad_height) {
-    Warn(w, image, "Sub-image height:", Plain_Text(record.SubHeight), " in set file?");
+    Warn(w, image, header + ", item 3", "Sub-image height:", Plain_Text(record.SubHeight),
+         " in set file?");
   }
   if (bad_colour) {
-    Warn(w, image, "image color:", Plain_Text(std::int32_t{record.ColorFlag}),
+    Warn(w, image, header + ", item 5", "image color:", Plain_Text(std::int32_t{record.ColorFlag}),
          " in set file should be 1 (color) or 0 (grayscale)?");
   }
   return !(bad_width || bad_height || bad_colour);
@@ -151,15 +156,17 @@ void Finish_Without_Solution(Workspace& w, const FollowedImage& image) {
   w.ImageAddDone = true;
 }
 
-void Read_Next_Image(Workspace& w, ListReader& header, const FollowedImage& image,
-                     HourglassGuard& hourglass) {
+void Read_Next_Image(Workspace& w, ListReader& header, const std::string& name,
+                     const FollowedImage& image, HourglassGuard& hourglass) {
   ++w.ImageCount;
   w.screen->Service_Events();
   Compute_Pane_Size(w);
   Require_Room_For_Panes(w.PaneWidth, w.ImageCount);
   const int k = image.Index();
   Read_Header(w, k, header);
-  if (Validate_Header(w, k)) Check_Raw_File(w, w.ImageBlock(k));
+  if (Validate_Header(w, k, name)) {
+    Named_In(w, name, [&] { Check_Raw_File(w, w.ImageBlock(k)); });
+  }
   hourglass.Show();
   Show_Count_Read(w, 0);
   w.screen->Service_Events();
@@ -171,6 +178,8 @@ bool Take_In_Image(Workspace& w, const FilePath& header_file, const FollowedImag
   w.ImageAddDone = false;
   ListReader header(header_file);
   if (w.ImageCount > kMostImages) {
+    Tell_Cause(w, header_file.name + " is not added, the block has " +
+                      Plain_Text(std::int32_t{w.ImageCount}) + " images");
     w.screen->Message_Box(
         "At the moment cannot allow more than 9 images (three rows of Picture-boxes to hold the "
         "images!)");
@@ -179,7 +188,7 @@ bool Take_In_Image(Workspace& w, const FilePath& header_file, const FollowedImag
   Addition addition(w, image);
   HourglassGuard hourglass(w);
   try {
-    Read_Next_Image(w, header, image, hourglass);
+    Read_Next_Image(w, header, header_file.name, image, hourglass);
   } catch (const RunTimeError&) {
     addition.Undo();
     throw;

@@ -11,8 +11,10 @@
 #include "lidar/tile_2004.h"
 #include "panes/pane_drawing.h"
 #include "platform/files.h"
+#include "platform/number_text.h"
 #include "platform/rounding.h"
 #include "state/camera_access.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
@@ -62,8 +64,16 @@ void Plot_Lehtomaa(Workspace& w) {
   Write_Whole_File(w.Drives.Locate("c:\\data\\2004_lidar.txt"), "");
   w.LidarPlotScale = kLehtomaaPlotScale;
   if (Is_Missing_Outside(w, tile)) return;
-  Make_Missing_File(tile);
+  Named_In(w, Path_Header_Name(Campaign::Als2004), [&] { Make_Missing_File(tile); });
   for (const Lidar2004Record& record : Read_Tile_2004(tile)) Plot_Last_Echo(w, record, colours);
+}
+
+int Whole_Metres(const LidarPoint& point, double height) {
+  try {
+    return To_Int16(height);
+  } catch (const RunTimeError& error) {
+    throw error.At("height above ground at " + Plain_Text(point.X) + ", " + Plain_Text(point.Y));
+  }
 }
 
 void Plot_Rovik_Point(Workspace& w, const LidarPoint& point, const ColourMap& colours) {
@@ -71,7 +81,7 @@ void Plot_Rovik_Point(Workspace& w, const LidarPoint& point, const ColourMap& co
                     std::abs(point.Y - w.Solution3D.Y) < kRovikReach;
   if (!near) return;
   const double Z = point.Z;
-  const int above_ground = To_Int16(Z - Get_Raster_Elevation(w, point.X, point.Y));
+  const int above_ground = Whole_Metres(point, Z - Get_Raster_Elevation(w, point.X, point.Y));
   const double height = kRovikScale.Below_Top(Above_Ground(above_ground));
   const Colour colour = Scaled_Colour(colours, kRovikScale, height);
   if (!(height > kRovikScale.lowest)) return;
@@ -98,8 +108,8 @@ void Plot_Lidar_Of_Site(Workspace& w, std::string_view site) {
   try {
     if (site == kSiteRovik) Plot_Rovik(w);
     if (site == kSiteLehtomaa) Plot_Lehtomaa(w);
-  } catch (const RunTimeError&) {
-    w.screen->Message_Box("An error has occurred!");
+  } catch (const RunTimeError& error) {
+    Show_With_Cause(w, "An error has occurred!", error);
   }
 }
 

@@ -8,6 +8,7 @@
 #include "lidar/pulse_table.h"
 #include "platform/files.h"
 #include "services/file_names.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
@@ -16,9 +17,12 @@ ColourMap Read_Colours(const Workspace& w) {
   return Read_Colour_Map(w.Drives.Locate(kColourMapFile));
 }
 
+std::string Path_Header_Name(Campaign campaign) {
+  return "c:\\data\\als" + std::to_string(static_cast<int>(campaign)) + "_path.hdr";
+}
+
 std::string Read_Tile_Prefix(const Workspace& w, Campaign campaign) {
-  const std::string year = std::to_string(static_cast<int>(campaign));
-  return Read_Path_Header(w.Drives.Locate("c:\\data\\als" + year + "_path.hdr"));
+  return Read_Path_Header(w.Drives.Locate(Path_Header_Name(campaign)));
 }
 
 FilePath Solution_Tile(const Workspace& w, Campaign campaign) {
@@ -32,13 +36,14 @@ bool Is_Missing_Outside(const Workspace& w, const FilePath& tile) {
   std::error_code unreadable;
   const bool has_folder = std::filesystem::is_directory(tile.native.parent_path(), unreadable);
   if (!has_folder || File_Exists(tile)) return false;
-  w.screen->Tell_Cause("there is no tile " + tile.name +
-                       ", and none is created outside the drives");
+  Tell_Cause(w, "there is no tile " + tile.name + ", and none is created outside the drives");
   return true;
 }
 
-std::int32_t Read_Tile(Workspace& w, const FilePath& tile) {
-  return Is_Missing_Outside(w, tile) ? 0 : Read_Pulse_Tile(tile, w.LidarPulses);
+std::int32_t Read_Tile(Workspace& w, Campaign campaign, const FilePath& tile) {
+  if (Is_Missing_Outside(w, tile)) return 0;
+  return Named_In(w, Path_Header_Name(campaign),
+                  [&] { return Read_Pulse_Tile(tile, w.LidarPulses); });
 }
 
 }  // namespace sylvomex

@@ -15,6 +15,9 @@ struct Workspace;
 /// The colours from "C:\data\JetColorMAP.csv".
 ColourMap Read_Colours(const Workspace& w);
 
+/// The drive name of a campaign's path header.
+std::string Path_Header_Name(Campaign campaign);
+
 /// The tile prefix of a campaign, read from its path header.
 std::string Read_Tile_Prefix(const Workspace& w, Campaign campaign);
 
@@ -26,6 +29,7 @@ FilePath Solution_Tile(const Workspace& w, Campaign campaign);
 bool Is_Missing_Outside(const Workspace& w, const FilePath& tile);
 
 /// Reads a tile into LidarPulses and returns its count. A missing one on a drive is created empty.
-std::int32_t Read_Tile(Workspace& w, const FilePath& tile);
+/// Behind a failure the campaign's path header is told, which holds the tile's folder.
+std::int32_t Read_Tile(Workspace& w, Campaign campaign, const FilePath& tile);
 
 }  // namespace sylvomex

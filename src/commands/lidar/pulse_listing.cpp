@@ -9,6 +9,7 @@
 #include "platform/files.h"
 #include "services/progress.h"
 #include "state/camera_access.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
@@ -22,12 +23,15 @@ constexpr std::size_t kLongText = std::size_t{1} << 22;  // characters buffered 
 enum class Listing { GoesOn, Ends };
 
 // Appends the lines of a tile with count pulses to the end of the file.
-Listing List_Tile(Workspace& w, std::int32_t count, const FilePath& listing) {
+Listing List_Tile(Workspace& w, const FilePath& tile, std::int32_t count, const FilePath& listing) {
   const auto ground = [&w](double X, double Y) { return Get_Raster_Elevation(w, X, Y); };
-  const auto complain = [&w] { w.screen->Message_Box("!"); };
+  std::int32_t i = 1;
+  const auto complain = [&] {
+    Show_With_Cause(w, "!", tile.name + ", pulse " + std::to_string(i));
+  };
   std::string lines;
   Listing after = Listing::GoesOn;
-  for (std::int32_t i = 1; i <= count && after == Listing::GoesOn; ++i) {
+  for (; i <= count && after == Listing::GoesOn; ++i) {
     if (!List_Pulse(w.LidarPulses(i), ground, complain, lines)) after = Listing::Ends;
     if (lines.size() < kLongText) continue;
     Append_To_File(listing, lines);
@@ -41,7 +45,7 @@ Listing List_Tile_At(Workspace& w, const std::string& name, const FilePath& list
   const FilePath tile = w.Drives.Locate(name);
   if (!File_Exists(tile)) return Listing::GoesOn;
   Progress(w).Report(name);
-  return List_Tile(w, Read_Pulse_Tile(tile, w.LidarPulses), listing);
+  return List_Tile(w, tile, Read_Pulse_Tile(tile, w.LidarPulses), listing);
 }
 
 }  // namespace

@@ -31,7 +31,7 @@ template <class Select>
 void Plot_Intensities(Workspace& w, Campaign campaign, const ValueScale& scale, Select&& select) {
   const ColourMap colours = Read_Colours(w);
   const FilePath tile = Solution_Tile(w, campaign);
-  if (Read_Tile(w, tile) == 0) return;
+  if (Read_Tile(w, campaign, tile) == 0) return;
   for (Picture& pane : w.Form1.Picture1) pane.DrawWidth = kDrawWidth;
   Write_Whole_File(w.Drives.Locate("c:\\data\\lidtest.txt"), "");
   std::vector<SelectedEcho> echoes;
@@ -60,7 +60,7 @@ void Print_ALS_near_solution(Workspace& w) {
 }
 
 void Plot_Lidar_pdf(Workspace& w) {
-  if (Read_Tile(w, Solution_Tile(w, Campaign::Als2006)) == 0) return;
+  if (Read_Tile(w, Campaign::Als2006, Solution_Tile(w, Campaign::Als2006)) == 0) return;
   // A portrait A4 page without margins, in twips (1/1440 inch), replaces the printer's page.
   constexpr double kPageHeight = 16838;
   constexpr double kScaleHeight = kPageHeight;

@@ -10,6 +10,7 @@
 #include "platform/rounding.h"
 #include "services/chosen_file.h"
 #include "services/hourglass.h"
+#include "state/cause.h"
 
 namespace sylvomex {
 namespace {
@@ -35,12 +36,22 @@ void Form8_Load(Workspace& w) {
   Form8_Resize(w);
 }
 
+std::string Reach_Of_View(const MapHeader& map, const MapView& view) {
+  return "a view from column " + Plain_Text(view.MapFirstCol) + ", row " +
+         Plain_Text(view.MapFirstRow) + " at zoom " + Plain_Text(view.MapZoom) +
+         " leaves the map of " + Plain_Text(map.MapWidth) + " x " + Plain_Text(map.MapHeight);
+}
+
 PaneBitmap Cut_Out(Workspace& w, const MapHeader& map, const MapView& view) {
   const std::string& name = map.MapFileName.Trimmed();
   if (name.empty()) throw RunTimeError(Failure::FileNotFound, "no map is open");
   const MappedFile& file = w.Map.File.Open(w.Drives.Locate(name));
-  return Render_Map(file.Bytes(), file.File(), map, view,
-                    [&w] { w.screen->Message_Box("In create BMP: exceeding allowed indeces"); });
+  bool is_told = false;
+  return Render_Map(file.Bytes(), file.File(), map, view, [&] {
+    if (!is_told) Tell_Cause(w, Reach_Of_View(map, view));
+    is_told = true;
+    w.screen->Message_Box("In create BMP: exceeding allowed indeces");
+  });
 }
 
 // Map and view are taken over when the picture stands.
@@ -79,7 +90,8 @@ void Open_a_Map(Workspace& w) {
   ListReader header(*chosen);
   MapView view = w.Map.View;
   Show_Map_Start(view);
-  Show_Map(w, Read_Map_Header(header), view);
+  const MapHeader map = Read_Map_Header(header);
+  Named_In(w, chosen->name, [&] { Show_Map(w, map, view); });
 }
 
 void Form8_Picture1_MouseDown(Workspace& w, int button, double px, double py) {
@@ -87,7 +99,8 @@ void Form8_Picture1_MouseDown(Workspace& w, int button, double px, double py) {
   const MapCell centre = Map_Cell_At(view, px, py);
   if (button == kZoomOutButton) view.MapZoom *= 0.5;
   if (button == kZoomInButton) view.MapZoom *= 2;
-  Centre_Map_View(view, w.Map.Header.MapHeight, centre);
+  About(w, "the view of the map at zoom " + Plain_Text(view.MapZoom),
+        [&] { Centre_Map_View(view, w.Map.Header.MapHeight, centre); });
   Show_Map(w, MapHeader(w.Map.Header), view);
   if (button == kZoomOutButton || button == kZoomInButton) Show_Zoom(w);
 }

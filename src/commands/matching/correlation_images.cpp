@@ -17,6 +17,7 @@
 #include "services/ticked_images.h"
 #include "state/box_numbers.h"
 #include "state/camera_access.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
@@ -41,13 +42,17 @@ std::string Index_Text(int image) { return Plain_Text(std::int32_t{image}); }
 // The patch side for an image; when it has none of its own, that of the previous image.
 int Choose_Side(Workspace& w, int image, std::optional<int> side_before) {
   const ImageRecord& record = w.ImageBlock(image);
-  const auto report = [&w](std::string_view text) { w.screen->Message_Box(text); };
+  const auto report = [&](std::string_view text) {
+    Show_With_Cause(w, text, Name_Of_Image(w, image) + ": the determinant of its affine");
+  };
   const double ground_side = Ground_Pixel_Side(record, Pixel_Side_Micrometres(record, report),
                                                w.Matching.PlotCenter.PlotZ);
   const auto side = Patch_Side(w.Matching.PatchSize, ground_side);
   if (side) return *side;
-  w.screen->Message_Box("There's a problem defining the size of the corr-image-patch: " +
-                        Index_Text(image));
+  Show_With_Cause(
+      w, "There's a problem defining the size of the corr-image-patch: " + Index_Text(image),
+      Name_Of_Image(w, image) + ": a patch of " + Plain_Text(w.Matching.PatchSize) +
+          " m with pixels of " + Plain_Text(ground_side) + " m has more than 10001 pixels");
   if (side_before) return *side_before;
   throw RunTimeError(Failure::SubscriptOutOfRange,
                      "the patch of image " + Index_Text(image) +
@@ -58,7 +63,11 @@ RawWindow Choose_Window(Workspace& w, int image, int side) {
   const PlotCenterRecord& plot = w.Matching.PlotCenter;
   const PatchPlace place = Place_Patch(w.ImageBlock(image), Camera_Of(w, image),
                                        {plot.PlotX, plot.PlotY, plot.PlotZ}, side);
-  if (!place.fits) w.screen->Message_Box("Pan window is too large");
+  if (!place.fits) {
+    Show_With_Cause(
+        w, "Pan window is too large",
+        Name_Of_Image(w, image) + ": the patch has " + Index_Text(side) + " pixels a side");
+  }
   CorrelationVolume::Require_Room(place.window.Width(), place.window.Height());
   return place.window;
 }
@@ -117,8 +126,10 @@ void Compute_Correlation_Images(Workspace& w) {
   std::optional<int> side;
   for (const TickedImage& image : images) {
     if (!image.Is_In_Place()) continue;
-    side = Choose_Side(w, image.place, side);
-    Correlate_Image(w, image, *side);
+    About(w, Name_Of_Image(w, image.place) + ", its patch", [&] {
+      side = Choose_Side(w, image.place, side);
+      Correlate_Image(w, image, *side);
+    });
   }
 }
 

@@ -24,6 +24,7 @@
 #include "solver/patch_projection.h"
 #include "state/box_numbers.h"
 #include "state/camera_access.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
@@ -147,11 +148,14 @@ void Lay_Mesh(Workspace& w, Progress& progress) {
 void Create_XYZ_Point_Set(Workspace& w) {
   MatchingState& m = w.Matching;
   if (std::abs(m.PlotCenter.PlotX) < 1 || std::abs(m.PlotCenter.PlotY) < 1) {
-    w.screen->Message_Box("Are the plotcenter values ok?");
+    Show_With_Cause(w, "Are the plotcenter values ok?",
+                    "PlotX is " + Plain_Text(m.PlotCenter.PlotX) + ", PlotY is " +
+                        Plain_Text(m.PlotCenter.PlotY));
     return;
   }
   Measure_Model_Tree(w);
-  m.MeshSide = To_Int32(m.PatchSize * kMeshPerPatch);
+  About(w, "the mesh's side, 0.65 of PatchSize",
+        [&] { m.MeshSide = To_Int32(m.PatchSize * kMeshPerPatch); });
   Take_Mesh_Options(w);
   Progress progress(w);
   Lay_Mesh(w, progress);

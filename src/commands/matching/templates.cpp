@@ -16,6 +16,7 @@
 #include "services/ticked_images.h"
 #include "state/box_numbers.h"
 #include "state/camera_access.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
@@ -144,7 +145,9 @@ void Capture_templates(Workspace& w) {
   Center_to_xyz_click(w);
   Take_Parameters(w);
   With_Text_File(w.Drives.Locate(kLogFile), [&w](std::string& log) {
-    for (int k = 0; k < w.ImageCount; ++k) Lay_Ellipse(w, k, log);
+    for (int k = 0; k < w.ImageCount; ++k) {
+      About(w, Name_Of_Image(w, k) + ", its ellipse", [&] { Lay_Ellipse(w, k, log); });
+    }
     for (int k = 0; k < w.ImageCount; ++k) {
       Draw_Ellipse(w, k, log);
       Cut_And_Write(w, k);
@@ -154,7 +157,9 @@ void Capture_templates(Workspace& w) {
 }
 
 void Resize_templates(Workspace& w) {
-  for (const int image : Ticked_Images(w)) Resize_Template(w, image);
+  for (const int image : Ticked_Images(w)) {
+    About(w, Name_Of_Image(w, image), [&] { Resize_Template(w, image); });
+  }
 }
 
 }  // namespace sylvomex

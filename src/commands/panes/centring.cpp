@@ -5,6 +5,7 @@
 #include "platform/number_text.h"
 #include "services/hourglass.h"
 #include "services/status_line.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
@@ -17,13 +18,22 @@ template <class Steps>
 void Guarded(Workspace& w, const char* message, Steps&& steps) {
   try {
     steps();
-  } catch (const RunTimeError&) {
-    w.screen->Message_Box(message);
+  } catch (const RunTimeError& error) {
+    Show_With_Cause(w, message, error);
+  }
+}
+
+// Runs centre(k) for every image; an error names the image.
+template <class Centre>
+void For_Each_Image(Workspace& w, Centre&& centre) {
+  for (int k = 0; k < w.ImageCount; ++k) {
+    About(w, Name_Of_Image(w, k), [&] { centre(k); });
   }
 }
 
 std::int16_t Ask_Int16(Workspace& w, const char* prompt) {
-  return Parse_Int16(w.screen->Input_Box(prompt).value_or(""));
+  const std::string answer = w.screen->Input_Box(prompt).value_or("");
+  return About(w, std::string("the answer to ") + prompt, [&] { return Parse_Int16(answer); });
 }
 
 }  // namespace
@@ -34,7 +44,7 @@ void Center_to_xyz_click(Workspace& w) {
     w.CenterTarget = w.Solution3D;
     const HourglassGuard hourglass(w);
     w.screen->Service_Events();
-    for (int k = 0; k < w.ImageCount; ++k) Center_One_On_Target(w, k);
+    For_Each_Image(w, [&w](int k) { Center_One_On_Target(w, k); });
     Show_Status(w, "Images centered to given XYZ");
   });
 }
@@ -42,17 +52,17 @@ void Center_to_xyz_click(Workspace& w) {
 void Center_to_pan_center_click(Workspace& w) {
   Guarded(w, "An error occurred in sub Center_to_pan_center_Click() ", [&w] {
     w.CenterTarget = w.PanCenter;
-    for (int k = 0; k < w.ImageCount; ++k) Center_One_On_Pan_Center(w, k);
+    For_Each_Image(w, [&w](int k) { Center_One_On_Pan_Center(w, k); });
   });
 }
 
 void Center_To_Sub_c_click(Workspace& w) {
   Guarded(w, kStartError, [&w] {
     const HourglassGuard hourglass(w);
-    for (int k = 0; k < w.ImageCount; ++k) {
+    For_Each_Image(w, [&w](int k) {
       const ImageRecord& record = w.ImageBlock(k);
       Center_One_On_Raw_Position(w, k, {record.StartCol, record.StartRow});
-    }
+    });
   });
 }
 
@@ -61,7 +71,7 @@ void Center_To_Q(Workspace& w) {
     const HourglassGuard hourglass(w);
     const int raw_col = Ask_Int16(w, "Give Col");
     const int raw_row = Ask_Int16(w, "Give Row");
-    for (int k = 0; k < w.ImageCount; ++k) Center_One_On_Raw_Position(w, k, {raw_col, raw_row});
+    For_Each_Image(w, [&](int k) { Center_One_On_Raw_Position(w, k, {raw_col, raw_row}); });
   });
 }
 

@@ -75,7 +75,7 @@ void Report_Band(Progress& progress, const OrthoGrid& grid, std::int32_t tile_ro
 void OrthoBlock(Workspace& w) {
   const auto extent = Ask_Extent(w, BadAnswer::EndsCommand);
   if (!extent) return;
-  const OrthoGrid grid = Grid_Of(*extent);
+  const OrthoGrid grid = Grid_Of(w, *extent);
   Show_Size(w, grid);
   const BlockImages images = Take_Images(w);
   const BlockOutput output(w, grid);

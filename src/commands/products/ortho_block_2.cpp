@@ -16,6 +16,7 @@
 #include "services/progress.h"
 #include "solver/point_in_image.h"
 #include "state/camera_access.h"
+#include "state/cause.h"
 
 namespace sylvomex {
 namespace {
@@ -124,7 +125,9 @@ void Fill_Mosaic(Workspace& w, const OrthoGrid& grid, const std::vector<TableCam
   const auto count = static_cast<std::int32_t>(table.size());
   for (std::int32_t camera = 0; camera < count; ++camera) {
     if (Serves_Any(grid, tiles, camera)) {
-      Load_Only(w, Header_File(w, table[static_cast<std::size_t>(camera)]));
+      const TableCamera& line = table[static_cast<std::size_t>(camera)];
+      Named_In(w, kCameraTable + (", line " + Plain_Text(std::int32_t{line.line})),
+               [&] { Load_Only(w, Header_File(w, line)); });
       Fill_Tiles(w, grid, tiles, camera, output);
     }
     progress.Report(Format((camera + 1.0) / count * 100, "0.00") + " %");
@@ -137,8 +140,8 @@ void Ask_Name_And_Write(Workspace& w, const std::optional<BlockOutput>& output) 
   if (!file) return;
   try {
     output ? output->Replace(*file) : Replace_Whole_File(*file, {});
-  } catch (const RunTimeError&) {
-    return Say_Too_Wide(w);
+  } catch (const RunTimeError& error) {
+    return Say_Too_Wide(w, error);
   }
   Say_Written(w, file->name);
 }
@@ -156,14 +159,14 @@ void Create_an_Ortho_Block_2(Workspace& w) {
     const std::vector<TableCamera> table = Read_Table(w);
     const auto extent = Ask_Extent(w, BadAnswer::IsTold);
     if (!extent) return;
-    const OrthoGrid grid = Grid_Of(*extent);
+    const OrthoGrid grid = Grid_Of(w, *extent);
     Show_Size(w, grid);
     output.emplace(w, grid);
     Fill_Mosaic(w, grid, table, *output);
-  } catch (const RunTimeError&) {
-    Say_Too_Wide(w);
-  } catch (const std::bad_alloc&) {
-    Say_Too_Wide(w);
+  } catch (const RunTimeError& error) {
+    Say_Too_Wide(w, error);
+  } catch (const std::bad_alloc& error) {
+    Say_Too_Wide(w, error);
   }
   Ask_Name_And_Write(w, output);
 }

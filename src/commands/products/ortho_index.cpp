@@ -13,6 +13,7 @@
 #include "services/progress.h"
 #include "solver/camera_table.h"
 #include "solver/random_id.h"
+#include "state/cause.h"
 
 namespace sylvomex {
 namespace {
@@ -48,7 +49,8 @@ std::vector<CoveringImage> Read_Images(Workspace& w, const std::string& table) {
   std::vector<CoveringImage> images;
   for (std::size_t place = 0; const auto line = cameras.Next(); ++place) {
     progress.Report("Image: " + std::to_string(place + 1));
-    ListReader header(w.Drives.Locate(line->header));
+    ListReader header = Named_In(w, table + ", line " + Plain_Text(std::int32_t{line->line}),
+                                 [&] { return ListReader(w.Drives.Locate(line->header)); });
     const ImageRecord record = Read_Image_Header(header);
     const Camera camera = Make_Camera(record);
     const auto limits = Limits_Of_Border(record, camera);

@@ -3,12 +3,13 @@
 
 #include "platform/number_text.h"
 #include "platform/run_time_error.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
 
-void Say_Too_Wide(Workspace& w) {
-  w.screen->Message_Box("An error occurred, too wide orthoimage?");
+void Say_Too_Wide(Workspace& w, const std::exception& failure) {
+  Show_With_Cause(w, "An error occurred, too wide orthoimage?", failure);
 }
 
 std::optional<double> Ask_Number(Workspace& w, const NumberQuestion& question, BadAnswer bad) {
@@ -16,9 +17,9 @@ std::optional<double> Ask_Number(Workspace& w, const NumberQuestion& question, B
   if (!answer) return std::nullopt;
   try {
     return Parse_Double(*answer);
-  } catch (const RunTimeError&) {
+  } catch (const RunTimeError& error) {
     if (bad == BadAnswer::EndsCommand) throw;
-    Say_Too_Wide(w);
+    Say_Too_Wide(w, error.At(std::string("the answer to ") + question.prompt));
     return question.value;
   }
 }
@@ -44,8 +45,10 @@ std::optional<OrthoExtent> Ask_Extent(Workspace& w, BadAnswer bad) {
   return extent;
 }
 
-OrthoGrid Grid_Of(const OrthoExtent& extent) {
-  return Make_Ortho_Grid(extent.X0, extent.Y0, extent.extent_x, extent.extent_y, extent.pixel);
+OrthoGrid Grid_Of(const Workspace& w, const OrthoExtent& extent) {
+  return About(w, "columns and rows of the orthoimage", [&] {
+    return Make_Ortho_Grid(extent.X0, extent.Y0, extent.extent_x, extent.extent_y, extent.pixel);
+  });
 }
 
 void Show_Size(Workspace& w, const OrthoGrid& grid) {

@@ -2,6 +2,7 @@
 // The questions that the orthoimage commands share, and the writing of their results.
 #pragma once
 
+#include <exception>
 #include <optional>
 #include <string>
 
@@ -15,7 +16,7 @@ struct Workspace;
 inline constexpr const char* kOrthoTitle = "Orthoimage computation";
 
 /// What stands for every run-time failure of the orthoimage commands.
-void Say_Too_Wide(Workspace& w);
+void Say_Too_Wide(Workspace& w, const std::exception& failure);
 
 /// What an answer that is no number does.
 enum class BadAnswer {
@@ -42,7 +43,7 @@ struct OrthoExtent {
 std::optional<OrthoExtent> Ask_Extent(Workspace& w, BadAnswer bad);
 
 /// RunTimeErrors of Make_Ortho_Grid.
-OrthoGrid Grid_Of(const OrthoExtent& extent);
+OrthoGrid Grid_Of(const Workspace& w, const OrthoExtent& extent);
 
 /// Shows "Columns: " and "  Rows: ".
 void Show_Size(Workspace& w, const OrthoGrid& grid);

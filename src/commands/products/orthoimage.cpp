@@ -53,7 +53,7 @@ std::optional<OrthoOrder> Ask_Order(Workspace& w) {
       w, {"Elevation outside DEM? , Default = 170 (m)", order.elsewhere, "160"}, BadAnswer::IsTold);
   if (!elsewhere) return std::nullopt;
   order.elsewhere = *elsewhere;
-  order.grid = Grid_Of(*extent);
+  order.grid = Grid_Of(w, *extent);
   return order;
 }
 
@@ -87,8 +87,8 @@ void Ask_Name_And_Write(Workspace& w, std::span<const std::uint8_t> cells) {
   if (!file) return;
   try {
     Replace_Whole_File(*file, cells);
-  } catch (const RunTimeError&) {
-    return Say_Too_Wide(w);
+  } catch (const RunTimeError& error) {
+    return Say_Too_Wide(w, error);
   }
   Say_Written(w, file->name);
 }
@@ -112,10 +112,10 @@ void Orto(Workspace& w) {
     cells =
         ZeroedArray<std::uint8_t>(order->grid.Cells() * static_cast<std::uint64_t>(pixel_bytes));
     Fill_Cells(w, *order, image, pixel_bytes, cells.All());
-  } catch (const RunTimeError&) {
-    Say_Too_Wide(w);
-  } catch (const std::bad_alloc&) {
-    Say_Too_Wide(w);
+  } catch (const RunTimeError& error) {
+    Say_Too_Wide(w, error);
+  } catch (const std::bad_alloc& error) {
+    Say_Too_Wide(w, error);
   }
   Ask_Name_And_Write(w, cells.All());
 }

@@ -8,6 +8,7 @@
 #include "services/chosen_file.h"
 #include "services/hourglass.h"
 #include "state/camera_access.h"
+#include "state/cause.h"
 
 namespace sylvomex {
 namespace {
@@ -42,7 +43,9 @@ void Write_SUB_images(Workspace& w) {
   const std::vector<GroundBuffer> buffers = Read_Ground_Buffers(*file);
   const HourglassGuard hourglass(w);
   for (const GroundBuffer& buffer : buffers) {
-    for (int k = 0; k < w.ImageCount; ++k) Cut_Out(w, k, buffer);
+    for (int k = 0; k < w.ImageCount; ++k) {
+      About(w, Name_Of_Image(w, k), [&] { Cut_Out(w, k, buffer); });
+    }
   }
 }
 

@@ -7,6 +7,7 @@
 #include "services/chosen_file.h"
 #include "services/hourglass.h"
 #include "state/camera_access.h"
+#include "state/cause.h"
 
 namespace sylvomex {
 namespace {
@@ -37,7 +38,9 @@ void Create_Zonal(Workspace& w) {
   if (circles.empty()) return;
   {
     const HourglassGuard hourglass(w);
-    for (int k = 0; k < w.ImageCount; ++k) Write_Mask(w, k, circles);
+    for (int k = 0; k < w.ImageCount; ++k) {
+      About(w, Name_Of_Image(w, k), [&] { Write_Mask(w, k, circles); });
+    }
   }
   w.screen->Message_Box("Done");
 }

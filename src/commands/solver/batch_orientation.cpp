@@ -11,6 +11,7 @@
 #include "services/status_line.h"
 #include "solver/footprint.h"
 #include "solver/pair_points.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
@@ -29,8 +30,9 @@ ListReader List_Of(const Workspace& w, const std::string& name) {
   return ListReader(w.Drives.Locate(name));
 }
 
-Camera Read_Camera(const Workspace& w, const std::string& header_name) {
-  ListReader header = List_Of(w, header_name);
+// holder: the file in which the header's name stands.
+Camera Read_Camera(const Workspace& w, const std::string& header_name, const char* holder) {
+  ListReader header = Named_In(w, holder, [&] { return List_Of(w, header_name); });
   return Make_Camera(Read_Image_Header(header));
 }
 
@@ -75,15 +77,15 @@ struct PointTables {
 
 void Solve_Pair(Workspace& w, const HeaderPair& headers, const PointTables& tables,
                 PairTotals& totals, std::string& lines) {
-  const Camera first = Read_Camera(w, headers.first);
-  const Camera second = Read_Camera(w, headers.second);
+  const Camera first = Read_Camera(w, headers.first, kPairFile);
+  const Camera second = Read_Camera(w, headers.second, kPairFile);
   ++totals.pairs;
   for (const PairObservation& observed :
        Observations_Of_Pair(tables.ground, tables.film, first.image_id, second.image_id)) {
     const IntersectionResult result = Solve_Point(w, first, second, observed);
     if (result.singular) {
-      w.screen->Message_Box(
-          "Iteration failed, determinant of Normal Matrix is too close to zero !");
+      Show_With_Cause(w, "Iteration failed, determinant of Normal Matrix is too close to zero !",
+                      Place_Of(first, second, *observed.point));
       continue;
     }
     lines += Point_Line(*observed.point, result.point);
@@ -114,7 +116,7 @@ std::string Footprint_Line(const FlightImage& image, const Footprint& footprint)
 }
 
 std::string Approximation_Of(const Workspace& w, const FlightImage& image) {
-  const Camera camera = Read_Camera(w, kFlightFolder + image.header + ".hdr");
+  const Camera camera = Read_Camera(w, kFlightFolder + image.header + ".hdr", kFlightLineFile);
   const auto footprint = Footprint_At(camera, image, kFootprintZ);
   if (!footprint) {
     throw RunTimeError(Failure::DivisionByZero,

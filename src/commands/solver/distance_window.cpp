@@ -6,6 +6,7 @@
 #include "commands/panes/clearing.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
@@ -76,12 +77,12 @@ void Reset_Record(Workspace& w) {
 }
 
 // Reads a box that should hold a 16-bit integer; any other text empties the box.
-bool Take_Integer(Workspace& w, TextBox& box, std::int16_t& field) {
+bool Take_Integer(Workspace& w, const char* name, TextBox& box, std::int16_t& field) {
   try {
     field = Parse_Int16(box.Text);
     return true;
-  } catch (const RunTimeError&) {
-    w.screen->Message_Box("Cannot convert input into integer-value");
+  } catch (const RunTimeError& error) {
+    Show_With_Cause(w, "Cannot convert input into integer-value", error.At(name));
     box.Text.clear();
     return false;
   }
@@ -127,13 +128,13 @@ void Form7_Reset_And_Close(Workspace& w) {
 void Form7_Return_To_Main(Workspace& w) { Close_Window(w); }
 
 void Form7_Text1_Enter(Workspace& w) {
-  if (Take_Integer(w, w.Form7.Text1, w.XYDistanceEntries(0).TreeNumber)) {
+  if (Take_Integer(w, "Text1", w.Form7.Text1, w.XYDistanceEntries(0).TreeNumber)) {
     Set_Focus(w.Form7, "Text2");
   }
 }
 
 void Form7_Text2_Enter(Workspace& w) {
-  if (Take_Integer(w, w.Form7.Text2, w.XYDistanceEntries(0).FreeInteger)) {
+  if (Take_Integer(w, "Text2", w.Form7.Text2, w.XYDistanceEntries(0).FreeInteger)) {
     Set_Focus(w.Form7, "Text3(0)");
   }
 }

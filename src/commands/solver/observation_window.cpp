@@ -9,6 +9,7 @@
 #include "platform/characters.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
@@ -44,12 +45,16 @@ void Close_Window(Workspace& w) {
 // Fields before one that cannot be converted keep their new values.
 bool Take_Numbers(Workspace& w) {
   try {
-    w.Observation.MeasurementNumber = Parse_Int16(w.Form3.Text1.Text);
-    w.Observation.TreeSpecies = Parse_Byte(w.Form3.Text2.Text);
-    w.Observation.FreeInteger = Parse_Int16(w.Form3.Text3.Text);
+    About(w, "Text1, the measurement number",
+          [&] { w.Observation.MeasurementNumber = Parse_Int16(w.Form3.Text1.Text); });
+    About(w, "Text2, the species",
+          [&] { w.Observation.TreeSpecies = Parse_Byte(w.Form3.Text2.Text); });
+    About(w, "Text3, the free integer",
+          [&] { w.Observation.FreeInteger = Parse_Int16(w.Form3.Text3.Text); });
     return true;
-  } catch (const RunTimeError&) {
-    w.screen->Message_Box("Cannot convert data in text-boxes into numeric values, check syntax!");
+  } catch (const RunTimeError& error) {
+    Show_With_Cause(w, "Cannot convert data in text-boxes into numeric values, check syntax!",
+                    error);
     return false;
   }
 }
@@ -76,9 +81,10 @@ bool Write_Record(Workspace& w) {
   try {
     Append_To_File(w.Drives.Locate(w.ObservationFileName), Observation_Line(w.Observation));
     return true;
-  } catch (const RunTimeError&) {
-    w.screen->Message_Box("An error occurred in writing the data (record) into file " +
-                          w.ObservationFileName);
+  } catch (const RunTimeError& error) {
+    Show_With_Cause(
+        w, "An error occurred in writing the data (record) into file " + w.ObservationFileName,
+        error);
     return false;
   }
 }
@@ -122,7 +128,9 @@ void Form3_Activate(Workspace& w) {
 void Form3_Accept_And_Save(Workspace& w) {
   if (!Take_Numbers(w)) return;
   if (Character_Count(w.Form3.Text4.Text) > kLongestComment) {
-    w.screen->Message_Box("You have entered a comment longer than 30 characters!, shorten it.");
+    Show_With_Cause(
+        w, "You have entered a comment longer than 30 characters!, shorten it.",
+        "Text4 has " + std::to_string(Character_Count(w.Form3.Text4.Text)) + " characters");
     return;
   }
   w.Observation.FreeText = w.Form3.Text4.Text;

@@ -15,6 +15,7 @@
 #include "solver/space_intersection.h"
 #include "state/box_numbers.h"
 #include "state/camera_access.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
@@ -92,8 +93,11 @@ void Require_Finite(const IntersectionResult& result) {
 }
 
 // SolutionValid is left unchanged although the point is lost.
-void Report_Singular(Workspace& w) {
-  w.screen->Message_Box("Iteration failed, determinant of Normal Matrix is too close to zero !");
+void Report_Singular(Workspace& w, const std::vector<int>& images) {
+  std::string rays = "the rays of";
+  for (const int k : images) rays += (k == images.front() ? " " : ", ") + Name_Of_Image(w, k);
+  Show_With_Cause(w, "Iteration failed, determinant of Normal Matrix is too close to zero !",
+                  rays + " do not fix a point");
   Show_Point(w, w.DefaultPanCenter, kPlainNumbers);
   w.screen->Message_Box("An error occurred in sub Calculate_Space_intersection_Click() ");
   w.Solution3D = {};
@@ -158,7 +162,7 @@ void Point_Intersection(Workspace& w) {
   w.Observation.ImageCount = static_cast<std::uint8_t>(images.size());
   const IntersectionResult result = Solve(w, images);
   if (result.singular) {
-    Report_Singular(w);
+    Report_Singular(w, images);
     return;
   }
   Require_Finite(result);
@@ -177,8 +181,8 @@ void Single_Photo_intersection(Workspace& w) {
                                                ". Give elevation Z in meters, will solve X&Y!")
                                    .value_or("");
     w.Solution3D = Cut_Ray_At(w, image, Parse_Double(answer));
-  } catch (const RunTimeError&) {
-    w.screen->Message_Box("An error occurred in trying to solve X,Y from given Z,x,y!");
+  } catch (const RunTimeError& error) {
+    Show_With_Cause(w, "An error occurred in trying to solve X,Y from given Z,x,y!", error);
     return;
   }
   w.SolutionValid = true;

@@ -5,70 +5,32 @@
 #include <string>
 
 #include "commands/panes/centring.h"
-#include "platform/list_reader.h"
 #include "platform/number_text.h"
 #include "services/chosen_file.h"
 #include "services/solution.h"
+#include "solver/single_point.h"
 #include "state/camera_access.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
 namespace {
 
 // SolutionValid is left unchanged.
-void Fall_Back(Workspace& w) {
-  w.screen->Message_Box("Cannot convert Input into a 3D-solution!");
+void Fall_Back(Workspace& w, const RunTimeError& error) {
+  Show_With_Cause(w, "Cannot convert Input into a 3D-solution!", error);
   w.Solution3D = w.DefaultPanCenter;
   Show_Solution(w, kPlainNumbers);
 }
 
 double Ask_Value(Workspace& w, const char* prompt, const char* preset) {
-  return Parse_Double(
-      w.screen->Input_Box(prompt, "Set 3D solution to a given value", preset).value_or(""));
+  const std::string answer =
+      w.screen->Input_Box(prompt, "Set 3D solution to a given value", preset).value_or("");
+  return About(w, prompt, [&] { return Parse_Double(answer); });
 }
 
 std::optional<FilePath> Ask_Point_File(Workspace& w) {
   return Ask_File(w, {"File with X (comma) Y (comma) Z ", "TXT files (*.txt)|*.txt", 1, ""});
-}
-
-// The first non-empty line of a file as a list of its own: later lines do not supply values.
-ListReader First_Line(const FilePath& file) {
-  ListReader whole(file);
-  std::string line;
-  int number = whole.Line();
-  while (line.find_first_not_of(" \t\r") == std::string::npos && !whole.At_End()) {
-    number = whole.Line();
-    line = whole.Read_Line();
-  }
-  return {line, file, number};
-}
-
-struct NumberedPoint {
-  std::int16_t number = 0;
-  Point3D point;
-};
-
-NumberedPoint Read_Numbered_Point(const FilePath& file) {
-  ListReader line = First_Line(file);
-  NumberedPoint value;
-  value.number = line.Read_Int16();
-  value.point.X = line.Read_Double();
-  value.point.Y = line.Read_Double();
-  value.point.Z = line.Read_Double();
-  return value;
-}
-
-PlotLocation Read_Plot_Location(const Workspace& w, const FilePath& file) {
-  ListReader line = First_Line(file);
-  PlotLocation plot;
-  plot.PlotNumber = line.Read_Int32();
-  plot.X = line.Read_Double();
-  plot.Y = line.Read_Double();
-  for (int ignored = 0; ignored < 3; ++ignored) line.Read_Double();
-  plot.HeightAboveGround = line.Read_Double();
-  if (line.At_End()) throw line.Failure_Here(Failure::InputPastEnd, "8 values wanted");
-  plot.GroundZ = Get_Raster_Elevation(w, plot.X, plot.Y);
-  return plot;
 }
 
 }  // namespace
@@ -86,8 +48,8 @@ void Set_3D_solution(Workspace& w) {
     w.Solution3D.X = Ask_Value(w, "X-value to be assigned", "2515000.00");
     w.Solution3D.Y = Ask_Value(w, "Y-value to be assigned", "6860000.00");
     w.Solution3D.Z = Ask_Value(w, "Z-value to be assigned", "180.00");
-  } catch (const RunTimeError&) {
-    Fall_Back(w);
+  } catch (const RunTimeError& error) {
+    Fall_Back(w, error);
     return;
   }
   Accept_Solution(w);
@@ -99,8 +61,8 @@ void Set_3D_Sol_File(Workspace& w) {
     w.XYDistanceEntries(0).TreeNumber = value.number;
     w.Observation.FreeInteger = value.number;
     w.Solution3D = value.point;
-  } catch (const RunTimeError&) {
-    Fall_Back(w);
+  } catch (const RunTimeError& error) {
+    Fall_Back(w, error);
     return;
   }
   Accept_Solution(w);
@@ -116,7 +78,8 @@ void Set_3D_solution_To_Stereo_Sol(Workspace& w) {
 void Set_3D_solution_to_a_new_plot_location(Workspace& w) {
   const auto file = Ask_Point_File(w);
   if (!file) return;
-  w.Plot = Read_Plot_Location(w, *file);
+  w.Plot = Read_Plot_Location(*file);
+  w.Plot.GroundZ = Get_Raster_Elevation(w, w.Plot.X, w.Plot.Y);
   w.Solution3D = {w.Plot.X, w.Plot.Y, w.Plot.GroundZ + w.Plot.HeightAboveGround};
   Show_Solution(w, kPlainNumbers);
   Center_to_xyz_click(w);

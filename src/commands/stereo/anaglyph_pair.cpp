@@ -9,6 +9,7 @@
 #include "platform/files.h"
 #include "platform/number_text.h"
 #include "services/hourglass.h"
+#include "state/cause.h"
 #include "state/workspace.h"
 #include "stereo/normal_case.h"
 #include "stereo/pair_file.h"
@@ -16,6 +17,7 @@
 namespace sylvomex {
 namespace {
 
+constexpr const char* kFailed = "An error occurred, resuming";
 constexpr const char* kTitle = "Creating normalized image pair";
 
 /// The pixel size in metres; nothing for an empty answer, a dismissal and, after a message, for
@@ -27,7 +29,8 @@ std::optional<double> Ask_Pixel_Width(Workspace& w) {
   if (answer.empty()) return std::nullopt;
   try {
     return Parse_Double(answer) / 1e6;
-  } catch (const RunTimeError&) {
+  } catch (const RunTimeError& error) {
+    Tell_Cause(w, Cause_Text(error));
     w.screen->Message_Box("Give a numeric value for pixel size!", Buttons::Ok,
                           "Creating normalized images for stereo");
     return std::nullopt;
@@ -89,7 +92,7 @@ void Create_Pair(Workspace& w) {
   const auto pixel_width = Ask_Pixel_Width(w);
   if (!pixel_width) return;
   pair.PixelWidth = *pixel_width;
-  Set_Raster_Size(pair, extent);
+  About(w, "the size of the normalised images in pixels", [&] { Set_Raster_Size(pair, extent); });
   if (!Is_Size_Agreed(w, pair)) return;
   const auto pair_file = Ask_Names(w, pair);
   if (!pair_file) return;
@@ -114,10 +117,10 @@ void Create_anaglyph_pair(Workspace& w) {
   }
   try {
     Create_Pair(w);
-  } catch (const RunTimeError&) {
-    w.screen->Message_Box("An error occurred, resuming");
-  } catch (const std::bad_alloc&) {
-    w.screen->Message_Box("An error occurred, resuming");
+  } catch (const RunTimeError& error) {
+    Show_With_Cause(w, kFailed, error);
+  } catch (const std::bad_alloc& error) {
+    Show_With_Cause(w, kFailed, error);
   }
 }
 

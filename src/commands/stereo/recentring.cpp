@@ -9,6 +9,7 @@
 #include "closedlib/normalized_image.h"
 #include "imageblock/bitmap_file.h"
 #include "platform/number_text.h"
+#include "state/cause.h"
 #include "stereo/stereo_view.h"
 
 namespace sylvomex {
@@ -50,7 +51,11 @@ std::shared_ptr<const PaneBitmap> Compose(Workspace& w, const StereoState& state
 }  // namespace
 
 void Recentre(Workspace& w, StereoState next) {
-  Center_On_Mark(next);
+  const Point3D& mark = next.StereoSolution;
+  About(w,
+        "the mark at " + Plain_Text(mark.X) + ", " + Plain_Text(mark.Y) + ", " +
+            Plain_Text(mark.Z) + " in the pair's rasters",
+        [&] { Center_On_Mark(next); });
   auto picture = Compose(w, next);
   Replace_Bitmap(w.Drives.Locate(kPictureFile), *picture);
   w.Stereo = std::move(next);

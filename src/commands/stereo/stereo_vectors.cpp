@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commands/stereo/stereo_vectors.h"
 
+#include "state/cause.h"
 #include "state/workspace.h"
 
 #include <string>
@@ -26,8 +27,8 @@ void Draw_File(Workspace& w, const char* title, Draw&& draw) {
   try {
     ListReader reader(*file);
     while (!reader.At_End()) draw(reader);
-  } catch (const RunTimeError&) {
-    w.screen->Message_Box("An error occurred");
+  } catch (const RunTimeError& error) {
+    Show_With_Cause(w, "An error occurred", error);
   }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commands/stereo/stereo_window.h"
 
+#include "state/cause.h"
 #include "state/workspace.h"
 
 #include <cmath>
@@ -78,7 +79,7 @@ void Open_Pair(Workspace& w) {
   next.PairOpen = true;
   next.StereoSolution = next.Pair.start;
   Set_Picture_Size(next, w.Form5.ClientWidth, w.Form5.ClientHeight);
-  Recentre(w, std::move(next));
+  Named_In(w, file->name, [&] { Recentre(w, std::move(next)); });
 }
 
 void Save_point_File(Workspace& w) {
@@ -87,8 +88,8 @@ void Save_point_File(Workspace& w) {
   try {
     const std::string text = Measured_Text(w.Stereo);
     Replace_Whole_File(*file, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
-  } catch (const RunTimeError&) {
-    w.screen->Message_Box("An error occurred!");
+  } catch (const RunTimeError& error) {
+    Show_With_Cause(w, "An error occurred!", error);
   }
 }
 
