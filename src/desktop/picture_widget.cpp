@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
+#include <cmath>
 #include <utility>
 
 #include "desktop/key_codes.h"
@@ -127,14 +128,23 @@ void PictureWidget::paintEvent(QPaintEvent* event) {
   }
 }
 
+/// The position with its fractions: at a scale factor above 1 the widget's own is rounded to whole
+/// logical pixels, the one in the window is not.
+QPointF PictureWidget::Exact_Position(const QMouseEvent& event) const {
+  const QPointF exact = event.scenePosition() - mapTo(window(), QPoint(0, 0));
+  const QPointF off = exact - event.position();
+  return std::abs(off.x()) < 1 && std::abs(off.y()) < 1 ? exact : event.position();
+}
+
 OperatorEvent PictureWidget::Event_At(OperatorEvent::Kind kind, const QMouseEvent& event) const {
   OperatorEvent made;
   made.kind = kind;
   made.form = form_;
   made.control = control_;
   made.shift = Shift_Mask(event.modifiers());
-  made.x = event.position().x() - kPictureBorder;
-  made.y = event.position().y() - kPictureBorder;
+  const QPointF at = Exact_Position(event);
+  made.x = at.x() - kPictureBorder;
+  made.y = at.y() - kPictureBorder;
   return made;
 }
 

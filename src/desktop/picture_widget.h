@@ -47,6 +47,7 @@ class PictureWidget : public QWidget {
   QRect Mirror_Marks();
   QRect Mirror_Floating(const QRect& painted);
   void Send_Press(OperatorEvent::Kind kind, const QMouseEvent& event);
+  [[nodiscard]] QPointF Exact_Position(const QMouseEvent& event) const;
   OperatorEvent Event_At(OperatorEvent::Kind kind, const QMouseEvent& event) const;
 
   OperatorEvents& events_;

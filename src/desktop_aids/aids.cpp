@@ -1,17 +1,55 @@
 // SPDX-License-Identifier: MIT
 #include "desktop_aids/aids.h"
 
+#include "desktop_aids/menu_keys.h"
+
 namespace sylvomex {
 
-Aids::Aids(Desktop& desktop) : panes_(desktop), hands_(panes_), magnifier_(new Magnifier(panes_)) {
+Aids::Aids(Desktop& desktop)
+    : panes_(desktop),
+      hands_(panes_),
+      magnifier_(new Magnifier(panes_)),
+      palette_(desktop),
+      menu_(desktop),
+      keys_(panes_,
+            {{Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier, [this] { palette_.Open(); }},
+             {Qt::Key_F10, Qt::NoModifier,
+              [&desktop] { Open_First_Menu(*desktop.Shown().Main().menuBar()); }}}) {
+  for (int pane = 0; pane < kAidedPanes; ++pane) {
+    overlays_.at(static_cast<std::size_t>(pane)) = new PaneOverlay(panes_, pane, choices_);
+  }
+  Give_Mnemonics(*desktop.Shown().Main().menuBar());
+  Fill_Menu();
   desktop.Shown().When_Mirrored([this] { Refresh(); });
+  Refresh();
 }
 
 Aids::~Aids() {
   panes_.Owner().Shown().When_Mirrored({});
   delete magnifier_;
+  for (PaneOverlay* overlay : overlays_) delete overlay;
 }
 
-void Aids::Refresh() { magnifier_->Refresh(); }
+void Aids::Add_Choice(const char* name, const QString& text, bool OverlayChoices::*choice) {
+  menu_.Add_Switch(name, text, choices_.*choice, [this, choice](bool on) {
+    choices_.*choice = on;
+    Refresh();
+  });
+}
+
+void Aids::Fill_Menu() {
+  Add_Choice("AidFrames", QStringLiteral("&Frames of the panes"), &OverlayChoices::frames);
+  Add_Choice("AidTops", QStringLiteral("Tree &tops of the last search"), &OverlayChoices::tops);
+  Add_Choice("AidLargeMarks", QStringLiteral("&Larger small marks"), &OverlayChoices::large_marks);
+  Add_Choice("AidSafeColours", QStringLiteral("&Colours for colour-blind eyes"),
+             &OverlayChoices::safe_colours);
+  menu_.Add_Item("AidPalette", QStringLiteral("All &commands by name\tCtrl+Shift+P"),
+                 [this] { palette_.Open(); });
+}
+
+void Aids::Refresh() {
+  for (PaneOverlay* overlay : overlays_) overlay->Refresh();
+  magnifier_->Refresh();
+}
 
 }  // namespace sylvomex

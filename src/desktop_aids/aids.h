@@ -3,9 +3,15 @@
 // without it.
 #pragma once
 
+#include <array>
+
+#include "desktop_aids/aid_keys.h"
 #include "desktop_aids/aided_panes.h"
+#include "desktop_aids/aids_menu.h"
+#include "desktop_aids/command_palette.h"
 #include "desktop_aids/magnifier.h"
 #include "desktop_aids/pane_hands.h"
+#include "desktop_aids/pane_overlay.h"
 
 namespace sylvomex {
 
@@ -18,13 +24,24 @@ class Aids {
   Aids& operator=(const Aids&) = delete;
 
   [[nodiscard]] Magnifier& Glass() { return *magnifier_; }
+  [[nodiscard]] PaneOverlay& Overlay(int pane) {
+    return *overlays_.at(static_cast<std::size_t>(pane));
+  }
+  [[nodiscard]] CommandPalette& Palette() { return palette_; }
 
  private:
+  void Fill_Menu();
   void Refresh();
+  void Add_Choice(const char* name, const QString& text, bool OverlayChoices::*choice);
 
   AidedPanes panes_;
   PaneHands hands_;
-  Magnifier* magnifier_;  // owned by the window
+  OverlayChoices choices_;
+  std::array<PaneOverlay*, kAidedPanes> overlays_{};  // owned by their panes
+  Magnifier* magnifier_;                              // owned by the window
+  CommandPalette palette_;
+  AidsMenu menu_;
+  AidKeys keys_;
 };
 
 }  // namespace sylvomex

@@ -25,6 +25,18 @@ TEST_F(PaneOnScreen, ClickWritesTheFilmCoordinatesOfThePositionUnderThePointer) 
   EXPECT_EQ(w().CurrentImage, 0);
 }
 
+// With a scale factor of 2 half a pixel of the window is a pixel of the screen; the position in the
+// widget is rounded to pixels of the window, the one in the window is not.
+TEST_F(PaneOnScreen, AClickBetweenTwoPixelsOfTheWindowKeepsItsFraction) {
+  const QPointF in_window = QPointF(102.5, 52.5) + Pane(0).mapTo(&Main(), QPoint(0, 0));
+  QMouseEvent press(QEvent::MouseButtonPress, QPointF(103, 53), in_window,
+                    Pane(0).mapToGlobal(QPoint(103, 53)), Qt::LeftButton, Qt::LeftButton,
+                    Qt::NoModifier);
+  QApplication::sendEvent(&Pane(0), &press);
+  const double x = (w().PaneViews(0).ViewCol + 100.5 - 500) * 1e-5;
+  EXPECT_NEAR(std::stod(w().Form1.Text1(0).Text), x, 1e-9);
+}
+
 TEST_F(PaneOnScreen, RightClickWithoutModifierDoesNothing) {
   Click_Pane(0, 100, 50, Qt::RightButton);
   EXPECT_EQ(w().Form1.Text1(0).Text, "");

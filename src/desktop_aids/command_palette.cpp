@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "desktop_aids/command_palette.h"
+
+#include <QKeyEvent>
+#include <QVBoxLayout>
+
+#include "desktop/qt_text.h"
+#include "workspace/menu_table.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr int kNameRole = Qt::UserRole;
+
+/// "3D > Intersection > ...": the captions above an item and its own.
+QString Path_Text(const QStringList& path) { return path.join(QStringLiteral("  >  ")); }
+
+bool Matches(const QString& text, const QString& typed) {
+  const QStringList words = typed.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+  return std::ranges::all_of(
+      words, [&](const QString& word) { return text.contains(word, Qt::CaseInsensitive); });
+}
+
+}  // namespace
+
+CommandPalette::CommandPalette(Desktop& desktop)
+    : QDialog(&desktop.Shown().Main()),
+      desktop_(desktop),
+      typed_(new QLineEdit(this)),
+      list_(new QListWidget(this)) {
+  setObjectName(QStringLiteral("CommandPalette"));
+  setWindowTitle(QStringLiteral("Commands"));
+  typed_->setAccessibleName(QStringLiteral("Part of a command's name"));
+  typed_->setPlaceholderText(QStringLiteral("Part of a command's name"));
+  list_->setAccessibleName(QStringLiteral("Commands"));
+  list_->setUniformItemSizes(true);
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(typed_);
+  layout->addWidget(list_);
+  resize(560, 420);
+  typed_->installEventFilter(this);
+  connect(typed_, &QLineEdit::textChanged, this, [this](const QString& text) { Filter(text); });
+  connect(typed_, &QLineEdit::returnPressed, this, [this] { Run_Chosen(); });
+  connect(list_, &QListWidget::itemActivated, this, [this] { Run_Chosen(); });
+  Fill();
+}
+
+void CommandPalette::Fill() {
+  QStringList path;
+  const std::span<const MenuRow> rows = Main_Menu();
+  for (std::size_t k = 0; k < rows.size(); ++k) {
+    const MenuRow& row = rows[k];
+    path.resize(row.level);
+    path << Qt_Text(row.caption);
+    const bool opens_submenu = k + 1 < rows.size() && rows[k + 1].level > row.level;
+    if (opens_submenu || row.role == MenuRole::Separator) continue;
+    const std::string key = Key_Text(row);
+    QString text = Path_Text(path);
+    if (!key.empty()) text += QStringLiteral("    ") + QString::fromStdString(key);
+    auto* item = new QListWidgetItem(text, list_);
+    item->setData(kNameRole, QString::fromLatin1(row.name));
+    item->setToolTip(QString::fromLatin1(row.name));
+    if (row.greyed) item->setFlags(Qt::NoItemFlags);
+  }
+}
+
+void CommandPalette::Open() {
+  typed_->clear();
+  Filter({});
+  typed_->setFocus();
+  show();
+  raise();
+  activateWindow();
+}
+
+void CommandPalette::Filter(const QString& typed) {
+  list_->setCurrentItem(nullptr);
+  for (int k = 0; k < list_->count(); ++k) {
+    QListWidgetItem& item = *list_->item(k);
+    const bool matches =
+        Matches(item.text() + QLatin1Char(' ') + item.data(kNameRole).toString(), typed);
+    item.setHidden(!matches);
+    const bool can_run = item.flags().testFlag(Qt::ItemIsEnabled);
+    if (matches && can_run && list_->currentItem() == nullptr) list_->setCurrentItem(&item);
+  }
+}
+
+void CommandPalette::Run_Chosen() {
+  const QListWidgetItem* item = list_->currentItem();
+  if (item == nullptr || !item->flags().testFlag(Qt::ItemIsEnabled)) return;
+  OperatorEvent event;
+  event.kind = OperatorEvent::Kind::Menu;
+  event.control = Block_Text(item->data(kNameRole).toString());
+  hide();
+  desktop_.Dispatch(event);
+}
+
+/// Up and down move in the list while the text keeps the focus.
+bool CommandPalette::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == typed_ && event->type() == QEvent::KeyPress) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
+        key == Qt::Key_PageDown) {
+      QCoreApplication::sendEvent(list_, event);
+      return true;
+    }
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include "desktop_aids/menu_keys.h"
+
+#include <QMenu>
+
+namespace sylvomex {
+namespace {
+
+void Give_Mnemonics(QMenu& menu) {
+  QString taken;
+  for (QAction* action : menu.actions()) {
+    if (action->isSeparator()) continue;
+    action->setText(With_Mnemonic(action->text(), taken));
+    if (action->menu() != nullptr) Give_Mnemonics(*action->menu());
+  }
+}
+
+}  // namespace
+
+QString With_Mnemonic(const QString& caption, QString& taken) {
+  const qsizetype end =
+      caption.contains(QLatin1Char('\t')) ? caption.indexOf(QLatin1Char('\t')) : caption.size();
+  for (qsizetype at = 0; at < end; ++at) {
+    const QChar letter = caption[at].toUpper();
+    if (!letter.isLetter() || taken.contains(letter)) continue;
+    taken += letter;
+    return caption.left(at) + QLatin1Char('&') + caption.mid(at);
+  }
+  return caption;
+}
+
+void Give_Mnemonics(QMenuBar& bar) {
+  // With Alt these move the solution, choose a species or show trees.
+  QString taken = QStringLiteral("UDWENSMPL");
+  for (QAction* action : bar.actions()) {
+    action->setText(With_Mnemonic(action->text(), taken));
+    if (action->menu() != nullptr) Give_Mnemonics(*action->menu());
+  }
+}
+
+void Open_First_Menu(QMenuBar& bar) {
+  if (bar.actions().isEmpty()) return;
+  bar.setFocus(Qt::MenuBarFocusReason);
+  bar.setActiveAction(bar.actions().constFirst());
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: MIT
+#include "desktop_aids/pane_overlay.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <vector>
+
+#include "desktop/qt_text.h"
+#include "panes/shown_raster.h"
+#include "state/workspace.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr int kTopRadius = 7;
+
+QColor Top_Colour(const OverlayChoices& choices) {
+  return choices.safe_colours ? QColor(0, 114, 178) : QColor(255, 70, 200);
+}
+
+QColor Frame_Colour(const PaneNote& note, const OverlayChoices& choices) {
+  if (note.clicked_last) return choices.safe_colours ? QColor(240, 228, 66) : QColor(255, 210, 0);
+  if (note.ticked) return choices.safe_colours ? QColor(86, 180, 233) : QColor(0, 170, 120);
+  return {110, 110, 110};
+}
+
+QString Note_Text(const PaneNote& note) {
+  QString text = QString::number(note.image_id) + QStringLiteral("   ") + Qt_Text(note.zoom);
+  if (note.observation) {
+    text += QStringLiteral("   at %1 %2")
+                .arg(note.observation->pixel.col, 0, 'f', 1)
+                .arg(note.observation->pixel.row, 0, 'f', 1);
+    if (!note.ticked) text += QStringLiteral(" (not used)");
+  }
+  if (note.clicked_last) text += QStringLiteral("   last click");
+  if (!note.mode.empty()) text += QStringLiteral("   ") + Qt_Text(note.mode);
+  return text;
+}
+
+/// A text on a dark ground, ending before `right`; returns its rectangle.
+QRect Paint_Line(QPainter& painter, const QPoint& bottom_left, int right, const QString& text,
+                 const QColor& colour) {
+  const QFontMetrics metrics = painter.fontMetrics();
+  const int room = right - bottom_left.x() - 8;
+  const QString shown = metrics.elidedText(text, Qt::ElideRight, room);
+  const QRect ground(bottom_left.x(), bottom_left.y() - metrics.height() - 2,
+                     metrics.horizontalAdvance(shown) + 8, metrics.height() + 2);
+  painter.fillRect(ground, QColor(0, 0, 0, 160));
+  painter.setPen(colour);
+  painter.drawText(ground, Qt::AlignCenter, shown);
+  return ground;
+}
+
+/// Text with a dark edge, readable on any ground.
+void Paint_Haloed_Text(QPainter& painter, const QPointF& at, const QString& text,
+                       const QColor& colour) {
+  painter.setPen(QColor(0, 0, 0, 200));
+  for (const QPointF& away : {QPointF(-1, 0), QPointF(1, 0), QPointF(0, -1), QPointF(0, 1)}) {
+    painter.drawText(at + away, text);
+  }
+  painter.setPen(colour);
+  painter.drawText(at, text);
+}
+
+bool Meets_One(const QRectF& label, const std::vector<QRectF>& taken) {
+  return std::ranges::any_of(taken, [&](const QRectF& other) { return other.intersects(label); });
+}
+
+}  // namespace
+
+PaneOverlay::PaneOverlay(const AidedPanes& panes, int pane, const OverlayChoices& choices)
+    : QWidget(&panes.Widget(pane)), panes_(panes), pane_(pane), choices_(choices) {
+  setObjectName(QStringLiteral("PaneOverlay%1").arg(pane));
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  setFocusPolicy(Qt::NoFocus);
+}
+
+PaneOverlay::Shown PaneOverlay::Now() const {
+  const Picture& picture = panes_.Block().Form1.Picture1(pane_);
+  const MatchingState& m = panes_.Block().Matching;
+  const std::string note =
+      Block_Text(Note_Text(note_)) + (note_.ticked ? "+" : "-") + (note_.lacks_solution ? "!" : "");
+  return {choices_,
+          note,
+          picture.bitmap_version,
+          picture.erase_version,
+          picture.marks.size(),
+          choices_.tops ? std::string(m.ClusterRunName.Trimmed()) : std::string(),
+          m.ClusterCount,
+          size()};
+}
+
+void PaneOverlay::Refresh() {
+  const bool shows = Shows_Image(panes_.Block(), pane_);
+  if (isHidden() == shows) setVisible(shows);
+  if (!shows) return;
+  if (const QRect whole = panes_.Widget(pane_).rect(); geometry() != whole) setGeometry(whole);
+  note_ = Note_Of_Pane(panes_.Block(), pane_);
+  Shown now = Now();
+  if (now == shown_) return;
+  shown_ = std::move(now);
+  update();
+}
+
+void PaneOverlay::paintEvent(QPaintEvent*) {
+  if (!Shows_Image(panes_.Block(), pane_)) return;
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  if (choices_.large_marks) Paint_Large_Marks(painter);
+  if (choices_.tops) Paint_Tops(painter);
+  if (!choices_.frames) return;
+  Paint_Observation(painter);
+  Paint_Frame(painter);
+}
+
+void PaneOverlay::Paint_Frame(QPainter& painter) const {
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  const QColor colour = Frame_Colour(note_, choices_);
+  painter.setPen(QPen(colour, kPictureBorder));
+  painter.drawRect(rect().adjusted(1, 1, -1, -1));
+  const QPoint corner(kPictureBorder, height() - kPictureBorder);
+  const QRect line = Paint_Line(painter, corner, width(), Note_Text(note_), Qt::white);
+  if (note_.lacks_solution) {
+    Paint_Line(painter, line.topLeft(), width(),
+               QStringLiteral("the solution lies outside this photograph"), QColor(255, 180, 60));
+  }
+}
+
+void PaneOverlay::Paint_Observation(QPainter& painter) const {
+  if (!note_.observation) return;
+  const QPointF at(note_.observation->at.px + kPictureBorder,
+                   note_.observation->at.py + kPictureBorder);
+  constexpr double kRadius = 9;
+  for (const auto& [colour, width] :
+       {std::pair(QColor(0, 0, 0, 180), 3.0), {Frame_Colour(note_, choices_), 1.4}}) {
+    painter.setPen(QPen(colour, width));
+    painter.drawEllipse(at, kRadius, kRadius);
+  }
+}
+
+void PaneOverlay::Paint_Tops(QPainter& painter) const {
+  const QColor colour = Top_Colour(choices_);
+  std::vector<QRectF> taken;
+  for (const ShownTop& top : Shown_Tops(panes_.Block(), pane_)) {
+    const QPointF at(top.at.px + kPictureBorder, top.at.py + kPictureBorder);
+    painter.setPen(QPen(QColor(0, 0, 0, 180), 3));
+    painter.drawEllipse(at, kTopRadius, kTopRadius);
+    painter.setPen(QPen(colour, 1.5));
+    painter.drawEllipse(at, kTopRadius, kTopRadius);
+    const QString text = QStringLiteral("%1  %2").arg(top.number).arg(top.score, 0, 'f', 2);
+    const QRectF label(at.x() + kTopRadius + 2, at.y() - painter.fontMetrics().ascent(),
+                       painter.fontMetrics().horizontalAdvance(text),
+                       painter.fontMetrics().height());
+    if (Meets_One(label, taken)) continue;  // the lighter of two tops goes without a label
+    taken.push_back(label);
+    Paint_Haloed_Text(painter, {label.left(), at.y()}, text, Qt::white);
+  }
+}
+
+void PaneOverlay::Paint_Large_Marks(QPainter& painter) const {
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  const Picture& picture = panes_.Block().Form1.Picture1(pane_);
+  for (const Mark& mark : picture.marks) {
+    constexpr int kSmall = 3;
+    if (mark.kind != Mark::Kind::Point || mark.width > kSmall) continue;
+    const QPoint at = QPointF(mark.x1, mark.y1).toPoint() + QPoint(kPictureBorder, kPictureBorder);
+    if (!rect().contains(at)) continue;
+    painter.fillRect(QRect(at - QPoint(3, 3), QSize(7, 7)), QColor(0, 0, 0));
+    painter.fillRect(QRect(at - QPoint(2, 2), QSize(5, 5)),
+                     QColor(mark.colour.r, mark.colour.g, mark.colour.b));
+  }
+}
+
+}  // namespace sylvomex

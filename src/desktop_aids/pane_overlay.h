@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+// Painted over a pane, and anew whenever its view changes: the frame with what the pane shows, the
+// observation, the tree tops, small marks made larger. Nothing of it is a mark of the block.
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+
+#include "desktop_aids/aided_panes.h"
+#include "panes/pane_notes.h"
+
+namespace sylvomex {
+
+/// What the operator has chosen to see.
+struct OverlayChoices {
+  bool frames = true;
+  bool tops = false;
+  bool large_marks = false;
+  bool safe_colours = false;  // told apart by colour-blind eyes (Okabe and Ito 2008)
+
+  bool operator==(const OverlayChoices&) const = default;
+};
+
+class PaneOverlay : public QWidget {
+ public:
+  PaneOverlay(const AidedPanes& panes, int pane, const OverlayChoices& choices);
+
+  /// Repaints when something that it shows has changed.
+  void Refresh();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  /// Everything painted depends on these.
+  struct Shown {
+    OverlayChoices choices;
+    std::string note;
+    std::uint64_t bitmap_version = 0, erase_version = 0;
+    std::size_t marks = 0;
+    std::string search;  // name of the cluster search
+    int tops = 0;
+    QSize size;
+    bool operator==(const Shown&) const = default;
+  };
+
+  [[nodiscard]] Shown Now() const;
+  void Paint_Frame(QPainter& painter) const;
+  void Paint_Observation(QPainter& painter) const;
+  void Paint_Tops(QPainter& painter) const;
+  void Paint_Large_Marks(QPainter& painter) const;
+
+  const AidedPanes& panes_;
+  int pane_;
+  const OverlayChoices& choices_;
+  PaneNote note_;
+  Shown shown_;
+};
+
+}  // namespace sylvomex
