@@ -1,11 +1,66 @@
 // SPDX-License-Identifier: MIT
+#include <map>
+
 #include "interchange/failures.h"
+#include "interchange/lidar_export.h"
+#include "interchange/point_export.h"
+#include "interchange/raster_export.h"
+#include "interchange/record_tables.h"
+#include "interchange/site.h"
+#include "interchange/tin_export.h"
 #include "site_program/subcommands.h"
 
 namespace sylvomex {
+namespace {
 
-int Run_Export(const ExportArguments& /*arguments*/, SiteOutput& /*output*/) {
-  throw Refused("export: not built yet");
+using ReadPoints = PointTable (*)(const FilePath&, const Site&);
+
+/// The reader of what is a layer of points; none for the rest.
+ReadPoints Reader_Of(const std::string& what) {
+  static const std::map<std::string, ReadPoints> kReaders = {
+      {"observations", Read_Observations}, {"distances", Read_Distances},
+      {"clusters", Read_Clusters},         {"crowns", Read_Crowns},
+      {"surface", Read_Surface},           {"trees", Read_Trees}};
+  const auto reader = kReaders.find(what);
+  return reader == kReaders.end() ? nullptr : reader->second;
+}
+
+void Export_Point_Layer(const ExportArguments& arguments, ReadPoints read, const Site& site,
+                        SiteOutput& output) {
+  const PointTable points = read({arguments.input.string(), arguments.input}, site);
+  Export_Points(points, site.crs, arguments.what, arguments.output);
+  output.object["points"] = points.rows.size();
+}
+
+void Export_Other(const ExportArguments& arguments, const Site& site, SiteOutput& output) {
+  if (arguments.what == "dem") {
+    Export_Model(arguments.input, site, arguments.output);
+  } else if (arguments.what == "orto") {
+    Export_Ortho(arguments.input, site, arguments.output);
+  } else if (arguments.what == "correlation") {
+    Export_Correlation(arguments.input, arguments.output);
+  } else if (arguments.what == "tin") {
+    Export_Tin(arguments.input, site, arguments.output);
+  } else {
+    output.object["points"] = Export_Lidar(arguments.input, site, arguments.output);
+  }
+}
+
+}  // namespace
+
+int Run_Export(const ExportArguments& arguments, SiteOutput& output) {
+  const Site site = Open_Site(arguments.site);
+  if (!std::filesystem::is_regular_file(arguments.input)) {
+    throw Refused(arguments.input.string() + ": there is no such file");
+  }
+  output.object["output"] = arguments.output.string();
+  if (const ReadPoints read = Reader_Of(arguments.what)) {
+    Export_Point_Layer(arguments, read, site, output);
+  } else {
+    Export_Other(arguments, site, output);
+  }
+  output.Say("wrote " + arguments.output.string());
+  return kDone;
 }
 
 }  // namespace sylvomex
