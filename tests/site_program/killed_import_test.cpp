@@ -18,8 +18,8 @@ struct KilledImport : ImportedSite {
   std::string Lidar(const std::string& name, double first_time) {
     TestLas las;
     for (int i = 0; i < 60000; ++i) {
-      las.points.push_back({384000.0 + i % 977, 6675000.0 + i % 1013, 150, 1, 1,
-                            first_time + 0.001 * i});
+      las.points.push_back(
+          {384000.0 + i % 977, 6675000.0 + i % 1013, 150, 1, 1, first_time + 0.001 * i});
     }
     return folder.Write(name, las.Bytes()).native.string();
   }
