@@ -71,6 +71,15 @@ TEST_F(Dialogs, CausesAreTheDetailsOfTheNextMessageOnly) {
   EXPECT_EQ(dialogs_.messages, (std::vector<std::string>{"An error occurred!", "hello"}));
 }
 
+TEST_F(Dialogs, CausesAreTheDetailsOfAnErrorToo) {
+  site_.Folder().Write("c/data/a.hdr", SmallSite::Header_Text({}, "c:\\data\\none.raw"));
+  dialogs_.files.push_back((site_.Folder().Path() / "c/data/a.hdr").string());
+  Choose("Add_images_to_set");
+  EXPECT_EQ(dialogs_.messages,
+            std::vector<std::string>{"Add_images_to_set: File not found: c:\\data\\none.raw"});
+  EXPECT_EQ(dialogs_.details, std::vector<std::string>{"the name stands in c:\\data\\a.hdr"});
+}
+
 TEST_F(Dialogs, ACauseWithoutAMessageEndsWithItsEvent) {
   w().screen->Tell_Cause("image 2");
   Choose("Draw_Polygon");

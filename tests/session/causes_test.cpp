@@ -166,6 +166,34 @@ TEST_F(SessionCauses, AnOrthoimageThatFailsTellsWhy) {
   Expect_Cause("Division by zero: the pixel size of the orthoimage is 0");
 }
 
+TEST_F(SessionCauses, ATriangulatedModelNamesFileAndTriangle) {
+  folder.Write("c/data/t.nod", "100,100,1\n200,100,1\n100,200,1\n300,100,1\n");
+  folder.Write("c/data/t.tri", "0,1,2\n0,1,3\n");  // the second has no extent
+  Play("file c:\\data\\t.nod\nfile c:\\data\\t.tri\nmenu Add_Tin\n");
+  Expect_Message("Cant divide with zero!");
+  Expect_Cause("c:\\data\\t.tri, triangle 2");
+}
+
+TEST_F(SessionCauses, AnOrthoimageTooLargeNamesTheQuantity) {
+  Play(Add("a") + "input 0\ninput 0\ninput 1e12\ninput 1\ninput 0.1\ntry menu OrthoBlock\n");
+  Expect_Cause("columns and rows of the orthoimage");
+}
+
+TEST_F(SessionCauses, AMapBeyondItsPlaceNamesTheView) {
+  folder.Make_Folder("f");
+  folder.Write("c/data/map.raw", std::string(3 * 200 * 150, 'm'));
+  folder.Write("c/data/map.hdr", "c:\\data\\map.raw\n0\n0\n1\n1\n200\n150\n0\n");
+  Play(
+      "menu Open_Map_Window\nresize Form8 100 80\nfile c:\\data\\map.hdr\n"
+      "menu Form8.Open_a_Map\ntry click Form8.Picture1 90 70 right\n");
+  if (played.transcript.find("exceeding allowed indeces") == std::string::npos) {
+    FAIL() << played.transcript << played.reason;
+  }
+  Expect_Cause("a view from column");
+  const std::string cause = "sylvomex: a view from column";
+  EXPECT_EQ(played.reason.find(cause), played.reason.rfind(cause));  // once for all pixels
+}
+
 TEST_F(SessionCauses, RemovingTellsTheAnswer) {
   Play(Add("a") + "input seven\nmenu Remove_an_image\ninput 3\nmenu Remove_an_image\n");
   Expect_Cause("Type mismatch: \"seven\" is not a number");
