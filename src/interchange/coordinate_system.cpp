@@ -21,6 +21,7 @@ void Start_Gdal() {
     CPLSetConfigOption("GDAL_DISABLE_READDIR_ON_OPEN", "TRUE");
     CPLSetConfigOption("GDAL_ERROR_ON_LIBJPEG_WARNING", "TRUE");  // a JPEG that is cut short
     CPLSetConfigOption("GDAL_NUM_THREADS", "ALL_CPUS");
+    CPLSetConfigOption("GTIFF_DIRECT_IO", "YES");  // uncompressed rasters past the block cache
     GDALAllRegister();
   });
 }

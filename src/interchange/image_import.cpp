@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <future>
 #include <map>
 #include <memory>
 #include <numbers>
@@ -272,7 +273,8 @@ ImageImportResult Import_Images(const ImageImportSettings& settings) {
   result.convention = Convention_Name(convention, table.photos.front().rotation);
   result.shift = *site.shift;
   std::vector<Job> jobs = Jobs_Of(sources, settings, site, result);
-  const ImportEntry entry = Entry_Of(settings, result);
+  std::future<ImportEntry> entry = std::async(
+      std::launch::async, [&settings, result] { return Entry_Of(settings, result); });
   const DriveMap drives = site.Drives();
   for (Job& job : jobs) {
     job.raw_target = drives.Locate(job.image.raw).native;
@@ -284,7 +286,7 @@ ImageImportResult Import_Images(const ImageImportSettings& settings) {
     import.Write(drives.Locate(job.image.header).native, Header_Text(job, site));
     result.images.push_back(job.image);
   }
-  import.Commit(entry);
+  import.Commit(entry.get());
   return result;
 }
 

@@ -330,6 +330,9 @@ TEST_F(ImageImport, RefusesMissingDamagedAndOtherFiles) {
         whole.substr(0, static_cast<std::size_t>(share * static_cast<double>(whole.size()))));
     EXPECT_NE(Refusal(settings).find("photo1.tif"), std::string::npos) << share;
   }
+  const ImageImportSettings plain = One(200, 150, 1, GDT_Byte, values);
+  source_.Write("photo1.tif", source_.Read("photo1.tif").substr(0, 20000));
+  EXPECT_NE(Refusal(plain).find("photo1.tif"), std::string::npos);
   source_.Write("photo1.tif", "this is a letter");
   EXPECT_NE(Refusal(settings).find("photo1.tif"), std::string::npos);
   fs::remove(source_.Path() / "photo1.tif");

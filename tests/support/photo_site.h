@@ -139,9 +139,10 @@ inline std::vector<Point3D> Sample_Points() {
 }
 
 inline std::string Plain_Table(const std::vector<TablePhoto>& photos) {
-  std::string text = std::string(kPlainHeader) + "\n";
-  for (const TablePhoto& photo : photos) text += photo.Row() + "\n";
-  return text;
+  std::ostringstream text;
+  text << kPlainHeader << '\n';
+  for (const TablePhoto& photo : photos) text << photo.Row() << '\n';
+  return text.str();
 }
 
 }  // namespace sylvomex

@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#include "interchange/site_survey.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "interchange/image_import.h"
+#include "interchange/site.h"
+#include "support/photo_site.h"
+
+namespace sylvomex {
+namespace {
+
+/// Two vertical photographs 100 m above flat ground at 150 m, 400 x 300 pixels of 0.1 m; the second
+/// stands 30 m farther east.
+class SurveySite : public testing::Test {
+ protected:
+  SurveySite() {
+    Init_Site(site_.Path(), "EPSG:3067");
+    ImageImportSettings settings;
+    std::vector<TablePhoto> photos(2);
+    for (std::size_t i = 0; i < 2; ++i) {
+      photos[i].name = i == 0 ? "a<b" : "second";
+      photos[i].centre = {385000 + 30.0 * static_cast<double>(i), 6672000, 250};
+      settings.files.push_back(Write_Tiff(source_, photos[i].name + ".tif", 400, 300, 1, GDT_Byte,
+                                          Mixed_Values(400, 300, 1)));
+    }
+    settings.site = site_.Path();
+    settings.table = source_.Write("t.csv", Plain_Table(photos)).native;
+    Import_Images(settings);
+  }
+
+  /// A flat model of 60 x 60 cells of 2 m around the first photograph, one cell without data.
+  void Write_Terrain() {
+    const Point3D middle = Open_Site(site_.Path()).Working({385000, 6672000, 0});
+    std::vector<float> cells(3600, 150.0F);
+    cells[0] = -9999;
+    std::string bytes(cells.size() * sizeof(float), '\0');
+    std::memcpy(bytes.data(), cells.data(), bytes.size());
+    site_.Write("c/data/models/dem.raw", bytes);
+    site_.Write("c/data/models/dem.hdr", "60\n60\n" + std::to_string(middle.X - 59) + "\n" +
+                                             std::to_string(middle.Y - 58) +
+                                             "\n2\n0\nc:\\data\\models\\dem.raw\n");
+  }
+
+  TemporaryFolder site_;
+  TemporaryFolder source_;
+};
+
+TEST_F(SurveySite, FootprintsLieAtTheHeightOfTheTerrain) {
+  Write_Terrain();
+  const SiteSurvey survey = Survey_Site(Open_Site(site_.Path()));
+  ASSERT_EQ(survey.images.size(), 2U);
+  const SurveyedImage& image = survey.images[0];
+  EXPECT_EQ(image.name, "a<b");
+  ASSERT_TRUE(image.has_footprint);
+  EXPECT_NEAR(image.ground_pixel, 0.1, 1e-9);
+  EXPECT_NEAR(image.corners[0].X, 385000 - 20, 1e-6);  // upper left
+  EXPECT_NEAR(image.corners[0].Y, 6672000 + 15, 1e-6);
+  EXPECT_NEAR(image.corners[2].X, 385000 + 20, 1e-6);  // lower right
+  EXPECT_NEAR(image.corners[2].Y, 6672000 - 15, 1e-6);
+  EXPECT_EQ(image.terrain->mean, 150);
+  // 40 m wide and 30 m apart: a quarter is shown by both.
+  EXPECT_NEAR(image.overlap, 0.25, 1e-9);
+  EXPECT_EQ(image.neighbours, 1);
+}
+
+TEST_F(SurveySite, ModelsAreToldByTheirOuterBorders) {
+  Write_Terrain();
+  const SiteSurvey survey = Survey_Site(Open_Site(site_.Path()));
+  ASSERT_EQ(survey.models.size(), 1U);
+  EXPECT_NEAR(survey.models[0].west, 385000 - 60, 1e-6);
+  EXPECT_NEAR(survey.models[0].east, 385000 + 60, 1e-6);
+  EXPECT_NEAR(survey.models[0].south, 6672000 - 60, 1e-6);
+  EXPECT_EQ(survey.models[0].without_data, 1U);
+  EXPECT_EQ(survey.models[0].heights.low, 150);
+}
+
+TEST_F(SurveySite, LidarIsComparedWithTheTerrain) {
+  Write_Terrain();
+  // Three pulses of 2004 with last echoes 0.5 m and 1.5 m above the ground in two squares of 5 m,
+  // and a higher one in the first square.
+  const Point3D at = Open_Site(site_.Path()).Working({385002, 6672002, 0});
+  std::string tile(4 + 3 * 100, '\0');
+  const std::int32_t count = 3;
+  std::memcpy(tile.data(), &count, 4);
+  const double X[] = {at.X, at.X, at.X + 10};
+  const float Z[] = {150.5F - 0.18F, 160, 151.5F - 0.18F};
+  for (std::size_t i = 0; i < 3; ++i) {
+    char* const record = tile.data() + 4 + 100 * i;
+    std::memcpy(record + 72, &X[i], 8);
+    std::memcpy(record + 80, &at.Y, 8);
+    std::memcpy(record + 88, &Z[i], 4);
+  }
+  site_.Write("c/data/als2004_path.hdr", "c:\\data\\als2004\\\n");
+  site_.Write("c/data/als2004/" + Tile_Name("", Campaign::Als2004, at.X, at.Y), tile);
+  const SiteSurvey survey = Survey_Site(Open_Site(site_.Path()));
+  ASSERT_EQ(survey.campaigns.size(), 1U);
+  const SurveyedCampaign& campaign = survey.campaigns[0];
+  EXPECT_EQ(campaign.pulses, 3);
+  EXPECT_DOUBLE_EQ(campaign.pulses_a_square_metre, 3.0 / 10000);
+  EXPECT_EQ(campaign.missing_tiles, 0);
+  EXPECT_EQ(campaign.compared, 2U);
+  EXPECT_NEAR(campaign.mean_difference, 1, 1e-4);
+  EXPECT_NEAR(campaign.rms_difference, std::sqrt((0.25 + 2.25) / 2), 1e-4);
+}
+
+TEST_F(SurveySite, AFileThatCannotBeReadIsToldAndTheRestStands) {
+  site_.Write("c/data/models/dem.hdr", "60\n");
+  site_.Write("c/data/images/zero.hdr", "no header");
+  const SiteSurvey survey = Survey_Site(Open_Site(site_.Path()));
+  EXPECT_EQ(survey.faults.size(), 2U);
+  EXPECT_EQ(survey.images.size(), 2U);
+  EXPECT_NE(Survey_Text(survey).find("zero.hdr"), std::string::npos);
+}
+
+TEST_F(SurveySite, ThePageHasAMapAndNoForeignTags) {
+  const std::string page = Survey_Html(Survey_Site(Open_Site(site_.Path())));
+  EXPECT_NE(page.find("<svg"), std::string::npos);
+  EXPECT_NE(page.find("a&lt;b"), std::string::npos);
+  EXPECT_EQ(page.find("a<b"), std::string::npos);
+}
+
+TEST(SurveyOfAnEmptySite, HasNoMap) {
+  const TemporaryFolder folder;
+  Init_Site(folder.Path(), "EPSG:3067");
+  const SiteSurvey survey = Survey_Site(Open_Site(folder.Path()));
+  EXPECT_EQ(Survey_Html(survey).find("<svg"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace sylvomex
