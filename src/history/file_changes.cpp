@@ -8,9 +8,9 @@
 #include <array>
 #include <cerrno>
 #include <ctime>
-#include <ranges>
 #include <utility>
 
+#include "history/backwards.h"
 #include "platform/file_descriptor.h"
 #include "platform/file_lock.h"
 #include "platform/files.h"
@@ -139,7 +139,7 @@ void Require_Undoable(const FileChanges& changes) {
   for (const ScratchChange& scratch : changes.scratch) {
     Require_Content(scratch.file, scratch.after);
   }
-  Require_Last_Lines(std::views::reverse(changes.lines), false);
+  Require_Last_Lines(Backwards(changes.lines), false);
 }
 
 void Require_Redoable(const FileChanges& changes) {
@@ -150,7 +150,7 @@ void Require_Redoable(const FileChanges& changes) {
 }
 
 void Undo_Files(const FileChanges& changes) {
-  for (const LineChange& change : std::views::reverse(changes.lines)) {
+  for (const LineChange& change : Backwards(changes.lines)) {
     if (change.taken) {
       Put_Back(change);
     } else {

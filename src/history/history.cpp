@@ -3,10 +3,10 @@
 
 #include <algorithm>
 #include <array>
-#include <ranges>
 #include <string_view>
 #include <utility>
 
+#include "history/backwards.h"
 #include "history/event_words.h"
 #include "platform/number_text.h"
 #include "platform/run_time_error.h"
@@ -61,7 +61,7 @@ void History::Before(Workspace& w, const OperatorEvent& event) {
   watch_.Take();
   image_set_ = Image_Set_Bytes(w);
   present_ = Take_State(w, present_);
-  running_.emplace();
+  running_ = Step();
   running_->words = Event_Words(event);
   running_->before = present_;
 }
@@ -117,7 +117,7 @@ void History::Note_Lines(const FileChanges& files, bool forward) {
     const auto of_the_same = [&](const LineChange& saved) {
       return saved.file.native == change.file.native && saved.lines == change.lines;
     };
-    const auto found = std::ranges::find_if(std::views::reverse(saved_), of_the_same);
+    const auto found = std::find_if(saved_.rbegin(), saved_.rend(), of_the_same);
     if (found != saved_.rend()) saved_.erase(std::next(found).base());
   }
   if (saved_.size() > kMostSteps) saved_.erase(saved_.begin());
@@ -132,7 +132,7 @@ std::string History::Redo_Text() const {
 
 std::optional<LineChange> History::Last_Line(Workspace& w) const {
   const std::filesystem::path native = w.Drives.Locate(w.ObservationFileName).native;
-  for (const LineChange& saved : std::views::reverse(saved_)) {
+  for (const LineChange& saved : Backwards(saved_)) {
     if (saved.file.native == native) return LineChange{saved.file, Last_Of(saved.lines), true};
   }
   return std::nullopt;
