@@ -12,7 +12,7 @@
 #include <string_view>
 
 #include "interchange/coordinate_system.h"
-#include "interchange/delimited_text.h"
+#include "interchange/csv_table.h"
 #include "interchange/failures.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
@@ -32,15 +32,11 @@ bool Is_Text(std::string_view content) {
 }
 
 Trajectory From_Csv(const std::string& content, const std::string& name) {
-  const DelimitedText table(content, name);
-  const std::size_t t = table.Column("t");
-  const std::size_t X = table.Column("X");
-  const std::size_t Y = table.Column("Y");
-  const std::size_t Z = table.Column("Z");
+  const CsvTable table(content, name);
   Trajectory trajectory;
-  for (std::size_t row = 0; row < table.Rows(); ++row) {
-    trajectory.Add(table.Number(row, t),
-                   {table.Number(row, X), table.Number(row, Y), table.Number(row, Z)});
+  for (const TextRow& row : table.Rows()) {
+    trajectory.Add(table.Number(row, "t"),
+                   {table.Number(row, "X"), table.Number(row, "Y"), table.Number(row, "Z")});
   }
   return trajectory;
 }

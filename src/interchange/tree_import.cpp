@@ -2,11 +2,11 @@
 #include "interchange/tree_import.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
 #include <optional>
 
 #include "heightmodels/raster_model.h"
+#include "interchange/csv_table.h"
 #include "interchange/failures.h"
 #include "interchange/site.h"
 #include "interchange/vector_table.h"
@@ -20,12 +20,6 @@ namespace {
 
 constexpr double kLowestForVolume = 1.3;  // metres
 constexpr double kPerMetre = 1e4;         // steps of coordinates
-
-std::string Lower(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return text;
-}
 
 /// The values of a row by the names of the plot file.
 class TreeValues {

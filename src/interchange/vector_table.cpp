@@ -4,33 +4,30 @@
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 
-#include <algorithm>
-#include <cctype>
 #include <memory>
 
 #include "interchange/coordinate_system.h"
-#include "interchange/delimited_text.h"
+#include "interchange/csv_table.h"
 #include "interchange/exported_file.h"
 #include "interchange/failures.h"
-#include "platform/files.h"
-#include "platform/run_time_error.h"
 
 namespace sylvomex {
 namespace {
 
-VectorTable From_Text(const std::filesystem::path& file) try {
+VectorTable From_Text(const std::filesystem::path& file) {
   const std::string name = file.string();
-  const DelimitedText text(Read_Whole_File({name, file}), name);
-  VectorTable table{name, text.Columns(), {}};
-  for (std::size_t row = 0; row < text.Rows(); ++row) {
-    table.rows.push_back({text.Where(row), {}, std::nullopt});
-    for (std::size_t column = 0; column < table.columns.size(); ++column) {
-      table.rows.back().values.push_back(text.Text(row, column));
+  std::vector<TextRow> rows = Split_Rows(Read_Text_File(name), name);
+  if (rows.empty()) throw Refused(name + ": the file is empty");
+  VectorTable table{name, rows.front().cells, {}};
+  for (std::size_t i = 1; i < rows.size(); ++i) {
+    const std::string where = name + ", line " + std::to_string(rows[i].line);
+    if (rows[i].cells.size() != table.columns.size()) {
+      throw Refused(where + ": " + std::to_string(rows[i].cells.size()) + " values for " +
+                    std::to_string(table.columns.size()) + " columns");
     }
+    table.rows.push_back({where, std::move(rows[i].cells), std::nullopt});
   }
   return table;
-} catch (const RunTimeError& error) {
-  throw Refused(error.what());
 }
 
 using Transformation = std::unique_ptr<OGRCoordinateTransformation>;
@@ -88,17 +85,11 @@ VectorTable From_Layer(OGRLayer& layer, const std::string& site, const std::stri
   return table;
 }
 
-bool Same_Name(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](unsigned char x, unsigned char y) {
-    return std::tolower(x) == std::tolower(y);
-  });
-}
-
 }  // namespace
 
 std::size_t VectorTable::Column(std::string_view wanted) const {
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    if (Same_Name(columns[i], wanted)) return i;
+    if (Lower(columns[i]) == Lower(wanted)) return i;
   }
   throw Refused(name + ": there is no column \"" + std::string(wanted) + "\"");
 }

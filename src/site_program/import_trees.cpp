@@ -1,19 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <cctype>
 #include <optional>
 
+#include "interchange/csv_table.h"
 #include "interchange/tree_import.h"
 #include "site_program/subcommands.h"
 
 namespace sylvomex {
 namespace {
-
-std::string Lower(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return text;
-}
 
 bool Is_Known(const std::string& lower_name) {
   const auto& names = Tree_Column_Names();
