@@ -5,6 +5,7 @@
 
 #include <limits>
 
+#include "hwy/cache_control.h"
 #include "hwy/highway.h"
 #include "products/ortho_positions.h"
 
@@ -84,6 +85,8 @@ struct OffsetStep {
     hn::StoreU(hn::DemoteTo(whole, offset), whole, reinterpret_cast<std::int32_t*>(offsets + k));
     if (HWY_LIKELY(hn::AllTrue(d, read))) {
       cells.any_read = true;
+      // The pixels are copied when the whole row is computed: until then they come from memory.
+      hwy::Prefetch(position.source.bytes.data() + offsets[k]);
       return;
     }
     cells.any_read = cells.any_read || !hn::AllFalse(d, read);
