@@ -44,6 +44,9 @@ class Desktop : public OperatorEvents {
   const QCursor& Custom_Cursor(const std::string& file) override;
 
   [[nodiscard]] Workspace& Block() { return *w_; }
+  /// An event is being handled.
+  [[nodiscard]] bool Is_Busy() const { return depth_ > 0; }
+
   /// nullptr for a plain desktop.
   [[nodiscard]] History* Kept() { return history_.Get(); }
   [[nodiscard]] Windows& Shown() { return windows_; }

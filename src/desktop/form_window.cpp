@@ -2,6 +2,7 @@
 #include "desktop/form_window.h"
 
 #include <QCloseEvent>
+#include <QLayout>
 #include <QMouseEvent>
 #include <cmath>
 #include <concepts>
@@ -206,13 +207,29 @@ int FormWindow::Menu_Height() const {
   return menuBar()->isHidden() ? 0 : menuBar()->sizeHint().height();
 }
 
+QSize FormWindow::Whole_Size(QSize client) const {
+  return client + QSize(0, Menu_Height() + (strip_ != nullptr ? strip_->height() : 0));
+}
+
+void FormWindow::Stand_Below(QStatusBar* strip) {
+  strip_ = strip;
+  sizing_ = true;
+  const QSize client = client_->size();
+  setStatusBar(strip);
+  strip->show();
+  if (!isMaximized() && !isFullScreen()) resize(Whole_Size(client));
+  layout()->activate();
+  sizing_ = false;
+  Send_Size();
+}
+
 void FormWindow::Mirror_Size() {
   const QSize wanted = Client_Size(form_);
   if (wanted == record_size_) return;
   record_size_ = wanted;
   if (operator_sizes_) return;
   sizing_ = true;
-  const QSize whole = wanted + QSize(0, Menu_Height());
+  const QSize whole = Whole_Size(wanted);
   if (Has_Handler(kWindowItself, Happening::Resize)) {
     setMinimumSize(Whole_Pixels(window_.design->smallest_width, window_.design->smallest_height)
                        .boundedTo(whole));

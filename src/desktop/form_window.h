@@ -4,6 +4,8 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
+#include <QStatusBar>
 #include <functional>
 #include <string>
 #include <vector>
@@ -36,6 +38,10 @@ class FormWindow : public QMainWindow {
   /// Height of the menu bar; the client area lies below it.
   [[nodiscard]] int Menu_Height() const;
 
+  /// Puts a strip of fixed height below the client area, which keeps its size unless the window
+  /// fills the screen. The window owns it.
+  void Stand_Below(QStatusBar* strip);
+
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  protected:
@@ -62,6 +68,7 @@ class FormWindow : public QMainWindow {
            std::function<void()> show_content);
 
   void Place_Over_Owner();
+  [[nodiscard]] QSize Whole_Size(QSize client) const;  // with the menu and the strip
   [[nodiscard]] bool Has_Handler(const std::string& control, Happening happening) const;
   void Mirror_Size();
   void Mirror_Controls();
@@ -87,6 +94,7 @@ class FormWindow : public QMainWindow {
   Form& form_;
   QWidget* client_;
   FormMenus menus_;
+  QPointer<QStatusBar> strip_;
   std::vector<Mirrored> controls_;
   QSize record_size_;            // client size of the record when last compared
   bool operator_sizes_ = false;  // the operator has resized the window; the record follows

@@ -9,6 +9,7 @@ Aids::Aids(Desktop& desktop)
     : panes_(desktop),
       hands_(panes_),
       magnifier_(new Magnifier(panes_)),
+      strip_(new Strip(panes_)),
       palette_(desktop),
       menu_(desktop),
       keys_(panes_,
@@ -26,6 +27,7 @@ Aids::Aids(Desktop& desktop)
 
 Aids::~Aids() {
   panes_.Owner().Shown().When_Mirrored({});
+  delete strip_;
   delete magnifier_;
   for (PaneOverlay* overlay : overlays_) delete overlay;
 }
@@ -50,6 +52,7 @@ void Aids::Fill_Menu() {
 void Aids::Refresh() {
   for (PaneOverlay* overlay : overlays_) overlay->Refresh();
   magnifier_->Refresh();
+  strip_->Refresh();
 }
 
 }  // namespace sylvomex

@@ -12,6 +12,7 @@
 #include "desktop_aids/magnifier.h"
 #include "desktop_aids/pane_hands.h"
 #include "desktop_aids/pane_overlay.h"
+#include "desktop_aids/strip.h"
 
 namespace sylvomex {
 
@@ -23,6 +24,7 @@ class Aids {
   Aids(const Aids&) = delete;
   Aids& operator=(const Aids&) = delete;
 
+  [[nodiscard]] Strip& Below() { return *strip_; }
   [[nodiscard]] Magnifier& Glass() { return *magnifier_; }
   [[nodiscard]] PaneOverlay& Overlay(int pane) {
     return *overlays_.at(static_cast<std::size_t>(pane));
@@ -39,6 +41,7 @@ class Aids {
   OverlayChoices choices_;
   std::array<PaneOverlay*, kAidedPanes> overlays_{};  // owned by their panes
   Magnifier* magnifier_;                              // owned by the window
+  Strip* strip_;                                      // owned by the window
   CommandPalette palette_;
   AidsMenu menu_;
   AidKeys keys_;

@@ -82,6 +82,7 @@ void History::Add(Step step) {
   step.bytes = Bytes_Beside(step.after, step.before);
   if (!done_.empty()) step.bytes += Bytes_Beside(step.before, done_.back().after);
   picture_bytes_ += step.bytes;
+  ++version_;
   undone_.clear();
   done_.push_back(std::move(step));
   Bound_Memory();
@@ -101,6 +102,7 @@ void History::Bound_Memory() {
 }
 
 void History::Forget_All() {
+  ++version_;
   done_.clear();
   undone_.clear();
   picture_bytes_ = 0;
@@ -154,6 +156,7 @@ bool History::Undo(Workspace& w) {
   picture_bytes_ -= step.bytes;
   present_ = Restore(w, step.before, Take_State(w, present_));
   told_ = step.words;
+  ++version_;
   undone_.push_back(std::move(step));
   return true;
 }
@@ -174,6 +177,7 @@ bool History::Redo(Workspace& w) {
   undone_.pop_back();
   present_ = Restore(w, step.after, Take_State(w, present_));
   told_ = step.words;
+  ++version_;
   picture_bytes_ += step.bytes;
   done_.push_back(std::move(step));
   return true;

@@ -45,6 +45,9 @@ class History {
   /// it and gives the measurement its number again: a step of its own. The rest as Undo.
   bool Take_Back_Line(Workspace& w);
 
+  /// Another number whenever the texts may have changed.
+  [[nodiscard]] std::uint64_t Version() const { return version_; }
+
   /// Number of steps that can be undone.
   [[nodiscard]] std::size_t Steps() const { return done_.size(); }
 
@@ -74,6 +77,7 @@ class History {
   std::vector<LineChange> saved_;  // lines that were saved and not taken back, newest last
   FileChangeWatch watch_;
   std::string told_;
+  std::uint64_t version_ = 0;
   std::size_t picture_bytes_ = 0;
   int depth_ = 0;
   bool search_ran_ = false;  // in the running event

@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: MIT
+#include "desktop_aids/strip.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QVBoxLayout>
+
+#include "desktop/control_widgets.h"
+#include "desktop/qt_text.h"
+#include "services/pointer_place.h"
+#include "workspace/mode_words.h"
+
+namespace sylvomex {
+namespace {
+
+using Kind = OperatorEvent::Kind;
+
+constexpr int kButtonWidth = 210;  // pixels
+constexpr int kSpace = 6;
+
+void Show_Text(QPushButton& button, const char* what, const char* key, const std::string& step) {
+  const QString title = QString::fromLatin1(what);
+  const QString whole = step.empty() ? title : title + ": " + Qt_Text(step);
+  const int room = button.width() - 4 * kSpace;
+  button.setText(button.fontMetrics().elidedText(whole, Qt::ElideRight, room).replace('&', "&&"));
+  button.setToolTip(whole + QString::fromLatin1(key));
+  button.setAccessibleName(whole);
+  button.setEnabled(!step.empty());
+}
+
+// The words, and for narrow windows what stands before their colon.
+std::vector<std::string> With_Head(const std::string& words) {
+  return {words, words.substr(0, words.find(": "))};
+}
+
+FittingLabel* Add_Label(const char* name, QBoxLayout& row, int stretch) {
+  auto* label = new FittingLabel;
+  label->setObjectName(QString::fromLatin1(name));
+  label->setFont(Control_Font());
+  label->setMinimumWidth(1);
+  label->setTextFormat(Qt::PlainText);
+  row.addWidget(label, stretch);
+  return label;
+}
+
+}  // namespace
+
+void FittingLabel::Show_Words(const std::vector<std::string>& fullest_first) {
+  QStringList words;
+  for (const std::string& text : fullest_first) words << Qt_Text(text);
+  if (words == words_) return;
+  words_ = words;
+  Fit();
+}
+
+void FittingLabel::resizeEvent(QResizeEvent* event) {
+  QLabel::resizeEvent(event);
+  Fit();
+}
+
+void FittingLabel::Fit() {
+  for (const QString& text : words_) {
+    if (fontMetrics().horizontalAdvance(text) > width()) continue;
+    setText(text);
+    return;
+  }
+  clear();
+}
+
+Strip::Strip(const AidedPanes& panes) : panes_(panes) {
+  Lay_Out();
+  setSizeGripEnabled(false);
+  setFixedHeight(sizeHint().height());
+  panes.Owner().Shown().Main().Stand_Below(this);
+  qApp->installEventFilter(this);  // for the keys, wherever the focus is, and the pointer
+  Refresh();
+}
+
+Strip::~Strip() = default;
+
+void Strip::Lay_Out() {
+  auto* inside = new QWidget;
+  auto* rows = new QVBoxLayout(inside);
+  rows->setContentsMargins(kSpace, 0, kSpace, 0);
+  rows->setSpacing(1);
+  auto* upper = new QHBoxLayout;
+  auto* lower = new QHBoxLayout;
+  rows->addLayout(upper);
+  rows->addLayout(lower);
+  upper->setSpacing(kSpace);
+  if (panes_.Owner().Kept() != nullptr) {
+    undo_ = Add_Button(Kind::Undo, "Undo");
+    redo_ = Add_Button(Kind::Redo, "Redo");
+    take_back_ = Add_Button(Kind::TakeBackLine, "TakeBackLine");
+    for (QPushButton* button : {undo_, redo_, take_back_}) upper->addWidget(button);
+  }
+  message_ = Add_Label("StripMessage", *upper, 1);
+  mode_ = Add_Label("StripMode", *lower, 1);
+  place_ = Add_Label("StripPlace", *lower, 2);
+  place_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  addWidget(inside, 1);
+}
+
+QPushButton* Strip::Add_Button(Kind kind, const char* name) {
+  auto* button = new QPushButton;
+  button->setObjectName(QString::fromLatin1(name));
+  button->setFont(Control_Font());
+  button->setFocusPolicy(Qt::NoFocus);  // keys stay with the panes
+  button->setFixedSize(kButtonWidth, button->fontMetrics().height() + kSpace);
+  connect(button, &QPushButton::clicked, this, [this, kind] { Ask_For(kind); });
+  return button;
+}
+
+void Strip::Ask_For(Kind kind) {
+  const History& history = *panes_.Owner().Kept();
+  const std::uint64_t version = history.Version();
+  OperatorEvent event;
+  event.kind = kind;
+  panes_.Owner().Dispatch(event);
+  if (history.Version() == version) return;  // refused, with a message
+  const char* const done = kind == Kind::Undo ? "Undone: " : kind == Kind::Redo ? "Redone: " : "";
+  Show_Message(done + history.Told());
+}
+
+void Strip::Show_Message(const std::string& message) {
+  message_->Show_Words(With_Head(message));
+  message_->setToolTip(Qt_Text(message));
+}
+
+void Strip::Refresh() {
+  if (panes_.Owner().Is_Busy()) return;
+  if (const std::string words = written_.Take(); !words.empty()) Show_Message(words);
+  mode_->Show_Words(With_Head(Mode_Words(panes_.Block())));
+  Refresh_Buttons();
+  Show_Place();
+}
+
+void Strip::Refresh_Buttons() {
+  const History* history = panes_.Owner().Kept();
+  if (history == nullptr || undo_ == nullptr || shown_version_ == history->Version()) return;
+  shown_version_ = history->Version();
+  Show_Text(*undo_, "Undo", "  (Alt+Backspace)", history->Undo_Text());
+  Show_Text(*redo_, "Redo", "  (Alt+Shift+Backspace)", history->Redo_Text());
+  Show_Text(*take_back_, "Take back line", "", history->Line_Text(panes_.Block()));
+}
+
+void Strip::Show_Place() {
+  const auto place = pointer_ ? Place_Under_Pointer(panes_.Block(), pointer_->pane,
+                                                    pointer_->at.x(), pointer_->at.y())
+                              : std::nullopt;
+  place_->Show_Words(place ? Place_Words(*place) : std::vector<std::string>{""});
+}
+
+void Strip::Point_At(int pane, const QMouseEvent& move) {
+  pointer_ = AidedPanes::Place{pane, Pane_Position(move.position())};
+  if (!panes_.Owner().Is_Busy()) Show_Place();
+}
+
+bool Strip::Take_Key(const QObject* receiver, const QKeyEvent& key) {
+  const auto* widget = qobject_cast<const QWidget*>(receiver);
+  const bool asks = key.key() == Qt::Key_Backspace && key.modifiers().testFlag(Qt::AltModifier) &&
+                    !key.modifiers().testFlag(Qt::ControlModifier);
+  if (!asks || widget == nullptr || widget->window() != window() || undo_ == nullptr) return false;
+  (key.modifiers().testFlag(Qt::ShiftModifier) ? redo_ : undo_)->click();
+  return true;
+}
+
+bool Strip::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    return Take_Key(watched, *static_cast<QKeyEvent*>(event));
+  }
+  const bool is_pointer = event->type() == QEvent::MouseMove || event->type() == QEvent::Leave;
+  const std::optional<int> pane = is_pointer ? panes_.Index_Of(watched) : std::nullopt;
+  if (!pane) return false;
+  if (event->type() == QEvent::MouseMove) {
+    Point_At(*pane, *static_cast<QMouseEvent*>(event));
+  } else {
+    pointer_.reset();
+    Show_Place();
+  }
+  return false;
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+// The strip below the panes, by real keys and mouse.
+#include "desktop_aids/strip.h"
+
+#include "aids_fixture.h"
+
+namespace sylvomex {
+namespace {
+
+class StripTest : public DesktopTest {
+ protected:
+  StripTest() {
+    desktop_ = std::make_unique<Desktop>(
+        DesktopOptions{site_.Drives(), QSize(1276, 700), {}, [] {}, false});
+    desktop_->Start();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&Main()));
+    Add_Two_Images();
+    aids_.emplace(*desktop_);
+  }
+
+  QPushButton& Button(const char* name) { return *Main().findChild<QPushButton*>(name); }
+  QString Text(const char* name) { return Main().findChild<QLabel*>(name)->text(); }
+  void Move_Over(int pane, double px, double py) {
+    QWidget& widget = Pane(pane);
+    const QPointF at(px + kPictureBorder, py + kPictureBorder);
+    QMouseEvent move(QEvent::MouseMove, at, widget.mapToGlobal(at), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(&widget, &move);
+    QApplication::processEvents();
+  }
+
+  std::optional<Aids> aids_;
+};
+
+TEST_F(StripTest, TheClientAreaKeepsItsSize) {
+  EXPECT_EQ(w().Form1.ClientWidth, 1276);
+  EXPECT_EQ(w().Form1.ClientHeight, 700);
+  EXPECT_EQ(Main().centralWidget()->size(), QSize(1276, 700));
+  EXPECT_EQ(Main().height(), 700 + Main().Menu_Height() + aids_->Below().height());
+}
+
+TEST_F(StripTest, ASizeSetByTheOperatorLeavesRoomForTheStrip) {
+  Main().resize(1300, 800);
+  ASSERT_TRUE(Soon([&] { return w().Form1.ClientWidth == 1300; }));
+  EXPECT_EQ(w().Form1.ClientHeight, 800 - Main().Menu_Height() - aids_->Below().height());
+}
+
+TEST_F(StripTest, AltBackspaceTakesTheClickBackAndShiftDoesItAgain) {
+  Click_Pane(1, 50, 60);
+  ASSERT_EQ(w().Form1.Check1(1).Value, 1);
+  EXPECT_EQ(Button("Undo").text(), "Undo: Click in image 1");
+  Press_Key(Qt::Key_Backspace, Qt::AltModifier);
+  EXPECT_EQ(w().Form1.Check1(1).Value, 0);
+  EXPECT_EQ(w().Form1.Text1(2).Text, "");
+  EXPECT_EQ(Button("Redo").text(), "Redo: Click in image 1");
+  EXPECT_EQ(Text("StripMessage"), "Undone: Click in image 1");
+  Press_Key(Qt::Key_Backspace, Qt::AltModifier | Qt::ShiftModifier);
+  EXPECT_EQ(w().Form1.Check1(1).Value, 1);
+}
+
+TEST_F(StripTest, TheKeysWorkInABox) {
+  auto& box = Get<QLineEdit>("Text4");
+  box.setFocus();
+  box.end(false);
+  QTest::keyClicks(&box, "7");
+  ASSERT_EQ(w().Form1.Text4.Text, "237");
+  QTest::keyClick(&box, Qt::Key_Backspace, Qt::AltModifier);
+  EXPECT_EQ(w().Form1.Text4.Text, "23");
+  EXPECT_EQ(box.text(), "23");
+}
+
+TEST_F(StripTest, ButtonsUndoAndSayWithTheirToolTip) {
+  Click_Pane(0, 50, 60);
+  EXPECT_TRUE(Button("Undo").toolTip().contains("Click in image 0"));
+  EXPECT_TRUE(Button("Undo").toolTip().contains("Alt+Backspace"));
+  QTest::mouseClick(&Button("Undo"), Qt::LeftButton);
+  EXPECT_EQ(w().Form1.Check1(0).Value, 0);
+  EXPECT_EQ(Button("Redo").text(), "Redo: Click in image 0");
+}
+
+TEST_F(StripTest, ErasedMarksArePaintedAgain) {
+  Click_Pane(0, 50, 60);
+  const QImage before = Pane(0).Painted().copy();
+  Click_Pane(0, 80, 20);
+  ASSERT_NE(Pane(0).Painted(), before);
+  Press_Key(Qt::Key_Backspace, Qt::AltModifier);
+  EXPECT_EQ(Pane(0).Painted(), before);
+}
+
+TEST_F(StripTest, ASavedLineIsToldAndTakenBackByItsButton) {
+  EXPECT_FALSE(Button("TakeBackLine").isEnabled());
+  Click_Pane(0, 200, 60);
+  Click_Pane(1, 100, 60);
+  Choose("Point_Intersection");
+  Choose("Save_measured_point");
+  QTest::mouseClick(&Get<QPushButton>("Accept_And_Save_Button", "Form3"), Qt::LeftButton);
+  EXPECT_EQ(w().NextMeasurementNumber, 2);
+  EXPECT_EQ(Text("StripMessage"), "1 line added to c:\\data\\Lehtomaa\\Pistedata\\PointData.txt");
+  EXPECT_TRUE(Button("TakeBackLine").toolTip().contains("PointData.txt: 1,"));
+  QTest::mouseClick(&Button("TakeBackLine"), Qt::LeftButton);
+  EXPECT_EQ(w().NextMeasurementNumber, 1);
+  EXPECT_TRUE(Text("StripMessage").startsWith("Line taken back from"));
+  EXPECT_FALSE(Button("TakeBackLine").isEnabled());
+}
+
+TEST_F(StripTest, TheActiveModeIsTold) {
+  Choose("Draw_Polygon");
+  EXPECT_TRUE(Text("StripMode").startsWith("Drawing a polygon"));
+  Choose("Draw_Polygon");
+  EXPECT_EQ(Text("StripMode"), "");
+}
+
+// The view's middle lies below the camera at (0, 0), a pixel is 0.1 m.
+TEST_F(StripTest, ThePlaceUnderThePointerIsToldWithoutItsEdgeCutOff) {
+  w().SolutionValid = true;
+  w().Solution3D = {0, 0, 0};
+  const PaneView& view = w().PaneViews(0);
+  Move_Over(0, 510 - view.ViewCol, 500 - view.ViewRow);
+  EXPECT_TRUE(Text("StripPlace").startsWith("X 1.00  Y 0.00  Z 0.00 m"))
+      << Text("StripPlace").toStdString();
+  const auto& label = *Main().findChild<QLabel*>("StripPlace");
+  EXPECT_LE(label.fontMetrics().horizontalAdvance(label.text()), label.width());
+}
+
+TEST(FittingLabel, ShowsTheFullestWordingThatFits) {
+  FittingLabel label;
+  label.resize(label.fontMetrics().horizontalAdvance("12.3") + 1, 20);
+  label.Show_Words({"12.345", "12.3", "12"});
+  EXPECT_EQ(label.text(), "12.3");
+  label.resize(2, 20);
+  label.show();
+  EXPECT_EQ(label.text(), "");
+}
+
+TEST(PlainDesktop, HasNoStripAndNoHistory) {
+  SmallSite site;
+  Desktop desktop(DesktopOptions{site.Drives(), QSize(1276, 700), {}, [] {}, true});
+  desktop.Start();
+  EXPECT_EQ(desktop.Kept(), nullptr);
+  EXPECT_EQ(desktop.Shown().Main().findChild<QStatusBar*>(), nullptr);
+}
+
+}  // namespace
+}  // namespace sylvomex
