@@ -181,6 +181,7 @@ void MYFUNC_CREATENORMALIZEDIMAGE(const NormalizedImage& image, const FilePath& 
     Resample_Rows(image, mapped.Bytes(), first, rows, bytes);
     file.Write_At(row_bytes * static_cast<std::uint64_t>(first), bytes);
   });
+  mapped.Require_Sound();
   file.Commit();
 }
 

@@ -56,13 +56,16 @@ void Desktop::Start() {
 }
 
 void Desktop::Start_Recording() {
-  record_.open(options_.record);
-  if (!record_) {
-    throw RunTimeError(Failure::FileFailure, "the record cannot be written", options_.record);
-  }
-  recorder_.emplace(record_, w_->Form1.ClientWidth, w_->Form1.ClientHeight);
+  record_.emplace(FilePath{options_.record.string(), options_.record});
+  recorder_.emplace(record_->Script(), w_->Form1.ClientWidth, w_->Form1.ClientHeight);
   recorder_screen_.emplace(screen_, *recorder_);
   w_->screen = &*recorder_screen_;
+}
+
+void Desktop::Watch_Recording() {
+  if (!record_ || record_lost_ || record_->Is_Whole()) return;
+  record_lost_ = true;
+  screen_.Report_Error("--record", kRecordLost, record_->File().native.string());
 }
 
 void Desktop::Begin_With(const std::filesystem::path& script) {
@@ -99,7 +102,10 @@ void Desktop::Run(const OperatorEvent& event) {
   } catch (const std::exception& failure) {
     screen_.Report_Error(Handler_Name(event), failure.what(), {});
   }
-  if (--depth_ == 0) screen_.End_Outer_Event();
+  if (--depth_ == 0) {
+    screen_.End_Outer_Event();
+    Watch_Recording();
+  }
   windows_.Mirror();
 }
 
@@ -143,6 +149,7 @@ QWidget* Desktop::Front_Window() {
 
 void Desktop::End() {
   ended_ = true;
+  Watch_Recording();
   if (options_.end) options_.end();
 }
 

@@ -5,7 +5,6 @@
 
 #include <QTimer>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <map>
 #include <memory>
@@ -14,6 +13,7 @@
 #include "desktop/cursor_file.h"
 #include "desktop/desktop_screen.h"
 #include "desktop/windows.h"
+#include "session/record_file.h"
 #include "session/recorder_screen.h"
 
 namespace sylvomex {
@@ -53,6 +53,7 @@ class Desktop : public OperatorEvents {
 
  private:
   void Start_Recording();
+  void Watch_Recording();
   void Run(const OperatorEvent& event);
   void Send_Waiting_Move();
   void Send_Waiting_Resize();
@@ -62,7 +63,8 @@ class Desktop : public OperatorEvents {
   DesktopOptions options_;
   DesktopScreen screen_;
   std::unique_ptr<Workspace> w_;
-  std::ofstream record_;
+  std::optional<RecordFile> record_;
+  bool record_lost_ = false;  // and told
   std::optional<Recorder> recorder_;
   std::optional<RecorderScreen> recorder_screen_;
   HistorySwitch history_;

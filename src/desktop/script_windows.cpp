@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/script_windows.h"
 
+#include <QBuffer>
 #include <QPixmap>
 #include <stdexcept>
 
 #include "desktop/open_display.h"
+#include "platform/replacing_file.h"
 
 namespace sylvomex {
 
@@ -29,9 +31,13 @@ void ScriptWindows::Save_Window(const std::string& form, const std::filesystem::
   FormWindow* window = windows_->Find(form);
   if (window == nullptr) throw std::runtime_error("there is no window " + form);
   window->Mirror_Unshown();
-  if (!window->grab().save(QString::fromStdString(file.string()), "PNG")) {
-    throw std::runtime_error("cannot write " + file.string());
+  QByteArray png;
+  QBuffer buffer(&png);
+  if (!buffer.open(QIODevice::WriteOnly) || !window->grab().save(&buffer, "PNG")) {
+    throw std::runtime_error("no picture of " + form + " can be made");
   }
+  Replace_Whole_File({file.string(), file}, {reinterpret_cast<const std::uint8_t*>(png.constData()),
+                                             static_cast<std::size_t>(png.size())});
 }
 
 const QCursor& ScriptWindows::Custom_Cursor(const std::string&) {

@@ -4,6 +4,7 @@
 #include "panes/pane_rendering.h"
 #include "platform/number_text.h"
 #include "platform/rounding.h"
+#include "platform/sound_reads.h"
 #include "state/box_numbers.h"
 #include "state/camera_access.h"
 #include "state/cause.h"
@@ -62,6 +63,7 @@ void Set_Zoom(Workspace& w, int image, double zoom_x, double zoom_y) {
   try {
     Render_At_Zoom(w, image, zoom_x, zoom_y);
   } catch (const RunTimeError& error) {
+    Require_Sound_Reads();
     Show_With_Cause(w, kZoomError, error.At(Name_Of_Image(w, image), error.Native_Path()));
   }
 }

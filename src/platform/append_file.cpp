@@ -13,6 +13,7 @@
 #include "platform/files.h"
 #include "platform/operator_notices.h"
 #include "platform/run_time_error.h"
+#include "platform/sound_reads.h"
 #include "platform/write_witness.h"
 
 namespace sylvomex {
@@ -68,7 +69,7 @@ Written Write_And_Flush(int descriptor, std::string_view lines) {
   if (count < 0) return {0, errno};
   const auto bytes = static_cast<std::uint64_t>(count);
   if (bytes != lines.size()) return {bytes, ENOSPC};
-  // Pipes and devices cannot be flushed, and need not be.
+  // Some network drives cannot flush.
   if (fdatasync(descriptor) != 0 && errno != EINVAL && errno != ENOTSUP) return {bytes, errno};
   return {bytes, 0};
 }
@@ -113,6 +114,7 @@ AppendWitness* Set_Append_Witness(AppendWitness* witness) {
 }
 
 void Append_To_File(const FilePath& file, std::string_view text) {
+  Require_Sound_Reads();
   if (text.empty()) {
     FileDescriptor(file, O_WRONLY | O_CREAT | O_APPEND).Close();
     return;

@@ -16,6 +16,7 @@ namespace sylvomex {
 namespace {
 
 constexpr mode_t kNewFileMode = 0666;
+constexpr const char* kNoOrdinaryFile = "it is not an ordinary file";
 
 Failure Kind_Of(int error) {
   switch (error) {
@@ -40,12 +41,7 @@ Failure Kind_Of(int error) {
   }
 }
 
-int Open(const FilePath& file, int flags) {
-  const std::string& path = file.native.native();
-  if (path.find('\0') != std::string::npos) {
-    errno = ENOENT;
-    return -1;
-  }
+int Open_Path(const std::string& path, int flags) {
   int number = -1;
   do {
     number = open(path.c_str(), flags | O_CLOEXEC, kNewFileMode);
@@ -53,11 +49,31 @@ int Open(const FilePath& file, int flags) {
   return number;
 }
 
+int Open(const FilePath& file, int flags) {
+  const std::string& path = file.native.native();
+  if (path.find('\0') != std::string::npos) {
+    errno = ENOENT;
+    return -1;
+  }
+  // A pipe would wait for its other end, a device for its line.
+  const int number = Open_Path(path, flags | O_NONBLOCK);
+  // Another program may hold a lease on the file, which it gives back to one who waits.
+  const bool is_leased = number < 0 && errno == EAGAIN && std::filesystem::is_regular_file(path);
+  return is_leased ? Open_Path(path, flags) : number;
+}
+
+/// An error number, or 0 for an ordinary file.
+int Unusable(const struct stat& status) {
+  if (S_ISDIR(status.st_mode)) return EISDIR;
+  return S_ISREG(status.st_mode) ? 0 : ENXIO;
+}
+
 }  // namespace
 
 void Throw_File_Error(const FilePath& file, int error) {
   if (file.native.empty()) throw RunTimeError(Failure::FileNotFound, "no file was chosen");
   if (error == EISDIR) Throw_File_Failure(file, "it is a folder");
+  if (error == ENXIO || error == ENODEV) Throw_File_Failure(file, kNoOrdinaryFile);
   const Failure kind = Kind_Of(error);
   if (kind == Failure::FileFailure) {
     Throw_File_Failure(file, std::generic_category().message(error));
@@ -80,7 +96,7 @@ FileDescriptor::FileDescriptor(const FilePath& file, int flags) : file_(file) {
     }
     Throw_File_Error(file, error);
   }
-  const int error = fstat(number_, &status_) != 0 ? errno : S_ISDIR(status_.st_mode) ? EISDIR : 0;
+  const int error = fstat(number_, &status_) != 0 ? errno : Unusable(status_);
   if (error != 0) {
     close(Release());
     Throw_File_Error(file, error);

@@ -14,10 +14,12 @@ namespace sylvomex {
 /// The same for a file with unusable contents: RunTimeError(FileFailure) "<file>, <cause>".
 [[noreturn]] void Throw_File_Failure(const FilePath& file, const std::string& cause);
 
-/// An open file, closed at the end of the scope.
+/// An open file, closed at the end of the scope. Always an ordinary one: what is behind a pipe, a
+/// socket or a device may never come, or never end.
 class FileDescriptor {
  public:
-  /// flags: those of open(2). RunTimeError when the file cannot be opened or is a folder.
+  /// flags: those of open(2). RunTimeError when the file cannot be opened, is a folder or no
+  /// ordinary file. Never waits for one.
   FileDescriptor(const FilePath& file, int flags);
   ~FileDescriptor();
   FileDescriptor(const FileDescriptor&) = delete;
@@ -25,7 +27,6 @@ class FileDescriptor {
 
   [[nodiscard]] int Number() const { return number_; }
   [[nodiscard]] const struct stat& Status() const { return status_; }
-  [[nodiscard]] bool Is_Regular() const { return S_ISREG(status_.st_mode); }
 
   /// Hands the open file over to the caller, who closes it.
   [[nodiscard]] int Release();

@@ -10,6 +10,7 @@
 
 #include "platform/file_descriptor.h"
 #include "platform/run_time_error.h"
+#include "platform/sound_reads.h"
 #include "platform/write_witness.h"
 
 namespace sylvomex {
@@ -30,12 +31,12 @@ std::size_t Write_At_Start(int descriptor, std::span<const std::uint8_t> content
 
 std::string Read_To_The_End(const FileDescriptor& open_file, const FilePath& file) {
   constexpr std::size_t kStep = 65536;
-  constexpr std::size_t kLongestStream = std::size_t{1} << 28;  // for devices that never end
   std::string content;
   std::size_t length = 0;
   const auto expected = static_cast<std::size_t>(open_file.Status().st_size);
-  // One byte more than expected, so that the end of the file is found by the same read.
-  content.resize(open_file.Is_Regular() && expected > 0 ? expected + 1 : kStep);
+  // One byte more than expected, so that the end of the file is found by the same read. Files of
+  // the system have no size.
+  content.resize(expected > 0 ? expected + 1 : kStep);
   for (;;) {
     const ssize_t count =
         read(open_file.Number(), content.data() + length, content.size() - length);
@@ -43,7 +44,6 @@ std::string Read_To_The_End(const FileDescriptor& open_file, const FilePath& fil
     if (count < 0) Throw_File_Error(file, errno);
     if (count == 0) break;
     length += static_cast<std::size_t>(count);
-    if (!open_file.Is_Regular() && length > kLongestStream) throw std::bad_alloc();
     if (length == content.size()) content.resize(length + length / 2 + kStep);
   }
   content.resize(length);
@@ -68,14 +68,14 @@ void Write_Whole_File(const FilePath& file, std::string_view content) {
 }
 
 void Write_Whole_File(const FilePath& file, std::span<const std::uint8_t> content) {
+  Require_Sound_Reads();
   // Existing blocks are overwritten in place and only the excess is truncated: the scratch bitmaps
   // are written many times a second.
   FileDescriptor open_file(file, O_WRONLY | O_CREAT);
   if (Write_At_Start(open_file.Number(), content) != content.size()) {
     Throw_File_Error(file, errno);
   }
-  const bool has_tail = open_file.Is_Regular() &&
-                        static_cast<std::uint64_t>(open_file.Status().st_size) > content.size();
+  const bool has_tail = static_cast<std::uint64_t>(open_file.Status().st_size) > content.size();
   if (has_tail && ftruncate(open_file.Number(), static_cast<off_t>(content.size())) != 0) {
     Throw_File_Error(file, errno);
   }
@@ -83,6 +83,7 @@ void Write_Whole_File(const FilePath& file, std::span<const std::uint8_t> conten
 }
 
 void Overwrite_Start(const FilePath& file, std::span<const std::uint8_t> content) {
+  Require_Sound_Reads();
   FileDescriptor open_file(file, O_WRONLY);
   if (Write_At_Start(open_file.Number(), content) != content.size()) {
     Throw_File_Error(file, errno);

@@ -3,11 +3,13 @@
 // is lost, read at offsets, or map into memory.
 //
 // Every failure is a RunTimeError whose text starts with the kind ("File not found: ") and
-// names the file as the operator knows it.
+// names the file as the operator knows it. Writing also throws the failure of a mapped file that
+// the command has read (sound_reads.h).
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -63,29 +65,29 @@ class PositionalFile {
   FilePath file_;
 };
 
-/// A whole file mapped read-only.
+class Mapping;
+
+/// A whole file mapped read-only. When the file shrinks or cannot be read any further, its bytes
+/// become zeros; whoever reads them asks Require_Sound, or Require_Sound_Reads (sound_reads.h) in a
+/// command, before using the result.
 class MappedFile {
  public:
   explicit MappedFile(const FilePath& file);
-  ~MappedFile();
-  MappedFile(const MappedFile&) = delete;
-  MappedFile& operator=(const MappedFile&) = delete;
 
-  [[nodiscard]] std::span<const std::uint8_t> Bytes() const { return {data_, size_}; }
-  [[nodiscard]] const FilePath& File() const { return file_; }
+  /// They stay as long as the file is mapped, in a command at least until it ends.
+  [[nodiscard]] std::span<const std::uint8_t> Bytes() const;
+  [[nodiscard]] const FilePath& File() const;
 
   /// True while the file at the path is still the one that was mapped, with the same length and
-  /// modification time. Callers check before each use and map a replaced or shortened file
-  /// again instead of reading past its end.
+  /// modification time, and all of it could be read. Callers check before each use and map a
+  /// replaced or shortened file again instead of reading past its end.
   [[nodiscard]] bool Is_Current() const;
 
+  /// RunTimeError(FileFailure) naming the file when it became shorter or unreadable.
+  void Require_Sound() const;
+
  private:
-  FilePath file_;
-  const std::uint8_t* data_ = nullptr;
-  std::size_t size_ = 0;
-  std::uint64_t device_ = 0;
-  std::uint64_t inode_ = 0;
-  std::int64_t modified_ns_ = 0;
+  std::shared_ptr<const Mapping> mapping_;
 };
 
 }  // namespace sylvomex

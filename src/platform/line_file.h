@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <sys/types.h>
+
 #include <string_view>
 
 #include "platform/drive_map.h"
@@ -14,13 +16,15 @@ class LineFile {
  public:
   explicit LineFile(const FilePath& file);
 
-  /// Writes whole lines with one write.
+  /// Writes whole lines with one write. What was written in part is taken back.
   void Write(std::string_view lines);
 
   /// Flushes to the disk and closes.
   void Close();
 
  private:
+  [[noreturn]] void Take_Back(ssize_t count);
+
   FilePath file_;
   FileDescriptor open_file_;
 };

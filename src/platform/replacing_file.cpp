@@ -9,6 +9,7 @@
 #include <string>
 
 #include "platform/file_descriptor.h"
+#include "platform/sound_reads.h"
 #include "platform/write_witness.h"
 
 namespace sylvomex {
@@ -35,7 +36,7 @@ ReplacingFile::ReplacingFile(const FilePath& file, std::uint64_t size)
   const auto status = std::filesystem::status(file_.native, error);
   if (std::filesystem::is_directory(status)) Throw_File_Error(file_, EISDIR);
   if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
-    Throw_File_Failure(file_, "it is not a regular file");
+    Throw_File_Error(file_, ENXIO);
   }
   open_file_ = std::make_unique<FileDescriptor>(partial_, O_WRONLY | O_CREAT | O_TRUNC);
   if (size == 0) return;
@@ -72,6 +73,7 @@ bool ReplacingFile::Take_Over(int unnamed) const {
 }
 
 void ReplacingFile::Commit() {
+  Require_Sound_Reads();
   Tell_Change(file_, false);
   open_file_->Close();
   if (std::rename(partial_.native.c_str(), file_.native.c_str()) != 0) {

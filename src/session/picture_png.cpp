@@ -6,8 +6,10 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <vector>
 
 #include "panes/picture_painter.h"
+#include "platform/replacing_file.h"
 #include "platform/run_time_error.h"
 
 namespace sylvomex {
@@ -48,6 +50,12 @@ void Paint_Picture(cairo_surface_t* surface, Size size, const Picture& picture) 
   cairo_surface_mark_dirty(surface);
 }
 
+cairo_status_t Append_Bytes(void* png, const unsigned char* bytes, unsigned count) {
+  auto& all = *static_cast<std::vector<std::uint8_t>*>(png);
+  all.insert(all.end(), bytes, bytes + count);
+  return CAIRO_STATUS_SUCCESS;
+}
+
 }  // namespace
 
 void Save_Picture_Png(const Picture& picture, const std::filesystem::path& file) {
@@ -57,11 +65,14 @@ void Save_Picture_Png(const Picture& picture, const std::filesystem::path& file)
   }
   const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, size.width, size.height));
   Paint_Picture(surface.get(), size, picture);
-  const cairo_status_t written = cairo_surface_write_to_png(surface.get(), file.c_str());
-  if (written != CAIRO_STATUS_SUCCESS) {
-    throw RunTimeError(Failure::FileFailure, file.string() + ": " + cairo_status_to_string(written),
-                       file);
+  std::vector<std::uint8_t> png;
+  const cairo_status_t composed =
+      cairo_surface_write_to_png_stream(surface.get(), Append_Bytes, &png);
+  if (composed != CAIRO_STATUS_SUCCESS) {
+    throw RunTimeError(Failure::FileFailure,
+                       file.string() + ": " + cairo_status_to_string(composed), file);
   }
+  Replace_Whole_File({file.string(), file}, png);
 }
 
 }  // namespace sylvomex

@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "platform/run_time_error.h"
+#include "session/record_file.h"
 #include "session/recorder.h"
 #include "session/recorder_screen.h"
 #include "session/script_reader.h"
@@ -45,7 +46,7 @@ struct Session {
   std::string script_name;
   ScriptScreen screen;
   std::unique_ptr<Workspace> w;
-  std::ofstream record;
+  std::optional<RecordFile> record;
   std::optional<Recorder> recorder;
   std::optional<RecorderScreen> recorder_screen;
   HistorySwitch history;
@@ -73,12 +74,14 @@ std::ifstream Open_Script(const std::filesystem::path& path) {
 
 bool Open_Record(Session& session, const SessionOptions& options) {
   if (options.record.empty()) return true;
-  session.record.open(File_Argument(session.w->Drives, options.record));
-  if (!session.record) {
-    session.streams.err << "cannot write " << options.record << '\n';
+  try {
+    session.record.emplace(
+        FilePath{options.record, File_Argument(session.w->Drives, options.record)});
+  } catch (const RunTimeError& failure) {
+    session.streams.err << "cannot write the record: " << failure.what() << '\n';
     return false;
   }
-  session.recorder.emplace(session.record, options.width, options.height);
+  session.recorder.emplace(session.record->Script(), options.width, options.height);
   session.recorder_screen.emplace(session.screen, *session.recorder);
   session.w->screen = &*session.recorder_screen;
   return true;
@@ -154,6 +157,21 @@ int Play_Script(Session& session, std::istream& script, const SessionHooks& hook
   }
 }
 
+/// The status of a session whose steps ended with another one.
+int Status_Of_Outputs(Session& session, int status) {
+  if (session.recorder) session.recorder->Finish();
+  const bool is_recorded = !session.record || session.record->Is_Whole();
+  const bool is_told = session.streams.out.flush().good();
+  if (!is_recorded) {
+    session.streams.err << session.record->File().name << ": " << kRecordLost << '\n';
+  }
+  if (!is_told) {
+    session.streams.err
+        << "the transcript is not complete: it cannot be written, the disk may be full\n";
+  }
+  return status == kAllStepsDone && !(is_recorded && is_told) ? kOutputLost : status;
+}
+
 }  // namespace
 
 int Run_Session(const SessionOptions& options, const SessionStreams& streams,
@@ -171,9 +189,7 @@ int Run_Session(const SessionOptions& options, const SessionStreams& streams,
   const int status = Start(session, options)
                          ? Play_Script(session, from_file ? file : streams.in, hooks)
                          : kStartFailed;
-  if (session.recorder) session.recorder->Finish();
-  streams.out.flush();
-  return status;
+  return Status_Of_Outputs(session, status);
 }
 
 namespace {

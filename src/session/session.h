@@ -39,7 +39,8 @@ struct SessionHooks {
 };
 
 /// Plays a script. Returns the exit status: 0 all steps done, 1 a step failed, 2 a command
-/// ended in an error, 3 the start-up failed.
+/// ended in an error, 3 the start-up failed, 4 all steps done, but the transcript or the record
+/// could not be written in full.
 int Run_Session(const SessionOptions& options, const SessionStreams& streams,
                 const SessionHooks& hooks = {});
 

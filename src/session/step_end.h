@@ -14,6 +14,7 @@ inline constexpr int kAllStepsDone = 0;
 inline constexpr int kStepFailed = 1;
 inline constexpr int kCommandError = 2;
 inline constexpr int kStartFailed = 3;
+inline constexpr int kOutputLost = 4;
 
 /// A step failed or its command ended in an error; the step `try` catches it.
 struct StepEnd {

@@ -37,6 +37,24 @@ ScriptStep Inner_Step(const ScriptStep& step, std::size_t first) {
   return {step.line, {step.words.begin() + static_cast<std::ptrdiff_t>(first), step.words.end()}};
 }
 
+/// How many steps contain the innermost one.
+int Depth_Of(const ScriptStep& step) {
+  int depth = 0;
+  for (std::size_t i = 0; i < step.words.size(); ++depth) {
+    const std::string& name = step.words[i].text;
+    if (name != "try" && name != "during") break;
+    i += name == "during" ? 2 : 1;
+  }
+  return depth;
+}
+
+void Require_Shallow(const ScriptStep& step) {
+  const int depth = Depth_Of(step);
+  if (depth <= kDeepestNesting) return;
+  throw StepEnd{kStepFailed, "steps are nested " + std::to_string(depth) + " deep, the limit is " +
+                                 std::to_string(kDeepestNesting)};
+}
+
 std::string Arity_Text(const std::string& name, std::size_t least, std::size_t most) {
   std::string text = name + " takes ";
   if (most == kAnyNumber) {
@@ -98,7 +116,10 @@ StepPlayer::StepPlayer(Workspace& w, ScriptScreen& screen, PlayerServices servic
   screen_.Play_Queued_Steps_By([this](const ScriptStep& step) { Play_Queued(step); });
 }
 
-void StepPlayer::Play(const ScriptStep& step) { (this->*Find_Row(step).play)(step); }
+void StepPlayer::Play(const ScriptStep& step) {
+  Require_Shallow(step);
+  (this->*Find_Row(step).play)(step);
+}
 
 /// Plays a step queued for an event servicing. Its failure must not count as one of the running
 /// step, so it ends the session.

@@ -28,13 +28,16 @@ struct PlayerServices {
   WindowPictures* pictures = nullptr;
 };
 
+inline constexpr int kDeepestNesting = 100;
+
 class StepPlayer {
  public:
   /// screen: the one that w uses, directly or through another; it and w must outlive the player.
   StepPlayer(Workspace& w, ScriptScreen& screen, PlayerServices services);
 
-  /// Plays one step to its end. Throws StepEnd when it failed or its command ended in an error,
-  /// SessionEnd when the session is over.
+  /// Plays one step to its end. Steps may be nested kDeepestNesting deep by `during` and `try`.
+  /// Throws StepEnd when it failed or its command ended in an error, SessionEnd when the session is
+  /// over.
   void Play(const ScriptStep& step);
 
  private:

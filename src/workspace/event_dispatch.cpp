@@ -2,9 +2,11 @@
 #include "workspace/event_dispatch.h"
 
 #include <new>
+#include <optional>
 
 #include "panes/pane_layout.h"
 #include "platform/operator_notices.h"
+#include "platform/sound_reads.h"
 #include "state/window_limits.h"
 #include "workspace/control_events.h"
 #include "workspace/control_lookup.h"
@@ -50,13 +52,47 @@ void Run_Guarded(Workspace& w, const std::function<void()>& handler) {
   guard.Done();
 }
 
+// Events serviced inside a command can begin another one, and so on: each takes its share of the
+// thread's stack.
+class Nesting {
+ public:
+  Nesting() { ++depth_; }
+  ~Nesting() { --depth_; }
+  Nesting(const Nesting&) = delete;
+  Nesting& operator=(const Nesting&) = delete;
+
+  static void Require_Room() {
+    if (depth_ <= kMostNestedHandlers) return;
+    throw RunTimeError(Failure::OutOfMemory, std::to_string(kMostNestedHandlers) +
+                                                 " commands run inside one another already");
+  }
+
+ private:
+  static thread_local int depth_;
+};
+
+thread_local int Nesting::depth_ = 0;
+
+/// A mapped file that failed explains whatever came of it.
+void Report(Workspace& w, const std::string& name, const ReadScope& reads,
+            const RunTimeError& error) {
+  const std::optional<RunTimeError> lost = reads.Failed();
+  const bool is_other = lost && lost->Native_Path() != error.Native_Path();
+  const RunTimeError& shown = is_other ? *lost : error;
+  w.screen->Report_Error(name, shown.what(), shown.Native_Path().string());
+}
+
 EventOutcome Run_To_Its_End(Workspace& w, const std::string& name,
                             const std::function<void()>& handler) {
+  const Nesting nesting;
+  const ReadScope reads;
   try {
+    Nesting::Require_Room();
     Run_Guarded(w, handler);
+    Require_Sound_Reads();
     return EventOutcome::Done;
   } catch (const RunTimeError& error) {
-    w.screen->Report_Error(name, error.what(), error.Native_Path().string());
+    Report(w, name, reads, error);
   } catch (const std::bad_alloc&) {
     w.screen->Report_Error(name, Failure_Text(Failure::OutOfMemory), "");
   }

@@ -16,6 +16,9 @@ enum class EventOutcome {
   Error,   // the command ended in an error, already shown by Screen::Report_Error
 };
 
+/// Handlers that may run inside one another; the one after them ends with an error.
+inline constexpr int kMostNestedHandlers = 100;
+
 /// Runs the handler of an event to its end. An exception that leaves the handler is caught here,
 /// shown once through Screen::Report_Error, and the normal pointer is restored. Throws
 /// UnknownName only.

@@ -30,7 +30,6 @@ std::vector<std::uint8_t> Bytes(std::string_view text) { return {text.begin(), t
 std::string Text(std::span<const std::uint8_t> bytes) { return {bytes.begin(), bytes.end()}; }
 
 const FilePath kNoFile;
-const FilePath kFullDisk{"/dev/full", "/dev/full"};
 
 class Files : public testing::Test {
  protected:
@@ -120,10 +119,10 @@ TEST_F(Files, AFolderThatMayNotBeEnteredIsAPermissionDenied) {
 }
 
 TEST_F(Files, AFullDiskIsReported) {
-  Expect_Failure(Failure::DiskFull, "Disk full: /dev/full",
-                 [] { Append_To_File(kFullDisk, "line\n"); });
-  Expect_Failure(Failure::DiskFull, "Disk full: /dev/full",
-                 [] { Write_Whole_File(kFullDisk, "line\n"); });
+  const FilePath file = folder.File("a.txt");
+  const FileSizeLimit limit(3);
+  Expect_Failure(Failure::DiskFull, "Disk full: a.txt", [&] { Append_To_File(file, "line\n"); });
+  Expect_Failure(Failure::DiskFull, "Disk full: a.txt", [&] { Write_Whole_File(file, "line\n"); });
 }
 
 TEST_F(Files, NamesWithAZeroByteAreNotFound) {

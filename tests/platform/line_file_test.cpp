@@ -5,6 +5,7 @@
 
 #include "platform/files.h"
 #include "support/failure_of.h"
+#include "support/file_size_limit.h"
 #include "support/temporary_folder.h"
 
 namespace sylvomex {
@@ -28,6 +29,20 @@ TEST(LineFile, LinesAreInTheFileBeforeItIsClosed) {
   file.Write("4,5,6\n");
   file.Close();
   EXPECT_EQ(Read_Whole_File(path), "1,2,3\n4,5,6\n");
+}
+
+TEST(LineFile, ALineThatTheDiskTakesInPartOnlyIsTakenBack) {
+  const TemporaryFolder folder;
+  const FilePath path = folder.File("maa.nod");
+  LineFile file(path);
+  file.Write("1,2,3\n");
+  {
+    const FileSizeLimit limit(8);
+    EXPECT_EQ(Failure_Of([&] { file.Write("4,5,6\n"); }), "Disk full: maa.nod");
+  }
+  file.Write("7,8,9\n");
+  file.Close();
+  EXPECT_EQ(folder.Read("maa.nod"), "1,2,3\n7,8,9\n");
 }
 
 TEST(LineFile, NamesAMissingFolder) {

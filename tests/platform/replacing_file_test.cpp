@@ -66,7 +66,7 @@ TEST(ReplacingFile, AFolderOrADeviceCannotBeReplaced) {
   EXPECT_NE(Failure_Of([&] { ReplacingFile(folder.File("a.raw"), 3); }).find("it is a folder"),
             std::string::npos);
   const FilePath device{"/dev/null", "/dev/null"};
-  EXPECT_NE(Failure_Of([&] { ReplacingFile(device, 3); }).find("not a regular file"),
+  EXPECT_NE(Failure_Of([&] { ReplacingFile(device, 3); }).find("not an ordinary file"),
             std::string::npos);
 }
 

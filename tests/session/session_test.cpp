@@ -5,7 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <sstream>
+#include <streambuf>
 
+#include "support/file_size_limit.h"
 #include "support/small_site.h"
 
 namespace sylvomex {
@@ -199,6 +201,47 @@ TEST_F(SessionTest, RecordPlaysBackToTheSameTranscript) {
   options.record.clear();
   ASSERT_EQ(Play(recorded + asked), 0) << told << recorded;
   EXPECT_EQ(transcript, first) << recorded;
+}
+
+// Takes nothing, as a full disk.
+struct FullDisk : std::streambuf {
+  int overflow(int) override { return traits_type::eof(); }
+};
+
+TEST_F(SessionTest, ATranscriptThatCannotBeWrittenEndsWithFour) {
+  std::istringstream in("say a\n");
+  std::ostringstream err;
+  FullDisk full;
+  std::ostream out(&full);
+  EXPECT_EQ(Run_Session(options, {in, out, err}), 4);
+  EXPECT_EQ(err.str(),
+            "the transcript is not complete: it cannot be written, the disk may be full\n");
+}
+
+TEST_F(SessionTest, AFailedStepCountsMoreThanALostTranscript) {
+  std::istringstream in("frobnicate\n");
+  std::ostringstream err;
+  FullDisk full;
+  std::ostream out(&full);
+  EXPECT_EQ(Run_Session(options, {in, out, err}), 1);
+}
+
+TEST_F(SessionTest, ARecordThatCannotBeWrittenInFullEndsWithFour) {
+  options.record = (site.Folder().Path() / "record.txt").string();
+  {
+    const FileSizeLimit limit(40);
+    EXPECT_EQ(Play("set Text5 1\nset Text5 2\nset Text5 3\nsay on\n"), 4);
+  }
+  EXPECT_EQ(transcript, "say on\n");
+  EXPECT_EQ(told, options.record +
+                      ": the record is not complete: it cannot be written, the disk may be full\n");
+}
+
+TEST_F(SessionTest, ARecordInAMissingFolderIsRefusedAtOnce) {
+  options.record = (site.Folder().Path() / "none/record.txt").string();
+  EXPECT_EQ(Play("say never\n"), 1);
+  EXPECT_EQ(transcript, "");
+  EXPECT_EQ(told, "cannot write the record: Path not found: " + options.record + "\n");
 }
 
 }  // namespace

@@ -283,5 +283,33 @@ TEST_F(StepPlayerTest, SaveThatCannotWriteFailsTheStep) {
   EXPECT_TRUE(folder.Has("d/a.png"));
 }
 
+std::string Repeated(const std::string& text, int times) {
+  std::string all;
+  for (int i = 0; i < times; ++i) all += text;
+  return all;
+}
+
+TEST_F(StepPlayerTest, StepsMayBeNestedAHundredDeep) {
+  Play(Repeated("try ", 100) + "say in");
+  EXPECT_EQ(transcript.str(), "say in\n");
+  Play(Repeated("during 1 ", 50) + Repeated("try ", 50) + "say later");
+}
+
+TEST_F(StepPlayerTest, StepsNestedDeeperAreRefusedWithTheLimit) {
+  for (const std::string& step :
+       {Repeated("try ", 101), Repeated("during 1 ", 101), Repeated("try during 1 ", 51),
+        Repeated("try ", 20000), Repeated("during 1 ", 20000)}) {
+    try {
+      Play(step + "say in");
+      ADD_FAILURE() << "played";
+    } catch (const StepEnd& end) {
+      EXPECT_EQ(end.status, kStepFailed);
+      EXPECT_TRUE(end.reason.starts_with("steps are nested ")) << end.reason;
+      EXPECT_TRUE(end.reason.ends_with(" deep, the limit is 100")) << end.reason;
+    }
+  }
+  EXPECT_EQ(transcript.str(), "");
+}
+
 }  // namespace
 }  // namespace sylvomex

@@ -18,9 +18,10 @@ TEST(TornLine, TheSavedLineStandsAloneAndOneMessageNamesTheFile) {
   site.Folder().Write("c/data/points.txt", "1,100.00,torn");
   const PlayedSession played = Play_Script(site.Folder(), std::string(kSave) + kSave);
   EXPECT_EQ(played.status, 0) << played.reason;
-  EXPECT_EQ(played.transcript,
-            "message \"The last line of c:\\data\\points.txt had no line end and may be incomplete. "
-            "The new line stands on a line of its own.\" title=\"\" buttons=ok -> ok\n");
+  EXPECT_EQ(
+      played.transcript,
+      "message \"The last line of c:\\data\\points.txt had no line end and may be incomplete. "
+      "The new line stands on a line of its own.\" title=\"\" buttons=ok -> ok\n");
   const std::string text = site.Folder().Read("c/data/points.txt");
   EXPECT_TRUE(text.starts_with("1,100.00,torn\n1,")) << text;
   EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 3);

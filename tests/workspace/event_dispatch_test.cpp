@@ -139,5 +139,23 @@ TEST_F(EventDispatch, AWindowThatDoesNotExistIsNamed) {
                UnknownName);
 }
 
+// Each handler begins the next one, as events serviced inside a command do.
+int Handlers_Inside_One_Another(Workspace& w) {
+  int begun = 0;
+  std::function<void()> handler = [&] {
+    ++begun;
+    Run_Handler(w, "Next", handler);
+  };
+  Run_Handler(w, "First", handler);
+  return begun;
+}
+
+TEST_F(EventDispatch, HandlersRunInsideOneAnotherUpToALimit) {
+  EXPECT_EQ(Handlers_Inside_One_Another(w), kMostNestedHandlers);
+  EXPECT_EQ(out.str(),
+            "error Next \"Out of memory: 100 commands run inside one another already\"\n");
+  EXPECT_EQ(Handlers_Inside_One_Another(w), kMostNestedHandlers);
+}
+
 }  // namespace
 }  // namespace sylvomex

@@ -11,6 +11,7 @@
 #include "panes/pane_drawing.h"
 #include "panes/pane_zoom.h"
 #include "platform/number_text.h"
+#include "platform/sound_reads.h"
 #include "services/kept_file.h"
 #include "services/status_line.h"
 #include "services/ticked_images.h"
@@ -87,8 +88,11 @@ std::string Template_Name(int image) {
 std::optional<CutTemplate> Cut_Or_Leave_Out(Workspace& w, int image) {
   const ImageRecord& record = w.ImageBlock(image);
   try {
-    return Cut_Template(record, Raw_Pixels_Of(w, record), w.Matching.Template(image));
+    CutTemplate cut = Cut_Template(record, Raw_Pixels_Of(w, record), w.Matching.Template(image));
+    Require_Sound_Reads();
+    return cut;
   } catch (const RunTimeError& error) {
+    Require_Sound_Reads();
     if (error.Kind() == Failure::DivisionByZero) throw;
     w.screen->Message_Box(Template_Name(image) + " is left out. " + error.what());
     w.Form1.Check1(image).Value = 0;

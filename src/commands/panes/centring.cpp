@@ -3,6 +3,7 @@
 
 #include "panes/pane_centring.h"
 #include "platform/number_text.h"
+#include "platform/sound_reads.h"
 #include "services/hourglass.h"
 #include "services/status_line.h"
 #include "state/cause.h"
@@ -19,6 +20,7 @@ void Guarded(Workspace& w, const char* message, Steps&& steps) {
   try {
     steps();
   } catch (const RunTimeError& error) {
+    Require_Sound_Reads();
     Show_With_Cause(w, message, error);
   }
 }

@@ -8,6 +8,7 @@
 #include "commands/products/block_output.h"
 #include "commands/products/ortho_inputs.h"
 #include "platform/number_text.h"
+#include "platform/sound_reads.h"
 #include "services/progress.h"
 #include "state/camera_access.h"
 
@@ -57,6 +58,7 @@ void Fill_Band(Workspace& w, const BlockImages& images, const OrthoGrid& grid,
               cells.data() + static_cast<std::size_t>(tile.first_col) * kPixelBytes,
               static_cast<std::size_t>(grid.columns));
   });
+  Require_Sound_Reads();
 }
 
 /// The progress of a row of tiles, tile after tile.

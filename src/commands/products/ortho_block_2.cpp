@@ -13,6 +13,7 @@
 #include "platform/files.h"
 #include "platform/number_text.h"
 #include "platform/replacing_file.h"
+#include "platform/sound_reads.h"
 #include "services/progress.h"
 #include "solver/point_in_image.h"
 #include "state/camera_access.h"
@@ -106,6 +107,7 @@ void Fill_Tiles(Workspace& w, const OrthoGrid& grid, const TileGrid& tiles, std:
     std::vector<std::uint8_t> cells(static_cast<std::size_t>(tile.columns) *
                                     static_cast<std::size_t>(tile.rows) * 3);
     Fill_Tile(grid, source, heights, tile, cells.data(), static_cast<std::size_t>(tile.columns));
+    Require_Sound_Reads();
     output.Write_Tile(tile, cells);
   });
 }
@@ -141,6 +143,7 @@ void Ask_Name_And_Write(Workspace& w, const std::optional<BlockOutput>& output) 
   try {
     output ? output->Replace(*file) : Replace_Whole_File(*file, {});
   } catch (const RunTimeError& error) {
+    Require_Sound_Reads();
     return Say_Too_Wide(w, error);
   }
   Say_Written(w, file->name);
@@ -164,6 +167,7 @@ void Create_an_Ortho_Block_2(Workspace& w) {
     output.emplace(w, grid);
     Fill_Mosaic(w, grid, table, *output);
   } catch (const RunTimeError& error) {
+    Require_Sound_Reads();
     Say_Too_Wide(w, error);
   } catch (const std::bad_alloc& error) {
     Say_Too_Wide(w, error);

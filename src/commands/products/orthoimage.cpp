@@ -9,6 +9,7 @@
 #include "platform/number_text.h"
 #include "platform/replacing_file.h"
 #include "platform/rounding.h"
+#include "platform/sound_reads.h"
 #include "platform/zeroed_array.h"
 #include "products/ortho_image.h"
 #include "services/progress.h"
@@ -79,6 +80,7 @@ void Fill_Cells(Workspace& w, const OrthoOrder& order, const FollowedImage& imag
     const OrthoHeights heights{w.RasterDemLoaded ? &w.RasterDem : nullptr, order.elsewhere};
     Fill_Ortho_Columns(grid, source, heights, col, std::min(grid.columns, col + kSlabColumns),
                        cells, last);
+    Require_Sound_Reads();
   }
 }
 
@@ -88,6 +90,7 @@ void Ask_Name_And_Write(Workspace& w, std::span<const std::uint8_t> cells) {
   try {
     Replace_Whole_File(*file, cells);
   } catch (const RunTimeError& error) {
+    Require_Sound_Reads();
     return Say_Too_Wide(w, error);
   }
   Say_Written(w, file->name);
@@ -113,6 +116,7 @@ void Orto(Workspace& w) {
         ZeroedArray<std::uint8_t>(order->grid.Cells() * static_cast<std::uint64_t>(pixel_bytes));
     Fill_Cells(w, *order, image, pixel_bytes, cells.All());
   } catch (const RunTimeError& error) {
+    Require_Sound_Reads();
     Say_Too_Wide(w, error);
   } catch (const std::bad_alloc& error) {
     Say_Too_Wide(w, error);

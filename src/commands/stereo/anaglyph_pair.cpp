@@ -8,6 +8,7 @@
 #include "closedlib/normalized_image.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "platform/sound_reads.h"
 #include "services/hourglass.h"
 #include "state/cause.h"
 #include "state/workspace.h"
@@ -118,6 +119,7 @@ void Create_anaglyph_pair(Workspace& w) {
   try {
     Create_Pair(w);
   } catch (const RunTimeError& error) {
+    Require_Sound_Reads();
     Show_With_Cause(w, kFailed, error);
   } catch (const std::bad_alloc& error) {
     Show_With_Cause(w, kFailed, error);

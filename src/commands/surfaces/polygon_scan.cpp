@@ -8,6 +8,7 @@
 #include "platform/number_text.h"
 #include "platform/rounding.h"
 #include "platform/run_time_error.h"
+#include "platform/sound_reads.h"
 #include "services/file_names.h"
 #include "services/progress.h"
 #include "services/status_line.h"
@@ -140,11 +141,13 @@ void PolygonScan::Search_At_Boxes(const Keep& keep) {
   const SurfaceImage fixed = Open(search.fixed_image);
   const auto window = Textured_Window(search, fixed, film, centre_);
   if (!window) {
+    Require_Sound_Reads();
     ++counts_.without_texture;
     return;
   }
   const SurfaceSearch result =
       Search_Vertical_Line(search, *window, fixed.camera, Open_Moving(), film, centre_);
+  Require_Sound_Reads();
   Take(result.Best(), keep);
 }
 

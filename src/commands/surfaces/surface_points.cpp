@@ -8,6 +8,7 @@
 #include "commands/surfaces/surface_inputs.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "platform/sound_reads.h"
 #include "state/box_numbers.h"
 #include "state/workspace.h"
 
@@ -24,9 +25,13 @@ std::optional<SurfaceSearch> Search_At_Boxes(Workspace& w, const SearchSettings&
   const SurfaceImage fixed = Open_Surface_Image(w, settings.fixed_image);
   const FilmPosition film = Film_In_Boxes(w, settings.fixed_image);
   const auto window = Textured_Window(settings, fixed, film, centre);
-  if (!window) return std::nullopt;
-  return Search_Vertical_Line(settings, *window, fixed.camera, Open_Moving_Images(w, settings),
-                              film, centre);
+  std::optional<SurfaceSearch> search;
+  if (window) {
+    search = Search_Vertical_Line(settings, *window, fixed.camera, Open_Moving_Images(w, settings),
+                                  film, centre);
+  }
+  Require_Sound_Reads();
+  return search;
 }
 
 void Write_Candidates(const Workspace& w, const SurfaceSearch& search) {

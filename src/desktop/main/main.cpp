@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
@@ -85,6 +86,7 @@ int Run_Desktop(const CommandLine& line, int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow is an error like a full disk
   std::ios::sync_with_stdio(false);
   const auto line = Parse_Desktop_Command_Line(argc, argv, std::cerr);
   if (!line) return kStepFailed;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <unistd.h>
 
+#include <csignal>
 #include <iostream>
 
 #include "session/command_line.h"
@@ -24,6 +25,7 @@ int Play(const sylvomex::SessionOptions& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow is an error like a full disk
   std::ios::sync_with_stdio(false);
   const auto line = sylvomex::Parse_Command_Line(argc, argv, std::cerr);
   if (!line) return sylvomex::kStepFailed;
