@@ -4,6 +4,7 @@
 #include <chrono>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "session/script_screen.h"
 #include "session/step_end.h"
@@ -65,7 +66,10 @@ bool Play_Watched_Session(const std::filesystem::path& root, std::istream& scrip
   const Report report = [&](int line, const std::string& reason) {
     err << name << ':' << line << ": " << reason << '\n';
   };
-  StepPlayer player(*w, screen, {Handle_Event, report});
+  PlayerServices services;
+  services.handle_event = Handle_Event;
+  services.report = report;
+  StepPlayer player(*w, screen, std::move(services));
   ScriptReader reader(script);
   return Play_To_The_End(reader, player, watch, *w, report);
 }
