@@ -38,22 +38,17 @@ struct Extent {
 };
 
 void Set_Extent(Range& range, Extent extent) {
-  const std::uint32_t sequence = range.sequence.load(std::memory_order_relaxed);
-  range.sequence.store(sequence + 1, std::memory_order_relaxed);
-  std::atomic_thread_fence(std::memory_order_release);
-  range.start.store(extent.start, std::memory_order_relaxed);
-  range.end.store(extent.end, std::memory_order_relaxed);
-  range.sequence.store(sequence + 2, std::memory_order_release);
+  ++range.sequence;
+  range.start = extent.start;
+  range.end = extent.end;
+  ++range.sequence;
 }
 
 /// Nothing in it when the range is changing.
 Extent Extent_Of(const Range& range) {
-  const std::uint32_t sequence = range.sequence.load(std::memory_order_acquire);
-  const Extent extent{range.start.load(std::memory_order_relaxed),
-                      range.end.load(std::memory_order_relaxed)};
-  std::atomic_thread_fence(std::memory_order_acquire);
-  const bool changing =
-      sequence % 2 != 0 || range.sequence.load(std::memory_order_relaxed) != sequence;
+  const std::uint32_t sequence = range.sequence;
+  const Extent extent{range.start, range.end};
+  const bool changing = sequence % 2 != 0 || range.sequence != sequence;
   return changing ? Extent{} : extent;
 }
 

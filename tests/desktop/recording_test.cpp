@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
+
 #include "desktop_fixture.h"
+#include "support/file_size_limit.h"
 
 namespace sylvomex {
 namespace {
@@ -26,6 +29,15 @@ TEST_F(Recording, WritesClicksKeysAndBoxesAsSteps) {
   EXPECT_TRUE(Has_Line("click Picture1(0) 100 50"));
   EXPECT_TRUE(Has_Line("key U"));
   EXPECT_TRUE(Has_Line("set Check3 1"));
+}
+
+TEST_F(Recording, ThatIsLostOnAFullDiskIsToldOnce) {
+  const FileSizeLimit limit(std::filesystem::file_size(site_.Folder().Path() / "session.txt"));
+  for (const char* item : {"Zoom_1_1", "Zoom_1_2"}) Choose(item);
+  ASSERT_EQ(dialogs_.messages.size(), 1U);
+  std::string message = dialogs_.messages[0];
+  std::replace(message.begin(), message.end(), '\n', ' ');
+  EXPECT_NE(message.find("the record is not complete"), std::string::npos) << message;
 }
 
 TEST_F(Recording, ToAFileThatCannotBeWrittenFailsTheStart) {

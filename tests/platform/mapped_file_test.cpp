@@ -178,10 +178,10 @@ TEST_F(ShrinkingFile, AFaultInOtherMemoryGoesToTheFormerHandler) {
     std::filesystem::resize_file(other.native, 0);
     return bytes[0];
   };
-#ifndef __SANITIZE_ADDRESS__
-  EXPECT_EXIT(fault(), testing::KilledBySignal(SIGBUS), "");
-#else
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
   EXPECT_DEATH(fault(), "BUS");
+#else
+  EXPECT_EXIT(fault(), testing::KilledBySignal(SIGBUS), "");
 #endif
 }
 
