@@ -273,8 +273,8 @@ ImageImportResult Import_Images(const ImageImportSettings& settings) {
   result.convention = Convention_Name(convention, table.photos.front().rotation);
   result.shift = *site.shift;
   std::vector<Job> jobs = Jobs_Of(sources, settings, site, result);
-  std::future<ImportEntry> entry = std::async(
-      std::launch::async, [&settings, result] { return Entry_Of(settings, result); });
+  std::future<ImportEntry> entry =
+      std::async(std::launch::async, [&settings, result] { return Entry_Of(settings, result); });
   const DriveMap drives = site.Drives();
   for (Job& job : jobs) {
     job.raw_target = drives.Locate(job.image.raw).native;

@@ -91,7 +91,7 @@ std::string Tile_Prefix(ImportTransaction& transaction, Campaign campaign) {
   const FilePath header =
       transaction.TheSite().Drives().Locate("c:\\data\\" + folder + "_path.hdr");
   if (File_Exists(header)) return Read_Path_Header(header);
-  const std::string prefix = "c:\\data\\" + folder + "\\";
+  std::string prefix = "c:\\data\\" + folder + "\\";
   transaction.Write(header.native, prefix + "\n");
   return prefix;
 }

@@ -11,6 +11,7 @@
 #include "interchange/failures.h"
 #include "interchange/las_system.h"
 #include "interchange/laz_decoder.h"
+#include "interchange/same_coordinates.h"
 
 namespace sylvomex {
 namespace {
@@ -61,7 +62,7 @@ MapExtent Place_Source(EchoSource& source, const SourceSurvey& survey, const Las
   source.frame.scale[2] *= system.height_metres;
   source.frame.offset[2] *= system.height_metres;
   if (system.wkt.empty() ||
-      Same_Horizontal(Coordinate_System(system.wkt), Coordinate_System(site))) {
+      Same_Coordinates(Coordinate_System(system.wkt), Coordinate_System(site), extent)) {
     return extent;
   }
   source.system = system.wkt;

@@ -14,6 +14,7 @@
 
 #include "interchange/coordinate_system.h"
 #include "interchange/failures.h"
+#include "interchange/same_coordinates.h"
 #include "platform/number_text.h"
 
 namespace sylvomex {
@@ -130,7 +131,7 @@ void RasterSource::Find_Place(const OGRSpatialReference& system, const std::stri
   site_system_ = Wkt_Without_Heights(target);
   extent_ = Own_Extent(place, columns, rows);
   cell_ = std::min(place.Width(), place.Height());
-  if (Same_Horizontal(system, target)) {
+  if (Same_Coordinates(system, target, extent_)) {
     if (place.North_Up_And_Square()) {
       grid_ = CellGrid{place.a[0], place.a[3], place.a[1], source_->GetRasterXSize(),
                        source_->GetRasterYSize()};

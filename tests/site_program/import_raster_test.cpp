@@ -61,6 +61,20 @@ TEST_F(RasterSite, ACompoundSystemOfTheSameMapIsCopied) {
   EXPECT_EQ(Heights({{384001, 6675999, 0}}), std::vector<double>{100});
 }
 
+// The same projection without names and codes, as older files define it.
+TEST_F(RasterSite, ASystemWithTheSameCoordinatesIsCopied) {
+  TestRaster raster;
+  raster.crs =
+      "PROJCS[\"unnamed\",GEOGCS[\"unknown\",DATUM[\"unknown\",SPHEROID[\"GRS 80\",6378137,"
+      "298.257222101]],PRIMEM[\"Greenwich\",0],UNIT[\"degree\",0.0174532925199433]],PROJECTION["
+      "\"Transverse_Mercator\"],PARAMETER[\"latitude_of_origin\",0],PARAMETER["
+      "\"central_meridian\",27],PARAMETER[\"scale_factor\",0.9996],PARAMETER[\"false_easting\","
+      "500000],PARAMETER[\"false_northing\",0],UNIT[\"metre\",1]]";
+  const SitePlayed played = Import("dem", {raster.Write(Path("a.tif"))});
+  ASSERT_EQ(played.status, 0) << played.err;
+  EXPECT_EQ(nlohmann::json::parse(played.out)["notes"].size(), 0U) << played.err;
+}
+
 TEST_F(RasterSite, FeetBecomeMetres) {
   TestRaster raster;
   raster.unit = "ft";
