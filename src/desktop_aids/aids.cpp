@@ -10,6 +10,7 @@ Aids::Aids(Desktop& desktop)
       hands_(panes_),
       magnifier_(new Magnifier(panes_)),
       strip_(new Strip(panes_)),
+      measured_(new MeasuredDock(panes_)),
       palette_(desktop),
       menu_(desktop),
       keys_(panes_,
@@ -19,6 +20,8 @@ Aids::Aids(Desktop& desktop)
   for (int pane = 0; pane < kAidedPanes; ++pane) {
     overlays_.at(static_cast<std::size_t>(pane)) = new PaneOverlay(panes_, pane, choices_);
   }
+  desktop.Shown().Main().addDockWidget(Qt::RightDockWidgetArea, measured_);
+  measured_->hide();
   Give_Mnemonics(*desktop.Shown().Main().menuBar());
   Fill_Menu();
   desktop.Shown().When_Mirrored([this] { Refresh(); });
@@ -29,6 +32,7 @@ Aids::~Aids() {
   panes_.Owner().Shown().When_Mirrored({});
   delete strip_;
   delete magnifier_;
+  delete measured_;
   for (PaneOverlay* overlay : overlays_) delete overlay;
 }
 
@@ -45,6 +49,7 @@ void Aids::Fill_Menu() {
   Add_Choice("AidLargeMarks", QStringLiteral("&Larger small marks"), &OverlayChoices::large_marks);
   Add_Choice("AidSafeColours", QStringLiteral("&Colours for colour-blind eyes"),
              &OverlayChoices::safe_colours);
+  menu_.Add_Existing("MeasuredDock", *measured_->toggleViewAction());
   menu_.Add_Item("AidPalette", QStringLiteral("All &commands by name\tCtrl+Shift+P"),
                  [this] { palette_.Open(); });
 }
@@ -53,6 +58,7 @@ void Aids::Refresh() {
   for (PaneOverlay* overlay : overlays_) overlay->Refresh();
   magnifier_->Refresh();
   strip_->Refresh();
+  measured_->Refresh();
 }
 
 }  // namespace sylvomex

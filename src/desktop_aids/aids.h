@@ -10,6 +10,7 @@
 #include "desktop_aids/aids_menu.h"
 #include "desktop_aids/command_palette.h"
 #include "desktop_aids/magnifier.h"
+#include "desktop_aids/measured_dock.h"
 #include "desktop_aids/pane_hands.h"
 #include "desktop_aids/pane_overlay.h"
 #include "desktop_aids/strip.h"
@@ -29,6 +30,7 @@ class Aids {
   [[nodiscard]] PaneOverlay& Overlay(int pane) {
     return *overlays_.at(static_cast<std::size_t>(pane));
   }
+  [[nodiscard]] MeasuredDock& Measured() { return *measured_; }
   [[nodiscard]] CommandPalette& Palette() { return palette_; }
 
  private:
@@ -42,6 +44,7 @@ class Aids {
   std::array<PaneOverlay*, kAidedPanes> overlays_{};  // owned by their panes
   Magnifier* magnifier_;                              // owned by the window
   Strip* strip_;                                      // owned by the window
+  MeasuredDock* measured_;                            // owned by the window
   CommandPalette palette_;
   AidsMenu menu_;
   AidKeys keys_;

@@ -24,7 +24,7 @@ AidsMenu::AidsMenu(Desktop& desktop) {
   QMenuBar& bar = *desktop.Shown().Main().menuBar();
   auto* button = new CornerButton(&bar);
   button->setObjectName(QStringLiteral("AidsButton"));
-  button->setText(QStringLiteral("Aids"));
+  button->setText(QStringLiteral("Aids  "));
   button->setAccessibleName(QStringLiteral("Aids"));
   button->setToolTip(QStringLiteral("Frames, tree tops, measured points and more"));
   button->setPopupMode(QToolButton::InstantPopup);
@@ -44,6 +44,11 @@ QAction& AidsMenu::Add_Switch(const char* name, const QString& text, bool on,
   action.setChecked(on);
   QObject::connect(&action, &QAction::toggled, menu_, std::move(turn));
   return action;
+}
+
+void AidsMenu::Add_Existing(const char* name, QAction& action) {
+  action.setObjectName(QString::fromLatin1(name));
+  menu_->addAction(&action);
 }
 
 QAction& AidsMenu::Add_Item(const char* name, const QString& text, std::function<void()> run) {

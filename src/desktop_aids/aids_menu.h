@@ -18,6 +18,9 @@ class AidsMenu {
   QAction& Add_Switch(const char* name, const QString& text, bool on,
                       std::function<void(bool)> turn);
 
+  /// An item that something else has made.
+  void Add_Existing(const char* name, QAction& action);
+
   QAction& Add_Item(const char* name, const QString& text, std::function<void()> run);
 
  private:

@@ -2,7 +2,7 @@
 #include "desktop_aids/pane_overlay.h"
 
 #include <QPainter>
-#include <QPainterPath>
+#include <QPixmapCache>
 #include <vector>
 
 #include "desktop/qt_text.h"
@@ -51,15 +51,50 @@ QRect Paint_Line(QPainter& painter, const QPoint& bottom_left, int right, const 
   return ground;
 }
 
-/// Text with a dark edge, readable on any ground.
-void Paint_Haloed_Text(QPainter& painter, const QPointF& at, const QString& text,
-                       const QColor& colour) {
-  painter.setPen(QColor(0, 0, 0, 200));
-  for (const QPointF& away : {QPointF(-1, 0), QPointF(1, 0), QPointF(0, -1), QPointF(0, 1)}) {
-    painter.drawText(at + away, text);
-  }
-  painter.setPen(colour);
-  painter.drawText(at, text);
+/// A picture that is painted once and kept under its name, since tops are many and panes are
+/// dragged often.
+template <class Paint>
+QPixmap Kept_Picture(const QString& name, const QSize& size, double pixel_ratio, Paint&& paint) {
+  const QString key = QStringLiteral("sylvomex %1 %2").arg(name).arg(pixel_ratio);
+  QPixmap picture;
+  if (QPixmapCache::find(key, &picture)) return picture;
+  picture = QPixmap(size * pixel_ratio);
+  picture.setDevicePixelRatio(pixel_ratio);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  paint(painter);
+  painter.end();
+  QPixmapCache::insert(key, picture);
+  return picture;
+}
+
+/// A ring with a dark edge.
+QPixmap Ring_Picture(const QColor& colour, double pixel_ratio) {
+  constexpr int kSide = 2 * kTopRadius + 4;
+  return Kept_Picture(colour.name(), {kSide, kSide}, pixel_ratio, [&](QPainter& painter) {
+    const QPointF middle(kSide / 2.0, kSide / 2.0);
+    painter.setPen(QPen(QColor(0, 0, 0, 180), 3));
+    painter.drawEllipse(middle, kTopRadius, kTopRadius);
+    painter.setPen(QPen(colour, 1.5));
+    painter.drawEllipse(middle, kTopRadius, kTopRadius);
+  });
+}
+
+/// White text with a dark edge, readable on any ground.
+QPixmap Label_Picture(const QString& text, const QFont& font, double pixel_ratio) {
+  const QFontMetrics metrics(font);
+  const QSize size(metrics.horizontalAdvance(text) + 2, metrics.height() + 2);
+  return Kept_Picture(text, size, pixel_ratio, [&](QPainter& painter) {
+    painter.setFont(font);
+    const QPointF at(1, 1 + metrics.ascent());
+    painter.setPen(QColor(0, 0, 0, 200));
+    for (const QPointF& away : {QPointF(-1, 0), QPointF(1, 0), QPointF(0, -1), QPointF(0, 1)}) {
+      painter.drawText(at + away, text);
+    }
+    painter.setPen(Qt::white);
+    painter.drawText(at, text);
+  });
 }
 
 bool Meets_One(const QRectF& label, const std::vector<QRectF>& taken) {
@@ -138,22 +173,28 @@ void PaneOverlay::Paint_Observation(QPainter& painter) const {
   }
 }
 
+/// Right of a top, left of it where the pane ends.
+QRectF PaneOverlay::Label_Beside(const QPointF& at, const QFontMetrics& metrics,
+                                 const QString& text) const {
+  const int label_width = metrics.horizontalAdvance(text);
+  const double right = at.x() + kTopRadius + 2;
+  const double left = right + label_width < width() ? right : at.x() - kTopRadius - 2 - label_width;
+  return {left, at.y() - metrics.ascent(), double(label_width), double(metrics.height())};
+}
+
 void PaneOverlay::Paint_Tops(QPainter& painter) const {
-  const QColor colour = Top_Colour(choices_);
+  const double ratio = devicePixelRatioF();
+  const QPixmap ring = Ring_Picture(Top_Colour(choices_), ratio);
+  const QPointF to_corner(ring.width() / ratio / 2, ring.height() / ratio / 2);
   std::vector<QRectF> taken;
   for (const ShownTop& top : Shown_Tops(panes_.Block(), pane_)) {
     const QPointF at(top.at.px + kPictureBorder, top.at.py + kPictureBorder);
-    painter.setPen(QPen(QColor(0, 0, 0, 180), 3));
-    painter.drawEllipse(at, kTopRadius, kTopRadius);
-    painter.setPen(QPen(colour, 1.5));
-    painter.drawEllipse(at, kTopRadius, kTopRadius);
+    painter.drawPixmap(at - to_corner, ring);
     const QString text = QStringLiteral("%1  %2").arg(top.number).arg(top.score, 0, 'f', 2);
-    const QRectF label(at.x() + kTopRadius + 2, at.y() - painter.fontMetrics().ascent(),
-                       painter.fontMetrics().horizontalAdvance(text),
-                       painter.fontMetrics().height());
+    const QRectF label = Label_Beside(at, painter.fontMetrics(), text);
     if (Meets_One(label, taken)) continue;  // the lighter of two tops goes without a label
     taken.push_back(label);
-    Paint_Haloed_Text(painter, {label.left(), at.y()}, text, Qt::white);
+    painter.drawPixmap(label.topLeft(), Label_Picture(text, painter.font(), ratio));
   }
 }
 

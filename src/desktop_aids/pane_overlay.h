@@ -47,6 +47,8 @@ class PaneOverlay : public QWidget {
   [[nodiscard]] Shown Now() const;
   void Paint_Frame(QPainter& painter) const;
   void Paint_Observation(QPainter& painter) const;
+  [[nodiscard]] QRectF Label_Beside(const QPointF& at, const QFontMetrics& metrics,
+                                    const QString& text) const;
   void Paint_Tops(QPainter& painter) const;
   void Paint_Large_Marks(QPainter& painter) const;
 
