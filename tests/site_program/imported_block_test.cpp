@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 // What the program imports, the workstation opens.
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -152,6 +155,50 @@ TEST_F(ImportedBlock, ACheckThatFitsNothingChangesNothing) {
   EXPECT_NE(check.err.find("wrong.csv"), std::string::npos);
   EXPECT_TRUE(nlohmann::json::parse(check.out)["chosen"].is_null());
   EXPECT_EQ(site_.Read("site.toml"), before);
+}
+
+TEST_F(ImportedBlock, AKilledImportIsMadeWholeByTheNext) {
+  files_.clear();
+  for (TablePhoto& photo : photos_) {
+    photo.width = 1500;
+    photo.height = 1000;
+    files_.push_back(Write_Tiff(source_, photo.name + ".tif", 1500, 1000, 3, GDT_Byte,
+                                Mixed_Values(1500, 1000, 3)));
+  }
+  const std::string table = source_.Write("t.csv", Plain_Table(photos_)).native.string();
+  std::vector<std::string> words = Import_Words(table);
+  words.insert(words.begin(), SYLVOMEX_SITE_PROGRAM);
+  std::vector<char*> arguments;
+  for (std::string& word : words) arguments.push_back(word.data());
+  arguments.push_back(nullptr);
+  for (useconds_t milliseconds = 20; milliseconds < 180; milliseconds += 20) {
+    const pid_t child = fork();
+    if (child == 0) {
+      execv(SYLVOMEX_SITE_PROGRAM, arguments.data());
+      _exit(127);
+    }
+    usleep(milliseconds * 1000);
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+    // What stands under a final name is whole, whenever the kill came.
+    for (const TablePhoto& photo : photos_) {
+      const auto raw = site_.Path() / "c/data/images" / (photo.name + ".raw");
+      if (std::filesystem::exists(raw)) {
+        EXPECT_EQ(std::filesystem::file_size(raw), 4500000U);
+      }
+    }
+  }
+  ASSERT_EQ(Play(Import_Words(table)).status, 0);
+  EXPECT_FALSE(site_.Has(".sylvomex-import"));
+  std::string expected;
+  for (const std::int32_t value : Mixed_Values(1500, 1000, 3)) {
+    expected += static_cast<char>(value);
+  }
+  for (const TablePhoto& photo : photos_) {
+    EXPECT_TRUE(site_.Read("c/data/images/" + photo.name + ".raw") == expected);
+  }
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(site_.Path() / "c/data/images"), {}),
+            8);
 }
 
 TEST_F(ImportedBlock, AStretchThatIsNoneIsAWrongCommandLine) {
