@@ -43,9 +43,11 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-liberation")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "nodejs, gdal-bin, qgis")
-set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "photogrammetric workstation for forest research
- Measures trees in oriented aerial photographs, together with airborne lidar and
- height models: space intersection, tree-top matching, crown models, orthoimages
- and anaglyph stereo. The program sylvomex-site brings photographs, orientation
- tables, terrain and lidar of any place into a site and exports what was measured.")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "photogrammetric workstation for forest research")
+set(CPACK_PACKAGE_DESCRIPTION
+"Measures trees in oriented aerial photographs, with airborne lidar and
+height models: space intersection, tree-top matching, crown models,
+orthoimages and anaglyph stereo. The program sylvomex-site brings
+photographs, orientation tables, terrain and lidar of any place into a
+site and exports what was measured.")
 include(CPack)

@@ -106,7 +106,7 @@ std::vector<TextRow> Split_Rows(std::string_view text, const std::string& name) 
   return rows;
 }
 
-CsvTable::CsvTable(std::string_view text, std::string name)
+CsvTable::CsvTable(std::string_view text, const std::string& name)
     : CsvTable(Split_Rows(text, name), name) {}
 
 CsvTable::CsvTable(std::vector<TextRow> rows, std::string name)

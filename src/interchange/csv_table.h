@@ -25,7 +25,7 @@ class CsvTable {
  public:
   /// Refused for a text without a row or with a name that stands twice among `columns` asked for
   /// later.
-  CsvTable(std::string_view text, std::string name);
+  CsvTable(std::string_view text, const std::string& name);
   CsvTable(std::vector<TextRow> rows, std::string name);
 
   [[nodiscard]] const std::string& Name() const { return name_; }

@@ -78,7 +78,7 @@ PhotoFile::PhotoFile(const std::filesystem::path& file) : name_(file.string()) {
 PhotoFile::~PhotoFile() = default;
 
 std::string PhotoFile::Utc() const {
-  const std::string satellites = Satellite_Time(*dataset_);
+  std::string satellites = Satellite_Time(*dataset_);
   if (Julian_Day(satellites)) return satellites;
   const std::string zone = Metadata(*dataset_, "EXIF_OffsetTimeOriginal");
   std::string local = Iso_Date(Metadata(*dataset_, "EXIF_DateTimeOriginal"));

@@ -80,9 +80,12 @@ void Init_Site(const std::filesystem::path& folder, const std::string& crs) try 
   Require_Map_Metres(Coordinate_System(crs), crs);
   const std::filesystem::path file = folder / "site.toml";
   if (std::filesystem::exists(file)) throw Refused(file.string() + ": there is a site already");
-  std::error_code error;
-  std::filesystem::create_directories(folder, error);
-  if (error) throw Refused(folder.string() + ": " + error.message());
+  // The folders that the workstation needs to start.
+  for (const char* const inside : {"c/data", "c/temp"}) {
+    std::error_code error;
+    std::filesystem::create_directories(folder / inside, error);
+    if (error) throw Refused(folder.string() + ": " + error.message());
+  }
   Site site;
   site.crs = crs;
   const std::string text = Site_Text(site);

@@ -26,6 +26,7 @@ TEST(InitSite, KeepsTheCoordinateSystem) {
   const Site site = Open_Site(folder.Path() / "new");
   EXPECT_EQ(site.crs, "EPSG:3067");
   EXPECT_FALSE(site.shift.has_value());
+  EXPECT_TRUE(folder.Has("new/c/data"));  // without it the workstation does not start
 }
 
 TEST(InitSite, RefusesAFolderThatIsASite) {
