@@ -58,7 +58,8 @@ class Site {
 
   void Link(const std::filesystem::path& file, const char* name) const {
     const auto link = root_ / "c" / "data" / name;
-    if (!std::filesystem::exists(link)) std::filesystem::create_symlink(file, link);
+    if (!std::filesystem::exists(link))
+      std::filesystem::create_symlink(std::filesystem::absolute(file), link);
   }
 
   [[nodiscard]] std::filesystem::path Data(const char* name) const {
