@@ -10,6 +10,7 @@
 #include "session/event_steps.h"
 #include "session/marks_text.h"
 #include "session/picture_png.h"
+#include "session/picture_vectors.h"
 #include "session/routine_calls.h"
 #include "session/step_arguments.h"
 #include "session/transcript_text.h"
@@ -253,7 +254,12 @@ void StepPlayer::Play_Expect(const ScriptStep& step) {
 void StepPlayer::Play_Save(const ScriptStep& step) {
   const Picture& picture = Picture_Of(step.words[1].text);
   try {
-    Save_Picture_Png(picture, File_Argument(w_.Drives, step.words[2].text));
+    const std::filesystem::path file = File_Argument(w_.Drives, step.words[2].text);
+    if (Is_Vector_File(file)) {
+      Save_Picture_Vectors(picture, Scale_Bar_Of(w_, picture), file);
+    } else {
+      Save_Picture_Png(picture, file);
+    }
   } catch (const std::exception& failure) {
     throw StepEnd{kStepFailed, failure.what()};
   }
