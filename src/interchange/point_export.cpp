@@ -68,6 +68,16 @@ void Add_Row(const PointRow& row, const PointTable& table, OGRLayer& layer,
   if (layer.CreateFeature(&feature) != OGRERR_NONE) Fail(name);
 }
 
+/// Some of GDAL's writers do not notice that the disk is full.
+void Require_All_Rows(const std::filesystem::path& written, std::size_t rows,
+                      const std::string& name) {
+  const GDALDatasetUniquePtr file(GDALDataset::Open(written.c_str(), GDAL_OF_VECTOR));
+  if (file == nullptr || file->GetLayerCount() == 0 ||
+      file->GetLayer(0)->GetFeatureCount() != static_cast<GIntBig>(rows)) {
+    throw FailedOnTheWay(name + ": it was not written to its end; is the disk full?");
+  }
+}
+
 }  // namespace
 
 void Export_Points(const PointTable& points, const std::string& crs, const std::string& layer,
@@ -92,6 +102,7 @@ void Export_Points(const PointTable& points, const std::string& crs, const std::
   CPLErrorReset();
   file.reset();
   if (CPLGetLastErrorType() == CE_Failure) Fail(output.string());
+  Require_All_Rows(exported.Partial(), points.rows.size(), output.string());
   exported.Commit();
 }
 

@@ -9,6 +9,7 @@
 #include "interchange/las_header.h"
 #include "interchange/las_points.h"
 #include "site_program/imported_site.h"
+#include "support/file_size_limit.h"
 #include "support/las_files.h"
 #include "support/test_rasters.h"
 
@@ -148,6 +149,23 @@ TEST_F(ExportSite, ADamagedLineIsRefusedWithItsPlace) {
   EXPECT_NE(played.err.find("a.nod, line 3, field 3: \"x\" is no number"), std::string::npos)
       << played.err;
   EXPECT_FALSE(folder.Has("a.csv"));
+}
+
+TEST_F(ExportSite, AFullDiskIsToldAndLeavesNothing) {
+  std::string lines;
+  for (int i = 0; i < 5000; ++i) lines += Line(384010 + 0.25 * i, 6675990, "123.5\n");
+  const std::string input = folder.Write("maa.nod", lines).native.string();
+  const std::string place = folder.Make_Folder("out").string();
+  for (const char* name : {"/o.gpkg", "/o.geojson", "/o.csv"}) {
+    SitePlayed played;
+    {
+      const FileSizeLimit limit(60000);
+      played = Export("surface", input, place + name);
+    }
+    EXPECT_EQ(played.status, 3) << name;
+    EXPECT_NE(played.err.find(name), std::string::npos) << played.err;
+    EXPECT_TRUE(std::filesystem::is_empty(place)) << name;
+  }
 }
 
 TEST_F(ExportSite, EndingsWithoutAFormatAreRefused) {
