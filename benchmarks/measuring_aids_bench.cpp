@@ -31,7 +31,7 @@ struct Block {
     image.PrincipalDistance = 0.1;
     image.AffineA1 = image.AffineB2 = 100000;
     image.AffineA0 = image.AffineB0 = 500;
-    image.Omega = 0.2;
+    image.Omega = 0.02;
     image.X0 = image.Y0 = kSide / 2.0;
     image.Z0 = 1000;
     w->ImageCount = 1;
@@ -43,7 +43,8 @@ struct Block {
 void Lay_Hills(TinModel& model) {
   for (int row = 0; row < kSide; ++row) {
     for (int col = 0; col < kSide; ++col) {
-      model.Nodes.push_back({double(col), double(row), 150 + 20 * std::sin(col / 9.0) + row / 8.0});
+      model.Nodes.push_back(
+          {0, double(col), double(row), 150 + 20 * std::sin(col / 9.0) + row / 8.0});
     }
   }
   model.NodeCount = kSide * kSide;
