@@ -80,8 +80,8 @@ void Init_Site(const std::filesystem::path& folder, const std::string& crs) try 
   Require_Map_Metres(Coordinate_System(crs), crs);
   const std::filesystem::path file = folder / "site.toml";
   if (std::filesystem::exists(file)) throw Refused(file.string() + ": there is a site already");
-  // The folders that the workstation needs to start.
-  for (const char* const inside : {"c/data", "c/temp"}) {
+  // The folders that the workstation starts with and saves observations in.
+  for (const char* const inside : {"c/data/Lehtomaa/Pistedata", "c/temp"}) {
     std::error_code error;
     std::filesystem::create_directories(folder / inside, error);
     if (error) throw Refused(folder.string() + ": " + error.message());
