@@ -6,6 +6,7 @@
 #include <QStyle>
 #include <cstdio>
 #include <iostream>
+#include <random>
 #include <sstream>
 #include <utility>
 
@@ -47,18 +48,69 @@ void Desktop::Start() {
   const QSize client = options_.client_size.value_or(Largest_Client_Size(windows_.Main()));
   w_->Form1.ClientWidth = client.width();
   w_->Form1.ClientHeight = client.height();
+  Open_Journal();
   if (!options_.record.empty()) Start_Recording();
   Start_Workspace(*w_);
   if (!options_.client_size) windows_.Main().setWindowState(Qt::WindowMaximized);
-  if (!options_.plain) history_.Turn(true);
-  if (recorder_ && !options_.plain) recorder_->Turn_History(true);
+  Resume();
+  if (!options_.plain && history_.Get() == nullptr) Turn_History_On(Path(), true);
   windows_.Mirror();
+}
+
+/// The way of every event.
+EventPath Desktop::Path() {
+  return {recorder_ ? &*recorder_ : nullptr, journal_ ? &*journal_ : nullptr, &history_};
+}
+
+/// Goes on in the unfinished journal, at the size that the main window had, or begins a new one.
+/// Without a place for it the desktop goes on without.
+void Desktop::Open_Journal() {
+  try {
+    if (options_.unfinished) {
+      w_->Form1.ClientWidth = options_.unfinished->facts.head->width;
+      w_->Form1.ClientHeight = options_.unfinished->facts.head->height;
+      journal_.emplace(std::move(*options_.unfinished), screen_);
+    } else if (!options_.journal.native.empty()) {
+      const std::string root = std::filesystem::absolute(options_.drives.Root()).string();
+      const JournalHead head{root, w_->Form1.ClientWidth, w_->Form1.ClientHeight,
+                             std::random_device{}()};
+      journal_.emplace(options_.journal, head, screen_);
+    }
+  } catch (const RunTimeError& failure) {
+    std::cerr << "sylvomex: no journal is written: " << failure.what() << '\n';
+  }
+  if (journal_) w_->screen = &journal_->Front();
+}
+
+void Desktop::Resume() {
+  if (!journal_ || !options_.unfinished) return;
+  PlayerServices services;
+  services.report = [](int line, const std::string& reason) {
+    std::cerr << "line " << line << " of the journal: " << reason << '\n';
+  };
+  Serve_Events(services, Path());
+  std::string told;
+  for (const std::string& sentence : journal_->Repeat(*w_, std::move(services), [] {})) {
+    told += sentence + "\n";
+  }
+  std::cerr << told;
+  windows_.Mirror();
+  told.pop_back();
+  screen_.Message_Box(told);
+}
+
+/// Tells once when the journal cannot be written any more.
+void Desktop::Watch_Journal() {
+  if (!journal_ || journal_->Failure().empty() || journal_failed_) return;
+  journal_failed_ = true;
+  screen_.Report_Error("Journal",
+                       "what is done from here cannot be recovered: " + journal_->Failure(), {});
 }
 
 void Desktop::Start_Recording() {
   record_.emplace(FilePath{options_.record.string(), options_.record});
-  recorder_.emplace(record_->Script(), w_->Form1.ClientWidth, w_->Form1.ClientHeight);
-  recorder_screen_.emplace(screen_, *recorder_);
+  recorder_.emplace(record_->Script(), w_->Drives, w_->Form1.ClientWidth, w_->Form1.ClientHeight);
+  recorder_screen_.emplace(*w_->screen, *recorder_);
   w_->screen = &*recorder_screen_;
 }
 
@@ -71,8 +123,7 @@ void Desktop::Watch_Recording() {
 void Desktop::Begin_With(const std::filesystem::path& script) {
   std::ostringstream transcript;  // discarded: the windows show the same
   std::ostringstream reasons;
-  const bool done = Play_Over_Block(*w_, script, transcript, reasons, history_,
-                                    recorder_ ? &*recorder_ : nullptr);
+  const bool done = Play_Over_Block(*w_, script, transcript, reasons, Path());
   std::string told = reasons.str();
   std::cerr << told;
   windows_.Mirror();
@@ -91,17 +142,14 @@ void Desktop::Run(const OperatorEvent& event) {
   if (depth_ == 0) screen_.Begin_Outer_Event();
   ++depth_;
   try {
-    if (recorder_) {
-      Handle_Recorded_Event(*recorder_, *w_, event, history_.Get());
-    } else {
-      Handle_Event_In(history_.Get(), *w_, event);
-    }
+    Handle_Event_On(Path(), *w_, event);
   } catch (const UnknownName& gone) {
     // The target of a queued event may have been hidden meanwhile.
     std::fprintf(stderr, "sylvomex: event passed over: %s\n", gone.what());
   } catch (const std::exception& failure) {
     screen_.Report_Error(Handler_Name(event), failure.what(), {});
   }
+  if (depth_ == 1) Watch_Journal();
   if (--depth_ == 0) {
     screen_.End_Outer_Event();
     Watch_Recording();

@@ -13,6 +13,7 @@
 #include "desktop/cursor_file.h"
 #include "desktop/desktop_screen.h"
 #include "desktop/windows.h"
+#include "session/event_path.h"
 #include "session/record_file.h"
 #include "session/recorder_screen.h"
 
@@ -24,6 +25,9 @@ struct DesktopOptions {
   std::filesystem::path record;      // script file that records the session; empty for none
   std::function<void()> end;         // ends the program after the operator's confirmation
   bool plain = true;                 // without undo and the other aids
+  FilePath journal = {};             // of the session; empty for none
+  std::optional<UnfinishedJournal> unfinished =
+      std::nullopt;  // done again at the start; the journal goes on
 };
 
 class Desktop : public OperatorEvents {
@@ -54,6 +58,10 @@ class Desktop : public OperatorEvents {
  private:
   void Start_Recording();
   void Watch_Recording();
+  void Open_Journal();
+  void Resume();
+  void Watch_Journal();
+  EventPath Path();
   void Run(const OperatorEvent& event);
   void Send_Waiting_Move();
   void Send_Waiting_Resize();
@@ -67,6 +75,8 @@ class Desktop : public OperatorEvents {
   bool record_lost_ = false;  // and told
   std::optional<Recorder> recorder_;
   std::optional<RecorderScreen> recorder_screen_;
+  std::optional<KeptJournal> journal_;
+  bool journal_failed_ = false;  // and the operator knows
   HistorySwitch history_;
   std::map<std::string, CursorFile> custom_cursors_;  // by file name
   Windows windows_;

@@ -11,10 +11,12 @@
 #include <utility>
 
 #include "history/backwards.h"
+#include "platform/append_witness.h"
 #include "platform/file_descriptor.h"
 #include "platform/file_lock.h"
 #include "platform/files.h"
 #include "platform/run_time_error.h"
+#include "platform/wall_clock.h"
 #include "services/file_names.h"
 
 namespace sylvomex {
@@ -93,7 +95,7 @@ FilePath Taken_File(const FilePath& file) {
 }
 
 std::string Now_Text() {
-  const std::time_t now = std::time(nullptr);
+  const std::time_t now = Wall_Clock();
   std::tm local{};
   localtime_r(&now, &local);
   std::array<char, 32> text{};
@@ -113,6 +115,8 @@ void Put_Back(const LineChange& change) {
 // Of each file, the lines that lie last are required to do so. changes: those that lie last first.
 template <class Changes>
 void Require_Last_Lines(Changes&& changes, bool taken) {
+  const AppendWitness* const witness = Present_Append_Witness();
+  if (witness != nullptr && witness->Is_Repeating()) return;
   std::vector<std::string> seen;
   for (const LineChange& change : changes) {
     const std::string native = change.file.native.string();
@@ -127,12 +131,18 @@ void Require_Last_Lines(Changes&& changes, bool taken) {
 
 void Take_Lines(const FilePath& file, const std::string& lines) {
   const auto open_file = Open_Locked(file, O_RDWR);
+  AppendWitness* const witness = Present_Append_Witness();
+  if (witness != nullptr && witness->Already_Taken(file, lines)) {
+    return Leave_Trace(file, "taken back", lines);
+  }
   const std::uint64_t start = Require_Last(*open_file, file, lines);
+  if (witness != nullptr) witness->Will_Take(file, start, lines);
   Leave_Trace(file, "taken back", lines);
   if (ftruncate(open_file->Number(), static_cast<off_t>(start)) != 0 ||
       fdatasync(open_file->Number()) != 0) {
     Throw_File_Error(file, errno);
   }
+  if (witness != nullptr) witness->Has_Taken(file);
 }
 
 void Require_Undoable(const FileChanges& changes) {

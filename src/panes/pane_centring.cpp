@@ -7,6 +7,7 @@
 #include "imageblock/bitmap_file.h"
 #include "panes/pane_drawing.h"
 #include "panes/pane_rendering.h"
+#include "platform/guest_files.h"
 #include "platform/number_text.h"
 #include "platform/rounding.h"
 #include "state/camera_access.h"
@@ -92,7 +93,8 @@ void Center_One_On_Raw_Position(Workspace& w, int image, RawCentre centre) {
   const ViewWindow window = Fit_At_Present_Zoom(w, image, centre);
   Render_Scratch_Bitmap(w, image, window);
   if (w.ImageBlock(image).ColorFlag == 1 && Has_Pixels(w.ImageBlock(image))) {
-    Rewrite_Bitmap_Header(w.Drives.Locate(w.ScratchBmpName.Trimmed()), w.PaneWidth, w.PaneHeight);
+    Rewrite_Bitmap_Header(Scratch_File(w.Drives, w.ScratchBmpName.Trimmed()), w.PaneWidth,
+                          w.PaneHeight);
   }
   Load_Scratch_Bitmap(w, image);
   w.Form1.Picture1(image).DrawWidth = 1;

@@ -7,6 +7,7 @@
 
 #include "imageblock/bitmap_file.h"
 #include "imageblock/pane_renderer.h"
+#include "platform/guest_files.h"
 #include "platform/number_text.h"
 #include "platform/rounding.h"
 #include "state/cause.h"
@@ -42,7 +43,7 @@ std::string Reach_Of_View(const Workspace& w, int image, const ViewWindow& windo
 
 FilePath Scratch_Bitmap(Workspace& w, int image) {
   w.ScratchBmpName = "c:\\data\\pic" + Plain_Text(std::int32_t{image}) + ".bmp";
-  return w.Drives.Locate(w.ScratchBmpName.Trimmed());
+  return Scratch_File(w.Drives, w.ScratchBmpName.Trimmed());
 }
 
 int View_Extent(int pane_size, double zoom) { return To_Int16(pane_size / zoom); }

@@ -20,7 +20,7 @@ namespace sylvomex {
 
 namespace {
 
-AppendWitness*& Present_Witness() {
+AppendWitness*& Witness() {
   static AppendWitness* witness = nullptr;
   return witness;
 }
@@ -110,8 +110,10 @@ void Append_Lines(const FileDescriptor& open_file, const FilePath& file, const T
 }  // namespace
 
 AppendWitness* Set_Append_Witness(AppendWitness* witness) {
-  return std::exchange(Present_Witness(), witness);
+  return std::exchange(Witness(), witness);
 }
+
+AppendWitness* Present_Append_Witness() { return Witness(); }
 
 void Append_To_File(const FilePath& file, std::string_view text) {
   Require_Sound_Reads();
@@ -120,7 +122,7 @@ void Append_To_File(const FilePath& file, std::string_view text) {
     return;
   }
   const auto open_file = Open_For_Append(file);
-  AppendWitness* const witness = Present_Witness();
+  AppendWitness* const witness = Present_Append_Witness();
   if (witness != nullptr && witness->Already_Written(file, text)) return Tell_Append(file, text);
   const Tail tail = Tail_Of(*open_file, file);
   const std::uint64_t offset = tail.size + (tail.is_torn ? 1 : 0);

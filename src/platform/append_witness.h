@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Sees every append to a file of the operator: a journal tells by it, after a crash, which lines
-// are in their files already.
+// Sees every append to a file of the operator, and every line that is taken from its end again: a
+// journal tells by it, after a crash, which lines are in their files already.
 #pragma once
 
 #include <cstdint>
@@ -30,9 +30,21 @@ class AppendWitness {
   /// The append failed and its caller is told so; what was written in part has been taken back
   /// where that was possible.
   virtual void Not_Appended(const FilePath& file, std::uint64_t offset, std::string_view text) = 0;
+
+  /// True while a session is done again: its files may hold what it writes later.
+  [[nodiscard]] virtual bool Is_Repeating() const { return false; }
+
+  /// Lines are about to be taken from a locked file's end, in the order of the append's calls. True
+  /// when that has been done already.
+  virtual bool Already_Taken(const FilePath&, std::string_view) { return false; }
+  virtual void Will_Take(const FilePath&, std::uint64_t, std::string_view) {}
+  virtual void Has_Taken(const FilePath&) {}
 };
 
 /// Makes a witness that of the whole program, nullptr for none, and returns the former one.
 AppendWitness* Set_Append_Witness(AppendWitness* witness);
+
+/// The program's witness; nullptr for none.
+AppendWitness* Present_Append_Witness();
 
 }  // namespace sylvomex

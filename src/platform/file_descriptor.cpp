@@ -8,6 +8,8 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/file_watch.h"
+#include "platform/guest_files.h"
 #include "platform/run_time_error.h"
 #include "platform/write_witness.h"
 
@@ -49,6 +51,12 @@ int Open_Path(const std::string& path, int flags) {
   return number;
 }
 
+void Tell_Watch(const FilePath& file, int flags, int number, const struct stat& status) {
+  FileWatch* const watch = Present_File_Watch();
+  const bool is_reading = (flags & O_ACCMODE) == O_RDONLY && S_ISREG(status.st_mode);
+  if (watch != nullptr && is_reading) watch->Reads(file, number, status);
+}
+
 int Open(const FilePath& file, int flags) {
   const std::string& path = file.native.native();
   if (path.find('\0') != std::string::npos) {
@@ -86,7 +94,10 @@ void Throw_File_Failure(const FilePath& file, const std::string& cause) {
 }
 
 FileDescriptor::FileDescriptor(const FilePath& file, int flags) : file_(file) {
-  if ((flags & O_ACCMODE) != O_RDONLY) Tell_Change(file, (flags & O_APPEND) != 0);
+  if ((flags & O_ACCMODE) != O_RDONLY) {
+    Require_Writable(file);
+    Tell_Change(file, (flags & O_APPEND) != 0);
+  }
   number_ = Open(file, flags);
   if (number_ < 0) {
     const int error = errno;
@@ -101,6 +112,7 @@ FileDescriptor::FileDescriptor(const FilePath& file, int flags) : file_(file) {
     close(Release());
     Throw_File_Error(file, error);
   }
+  Tell_Watch(file, flags, number_, status_);
 }
 
 FileDescriptor::~FileDescriptor() {

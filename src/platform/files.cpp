@@ -9,6 +9,8 @@
 #include <stdexcept>
 
 #include "platform/file_descriptor.h"
+#include "platform/file_watch.h"
+#include "platform/guest_files.h"
 #include "platform/run_time_error.h"
 #include "platform/sound_reads.h"
 #include "platform/write_witness.h"
@@ -55,7 +57,9 @@ std::string Read_To_The_End(const FileDescriptor& open_file, const FilePath& fil
 std::string Read_Whole_File(const FilePath& file) {
   const FileDescriptor open_file(file, O_RDONLY);
   try {
-    return Read_To_The_End(open_file, file);
+    std::string content = Read_To_The_End(open_file, file);
+    content.resize(Visible_Bytes(file, content.size()));
+    return content;
   } catch (const std::bad_alloc&) {
     throw RunTimeError(Failure::OutOfMemory, file.name, file.native);
   } catch (const std::length_error&) {
@@ -92,6 +96,7 @@ void Overwrite_Start(const FilePath& file, std::span<const std::uint8_t> content
 }
 
 void Delete_File(const FilePath& file) {
+  Require_Writable(file);
   Tell_Change(file, false);
   if (!file.native.empty() && unlink(file.native.c_str()) == 0) return;
   const bool is_missing = !file.native.empty() && (errno == ENOENT || errno == ENOTDIR);

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/file_descriptor.h"
+#include "platform/guest_files.h"
 #include "platform/replacing_file.h"
 #include "platform/run_time_error.h"
 
@@ -21,6 +22,7 @@ namespace {
 constexpr std::uint64_t kCopied = std::uint64_t{1} << 22;  // bytes at a time
 
 int Open_Unnamed(const FilePath& folder) {
+  Require_Writable(folder);
   const int number = open(folder.native.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0666);
   if (number >= 0 || (errno != EOPNOTSUPP && errno != EISDIR)) return number;
   // A disk without unnamed files: one whose name goes at once.

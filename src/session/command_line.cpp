@@ -15,6 +15,7 @@ namespace sylvomex {
 const char* const kUsage =
     "sylvomex [--root DIR] [--size WxH] [--record FILE] [--begin FILE] [--plain]\n"
     "sylvomex --script FILE [--root DIR] [--size WxH] [--record FILE] [--show]\n"
+    "         [--journal FILE | --resume FILE]\n"
     "\n"
     "  --root DIR     DIR holds the drives: DIR/c, DIR/d, DIR/e, DIR/f\n"
     "                 (else $SYLVOMEX_ROOT, else ~/sylvomex)\n"
@@ -23,6 +24,9 @@ const char* const kUsage =
     "  --record FILE  writes what is done as a script\n"
     "  --begin FILE   plays a script on the desktop, then leaves it to the hand\n"
     "  --plain        the desktop without its aids: no undo, no strip below the panes\n"
+    "  --journal FILE writes the journal of a script's session, as the desktop does of its own\n"
+    "  --resume FILE  does again what stands in a journal that was not ended by Exit, then plays\n"
+    "                 the script, if any; the journal goes on\n"
     "  --show         shows the windows while the script plays\n"
     "  --help         this text\n";
 
@@ -82,6 +86,12 @@ bool Take_Option(CommandLine& line, int option, std::ostream& err) {
     case 'o':
       line.options.record = optarg;
       return true;
+    case 'j':
+      line.options.journal = optarg;
+      return true;
+    case 'm':
+      line.options.resume = optarg;
+      return true;
     case 'w':
       line.options.show = true;
       return true;
@@ -105,15 +115,17 @@ bool Take_Option(CommandLine& line, int option, std::ostream& err) {
 }  // namespace
 
 std::optional<CommandLine> Parse_Command_Line(int argc, char** argv, std::ostream& err) {
-  static constexpr std::array<option, 9> kOptions{{{"root", required_argument, nullptr, 'r'},
-                                                   {"script", required_argument, nullptr, 's'},
-                                                   {"size", required_argument, nullptr, 'z'},
-                                                   {"record", required_argument, nullptr, 'o'},
-                                                   {"begin", required_argument, nullptr, 'b'},
-                                                   {"show", no_argument, nullptr, 'w'},
-                                                   {"plain", no_argument, nullptr, 'p'},
-                                                   {"help", no_argument, nullptr, 'h'},
-                                                   {nullptr, 0, nullptr, 0}}};
+  static constexpr std::array<option, 11> kOptions{{{"root", required_argument, nullptr, 'r'},
+                                                    {"script", required_argument, nullptr, 's'},
+                                                    {"size", required_argument, nullptr, 'z'},
+                                                    {"record", required_argument, nullptr, 'o'},
+                                                    {"begin", required_argument, nullptr, 'b'},
+                                                    {"journal", required_argument, nullptr, 'j'},
+                                                    {"resume", required_argument, nullptr, 'm'},
+                                                    {"show", no_argument, nullptr, 'w'},
+                                                    {"plain", no_argument, nullptr, 'p'},
+                                                    {"help", no_argument, nullptr, 'h'},
+                                                    {nullptr, 0, nullptr, 0}}};
   CommandLine line;
   line.options.root = Default_Root();
   optind = 0;  // restarts the scan

@@ -214,6 +214,10 @@ std::string Key_Step_Arguments(const OperatorEvent& event) {
 
 }  // namespace
 
+bool Is_Event_Step(std::string_view name) {
+  return std::ranges::any_of(kEventSteps, [&](const EventStep& step) { return name == step.name; });
+}
+
 OperatorEvent Event_Of_Step(Words words) {
   const auto row = std::ranges::find_if(
       kEventSteps, [&](const EventStep& step) { return words.front().text == step.name; });

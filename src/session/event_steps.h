@@ -4,6 +4,7 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "session/script_reader.h"
 #include "workspace/operator_event.h"
@@ -14,6 +15,9 @@ namespace sylvomex {
 /// press, click, doubleclick, move, key, resize or close. Throws StepEnd for an invalid
 /// argument.
 OperatorEvent Event_Of_Step(std::span<const ScriptWord> words);
+
+/// Whether a step of that name is an event.
+bool Is_Event_Step(std::string_view name);
 
 /// The step that reproduces the event.
 std::string Step_Text(const OperatorEvent& event);

@@ -31,7 +31,8 @@ std::string Answer_Step(DialogKind kind, const std::string& answer) {
 
 }  // namespace
 
-Recorder::Recorder(std::ostream& script, double width, double height) : script_(script) {
+Recorder::Recorder(std::ostream& script, DriveMap drives, double width, double height)
+    : script_(script), drives_(std::move(drives)) {
   OperatorEvent size;
   size.kind = Kind::Resize;
   size.x = width;
@@ -39,10 +40,17 @@ Recorder::Recorder(std::ostream& script, double width, double height) : script_(
   script_ << Step_Text(size) << std::endl;
 }
 
+/// The drive name of a native path on a drive; any other text as it stands.
+std::string Recorder::Playable_Text(std::string text) const {
+  return text.starts_with('/') ? drives_.Drive_Name(text) : std::move(text);
+}
+
 void Recorder::Begin_Event(const OperatorEvent& event) {
   if (running_.empty()) servicings_ = 0;
   running_.push_back(events_.size());
   events_.push_back({event, servicings_, false});
+  std::string& text = events_.back().event.text;
+  text = Playable_Text(std::move(text));
 }
 
 void Recorder::End_Event(EventOutcome outcome) {
@@ -53,7 +61,7 @@ void Recorder::End_Event(EventOutcome outcome) {
 }
 
 void Recorder::Dialog_Answered(DialogKind kind, const std::optional<std::string>& answer) {
-  answers_.push_back(answer ? Answer_Step(kind, *answer) : "cancel");
+  answers_.push_back(answer ? Answer_Step(kind, Playable_Text(*answer)) : "cancel");
 }
 
 void Recorder::Events_Serviced() { ++servicings_; }
@@ -107,19 +115,6 @@ void Recorder::Write_Events() {
   }
   script_ << (events.front().may_fail ? "try " : "") << Step_Text(events.front().event)
           << std::endl;
-}
-
-EventOutcome Handle_Recorded_Event(Recorder& recorder, Workspace& w, const OperatorEvent& event,
-                                   History* history) {
-  struct Ending {
-    Recorder& recorder;
-    EventOutcome outcome = EventOutcome::Error;
-    ~Ending() { recorder.End_Event(outcome); }
-  };
-  recorder.Begin_Event(event);
-  Ending ending{recorder};
-  ending.outcome = Handle_Event_In(history, w, event);
-  return ending.outcome;
 }
 
 }  // namespace sylvomex

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "history/history_events.h"
+#include "platform/drive_map.h"
 #include "workspace/event_dispatch.h"
 
 namespace sylvomex {
@@ -18,8 +18,10 @@ enum class DialogKind { Input, File, Message };
 class Recorder {
  public:
   /// script receives whole lines, flushed after every event, and must outlive the recorder. The
-  /// first line sets the main window's client size, width by height pixels.
-  Recorder(std::ostream& script, double width, double height);
+  /// first line sets the main window's client size, width by height pixels. Files that lie on the
+  /// drives are written under their drive names, so that the script plays over other drives as
+  /// well.
+  Recorder(std::ostream& script, DriveMap drives, double width, double height);
   ~Recorder() { Finish(); }
   Recorder(const Recorder&) = delete;
   Recorder& operator=(const Recorder&) = delete;
@@ -50,21 +52,19 @@ class Recorder {
     bool may_fail = false;
   };
 
+  [[nodiscard]] std::string Playable_Text(std::string text) const;
   [[nodiscard]] bool Is_Plain_Move() const;
   void Hold_Move(const OperatorEvent& move);
   void Write_Held_Move();
   void Write_Events();
 
   std::ostream& script_;
+  DriveMap drives_;
   std::vector<RecordedEvent> events_;  // the outer event and those nested in it
   std::vector<std::size_t> running_;   // indices into events_ of those that have not ended
   std::vector<std::string> answers_;   // answer steps, in the order of the dialogs
   std::optional<OperatorEvent> held_move_;
   long servicings_ = 0;  // number since the outer event began
 };
-
-/// Handle_Event_In, reporting its beginning and end to the recorder.
-EventOutcome Handle_Recorded_Event(Recorder& recorder, Workspace& w, const OperatorEvent& event,
-                                   History* history = nullptr);
 
 }  // namespace sylvomex

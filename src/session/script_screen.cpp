@@ -48,6 +48,10 @@ std::string Text_Answer(const std::optional<std::string>& answer) {
 
 }  // namespace
 
+double Uniform_Of(std::mt19937& generator) {
+  return static_cast<double>(generator()) / 4294967296.0;
+}
+
 ScriptScreen::ScriptScreen(std::ostream& transcript, std::ostream& log)
     : transcript_(transcript), log_(log) {}
 
@@ -79,6 +83,7 @@ QueuedAnswer ScriptScreen::Take_Answer(QueuedAnswer::Kind wanted, const std::str
 
 std::optional<std::string> ScriptScreen::Take_Text(QueuedAnswer::Kind wanted,
                                                    const std::string& dialog) {
+  if (feed_ != nullptr) feed_->Dialog_Opens(wanted, Buttons::Ok);
   QueuedAnswer answer = Take_Answer(wanted, dialog);
   if (answer.kind == QueuedAnswer::Kind::Cancel) return std::nullopt;
   return std::move(answer.text);
@@ -89,6 +94,7 @@ void ScriptScreen::Tell_Cause(std::string_view cause) {
 }
 
 Answer ScriptScreen::Message_Box(std::string_view text, Buttons buttons, std::string_view title) {
+  if (feed_ != nullptr) feed_->Dialog_Opens(QueuedAnswer::Kind::Button, buttons);
   const std::vector<Answer> choice = Choice(buttons);
   const std::string dialog = "message " + Quoted(text);
   auto chosen = choice.begin();
@@ -138,6 +144,7 @@ std::optional<ScriptStep> ScriptScreen::Take_Step(long servicing) {
 void ScriptScreen::Service_Events() {
   // A step can service events itself: nested servicings get later numbers, this one keeps its own.
   const long servicing = ++servicings_;
+  if (feed_ != nullptr) feed_->Servicing_Begins();
   while (const auto step = Take_Step(servicing)) play_(*step);
   if (after_servicing_) after_servicing_();
 }
@@ -147,7 +154,7 @@ double ScriptScreen::Clock() {
   return std::chrono::duration<double>(now).count();
 }
 
-double ScriptScreen::Random() { return static_cast<double>(generator_()) / 4294967296.0; }
+double ScriptScreen::Random() { return Uniform_Of(generator_); }
 
 void ScriptScreen::Report_Error(std::string_view command, std::string_view text,
                                 std::string_view native_path) {

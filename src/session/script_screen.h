@@ -3,6 +3,7 @@
 // operator becomes lines of the transcript.
 #pragma once
 
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <optional>
@@ -17,6 +18,11 @@
 
 namespace sylvomex {
 
+inline constexpr std::uint32_t kRandomSeed = 20041105;
+
+/// A uniform random number in [0, 1).
+double Uniform_Of(std::mt19937& generator);
+
 /// An answer queued for a dialog.
 struct QueuedAnswer {
   enum class Kind {
@@ -27,6 +33,19 @@ struct QueuedAnswer {
   };
   Kind kind = Kind::Input;
   std::string text;  // as given; empty for Kind::Cancel
+};
+
+/// Gives the answers and the steps of a dialog or an event servicing when it begins.
+class ScreenFeed {
+ public:
+  virtual ~ScreenFeed() = default;
+
+  /// A dialog opens that takes an answer of that kind; a message box with OK alone takes none from
+  /// the queue.
+  virtual void Dialog_Opens(QueuedAnswer::Kind wanted, Buttons buttons) = 0;
+
+  /// Events are serviced.
+  virtual void Servicing_Begins() = 0;
 };
 
 class ScriptScreen : public Screen {
@@ -48,6 +67,12 @@ class ScriptScreen : public Screen {
   /// Sets a function called at the end of every event servicing; may be empty.
   void After_Servicing(std::function<void()> show) { after_servicing_ = std::move(show); }
 
+  /// Sets what feeds the dialogs and servicings as they begin; nullptr for nothing.
+  void Feed_By(ScreenFeed* feed) { feed_ = feed; }
+
+  /// Begins the random numbers anew.
+  void Seed_Random(std::uint32_t seed) { generator_.seed(seed); }
+
   /// A dialog without a queued answer throws StepEnd. If the running command swallowed that
   /// exception, the failure is still available here.
   [[nodiscard]] const std::optional<StepEnd>& Failure_Of_Dialog() const { return failure_; }
@@ -55,6 +80,7 @@ class ScriptScreen : public Screen {
 
   /// True after the operator has confirmed the exit.
   [[nodiscard]] bool Ended() const { return ended_; }
+  void Go_On() { ended_ = false; }
 
   /// Writes one line of the transcript.
   void Write_Line(std::string_view line);
@@ -91,10 +117,11 @@ class ScriptScreen : public Screen {
   std::vector<WaitingStep> waiting_steps_;
   std::function<void(const ScriptStep&)> play_;
   std::function<void()> after_servicing_;
+  ScreenFeed* feed_ = nullptr;
   std::optional<StepEnd> failure_;
   long servicings_ = 0;
   bool ended_ = false;
-  std::mt19937 generator_{20041105};  // fixed seed: the same numbers in every session
+  std::mt19937 generator_{kRandomSeed};  // the same numbers in every session
 };
 
 }  // namespace sylvomex

@@ -5,9 +5,12 @@
 #include "state/workspace.h"
 
 #include <fstream>
+#include <iterator>
 #include <memory>
 #include <optional>
 
+#include "platform/guest_files.h"
+#include "platform/root_lock.h"
 #include "platform/run_time_error.h"
 #include "session/record_file.h"
 #include "session/recorder.h"
@@ -30,6 +33,21 @@ std::string Script_Name(const SessionOptions& options) {
   return options.script == kInputStream ? "standard input" : options.script;
 }
 
+/// A session on a root that another program uses keeps its pane pictures to itself.
+class RootUse {
+ public:
+  RootUse(const std::filesystem::path& root, std::ostream& err) : lock_(root) {
+    if (!lock_.Is_In_Use()) return;
+    guest_.emplace(root, GuestAccess::ReadsAndWrites);
+    err << root.string() << " is in use by " << lock_.Holder()
+        << ": this session keeps its pane pictures to itself, all other files are shared\n";
+  }
+
+ private:
+  RootLock lock_;
+  std::optional<GuestFiles> guest_;
+};
+
 /// The block together with its screens.
 struct Session {
   Session(const SessionOptions& options, const SessionStreams& session_streams)
@@ -42,6 +60,11 @@ struct Session {
     streams.err << script_name << ':' << line << ": " << reason << '\n';
   }
 
+  /// The way of the steps' events.
+  [[nodiscard]] EventPath Path() {
+    return {recorder ? &*recorder : nullptr, journal ? &*journal : nullptr, &history};
+  }
+
   const SessionStreams& streams;
   std::string script_name;
   ScriptScreen screen;
@@ -50,26 +73,49 @@ struct Session {
   std::optional<Recorder> recorder;
   std::optional<RecorderScreen> recorder_screen;
   HistorySwitch history;
+  std::optional<KeptJournal> journal;
 };
 
-/// The ways of a script's events and of its steps for the history, which may be recorded.
-void Serve_Events(PlayerServices& services, HistorySwitch& history, Recorder* recorder) {
-  services.handle_event = [&history, recorder](Workspace& w, const OperatorEvent& event) {
-    return recorder != nullptr ? Handle_Recorded_Event(*recorder, w, event, history.Get())
-                               : Handle_Event_In(history.Get(), w, event);
-  };
-  services.history = &history;
-  services.turn_history = [&history, recorder](bool on) {
-    history.Turn(on);
-    if (recorder != nullptr) recorder->Turn_History(on);
-  };
-}
+/// The steps to play; one without a file has none.
+struct Script {
+  std::ifstream file;
+  std::istream* steps = nullptr;
+  std::string journal;  // the whole text, when it is a journal
+};
 
 // An unreadable file, e.g. a folder, leaves the stream in a failed state.
 std::ifstream Open_Script(const std::filesystem::path& path) {
   std::ifstream file(path);
   if (file) file.peek();
   return file;
+}
+
+/// Opens the script, if there is one. One that is a journal is read whole, and the main window
+/// begins at its size.
+bool Open_Script(Script& script, Session& session, SessionOptions& options) {
+  script.steps = &script.file;
+  if (options.script == kInputStream) {
+    script.steps = &session.streams.in;
+  } else if (!options.script.empty()) {
+    script.file = Open_Script(File_Argument(session.w->Drives, options.script));
+    if (!script.file) {
+      session.streams.err << "cannot read the script " << options.script << '\n';
+      return false;
+    }
+  }
+  // No step of a script begins with this letter, but the first line of a journal does.
+  if (options.script.empty() || script.steps->peek() != 'j') return true;
+  std::string text(std::istreambuf_iterator<char>(*script.steps), {});
+  const JournalFacts facts = Facts_Of_Journal(text);
+  if (!facts.head) {
+    session.streams.err << options.script << " is neither a script nor a journal\n";
+    return false;
+  }
+  text.resize(facts.whole_bytes);
+  script.journal = std::move(text);
+  options.width = facts.head->width;
+  options.height = facts.head->height;
+  return true;
 }
 
 bool Open_Record(Session& session, const SessionOptions& options) {
@@ -81,10 +127,46 @@ bool Open_Record(Session& session, const SessionOptions& options) {
     session.streams.err << "cannot write the record: " << failure.what() << '\n';
     return false;
   }
-  session.recorder.emplace(session.record->Script(), options.width, options.height);
-  session.recorder_screen.emplace(session.screen, *session.recorder);
+  session.recorder.emplace(session.record->Script(), session.w->Drives, options.width,
+                           options.height);
+  session.recorder_screen.emplace(*session.w->screen, *session.recorder);
   session.w->screen = &*session.recorder_screen;
   return true;
+}
+
+FilePath File_Of(const std::string& name) { return {name, name}; }
+
+/// Begins the journal that was asked for, or goes on in the one to resume. The main window gets the
+/// size that it had at the start of that one.
+void Open_Journal(Session& session, SessionOptions& options) {
+  if (!options.resume.empty()) {
+    UnfinishedJournal unfinished = Read_Unfinished_Journal(File_Of(options.resume), options.root);
+    options.width = unfinished.facts.head->width;
+    options.height = unfinished.facts.head->height;
+    session.journal.emplace(std::move(unfinished), session.screen);
+  } else if (!options.journal.empty()) {
+    const FilePath file = File_Of(options.journal);
+    if (!May_Begin_Journal(file)) {
+      throw RunTimeError(Failure::BadContent,
+                         file.name +
+                             ", it holds a session that was not ended: go on with it by "
+                             "--resume, or name another file");
+    }
+    const std::filesystem::path root = std::filesystem::absolute(options.root);
+    const JournalHead head{root.string(), options.width, options.height, kRandomSeed};
+    session.journal.emplace(file, head, session.screen);
+  }
+  if (session.journal) session.w->screen = &session.journal->Front();
+}
+
+bool Opens_Journal(Session& session, SessionOptions& options) {
+  try {
+    Open_Journal(session, options);
+    return true;
+  } catch (const RunTimeError& error) {
+    session.streams.err << error.what() << '\n';
+    return false;
+  }
 }
 
 bool Start(Session& session, const SessionOptions& options) {
@@ -104,14 +186,20 @@ bool Start(Session& session, const SessionOptions& options) {
   }
 }
 
-StepPlayer Make_Player(Session& session, const SessionHooks& hooks) {
+PlayerServices Services_Of(Session& session, const SessionHooks& hooks) {
   PlayerServices services;
   services.report = [&session](int line, const std::string& reason) {
     session.Report(line, reason);
   };
-  Serve_Events(services, session.history, session.recorder ? &*session.recorder : nullptr);
+  Serve_Events(services, session.Path());
   services.pictures = hooks.pictures;
-  return {*session.w, session.screen, std::move(services)};
+  return services;
+}
+
+/// Does again what stands in the journal to resume.
+void Resume(Session& session, const SessionHooks& hooks) {
+  const auto told = session.journal->Repeat(*session.w, Services_Of(session, hooks), [] {});
+  for (const std::string& sentence : told) session.streams.err << sentence << '\n';
 }
 
 int End_Of_Script(const Session& session, int line) {
@@ -134,18 +222,31 @@ int Play_Steps(Session& session, ScriptReader& reader, StepPlayer& player,
   return End_Of_Script(session, reader.Line());
 }
 
-int Play_Script(Session& session, std::istream& script, const SessionHooks& hooks) {
+/// Plays a journal as a script.
+int Play_Journal(Session& session, const std::string& text, StepPlayer& player,
+                 const std::function<void()>& after_step) {
+  session.screen.Seed_Random(Facts_Of_Journal(text).head->seed);
+  JournalCursor cursor(text, false);
+  JournalPlayer journal(cursor, session.screen, player, nullptr);
+  const JournalPlay play = journal.Play(after_step);
+  for (const std::string& sentence : play.odd) session.streams.err << sentence << '\n';
+  return play.odd.empty() ? kAllStepsDone : kStepFailed;
+}
+
+int Play_Script(Session& session, Script& script, const SessionHooks& hooks) {
   const auto show = [&] {
     if (hooks.show) hooks.show(*session.w);
   };
   session.screen.After_Servicing(show);
-  StepPlayer player = Make_Player(session, hooks);
-  ScriptReader reader(script);
+  StepPlayer player(*session.w, session.screen, Services_Of(session, hooks));
+  ScriptReader reader(*script.steps);
+  const auto after_step = [&] {
+    if (session.streams.flush_steps) session.streams.out.flush();
+    show();
+  };
   try {
-    return Play_Steps(session, reader, player, [&] {
-      if (session.streams.flush_steps) session.streams.out.flush();
-      show();
-    });
+    return script.journal.empty() ? Play_Steps(session, reader, player, after_step)
+                                  : Play_Journal(session, script.journal, player, after_step);
   } catch (const SessionEnd& end) {
     return end.status;
   } catch (const StepEnd& failure) {
@@ -169,42 +270,60 @@ int Status_Of_Outputs(Session& session, int status) {
     session.streams.err
         << "the transcript is not complete: it cannot be written, the disk may be full\n";
   }
-  return status == kAllStepsDone && !(is_recorded && is_told) ? kOutputLost : status;
+  const bool is_journaled = !session.journal || session.journal->Failure().empty();
+  if (!is_journaled) {
+    session.streams.err << "the journal ends early: " << session.journal->Failure() << '\n';
+  }
+  const bool is_whole = is_recorded && is_told && is_journaled;
+  return status == kAllStepsDone && !is_whole ? kOutputLost : status;
 }
 
 }  // namespace
 
-int Run_Session(const SessionOptions& options, const SessionStreams& streams,
+int Run_Session(const SessionOptions& asked, const SessionStreams& streams,
                 const SessionHooks& hooks) {
+  SessionOptions options = asked;
+  const RootUse root_use(options.root, streams.err);
   Session session(options, streams);
-  std::ifstream file;
-  const bool from_file = options.script != kInputStream;
-  if (from_file) file = Open_Script(File_Argument(session.w->Drives, options.script));
-  if (!file) {
-    streams.err << "cannot read the script " << options.script << '\n';
+  Script script;
+  if (!Open_Script(script, session, options) || !Opens_Journal(session, options) ||
+      !Open_Record(session, options)) {
     return kStepFailed;
   }
-  if (!Open_Record(session, options)) return kStepFailed;
   if (hooks.before_start) hooks.before_start(*session.w);
-  const int status = Start(session, options)
-                         ? Play_Script(session, from_file ? file : streams.in, hooks)
-                         : kStartFailed;
+  int status = kStartFailed;
+  if (Start(session, options)) {
+    if (!options.resume.empty()) Resume(session, hooks);
+    status = Play_Script(session, script, hooks);
+  }
   return Status_Of_Outputs(session, status);
 }
 
 namespace {
 
-// Restores the block's own screen at the end of the scope.
+// Answers come from another screen until the end of the scope, and are recorded as before.
 class ScreenChange {
  public:
-  ScreenChange(Workspace& w, Screen& screen) : w_(w), own_(w.screen) { w.screen = &screen; }
-  ~ScreenChange() { w_.screen = own_; }
+  ScreenChange(Workspace& w, Screen& screen, const EventPath& path)
+      : w_(w), own_(w.screen), journal_(path.journal) {
+    if (journal_ != nullptr) own_behind_ = &journal_->Front().Forward_To(screen);
+    Screen& front = journal_ != nullptr ? journal_->Front() : screen;
+    if (path.recorder != nullptr) recorded_.emplace(front, *path.recorder);
+    w.screen = recorded_ ? &*recorded_ : &front;
+  }
+  ~ScreenChange() {
+    if (journal_ != nullptr) journal_->Front().Forward_To(*own_behind_);
+    w_.screen = own_;
+  }
   ScreenChange(const ScreenChange&) = delete;
   ScreenChange& operator=(const ScreenChange&) = delete;
 
  private:
   Workspace& w_;
   Screen* own_;
+  KeptJournal* journal_;
+  Screen* own_behind_ = nullptr;  // the journal
+  std::optional<RecorderScreen> recorded_;
 };
 
 void Play_All(ScriptReader& reader, StepPlayer& player) {
@@ -214,7 +333,7 @@ void Play_All(ScriptReader& reader, StepPlayer& player) {
 }  // namespace
 
 bool Play_Over_Block(Workspace& w, const std::filesystem::path& script, std::ostream& transcript,
-                     std::ostream& err, HistorySwitch& history, Recorder* recorder) {
+                     std::ostream& err, const EventPath& path) {
   std::ifstream file = Open_Script(script);
   if (!file) {
     err << "cannot read the script " << script << '\n';
@@ -225,12 +344,10 @@ bool Play_Over_Block(Workspace& w, const std::filesystem::path& script, std::ost
     err << script.string() << ':' << line << ": " << reason << '\n';
   };
   ScriptScreen screen(transcript, err);
-  std::optional<RecorderScreen> recorded;
-  if (recorder != nullptr) recorded.emplace(screen, *recorder);
-  const ScreenChange change(w, recorded ? static_cast<Screen&>(*recorded) : screen);
+  const ScreenChange change(w, screen, path);
   PlayerServices services;
   services.report = report;
-  Serve_Events(services, history, recorder);
+  Serve_Events(services, path);
   StepPlayer player(w, screen, std::move(services));
   try {
     Play_All(reader, player);

@@ -8,7 +8,7 @@
 #include <ostream>
 #include <string>
 
-#include "session/recorder.h"
+#include "session/event_path.h"
 #include "session/window_pictures.h"
 
 namespace sylvomex {
@@ -20,8 +20,10 @@ struct SessionOptions {
   std::filesystem::path root;  // folder that holds the drives
   double width = 1280;         // client size of the main window, pixels
   double height = 1024;
-  bool show = false;   // show the windows while the script plays
-  std::string record;  // script file for recording the session; empty for none
+  bool show = false;    // show the windows while the script plays
+  std::string record;   // script file for recording the session; empty for none
+  std::string journal;  // file of the journal of the session; empty for none
+  std::string resume;   // journal of a session that is repeated first and goes on; empty for none
 };
 
 struct SessionStreams {
@@ -46,8 +48,8 @@ int Run_Session(const SessionOptions& options, const SessionStreams& streams,
 
 /// Plays a script on a running block: its dialogs take their answers from the script, and
 /// afterwards the block uses its own screen again. False, with the reason on err, when the script
-/// cannot be read or a step failed. recorder: records the events; may be nullptr.
+/// cannot be read or a step failed.
 bool Play_Over_Block(Workspace& w, const std::filesystem::path& script, std::ostream& transcript,
-                     std::ostream& err, HistorySwitch& history, Recorder* recorder = nullptr);
+                     std::ostream& err, const EventPath& path);
 
 }  // namespace sylvomex

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "platform/files.h"
+#include "platform/guest_files.h"
 #include "platform/list_reader.h"
 #include "platform/number_text.h"
 #include "state/cause.h"
@@ -35,7 +36,7 @@ bool Reads_One_Two_Three(std::string line, char list) {
 }  // namespace
 
 void Run_Locale_Test(Workspace& w, NumberSeparators separators) {
-  const FilePath scratch = w.Drives.Locate(kScratchFile);
+  const FilePath scratch = Scratch_File(w.Drives, kScratchFile);
   Write_Whole_File(scratch, First_Line(separators.decimal) + "1,2,3\n");
   ListReader reader(scratch);
   const std::string number = reader.Read_Line();
@@ -47,7 +48,7 @@ void Run_Locale_Test(Workspace& w, NumberSeparators separators) {
     Show_With_Cause(w, "SYLVOMEX requires the use of comma as list separator",
                     std::string("the list separator of the settings is ") + separators.list);
   }
-  Delete_File(w.Drives.Locate("c:\\data\\pilkkutesti.txt"));
+  Delete_File(Scratch_File(w.Drives, "c:\\data\\pilkkutesti.txt"));
 }
 
 }  // namespace sylvomex

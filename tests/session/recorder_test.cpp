@@ -15,7 +15,7 @@ namespace {
 
 struct RecorderTest : testing::Test {
   std::ostringstream script;
-  Recorder recorder{script, 1280, 1024};
+  Recorder recorder{script, DriveMap("/site"), 1280, 1024};
 
   static OperatorEvent Event(std::string_view line) { return Event_Of_Step(Split_Line(line)); }
   void Begin(std::string_view line) { recorder.Begin_Event(Event(line)); }
@@ -54,6 +54,26 @@ TEST_F(RecorderTest, AnswersStandBeforeTheirStepInOrder) {
   EXPECT_EQ(Steps(),
             "input \"two words\"\ninput \"\"\nfile c:\\data\\a.hdr\ncancel\nbutton yes\n"
             "menu Center_To_Q\n");
+}
+
+TEST_F(RecorderTest, FilesOnTheDrivesAreNamedAsOnAnyMachine) {
+  Begin("set Form2.Text1 /site/d/heights/a.hdr");
+  recorder.Dialog_Answered(DialogKind::File, "/site/c/data/Two words.hdr");
+  recorder.Dialog_Answered(DialogKind::Input, "/site/e/b.txt");
+  End();
+  EXPECT_EQ(Steps(),
+            "file \"c:\\data\\Two words.hdr\"\ninput e:\\b.txt\n"
+            "set Form2.Text1 d:\\heights\\a.hdr\n");
+}
+
+TEST_F(RecorderTest, OtherTextsAndFilesOffTheDrivesStayAsTheyAre) {
+  Begin("set Text4 23/5");
+  recorder.Dialog_Answered(DialogKind::File, "/elsewhere/c/data/a.hdr");
+  recorder.Dialog_Answered(DialogKind::File, "c:\\data\\a.hdr");
+  recorder.Dialog_Answered(DialogKind::Input, "/site");
+  End();
+  EXPECT_EQ(Steps(),
+            "file /elsewhere/c/data/a.hdr\nfile c:\\data\\a.hdr\ninput /site\nset Text4 23/5\n");
 }
 
 TEST_F(RecorderTest, EventInsideAnotherIsQueuedForItsServicing) {

@@ -13,6 +13,7 @@
 #include "panes/pane_drawing.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "platform/wall_clock.h"
 #include "services/kept_file.h"
 #include "services/progress.h"
 #include "services/status_line.h"
@@ -41,7 +42,7 @@ void Take_Limits(Workspace& w) {
 
 // Local time in a strftime pattern.
 std::string Time_Text(const char* pattern) {
-  const std::time_t now = std::time(nullptr);
+  const std::time_t now = Wall_Clock();
   std::tm local{};
   localtime_r(&now, &local);
   char text[32];

@@ -19,7 +19,8 @@ std::string Value(const QCommandLineParser& parser, const char* option) {
 }
 
 void Declare(QCommandLineParser& parser) {
-  for (const char* name : {"root", "script", "size", "record", "begin", "platform", "style"}) {
+  for (const char* name :
+       {"root", "script", "size", "record", "journal", "resume", "begin", "platform", "style"}) {
     parser.addOption(QCommandLineOption(QString::fromLatin1(name), {}, QStringLiteral("value")));
   }
   for (const char* name : {"show", "plain", "help"})
@@ -32,6 +33,8 @@ std::optional<CommandLine> Take(const QCommandLineParser& parser, std::ostream& 
       parser.isSet("root") ? std::filesystem::path(Value(parser, "root")) : Default_Root();
   line.options.script = Value(parser, "script");
   line.options.record = Value(parser, "record");
+  line.options.journal = Value(parser, "journal");
+  line.options.resume = Value(parser, "resume");
   line.options.show = parser.isSet("show");
   line.plain = parser.isSet("plain");
   line.begin = Value(parser, "begin");

@@ -12,11 +12,14 @@
 #include "desktop/desktop.h"
 #include "desktop/dialog_layout.h"
 #include "desktop/main/desktop_command_line.h"
+#include "desktop/main/taken_root.h"
 #include "desktop/open_display.h"
 #include "desktop/qt_text.h"
 #include "desktop/script_windows.h"
+#include "desktop/start_questions.h"
 #include "desktop_aids/aids.h"
 #include "platform/run_time_error.h"
+#include "session/journal_folder.h"
 #include "session/start_advice.h"
 #include "session/step_end.h"
 
@@ -36,7 +39,8 @@ int Play_Script(const SessionOptions& options) {
 
 // The operator has confirmed the exit: nothing remains to be saved, and a running command must not
 // continue.
-void End_Process() {
+void End_Process(TakenRoot& taken) {
+  taken.guest.reset();
   std::cout.flush();
   std::_Exit(kAllStepsDone);
 }
@@ -60,13 +64,32 @@ bool Has_Display() {
          qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
 
+/// The journal of the desktop's session. The operator is asked about one that was not ended.
+void Choose_Journal(DesktopOptions& options, const std::filesystem::path& root) {
+  try {
+    options.journal = Journal_Of_Root(root);
+    auto unfinished = Find_Unfinished_Journal(options.journal, root);
+    if (unfinished && Ask_Whether_To_Go_On(*unfinished)) {
+      options.unfinished = std::move(unfinished);
+    } else {
+      Put_Journal_Aside(options.journal);
+    }
+  } catch (const RunTimeError& failure) {
+    std::cerr << "sylvomex: no journal is written: " << failure.what() << '\n';
+    options.journal = {};
+  }
+}
+
 int Run_Desktop(const CommandLine& line, int argc, char** argv) {
   const SessionOptions& options = line.options;
   const auto application = Open_Display(argc, argv);
   application->setQuitOnLastWindowClosed(false);
   Set_Application_Look();
-  DesktopOptions desktop_options{DriveMap(options.root), std::nullopt, options.record, End_Process,
-                                 line.plain};
+  TakenRoot taken;
+  if (!Take_Root(taken, options.root, !line.plain)) return kStartFailed;
+  DesktopOptions desktop_options{DriveMap(taken.root), std::nullopt, options.record,
+                                 [&taken] { End_Process(taken); }, line.plain};
+  if (!line.plain && taken.Is_Own()) Choose_Journal(desktop_options, taken.root);
   if (line.size_given) {
     desktop_options.client_size =
         QSize(static_cast<int>(options.width), static_cast<int>(options.height));
@@ -75,7 +98,7 @@ int Run_Desktop(const CommandLine& line, int argc, char** argv) {
   try {
     desktop.Start();
   } catch (const RunTimeError& failure) {
-    return Report_Failed_Start(failure, DriveMap(options.root));
+    return Report_Failed_Start(failure, DriveMap(taken.root));
   }
   std::optional<Aids> aids;
   if (!line.plain) aids.emplace(desktop);
@@ -94,7 +117,7 @@ int main(int argc, char** argv) {
     std::cout << kUsage;
     return kAllStepsDone;
   }
-  const bool plays_script = !line->options.script.empty();
+  const bool plays_script = !line->options.script.empty() || !line->options.resume.empty();
   if (plays_script && !line->options.show) return Play_Script(line->options);
   if (!Has_Display()) {
     std::cerr << Display_Needed("");

@@ -10,7 +10,7 @@
 namespace {
 
 int Play(const sylvomex::SessionOptions& options) {
-  if (options.script.empty()) {
+  if (options.script.empty() && options.resume.empty()) {
     std::cerr << "this build plays scripts only: sylvomex --script FILE\n";
     return sylvomex::kStepFailed;
   }

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/main/taken_root.h"
+
+#include <iostream>
+#include <utility>
+
+#include "desktop/start_questions.h"
+
+namespace sylvomex {
+
+bool Take_Root(TakenRoot& taken, std::filesystem::path root, bool asks) {
+  taken.root = std::move(root);
+  for (;;) {
+    taken.lock = std::make_unique<RootLock>(taken.root);
+    if (!taken.lock->Is_In_Use()) return true;
+    std::cerr << taken.root.string() << " is in use by " << taken.lock->Holder() << '\n';
+    const UsedRootAnswer answer =
+        asks ? Ask_About_Used_Root(taken.root, taken.lock->Holder()) : UsedRootAnswer::OnlyShow;
+    if (answer == UsedRootAnswer::Quit) return false;
+    if (answer == UsedRootAnswer::OnlyShow) {
+      taken.guest.emplace(taken.root, asks ? GuestAccess::ReadsOnly : GuestAccess::ReadsAndWrites);
+      return true;
+    }
+    if (auto another = Ask_For_Root()) taken.root = std::move(*another);
+  }
+}
+
+}  // namespace sylvomex

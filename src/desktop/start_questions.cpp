@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/start_questions.h"
+
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "desktop/dialog_layout.h"
+#include "desktop/qt_text.h"
+
+namespace sylvomex {
+namespace {
+
+const QString kProgramName = QStringLiteral("SYLVOMEX");
+
+}  // namespace
+
+UsedRootAnswer Ask_About_Used_Root(const std::filesystem::path& root, const std::string& holder) {
+  QMessageBox box(QMessageBox::Question, kProgramName,
+                  Qt_Text(root.string() + " is in use by " + holder + "."), QMessageBox::NoButton);
+  box.setInformativeText(QStringLiteral(
+      "Two programs would write the same files. The drives can be shown without writing anything, "
+      "or another root can be chosen."));
+  QPushButton* const another =
+      box.addButton(QStringLiteral("Another root ..."), QMessageBox::ActionRole);
+  QPushButton* const show = box.addButton(QStringLiteral("Only show"), QMessageBox::AcceptRole);
+  QPushButton* const quit = box.addButton(QStringLiteral("Quit"), QMessageBox::RejectRole);
+  box.setDefaultButton(quit);
+  box.setEscapeButton(quit);
+  Lay_Out(box);
+  box.exec();
+  if (box.clickedButton() == another) return UsedRootAnswer::AnotherRoot;
+  return box.clickedButton() == show ? UsedRootAnswer::OnlyShow : UsedRootAnswer::Quit;
+}
+
+std::optional<std::filesystem::path> Ask_For_Root() {
+  const QString folder = QFileDialog::getExistingDirectory(
+      nullptr, QStringLiteral("The folder that holds the drives c, d, e and f"), QString(),
+      QFileDialog::DontUseNativeDialog);
+  if (folder.isEmpty()) return std::nullopt;
+  return std::filesystem::path(folder.toStdString());
+}
+
+bool Ask_Whether_To_Go_On(const UnfinishedJournal& unfinished) {
+  QMessageBox box(QMessageBox::Question, kProgramName,
+                  QStringLiteral("The last session was not ended by Exit. Go on where it stopped?"),
+                  QMessageBox::Yes | QMessageBox::No);
+  box.setInformativeText(
+      QStringLiteral("What was done is done again, which takes as long as its commands took; lines "
+                     "that were saved are not saved twice. With No its journal stays beside under "
+                     "today's date."));
+  box.setDetailedText(Qt_Text(unfinished.file.name));
+  box.setDefaultButton(QMessageBox::Yes);
+  box.setEscapeButton(QMessageBox::No);
+  Lay_Out(box);
+  return box.exec() == QMessageBox::Yes;
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "session/journal_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "platform/wall_clock.h"
+#include "support/temporary_folder.h"
+
+namespace sylvomex {
+namespace {
+
+struct JournalFolderTest : testing::Test {
+  TemporaryFolder state, root;
+  JournalFolderTest() {
+    setenv("XDG_STATE_HOME", state.Path().c_str(), 1);
+    Hold_Wall_Clock(1000000000);
+  }
+  ~JournalFolderTest() override {
+    unsetenv("XDG_STATE_HOME");
+    Hold_Wall_Clock(std::nullopt);
+  }
+
+  std::string Text(const std::string& steps) const {
+    return Head_Text({root.Path().string(), 640, 480, 1}) + steps;
+  }
+  /// The name of a journal in the state folder.
+  std::string Name(const FilePath& journal) const {
+    return journal.native.lexically_relative(state.Path()).string();
+  }
+  std::size_t Files() const {
+    const std::filesystem::directory_iterator files(state.Path() / "sylvomex/journals");
+    return static_cast<std::size_t>(std::distance(begin(files), end(files)));
+  }
+};
+
+TEST_F(JournalFolderTest, RootsHaveJournalsOfTheirOwn) {
+  const TemporaryFolder other;
+  const FilePath journal = Journal_Of_Root(root.Path());
+  EXPECT_EQ(journal.native.parent_path(), state.Path() / "sylvomex/journals");
+  EXPECT_TRUE(std::filesystem::is_directory(journal.native.parent_path()));
+  EXPECT_NE(Journal_Of_Root(other.Path()).native, journal.native);
+  EXPECT_EQ(Journal_Of_Root(root.Path() / "c" / "..").native, journal.native);
+}
+
+TEST_F(JournalFolderTest, LiesInTheHomeFolderWithoutAStateFolder) {
+  unsetenv("XDG_STATE_HOME");
+  const std::string home = std::getenv("HOME");
+  setenv("HOME", state.Path().c_str(), 1);
+  const FilePath journal = Journal_Of_Root(root.Path());
+  setenv("HOME", home.c_str(), 1);
+  EXPECT_EQ(journal.native.parent_path(), state.Path() / ".local/state/sylvomex/journals");
+}
+
+TEST_F(JournalFolderTest, OneThatWasNotEndedIsFound) {
+  const FilePath journal = Journal_Of_Root(root.Path());
+  EXPECT_FALSE(Find_Unfinished_Journal(journal, root.Path()));
+  const auto finds = [&](const std::string& text) {
+    state.Write(Name(journal), text);
+    return Find_Unfinished_Journal(journal, root.Path()).has_value();
+  };
+  EXPECT_TRUE(finds(Text("set Text4 5\n")));
+  EXPECT_FALSE(finds(Text("history on\nresize Form1 640 480\nend done\nmove Form1 1 1\n")))
+      << "nothing was done";
+  EXPECT_FALSE(finds(Text("set Text4 5\nend done\nmenu Exit\nbutton ok\nexit\n")));
+  EXPECT_FALSE(finds("something else\n"));
+}
+
+TEST_F(JournalFolderTest, EndedOnesAreNumberedAndTheLastFiveAreKept) {
+  const FilePath journal = Journal_Of_Root(root.Path());
+  for (int i = 1; i <= 7; ++i) {
+    state.Write(Name(journal), Text("set Text4 " + std::to_string(i) + "\nend done\nexit\n"));
+    Put_Journal_Aside(journal);
+    EXPECT_FALSE(std::filesystem::exists(journal.native));
+  }
+  EXPECT_EQ(Files(), 5U);
+  EXPECT_NE(state.Read(Name(journal) + ".1").find("Text4 7"), std::string::npos);
+  EXPECT_NE(state.Read(Name(journal) + ".5").find("Text4 3"), std::string::npos);
+}
+
+TEST_F(JournalFolderTest, OneThatWasNotEndedStaysUnderItsDate) {
+  setenv("TZ", "UTC", 1);
+  tzset();
+  const FilePath journal = Journal_Of_Root(root.Path());
+  state.Write(Name(journal), Text("set Text4 5\n"));
+  Put_Journal_Aside(journal);
+  EXPECT_EQ(state.Read(Name(journal) + ".2001-09-09T01-46-40"), Text("set Text4 5\n"));
+}
+
+}  // namespace
+}  // namespace sylvomex
