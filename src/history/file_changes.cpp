@@ -130,7 +130,8 @@ void Require_Last_Lines(Changes&& changes, bool taken) {
 }  // namespace
 
 void Take_Lines(const FilePath& file, const std::string& lines) {
-  const auto open_file = Open_Locked(file, O_RDWR);
+  // As for an append: the rest of the file stays.
+  const auto open_file = Open_Locked(file, O_RDWR | O_APPEND);
   AppendWitness* const witness = Present_Append_Witness();
   if (witness != nullptr && witness->Already_Taken(file, lines)) {
     return Leave_Trace(file, "taken back", lines);

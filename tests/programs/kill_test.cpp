@@ -230,7 +230,7 @@ TEST(KilledProgram, GoesOnWithTheStateOfItsLastEventAndEveryLineOnce) {
     std::map<std::string, std::string> results = killed.Results();
     if (with_foreign_line) results[kPoints] = Without_Foreign_Line(results[kPoints]);
     if (with_foreign_line && results[kPoints].empty()) results.erase(kPoints);
-    ASSERT_EQ(results, wanted.results) << at_kill;
+    ASSERT_EQ(results, wanted.results) << killed.folder.Read("err") << killed.Journal_Text();
   }
   std::cout << Kills() << " kills, " << unfinished << " inside an event\n";
 }
