@@ -23,6 +23,7 @@ namespace {
 constexpr double kAlike = 1e-6;      // of a cell: sides and positions that count as equal
 constexpr double kOnTheGrid = 1e-3;  // of a cell
 constexpr int kEdgePoints = 21;
+constexpr int kStripRows = 256, kStripCells = 1 << 22;  // read at once
 constexpr double kFoot = 0.3048, kSurveyFoot = 1200.0 / 3937;
 
 std::string Wkt_Without_Heights(const OGRSpatialReference& system) {
@@ -223,29 +224,45 @@ void RasterSource::Warp_To(const CellGrid& grid) {
   }
 }
 
+/// Reads the rows around one, many at a time.
+void RasterSource::Read_Strip(GDALDataset& dataset, int row) {
+  const int columns = dataset.GetRasterXSize();
+  const int most = std::clamp(kStripCells / columns, 1, kStripRows);
+  strip_first_ = row - row % most;
+  strip_rows_ = std::min(most, dataset.GetRasterYSize() - strip_first_);
+  const std::size_t cells =
+      static_cast<std::size_t>(columns) * static_cast<std::size_t>(strip_rows_);
+  strip_heights_.resize(cells);
+  strip_valid_.resize(cells);
+  GDALRasterBand& band = *dataset.GetRasterBand(1);
+  CPLErrorReset();
+  if (band.RasterIO(GF_Read, 0, strip_first_, columns, strip_rows_, strip_heights_.data(), columns,
+                    strip_rows_, GDT_Float64, 0, 0, nullptr) != CE_None ||
+      band.GetMaskBand()->RasterIO(GF_Read, 0, strip_first_, columns, strip_rows_,
+                                   strip_valid_.data(), columns, strip_rows_, GDT_Byte, 0, 0,
+                                   nullptr) != CE_None) {
+    throw Refused(name_ + ": rows " + std::to_string(strip_first_) + " to " +
+                  std::to_string(strip_first_ + strip_rows_ - 1) +
+                  " cannot be read: " + Gdal_Message("the file is damaged"));
+  }
+}
+
 void RasterSource::Read_Row(std::int64_t grid_row, std::span<double> row) {
   GDALDataset& dataset = warped_ != nullptr ? *warped_ : *source_;
-  const std::int64_t own_row = grid_row - first_row_;
-  const int columns = dataset.GetRasterXSize();
-  if (own_row < 0 || own_row >= dataset.GetRasterYSize()) return;
-  GDALRasterBand& band = *dataset.GetRasterBand(1);
-  std::vector<double> values(static_cast<std::size_t>(columns));
-  std::vector<std::uint8_t> valid(values.size());
-  const int at = static_cast<int>(own_row);
-  CPLErrorReset();
-  if (band.RasterIO(GF_Read, 0, at, columns, 1, values.data(), columns, 1, GDT_Float64, 0, 0,
-                    nullptr) != CE_None ||
-      band.GetMaskBand()->RasterIO(GF_Read, 0, at, columns, 1, valid.data(), columns, 1, GDT_Byte,
-                                   0, 0, nullptr) != CE_None) {
-    throw Refused(name_ + ": row " + std::to_string(own_row) +
-                  " cannot be read: " + Gdal_Message("the file is damaged"));
+  if (grid_row < first_row_ || grid_row - first_row_ >= dataset.GetRasterYSize()) return;
+  const int own_row = static_cast<int>(grid_row - first_row_);
+  if (own_row < strip_first_ || own_row >= strip_first_ + strip_rows_) {
+    Read_Strip(dataset, own_row);
   }
   GDALRasterBand& source = *source_->GetRasterBand(1);
   const double scale = source.GetScale();
   const double offset = source.GetOffset();
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    if (valid[i] == 0 || !std::isfinite(values[i]) || values[i] == kNoHeight) continue;
-    row[static_cast<std::size_t>(first_column_) + i] = (values[i] * scale + offset) * metres_;
+  const auto columns = static_cast<std::size_t>(dataset.GetRasterXSize());
+  const std::size_t begin = columns * static_cast<std::size_t>(own_row - strip_first_);
+  for (std::size_t i = 0; i < columns; ++i) {
+    const double height = strip_heights_[begin + i];
+    if (strip_valid_[begin + i] == 0 || !std::isfinite(height) || height == kNoHeight) continue;
+    row[static_cast<std::size_t>(first_column_) + i] = (height * scale + offset) * metres_;
   }
 }
 

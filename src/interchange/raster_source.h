@@ -9,6 +9,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "interchange/site.h"
 
@@ -59,6 +60,7 @@ class RasterSource {
  private:
   void Find_Place(const OGRSpatialReference& system, const std::string& site);
   void Warp_To(const CellGrid& grid);
+  void Read_Strip(GDALDataset& dataset, int row);
 
   std::string name_;
   GDALDatasetUniquePtr source_;
@@ -69,6 +71,9 @@ class RasterSource {
   double cell_ = 0;
   double metres_ = 1;                              // of a unit of height
   std::int64_t first_column_ = 0, first_row_ = 0;  // of the raster in the grid
+  int strip_first_ = 0, strip_rows_ = 0;           // rows at hand, own counting
+  std::vector<double> strip_heights_;
+  std::vector<std::uint8_t> strip_valid_;
 };
 
 }  // namespace sylvomex
