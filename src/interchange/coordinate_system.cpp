@@ -17,7 +17,6 @@ void Start_Gdal() {
   static std::once_flag started;
   std::call_once(started, [] {
     CPLSetErrorHandler(CPLQuietErrorHandler);
-    CPLSetConfigOption("GDAL_PAM_ENABLED", "NO");
     CPLSetConfigOption("GDAL_DISABLE_READDIR_ON_OPEN", "TRUE");
     CPLSetConfigOption("GDAL_ERROR_ON_LIBJPEG_WARNING", "TRUE");  // a JPEG that is cut short
     CPLSetConfigOption("GDAL_NUM_THREADS", "ALL_CPUS");

@@ -10,7 +10,7 @@
 namespace sylvomex {
 
 /// Registers GDAL's drivers once; its own messages stay off the screen and are asked for by
-/// Gdal_Message. Inputs get no side files.
+/// Gdal_Message.
 void Start_Gdal();
 
 /// What GDAL said last, or the text for the case that it said nothing.

@@ -28,7 +28,7 @@ std::string Header_Name(const std::string& photo_name) {
 
 std::string Raw_Name(const std::string& photo_name) {
   const std::string name = Photo_Name(photo_name);
-  const std::string path = kFolder + name + ".raw";
+  std::string path = kFolder + name + ".raw";
   if (path.size() <= kLongestPath) return path;
   constexpr std::size_t kSumDigits = 8;
   const std::string sum = "_" + Text_Checksum(name).substr(0, kSumDigits) + ".raw";

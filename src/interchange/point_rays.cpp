@@ -87,6 +87,7 @@ std::optional<Point3D> Nearest_Point(const std::vector<PhotoRay>& rays) {
   constexpr int kPasses = 5;  // the planes' weights become those of image residuals
   if (rays.size() < 2) return std::nullopt;
   std::vector<IdealRay> ideal;
+  ideal.reserve(rays.size());
   for (const PhotoRay& ray : rays) ideal.push_back(Ideal_Of(ray));
   std::vector<double> weights(rays.size(), 1);
   std::optional<Point3D> point;
