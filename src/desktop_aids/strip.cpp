@@ -40,6 +40,7 @@ FittingLabel* Add_Label(const char* name, QBoxLayout& row, int stretch) {
   auto* label = new FittingLabel;
   label->setObjectName(QString::fromLatin1(name));
   label->setFont(Control_Font());
+  label->setFixedHeight(label->fontMetrics().height() + 1);  // also while it is empty
   label->setMinimumWidth(1);
   label->setTextFormat(Qt::PlainText);
   row.addWidget(label, stretch);
