@@ -195,14 +195,14 @@ TEST_F(SurfaceImages, ALostSearchLeavesTheSolution) {
   const PlayedCommand played = Play_Command(
       reading,
       [&] {
-        std::filesystem::last_write_time(reading.root / reading.raws[0],
+        std::filesystem::last_write_time(reading.root / reading.raws[1],
                                          std::filesystem::file_time_type::clock::now());
         after_mapping_raw = [](const std::filesystem::path& file) {
           std::filesystem::resize_file(file, 0);
         };
       },
       [] { after_mapping_raw = nullptr; });
-  EXPECT_NE(played.transcript.find("im0.raw, it became shorter"), std::string::npos)
+  EXPECT_NE(played.transcript.find("im1.raw, it became shorter"), std::string::npos)
       << played.transcript;
   EXPECT_NE(played.transcript.find("Solution3D = 0 0 445\n"), std::string::npos)
       << played.transcript;
