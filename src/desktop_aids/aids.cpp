@@ -1,9 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "desktop_aids/aids.h"
 
+#include "desktop_aids/control_names.h"
 #include "desktop_aids/menu_keys.h"
 
 namespace sylvomex {
+namespace {
+
+constexpr int kDockHeight = 190;  // pixels
+
+}  // namespace
 
 Aids::Aids(Desktop& desktop)
     : panes_(desktop),
@@ -14,16 +20,18 @@ Aids::Aids(Desktop& desktop)
       palette_(desktop),
       menu_(desktop),
       keys_(panes_,
-            {{Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier, [this] { palette_.Open(); }},
+            {{Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier, [this] { palette_.Bring_Up(); }},
              {Qt::Key_F10, Qt::NoModifier,
               [&desktop] { Open_First_Menu(*desktop.Shown().Main().menuBar()); }}}) {
   for (int pane = 0; pane < kAidedPanes; ++pane) {
     overlays_.at(static_cast<std::size_t>(pane)) = new PaneOverlay(panes_, pane, choices_);
   }
-  desktop.Shown().Main().addDockWidget(Qt::RightDockWidgetArea, measured_);
+  desktop.Shown().Main().addDockWidget(Qt::BottomDockWidgetArea, measured_);
+  desktop.Shown().Main().resizeDocks({measured_}, {kDockHeight}, Qt::Vertical);
   measured_->hide();
   Give_Mnemonics(*desktop.Shown().Main().menuBar());
   Fill_Menu();
+  Name_Controls(desktop);
   desktop.Shown().When_Mirrored([this] { Refresh(); });
   Refresh();
 }
@@ -51,7 +59,7 @@ void Aids::Fill_Menu() {
              &OverlayChoices::safe_colours);
   menu_.Add_Existing("MeasuredDock", *measured_->toggleViewAction());
   menu_.Add_Item("AidPalette", QStringLiteral("All &commands by name\tCtrl+Shift+P"),
-                 [this] { palette_.Open(); });
+                 [this] { palette_.Bring_Up(); });
 }
 
 void Aids::Refresh() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop_aids/command_palette.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QVBoxLayout>
 
@@ -64,7 +65,7 @@ void CommandPalette::Fill() {
   }
 }
 
-void CommandPalette::Open() {
+void CommandPalette::Bring_Up() {
   typed_->clear();
   Filter({});
   typed_->setFocus();
@@ -101,7 +102,7 @@ bool CommandPalette::eventFilter(QObject* watched, QEvent* event) {
     const int key = static_cast<QKeyEvent*>(event)->key();
     if (key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
         key == Qt::Key_PageDown) {
-      QCoreApplication::sendEvent(list_, event);
+      QApplication::sendEvent(list_, event);
       return true;
     }
   }

@@ -15,7 +15,7 @@ class CommandPalette : public QDialog {
   /// The desktop must outlive it.
   explicit CommandPalette(Desktop& desktop);
 
-  void Open();
+  void Bring_Up();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

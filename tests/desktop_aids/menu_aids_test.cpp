@@ -62,7 +62,7 @@ TEST_F(MenuAids, EscapeClosesThePaletteWithoutACommand) {
 }
 
 TEST_F(MenuAids, AGreyedCommandIsNotRunFromThePalette) {
-  aids_->Palette().Open();
+  aids_->Palette().Bring_Up();
   auto& typed = *aids_->Palette().findChild<QLineEdit*>();
   QTest::keyClicks(&typed, "PGMTexture");
   QTest::keyClick(&typed, Qt::Key_Return);

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#include "desktop_aids/control_names.h"
+
+#include "aids_fixture.h"
+
+namespace sylvomex {
+namespace {
+
+using ControlNames = AidedDesktop;
+
+TEST_F(ControlNames, TellThePanesAndBoxesOfAnImage) {
+  EXPECT_EQ(Pane(1).accessibleName(), "Pane of image 2");
+  EXPECT_EQ(Get<QLineEdit>("Text1(2)").accessibleName(), "Film x of image 2");
+  EXPECT_EQ(Get<QLineEdit>("Text1(3)").accessibleName(), "Film y of image 2");
+  EXPECT_EQ(Get<QCheckBox>("Check1(0)").accessibleName(), "Use of image 1");
+}
+
+TEST_F(ControlNames, TellTheLabelBesideABox) {
+  EXPECT_EQ(Get<QLineEdit>("Text4").accessibleName(), "r");
+  EXPECT_EQ(Get<QLineEdit>("Text7").accessibleName(), "EZA");
+}
+
+TEST_F(ControlNames, NoControlThatTakesTheFocusIsWithoutOne) {
+  for (const WindowRow& row : All_Windows()) {
+    for (const QWidget* widget : Window(row.name).centralWidget()->findChildren<QWidget*>(
+             QString(), Qt::FindDirectChildrenOnly)) {
+      const std::string name = widget->objectName().toStdString();
+      if (widget->focusPolicy() == Qt::NoFocus || Window(row.name).Control_Widget(name) != widget)
+        continue;
+      if (qobject_cast<const QPushButton*>(widget) != nullptr) continue;  // read by their captions
+      if (qobject_cast<const QRadioButton*>(widget) != nullptr) continue;
+      EXPECT_FALSE(widget->accessibleName().isEmpty()) << row.name << '.' << name;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace sylvomex
