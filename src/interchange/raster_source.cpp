@@ -207,7 +207,7 @@ void RasterSource::Warp_To(const CellGrid& grid) {
                                 "-dstnodata",
                                 Plain_Text(kNoHeight),
                                 "-et",
-                                "0",
+                                "0.001",
                                 "-novshift",
                                 "-ovr",
                                 "NONE"}) {
