@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <chrono>
 #include <system_error>
+#include <utility>
 
 namespace sylvomex {
 namespace {

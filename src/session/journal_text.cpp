@@ -68,7 +68,8 @@ void Take_Append_State(JournalFacts& facts, const Words& words, JournaledAppend:
 void Take_Read(JournalFacts& facts, const Words& words) {
   if (words.size() != 5) return;
   const auto bytes = Number_In<std::uint64_t>(words[2].text);
-  if (bytes) facts.reads.try_emplace(words[1].text, *bytes, words[3].text, words[4].text);
+  if (!bytes) return;
+  facts.reads.try_emplace(words[1].text, JournaledRead{*bytes, words[3].text, words[4].text});
 }
 
 void Take_Comment(JournalFacts& facts, const Words& words) {
