@@ -27,9 +27,10 @@ void Show_With_Cause(const Workspace& w, std::string_view text, const std::excep
 }
 
 std::string Name_Of_Image(const Workspace& w, int image) {
-  const std::string index = "image " + Plain_Text(std::int32_t{image});
-  if (image < 0 || image >= w.ImageCount) return index;
-  return index + " (" + Plain_Text(w.ImageBlock(image).ImageId) + ")";
+  std::string name = "image " + Plain_Text(std::int32_t{image});
+  if (image >= 0 && image < w.ImageCount)
+    name += " (" + Plain_Text(w.ImageBlock(image).ImageId) + ")";
+  return name;
 }
 
 }  // namespace sylvomex

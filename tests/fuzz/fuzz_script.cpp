@@ -24,8 +24,11 @@ void Check_Words(const ScriptStep& step) {
   const auto again = Split_Line(line);
   // A first word that begins with # needs its quotes, which a step's name never has.
   if (step.words.front().text.starts_with('#')) return;
-  const bool same = std::ranges::equal(
-      again, step.words, [](const ScriptWord& a, const ScriptWord& b) { return a.text == b.text; });
+  const auto same_text = [](const ScriptWord& read, ScriptWord written) {
+    std::ranges::replace(written.text, '\r', ' ');
+    return read.text == written.text;
+  };
+  const bool same = std::ranges::equal(again, step.words, same_text);
   if (!same) std::abort();
 }
 
