@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The header of LAS files, versions 1.0 to 1.4 with point formats 0 to 10: American Society for
-// Photogrammetry and Remote Sensing, LAS Specification 1.4 (R15, 2019), and the versions before it.
+// Photogrammetry and Remote Sensing, "LAS 1.4, R15" (2019), and the versions before it.
 #pragma once
 
 #include <array>

@@ -226,7 +226,8 @@ TEST(KilledProgram, GoesOnWithTheStateOfItsLastEventAndEveryLineOnce) {
     ASSERT_EQ(killed.Start({"--resume", killed.journal, "--script", prints}).Wait(), 0)
         << killed.folder.Read("err");
     const std::string state = killed.folder.Read("out");
-    ASSERT_EQ(state, wanted.state) << killed.folder.Read("err") << at_kill << "unkilled:\n" << unkilled;
+    ASSERT_EQ(state, wanted.state) << killed.folder.Read("err") << at_kill << "unkilled:\n"
+                                   << unkilled;
     std::map<std::string, std::string> results = killed.Results();
     if (with_foreign_line) results[kPoints] = Without_Foreign_Line(results[kPoints]);
     if (with_foreign_line && results[kPoints].empty()) results.erase(kPoints);
