@@ -28,15 +28,16 @@ struct Include {
 /// layers of their own: images below the solver below the rest.
 std::optional<int> Layer(const std::string& folder) {
   static const std::map<std::string, int> kLayers = {
-      {"platform", 0},          {"closedlib", 1},     {"imageblock", 2},    {"solver", 3},
-      {"heightmodels", 4},      {"lidar", 4},         {"matching", 4},      {"surfaces", 4},
-      {"evaluation", 4},        {"crowns", 4},        {"products", 4},      {"stereo", 4},
-      {"overlays", 4},          {"mapview", 4},       {"state", 5},         {"panes", 6},
-      {"services", 7},          {"commands", 8},      {"workspace", 9},     {"history", 10},
-      {"interchange", 10},      {"session", 11},      {"region", 11},       {"site_program", 11},
-      {"desktop", 12},          {"desktop_aids", 13}, {"session/main", 14}, {"desktop/main", 14},
-      {"site_program/main", 13}};
-  const std::string floor = folder.starts_with("commands/") ? "commands" : folder;
+      {"platform", 0},      {"closedlib", 1}, {"imageblock", 2},    {"solver", 3},
+      {"heightmodels", 4},  {"lidar", 4},     {"matching", 4},      {"surfaces", 4},
+      {"evaluation", 4},    {"crowns", 4},    {"products", 4},      {"stereo", 4},
+      {"overlays", 4},      {"mapview", 4},   {"state", 5},         {"panes", 6},
+      {"services", 7},      {"commands", 8},  {"workspace", 9},     {"history", 10},
+      {"interchange", 10},  {"session", 11},  {"site_program", 11}, {"desktop", 12},
+      {"desktop_aids", 13}, {"programs", 14}};
+  const std::string floor = folder.starts_with("commands/")   ? "commands"
+                            : folder.starts_with("programs/") ? "programs"
+                                                              : folder;
   const auto layer = kLayers.find(floor);
   if (layer == kLayers.end()) return std::nullopt;
   return layer->second;
@@ -47,7 +48,7 @@ std::string Complaint(const Include& include) {
   const std::string line = include.file + " includes " + include.included;
   if (include.included.starts_with("<Q")) {
     const bool may_know_qt = include.folder == "desktop" || include.folder == "desktop_aids" ||
-                             include.folder == "desktop/main";
+                             include.folder == "programs/workstation";
     return may_know_qt ? "" : line + ": only the desktop knows Qt";
   }
   if (include.included_folder.empty()) return "";
@@ -156,7 +157,7 @@ TEST(IncludeRules, AFolderOutsideTheLayersIsFound) {
 TEST(IncludeRules, QtBelowTheDesktopIsFound) {
   EXPECT_NE(Complaint({"session/a.cpp", "session", "<QImage>", ""}), "");
   EXPECT_EQ(Complaint({"desktop/a.cpp", "desktop", "<QImage>", ""}), "");
-  EXPECT_NE(Complaint({"session/main/a.cpp", "session/main", "<QImage>", ""}), "");
+  EXPECT_NE(Complaint({"programs/site/a.cpp", "programs/site", "<QImage>", ""}), "");
 }
 
 TEST(IncludeRules, ACycleOfCommandFoldersIsFound) {

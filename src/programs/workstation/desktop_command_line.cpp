@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/main/desktop_command_line.h"
+#include "programs/workstation/desktop_command_line.h"
 
 #include <QCommandLineParser>
 #include <QFile>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/main/taken_root.h"
+#include "programs/workstation/taken_root.h"
 
 #include <iostream>
 #include <utility>
