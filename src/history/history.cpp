@@ -25,10 +25,11 @@ bool Is_Search_Step(const OperatorEvent& event) {
   return row != nullptr && std::ranges::find(kSearch, row->name) != kSearch.end();
 }
 
-// The pointer and the views; steps that follow remember where they were.
+// The pointer, the views and the window; steps that follow remember where they were.
 bool Moves_Only(const OperatorEvent& event) {
   using Kind = OperatorEvent::Kind;
-  return event.kind == Kind::Move || event.kind == Kind::Wheel || event.kind == Kind::Pan;
+  return event.kind == Kind::Move || event.kind == Kind::Wheel || event.kind == Kind::Pan ||
+         event.kind == Kind::Resize;
 }
 
 std::string Without_Line_End(std::string line) {
@@ -57,7 +58,10 @@ void Set_Number(Workspace& w, std::int16_t number) {
 
 void History::Before(Workspace& w, const OperatorEvent& event) {
   if (Is_Search_Step(event)) search_ran_ = true;
-  if (++depth_ > 1 || Moves_Only(event)) return;
+  ++depth_;
+  // While a movement is handled, a click can arrive: it is a step like any other.
+  if (running_ || Moves_Only(event)) return;
+  running_depth_ = depth_;
   watch_.Take();
   image_set_ = Image_Set_Bytes(w);
   present_ = Take_State(w, present_);
@@ -67,7 +71,7 @@ void History::Before(Workspace& w, const OperatorEvent& event) {
 }
 
 void History::After(Workspace& w) {
-  if (--depth_ > 0 || !running_) return;
+  if (depth_-- != running_depth_ || !running_) return;
   Step step = *std::exchange(running_, std::nullopt);
   step.files = watch_.Take();
   Note_Lines(step.files, true);

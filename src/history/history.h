@@ -72,14 +72,15 @@ class History {
   std::deque<Step> done_;
   std::vector<Step> undone_;
   MeasuringState present_;         // as last taken from the block
-  std::optional<Step> running_;    // the outer event's step
+  std::optional<Step> running_;    // of the outermost event that is not only a movement
   std::string image_set_;          // when it began
   std::vector<LineChange> saved_;  // lines that were saved and not taken back, newest last
   FileChangeWatch watch_;
   std::string told_;
   std::uint64_t version_ = 0;
   std::size_t picture_bytes_ = 0;
-  int depth_ = 0;
+  int depth_ = 0;          // of the events being handled
+  int running_depth_ = 0;  // at which the running step began
   bool search_ran_ = false;  // in the running event
 };
 

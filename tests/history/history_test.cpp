@@ -32,6 +32,36 @@ TEST_F(HistoryTest, AnEventThatChangesNothingIsNoStep) {
   EXPECT_EQ(history.Steps(), steps);
 }
 
+TEST_F(HistoryTest, ANewSizeOfTheWindowIsNoStep) {
+  Play("click Picture1(0) 50 60");
+  Play("resize Form1 500 300");
+  EXPECT_EQ(history.Undo_Text(), "Click in image 0");
+}
+
+TEST_F(HistoryTest, AClickThatArrivesDuringAMovementIsAStep) {
+  const auto move = Event_Of_Step(Split_Line("move Picture1(0) 5 6"));
+  const std::size_t steps = history.Steps();
+  history.Before(w(), move);
+  Play("click Picture1(1) 50 60");
+  Play("click Picture1(0) 40 30");
+  history.After(w());
+  EXPECT_EQ(history.Steps(), steps + 2);
+  EXPECT_EQ(history.Undo_Text(), "Click in image 0");
+  Play("undo");
+  EXPECT_EQ(w().Form1.Check1(0).Value, 0);
+  EXPECT_EQ(w().Form1.Check1(1).Value, 1);
+}
+
+TEST_F(HistoryTest, AnImageRemovedDuringAMovementEndsTheHistory) {
+  Play("click Picture1(0) 50 60");
+  history.Before(w(), Event_Of_Step(Split_Line("move Picture1(0) 5 6")));
+  Answer("1");
+  Play("menu Remove_an_image");
+  history.After(w());
+  EXPECT_EQ(w().ImageCount, 1);
+  EXPECT_EQ(Play("undo"), EventOutcome::Greyed);
+}
+
 TEST_F(HistoryTest, ANewStepEndsWhatCouldBeRedone) {
   Play("click Picture1(0) 50 60");
   Play("undo");
