@@ -51,14 +51,15 @@ int Open_Path(const std::string& path, int flags) {
   return number;
 }
 
+bool Is_Reading(int flags) { return (flags & O_ACCMODE) == O_RDONLY; }
+
 void Tell_Watch(const FilePath& file, int flags, int number, const struct stat& status) {
   FileWatch* const watch = Present_File_Watch();
-  const bool is_reading = (flags & O_ACCMODE) == O_RDONLY && S_ISREG(status.st_mode);
-  if (watch != nullptr && is_reading) watch->Reads(file, number, status);
+  const bool is_read = Is_Reading(flags) && S_ISREG(status.st_mode);
+  if (watch != nullptr && is_read) watch->Reads(file, number, status);
 }
 
-int Open(const FilePath& file, int flags) {
-  const std::string& path = file.native.native();
+int Open(const std::string& path, int flags) {
   if (path.find('\0') != std::string::npos) {
     errno = ENOENT;
     return -1;
@@ -94,11 +95,11 @@ void Throw_File_Failure(const FilePath& file, const std::string& cause) {
 }
 
 FileDescriptor::FileDescriptor(const FilePath& file, int flags) : file_(file) {
-  if ((flags & O_ACCMODE) != O_RDONLY) {
+  if (!Is_Reading(flags)) {
     Require_Writable(file);
     Tell_Change(file, (flags & O_APPEND) != 0);
   }
-  number_ = Open(file, flags);
+  number_ = Open((Is_Reading(flags) ? Place_To_Read(file) : file.native).native(), flags);
   if (number_ < 0) {
     const int error = errno;
     // When O_CREAT fails with "not found", the missing thing is the folder.

@@ -22,4 +22,9 @@ std::uint64_t Visible_Bytes(const FilePath& file, std::uint64_t size) {
   return watch == nullptr ? size : watch->Visible_Bytes(file, size);
 }
 
+std::filesystem::path Place_To_Read(const FilePath& file) {
+  FileWatch* const watch = Present_File_Watch();
+  return watch == nullptr ? file.native : watch->Place_To_Read(file);
+}
+
 }  // namespace sylvomex

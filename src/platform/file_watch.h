@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 
 #include <cstdint>
+#include <filesystem>
 
 #include "platform/drive_map.h"
 
@@ -23,6 +24,12 @@ class FileWatch {
   [[nodiscard]] virtual std::uint64_t Visible_Bytes(const FilePath&, std::uint64_t size) {
     return size;
   }
+
+  /// The native path that is opened when the file is to be read: that of an earlier state when a
+  /// session is done again that has overwritten the file since, or of none when there was none.
+  [[nodiscard]] virtual std::filesystem::path Place_To_Read(const FilePath& file) {
+    return file.native;
+  }
 };
 
 /// Makes a watch that of the whole program, nullptr for none, and returns the former one.
@@ -33,5 +40,8 @@ FileWatch* Present_File_Watch();
 
 /// The bytes that a reader is given; all of them without a watch.
 std::uint64_t Visible_Bytes(const FilePath& file, std::uint64_t size);
+
+/// Where a reader opens the file; its native path without a watch.
+std::filesystem::path Place_To_Read(const FilePath& file);
 
 }  // namespace sylvomex

@@ -109,7 +109,7 @@ void Delete_Matching(const DriveMap& drives, std::string_view pattern) {
 
 bool File_Exists(const FilePath& file) {
   std::error_code failure;
-  const auto status = std::filesystem::status(file.native, failure);
+  const auto status = std::filesystem::status(Place_To_Read(file), failure);
   return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
 }
 

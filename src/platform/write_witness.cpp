@@ -18,7 +18,8 @@ WriteWitness::WriteWitness() { Witnesses().push_back(this); }
 WriteWitness::~WriteWitness() { std::erase(Witnesses(), this); }
 
 void Tell_Change(const FilePath& file, bool appends) {
-  for (WriteWitness* witness : Witnesses()) witness->Will_Change(file, appends);
+  std::vector<WriteWitness*>& witnesses = Witnesses();
+  for (std::size_t i = witnesses.size(); i-- > 0;) witnesses[i]->Will_Change(file, appends);
 }
 
 void Tell_Append(const FilePath& file, std::string_view text) {

@@ -10,8 +10,8 @@
 namespace sylvomex {
 
 /// Joins the witnesses of the thread that makes it and leaves them at the end of its life. Each one
-/// is told in the order of joining; without one, nothing is done. An exception that leaves a
-/// witness leaves the file alone and reaches the writer.
+/// is told, of a coming change the one that joined last first; without one, nothing is done. An
+/// exception that leaves a witness leaves the file alone and reaches the writer.
 class WriteWitness {
  public:
   WriteWitness();

@@ -69,13 +69,15 @@ long JournalAppends::Repeated_Number(JournalLine::Kind kind, const FilePath& fil
 }
 
 /// Hides the lines of a file that the journal appends after one that has been done again, unless
-/// the file was cut or begun anew in between.
+/// the file is cut or begun anew in between.
 void JournalAppends::Hide_Later_Lines(const std::string& path, long done) {
   const auto last = known_.find(done);
   const std::uint64_t end = last == known_.end() ? 0 : last->second.offset + last->second.bytes;
   const auto later = std::find_if(known_.upper_bound(done), known_.end(),
                                   [&](const auto& entry) { return entry.second.file == path; });
-  const bool hides = later != known_.end() && !later->second.takes && later->second.offset >= end;
+  const std::optional<long> write = reads_.Coming_Write(path);
+  const bool hides = later != known_.end() && !later->second.takes && later->second.offset >= end &&
+                     !(write && *write < later->first);
   reads_.Hide_From(path, hides ? std::optional(later->second.offset) : std::nullopt);
 }
 
@@ -95,7 +97,7 @@ bool JournalAppends::Find(const FilePath& file, std::string_view text) {
   }
   if (append.state == State::Begun) return Is_Begun_One_There(file, text);
   if (reads_.Has_Written(file)) return false;
-  if (Was_Taken(append)) return true;
+  if (Was_Taken(append) || reads_.Coming_Write(append.file)) return true;
   Found("what was appended to " + file.name + " as number " + std::to_string(present_) +
         " no longer stands there; it was not appended again");
   return true;

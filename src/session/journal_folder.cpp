@@ -11,6 +11,7 @@
 #include "platform/files.h"
 #include "platform/run_time_error.h"
 #include "platform/wall_clock.h"
+#include "session/journal_reads.h"
 
 namespace sylvomex {
 namespace {
@@ -79,8 +80,11 @@ void Put_Journal_Aside(const FilePath& journal) {
   const std::string text = Read_Whole_File(journal);
   if (text.empty()) return;
   if (!Facts_Of_Journal(text).has_exit) {
-    return Rename(journal, journal.native.string(), journal.native.string() + "." + Date_Text());
+    const std::string aside = journal.native.string() + "." + Date_Text();
+    Rename(journal, Folder_Of_Kept(journal.native).string(), Folder_Of_Kept(aside).string());
+    return Rename(journal, journal.native.string(), aside);
   }
+  Remove_Kept(journal.native);
   for (int number = kKept - 1; number >= 1; --number) {
     Rename(journal, Numbered(journal, number), Numbered(journal, number + 1));
   }

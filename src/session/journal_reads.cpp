@@ -5,6 +5,8 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <system_error>
+#include <utility>
 
 #include "platform/checksum.h"
 #include "session/script_reader.h"
@@ -13,6 +15,7 @@ namespace sylvomex {
 namespace {
 
 constexpr std::uint64_t kWhollyChecked = 131072;  // bytes, see Checksum_Of_File
+constexpr const char* kNoFile = "none";           // no name of a kept state
 
 std::string Modified_Text(const struct stat& status) {
   return std::to_string(std::int64_t{status.st_mtim.tv_sec} * 1'000'000'000 +
@@ -22,6 +25,11 @@ std::string Modified_Text(const struct stat& status) {
 JournaledRead State_Of(int descriptor, const struct stat& status) {
   const auto bytes = static_cast<std::uint64_t>(status.st_size);
   return {bytes, Modified_Text(status), Checksum_Of_File(descriptor, bytes)};
+}
+
+std::string Word_Of(BeforeWrite before) {
+  if (before == BeforeWrite::Unknown) return "";
+  return before == BeforeWrite::Missing ? " new" : " kept";
 }
 
 /// Why a file is not what it was, or the empty text.
@@ -42,13 +50,48 @@ std::string Change(const std::string& path, const JournaledRead& then) {
 
 }  // namespace
 
-JournalReads::JournalReads(Journal& journal) : journal_(journal), former_(Set_File_Watch(this)) {}
+JournalReads::JournalReads(Journal& journal, const JournalFacts& facts,
+                           std::filesystem::path folder)
+    : journal_(journal),
+      folder_(std::move(folder)),
+      former_(Set_File_Watch(this)),
+      again_(facts.writes) {
+  for (const auto& [path, read] : facts.reads) reads_in_journal_.insert(path);
+  for (const auto& [path, write] : facts.writes) writes_in_journal_.insert(path);
+}
 
 JournalReads::~JournalReads() { Set_File_Watch(former_); }
 
-void JournalReads::Knows(const JournalFacts& facts) {
-  for (const auto& [path, read] : facts.reads) reads_in_journal_.insert(path);
-  writes_in_journal_ = facts.writes;
+void JournalReads::Is_Done_Again() {
+  const std::lock_guard lock(mutex_);
+  again_.clear();
+}
+
+// A kept state that has got lost is replaced by what there is.
+std::filesystem::path JournalReads::Place_To_Read(const FilePath& file) {
+  const std::lock_guard lock(mutex_);
+  if (again_.empty()) return file.native;
+  const std::string path = file.native.string();
+  const auto write = again_.find(path);
+  if (write == again_.end() || write->second.before == BeforeWrite::Unknown) return file.native;
+  if (write->second.before == BeforeWrite::Missing) return folder_ / kNoFile;
+  std::error_code failure;
+  const std::filesystem::path kept = folder_ / Checksum(path);
+  return std::filesystem::exists(kept, failure) ? kept : file.native;
+}
+
+/// Keeps the state of a file that is about to be written over for the first time.
+BeforeWrite JournalReads::Keep(const std::string& path) {
+  std::error_code failure;
+  const std::uintmax_t bytes = std::filesystem::file_size(path, failure);
+  const bool is_missing = failure == std::errc::no_such_file_or_directory;
+  if (failure) return is_missing ? BeforeWrite::Missing : BeforeWrite::Unknown;
+  if (bytes > kLargestKept || !reads_in_journal_.contains(path)) return BeforeWrite::Unknown;
+  std::filesystem::create_directories(folder_, failure);
+  const auto kOver = std::filesystem::copy_options::overwrite_existing;
+  const bool is_kept =
+      std::filesystem::copy_file(path, folder_ / Checksum(path), kOver, failure) && !failure;
+  return is_kept ? BeforeWrite::Kept : BeforeWrite::Unknown;
 }
 
 void JournalReads::Reads(const FilePath& file, int descriptor, const struct stat& status) {
@@ -65,8 +108,15 @@ void JournalReads::Will_Change(const FilePath& file, bool appends) {
   const std::string path = file.native.string();
   const std::lock_guard lock(mutex_);
   written_.insert(path);
+  again_.erase(path);
   if (!writes_in_journal_.insert(path).second) return;
-  journal_.Comment("writes " + Script_Word(path));
+  journal_.Comment("writes " + Script_Word(path) + Word_Of(Keep(path)));
+}
+
+std::optional<long> JournalReads::Coming_Write(const std::string& path) const {
+  const std::lock_guard lock(mutex_);
+  const auto write = again_.find(path);
+  return write == again_.end() ? std::nullopt : std::optional(write->second.after_append);
 }
 
 void JournalReads::Hide_From(const std::string& path, std::optional<std::uint64_t> offset) {
@@ -89,8 +139,26 @@ bool JournalReads::Has_Written(const FilePath& file) const {
   return written_.contains(file.native.string());
 }
 
+std::filesystem::path Folder_Of_Kept(const std::filesystem::path& journal) {
+  return journal.string() + ".before";
+}
+
+void Remove_Kept(const std::filesystem::path& journal) {
+  std::error_code failure;
+  const std::filesystem::path folder = Folder_Of_Kept(journal);
+  std::vector<std::filesystem::path> kept;
+  for (const auto& entry : std::filesystem::directory_iterator(folder, failure)) {
+    const std::string name = entry.path().filename().string();
+    const bool is_checksum = name.find_first_not_of("0123456789abcdef") == std::string::npos;
+    if (is_checksum && name.size() == Checksum("").size()) kept.push_back(entry.path());
+  }
+  for (const std::filesystem::path& file : kept) std::filesystem::remove(file, failure);
+  if (!kept.empty()) std::filesystem::remove(folder, failure);
+}
+
 std::vector<std::string> Changed_Files(const JournalFacts& facts) {
-  std::set<std::string> own = facts.writes;
+  std::set<std::string> own;
+  for (const auto& [path, write] : facts.writes) own.insert(path);
   for (const auto& [number, append] : facts.appends) own.insert(append.file);
   std::vector<std::string> changed;
   for (const auto& [path, then] : facts.reads) {

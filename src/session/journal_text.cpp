@@ -72,6 +72,16 @@ void Take_Read(JournalFacts& facts, const Words& words) {
   facts.reads.try_emplace(words[1].text, JournaledRead{*bytes, words[3].text, words[4].text});
 }
 
+void Take_Write(JournalFacts& facts, const Words& words) {
+  if (words.size() != 2 && words.size() != 3) return;
+  const std::string state = words.size() == 3 ? words[2].text : "";
+  BeforeWrite before = BeforeWrite::Unknown;
+  if (state == "new") before = BeforeWrite::Missing;
+  if (state == "kept") before = BeforeWrite::Kept;
+  const long after = facts.appends.empty() ? 0 : facts.appends.rbegin()->first;
+  facts.writes.try_emplace(words[1].text, JournaledWrite{before, after});
+}
+
 void Take_Comment(JournalFacts& facts, const Words& words) {
   if (words.empty()) return;
   const std::string& name = words.front().text;
@@ -80,7 +90,7 @@ void Take_Comment(JournalFacts& facts, const Words& words) {
     Take_Append_State(facts, words, JournaledAppend::State::Done);
   if (name == "not-appended") Take_Append_State(facts, words, JournaledAppend::State::Failed);
   if (name == "reads") Take_Read(facts, words);
-  if (name == "writes" && words.size() == 2) facts.writes.insert(words[1].text);
+  if (name == "writes") Take_Write(facts, words);
 }
 
 std::optional<JournalHead> Head_Of(std::string_view text) {

@@ -22,7 +22,8 @@
 //   # time SECONDS                 since 1970
 //   # appended N, # not-appended N, # taken N      what became of an append or a taking
 //   # reads FILE BYTES MODIFIED CHECKSUM           a file that the session read
-//   # writes FILE                  a file that the session wrote as a whole
+//   # writes FILE [new|kept]       a file that the session wrote as a whole; new: there was none;
+//                                  kept: it had been read, and its former state was kept
 //   # cause TEXT                   what was behind a message
 #pragma once
 
@@ -57,6 +58,15 @@ struct JournaledRead {
   std::string checksum;
 };
 
+/// What is known of a file as it was before the session first wrote it as a whole.
+enum class BeforeWrite { Unknown, Missing, Kept };
+
+/// The first time that a session wrote a file as a whole.
+struct JournaledWrite {
+  BeforeWrite before = BeforeWrite::Unknown;
+  long after_append = 0;  // the number of the last append or taking announced before it
+};
+
 struct JournalHead {
   std::string root;
   double width = 0, height = 0;  // pixels
@@ -67,8 +77,8 @@ struct JournalHead {
 struct JournalFacts {
   std::optional<JournalHead> head;  // empty for a file that is no journal
   std::map<long, JournaledAppend> appends;
-  std::map<std::string, JournaledRead> reads;  // by native path; the first time each was read
-  std::set<std::string> writes;                // native paths
+  std::map<std::string, JournaledRead> reads;    // by native path; the first time each was read
+  std::map<std::string, JournaledWrite> writes;  // by native path
   bool has_exit = false;
   std::uint64_t whole_bytes = 0;  // up to the last line end
 };

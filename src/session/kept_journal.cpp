@@ -54,14 +54,13 @@ KeptJournal::KeptJournal(UnfinishedJournal unfinished, Screen& screen)
     : unfinished_(std::move(unfinished)),
       file_(unfinished_.file, unfinished_.facts.whole_bytes),
       journal_(file_),
-      reads_(journal_),
+      reads_(journal_, unfinished_.facts, Folder_Of_Kept(unfinished_.file.native)),
       appends_(journal_, unfinished_.facts.appends, reads_),
-      screen_(screen, journal_, unfinished_.facts.head->seed) {
-  reads_.Knows(unfinished_.facts);
-}
+      screen_(screen, journal_, unfinished_.facts.head->seed) {}
 
 KeptJournal::KeptJournal(const FilePath& file, const JournalHead& head, Screen& screen)
     : KeptJournal(Empty_Journal(file, head), screen) {
+  Remove_Kept(file.native);
   journal_.Write_Head(head);
 }
 
@@ -79,6 +78,7 @@ std::vector<std::string> KeptJournal::Repeat(Workspace& w, PlayerServices servic
     JournalPlayer journal_player(cursor, repeating, player, &journal_);
     play = journal_player.Play(after_event);
   }
+  reads_.Is_Done_Again();
   screen_.Forward_To(own);
   told.insert(told.begin(), Events_Text(play.events) + " done again from " + unfinished_.file.name +
                                 (play.last_one_ended ? "" : ", the last one had not ended"));

@@ -8,7 +8,9 @@
 
 #include "platform/files.h"
 #include "platform/replacing_file.h"
+#include "platform/run_time_error.h"
 #include "platform/wall_clock.h"
+#include "platform/write_witness.h"
 #include "support/temporary_folder.h"
 
 namespace sylvomex {
@@ -52,6 +54,40 @@ TEST(FileWatch, LimitsWhatReadersAreGiven) {
   EXPECT_EQ(file.Size(), 3U);
   EXPECT_EQ(file.Read_At(1, bytes), 2U);
   EXPECT_EQ(file.Read_At(4, bytes), 0U);
+}
+
+TEST(FileWatch, TellsWhereReadersOpenAFile) {
+  struct Elsewhere : Seen {
+    FilePath other;
+    std::filesystem::path Place_To_Read(const FilePath&) override { return other.native; }
+  };
+  const TemporaryFolder folder;
+  const FilePath a = folder.Write("a", "present");
+  Elsewhere elsewhere;
+  elsewhere.other = folder.Write("b", "former");
+  EXPECT_EQ(Read_Whole_File(a), "former");
+  EXPECT_EQ(PositionalFile(a).Size(), 6U);
+  Write_Whole_File(a, std::string_view("new"));
+  EXPECT_EQ(folder.Read("a"), "new");
+  elsewhere.other = folder.File("none");
+  EXPECT_FALSE(File_Exists(a));
+  EXPECT_THROW(Read_Whole_File(a), RunTimeError);
+}
+
+TEST(WriteWitness, ReadsAFileBeforeThoseThatJoinedEarlierHearOfItsChange) {
+  struct Noting : WriteWitness {
+    explicit Noting(std::string& told, char name) : told_(told), name_(name) {}
+    void Will_Change(const FilePath&, bool) override { told_ += name_; }
+    void Has_Appended(const FilePath&, std::string_view) override {}
+    std::string& told_;
+    char name_;
+  };
+  const TemporaryFolder folder;
+  std::string told;
+  const Noting first(told, '1');
+  const Noting second(told, '2');
+  Write_Whole_File(folder.File("a"), std::string_view("text"));
+  EXPECT_EQ(told, "21");
 }
 
 TEST(WallClock, StandsWhereItIsHeld) {

@@ -88,5 +88,22 @@ TEST_F(JournalFolderTest, OneThatWasNotEndedStaysUnderItsDate) {
   EXPECT_EQ(state.Read(Name(journal) + ".2001-09-09T01-46-40"), Text("set Text4 5\n"));
 }
 
+TEST_F(JournalFolderTest, FilesThatItKeptStayWithOneThatWasNotEnded) {
+  setenv("TZ", "UTC", 1);
+  tzset();
+  const FilePath journal = Journal_Of_Root(root.Path());
+  const std::string kept = "/0123456789abcdef";
+  const auto keep = [&](const std::string& text) {
+    state.Write(Name(journal), text);
+    state.Write(Name(journal) + ".before" + kept, "former");
+    Put_Journal_Aside(journal);
+    EXPECT_FALSE(state.Has(Name(journal) + ".before"));
+  };
+  keep(Text("set Text4 5\n"));
+  EXPECT_EQ(state.Read(Name(journal) + ".2001-09-09T01-46-40.before" + kept), "former");
+  keep(Text("set Text4 5\nend done\nexit\n"));
+  EXPECT_EQ(Files(), 3U);
+}
+
 }  // namespace
 }  // namespace sylvomex

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <sstream>
 
+#include "session/journal_reads.h"
 #include "session/journal_screen.h"
 #include "session/script_screen.h"
 #include "session/session.h"
@@ -162,6 +163,53 @@ TEST_F(JournalTest, RepeatedReaderSeesTheLinesOfItsTime) {
   const std::string marks = transcript.substr(transcript.find("point"));
   ASSERT_EQ(Resume("marks Picture1(0)\n"), 0) << told;
   EXPECT_EQ(transcript, marks);
+}
+
+// The ground polygon is read and drawn, then another one is begun and drawn.
+std::string Two_Ground_Polygons() {
+  return JournalTest::Two_Images() + JournalTest::Set_Point("5") +
+         "menu Draw_XYZ_Polygon\nmenu Draw_Polygon\nclick Picture1(0) 20 20 right\n"
+         "click Picture1(0) 40 20\nclick Picture1(0) 40 45\nmenu Draw_XYZ_Polygon\n"
+         "menu Draw_XYZ_Polygon\n";
+}
+
+TEST_F(JournalTest, RepeatedReaderSeesAFileAsItWasBeforeItWasWrittenOver) {
+  constexpr const char* kGround = "c/data/XY_polyline.txt";
+  site.Folder().Write(kGround, "0,0,3\n3,1,3\n5,9,3\n7,2,3\n1,8,3\n");
+  ASSERT_EQ(Play_With_Journal(Two_Ground_Polygons() + "say marks\nmarks Picture1(0)\n"), 0) << told;
+  const std::string marks = transcript.substr(transcript.find("say marks"));
+  const std::string ground = site.Folder().Read(kGround);
+  EXPECT_EQ(std::ranges::count(ground, '\n'), 3);
+  for (int again = 0; again < 2; ++again) {
+    ASSERT_EQ(Resume("say marks\nmarks Picture1(0)\n"), 0) << told;
+    EXPECT_EQ(transcript, marks);
+    EXPECT_EQ(site.Folder().Read(kGround), ground);
+    EXPECT_EQ(std::ranges::count(told, '\n'), 1) << told;
+  }
+}
+
+TEST_F(JournalTest, RepeatedReaderDoesNotSeeAFileThatWasMadeLater) {
+  ASSERT_EQ(Play_With_Journal(Two_Ground_Polygons() + "say marks\nmarks Picture1(0)\n"), 0) << told;
+  const std::string marks = transcript.substr(transcript.find("say marks"));
+  ASSERT_EQ(Resume("say marks\nmarks Picture1(0)\n"), 0) << told;
+  EXPECT_EQ(transcript, marks);
+}
+
+TEST_F(JournalTest, FileThatIsTooLargeToKeepIsReadAsItIs) {
+  site.Folder().Write("c/data/XY_polyline.txt",
+                      "0,0,3\n3,1,3\n" + std::string(JournalReads::kLargestKept, ' '));
+  ASSERT_EQ(Play_With_Journal(Two_Ground_Polygons()), 0) << told;
+  EXPECT_FALSE(folder.Has("session.journal.before"));
+  ASSERT_EQ(Resume(""), 0) << told;
+}
+
+TEST_F(JournalTest, NewJournalDropsTheFilesThatTheFormerOneKept) {
+  site.Folder().Write("c/data/XY_polyline.txt", "0,0,3\n3,1,3\n");
+  ASSERT_EQ(Play_With_Journal(Two_Ground_Polygons()), 0) << told;
+  EXPECT_TRUE(folder.Has("session.journal.before"));
+  Write_Journal("");
+  ASSERT_EQ(Play_With_Journal(Set_Point("5")), 0) << told;
+  EXPECT_FALSE(folder.Has("session.journal.before"));
 }
 
 TEST_F(JournalTest, AppendIsAnnouncedBeforeAndConfirmedAfter) {
