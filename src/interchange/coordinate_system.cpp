@@ -97,4 +97,16 @@ void Refuse_Exchanged_Axes(const OGRSpatialReference& system, double X, double Y
                 "are exchanged");
 }
 
+void Refuse_Degrees(const OGRSpatialReference& system, double X, double Y) {
+  double west = 0, south = 0, east = 0, north = 0;
+  if (std::abs(X) > 180 || std::abs(Y) > 180 || In_Area_Of_Use(system, X, Y)) return;
+  if (!system.GetAreaOfUse(&west, &south, &east, &north, nullptr)) return;
+  const auto is_within = [&](double longitude, double latitude) {
+    return longitude >= west && longitude <= east && latitude >= south && latitude <= north;
+  };
+  if (!is_within(X, Y) && !is_within(Y, X)) return;
+  throw Refused("the position " + std::to_string(X) + ", " + std::to_string(Y) +
+                " is in degrees; positions must be in the site's coordinate system");
+}
+
 }  // namespace sylvomex

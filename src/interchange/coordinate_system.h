@@ -34,4 +34,8 @@ bool In_Area_Of_Use(const OGRSpatialReference& system, double X, double Y);
 void Refuse_Exchanged_Axes(const OGRSpatialReference& system, double X, double Y,
                            const std::string& name);
 
+/// Refused when a position lies far outside the area of the system, but would lie inside as
+/// longitude and latitude in degrees, in either order.
+void Refuse_Degrees(const OGRSpatialReference& system, double X, double Y);
+
 }  // namespace sylvomex

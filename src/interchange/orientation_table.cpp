@@ -109,6 +109,9 @@ const char* Format_Name(TableFormat format) {
 OrientationTable Parse_Orientation_Table(const NamedText& table, const NamedText& cameras,
                                          const std::string& format) {
   OrientationTable parsed;
+  if (table.text.find_first_not_of(" \t\r\n") == std::string::npos) {
+    throw Refused(table.name + ": the table is empty, not even its header line is there");
+  }
   const TableFormat kind = format.empty() ? Found_Format(table) : Named_Format(format);
   switch (kind) {
     case TableFormat::Plain:

@@ -63,15 +63,20 @@ PhotoFile::PhotoFile(const std::filesystem::path& file) : name_(file.string()) {
     }
     has_16_bits_ = has_16_bits_ || type != GDT_Byte;
   }
+  if (bands == 1 && !has_16_bits_) Read_Palette();
+}
+
+/// A palette of greys, as bitmaps have it, leaves a grey image.
+void PhotoFile::Read_Palette() {
   const GDALColorTable* const table = dataset_->GetRasterBand(1)->GetColorTable();
-  if (bands != 1 || has_16_bits_ || table == nullptr) return;
-  is_colour_ = true;
+  if (table == nullptr) return;
   palette_.resize(256);
   for (int i = 0; i < std::min(256, table->GetColorEntryCount()); ++i) {
     const GDALColorEntry* const entry = table->GetColorEntry(i);
     palette_[static_cast<std::size_t>(i)] = {static_cast<std::uint8_t>(entry->c1),
                                              static_cast<std::uint8_t>(entry->c2),
                                              static_cast<std::uint8_t>(entry->c3)};
+    is_colour_ = is_colour_ || entry->c1 != entry->c2 || entry->c1 != entry->c3;
   }
 }
 
@@ -103,6 +108,10 @@ void PhotoFile::Refuse_Damage(const PixelWindow& window) const {
 }
 
 void PhotoFile::Look_Up_Palette(std::span<std::uint8_t> pixels) const {
+  if (!is_colour_) {
+    for (std::uint8_t& pixel : pixels) pixel = palette_[pixel][0];
+    return;
+  }
   // The indices stand at the end of the span, so that no index is overwritten before its turn.
   const std::size_t count = pixels.size() / 3;
   const std::uint8_t* const indices = pixels.data() + 2 * count;
@@ -115,7 +124,7 @@ void PhotoFile::Look_Up_Palette(std::span<std::uint8_t> pixels) const {
 void PhotoFile::Read(const PixelWindow& window, std::span<std::uint8_t> pixels) const {
   CPLErrorReset();
   const int bands = palette_.empty() ? Bands() : 1;
-  const std::size_t offset = palette_.empty() ? 0 : pixels.size() / 3 * 2;
+  const std::size_t offset = palette_.empty() || !is_colour_ ? 0 : pixels.size() / 3 * 2;
   const CPLErr failed =
       dataset_->RasterIO(GF_Read, window.first_col, window.first_row, window.width, window.height,
                          pixels.data() + offset, window.width, window.height, GDT_Byte, bands,

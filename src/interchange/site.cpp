@@ -67,6 +67,7 @@ void Take_Extent(Site& site, const MapExtent& world, const std::string& name) tr
   const auto system = Coordinate_System(site.crs);
   Refuse_Exchanged_Axes(system, (world.west + world.east) / 2, (world.south + world.north) / 2,
                         "the middle");
+  Refuse_Degrees(system, (world.west + world.east) / 2, (world.south + world.north) / 2);
   if (!site.shift) {
     site.shift = Shift_For(world);
   } else if (!Holds(Room_Of_All_Campaigns(), Shifted(world, *site.shift), 0)) {
@@ -84,6 +85,9 @@ void Init_Site(const std::filesystem::path& folder, const std::string& crs) try 
   for (const char* const inside : {"c/data/Lehtomaa/Pistedata", "c/temp"}) {
     std::error_code error;
     std::filesystem::create_directories(folder / inside, error);
+    if (error == std::errc::no_space_on_device) {
+      throw FailedOnTheWay(folder.string() + ": " + error.message());
+    }
     if (error) throw Refused(folder.string() + ": " + error.message());
   }
   Site site;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "interchange/sun_position.h"
 
+#include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <numbers>
@@ -42,10 +44,37 @@ std::optional<int> Zone_Minutes(std::string_view zone) {
   return (zone[0] == '-' ? -1 : 1) * (60 * hours + minutes);
 }
 
+/// The extended form of ISO 8601's basic form ("20240621T101530Z"), with points for commas.
+std::string Extended(std::string text) {
+  std::replace(text.begin(), text.end(), ',', '.');
+  const auto digits_from = [&text](std::size_t position) {
+    return std::min(text.find_first_not_of("0123456789", position), text.size()) - position;
+  };
+  constexpr std::size_t kTime = 11;  // behind the date and its T
+  if (digits_from(0) != 8) return text;
+  text.insert(6, "-").insert(4, "-");
+  const std::size_t digits = text.size() > kTime ? digits_from(kTime) : 0;
+  if (digits == 6) text.insert(kTime + 4, ":");
+  if (digits == 6 || digits == 4) text.insert(kTime + 2, ":");
+  return text;
+}
+
+bool Is_Date(int year, int month, int day) {
+  const std::chrono::year_month_day date{std::chrono::year(year),
+                                         std::chrono::month(static_cast<unsigned>(month)),
+                                         std::chrono::day(static_cast<unsigned>(day))};
+  return year >= 1800 && year <= 2200 && month > 0 && day > 0 && date.ok();
+}
+
+bool Is_Time(int hour, int minute, double second) {
+  if (hour == 24) return minute == 0 && second == 0;
+  return hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 61;
+}
+
 }  // namespace
 
 std::optional<double> Julian_Day(std::string_view utc) {
-  const std::string text(utc);
+  const std::string text = Extended(std::string(utc));
   int year = 0;
   int month = 0;
   int day = 0;
@@ -60,10 +89,7 @@ std::optional<double> Julian_Day(std::string_view utc) {
   int more = 0;
   if (std::sscanf(text.c_str() + used, ":%lf%n", &second, &more) == 1) used += more;
   const auto zone = Zone_Minutes(std::string_view(text).substr(static_cast<std::size_t>(used)));
-  const bool is_date = year >= 1800 && year <= 2200 && month >= 1 && month <= 12 && day >= 1 &&
-                       day <= 31 && hour >= 0 && hour <= 24 && minute >= 0 && minute < 60 &&
-                       second >= 0 && second < 61;
-  if (!is_date || !zone) return std::nullopt;
+  if (!Is_Date(year, month, day) || !Is_Time(hour, minute, second) || !zone) return std::nullopt;
   return Day_Of_Date(year, month, day + (hour + (minute - *zone + second / 60) / 60) / 24);
 }
 

@@ -96,6 +96,16 @@ TEST_F(ImageImport, EightBitsComeBitForBitFromEveryLayout) {
   }
 }
 
+TEST_F(ImageImport, APaletteOfGreysLeavesAGreyImage) {
+  const auto values = Mixed_Values(21, 13, 1);
+  // A white-is-zero file has the falling palette.
+  Import_Images(One(21, 13, 1, GDT_Byte, values, {"PHOTOMETRIC=MINISWHITE"}));
+  std::string expected;
+  for (const std::int32_t value : values) expected += static_cast<char>(255 - value);
+  EXPECT_EQ(Raw("photo1"), expected);
+  EXPECT_EQ(Header("photo1").ColorFlag, 0);
+}
+
 TEST_F(ImageImport, OfFourBandsTheFirstThreeAreTaken) {
   const auto values = Mixed_Values(20, 10, 4);
   Import_Images(One(20, 10, 4, GDT_Byte, values));

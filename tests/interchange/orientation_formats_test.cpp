@@ -323,5 +323,17 @@ TEST(OrientationTables, RefuseWhatCannotBeUnderstood) {
   }
 }
 
+TEST(OrientationTable, AnEmptyFileIsRefusedAsEmpty) {
+  for (const char* const text : {"", " \r\n\n"}) {
+    try {
+      Parse_Orientation_Table({text, "empty.csv"}, {}, "");
+      FAIL() << "it was read";
+    } catch (const Refused& refusal) {
+      EXPECT_NE(std::string(refusal.what()).find("empty.csv: the table is empty"),
+                std::string::npos);
+    }
+  }
+}
+
 }  // namespace
 }  // namespace sylvomex

@@ -149,5 +149,25 @@ TEST(TakeExtent, RefusesExchangedAxesAndNamesTheFile) {
   }
 }
 
+TEST(TakeExtent, RefusesDegrees) {
+  for (const auto& [X, Y] : {std::pair{24.9, 60.2}, std::pair{60.2, 24.9}}) {
+    Site site;
+    site.crs = "EPSG:3067";
+    try {
+      Take_Extent(site, {X, Y, X + 0.01, Y + 0.01}, "degrees.csv");
+      FAIL() << "it was taken";
+    } catch (const Refused& refusal) {
+      EXPECT_NE(std::string(refusal.what()).find("degrees.csv"), std::string::npos);
+      EXPECT_NE(std::string(refusal.what()).find("in degrees"), std::string::npos);
+    }
+  }
+}
+
+TEST(TakeExtent, TakesSmallCoordinatesThatAreNoDegreesOfTheArea) {
+  Site site;
+  site.crs = "EPSG:3067";
+  EXPECT_NO_THROW(Take_Extent(site, {0, 0, 100, 100}, "local.csv"));
+}
+
 }  // namespace
 }  // namespace sylvomex

@@ -25,6 +25,23 @@ TEST(JulianDay, TakesOffsetsFromGreenwich) {
   EXPECT_DOUBLE_EQ(Julian_Day("2000-01-01T14:00:00.000+02").value(), noon);
 }
 
+TEST(JulianDay, ReadsTheBasicFormAndCommas) {
+  const double noon = 2451545.0;
+  EXPECT_DOUBLE_EQ(Julian_Day("20000101T120000Z").value(), noon);
+  EXPECT_DOUBLE_EQ(Julian_Day("20000101T1500+0300").value(), noon);
+  EXPECT_DOUBLE_EQ(Julian_Day("2000-01-01T11:59:59,5Z").value(), noon - 0.5 / 86400);
+  EXPECT_DOUBLE_EQ(Julian_Day("1999-12-31T24:00:00Z").value(), noon - 0.5);
+}
+
+TEST(JulianDay, KnowsTheLengthsOfTheMonths) {
+  EXPECT_TRUE(Julian_Day("2024-02-29T12:00:00Z").has_value());
+  for (const char* const text :
+       {"2023-02-29T12:00:00Z", "1900-02-29T12:00:00Z", "2024-04-31T12:00:00Z",
+        "2024-01-01T24:00:01Z", "20240230T1200Z"}) {
+    EXPECT_FALSE(Julian_Day(text).has_value()) << text;
+  }
+}
+
 TEST(JulianDay, IsNothingForOtherTexts) {
   for (const char* const text : {"", "yesterday", "2000-13-01T00:00:00Z", "2000-01-01",
                                  "2000-01-01T", "2000-01-01T12:00:00X", "2000-01-01T25:00:00Z"}) {
