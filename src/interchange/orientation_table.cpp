@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interchange/orientation_table.h"
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <set>
@@ -39,7 +40,8 @@ TableFormat Found_Format(const NamedText& table) {
   if (name == "images.txt" || text.find("IMAGE_ID, QW") != std::string_view::npos) {
     return TableFormat::TextModel;
   }
-  const std::string first = Lower(text.substr(0, text.find_first_of("\r\n")));
+  const std::string_view from_start = text.substr(std::min(start, text.size()));
+  const std::string first = Lower(from_start.substr(0, from_start.find_first_of("\r\n")));
   if (first.find("perspectivex") != std::string::npos) return TableFormat::Frames;
   if (first.find("f_mm") != std::string::npos) return TableFormat::Plain;
   return TableFormat::Angles;

@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <functional>
 #include <new>
+#include <sstream>
 
 #include "interchange/failures.h"
 #include "platform/run_time_error.h"
@@ -198,11 +199,15 @@ int Run_Site_Program(std::vector<std::string> words, std::ostream& out, std::ost
     status = Run_Task(task, output);
   } catch (const CLI::ParseError& error) {
     if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
-      return app.exit(error, output.json ? err : out, err);
+      std::ostringstream help;
+      app.exit(error, help, help);
+      if (!output.json) out << help.str();
+      output.object["help"] = help.str();
+    } else {
+      app.exit(error, err, err);
+      output.object["error"] = error.what();
+      status = kWrongCommandLine;
     }
-    app.exit(error, err, err);
-    output.object["error"] = error.what();
-    status = kWrongCommandLine;
   }
   if (output.json) {
     out << output.object.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace)

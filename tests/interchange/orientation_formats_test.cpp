@@ -335,5 +335,11 @@ TEST(OrientationTable, AnEmptyFileIsRefusedAsEmpty) {
   }
 }
 
+TEST(OrientationTable, EmptyLinesMayStandBeforeThePlainHeader) {
+  const std::string rows = Plain_Table(Sample_Photos());
+  EXPECT_EQ(Parse_Orientation_Table({"\n \r\n" + rows, "t.csv"}, {}, "").format,
+            TableFormat::Plain);
+}
+
 }  // namespace
 }  // namespace sylvomex

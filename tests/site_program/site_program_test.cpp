@@ -72,7 +72,21 @@ TEST(SiteProgram, AWrongCommandLineIsTwo) {
   }
 }
 
-TEST(SiteProgram, HelpIsDone) { EXPECT_EQ(Play({"--help"}).status, 0); }
+TEST(SiteProgram, HelpIsDone) {
+  for (const std::vector<std::string>& words :
+       {std::vector<std::string>{"--help"}, {"import", "images", "-h"}}) {
+    const Ran ran = Play(words);
+    EXPECT_EQ(ran.status, 0);
+    EXPECT_NE(ran.out.find("Usage:"), std::string::npos);
+  }
+}
+
+TEST(SiteProgram, HelpAsJsonIsOneObject) {
+  const Ran ran = Play({"init", "--help", "--json"});
+  EXPECT_EQ(ran.status, 0);
+  EXPECT_NE(nlohmann::json::parse(ran.out)["help"].get<std::string>().find("--crs"),
+            std::string::npos);
+}
 
 TEST(SiteProgram, NegativeNumbersAreNumbers) {
   const TemporaryFolder folder;
