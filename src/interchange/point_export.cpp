@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "interchange/point_export.h"
 
+#include <cpl_conv.h>
 #include <cpl_string.h>
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 
+#include <fstream>
 #include <map>
 #include <memory>
+#include <nlohmann/json.hpp>
+#include <sstream>
 
 #include "interchange/coordinate_system.h"
 #include "interchange/exported_file.h"
@@ -68,6 +72,27 @@ void Add_Row(const PointRow& row, const PointTable& table, OGRLayer& layer,
   if (layer.CreateFeature(&feature) != OGRERR_NONE) Fail(name);
 }
 
+/// The system's WKT as the name in the "crs" member, where GDAL wrote none: it names systems by
+/// their authority's code alone, but reads WKT.
+void Name_System_Without_Code(const std::filesystem::path& written, const std::string& crs,
+                              const std::string& name) {
+  std::ostringstream content;
+  content << std::ifstream(written, std::ios::binary).rdbuf();
+  std::string text = content.str();
+  const std::size_t features = text.find("\"features\":");
+  if (features == std::string::npos || text.find("\"crs\":") < features) return;
+  char* wkt = nullptr;
+  const char* const kOptions[] = {"FORMAT=WKT2", nullptr};
+  Coordinate_System(crs).exportToWkt(&wkt, kOptions);
+  const nlohmann::json member = {{"type", "name"}, {"properties", {{"name", wkt}}}};
+  CPLFree(wkt);
+  text.insert(features, "\"crs\": " + member.dump() + ",\n");
+  std::ofstream file(written, std::ios::binary | std::ios::trunc);
+  file << text;
+  file.close();
+  if (!file) throw FailedOnTheWay(name + ": it was not written to its end; is the disk full?");
+}
+
 /// Some of GDAL's writers do not notice that the disk is full.
 void Require_All_Rows(const std::filesystem::path& written, std::size_t rows,
                       const std::string& name) {
@@ -102,6 +127,7 @@ void Export_Points(const PointTable& points, const std::string& crs, const std::
   CPLErrorReset();
   file.reset();
   if (CPLGetLastErrorType() == CE_Failure) Fail(output.string());
+  if (driver == "GeoJSON") Name_System_Without_Code(exported.Partial(), crs, output.string());
   Require_All_Rows(exported.Partial(), points.rows.size(), output.string());
   exported.Commit();
 }

@@ -95,6 +95,21 @@ TEST_F(ExportSite, PointsHaveThreeDimensionsAndTheSitesSystem) {
   }
 }
 
+TEST_F(ExportSite, GeoJsonCarriesASystemThatHasNoCode) {
+  const std::string own = Path("own");
+  const std::string proj = "+proj=tmerc +lat_0=0 +lon_0=24.7 +x_0=500000 +ellps=GRS80 +units=m";
+  ASSERT_EQ(Play_Site({"init", own, "--crs", proj}).status, 0);
+  const std::string input = folder.Write("maa.nod", "510000.25,6675990.5,123.5\n").native.string();
+  const SitePlayed played = Play_Site({"export", own, "surface", input, Path("o.geojson")});
+  ASSERT_EQ(played.status, 0) << played.err;
+  Opened back(Path("o.geojson"));
+  EXPECT_EQ(back.Point(0).getX(), 510000.25);
+  const OGRSpatialReference* system = back.file->GetLayer(0)->GetSpatialRef();
+  ASSERT_NE(system, nullptr);
+  EXPECT_EQ(system->GetProjParm("central_meridian"), 24.7);
+  EXPECT_EQ(system->GetProjParm("false_easting"), 500000);
+}
+
 TEST_F(ExportSite, DistancesHaveFourteenColumnsForEachImageInWorldCoordinates) {
   std::string line = "12,3," + Line(384010, 6675990, "180.00");
   for (int image = 0; image < 2; ++image) {
