@@ -15,6 +15,8 @@ namespace {
 constexpr std::uint64_t kShortestHeader = 227;
 constexpr std::uint64_t kLongHeader = 375;           // version 1.4
 constexpr std::uint64_t kMostBytesBefore = 1 << 28;  // header and variable length records
+constexpr std::uint64_t kExtendedRecordHeader = 60;
+constexpr std::uint64_t kMostSystemBytes = 1 << 20;  // of a record that describes a system
 
 class HeaderBytes {
  public:
@@ -139,6 +141,35 @@ void Read_Variable_Records(const HeaderBytes& bytes, LasHeader& header) {
   }
 }
 
+/// The extended records behind the points, in version 1.4, as far as they describe a coordinate
+/// system. A record that is cut short ends the list: the points do not depend on it.
+void Read_Extended_Records(std::istream& stream, const HeaderBytes& start, std::uint64_t bytes,
+                           const std::string& name, LasHeader& header) {
+  if (header.minor < 4) return;
+  auto at = start.At<std::uint64_t>(235);
+  const auto count = start.At<std::uint32_t>(243);
+  std::array<std::uint8_t, kExtendedRecordHeader> head{};
+  const HeaderBytes fields(head, name);
+  for (std::uint32_t i = 0; i < count && at < bytes; ++i) {
+    stream.clear();
+    stream.seekg(static_cast<std::streamoff>(at));
+    if (!stream.read(reinterpret_cast<char*>(head.data()), head.size())) return;
+    const auto length = fields.At<std::uint64_t>(20);
+    at += kExtendedRecordHeader;
+    if (length > bytes - at) return;
+    LasVariableRecord record{fields.Text(2, 16), fields.At<std::uint16_t>(18), {}};
+    if (record.user == "LASF_Projection" && length <= kMostSystemBytes) {
+      record.content.resize(length);
+      if (!stream.read(reinterpret_cast<char*>(record.content.data()),
+                       static_cast<std::streamsize>(length))) {
+        return;
+      }
+      header.records.push_back(std::move(record));
+    }
+    at += length;
+  }
+}
+
 }  // namespace
 
 int Las_Record_Bytes(int format) {
@@ -179,7 +210,9 @@ LasHeader Read_Las_Header(const std::filesystem::path& path, const std::string& 
     start.resize(std::max(had, std::min({std::uint64_t{points_at}, bytes, kMostBytesBefore})));
     read(had);
   }
-  return Parse_Las_Header(start, bytes, name);
+  LasHeader header = Parse_Las_Header(start, bytes, name);
+  Read_Extended_Records(stream, HeaderBytes(start, name), bytes, name, header);
+  return header;
 }
 
 bool Is_Las_File(const std::filesystem::path& path) {

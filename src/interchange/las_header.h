@@ -20,7 +20,7 @@ int Las_Record_Bytes(int format);
 /// Whether a point format has GPS times; 0 and 2 have none.
 bool Las_Has_Time(int format);
 
-/// A variable length record, as far as coordinate systems need it.
+/// A variable length record, extended or not, as far as coordinate systems need it.
 struct LasVariableRecord {
   std::string user;
   int id = 0;
@@ -49,7 +49,8 @@ struct LasHeader {
 LasHeader Parse_Las_Header(std::span<const std::uint8_t> start, std::uint64_t bytes,
                            const std::string& name);
 
-/// The same from a file. path: what is read; name: what messages say.
+/// The same from a file, with the extended records that describe its coordinate system. path: what
+/// is read; name: what messages say.
 LasHeader Read_Las_Header(const std::filesystem::path& path, const std::string& name);
 
 /// Whether a file starts as LAS files do. False for a file that cannot be read.

@@ -31,7 +31,11 @@ function package_of_npm() {
 }
 
 function read_into(library, file, size) {
-  const start = library._malloc(size);
+  const start = size < 2 ** 31 ? library._malloc(size) : 0;
+  if (start === 0) {
+    throw new Error('laz-perf holds the whole file, and its ' + size +
+                    ' bytes are too many; split it');
+  }
   for (let at = 0; at < size;) {
     const part = library.HEAPU8.subarray(start + at, start + Math.min(at + BYTES, size));
     const count = fs.readSync(file, part, 0, part.length, at);
@@ -85,7 +89,8 @@ const found = package_of_npm();
   try {
     decode(library, fs.openSync(input, 'r'), fs.openSync(output, 'w'));
   } catch (error) {
-    stop(11, typeof error === 'number' ? 'its points are damaged' : error);
+    // What the package itself throws is an address, alone or before a hint for its makers.
+    stop(11, /^[0-9]+( |$)/.test(String(error)) ? 'its points are damaged' : error);
   }
   process.exit(0);
 }, (error) => stop(11, error));

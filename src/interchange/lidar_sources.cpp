@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <utility>
 
 #include "interchange/coordinate_system.h"
 #include "interchange/failures.h"
@@ -25,7 +26,9 @@ EchoSource Open_Source(const std::filesystem::path& file, std::size_t number,
   if (source.header.compressed) {
     source.path = new_file("laz_" + std::to_string(number));
     Decode_Laz(file, source.path, source.name);
+    std::vector<LasVariableRecord> records = std::move(source.header.records);
     source.header = Read_Las_Header(source.path, source.name);
+    source.header.records = std::move(records);  // the decoded file has no extended ones
   }
   if (source.header.count == 0) throw Refused(source.name + ": the file holds no points");
   return source;

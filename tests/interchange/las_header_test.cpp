@@ -134,5 +134,45 @@ TEST(LasHeader, ExtendedRecordsBehindThePointsAreNoPoints) {
   EXPECT_EQ(Parse(bytes + std::string(500, 'x')).count, 1U);
 }
 
+/// An extended record of version 1.4: 60 bytes of header, then the content.
+std::string Extended_Record(const std::string& user, std::uint16_t id, const std::string& content) {
+  std::string record(60, '\0');
+  record.replace(2, user.size(), user);
+  TestLas::Put(record, 18, id);
+  TestLas::Put(record, 20, std::uint64_t{content.size()});
+  return record + content;
+}
+
+std::string With_Extended(std::string bytes, std::uint32_t count, const std::string& records) {
+  TestLas::Put(bytes, 235, std::uint64_t{bytes.size()});
+  TestLas::Put(bytes, 243, count);
+  return bytes + records;
+}
+
+TEST(LasHeader, TheSystemMayStandInAnExtendedRecordBehindThePoints) {
+  const TemporaryFolder folder;
+  const std::string other = Extended_Record("another", 2112, "no system");
+  const std::string system = Extended_Record("LASF_Projection", 2112, "PROJCS[...]");
+  const std::string bytes = With_Extended(One_Point(6, 4).Bytes(), 2, other + system);
+  const LasHeader header = Read_Las_Header(folder.Write("a.las", bytes).native, "a.las");
+  EXPECT_EQ(header.count, 1U);
+  ASSERT_EQ(header.records.size(), 1U);
+  EXPECT_EQ(header.records[0].id, 2112);
+  const auto& content = header.records[0].content;
+  EXPECT_EQ(std::string(content.begin(), content.end()), "PROJCS[...]");
+}
+
+TEST(LasHeader, ExtendedRecordsThatAreCutShortAreLeft) {
+  const TemporaryFolder folder;
+  const std::string system = Extended_Record("LASF_Projection", 2112, "PROJCS[...]");
+  for (std::size_t length = 0; length < system.size(); ++length) {
+    const std::string bytes =
+        With_Extended(One_Point(6, 4).Bytes(), 0xFFFFFFFFU, system.substr(0, length));
+    const LasHeader header = Read_Las_Header(folder.Write("a.las", bytes).native, "a.las");
+    EXPECT_EQ(header.count, 1U);
+    EXPECT_TRUE(header.records.empty()) << length;
+  }
+}
+
 }  // namespace
 }  // namespace sylvomex

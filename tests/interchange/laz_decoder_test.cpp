@@ -28,6 +28,7 @@ const library = {
       this.at = start + this.view.getUint32(96, true);
       this.length = this.view.getUint16(105, true);
       if (this.view.getUint32(107, true) === 666) throw 12345;
+      if (this.view.getUint32(107, true) === 667) throw '12345 - Exception catching is disabled';
     }
     getCount() { return this.view.getUint32(107, true); }
     getPointLength() { return this.length; }
@@ -116,8 +117,20 @@ TEST_F(LazDecoder, WithoutNodeTheMessageSaysSo) {
 TEST_F(LazDecoder, DamagedPointsAreRefused) {
   folder.Write("lib/laz-perf/index.js", kStandIn);
   const Variable path("NODE_PATH", (folder.Path() / "lib").string());
-  EXPECT_EQ(Refusal(Compressed(666)),
-            "a.laz: the LAZ file cannot be decoded: its points are damaged");
+  for (const int damage : {666, 667}) {  // as a number, and as a text with a hint
+    EXPECT_EQ(Refusal(Compressed(damage)),
+              "a.laz: the LAZ file cannot be decoded: its points are damaged");
+  }
+}
+
+TEST_F(LazDecoder, AFileThatThePackageCannotHoldIsRefused) {
+  folder.Write("lib/laz-perf/index.js", kStandIn);
+  const Variable path("NODE_PATH", (folder.Path() / "lib").string());
+  const std::string laz = folder.Write("a.laz", "LASF").native.string();
+  std::filesystem::resize_file(laz, std::uintmax_t{1} << 31);  // holes take no room on the disk
+  EXPECT_EQ(Refusal(laz),
+            "a.laz: the LAZ file cannot be decoded: laz-perf holds the whole file, and its "
+            "2147483648 bytes are too many; split it");
 }
 
 }  // namespace
