@@ -79,8 +79,8 @@ class History {
   std::string told_;
   std::uint64_t version_ = 0;
   std::size_t picture_bytes_ = 0;
-  int depth_ = 0;          // of the events being handled
-  int running_depth_ = 0;  // at which the running step began
+  int depth_ = 0;            // of the events being handled
+  int running_depth_ = 0;    // at which the running step began
   bool search_ran_ = false;  // in the running event
 };
 
