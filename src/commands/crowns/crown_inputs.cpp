@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commands/crowns/crown_inputs.h"
 
+#include "state/cause.h"
 #include "state/workspace.h"
 
 #include <array>
@@ -34,12 +35,17 @@ GroundedEcho Grounded(const Workspace& w, std::int32_t pulse, int slot, std::siz
   const double X = w.LidarPulses.X(slot)[entry];
   const double Y = w.LidarPulses.Y(slot)[entry];
   const double Z = w.LidarPulses.Z(slot)[entry];
-  if (std::isnan(Z)) {
-    throw RunTimeError(Failure::BadContent, "pulse " + std::to_string(pulse) + ", slot " +
-                                                std::to_string(slot) + " at " + Place_Text(X, Y) +
-                                                " has no height");
+  const auto name = [&] {
+    return "pulse " + std::to_string(pulse) + ", slot " + std::to_string(slot) + " at " +
+           Place_Text(X, Y);
+  };
+  if (std::isnan(Z)) throw RunTimeError(Failure::BadContent, name() + " has no height");
+  try {
+    return {{static_cast<std::uint8_t>(slot), X, Y, To_Single(Z)}, Get_Raster_Elevation(w, X, Y)};
+  } catch (const RunTimeError&) {
+    Tell_Cause(w, name() + ", its height");
+    throw;
   }
-  return {{static_cast<std::uint8_t>(slot), X, Y, To_Single(Z)}, Get_Raster_Elevation(w, X, Y)};
 }
 
 void Require_Room(std::size_t count, std::int32_t pulses, const GroundedEcho& echo,

@@ -164,7 +164,9 @@ void Measure_Local_Crown(Workspace& w, LocalSite& site, CrownEchoes& echoes,
   Show_Status(w, "Fitting crowns...");
   site.species = Get_Species(w);
   if (site.species == 0) Show_With_Cause(w, "Species became 0", kNoSpecies);
-  CrownRecord crown = Tree_Of(site, starts[static_cast<std::size_t>(site.species)]);
+  CrownRecord crown =
+      About(w, "the tree at the solution: Z of its top and its height, in metres",
+            [&] { return Tree_Of(site, starts[static_cast<std::size_t>(site.species)]); });
   const LocalEchoes taken = Take_Echoes(echoes, crown);
   w.Crowns.CrownTrees(1) = crown;
   w.Crowns.TreeCount = 1;
@@ -184,7 +186,8 @@ void Measure_Local_Crown(Workspace& w, LocalSite& site, CrownEchoes& echoes,
   const double diameter = Crown_Diameter(fit, crown.Height);
   Draw_Local_Crown(w, crown);
   LocalTree& tree = w.Crowns.LocalTreeRecord;
-  Fill_Record(tree, site, taken, fit, diameter);
+  About(w, "the record of the tree: its number, ground, height, crown width and RMSE",
+        [&] { Fill_Record(tree, site, taken, fit, diameter); });
   w.Form1.Label10.FontSize = 8;
   Show_Status(w, "Dcrm: " + Format(diameter, "0.0 m") +
                      " LidarMax: " + Format(tree.LidarMax, "0.0 m") +

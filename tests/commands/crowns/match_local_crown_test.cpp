@@ -8,6 +8,7 @@
 
 #include "commands/crowns/crown_block.h"
 #include "commands/crowns/local_trees.h"
+#include "support/failure_of.h"
 #include "support/file_size_limit.h"
 
 namespace sylvomex {
@@ -111,6 +112,32 @@ TEST(MatchLocalCrown, FillsTheLidarHalfOfTheRecord) {
   EXPECT_NEAR(b.Record().LidarCrownWidth, diameter, 1e-6);
   EXPECT_NEAR(diameter, 2 * Radius(b.truth, 1.5), 0.1);
   EXPECT_EQ(b.Status(), "Dcrm: " + Format(diameter, "0.0 m") + " LidarMax: 29.9 m Foto-h: 30.0 m");
+}
+
+TEST(MatchLocalCrown, ATreeNumberBeyond16BitsNamesTheRecord) {
+  LocalTreeBlock b;
+  b.Add_Upper_Crown();
+  b.w.Crowns.LocalTreeRecord.TreeNumber = 32767;
+  EXPECT_NE(Failure_Of([&] { b.Run(); }), "no failure");
+  ASSERT_EQ(b.screen.causes.size(), 1U);
+  EXPECT_NE(b.screen.causes[0].find("the record of the tree: its number"), std::string::npos);
+}
+
+TEST(MatchLocalCrown, AnEchoBeyondSinglePrecisionNamesItsPulse) {
+  LocalTreeBlock b;
+  b.Add_Echo(kX + 0.5, kY, 1e300);
+  EXPECT_NE(Failure_Of([&] { b.Run(); }), "no failure");
+  ASSERT_EQ(b.screen.causes.size(), 1U);
+  EXPECT_EQ(b.screen.causes[0].find("pulse 2, slot "), 0U) << b.screen.causes[0];
+}
+
+TEST(MatchLocalCrown, ATopBeyondSinglePrecisionNamesTheTree) {
+  LocalTreeBlock b;
+  b.w.Solution3D.Z = 1e300;
+  EXPECT_NE(Failure_Of([&] { b.Run(); }), "no failure");
+  ASSERT_FALSE(b.screen.causes.empty());
+  EXPECT_NE(b.screen.causes[0].find("the tree at the solution"), std::string::npos)
+      << b.screen.causes[0];
 }
 
 TEST(MatchLocalCrown, WritesTwentyMeasures) {

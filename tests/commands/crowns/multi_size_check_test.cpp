@@ -162,6 +162,16 @@ TEST(MultiSizeCheck, BrokenTemplateFilesAreNamed) {
   EXPECT_EQ(b.Failure_At(0, 0), Failure::InputPastEnd);
 }
 
+TEST(MultiSizeCheck, AColumnBeyond32BitsNamesTheImage) {
+  TexturedImage b;
+  b.Write_All_Templates();
+  b.w.ImageBlock(0).ImageId = 4711;
+  b.w.ImageBlock(0).AffineA0 = 1e12;
+  EXPECT_EQ(b.Failure_At(0, 0), Failure::Overflow);
+  ASSERT_EQ(b.screen.causes.size(), 1U);
+  EXPECT_EQ(b.screen.causes[0].find("image 0 (4711), "), 0U) << b.screen.causes[0];
+}
+
 TEST(MultiSizeCheck, IsTheLastActOfAnIntersection) {
   TexturedImage b;
   b.Write_All_Templates();
