@@ -10,6 +10,8 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::size_t kLongestLine = std::size_t{1}
+                                     << 24U;  // characters: a device may never end one
 
 ScriptWord Take_Quoted(std::string_view line, std::size_t& position) {
   const std::size_t start = position++;
@@ -35,6 +37,14 @@ ScriptWord Take_Bare(std::string_view line, std::size_t& position) {
   const std::string text(line.substr(position, end - position));
   position = end;
   return {text, text};
+}
+
+/// The next line, of which no more than one character beyond the longest is read. False at the end.
+bool Take_Line(std::istream& script, std::string& line) {
+  line.clear();
+  char c = 0;
+  while (line.size() <= kLongestLine && script.get(c) && c != '\n') line += c;
+  return !script.bad() && (script.good() || !line.empty());
 }
 
 }  // namespace
@@ -65,8 +75,13 @@ std::string Script_Word(std::string_view text) {
 
 std::optional<ScriptStep> ScriptReader::Next() {
   std::string line;
-  while (std::getline(script_, line)) {
-    if (++line_ == 1 && line.starts_with(kByteOrderMark)) line.erase(0, kByteOrderMark.size());
+  while (Take_Line(script_, line)) {
+    ++line_;
+    if (line.size() > kLongestLine) {
+      throw ScriptSyntaxError("the line is longer than " + std::to_string(kLongestLine) +
+                              " characters");
+    }
+    if (line_ == 1 && line.starts_with(kByteOrderMark)) line.erase(0, kByteOrderMark.size());
     std::vector<ScriptWord> words = Split_Line(line);
     if (!words.empty()) return ScriptStep{line_, std::move(words)};
   }

@@ -42,7 +42,7 @@ class ScriptReader {
   explicit ScriptReader(std::istream& script) : script_(script) {}
 
   /// The next step; std::nullopt at the end of the script. Throws ScriptSyntaxError, also for a
-  /// read error.
+  /// read error and for a line of more than 16,777,216 characters.
   std::optional<ScriptStep> Next();
 
   /// Number of the line read last.

@@ -99,6 +99,41 @@ class BrokenBuffer : public std::streambuf {
   bool given_ = false;
 };
 
+// Zeros without end, like a device; counts what was taken.
+class EndlessBuffer : public std::streambuf {
+ public:
+  std::size_t taken = 0;
+
+ protected:
+  int_type underflow() override {
+    taken += sizeof zeros_;
+    if (taken > std::size_t{1} << 26U) return traits_type::eof();  // the test must end
+    setg(zeros_, zeros_, zeros_ + sizeof zeros_);
+    return traits_type::to_int_type(zeros_[0]);
+  }
+
+ private:
+  char zeros_[4096] = {};
+};
+
+TEST(ScriptReader, ALineWithoutAnEndIsRefused) {
+  EndlessBuffer buffer;
+  std::istream script(&buffer);
+  ScriptReader reader(script);
+  EXPECT_THROW(reader.Next(), ScriptSyntaxError);
+  EXPECT_EQ(reader.Line(), 1);
+  EXPECT_LE(buffer.taken, (std::size_t{1} << 24U) + 2 * 4096);
+}
+
+TEST(ScriptReader, TheLongestLineIsReadWhole) {
+  const std::string text(16777216 - 4, 'x');
+  std::istringstream script("say " + text + "\nsay y");
+  ScriptReader reader(script);
+  EXPECT_EQ(reader.Next()->words[1].text, text);
+  EXPECT_EQ(reader.Next()->words[1].text, "y");
+  EXPECT_FALSE(reader.Next());
+}
+
 TEST(ScriptReader, ReadErrorIsNotTheEndOfTheScript) {
   BrokenBuffer buffer;
   std::istream script(&buffer);

@@ -26,6 +26,7 @@ int Play(const sylvomex::SessionOptions& options) {
 
 int main(int argc, char** argv) {
   std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow is an error like a full disk
+  std::signal(SIGPIPE, SIG_IGN);  // so is a transcript that nobody reads any longer
   std::ios::sync_with_stdio(false);
   const auto line = sylvomex::Parse_Command_Line(argc, argv, std::cerr);
   if (!line) return sylvomex::kStepFailed;

@@ -110,6 +110,7 @@ int Run_Desktop(const CommandLine& line, int argc, char** argv) {
 
 int main(int argc, char** argv) {
   std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow is an error like a full disk
+  std::signal(SIGPIPE, SIG_IGN);  // so is a transcript that nobody reads any longer
   std::ios::sync_with_stdio(false);
   const auto line = Parse_Desktop_Command_Line(argc, argv, std::cerr);
   if (!line) return kStepFailed;
