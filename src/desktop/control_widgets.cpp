@@ -114,6 +114,8 @@ void TextBoxWidget::Fit_Text() {
   constexpr int kMargins = 8;  // border, padding and text cursor
   const QFont fitting = Squeezed_Font(Control_Font(), text(), width() - kMargins);
   if (font() != fitting) setFont(fitting);
+  const QString tip = Fits(fitting, text(), width() - kMargins) ? QString() : text();
+  if (toolTip() != tip) setToolTip(tip);
 }
 
 void TextBoxWidget::resizeEvent(QResizeEvent* event) {

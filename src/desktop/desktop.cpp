@@ -18,12 +18,15 @@ namespace {
 
 constexpr int kMillisecondsBetweenResizes = 100;
 
-/// The screen's size less the menu and a typical window frame.
-QSize Largest_Client_Size(const FormWindow& window) {
+/// What the aids put below the client area: two lines with their margins.
+int Room_Below() { return 2 * (QFontMetrics(Control_Font()).height() + 6); }
+
+/// The screen's size less the menu, what stands below and a typical window frame.
+QSize Largest_Client_Size(const FormWindow& window, int below) {
   constexpr int kFrame = 4;
   const QSize screen = window.screen()->availableGeometry().size();
   const int title = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
-  return screen - QSize(2 * kFrame, title + window.Menu_Height() + 2 * kFrame);
+  return screen - QSize(2 * kFrame, title + window.Menu_Height() + below + 2 * kFrame);
 }
 
 std::string Handler_Name(const OperatorEvent& event) {
@@ -45,7 +48,8 @@ Desktop::Desktop(DesktopOptions options)
 }
 
 void Desktop::Start() {
-  const QSize client = options_.client_size.value_or(Largest_Client_Size(windows_.Main()));
+  const QSize client = options_.client_size.value_or(
+      Largest_Client_Size(windows_.Main(), options_.plain ? 0 : Room_Below()));
   w_->Form1.ClientWidth = client.width();
   w_->Form1.ClientHeight = client.height();
   Open_Journal();

@@ -5,9 +5,9 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
-#include <cmath>
 #include <utility>
 
+#include "desktop/exact_position.h"
 #include "desktop/key_codes.h"
 #include "desktop/pane_image.h"
 
@@ -128,12 +128,8 @@ void PictureWidget::paintEvent(QPaintEvent* event) {
   }
 }
 
-/// The position with its fractions: at a scale factor above 1 the widget's own is rounded to whole
-/// logical pixels, the one in the window is not.
 QPointF PictureWidget::Exact_Position(const QMouseEvent& event) const {
-  const QPointF exact = event.scenePosition() - mapTo(window(), QPoint(0, 0));
-  const QPointF off = exact - event.position();
-  return std::abs(off.x()) < 1 && std::abs(off.y()) < 1 ? exact : event.position();
+  return sylvomex::Exact_Position(*this, event);
 }
 
 OperatorEvent PictureWidget::Event_At(OperatorEvent::Kind kind, const QMouseEvent& event) const {

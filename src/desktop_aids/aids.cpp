@@ -1,13 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "desktop_aids/aids.h"
 
+#include <QToolButton>
+
 #include "desktop_aids/control_names.h"
+#include "desktop_aids/dialog_keys.h"
 #include "desktop_aids/menu_keys.h"
 
 namespace sylvomex {
 namespace {
 
 constexpr int kDockHeight = 190;  // pixels
+
+void Open_Aids_Menu(const FormWindow& window) {
+  const auto& button = *window.findChild<QToolButton*>(QStringLiteral("AidsButton"));
+  button.menu()->popup(button.mapToGlobal(QPoint(0, button.height())));
+}
 
 }  // namespace
 
@@ -22,9 +30,13 @@ Aids::Aids(Desktop& desktop)
       keys_(panes_,
             {{Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier, [this] { palette_.Bring_Up(); }},
              {Qt::Key_F10, Qt::NoModifier,
-              [&desktop] { Open_First_Menu(*desktop.Shown().Main().menuBar()); }}}) {
+              [&desktop] { Open_First_Menu(*desktop.Shown().Main().menuBar()); }},
+             {Qt::Key_F10, Qt::ShiftModifier,
+              [&desktop] { Open_Aids_Menu(desktop.Shown().Main()); }}}) {
+  (new DialogKeys(desktop))->setParent(&desktop.Shown().Main());
   for (int pane = 0; pane < kAidedPanes; ++pane) {
-    overlays_.at(static_cast<std::size_t>(pane)) = new PaneOverlay(panes_, pane, choices_);
+    overlays_.at(static_cast<std::size_t>(pane)) =
+        new PaneOverlay(panes_, pane, choices_, measured_->Model());
   }
   desktop.Shown().Main().addDockWidget(Qt::BottomDockWidgetArea, measured_);
   desktop.Shown().Main().resizeDocks({measured_}, {kDockHeight}, Qt::Vertical);
@@ -54,15 +66,18 @@ void Aids::Add_Choice(const char* name, const QString& text, bool OverlayChoices
 void Aids::Fill_Menu() {
   Add_Choice("AidFrames", QStringLiteral("&Frames of the panes"), &OverlayChoices::frames);
   Add_Choice("AidTops", QStringLiteral("Tree &tops of the last search"), &OverlayChoices::tops);
+  Add_Choice("AidSavedPoints", QStringLiteral("&Saved points"), &OverlayChoices::saved_points);
   Add_Choice("AidLargeMarks", QStringLiteral("&Larger small marks"), &OverlayChoices::large_marks);
-  Add_Choice("AidSafeColours", QStringLiteral("&Colours for colour-blind eyes"),
+  Add_Choice("AidSafeColours", QStringLiteral("Colours for colour-&blind eyes"),
              &OverlayChoices::safe_colours);
+  measured_->toggleViewAction()->setText(QStringLiteral("&Measured"));
   menu_.Add_Existing("MeasuredDock", *measured_->toggleViewAction());
   menu_.Add_Item("AidPalette", QStringLiteral("All &commands by name\tCtrl+Shift+P"),
                  [this] { palette_.Bring_Up(); });
 }
 
 void Aids::Refresh() {
+  if (choices_.saved_points) measured_->Model().Refresh();
   for (PaneOverlay* overlay : overlays_) overlay->Refresh();
   magnifier_->Refresh();
   strip_->Refresh();

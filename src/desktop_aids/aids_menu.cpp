@@ -26,7 +26,7 @@ AidsMenu::AidsMenu(Desktop& desktop) {
   button->setObjectName(QStringLiteral("AidsButton"));
   button->setText(QStringLiteral("Aids  "));
   button->setAccessibleName(QStringLiteral("Aids"));
-  button->setToolTip(QStringLiteral("Frames, tree tops, measured points and more"));
+  button->setToolTip(QStringLiteral("Frames, tree tops, measured points and more  (Shift+F10)"));
   button->setPopupMode(QToolButton::InstantPopup);
   button->setAutoRaise(true);
   button->setFocusPolicy(Qt::NoFocus);

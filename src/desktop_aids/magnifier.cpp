@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 
+#include "desktop/exact_position.h"
 #include "desktop/key_codes.h"
 #include "desktop/pane_image.h"
 #include "panes/shown_raster.h"
@@ -231,14 +232,14 @@ void Magnifier::Send(Kind kind, const QMouseEvent& mouse) {
 
 void Magnifier::mousePressEvent(QMouseEvent* event) {
   if (!view_ || event->button() == Qt::MiddleButton) return;
-  cross_ = event->position() - QPointF(kFrame, kFrame);
+  cross_ = Exact_Position(*this, *event) - QPointF(kFrame, kFrame);
   Send(Kind::Click, *event);
   Refresh();
 }
 
 void Magnifier::mouseMoveEvent(QMouseEvent* event) {
   if (!view_) return;
-  cross_ = event->position() - QPointF(kFrame, kFrame);
+  cross_ = Exact_Position(*this, *event) - QPointF(kFrame, kFrame);
   update();
   Send(Kind::Move, *event);
 }

@@ -86,6 +86,7 @@ void MeasuredModel::Refresh() {
   file_name_ = w_.ObservationFileName;
   size_ = size;
   date_ = date;
+  ++version_;
   Choose_Rows();
   endResetModel();
 }

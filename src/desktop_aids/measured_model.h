@@ -35,6 +35,9 @@ class MeasuredModel : public QAbstractTableModel {
   [[nodiscard]] int Line_Count() const { return static_cast<int>(lines_.size()); }
   [[nodiscard]] const std::vector<MeasuredLine>& Lines() const { return lines_; }
 
+  /// Another number after each reading of the file that found other lines.
+  [[nodiscard]] std::uint64_t Version() const { return version_; }
+
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
@@ -49,6 +52,7 @@ class MeasuredModel : public QAbstractTableModel {
   const Workspace& w_;
   std::string file_name_;
   std::uintmax_t size_ = 0;
+  std::uint64_t version_ = 0;
   std::filesystem::file_time_type date_;
   std::vector<MeasuredLine> lines_;
   std::vector<std::size_t> rows_;  // indices of the lines shown, in order

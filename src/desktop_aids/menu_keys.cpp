@@ -40,7 +40,7 @@ void Give_Mnemonics(QMenuBar& bar) {
 
 void Open_First_Menu(QMenuBar& bar) {
   if (bar.actions().isEmpty()) return;
-  bar.setFocus(Qt::MenuBarFocusReason);
+  // The focus stays: the second Escape would return it to the bar, which no command's key reaches.
   bar.setActiveAction(bar.actions().constFirst());
 }
 

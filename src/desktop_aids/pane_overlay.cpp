@@ -13,9 +13,23 @@ namespace sylvomex {
 namespace {
 
 constexpr int kTopRadius = 7;
+constexpr int kSavedSide = 9;              // pixels
+constexpr std::size_t kMostNumbers = 300;  // of saved points in a pane
 
 QColor Top_Colour(const OverlayChoices& choices) {
   return choices.safe_colours ? QColor(0, 114, 178) : QColor(255, 70, 200);
+}
+
+QColor Saved_Colour(Trust trust, const OverlayChoices& choices) {
+  switch (trust) {
+    case Trust::Good:
+      return choices.safe_colours ? QColor(0, 158, 115) : QColor(60, 230, 120);
+    case Trust::Doubtful:
+      return choices.safe_colours ? QColor(240, 228, 66) : QColor(255, 210, 0);
+    case Trust::Bad:
+      return choices.safe_colours ? QColor(213, 94, 0) : QColor(255, 90, 70);
+  }
+  return {};
 }
 
 QColor Frame_Colour(const PaneNote& note, const OverlayChoices& choices) {
@@ -81,6 +95,20 @@ QPixmap Ring_Picture(const QColor& colour, double pixel_ratio) {
   });
 }
 
+/// A hollow square with a dark edge.
+QPixmap Square_Picture(const QColor& colour, double pixel_ratio) {
+  constexpr int kWhole = kSavedSide + 2;
+  const QString name = QStringLiteral("square ") + colour.name();
+  return Kept_Picture(name, {kWhole, kWhole}, pixel_ratio, [&](QPainter& painter) {
+    const QRect square(1, 1, kSavedSide, kSavedSide);
+    painter.fillRect(square.adjusted(-1, -1, 1, 1), QColor(0, 0, 0, 180));
+    painter.fillRect(square, colour);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.fillRect(square.adjusted(1, 1, -1, -1), QColor(0, 0, 0, 180));
+    painter.fillRect(square.adjusted(2, 2, -2, -2), Qt::transparent);
+  });
+}
+
 /// White text with a dark edge, readable on any ground.
 QPixmap Label_Picture(const QString& text, const QFont& font, double pixel_ratio) {
   const QFontMetrics metrics(font);
@@ -103,8 +131,9 @@ bool Meets_One(const QRectF& label, const std::vector<QRectF>& taken) {
 
 }  // namespace
 
-PaneOverlay::PaneOverlay(const AidedPanes& panes, int pane, const OverlayChoices& choices)
-    : QWidget(&panes.Widget(pane)), panes_(panes), pane_(pane), choices_(choices) {
+PaneOverlay::PaneOverlay(const AidedPanes& panes, int pane, const OverlayChoices& choices,
+                         const MeasuredModel& saved)
+    : QWidget(&panes.Widget(pane)), panes_(panes), pane_(pane), choices_(choices), saved_(saved) {
   setObjectName(QStringLiteral("PaneOverlay%1").arg(pane));
   setAttribute(Qt::WA_TransparentForMouseEvents);
   setFocusPolicy(Qt::NoFocus);
@@ -122,6 +151,7 @@ PaneOverlay::Shown PaneOverlay::Now() const {
           picture.marks.size(),
           choices_.tops ? std::string(m.ClusterRunName.Trimmed()) : std::string(),
           m.ClusterCount,
+          saved_.Version(),
           size()};
 }
 
@@ -142,6 +172,7 @@ void PaneOverlay::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   if (choices_.large_marks) Paint_Large_Marks(painter);
+  if (choices_.saved_points) Paint_Saved_Points(painter);
   if (choices_.tops) Paint_Tops(painter);
   if (!choices_.frames) return;
   Paint_Observation(painter);
@@ -193,6 +224,25 @@ void PaneOverlay::Paint_Tops(QPainter& painter) const {
     const QString text = QStringLiteral("%1  %2").arg(top.number).arg(top.score, 0, 'f', 2);
     const QRectF label = Label_Beside(at, painter.fontMetrics(), text);
     if (Meets_One(label, taken)) continue;  // the lighter of two tops goes without a label
+    taken.push_back(label);
+    painter.drawPixmap(label.topLeft(), Label_Picture(text, painter.font(), ratio));
+  }
+}
+
+void PaneOverlay::Paint_Saved_Points(QPainter& painter) const {
+  const Workspace& w = panes_.Block();
+  const double ratio = devicePixelRatioF();
+  std::vector<QRectF> taken;
+  for (const MeasuredLine& line : saved_.Lines()) {
+    const auto place = line.readable ? Shown_Place(w, pane_, line.at) : std::nullopt;
+    if (!place) continue;
+    const QPointF at(place->px + kPictureBorder, place->py + kPictureBorder);
+    const QPixmap square = Square_Picture(Saved_Colour(Trust_In(line, w.options), choices_), ratio);
+    painter.drawPixmap(at - QPointF(square.width(), square.height()) / ratio / 2, square);
+    if (taken.size() == kMostNumbers) continue;
+    const QString text = QString::number(line.number);
+    const QRectF label = Label_Beside(at, painter.fontMetrics(), text);
+    if (Meets_One(label, taken)) continue;
     taken.push_back(label);
     painter.drawPixmap(label.topLeft(), Label_Picture(text, painter.font(), ratio));
   }

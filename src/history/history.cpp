@@ -32,6 +32,14 @@ bool Moves_Only(const OperatorEvent& event) {
          event.kind == Kind::Resize;
 }
 
+// They fill the boxes of the options and hide them again.
+bool Opens_Or_Leaves_Options(const OperatorEvent& event) {
+  const MenuRow* row = Chosen_Item(event);
+  if (row == nullptr) return false;
+  const std::string_view name = row->name;
+  return name == "Open_Options_Window" || (event.form == "Form2" && name == "close_window");
+}
+
 std::string Without_Line_End(std::string line) {
   if (line.ends_with('\n')) line.pop_back();
   return line;
@@ -60,7 +68,7 @@ void History::Before(Workspace& w, const OperatorEvent& event) {
   if (Is_Search_Step(event)) search_ran_ = true;
   ++depth_;
   // While a movement is handled, a click can arrive: it is a step like any other.
-  if (running_ || Moves_Only(event)) return;
+  if (running_ || Moves_Only(event) || Opens_Or_Leaves_Options(event)) return;
   running_depth_ = depth_;
   watch_.Take();
   image_set_ = Image_Set_Bytes(w);

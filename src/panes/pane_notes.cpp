@@ -82,6 +82,16 @@ PaneNote Note_Of_Pane(Workspace& w, int image) {
   return note;
 }
 
+std::optional<PanePosition> Shown_Place(const Workspace& w, int image, const Point3D& point) {
+  try {
+    if (!(To_Camera_Axes(Camera_Of(w, image), point).q < 0)) return std::nullopt;
+    const PanePosition at = Pane_Of_Point(w, image, point);
+    return Inside_Pane(w, at) ? std::optional(at) : std::nullopt;
+  } catch (const RunTimeError&) {
+    return std::nullopt;
+  }
+}
+
 std::vector<ShownTop> Shown_Tops(const Workspace& w, int image) {
   const MatchingState& m = w.Matching;
   std::vector<std::pair<double, ShownTop>> tops;

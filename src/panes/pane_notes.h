@@ -8,6 +8,7 @@
 
 #include "imageblock/pane_view.h"
 #include "imageblock/pixel_position.h"
+#include "platform/point3d.h"
 
 namespace sylvomex {
 
@@ -38,6 +39,9 @@ std::string Zoom_Text(double zoom);
 /// The mode that takes clicks, in the order in which they are dispatched; empty for plain
 /// measuring.
 std::string Active_Mode(const Workspace& w);
+
+/// Where a pane shows a point; std::nullopt outside the pane and behind the camera.
+std::optional<PanePosition> Shown_Place(const Workspace& w, int image, const Point3D& point);
 
 /// A tree top of the last cluster search as a pane shows it.
 struct ShownTop {

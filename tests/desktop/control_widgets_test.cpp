@@ -75,6 +75,18 @@ TEST(TextBoxOnScreen, SqueezesATextALittleTooLongAndShowsItsBeginning) {
   EXPECT_EQ(box.cursorPosition(), 0);
 }
 
+TEST(TextBoxOnScreen, ATextThatDoesNotFitIsToldByItsToolTip) {
+  TextBoxWidget box(nullptr);
+  box.resize(60, 15);
+  TextBox record;
+  record.Text = "2532.0";
+  Show_Control(box, record);
+  EXPECT_EQ(box.toolTip(), "");
+  record.Text = "2532.0      12099.0";
+  Show_Control(box, record);
+  EXPECT_EQ(box.toolTip(), "2532.0      12099.0");
+}
+
 TEST(Texts, OldLatinTextsAreReadCorrectly) {
   EXPECT_EQ(Qt_Text("m\xe4nty"), QString("m\u00e4nty"));
   EXPECT_EQ(Qt_Text("m\xc3\xa4nty"), QString("m\u00e4nty"));

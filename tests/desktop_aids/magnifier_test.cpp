@@ -63,6 +63,20 @@ TEST_F(Glass, AClickInItMeasuresAFractionOfAPixel) {
   EXPECT_TRUE(Magnifying().isVisible());
 }
 
+// With a scale factor of 2 the position in the widget is rounded to pixels of the window, the one
+// in the window is not: 2.5 pixels at 8x are 0.3125.
+TEST_F(Glass, AClickBetweenTwoPixelsOfTheWindowKeepsItsFraction) {
+  Lock_At(0, 150, 140);
+  const QPointF at = From_Middle(2.5, 0);
+  const QPointF in_window = at + Magnifying().mapTo(&Main(), QPoint(0, 0));
+  QMouseEvent press(QEvent::MouseButtonPress, at.toPoint(), in_window,
+                    Magnifying().mapToGlobal(at.toPoint()), Qt::LeftButton, Qt::LeftButton,
+                    Qt::NoModifier);
+  QApplication::sendEvent(&Magnifying(), &press);
+  const double x = (w().PaneViews(0).ViewCol + 150.3125 - 500) * 1e-5;
+  EXPECT_NEAR(std::stod(w().Form1.Text1(0).Text), x, 0.51e-7);
+}
+
 TEST_F(Glass, TheWheelInItChoosesTheFactor) {
   Lock_At(0, 150, 140);
   const auto turn = [&](int eighths) {

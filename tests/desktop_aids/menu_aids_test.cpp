@@ -41,6 +41,30 @@ TEST_F(MenuAids, F10OpensTheMenus) {
   EXPECT_EQ(Main().menuBar()->activeAction(), Main().menuBar()->actions().constFirst());
 }
 
+TEST_F(MenuAids, F10LeavesTheFocusForTheKeysThatFollow) {
+  Click_Pane(0, 100, 50);
+  const QWidget* focus = Main().focusWidget();
+  QTest::keyClick(&Pane(0), Qt::Key_F10);
+  EXPECT_NE(focus, Main().menuBar());
+  EXPECT_EQ(Main().focusWidget(), focus);
+}
+
+TEST_F(MenuAids, ShiftF10OpensTheMenuOfTheAids) {
+  QTest::keyClick(&Pane(0), Qt::Key_F10, Qt::ShiftModifier);
+  auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_NE(menu, nullptr);
+  QString letters;
+  for (const QAction* action : menu->actions()) {
+    const qsizetype mark = action->text().indexOf('&');
+    ASSERT_GE(mark, 0) << action->text().toStdString();
+    const QChar letter = action->text()[mark + 1].toUpper();
+    EXPECT_FALSE(letters.contains(letter)) << action->text().toStdString();
+    letters += letter;
+  }
+  QTest::keyClick(menu, Qt::Key_B);
+  EXPECT_TRUE(Main().findChild<QAction*>("AidSafeColours")->isChecked());
+}
+
 TEST_F(MenuAids, ThePaletteRunsACommandByAPartOfItsName) {
   Click_Pane(0, 100, 50);
   QTest::keyClick(&Pane(0), Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);

@@ -2,6 +2,8 @@
 // The strip below the panes, by real keys and mouse.
 #include "desktop_aids/strip.h"
 
+#include <QScreen>
+
 #include "aids_fixture.h"
 
 namespace sylvomex {
@@ -120,6 +122,18 @@ TEST_F(StripTest, ThePlaceUnderThePointerIsToldWithoutItsEdgeCutOff) {
       << Text("StripPlace").toStdString();
   const auto& label = *Main().findChild<QLabel*>("StripPlace");
   EXPECT_LE(label.fontMetrics().horizontalAdvance(label.text()), label.width());
+}
+
+// Where no window manager fits the window to the screen.
+TEST(StartedOnTheScreen, ThereIsRoomForTheStrip) {
+  SmallSite site;
+  Desktop desktop(DesktopOptions{site.Drives(), std::nullopt, {}, [] {}, false});
+  desktop.Start();
+  FormWindow& window = desktop.Shown().Main();
+  const double client = desktop.Block().Form1.ClientHeight;
+  Aids aids(desktop);
+  EXPECT_LE(client + window.Menu_Height() + aids.Below().height(),
+            window.screen()->availableGeometry().height());
 }
 
 TEST(FittingLabel, ShowsTheFullestWordingThatFits) {

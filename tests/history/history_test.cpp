@@ -38,6 +38,20 @@ TEST_F(HistoryTest, ANewSizeOfTheWindowIsNoStep) {
   EXPECT_EQ(history.Undo_Text(), "Click in image 0");
 }
 
+TEST_F(HistoryTest, LookingAtTheOptionsIsNoStepAndApplyingThemIs) {
+  Play("click Picture1(0) 50 60");
+  Play("key O ctrl");
+  Play("menu Form2.close_window");
+  EXPECT_EQ(history.Undo_Text(), "Click in image 0");
+  Play("menu Open_Options_Window");
+  Play("set Form2.Text1 8");
+  Play("press Form2.Apply_Options_Changes");
+  EXPECT_EQ(w().options.EpipolarZDepth, 8);
+  EXPECT_EQ(history.Undo_Text(), "Apply changes");
+  Play("undo");
+  EXPECT_EQ(w().options.EpipolarZDepth, 5);
+}
+
 TEST_F(HistoryTest, AClickThatArrivesDuringAMovementIsAStep) {
   const auto move = Event_Of_Step(Split_Line("move Picture1(0) 5 6"));
   const std::size_t steps = history.Steps();

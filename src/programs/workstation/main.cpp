@@ -16,6 +16,7 @@
 #include "desktop/script_windows.h"
 #include "desktop/start_questions.h"
 #include "desktop_aids/aids.h"
+#include "desktop_aids/remembered.h"
 #include "platform/run_time_error.h"
 #include "programs/workstation/desktop_command_line.h"
 #include "programs/workstation/taken_root.h"
@@ -101,7 +102,11 @@ int Run_Desktop(const CommandLine& line, int argc, char** argv) {
     return Report_Failed_Start(failure, DriveMap(taken.root));
   }
   std::optional<Aids> aids;
-  if (!line.plain) aids.emplace(desktop);
+  std::optional<Remembered> remembered;
+  if (!line.plain) {
+    aids.emplace(desktop);
+    remembered.emplace(desktop, Remembered::Usual_File());
+  }
   if (!line.begin.empty()) desktop.Begin_With(line.begin);
   return QApplication::exec();
 }
