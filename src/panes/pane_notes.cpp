@@ -106,6 +106,7 @@ std::vector<ShownTop> Shown_Tops(const Workspace& w, int image) {
   }
   std::ranges::stable_sort(tops, std::greater{}, [](const auto& top) { return top.first; });
   std::vector<ShownTop> shown;
+  shown.reserve(tops.size());
   for (const auto& top : tops) shown.push_back(top.second);
   return shown;
 }
