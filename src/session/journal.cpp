@@ -5,24 +5,8 @@
 
 #include "platform/wall_clock.h"
 #include "session/event_steps.h"
-#include "session/script_reader.h"
 
 namespace sylvomex {
-namespace {
-
-std::string Answer_Line(DialogKind kind, const std::string& answer) {
-  switch (kind) {
-    case DialogKind::File:
-      return "file " + Script_Word(answer);
-    case DialogKind::Message:
-      return "button " + answer;
-    case DialogKind::Input:
-      break;
-  }
-  return "input " + Script_Word(answer);
-}
-
-}  // namespace
 
 void Journal::Write(std::string line) {
   if (Is_Repeating() || is_closed_) return;
@@ -53,7 +37,7 @@ void Journal::End_Event(std::string_view outcome) {
 }
 
 void Journal::Dialog_Answered(DialogKind kind, const std::optional<std::string>& answer) {
-  Write(answer ? Answer_Line(kind, *answer) : "cancel");
+  Write(answer ? Answer_Step(kind, *answer) : "cancel");
 }
 
 void Journal::Comment(const std::string& text, bool flush) {

@@ -17,6 +17,8 @@ bool Same_Target(const OperatorEvent& a, const OperatorEvent& b) {
   return a.form == b.form && a.control == b.control;
 }
 
+}  // namespace
+
 std::string Answer_Step(DialogKind kind, const std::string& answer) {
   switch (kind) {
     case DialogKind::File:
@@ -28,8 +30,6 @@ std::string Answer_Step(DialogKind kind, const std::string& answer) {
   }
   return "input " + Script_Word(answer);
 }
-
-}  // namespace
 
 Recorder::Recorder(std::ostream& script, DriveMap drives, double width, double height)
     : script_(script), drives_(std::move(drives)) {

@@ -15,6 +15,9 @@ namespace sylvomex {
 
 enum class DialogKind { Input, File, Message };
 
+/// The script step that gives a dialog this answer.
+std::string Answer_Step(DialogKind kind, const std::string& answer);
+
 class Recorder {
  public:
   /// script receives whole lines, flushed after every event, and must outlive the recorder. The
