@@ -33,6 +33,12 @@ std::string Utc_Now() {
   return text;
 }
 
+/// A workstation that works on the site locks the site's own folder and is not disturbed.
+fs::path Locked_Folder(const fs::path& site) {
+  const fs::path drive = site / "c";
+  return fs::is_directory(drive) ? drive : site;
+}
+
 void Sync_Folder(const fs::path& folder) {
   const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (descriptor < 0) return;
@@ -86,7 +92,7 @@ void Finish_Killed_Import(const fs::path& folder) {
 }
 
 SiteLock::SiteLock(const fs::path& folder)
-    : descriptor_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    : descriptor_(open(Locked_Folder(folder).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
   if (descriptor_ < 0 || flock(descriptor_, LOCK_EX | LOCK_NB) == 0) return;
   close(descriptor_);
   descriptor_ = -1;

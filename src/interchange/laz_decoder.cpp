@@ -57,8 +57,9 @@ std::string Read_All(int descriptor) {
 
 /// Runs node with a script and two file names; what it prints is its message.
 NodeResult Run_Node(const std::filesystem::path& laz, const std::filesystem::path& las) {
-  std::array<std::string, 5> words{"node", "-e", kLazScript, laz.string(), las.string()};
-  std::array<char*, 6> arguments{};
+  std::array<std::string, 6> words{"node",       "-e",         kLazScript,
+                                   laz.string(), las.string(), kLazChunkScript};
+  std::array<char*, 7> arguments{};
   for (std::size_t i = 0; i < words.size(); ++i) arguments[i] = words[i].data();
   Pipe pipe;
   posix_spawn_file_actions_t actions;

@@ -11,6 +11,7 @@
 #include "interchange/checksum.h"
 #include "interchange/failures.h"
 #include "interchange/site.h"
+#include "platform/root_lock.h"
 #include "support/file_size_limit.h"
 #include "support/temporary_folder.h"
 
@@ -79,6 +80,15 @@ TEST_F(ImportTransactionTest, LeavesTheSiteAsItWasWithoutCommit) {
 TEST_F(ImportTransactionTest, RefusesASecondImportAtTheSameTime) {
   const ImportTransaction first(folder_.Path());
   EXPECT_THROW(ImportTransaction(folder_.Path()), Refused);
+}
+
+TEST_F(ImportTransactionTest, GoesOnWhileTheWorkstationWorksOnTheSite) {
+  const RootLock workstation(folder_.Path());
+  ASSERT_FALSE(workstation.Is_In_Use());
+  ImportTransaction import(folder_.Path());
+  import.Write(folder_.Path() / "c/data/a.txt", "one");
+  import.Commit();
+  EXPECT_EQ(folder_.Read("c/data/a.txt"), "one");
 }
 
 TEST_F(ImportTransactionTest, RefusesAFolderThatIsNoSite) {
