@@ -117,6 +117,9 @@ QPushButton* Strip::Add_Button(Kind kind, const char* name) {
 
 void Strip::Ask_For(Kind kind) {
   const History& history = *panes_.Owner().Kept();
+  if (history.Is_In_Event()) {
+    return Show_Message("A command is running: it has to end before anything is undone or redone");
+  }
   const std::uint64_t version = history.Version();
   OperatorEvent event;
   event.kind = kind;

@@ -34,6 +34,9 @@ class History {
   [[nodiscard]] std::string Redo_Text() const;
   [[nodiscard]] std::string Line_Text(Workspace& w) const;
 
+  /// Whether a command runs: nothing can be undone then.
+  [[nodiscard]] bool Is_In_Event() const { return depth_ > 0; }
+
   /// Gives the block and the files the state before the last step. False when there is no step, or
   /// while a command runs. RunTimeError, with nothing changed, when a file stands in the way.
   bool Undo(Workspace& w);

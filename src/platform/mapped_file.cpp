@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <fcntl.h>
 #include <sys/mman.h>
+#include <unistd.h>
 
 #include <cerrno>
 
@@ -13,6 +14,10 @@ namespace sylvomex {
 
 namespace {
 
+// A command asks after every line that it writes, and an open file answers without its path being
+// followed. A mosaic of hundreds of images must not use up the descriptors of the process.
+constexpr int kHighestKept = 255;
+
 bool Is_Same_File(const struct stat& a, const struct stat& b) {
   return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
 }
@@ -24,7 +29,7 @@ bool Is_Same_Time(const timespec& a, const timespec& b) {
 }  // namespace
 
 Mapping::Mapping(const FilePath& file) : file_(file) {
-  const FileDescriptor open_file(file_, O_RDONLY);
+  FileDescriptor open_file(file_, O_RDONLY);
   status_ = open_file.Status();
   size_ = static_cast<std::size_t>(status_.st_size);
   if (size_ == 0) return;
@@ -32,11 +37,13 @@ Mapping::Mapping(const FilePath& file) : file_(file) {
   if (start == MAP_FAILED) Throw_File_Error(file_, errno);
   data_ = static_cast<const std::uint8_t*>(start);
   guard_.emplace(start, size_);
+  if (open_file.Number() <= kHighestKept) descriptor_ = open_file.Release();
 }
 
 Mapping::~Mapping() {
   guard_.reset();
   if (data_ != nullptr) munmap(const_cast<std::uint8_t*>(data_), size_);
+  if (descriptor_ >= 0) close(descriptor_);
 }
 
 bool Mapping::Is_Current() const {
@@ -46,17 +53,25 @@ bool Mapping::Is_Current() const {
          !(guard_ && guard_->Faulted());
 }
 
-// What lies behind the new end in its page reads as zeros without a fault.
-bool Mapping::Is_Shortened() const {
+std::optional<struct stat> Mapping::Status_Now() const {
   struct stat now = {};
-  return stat(file_.native.c_str(), &now) == 0 && Is_Same_File(now, status_) &&
-         now.st_size < status_.st_size;
+  if (descriptor_ >= 0) return fstat(descriptor_, &now) == 0 ? std::optional(now) : std::nullopt;
+  const bool is_there = stat(file_.native.c_str(), &now) == 0 && Is_Same_File(now, status_);
+  return is_there ? std::optional(now) : std::nullopt;
 }
 
+// What lies behind the new end in its page reads as zeros without a fault.
 std::optional<RunTimeError> Mapping::Failed() const {
-  if (!guard_ || !(guard_->Faulted() || Is_Shortened())) return std::nullopt;
+  if (!guard_) return std::nullopt;
+  const std::optional<struct stat> now = Status_Now();
+  const bool is_shorter = now && now->st_size < status_.st_size;
+  const bool is_rewritten =
+      now && now->st_size == status_.st_size && !Is_Same_Time(now->st_mtim, status_.st_mtim);
+  if (!is_shorter && !is_rewritten && !guard_->Faulted()) return std::nullopt;
+  const bool is_lost = is_shorter || guard_->Faulted();
   return RunTimeError(Failure::FileFailure,
-                      file_.name + ", it became shorter or unreadable while it was read",
+                      file_.name + (is_lost ? ", it became shorter or unreadable while it was read"
+                                            : ", it was rewritten while it was read"),
                       file_.native);
 }
 

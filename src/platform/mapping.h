@@ -28,15 +28,17 @@ class Mapping {
   /// True while the file at the path is still this one, unchanged, and all of it could be read.
   [[nodiscard]] bool Is_Current() const;
 
-  /// Why the bytes read so far cannot be trusted: the file has become shorter, or a part of it
-  /// could not be read and counts as zeros.
+  /// Why the bytes read so far cannot be trusted: the file has become shorter, a part of it could
+  /// not be read and counts as zeros, or it was rewritten in its place.
   [[nodiscard]] std::optional<RunTimeError> Failed() const;
 
  private:
-  [[nodiscard]] bool Is_Shortened() const;
+  /// The mapped file as it is now; nothing when its name leads to another one or to none.
+  [[nodiscard]] std::optional<struct stat> Status_Now() const;
 
   FilePath file_;
   struct stat status_ = {};  // as it was mapped
+  int descriptor_ = -1;      // of the file, kept to be asked; -1 where many are open
   const std::uint8_t* data_ = nullptr;
   std::size_t size_ = 0;
   std::optional<FaultGuard> guard_;

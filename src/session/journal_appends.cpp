@@ -3,11 +3,12 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
+#include <set>
 #include <utility>
 
 #include "platform/checksum.h"
 #include "platform/file_descriptor.h"
+#include "session/file_part.h"
 #include "session/script_reader.h"
 
 namespace sylvomex {
@@ -21,19 +22,8 @@ std::uint64_t Size_Of(const FilePath& file) {
   return failure ? 0 : size;
 }
 
-/// Up to bytes of a file from an offset.
-std::string Part_Of(const FilePath& file, std::uint64_t offset, std::uint64_t bytes) {
-  const std::uint64_t size = Size_Of(file);
-  if (offset >= size) return {};
-  std::string part(std::min(bytes, size - offset), '\0');
-  std::ifstream stream(file.native, std::ios::binary);
-  stream.seekg(static_cast<std::streamoff>(offset));
-  if (!stream.read(part.data(), static_cast<std::streamsize>(part.size()))) return {};
-  return part;
-}
-
 bool Stands_There(const FilePath& file, const JournaledAppend& append) {
-  const std::string part = Part_Of(file, append.offset, append.bytes);
+  const std::string part = Part_Of_File(file.native, append.offset, append.bytes);
   return part.size() == append.bytes && Checksum(part) == append.checksum;
 }
 
@@ -46,7 +36,13 @@ JournalAppends::JournalAppends(Journal& journal, std::map<long, JournaledAppend>
       reads_(reads),
       former_(Set_Append_Witness(this)),
       last_(known_.empty() ? 0 : known_.rbegin()->first) {
-  for (const auto& [number, append] : known_) Hide_Later_Lines(append.file, 0);
+  std::set<std::string> seen;
+  for (const auto& [number, append] : known_) {
+    if (!seen.insert(append.file).second) continue;
+    const bool is_as_it_was =
+        Is_Taken_From(append.file) && reads_.Read_As_It_Was(append.file, number, append.offset);
+    if (!is_as_it_was) Hide_Later_Lines(append.file, 0);
+  }
 }
 
 JournalAppends::~JournalAppends() { Set_Append_Witness(former_); }
@@ -83,7 +79,9 @@ void JournalAppends::Hide_Later_Lines(const std::string& path, long done) {
 
 bool JournalAppends::Already_Written(const FilePath& file, std::string_view text) {
   present_ = Repeated_Number(JournalLine::Kind::Append, file);
-  return present_ != 0 && Find(file, text);
+  if (present_ == 0 || !Find(file, text)) return false;
+  reads_.Has_Again(file.native.string(), known_[present_].offset, text);
+  return true;
 }
 
 bool JournalAppends::Find(const FilePath& file, std::string_view text) {
@@ -107,10 +105,15 @@ bool JournalAppends::Find(const FilePath& file, std::string_view text) {
 /// its place. A part is taken away.
 bool JournalAppends::Is_Begun_One_There(const FilePath& file, std::string_view text) {
   const JournaledAppend& append = known_[present_];
-  const std::string tail = Part_Of(file, append.offset, text.size());
+  const std::string tail = Part_Of_File(file.native, append.offset, text.size());
   const bool is_part = !tail.empty() && tail.size() < text.size() && text.starts_with(tail);
   if (is_part) std::filesystem::resize_file(file.native, append.offset);
   return false;
+}
+
+bool JournalAppends::Is_Taken_From(const std::string& path) const {
+  return std::ranges::any_of(
+      known_, [&](const auto& entry) { return entry.second.takes && entry.second.file == path; });
 }
 
 /// Whether those lines were taken from the file again later.
@@ -141,8 +144,10 @@ void JournalAppends::Will_Append(const FilePath& file, std::uint64_t offset,
   Announce(file, offset, text, false);
 }
 
-void JournalAppends::Has_Appended(const FilePath&, std::uint64_t, std::string_view) {
+void JournalAppends::Has_Appended(const FilePath& file, std::uint64_t offset,
+                                  std::string_view text) {
   Mark(present_, State::Done);
+  reads_.Has_Again(file.native.string(), offset, text);
 }
 
 void JournalAppends::Not_Appended(const FilePath&, std::uint64_t, std::string_view) {
@@ -156,7 +161,7 @@ bool JournalAppends::Already_Taken(const FilePath& file, std::string_view) {
   const bool may_be_left = taking.state == State::Begun || reads_.Has_Written(file);
   const bool is_last = Size_Of(file) == taking.offset + taking.bytes;
   if (may_be_left && is_last && Stands_There(file, taking)) return false;
-  Mark(taking_, State::Done);
+  Has_Taken(file);
   return true;
 }
 
@@ -164,7 +169,10 @@ void JournalAppends::Will_Take(const FilePath& file, std::uint64_t offset, std::
   Announce(file, offset, lines, true);
 }
 
-void JournalAppends::Has_Taken(const FilePath&) { Mark(taking_, State::Done); }
+void JournalAppends::Has_Taken(const FilePath& file) {
+  Mark(taking_, State::Done);
+  reads_.Is_Without_Again(file.native.string(), known_[taking_].bytes);
+}
 
 void JournalAppends::Mark(long number, State state) {
   JournaledAppend& append = known_[number];

@@ -40,6 +40,7 @@ class JournalAppends : public AppendWitness {
   /// The number of what happens now, if the journal that is repeated tells of it.
   long Repeated_Number(JournalLine::Kind kind, const FilePath& file);
   void Announce(const FilePath& file, std::uint64_t offset, std::string_view text, bool takes);
+  [[nodiscard]] bool Is_Taken_From(const std::string& path) const;
   [[nodiscard]] bool Was_Taken(const JournaledAppend& append) const;
   void Hide_Later_Lines(const std::string& path, long done);
   bool Find(const FilePath& file, std::string_view text);

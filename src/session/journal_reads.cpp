@@ -56,7 +56,10 @@ JournalReads::JournalReads(Journal& journal, const JournalFacts& facts,
       folder_(std::move(folder)),
       former_(Set_File_Watch(this)),
       again_(facts.writes) {
-  for (const auto& [path, read] : facts.reads) reads_in_journal_.insert(path);
+  for (const auto& [path, read] : facts.reads) {
+    reads_in_journal_.insert(path);
+    if (read.bytes == 0) read_empty_.insert(path);
+  }
   for (const auto& [path, write] : facts.writes) writes_in_journal_.insert(path);
 }
 
@@ -65,19 +68,59 @@ JournalReads::~JournalReads() { Set_File_Watch(former_); }
 void JournalReads::Is_Done_Again() {
   const std::lock_guard lock(mutex_);
   again_.clear();
+  hidden_from_.clear();
+  then_.clear();
+}
+
+/// Whether there was no file before its first line, which begins it: an empty one would have been
+/// noted when it was read.
+bool JournalReads::Was_Missing(const std::string& path) const {
+  return !read_empty_.contains(path);
 }
 
 // A kept state that has got lost is replaced by what there is.
-std::filesystem::path JournalReads::Place_To_Read(const FilePath& file) {
-  const std::lock_guard lock(mutex_);
-  if (again_.empty()) return file.native;
-  const std::string path = file.native.string();
+std::filesystem::path JournalReads::Place_Before_Write(const std::string& path) const {
   const auto write = again_.find(path);
-  if (write == again_.end() || write->second.before == BeforeWrite::Unknown) return file.native;
+  if (write == again_.end() || write->second.before == BeforeWrite::Unknown) return path;
   if (write->second.before == BeforeWrite::Missing) return folder_ / kNoFile;
   std::error_code failure;
   const std::filesystem::path kept = folder_ / Checksum(path);
-  return std::filesystem::exists(kept, failure) ? kept : file.native;
+  return std::filesystem::exists(kept, failure) ? kept : std::filesystem::path(path);
+}
+
+std::filesystem::path JournalReads::Place_To_Read(const FilePath& file) {
+  const std::lock_guard lock(mutex_);
+  const bool is_past = again_.empty() && hidden_from_.empty() && then_.empty();
+  if (is_past) return file.native;
+  const std::string path = file.native.string();
+  const auto then = then_.find(path);
+  const auto place = then == then_.end() ? std::nullopt : then->second.Place();
+  if (place) return place->empty() ? folder_ / kNoFile : *place;
+  const auto hidden = hidden_from_.find(path);
+  const bool begins = hidden != hidden_from_.end() && hidden->second == 0;
+  return begins && Was_Missing(path) ? folder_ / kNoFile : Place_Before_Write(path);
+}
+
+bool JournalReads::Read_As_It_Was(const std::string& path, long first_append, std::uint64_t begin) {
+  const std::lock_guard lock(mutex_);
+  const auto write = again_.find(path);
+  const bool is_written_first = write != again_.end() && write->second.after_append < first_append;
+  if (begin > kLargestKept || is_written_first) return false;
+  then_.try_emplace(path, Place_Before_Write(path), begin, begin == 0 && Was_Missing(path));
+  return true;
+}
+
+void JournalReads::Has_Again(const std::string& path, std::uint64_t offset,
+                             std::string_view lines) {
+  const std::lock_guard lock(mutex_);
+  const auto then = then_.find(path);
+  if (then != then_.end()) then->second.Append(offset, lines);
+}
+
+void JournalReads::Is_Without_Again(const std::string& path, std::uint64_t bytes) {
+  const std::lock_guard lock(mutex_);
+  const auto then = then_.find(path);
+  if (then != then_.end()) then->second.Take(bytes);
 }
 
 /// Keeps the state of a file that is about to be written over for the first time.
@@ -109,6 +152,7 @@ void JournalReads::Will_Change(const FilePath& file, bool appends) {
   const std::lock_guard lock(mutex_);
   written_.insert(path);
   again_.erase(path);
+  then_.erase(path);
   if (!writes_in_journal_.insert(path).second) return;
   journal_.Comment("writes " + Script_Word(path) + Word_Of(Keep(path)));
 }
@@ -121,6 +165,7 @@ std::optional<long> JournalReads::Coming_Write(const std::string& path) const {
 
 void JournalReads::Hide_From(const std::string& path, std::optional<std::uint64_t> offset) {
   const std::lock_guard lock(mutex_);
+  if (then_.contains(path)) return;
   if (offset) {
     hidden_from_[path] = *offset;
   } else {

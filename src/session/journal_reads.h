@@ -12,6 +12,7 @@
 #include "platform/file_watch.h"
 #include "platform/write_witness.h"
 #include "session/journal.h"
+#include "session/lines_then.h"
 
 namespace sylvomex {
 
@@ -43,11 +44,20 @@ class JournalReads : public FileWatch, public WriteWitness {
   /// A file whose lines from an offset on are not yet done again; std::nullopt for no such lines.
   void Hide_From(const std::string& path, std::optional<std::uint64_t> offset);
 
+  /// A file from which lines are taken again later is read as it was, which the next three calls
+  /// tell. begin: at which byte the session's first line begins. False, and nothing is done, when
+  /// more than kLargestKept bytes stand before it, or when the file is written as a whole first.
+  bool Read_As_It_Was(const std::string& path, long first_append, std::uint64_t begin);
+  void Has_Again(const std::string& path, std::uint64_t offset, std::string_view lines);
+  void Is_Without_Again(const std::string& path, std::uint64_t bytes);
+
   /// The session is done again: every file is read as it is.
   void Is_Done_Again();
 
  private:
   BeforeWrite Keep(const std::string& path);
+  [[nodiscard]] std::filesystem::path Place_Before_Write(const std::string& path) const;
+  [[nodiscard]] bool Was_Missing(const std::string& path) const;
 
   Journal& journal_;
   std::filesystem::path folder_;
@@ -56,9 +66,11 @@ class JournalReads : public FileWatch, public WriteWitness {
   // Native paths.
   std::set<std::string> reads_in_journal_;
   std::set<std::string> writes_in_journal_;
+  std::set<std::string> read_empty_;             // when they were read first
   std::map<std::string, JournaledWrite> again_;  // writes that are not yet done again
   std::set<std::string> written_;                // by this run
   std::map<std::string, std::uint64_t> hidden_from_;
+  std::map<std::string, LinesThen> then_;
 };
 
 /// The folder beside a journal with the former states of files that its session wrote over.

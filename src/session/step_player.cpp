@@ -167,7 +167,9 @@ void StepPlayer::Play_History_Event(const ScriptStep& step) {
   const EventOutcome outcome = Handle(Event_Of_Step(step.words));
   if (outcome == EventOutcome::Error) throw StepEnd{kCommandError, name + " ended in an error"};
   if (outcome == EventOutcome::Greyed) {
-    throw StepEnd{kStepFailed, "there is nothing for " + name + " to do"};
+    const bool is_early = services_.history->Get()->Is_In_Event();
+    throw StepEnd{kStepFailed, is_early ? name + " has to wait: a command is running"
+                                        : "there is nothing for " + name + " to do"};
   }
   screen_.Write_Line(name + " " + Quoted(services_.history->Get()->Told()));
 }

@@ -60,6 +60,22 @@ TEST_F(StripTest, AltBackspaceTakesTheClickBackAndShiftDoesItAgain) {
   EXPECT_EQ(w().Form1.Check1(1).Value, 1);
 }
 
+TEST_F(StripTest, WhileACommandRunsItTellsWhyNothingIsUndone) {
+  Click_Pane(1, 50, 60);
+  dialogs_.inputs = {"not a number"};
+  bool asked = false;
+  // The command's question is open then.
+  QTimer::singleShot(0, [&] {
+    asked = true;
+    Button("Undo").click();
+  });
+  Choose("Set_3D_solution");
+  ASSERT_TRUE(asked);
+  EXPECT_EQ(w().Form1.Check1(1).Value, 1);
+  EXPECT_EQ(Text("StripMessage"),
+            "A command is running: it has to end before anything is undone or redone");
+}
+
 TEST_F(StripTest, TheKeysWorkInABox) {
   auto& box = Get<QLineEdit>("Text4");
   box.setFocus();

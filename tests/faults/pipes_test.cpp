@@ -256,7 +256,7 @@ TEST(Pipes, OnlyTheFileLayerOpensFiles) {
       "memory_room.cpp",      // files of the system itself
       "root_lock.cpp",        // the same, and a folder
       "journal_reads.cpp",    // without waiting
-      "journal_appends.cpp",  // after a look at the file's size, which a pipe has not
+      "file_part.cpp",        // after a look at the file's size, which a pipe has not
       "measured_model.cpp",   // the same
   };
   const std::regex opening(

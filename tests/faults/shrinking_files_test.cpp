@@ -4,6 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <fstream>
+#include <thread>
+#include <utility>
+
 #include "commands/matching/matching_site.h"
 #include "commands/stereo/stereo_site.h"
 #include "commands/surfaces/surface_site.h"
@@ -54,6 +59,31 @@ struct SmallImages : testing::Test {
 TEST_F(SmallImages, ShrinkWhileTheyAreCentred) {
   reading.command = "try menu Center_to_xyz_click\n";
   Expect_To_Survive(reading);
+}
+
+TEST_F(SmallImages, AreRewrittenWhileTheyAreCentred) {
+  if (!kMappingIsSeen) return;
+  reading.command = "try menu Center_to_xyz_click\n";
+  bool is_first = true;
+  const PlayedCommand played = Play_Command(
+      reading,
+      [&] {
+        for (const std::string& raw : reading.raws) {
+          std::filesystem::last_write_time(reading.root / raw,
+                                           std::filesystem::file_time_type::clock::now());
+        }
+        after_mapping_raw = [&](const std::filesystem::path& file) {
+          if (!std::exchange(is_first, false)) return;
+          // Longer than the clock of the files stands still.
+          std::this_thread::sleep_for(std::chrono::milliseconds(30));
+          std::fstream(file, std::ios::in | std::ios::out | std::ios::binary) << "other pixels";
+        };
+      },
+      [] { after_mapping_raw = nullptr; });
+  EXPECT_TRUE(played.went_on) << played.transcript;
+  EXPECT_NE(played.transcript.find("a.raw, it was rewritten while it was read"), std::string::npos)
+      << played.transcript;
+  EXPECT_TRUE(played.outputs_after == played.outputs_before);
 }
 
 TEST_F(SmallImages, ShrinkWhileTheyAreZoomed) {

@@ -29,6 +29,7 @@ const std::string kForeign = "a line of another program\n";
 constexpr const char* kResults[] = {kPoints,
                                     "c/data/Lehtomaa/Pistedata/PointData.txt.taken",
                                     "c/data/imageobs.txt",
+                                    "c/apu/quvex.txt",
                                     "c/data/polyline.txt",
                                     "c/data/IMA_polyline.txt",
                                     "c/data/XY_polyline.txt"};
@@ -103,6 +104,8 @@ struct KilledSite {
       image.X0 = 20.0 * k;
       site.Write_Image(std::string(1, static_cast<char>('a' + k)), image);
     }
+    site.Folder().Make_Folder("c/apu");
+    site.Folder().Write("c/data/JetColorMAP.csv", "0,0,0\n255,255,255\n");
   }
 
   RunningProgram Start(std::vector<std::string> more) const {

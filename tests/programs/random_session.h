@@ -56,6 +56,10 @@ class RandomSession {
     Click(1 + Below(2));
     Add("menu Point_Intersection");
   }
+  void Plot_Points() {
+    Add("menu Plot_Point_Set");
+    Add("menu Save_measured_point");  // a step beside the lines and the marks
+  }
   void Polygon() {
     Add("menu Draw_Polygon");
     for (int i = 0; i < 3; ++i) Click(0);
@@ -86,8 +90,7 @@ class RandomSession {
         return Polygon();
       case 8:
         // An undone mode would leave its answer for another dialog.
-        if (doings_ == 11) return Tie_Point();
-        break;
+        return doings_ == 11 ? Tie_Point() : Plot_Points();
       case 9:
         return Add(Below(2) == 0 ? "menu Clear_all" : "menu Zoom_1_2");
       case 10:

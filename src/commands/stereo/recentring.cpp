@@ -8,6 +8,7 @@
 #include "closedlib/anaglyph_picture.h"
 #include "closedlib/normalized_image.h"
 #include "imageblock/bitmap_file.h"
+#include "platform/memory_room.h"
 #include "platform/number_text.h"
 #include "state/cause.h"
 #include "stereo/stereo_view.h"
@@ -42,8 +43,11 @@ std::shared_ptr<const PaneBitmap> Compose(Workspace& w, const StereoState& state
   auto picture = std::make_shared<PaneBitmap>();
   picture->width = state.StereoWidth;
   picture->height = state.StereoHeight;
-  picture->bgr.resize(3 * static_cast<std::size_t>(state.StereoWidth) *
-                      static_cast<std::size_t>(state.StereoHeight));
+  const std::size_t bytes =
+      3 * static_cast<std::size_t>(picture->width) * static_cast<std::size_t>(picture->height);
+  Require_Memory(bytes, "a stereo picture of " + std::to_string(picture->width) + " x " +
+                            std::to_string(picture->height) + " pixels");
+  picture->bgr.resize(bytes);
   MYFUNC_CREATEBMP(left, right, picture->width, picture->height, picture->bgr);
   return picture;
 }

@@ -4,6 +4,7 @@
 #include "commands/stereo/stereo_pointer.h"
 #include "imageblock/bitmap_file.h"
 #include "stereo_site.h"
+#include "support/address_space_limit.h"
 #include "support/recording_screen.h"
 
 namespace sylvomex {
@@ -152,6 +153,18 @@ TEST_F(AnaglyphWindow, AWidthBeyondTheLimitIsRefusedAndChangesNothing) {
   EXPECT_NE(played.reason.find("a window of 40000 x 130 pixels"), std::string::npos);
   EXPECT_FALSE(Has(played, "Form5.Width = 40000")) << played.transcript;
   EXPECT_TRUE(Has(played, "StereoWidth = 100\nStereoState.WindowLeft = 100 200 200 300\n"));
+}
+
+TEST_F(AnaglyphWindow, APictureBeyondTheMemoryIsRefusedAndTheOldOneStays) {
+  const AddressSpaceLimit limit(std::uint64_t{512} << 20);
+  const PlayedSession played =
+      Play_Opened("try resize Form5 16050 16030\nprint StereoState.WindowLeft\n");
+  EXPECT_EQ(played.status, 0) << played.reason;
+  // 3 x 16000 x 16000 bytes.
+  EXPECT_TRUE(played.transcript.starts_with(
+      "error Form_Resize \"Out of memory: a stereo picture of 16000 x 16000 pixels takes 732 MB, "))
+      << played.transcript;
+  EXPECT_TRUE(Has(played, "WindowLeft = 100 200 200 300")) << played.transcript;
 }
 
 TEST_F(AnaglyphWindow, ExitHidesItAndTheTitleBarDoesTheSame) {
