@@ -39,7 +39,8 @@ Desktop::Desktop(DesktopOptions options)
     : options_(std::move(options)),
       screen_(options_.drives, {[this] { windows_.Mirror(); }, [this] { return Front_Window(); },
                                 [this] { End(); }}),
-      w_(std::make_unique<Workspace>(options_.drives, screen_)),
+      answering_(screen_),
+      w_(std::make_unique<Workspace>(options_.drives, answering_)),
       windows_(*this, *w_) {
   move_timer_.setSingleShot(true);
   resize_timer_.setSingleShot(true);
@@ -73,12 +74,12 @@ void Desktop::Open_Journal() {
     if (options_.unfinished) {
       w_->Form1.ClientWidth = options_.unfinished->facts.head->width;
       w_->Form1.ClientHeight = options_.unfinished->facts.head->height;
-      journal_.emplace(std::move(*options_.unfinished), screen_);
+      journal_.emplace(std::move(*options_.unfinished), answering_);
     } else if (!options_.journal.native.empty()) {
       const std::string root = std::filesystem::absolute(options_.drives.Root()).string();
       const JournalHead head{root, w_->Form1.ClientWidth, w_->Form1.ClientHeight,
                              std::random_device{}()};
-      journal_.emplace(options_.journal, head, screen_);
+      journal_.emplace(options_.journal, head, answering_);
     }
   } catch (const RunTimeError& failure) {
     std::cerr << "sylvomex: no journal is written: " << failure.what() << '\n';
@@ -141,9 +142,22 @@ void Desktop::Dispatch(const OperatorEvent& event) {
   Run(event);
 }
 
+void Desktop::Dispatch_Answered(const OperatorEvent& event, std::vector<DialogAnswer> answers) {
+  Send_Waiting_Move();
+  known_answers_ = std::move(answers);
+  Run(event);
+}
+
+void Desktop::Begin_Outer_Event(const OperatorEvent& event) {
+  screen_.Begin_Outer_Event();
+  answering_.Begin_Outer_Event();
+  answering_.Answer_With(std::exchange(known_answers_, {}));
+  for (EventWatcher* watcher : watchers_) watcher->Event_Begins(event);
+}
+
 void Desktop::Run(const OperatorEvent& event) {
   if (ended_) return;
-  if (depth_ == 0) screen_.Begin_Outer_Event();
+  if (depth_ == 0) Begin_Outer_Event(event);
   ++depth_;
   try {
     Handle_Event_On(Path(), *w_, event);
@@ -157,6 +171,7 @@ void Desktop::Run(const OperatorEvent& event) {
   if (--depth_ == 0) {
     screen_.End_Outer_Event();
     Watch_Recording();
+    for (EventWatcher* watcher : watchers_) watcher->Event_Has_Ended(event);
   }
   windows_.Mirror();
 }

@@ -9,9 +9,12 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <vector>
 
+#include "desktop/answering_screen.h"
 #include "desktop/cursor_file.h"
 #include "desktop/desktop_screen.h"
+#include "desktop/event_watcher.h"
 #include "desktop/windows.h"
 #include "session/event_path.h"
 #include "session/record_file.h"
@@ -43,6 +46,9 @@ class Desktop : public OperatorEvents {
   void Begin_With(const std::filesystem::path& script);
 
   void Dispatch(const OperatorEvent& event) override;
+
+  /// Dispatch, with answers for the dialogs of the event. Not while another event is being handled.
+  void Dispatch_Answered(const OperatorEvent& event, std::vector<DialogAnswer> answers);
   void Dispatch_Move(const OperatorEvent& event) override;
   bool Dispatch_Resize(const OperatorEvent& event) override;
   const QCursor& Custom_Cursor(const std::string& file) override;
@@ -55,6 +61,15 @@ class Desktop : public OperatorEvents {
   [[nodiscard]] History* Kept() { return history_.Get(); }
   [[nodiscard]] Windows& Shown() { return windows_; }
 
+  /// What was asked and answered in the dialogs of the present outer event.
+  [[nodiscard]] const std::vector<DialogAnswer>& Answers() const { return answering_.Given(); }
+
+  [[nodiscard]] DesktopScreen& Dialogs() { return screen_; }
+
+  /// From now on, until it is sent away; it must not go before.
+  void Bring_In(EventWatcher& watcher) { watchers_.push_back(&watcher); }
+  void Send_Away(EventWatcher& watcher) { std::erase(watchers_, &watcher); }
+
  private:
   void Start_Recording();
   void Watch_Recording();
@@ -62,6 +77,7 @@ class Desktop : public OperatorEvents {
   void Resume();
   void Watch_Journal();
   EventPath Path();
+  void Begin_Outer_Event(const OperatorEvent& event);
   void Run(const OperatorEvent& event);
   void Send_Waiting_Move();
   void Send_Waiting_Resize();
@@ -70,6 +86,9 @@ class Desktop : public OperatorEvents {
 
   DesktopOptions options_;
   DesktopScreen screen_;
+  AnsweringScreen answering_;  // before the screen
+  std::vector<DialogAnswer> known_answers_;
+  std::vector<EventWatcher*> watchers_;
   std::unique_ptr<Workspace> w_;
   std::optional<RecordFile> record_;
   bool record_lost_ = false;  // and told

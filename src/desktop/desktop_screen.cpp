@@ -114,6 +114,8 @@ std::optional<std::string> DesktopScreen::Input_Box(std::string_view prompt, std
 }
 
 QString DesktopScreen::Start_Folder(const FileQuestion& question) const {
+  const auto last = folders_.find(Qt_Text(question.title));
+  if (last != folders_.end() && QFileInfo(last->second).isDir()) return last->second;
   for (const std::string& name : {question.folder, std::string("c:\\data")}) {
     if (name.empty() && !last_folder_.isEmpty()) return last_folder_;
     if (name.empty()) continue;
@@ -140,6 +142,7 @@ std::optional<std::string> DesktopScreen::File_Dialog(const FileQuestion& questi
       Chosen_File_Name(drives_, question, Block_Text(dialog.selectedFiles().constFirst()));
   last_folder_ =
       QFileInfo(QString::fromStdString(drives_.Locate(chosen).native.string())).absolutePath();
+  folders_[Qt_Text(question.title)] = last_folder_;
   return chosen;
 }
 

@@ -28,6 +28,12 @@ class DesktopScreen : public Screen {
 
   DesktopScreen(const DriveMap& drives, Owner owner);
 
+  /// Folders by title of the file dialog in which a file was chosen there last. Such a dialog opens
+  /// in its folder again.
+  using Folders = std::map<QString, QString>;
+  void Begin_In(Folders folders) { folders_ = std::move(folders); }
+  [[nodiscard]] const Folders& Last_Folders() const { return folders_; }
+
   /// Begins a new operator event: suppressed messages are shown again.
   void Begin_Outer_Event();
   void End_Outer_Event() { in_event_ = false; }
@@ -67,6 +73,7 @@ class DesktopScreen : public Screen {
   QSet<QString> silenced_;
   QStringList causes_;  // of the next message box
   QString last_folder_;
+  Folders folders_;
   bool in_event_ = false;
   SteadyClock::time_point span_start_;
   int serviced_in_span_ = 0;

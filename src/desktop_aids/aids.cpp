@@ -4,6 +4,7 @@
 #include <QToolButton>
 
 #include "desktop_aids/control_names.h"
+#include "desktop_aids/control_tips.h"
 #include "desktop_aids/dialog_keys.h"
 #include "desktop_aids/menu_keys.h"
 
@@ -25,8 +26,11 @@ Aids::Aids(Desktop& desktop)
       magnifier_(new Magnifier(panes_)),
       strip_(new Strip(panes_)),
       measured_(new MeasuredDock(panes_)),
+      guide_(new Guide(desktop)),
       palette_(desktop),
       menu_(desktop),
+      recent_(desktop, menu_.Add_Submenu("RecentFiles", QStringLiteral("&Recent files"))),
+      drops_(desktop),
       keys_(panes_,
             {{Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier, [this] { palette_.Bring_Up(); }},
              {Qt::Key_F10, Qt::NoModifier,
@@ -34,6 +38,7 @@ Aids::Aids(Desktop& desktop)
              {Qt::Key_F10, Qt::ShiftModifier,
               [&desktop] { Open_Aids_Menu(desktop.Shown().Main()); }}}) {
   (new DialogKeys(desktop))->setParent(&desktop.Shown().Main());
+  new ControlTips(desktop);  // owned by the window
   for (int pane = 0; pane < kAidedPanes; ++pane) {
     overlays_.at(static_cast<std::size_t>(pane)) =
         new PaneOverlay(panes_, pane, choices_, measured_->Model());
@@ -42,6 +47,7 @@ Aids::Aids(Desktop& desktop)
   desktop.Shown().Main().resizeDocks({measured_}, {kDockHeight}, Qt::Vertical);
   measured_->hide();
   Give_Mnemonics(*desktop.Shown().Main().menuBar());
+  recent_.Show_Lines({});
   Fill_Menu();
   Name_Controls(desktop);
   desktop.Shown().When_Mirrored([this] { Refresh(); });
@@ -53,6 +59,7 @@ Aids::~Aids() {
   delete strip_;
   delete magnifier_;
   delete measured_;
+  delete guide_;
   for (PaneOverlay* overlay : overlays_) delete overlay;
 }
 
@@ -74,6 +81,9 @@ void Aids::Fill_Menu() {
   menu_.Add_Existing("MeasuredDock", *measured_->toggleViewAction());
   menu_.Add_Item("AidPalette", QStringLiteral("All &commands by name\tCtrl+Shift+P"),
                  [this] { palette_.Bring_Up(); });
+  menu_.Add_Item("AidGuide", QStringLiteral("&Guide\tShift+F1"), [this] {
+    guide_->Open({"user-guide.md", ""});
+  });
 }
 
 void Aids::Refresh() {

@@ -9,10 +9,13 @@
 #include "desktop_aids/aided_panes.h"
 #include "desktop_aids/aids_menu.h"
 #include "desktop_aids/command_palette.h"
+#include "desktop_aids/file_drops.h"
+#include "desktop_aids/guide.h"
 #include "desktop_aids/magnifier.h"
 #include "desktop_aids/measured_dock.h"
 #include "desktop_aids/pane_hands.h"
 #include "desktop_aids/pane_overlay.h"
+#include "desktop_aids/recent_files.h"
 #include "desktop_aids/strip.h"
 
 namespace sylvomex {
@@ -32,6 +35,8 @@ class Aids {
   }
   [[nodiscard]] MeasuredDock& Measured() { return *measured_; }
   [[nodiscard]] CommandPalette& Palette() { return palette_; }
+  [[nodiscard]] Guide& Help() { return *guide_; }
+  [[nodiscard]] RecentFiles& Recent() { return recent_; }
 
  private:
   void Fill_Menu();
@@ -45,8 +50,11 @@ class Aids {
   Magnifier* magnifier_;                              // owned by the window
   Strip* strip_;                                      // owned by the window
   MeasuredDock* measured_;                            // owned by the window
+  Guide* guide_;                                      // owned by the window
   CommandPalette palette_;
   AidsMenu menu_;
+  RecentFiles recent_;
+  FileDrops drops_;
   AidKeys keys_;
 };
 

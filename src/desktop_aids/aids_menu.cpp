@@ -51,6 +51,12 @@ void AidsMenu::Add_Existing(const char* name, QAction& action) {
   menu_->addAction(&action);
 }
 
+QMenu& AidsMenu::Add_Submenu(const char* name, const QString& text) {
+  QMenu& menu = *menu_->addMenu(text);
+  menu.setObjectName(QString::fromLatin1(name));
+  return menu;
+}
+
 QAction& AidsMenu::Add_Item(const char* name, const QString& text, std::function<void()> run) {
   QAction& action = *menu_->addAction(text);
   action.setObjectName(QString::fromLatin1(name));

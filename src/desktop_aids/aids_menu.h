@@ -21,6 +21,8 @@ class AidsMenu {
   /// An item that something else has made.
   void Add_Existing(const char* name, QAction& action);
 
+  QMenu& Add_Submenu(const char* name, const QString& text);
+
   QAction& Add_Item(const char* name, const QString& text, std::function<void()> run);
 
  private:

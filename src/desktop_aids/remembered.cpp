@@ -12,10 +12,21 @@ namespace sylvomex {
 namespace {
 
 const QString kDockShown = QStringLiteral("Measured/shown");
+const QString kDockSize = QStringLiteral("Measured/size");
 const QString kDockArea = QStringLiteral("Measured/area");
+const QString kRecent = QStringLiteral("Files/recent");
+const QString kFolders = QStringLiteral("Folders");
 
 QString Place_Key(const FormWindow& window) {
   return QStringLiteral("Places/") + window.objectName();
+}
+
+QString Size_Key(const FormWindow& window) {
+  return QStringLiteral("Sizes/") + window.objectName();
+}
+
+bool Can_Be_Resized(const FormWindow& window) {
+  return window.minimumSize() != window.maximumSize();
 }
 
 /// Whether a window there could be taken by its title bar.
@@ -26,10 +37,11 @@ bool Is_On_A_Screen(const QPoint& corner) {
 
 }  // namespace
 
-Remembered::Remembered(Desktop& desktop, const QString& file)
+Remembered::Remembered(Desktop& desktop, Aids& aids, const QString& file)
     : settings_(file, QSettings::IniFormat) {
   Follow_Choices(desktop.Shown().Main());
   Follow_Dock(desktop.Shown().Main());
+  Follow_Files(desktop, aids.Recent());
   for (const WindowRow& row : All_Windows()) {
     FormWindow* window = desktop.Shown().Find(row.name);
     if (window != &desktop.Shown().Main()) window->installEventFilter(this);
@@ -61,19 +73,59 @@ void Remembered::Follow_Dock(FormWindow& window) {
           [this](bool shown) { settings_.setValue(kDockShown, shown); });
   connect(&dock, &QDockWidget::dockLocationChanged, this,
           [this](Qt::DockWidgetArea now) { settings_.setValue(kDockArea, static_cast<int>(now)); });
+  const QSize size = settings_.value(kDockSize).toSize();
+  if (size.isValid()) {
+    window.resizeDocks({&dock}, {size.height()}, Qt::Vertical);
+    window.resizeDocks({&dock}, {size.width()}, Qt::Horizontal);
+  }
+  dock.installEventFilter(this);
+}
+
+void Remembered::Follow_Files(Desktop& desktop, RecentFiles& recent) {
+  DesktopScreen::Folders folders;
+  settings_.beginGroup(kFolders);
+  for (const QString& key : settings_.childKeys()) {
+    const QStringList told = settings_.value(key).toStringList();  // title and folder
+    if (told.size() == 2) folders[told[0]] = told[1];
+  }
+  settings_.endGroup();
+  desktop.Dialogs().Begin_In(std::move(folders));
+  recent.Show_Lines(settings_.value(kRecent).toStringList());
+  recent.When_Changed([this, &desktop, &recent] {
+    settings_.setValue(kRecent, recent.Lines());
+    int number = 0;
+    for (const auto& [title, folder] : desktop.Dialogs().Last_Folders()) {
+      settings_.setValue(kFolders + QStringLiteral("/%1").arg(++number),
+                         QStringList{title, folder});
+    }
+  });
 }
 
 void Remembered::Put_In_Place(FormWindow& window) {
   const QVariant place = settings_.value(Place_Key(window));
   if (place.isValid() && Is_On_A_Screen(place.toPoint())) window.move(place.toPoint());
+  const QSize size = settings_.value(Size_Key(window)).toSize();
+  if (size.isValid() && Can_Be_Resized(window)) {
+    window.resize(size.boundedTo(window.screen()->availableSize()));
+  }
 }
 
 bool Remembered::eventFilter(QObject* watched, QEvent* event) {
+  if (const auto* dock = qobject_cast<QDockWidget*>(watched)) {
+    if (event->type() == QEvent::Resize && dock->isVisible() && !dock->isFloating()) {
+      settings_.setValue(kDockSize, dock->size());
+    }
+    return false;
+  }
   auto* window = dynamic_cast<FormWindow*>(watched);
   if (window == nullptr) return false;
   if (event->type() == QEvent::Show && placed_.insert(watched).second) Put_In_Place(*window);
   if (event->type() == QEvent::Move && window->isVisible() && placed_.contains(watched)) {
     settings_.setValue(Place_Key(*window), window->pos());
+  }
+  const bool has_a_size = window->isVisible() && !window->isMaximized() && Can_Be_Resized(*window);
+  if (event->type() == QEvent::Resize && has_a_size && placed_.contains(watched)) {
+    settings_.setValue(Size_Key(*window), window->size());
   }
   return false;
 }

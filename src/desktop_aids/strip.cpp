@@ -72,6 +72,7 @@ void FittingLabel::Fit() {
 }
 
 Strip::Strip(const AidedPanes& panes) : panes_(panes) {
+  setObjectName(QStringLiteral("Strip"));
   Lay_Out();
   setSizeGripEnabled(false);
   setFixedHeight(sizeHint().height());

@@ -12,7 +12,7 @@ class RememberedTest : public AidedDesktop {
     return QString::fromStdString((site_.Folder().Path() / "settings/desktop.ini").string());
   }
 
-  void Remember() { remembered_.emplace(*desktop_, File()); }
+  void Remember() { remembered_.emplace(*desktop_, *aids_, File()); }
 
   /// The program ends and is started again.
   void Start_Again() {
@@ -63,6 +63,47 @@ TEST_F(RememberedTest, AWindowComesBackToItsPlace) {
   Start_Again();
   Choose("Open_Options_Window");
   EXPECT_EQ(Window("Form2").pos(), QPoint(37, 91));
+}
+
+TEST_F(RememberedTest, AWindowComesBackInItsSizeAndTheBlockFollows) {
+  Remember();
+  Choose("Show_Results_Window");
+  Window("Form6").resize(700, 600);
+  ASSERT_TRUE(Soon([&] { return w().Form6.ClientWidth == 700; }));
+  Start_Again();
+  Choose("Show_Results_Window");
+  EXPECT_EQ(Window("Form6").size(), QSize(700, 600));
+  EXPECT_TRUE(Soon([&] { return w().Form6.ClientWidth == 700; }));
+}
+
+TEST_F(RememberedTest, TheHeightOfTheDockComesBack) {
+  Remember();
+  Choice("MeasuredDock").trigger();
+  QApplication::processEvents();
+  Main().resizeDocks({&aids_->Measured()}, {260}, Qt::Vertical);
+  QApplication::processEvents();
+  ASSERT_EQ(aids_->Measured().height(), 260);
+  Start_Again();
+  QApplication::processEvents();
+  EXPECT_EQ(aids_->Measured().height(), 260);
+}
+
+TEST_F(RememberedTest, RecentFilesAndTheFoldersOfTheDialogsComeBack) {
+  Remember();
+  SmallImage third;
+  third.id = 3;
+  site_.Folder().Make_Folder("c/data/flight");
+  site_.Write_Image("flight/c", third);
+  dialogs_.files.push_back((site_.Folder().Path() / "c/data/flight/c.hdr").string());
+  Choose("Add_images_to_set");
+  const QStringList lines = aids_->Recent().Lines();
+  ASSERT_FALSE(lines.isEmpty());
+  Start_Again();
+  EXPECT_EQ(aids_->Recent().Lines(), lines);
+  EXPECT_TRUE(desktop_->Dialogs()
+                  .Last_Folders()
+                  .at(QStringLiteral("Header file for an image"))
+                  .endsWith("/c/data/flight"));
 }
 
 TEST_F(RememberedTest, APlaceOutsideTheScreensIsForgotten) {

@@ -105,7 +105,7 @@ int Run_Desktop(const CommandLine& line, int argc, char** argv) {
   std::optional<Remembered> remembered;
   if (!line.plain) {
     aids.emplace(desktop);
-    remembered.emplace(desktop, Remembered::Usual_File());
+    remembered.emplace(desktop, *aids, Remembered::Usual_File());
   }
   if (!line.begin.empty()) desktop.Begin_With(line.begin);
   return QApplication::exec();
