@@ -28,6 +28,7 @@ install(FILES packaging/sylvomex.desktop DESTINATION share/applications)
 install(FILES packaging/sylvomex.svg DESTINATION share/icons/hicolor/scalable/apps)
 install(DIRECTORY docs/ DESTINATION ${doc_folder} FILES_MATCHING PATTERN "*.md" PATTERN "*.png"
         PATTERN "decisions" EXCLUDE)
+install(DIRECTORY workflow DESTINATION share/sylvomex USE_SOURCE_PERMISSIONS)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME sylvomex)
@@ -42,7 +43,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-liberation")
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS "nodejs, gdal-bin, qgis")
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "nodejs, gdal-bin, qgis, snakemake")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "photogrammetric workstation for forest research")
 set(CPACK_PACKAGE_DESCRIPTION
 "Measures trees in oriented aerial photographs, with airborne lidar and

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 #include <sstream>
 
 #include "demo/table/truth_file.h"
@@ -43,24 +42,6 @@ std::vector<Pair> Pairs_In_Reach(const std::vector<Point3D>& clusters,
   return pairs;
 }
 
-/// The cluster of each tree, and for each cluster whether it has a tree.
-struct Matching {
-  std::vector<std::optional<std::size_t>> cluster_of;
-  std::vector<bool> is_taken;
-};
-
-Matching Match_One_To_One(const std::vector<Point3D>& clusters,
-                          const std::vector<TrueTree>& truth) {
-  Matching matching{std::vector<std::optional<std::size_t>>(truth.size()),
-                    std::vector<bool>(clusters.size(), false)};
-  for (const Pair& pair : Pairs_In_Reach(clusters, truth)) {
-    if (matching.cluster_of[pair.tree] || matching.is_taken[pair.cluster]) continue;
-    matching.cluster_of[pair.tree] = pair.cluster;
-    matching.is_taken[pair.cluster] = true;
-  }
-  return matching;
-}
-
 std::string Rest_Of_Line(const std::string& text, const std::string& beginning) {
   const std::size_t at = text.find("\n" + beginning);
   if (at == std::string::npos) {
@@ -77,6 +58,22 @@ std::string Share(std::size_t part, std::size_t whole) {
 }
 
 }  // namespace
+
+TopMatching Match_One_To_One(const std::vector<Point3D>& clusters,
+                             const std::vector<TrueTree>& truth) {
+  TopMatching matching{std::vector<std::optional<std::size_t>>(truth.size()),
+                       std::vector<bool>(clusters.size(), false)};
+  for (const Pair& pair : Pairs_In_Reach(clusters, truth)) {
+    if (matching.cluster_of[pair.tree] || matching.is_taken[pair.cluster]) continue;
+    matching.cluster_of[pair.tree] = pair.cluster;
+    matching.is_taken[pair.cluster] = true;
+  }
+  return matching;
+}
+
+bool Is_Dominant_And_Visible(const TrueTree& tree) {
+  return tree.height >= kDominantHeight && tree.photos >= kLeastPhotos;
+}
 
 std::vector<TrueTree> Read_True_Trees(const FilePath& file) {
   const TruthFile truth = Read_Truth_File(file);
@@ -124,13 +121,13 @@ SearchedPlot Read_Searched_Plot(const std::string& transcript) {
 
 DetectionTable Compare_Clusters(const std::vector<Point3D>& clusters,
                                 const std::vector<TrueTree>& truth, const SearchedPlot& plot) {
-  const Matching matching = Match_One_To_One(clusters, truth);
+  const TopMatching matching = Match_One_To_One(clusters, truth);
   DetectionTable table;
   double squares_xy = 0, squares_z = 0;
   for (std::size_t t = 0; t < truth.size(); ++t) {
     if (!Is_In_Plot(truth[t].top, plot)) continue;
     ++table.trees;
-    if (truth[t].height < kDominantHeight || truth[t].photos < kLeastPhotos) continue;
+    if (!Is_Dominant_And_Visible(truth[t])) continue;
     ++table.visible;
     if (!matching.cluster_of[t]) continue;
     ++table.found;

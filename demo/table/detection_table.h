@@ -3,6 +3,7 @@
 // site.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,18 @@ struct SearchedPlot {
 /// The plot given in a transcript by its lines "PlotCenter = ..." and "PlotRadius = ...".
 /// RunTimeError(BadContent) when one is missing.
 SearchedPlot Read_Searched_Plot(const std::string& transcript);
+
+/// One to one, nearest pairs first, within 1.5 m in plan.
+struct TopMatching {
+  std::vector<std::optional<std::size_t>> cluster_of;  // of each tree
+  std::vector<bool> is_taken;                          // whether a cluster has a tree
+};
+
+TopMatching Match_One_To_One(const std::vector<Point3D>& clusters,
+                             const std::vector<TrueTree>& truth);
+
+/// Whether a search should find the tree: 17 m or more, its top on at least four photographs.
+bool Is_Dominant_And_Visible(const TrueTree& tree);
 
 /// Dominant: 17 m or more; visible: top on at least four photographs. A cluster is matched to
 /// a tree within 1.5 m in plan, one to one, nearest pairs first. A false cluster lies in the plot
