@@ -7,14 +7,16 @@
 
 namespace sylvomex {
 
-Point3D Cluster_Position(const MatchingState& state, int cluster) {
-  const double weight = state.ClusterWeight(cluster);
+Point3D Cluster_Position(const Point3D& sum, double weight, int cluster) {
   if (weight == 0) {
     throw RunTimeError(Failure::DivisionByZero,
                        "cluster " + std::to_string(cluster) + " has no weight");
   }
-  const Point3D& sum = state.ClusterSum(cluster);
   return {sum.X / weight, sum.Y / weight, sum.Z / weight};
+}
+
+Point3D Cluster_Position(const MatchingState& state, int cluster) {
+  return Cluster_Position(state.ClusterSum(cluster), state.ClusterWeight(cluster), cluster);
 }
 
 std::vector<Point3D> Cluster_Positions(const MatchingState& state) {

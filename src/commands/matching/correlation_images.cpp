@@ -6,11 +6,11 @@
 #include <optional>
 #include <string>
 
-#include "closedlib/correlation_image.h"
 #include "commands/matching/matching_inputs.h"
 #include "imageblock/bitmap_file.h"
 #include "matching/image_template.h"
 #include "matching/patch_geometry.h"
+#include "matching/tree_top_steps.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
 #include "services/progress.h"
@@ -22,8 +22,6 @@
 
 namespace sylvomex {
 namespace {
-
-constexpr double kPatchPerRadius = 3.5;
 
 // A ticked image. Templates and files are named by its index, so an image that a removal has moved
 // is skipped like a removed one.
@@ -76,10 +74,7 @@ std::vector<double> Correlate(Workspace& w, int image, const RawWindow& window,
                               const std::vector<std::uint8_t>& patch) {
   const ImageTemplate pattern = Read_Template(w.Drives, image);
   Progress progress(w);
-  std::vector<double> result(patch.size());
-  MYFUNC_CORIMA({patch, window.Width(), window.Height(), pattern.pixels, pattern.width,
-                 pattern.height, pattern.reference_col, pattern.reference_row},
-                result);
+  std::vector<double> result = Correlate_Patch(pattern, window, patch);
   progress.Report(Format(progress.Seconds(), "#.00") +
                   " Seconds cross-corr for image: " + Index_Text(image));
   return result;
@@ -116,7 +111,7 @@ void Correlate_Image(Workspace& w, const TickedImage& ticked, int side) {
 
 void Compute_Correlation_Images(Workspace& w) {
   w.Matching.PlotRadius = Number_In(w.Form1.Text4, "Text4");
-  w.Matching.PatchSize = w.Matching.PlotRadius * kPatchPerRadius;
+  w.Matching.PatchSize = Patch_Size_Of(w.Matching.PlotRadius);
   if (!w.SolutionValid) {
     w.screen->Message_Box("Solution X;Y;Z does not exist!");
     return;

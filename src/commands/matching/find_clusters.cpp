@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "closedlib/clusters.h"
 #include "closedlib/counted_loop.h"
 #include "commands/matching/matching_inputs.h"
 #include "matching/cluster_position.h"
+#include "matching/tree_top_steps.h"
 #include "panes/pane_drawing.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
@@ -99,23 +99,13 @@ void Create_Result_File(const Workspace& w) {
   if (!File_Exists(file)) Write_Whole_File(file, "");
 }
 
-// A mesh rebuilt after its points were scored may be too short for the scores.
-void Require_Scored_Mesh(const MatchingState& m) {
-  if (static_cast<std::size_t>(m.SortCount) <= m.MeshPoints.size()) return;
-  throw RunTimeError(Failure::SubscriptOutOfRange,
-                     std::to_string(m.SortCount) + " scores for a mesh of " +
-                         std::to_string(m.MeshPoints.size()) +
-                         " points, compute the back-projections anew");
-}
-
 void Search_Clusters(MatchingState& m) {
-  Require_Scored_Mesh(m);
   std::vector<std::int32_t> members(kMostClusters + 2);
   const ClusterTables tables{{m.ClusterWeight.begin(), m.ClusterWeight.end()},
                              {m.ClusterSum.begin(), m.ClusterSum.end()},
                              members};
-  m.ClusterCount = MYFUNC_FINDCLUSTERS({m.SortCount, m.SortIndex, m.PointScore, m.MeshPoints},
-                                       m.CaptureSnapshot.XYt, m.CaptureSnapshot.Rl, tables);
+  m.ClusterCount = Group_Points({m.SortCount, m.SortIndex, m.PointScore, m.MeshPoints},
+                                m.CaptureSnapshot.XYt, m.CaptureSnapshot.Rl, tables);
   for (int i = 0; i <= m.ClusterCount; ++i) {
     m.ClusterInfo(i).Members = members[static_cast<std::size_t>(i)];
   }

@@ -8,20 +8,16 @@
 #include <utility>
 #include <vector>
 
-#include "closedlib/back_projection.h"
-#include "closedlib/index_sort.h"
 #include "commands/matching/matching_inputs.h"
 #include "heightmodels/raster_model.h"
-#include "matching/search_mesh.h"
+#include "matching/tree_top_steps.h"
 #include "overlays/colour_map.h"
 #include "platform/number_text.h"
-#include "platform/rounding.h"
 #include "services/file_names.h"
 #include "services/hourglass.h"
 #include "services/progress.h"
 #include "services/status_line.h"
 #include "services/ticked_images.h"
-#include "solver/patch_projection.h"
 #include "state/box_numbers.h"
 #include "state/camera_access.h"
 #include "state/cause.h"
@@ -30,7 +26,6 @@
 namespace sylvomex {
 namespace {
 
-constexpr double kMeshPerPatch = 0.65;  // side of the mesh / side of the ground square
 constexpr float kHotScore = 1.2F;
 constexpr double kNoCanopy = std::numeric_limits<double>::quiet_NaN();
 
@@ -97,33 +92,11 @@ void Summarize_Images(Workspace& w, const std::vector<int>& images) {
 
 // The correlation of every mesh point in one image.
 std::vector<float> Back_Project(Workspace& w, int image) {
-  const ImageRecord& patch = w.CorrelationRecords(image);
-  const MeshTable& mesh = w.Matching.MeshPoints;
-  std::vector<float> correlation(mesh.size());
-  const PatchProjection projection = Make_Patch_Projection(
-      Make_Camera(w.ImageBlock(image)), {patch.SubColOrigin, patch.SubRowOrigin});
-  MYFUNC_COMPUTEBKPROJ(image, projection, mesh, w.Matching.CorrelationVolume.All(), correlation);
-  return correlation;
+  return Back_Project(image, w.ImageBlock(image), w.CorrelationRecords(image),
+                      w.Matching.MeshPoints, w.Matching.CorrelationVolume.All());
 }
 
 using ImageCorrelation = std::vector<std::vector<float>>;  // indexed by ticked image, then by point
-
-void Require_Two_Images(const ImageCorrelation& correlations) {
-  if (correlations.size() >= 2) return;
-  throw RunTimeError(
-      Failure::SubscriptOutOfRange,
-      "scores need two ticked images, " + std::to_string(correlations.size()) + " are ticked");
-}
-
-void Score_Points(MatchingState& m, const ImageCorrelation& correlations) {
-  std::vector<float> scores(m.MeshPoints.size() + 1);  // entry 0 is unused
-  if (!m.MeshPoints.empty()) {
-    Require_Two_Images(correlations);
-    const std::vector<std::span<const float>> values(correlations.begin(), correlations.end());
-    Geometric_Mean_Scores(values, std::span(scores).subspan(1));
-  }
-  m.PointScore = std::move(scores);
-}
 
 std::size_t Count_Hot_Points(const std::vector<float>& scores) {
   std::size_t count = 0;
@@ -132,9 +105,8 @@ std::size_t Count_Hot_Points(const std::vector<float>& scores) {
 }
 
 void Sort_Points(MatchingState& m) {
-  m.SortIndex.assign(m.PointScore.size(), 0);
   m.SortCount = static_cast<std::int32_t>(m.PointScore.size() - 1);
-  MYFUNC_INDEXX(m.PointScore, m.SortIndex);
+  m.SortIndex = Sort_Scores(m.PointScore);
 }
 
 void Lay_Mesh(Workspace& w, Progress& progress) {
@@ -154,8 +126,7 @@ void Create_XYZ_Point_Set(Workspace& w) {
     return;
   }
   Measure_Model_Tree(w);
-  About(w, "the mesh's side, 0.65 of PatchSize",
-        [&] { m.MeshSide = To_Int32(m.PatchSize * kMeshPerPatch); });
+  About(w, "the mesh's side, 0.65 of PatchSize", [&] { m.MeshSide = Mesh_Side_Of(m.PatchSize); });
   Take_Mesh_Options(w);
   Progress progress(w);
   Lay_Mesh(w, progress);
@@ -174,7 +145,7 @@ void Compute_Back_Projections(Workspace& w) {
   ImageCorrelation correlations;
   for (const int image : images) correlations.push_back(Back_Project(w, image));
   Read_Colour_Map(w.Drives.Locate(kColourMapFile));
-  Score_Points(m, correlations);
+  m.PointScore = Score_Points(m.MeshPoints.size(), correlations);
   // The hot points are not drawn; events are serviced once for each of them.
   for (std::size_t hot = Count_Hot_Points(m.PointScore); hot > 0; --hot) {
     progress.Service();
