@@ -37,10 +37,11 @@ void Read_Cells_Within(const FilePath& cell_file, const RasterWindow& window, Ra
   const auto count = static_cast<std::size_t>(window.last_col - window.first_col + 1);
   for (std::int64_t row = window.first_row; row <= window.last_row; ++row) {
     const std::int64_t place = row * model.columns + window.first_col;
-    const std::span<float> cells = model.Cells.All().subspan(static_cast<std::size_t>(place), count);
+    const std::span<float> cells =
+        model.Cells.All().subspan(static_cast<std::size_t>(place), count);
     auto* bytes = reinterpret_cast<std::uint8_t*>(cells.data());
-    const std::size_t got = file.Read_At(place * std::int64_t{sizeof(float)},
-                                         {bytes, cells.size_bytes()});
+    const std::size_t got =
+        file.Read_At(place * std::int64_t{sizeof(float)}, {bytes, cells.size_bytes()});
     if (got % sizeof(float) != 0) cells[got / sizeof(float)] = 0;
   }
 }

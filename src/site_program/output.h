@@ -16,6 +16,7 @@ struct SiteOutput {
   std::ostream& out;
   std::ostream& err;
   bool json = false;
+  std::string program = "sylvomex-site";
   nlohmann::ordered_json object = nlohmann::ordered_json::object();
 
   /// A result line on standard output, left out with --json.
@@ -23,7 +24,7 @@ struct SiteOutput {
     if (!json) out << line << '\n';
   }
   /// A message on standard error.
-  void Warn(const std::string& line) const { err << "sylvomex-site: " << line << '\n'; }
+  void Warn(const std::string& line) const { err << program << ": " << line << '\n'; }
 };
 
 }  // namespace sylvomex

@@ -1,30 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "site_program/site_program.h"
 
-#include <CLI/CLI.hpp>
-#include <functional>
-#include <new>
-#include <sstream>
+#include <utility>
 
-#include "interchange/failures.h"
-#include "platform/run_time_error.h"
+#include "site_program/program_frame.h"
 #include "site_program/subcommands.h"
 
 namespace sylvomex {
 namespace {
 
-/// What the command line asks for.
-using Task = std::function<int(SiteOutput&)>;
-
-template <class Arguments>
-void Run_With(CLI::App* command, Task& task, int (*run)(const Arguments&, SiteOutput&),
-              const std::shared_ptr<Arguments>& arguments) {
-  command->callback([&task, run, arguments] {
-    task = [run, arguments](SiteOutput& output) { return run(*arguments, output); };
-  });
-}
-
-void Add_Init(CLI::App& app, Task& task) {
+void Add_Init(CLI::App& app, ProgramTask& task) {
   const auto arguments = std::make_shared<InitArguments>();
   CLI::App* const command = app.add_subcommand("init", "makes a site of a folder");
   command->add_option("SITE", arguments->site, "the folder of the drives")->required();
@@ -47,7 +32,7 @@ void Check_Numbers(const ImagesArguments& arguments) {
   }
 }
 
-void Add_Import_Images(CLI::App& import, Task& task) {
+void Add_Import_Images(CLI::App& import, ProgramTask& task) {
   const auto arguments = std::make_shared<ImagesArguments>();
   CLI::App* const command = import.add_subcommand("images", "photographs with their orientation");
   command->add_option("SITE", arguments->site, "the site")->required();
@@ -64,7 +49,7 @@ void Add_Import_Images(CLI::App& import, Task& task) {
   Run_With(command, task, Run_Import_Images, arguments);
 }
 
-void Add_Import_Rasters(CLI::App& import, Task& task) {
+void Add_Import_Rasters(CLI::App& import, ProgramTask& task) {
   struct Kind {
     const char* name;
     const char* help;
@@ -83,7 +68,7 @@ void Add_Import_Rasters(CLI::App& import, Task& task) {
   }
 }
 
-void Add_Import_Lidar(CLI::App& import, Task& task) {
+void Add_Import_Lidar(CLI::App& import, ProgramTask& task) {
   const auto arguments = std::make_shared<LidarArguments>();
   CLI::App* const command = import.add_subcommand("lidar", "LAS and LAZ files");
   command->add_option("SITE", arguments->site, "the site")->required();
@@ -98,7 +83,7 @@ void Add_Import_Lidar(CLI::App& import, Task& task) {
   Run_With(command, task, Run_Import_Lidar, arguments);
 }
 
-void Add_Import_Trees(CLI::App& import, Task& task) {
+void Add_Import_Trees(CLI::App& import, ProgramTask& task) {
   const auto arguments = std::make_shared<TreesArguments>();
   CLI::App* const command = import.add_subcommand("trees", "a list of field trees");
   command->add_option("SITE", arguments->site, "the site")->required();
@@ -107,7 +92,7 @@ void Add_Import_Trees(CLI::App& import, Task& task) {
   Run_With(command, task, Run_Import_Trees, arguments);
 }
 
-void Add_Check(CLI::App& app, Task& task) {
+void Add_Check(CLI::App& app, ProgramTask& task) {
   const auto arguments = std::make_shared<CheckArguments>();
   CLI::App* const check = app.add_subcommand("check", "checks input before its import");
   check->require_subcommand(1);
@@ -124,14 +109,14 @@ void Add_Check(CLI::App& app, Task& task) {
   Run_With(command, task, Run_Check_Orientation, arguments);
 }
 
-void Add_Report(CLI::App& app, Task& task) {
+void Add_Report(CLI::App& app, ProgramTask& task) {
   const auto arguments = std::make_shared<ReportArguments>();
   CLI::App* const command = app.add_subcommand("report", "tells what a site holds");
   command->add_option("SITE", arguments->site, "the site")->required();
   Run_With(command, task, Run_Report, arguments);
 }
 
-void Add_Export(CLI::App& app, Task& task) {
+void Add_Export(CLI::App& app, ProgramTask& task) {
   const auto arguments = std::make_shared<ExportArguments>();
   CLI::App* const command = app.add_subcommand("export", "writes what the workstation made");
   command->add_option("SITE", arguments->site, "the site")->required();
@@ -144,7 +129,7 @@ void Add_Export(CLI::App& app, Task& task) {
   Run_With(command, task, Run_Export, arguments);
 }
 
-void Add_Subcommands(CLI::App& app, Task& task) {
+void Add_Subcommands(CLI::App& app, ProgramTask& task) {
   app.require_subcommand(1);
   Add_Init(app, task);
   CLI::App* const import = app.add_subcommand("import", "brings data into a site");
@@ -158,62 +143,14 @@ void Add_Subcommands(CLI::App& app, Task& task) {
   Add_Export(app, task);
 }
 
-int Say_Failure(SiteOutput& output, int status, const std::string& message) {
-  output.Warn(message);
-  output.object["error"] = message;
-  return status;
-}
-
-bool Is_Writing_Failure(const RunTimeError& error) {
-  return error.Kind() == Failure::DiskFull || error.Kind() == Failure::OutOfMemory ||
-         error.Kind() == Failure::PermissionDenied;
-}
-
-int Run_Task(const Task& task, SiteOutput& output) try {
-  return task(output);
-} catch (const Refused& refusal) {
-  return Say_Failure(output, kRefused, refusal.what());
-} catch (const FailedOnTheWay& failure) {
-  return Say_Failure(output, kFailedOnTheWay, failure.what());
-} catch (const RunTimeError& error) {
-  return Say_Failure(output, Is_Writing_Failure(error) ? kFailedOnTheWay : kRefused, error.what());
-} catch (const std::bad_alloc&) {
-  return Say_Failure(output, kFailedOnTheWay, "not enough memory");
-} catch (const std::exception& error) {
-  return Say_Failure(output, kFailedOnTheWay, error.what());
-}
-
 }  // namespace
 
 int Run_Site_Program(std::vector<std::string> words, std::ostream& out, std::ostream& err) {
   SiteOutput output{out, err};
-  output.json = std::erase(words, "--json") > 0;
   CLI::App app("Brings the field's formats into a site and out of it.", "sylvomex-site");
-  app.footer("--json may stand anywhere and writes one JSON object on standard output.");
-  Task task;
+  ProgramTask task;
   Add_Subcommands(app, task);
-  int status = kDone;
-  try {
-    std::reverse(words.begin(), words.end());  // as CLI11 takes them
-    app.parse(words);
-    status = Run_Task(task, output);
-  } catch (const CLI::ParseError& error) {
-    if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
-      std::ostringstream help;
-      app.exit(error, help, help);
-      if (!output.json) out << help.str();
-      output.object["help"] = help.str();
-    } else {
-      app.exit(error, err, err);
-      output.object["error"] = error.what();
-      status = kWrongCommandLine;
-    }
-  }
-  if (output.json) {
-    out << output.object.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace)
-        << '\n';
-  }
-  return status;
+  return Run_Program(app, std::move(words), task, output);
 }
 
 }  // namespace sylvomex

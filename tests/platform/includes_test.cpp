@@ -28,13 +28,13 @@ struct Include {
 /// layers of their own: images below the solver below the rest.
 std::optional<int> Layer(const std::string& folder) {
   static const std::map<std::string, int> kLayers = {
-      {"platform", 0},      {"closedlib", 1}, {"imageblock", 2},    {"solver", 3},
-      {"heightmodels", 4},  {"lidar", 4},     {"matching", 4},      {"surfaces", 4},
-      {"evaluation", 4},    {"crowns", 4},    {"products", 4},      {"stereo", 4},
-      {"overlays", 4},      {"mapview", 4},   {"state", 5},         {"panes", 6},
-      {"services", 7},      {"commands", 8},  {"workspace", 9},     {"history", 10},
-      {"interchange", 10},  {"session", 11},  {"site_program", 11}, {"desktop", 12},
-      {"desktop_aids", 13}, {"programs", 14}};
+      {"platform", 0},        {"closedlib", 1}, {"imageblock", 2},    {"solver", 3},
+      {"heightmodels", 4},    {"lidar", 4},     {"matching", 4},      {"surfaces", 4},
+      {"evaluation", 4},      {"crowns", 4},    {"products", 4},      {"stereo", 4},
+      {"overlays", 4},        {"mapview", 4},   {"state", 5},         {"panes", 6},
+      {"services", 7},        {"commands", 8},  {"workspace", 9},     {"history", 10},
+      {"interchange", 10},    {"session", 11},  {"site_program", 11}, {"region", 11},
+      {"region_program", 12}, {"desktop", 12},  {"desktop_aids", 13}, {"programs", 14}};
   const std::string floor = folder.starts_with("commands/")   ? "commands"
                             : folder.starts_with("programs/") ? "programs"
                                                               : folder;
