@@ -94,10 +94,10 @@ std::optional<double> Side_In(const RegionImage& image, const Layer& layer, doub
       image.record, Pixel_Side_Micrometres(image.record, [](std::string_view) {}), layer.centre.Z);
   const auto side = Patch_Side(Patch_Size_Of(radius), ground_side);
   if (!side) return std::nullopt;
-  const double used =
-      std::min<double>(*side, std::max(image.record.SubWidth, image.record.SubHeight));
-  if (used > kVolumeSide) return std::nullopt;
-  return used;
+  const RawWindow window = Place_Patch(image.record, image.camera, layer.centre, *side).window;
+  const int longer = std::max(window.Width(), window.Height());
+  if (longer > kVolumeSide) return std::nullopt;
+  return longer;
 } catch (const RunTimeError&) {
   return std::nullopt;
 }
@@ -115,10 +115,12 @@ std::vector<int> Images_For(const PlanBlock& block, const OwnCell& cell, const L
   if (showing.empty()) throw Refused("it lies outside all images");
   if (fitting.size() >= static_cast<std::size_t>(block.order.least_images)) return fitting;
   const bool is_too_large = fitting.size() < showing.size();
-  throw Refused(
-      std::to_string(fitting.size()) + " of the images that show it can be used" +
-      (is_too_large ? " (in the others its patch has more than 1201 pixels a side)" : "") + ", " +
-      std::to_string(block.order.least_images) + " are needed");
+  throw Refused(std::to_string(fitting.size()) + " of the images that show it can be used" +
+                (is_too_large
+                     ? " (in the others its patch has more than 1201 pixels a side; a smaller "
+                       "radius or tile has a smaller one)"
+                     : "") +
+                ", " + std::to_string(block.order.least_images) + " are needed");
 }
 
 /// Points on the outline of a tree's crown as its template takes it.

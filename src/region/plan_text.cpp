@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "region/plan_text.h"
 
+#include <cstdlib>
 #include <nlohmann/json.hpp>
 
 #include "interchange/checksum.h"
@@ -12,6 +13,24 @@ namespace sylvomex {
 namespace {
 
 using Json = nlohmann::ordered_json;
+
+constexpr int kLargestTile = 16384;  // cells a side
+
+/// Names of files may hold bytes that no text does.
+std::string Dumped(const Json& json) {
+  return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+int Whole_In(const Json& json) {
+  constexpr std::int64_t kLargest = 2'000'000'000;
+  const bool is_whole = json.is_number_integer() &&
+                        (!json.is_number_unsigned() ||
+                         json.get<std::uint64_t>() <= static_cast<std::uint64_t>(kLargest));
+  if (is_whole && std::abs(json.get<std::int64_t>()) <= kLargest) {
+    return static_cast<int>(json.get<std::int64_t>());
+  }
+  throw Refused("a whole number is missing");
+}
 
 Json Json_Of(const Point3D& point) { return {point.X, point.Y, point.Z}; }
 Point3D Point_In(const Json& json) {
@@ -53,9 +72,10 @@ Json Json_Of(const GivenOrthoimage& ortho) {
 
 GivenOrthoimage Orthoimage_In(const Json& json) {
   GivenOrthoimage ortho{Extent_In(json.at("extent")), json.at("cell").get<double>(),
-                        json.at("tile").get<int>(), json.at("elsewhere").get<double>(),
+                        Whole_In(json.at("tile")), json.at("elsewhere").get<double>(),
                         json.at("lowest_ground").get<double>()};
-  if (!(ortho.cell > 0) || ortho.tile < 1) throw Refused("the orthoimage has no cells");
+  if (!(ortho.cell > 0) || ortho.tile < 1 || ortho.tile > kLargestTile)
+    throw Refused("the orthoimage has no cells");
   return ortho;
 }
 
@@ -99,14 +119,14 @@ Json Json_Of(const RegionTask& task) {
 }
 
 int Image_In(const Json& json, std::size_t images) {
-  const int image = json.get<int>();
+  const int image = Whole_In(json);
   if (image >= 0 && static_cast<std::size_t>(image) < images) return image;
   throw Refused("image " + std::to_string(image) + " of a task is none of the plan's");
 }
 
 TileTask Tile_In(const Json& json, const RegionPlan& plan) {
   if (!plan.orthoimage) throw Refused("a tile without an orthoimage");
-  const TileTask tile{json.at("column").get<int>(), json.at("row").get<int>(),
+  const TileTask tile{Whole_In(json.at("column")), Whole_In(json.at("row")),
                       Image_In(json.at("image"), plan.headers.size())};
   const TileGrid2D grid = Tiles_Of(*plan.orthoimage);
   if (tile.column < 0 || tile.row < 0 || tile.column >= grid.tile_columns ||
@@ -135,6 +155,7 @@ RegionTask Task_In(const Json& json, const RegionPlan& plan) {
   task.id = json.at("id").get<std::string>();
   if (!Is_Task_Name(task.id)) throw Refused("\"" + task.id + "\" is no id of a task");
   task.cost = json.at("cost").get<double>();
+  if (!json.at("memory_bytes").is_number_unsigned()) throw Refused("a task's memory is missing");
   task.memory_bytes = json.at("memory_bytes").get<std::uint64_t>();
   const auto kind = json.at("kind").get<std::string>();
   if (kind == Kind_Name(TaskKind::OrthoTile)) {
@@ -195,7 +216,7 @@ RegionPlan Plan_In(const Json& json) {
 }
 
 void Require_Version(const Json& json) {
-  const int version = json.at("version").get<int>();
+  const int version = Whole_In(json.at("version"));
   if (version == kPlanVersion) return;
   throw Refused("it is a plan of version " + std::to_string(version) +
                 ", this program reads version " + std::to_string(kPlanVersion) +
@@ -205,16 +226,16 @@ void Require_Version(const Json& json) {
 void Require_Unchanged(Json json) {
   const auto id = json.at("id").get<std::string>();
   json.erase("id");
-  if (Text_Checksum(json.dump()) != id) throw Refused("it was changed after it had been planned");
+  if (Text_Checksum(Dumped(json)) != id) throw Refused("it was changed after it had been planned");
 }
 
 }  // namespace
 
 std::string Plan_Text(RegionPlan& plan) {
   Json json = Content_Of(plan);
-  plan.id = Text_Checksum(json.dump());
+  plan.id = Text_Checksum(Dumped(json));
   json["id"] = plan.id;
-  return json.dump() + "\n";
+  return Dumped(json) + "\n";
 }
 
 RegionPlan Parse_Plan(std::string_view text, const std::string& name) try {

@@ -59,7 +59,7 @@ std::vector<Wanted> Wanted_Plots(const RegionOrder& order, const Site& site) {
 double Radius_For_Tile(double tile, const TreeTopNumbers& numbers) {
   constexpr double kMeshPerRadius = 3.5 * 0.65;
   constexpr double kRounding = 1;  // the mesh has a side of whole metres
-  return (tile + 2 * (2 * numbers.XYt + numbers.Mesh) + kRounding) / kMeshPerRadius;
+  return (tile + 2 * (numbers.XYt + 2 * numbers.Mesh) + kRounding) / kMeshPerRadius;
 }
 
 std::vector<Wanted> Wanted_Tiles(const RegionOrder& order, const Site& site) {

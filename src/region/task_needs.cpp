@@ -19,10 +19,10 @@ constexpr double kTemplateRows = 101;
 constexpr double kTileBytes = 6;  // for each byte of a tile, while it is compressed and written
 
 constexpr double kSearchSeconds = 0.02;
-constexpr double kPatchSeconds = 6e-7;  // a pixel
+constexpr double kPatchSeconds = 2e-8;  // a pixel
 constexpr double kPointSeconds = 2e-8;  // a point and image
-constexpr double kTileSeconds = 0.01;
-constexpr double kCellSeconds = 3e-8;
+constexpr double kTileSeconds = 0.003;
+constexpr double kCellSeconds = 9e-8;
 
 /// Of the raw file's pages: whole rows where they are short, else what one touched row brings.
 double File_Bytes(const PatchNeeds& patch) {
