@@ -7,11 +7,11 @@ if(TARGET sylvomex)
   install(TARGETS sylvomex RUNTIME DESTINATION bin)
 endif()
 if(TARGET sylvomex-site)
-  install(TARGETS sylvomex-site RUNTIME DESTINATION bin)
+  install(TARGETS sylvomex-site sylvomex-region RUNTIME DESTINATION bin)
 endif()
 
 # Debian wants manual pages and the change log compressed, without a time in the file.
-foreach(page sylvomex.1 sylvomex-site.1 changelog)
+foreach(page sylvomex.1 sylvomex-site.1 sylvomex-region.1 changelog)
   set(packed ${CMAKE_BINARY_DIR}/packaging/${page}.gz)
   add_custom_command(OUTPUT ${packed}
     COMMAND gzip -9nc ${CMAKE_SOURCE_DIR}/packaging/${page} > ${packed}
@@ -21,7 +21,8 @@ endforeach()
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/packaging)
 add_custom_target(packaging DEPENDS ${packed_files})
 install(FILES ${CMAKE_BINARY_DIR}/packaging/sylvomex.1.gz
-              ${CMAKE_BINARY_DIR}/packaging/sylvomex-site.1.gz DESTINATION share/man/man1)
+              ${CMAKE_BINARY_DIR}/packaging/sylvomex-site.1.gz
+              ${CMAKE_BINARY_DIR}/packaging/sylvomex-region.1.gz DESTINATION share/man/man1)
 install(FILES ${CMAKE_BINARY_DIR}/packaging/changelog.gz packaging/copyright
         DESTINATION ${doc_folder})
 install(FILES packaging/sylvomex.desktop DESTINATION share/applications)

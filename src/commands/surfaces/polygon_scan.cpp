@@ -2,7 +2,6 @@
 #include "commands/surfaces/polygon_scan.h"
 
 #include <algorithm>
-#include <iterator>
 
 #include "commands/surfaces/surface_inputs.h"
 #include "platform/number_text.h"
@@ -17,6 +16,7 @@
 #include "state/workspace.h"
 #include "surfaces/image_grid.h"
 #include "surfaces/image_polygon.h"
+#include "surfaces/surface_scan.h"
 
 namespace sylvomex {
 namespace {
@@ -33,16 +33,6 @@ FilmPosition Start_Place(Workspace& w, int image) {
   const FilmPosition boxes = Film_In_Boxes(w, image);
   const double x = Shaken(w, boxes.x);
   return {x, Shaken(w, boxes.y)};
-}
-
-std::vector<FilmPosition> Places_Inside(const std::vector<FilmPosition>& places,
-                                        const std::vector<MapPoint>& polygon) {
-  std::vector<FilmPosition> inside;
-  std::copy_if(places.begin(), places.end(), std::back_inserter(inside),
-               [&](const FilmPosition& place) {
-                 return Point_In_Polygon(polygon, {place.x, place.y});
-               });
-  return inside;
 }
 
 RowRange Strip_At(double raw_row, Placing placing, std::int32_t image_id) {
@@ -139,16 +129,14 @@ void PolygonScan::Search_At_Boxes(const Keep& keep) {
   const SearchSettings& search = settings_.search;
   const FilmPosition film = Film_In_Boxes(w_, search.fixed_image);
   const SurfaceImage fixed = Open(search.fixed_image);
-  const auto window = Textured_Window(search, fixed, film, centre_);
-  if (!window) {
-    Require_Sound_Reads();
+  const auto found = Search_At_Place(
+      search, fixed, [this] { return Open_Moving(); }, film, centre_);
+  Require_Sound_Reads();
+  if (!found) {
     ++counts_.without_texture;
     return;
   }
-  const SurfaceSearch result =
-      Search_Vertical_Line(search, *window, fixed.camera, Open_Moving(), film, centre_);
-  Require_Sound_Reads();
-  Take(result.Best(), keep);
+  Take(*found, keep);
 }
 
 void PolygonScan::Take(const SurfaceCandidate& found, const Keep& keep) {
