@@ -67,15 +67,15 @@ TEST_F(RegionSite, TerrainWithoutDataIsNone) {
 TEST_F(RegionSite, APlotWithoutAModelTreeInReachIsLeftOut) {
   Write("trees.csv", "id,x,y,z\nspruce,5,4,10.9\n");
   const RegionPlayed played =
-      Plan(Region(Plots(Plot("p1", 3, 3) + Plot("p2", -15, 3)), "reach = 10\n"));
+      Plan(Region(Plots(Plot("p1", 3, 3) + Plot("p2", -10, 3)), "reach = 10\n"));
   EXPECT_EQ(played.status, 0) << played.err;
   EXPECT_TOLD(played, "p2 is left out: no model tree within 10 m is shown by 3 of its images");
 }
 
 TEST_F(RegionSite, TheModelTreeIsTheNearestThatTheSameImagesShow) {
-  // The nearest one lies beyond the edge of image 2, the next is shown by all.
-  Write("trees.csv", "id,x,y,z\nfar,18,3,11\nhidden,-22,3,11\nnear,-4,3,11\n");
-  ASSERT_EQ(Plan(Region(Plots(Plot("p1", -14, 3)))).status, 0);
+  // Images 0 and 1 alone show the nearest one, the next is shown by all.
+  Write("trees.csv", "id,x,y,z\nfar,18,3,11\nhidden,-21,3,11\nnear,4,3,11\n");
+  ASSERT_EQ(Plan(Region(Plots(Plot("p1", -10, 3)))).status, 0);
   EXPECT_EQ(Json("plan/plan.json")["tasks"][0]["model_tree"], "near");
 }
 

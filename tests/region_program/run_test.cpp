@@ -168,7 +168,8 @@ TEST_F(RegionSite, MergingWaitsForAllTasksUnlessAPartIsAskedFor) {
   EXPECT_EQ(played.status, 1);
   EXPECT_NE(played.err.find("1 of 2 tasks are not done, the first is tops-p2"), std::string::npos);
   EXPECT_EQ(Play_Region({"merge", Path("plan"), "--out", Path("part"), "--partial"}).status, 0);
-  Expect_The_Four_Trees(Trees_In(Path("part/tree_tops.gpkg")));
+  // The tree at (8, -1) lies 6.4 m from the centre of p1.
+  EXPECT_EQ(Trees_In(Path("part/tree_tops.gpkg")).size(), 3U);
 }
 
 TEST_F(RegionSite, ATreeOfTwoPlotsIsMergedToOne) {
@@ -202,7 +203,8 @@ TEST_F(RegionSite, MergedFilesHaveTheSameBytesWhateverTheOrderAndTheThreads) {
   for (const auto& task : Json("two/plan.json")["tasks"]) {
     words.insert(words.begin(), task["id"].get<std::string>());
   }
-  words.insert(words.end(), {"--threads", "3"});
+  words.emplace_back("--threads");
+  words.emplace_back("3");
   ASSERT_EQ(Run(words, "two").status, 0);
   ASSERT_EQ(Merge("merged_one", "one").status, 0);
   ASSERT_EQ(Merge("merged_two", "two").status, 0);
