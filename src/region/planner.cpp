@@ -152,7 +152,28 @@ void Plan_Tiles(const PlanBlock& block, const GivenOrthoimage& ortho, RegionPlan
   }
 }
 
-/// Notes the pairs of plots whose circles meet, going from west to east.
+/// Plots that a plot overlaps, of those that are not west of it.
+struct Overlap {
+  const Wanted* nearest = nullptr;
+  double distance = 0;
+  int count = 0;
+
+  void Add(const Wanted& other, double at) {
+    ++count;
+    if (nearest != nullptr && at >= distance) return;
+    nearest = &other;
+    distance = at;
+  }
+};
+
+std::string Overlap_Text(const Overlap& overlap) {
+  const std::string more =
+      overlap.count > 1 ? " and " + std::to_string(overlap.count - 1) + " more" : "";
+  return "it overlaps plot " + overlap.nearest->id + more + ", their centres are " +
+         Format(overlap.distance, "0.0") + " m apart; a tree of both is merged to one";
+}
+
+/// Notes the plots whose circles meet, going from west to east.
 void Note_Overlaps(std::vector<Wanted> wanted, std::vector<PlanNote>& notes) {
   std::sort(wanted.begin(), wanted.end(),
             [](const Wanted& a, const Wanted& b) { return a.cell.X < b.cell.X; });
@@ -160,15 +181,14 @@ void Note_Overlaps(std::vector<Wanted> wanted, std::vector<PlanNote>& notes) {
   for (const Wanted& one : wanted) largest = std::max(largest, one.radius);
   for (std::size_t i = 0; i < wanted.size(); ++i) {
     const Wanted& a = wanted[i];
+    Overlap overlap;
     for (std::size_t j = i + 1;
          j < wanted.size() && wanted[j].cell.X - a.cell.X < a.radius + largest; ++j) {
       const Wanted& b = wanted[j];
       const double distance = std::hypot(b.cell.X - a.cell.X, b.cell.Y - a.cell.Y);
-      if (distance >= a.radius + b.radius) continue;
-      notes.push_back({a.id, "it overlaps plot " + b.id + ", their centres are " +
-                                 Format(distance, "0.0") +
-                                 " m apart; a tree of both is merged to one"});
+      if (distance < a.radius + b.radius) overlap.Add(b, distance);
     }
+    if (overlap.count > 0) notes.push_back({a.id, Overlap_Text(overlap)});
   }
 }
 

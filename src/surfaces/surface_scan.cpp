@@ -8,11 +8,12 @@ namespace sylvomex {
 
 std::optional<SurfaceCandidate> Search_At_Place(
     const SearchSettings& settings, const SurfaceImage& fixed,
-    const std::function<std::vector<SurfaceImage>()>& open, const FilmPosition& film,
+    const std::function<std::vector<SurfaceImage>()>& open_moving, const FilmPosition& film,
     double centre_Z) {
   const auto window = Textured_Window(settings, fixed, film, centre_Z);
   if (!window) return std::nullopt;
-  return Search_Vertical_Line(settings, *window, fixed.camera, open(), film, centre_Z).Best();
+  return Search_Vertical_Line(settings, *window, fixed.camera, open_moving(), film, centre_Z)
+      .Best();
 }
 
 std::vector<FilmPosition> Places_Inside(std::span<const FilmPosition> places,

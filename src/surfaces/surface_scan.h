@@ -13,12 +13,12 @@
 
 namespace sylvomex {
 
-/// The best height at a place of the fixed image; nothing where that has too little texture. open:
-/// gives the images of settings.moving_images, asked for only where there is texture. RunTimeErrors
-/// of Textured_Window and of Search_Vertical_Line.
+/// The best height at a place of the fixed image; nothing where that has too little texture.
+/// open_moving: gives the images of settings.moving_images, asked for only where there is texture.
+/// RunTimeErrors of Textured_Window and of Search_Vertical_Line.
 std::optional<SurfaceCandidate> Search_At_Place(
     const SearchSettings& settings, const SurfaceImage& fixed,
-    const std::function<std::vector<SurfaceImage>()>& open, const FilmPosition& film,
+    const std::function<std::vector<SurfaceImage>()>& open_moving, const FilmPosition& film,
     double centre_Z);
 
 /// The places, film metres, that lie inside a polygon of the fixed image, in their order.
