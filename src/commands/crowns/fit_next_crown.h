@@ -30,9 +30,6 @@ FittedTree Fit_First_Crown(Workspace& w, CrownEchoes& echoes, const CrownSolver&
 std::optional<FittedTree> Fit_Next_Crown(Workspace& w, CrownEchoes& echoes, double lowest_seed,
                                          const CrownSolver& solve);
 
-/// RunTimeError as above for count echoes of the tree of a number.
-void Require_Crown_Room(int number, const CrownRecord& crown, std::size_t count);
-
 /// The end of a status text: counter and RMSE of a fit.
 std::string Fit_Text(const CrownFit& fit);
 

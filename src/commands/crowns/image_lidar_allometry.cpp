@@ -8,6 +8,7 @@
 #include "commands/crowns/crown_inputs.h"
 #include "commands/lidar/lidar_inputs.h"
 #include "commands/panes/clearing.h"
+#include "crowns/crown_chain.h"
 #include "panes/overlay_points.h"
 #include "panes/pane_drawing.h"
 #include "platform/number_text.h"
@@ -18,20 +19,15 @@ namespace sylvomex {
 namespace {
 
 constexpr double kAreaHalfWidth = 25;     // metres, in X and in Y
-constexpr double kSeedMinHeight = 10.0;   // metres above the ground; also of the preview
 constexpr double kOverlayMaxHeight = 25;  // metres
 constexpr double kBelowOverlayMax = 24.98;
 constexpr int kPreviewWidth = 3;
-constexpr int kMoreCrownPasses = 300;
 constexpr double kLeastEchoX = 1.0;
 constexpr double kTileArea = 10000;  // square metres
 constexpr double kPoorRmse = 0.5;    // metres, of a crown drawn in white
 // Shares of the height between which the first crown's rings and all crowns' lower rings lie.
 constexpr double kUpperEnd = 0.4, kLowerEnd = 0.5;
 constexpr double kUpperStep = 1, kLowerStep = 1.5;  // metres
-constexpr double kMemberShare = 0.7;                // of the height, above which echoes join late
-constexpr double kLeastMemberDepth = 0.01;          // metres
-constexpr double kMemberDepthOffset = 0.001;
 
 bool In_Area(const Point3D& centre, double X, double Y) {
   return std::fabs(X - centre.X) < kAreaHalfWidth && std::fabs(Y - centre.Y) < kAreaHalfWidth;
@@ -97,10 +93,7 @@ void Fit_All_Crowns(Workspace& w, CrownEchoes& echoes) {
 void Draw_Crown(Workspace& w, CrownEchoes& echoes, const FittedTree& tree) {
   const CrownRecord crown = w.Crowns.CrownTrees(tree.number);
   const Colour colour = tree.rmse > kPoorRmse ? kWhite : Echo_Colour(tree.species);
-  const GrowthLimits limits{.above = kMemberShare * crown.Height,
-                            .least_depth = kLeastMemberDepth,
-                            .depth_offset = kMemberDepthOffset};
-  for (const CrownEcho& echo : echoes.Grow(crown, limits)) {
+  for (const CrownEcho& echo : Take_Late_Echoes(echoes, crown)) {
     ++w.Crowns.CrownTrees(tree.number).PointCount;
     Mark_Member(w, echoes.At(echo.rank).point, colour);
   }

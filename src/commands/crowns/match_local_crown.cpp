@@ -14,6 +14,7 @@
 #include "commands/crowns/crown_inputs.h"
 #include "commands/crowns/fit_next_crown.h"
 #include "commands/lidar/lidar_inputs.h"
+#include "crowns/crown_chain.h"
 #include "crowns/species.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
