@@ -200,7 +200,8 @@ TEST_F(RegionSite, MergedFilesHaveTheSameBytesWhateverTheOrderAndTheThreads) {
   ASSERT_EQ(Plan(region, "two").status, 0);
   ASSERT_EQ(Run({"--bundle", "0"}, "one").status, 0);
   std::vector<std::string> words;
-  for (const auto& task : Json("two/plan.json")["tasks"]) {
+  const auto plan = Json("two/plan.json");
+  for (const auto& task : plan["tasks"]) {
     words.insert(words.begin(), task["id"].get<std::string>());
   }
   words.emplace_back("--threads");
@@ -275,7 +276,8 @@ TEST_F(RegionSite, TheReportShowsWhatIsDoneAndWhatFailed) {
 TEST_F(RegionSite, ATasksMemoryStaysBelowWhatThePlanTells) {
   ASSERT_EQ(Plan(Region(Plots(Plot("p1", 3, 3)), kOrthoimage)).status, 0);
   ASSERT_EQ(Run({"--bundle", "0"}).status, 0);
-  for (const auto& task : Json("plan/plan.json")["tasks"]) {
+  const auto plan = Json("plan/plan.json");
+  for (const auto& task : plan["tasks"]) {
     const auto report = Json("plan/results/" + task["id"].get<std::string>() + "/task.json");
     EXPECT_LT(report["peak_memory_bytes"], task["memory_bytes"]) << task["id"];
   }
