@@ -166,6 +166,15 @@ void Take_Clusters(Search& search, const MeshTable& mesh, std::span<const float>
   }
 }
 
+void Search_Mesh(Search& search, const HeightLookup& ground, const HeightLookup& canopy) {
+  const Stopwatch watch(search.found.seconds.compute);
+  const Point3D& tree = search.order.model_tree;
+  search.found.model_tree_height = tree.Z - ground(tree.X, tree.Y);
+  const MeshTable mesh = Build_Mesh(Settings_Of(search.order), ground, canopy);
+  search.found.mesh_points = mesh.size();
+  Take_Clusters(search, mesh, Score_Mesh(search, mesh));
+}
+
 }  // namespace
 
 TreeTopSearch Find_Tree_Tops(const TreeTopOrder& order, std::span<const ChainImage> images,
@@ -177,12 +186,7 @@ TreeTopSearch Find_Tree_Tops(const TreeTopOrder& order, std::span<const ChainIma
   Search search{order, images, threads, {}};
   Cut_Templates(search);
   Correlate_Images(search);
-  const Stopwatch watch(search.found.seconds.compute);
-  search.found.model_tree_height =
-      order.model_tree.Z - ground(order.model_tree.X, order.model_tree.Y);
-  const MeshTable mesh = Build_Mesh(Settings_Of(order), ground, canopy);
-  search.found.mesh_points = mesh.size();
-  Take_Clusters(search, mesh, Score_Mesh(search, mesh));
+  Search_Mesh(search, ground, canopy);
   return std::move(search.found);
 }
 

@@ -108,7 +108,6 @@ TaskYield Run_Ortho_Tile(const RegionPlan& plan, const RegionTask& task,
   Write_Task_File(folder / "log.txt", "tile in column " + std::to_string(task.tile.column) +
                                           ", row " + std::to_string(task.tile.row) + "\nimage " +
                                           image.header + "\n");
-  yield.seconds.write = clock.Lap();
   yield.figures = {{"cells", static_cast<double>(grid.Cells())}};
   return yield;
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <cpl_conv.h>
 #include <cpl_string.h>
 #include <gdal_priv.h>
 #include <gdal_utils.h>
@@ -45,6 +46,7 @@ void Write_Mosaic(const RegionPlan& plan, const std::vector<std::filesystem::pat
   constexpr GIntBig kCache = 64 << 20;
   Start_Gdal();
   GDALSetCacheMax64(kCache);
+  CPLSetConfigOption("GDAL_MAX_DATASET_POOL_SIZE", "64");  // tiles open at once
   CPLErrorReset();
   ExportedFile exported(output), description(output.string() + ".vrt");
   const GDALDatasetUniquePtr joined = Join(plan, tiles, description.Partial());

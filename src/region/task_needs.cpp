@@ -18,9 +18,9 @@ constexpr double kFaultAround = 131072;           // bytes of a file that one to
 constexpr double kTemplateRows = 101;
 constexpr double kTileBytes = 6;  // for each byte of a tile, while it is compressed and written
 
-constexpr double kSearchSeconds = 0.02;
-constexpr double kPatchSeconds = 2e-8;  // a pixel
-constexpr double kPointSeconds = 2e-8;  // a point and image
+constexpr double kSearchSeconds = 0.03;
+constexpr double kPatchSeconds = 2.5e-8;  // a pixel
+constexpr double kPointSeconds = 2e-8;    // a point and image
 constexpr double kTileSeconds = 0.003;
 constexpr double kCellSeconds = 9e-8;
 

@@ -60,6 +60,8 @@ bool Run_One(const RegionPlan& plan, const TaskStore& store, const RegionTask& t
   report.peak_memory_bytes = Peak_Memory();
   report.seconds = yield.seconds;
   report.seconds.total = seconds = clock.Lap();
+  // Checksums and what else follows the files belong to the writing.
+  report.seconds.write = seconds - yield.seconds.read - yield.seconds.compute;
   Write_Task_File(claim.Folder() / "task.json", Report_Text(report));
   return claim.Commit();
 }

@@ -10,7 +10,7 @@
 
 namespace sylvomex {
 
-/// What a task reports of itself beside its files.
+/// What a task reports of itself beside its files; of its seconds those of reading and computing.
 struct TaskYield {
   TaskSeconds seconds;
   std::map<std::string, double> figures;

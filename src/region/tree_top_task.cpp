@@ -99,12 +99,10 @@ TaskYield Run_Tree_Tops(const RegionPlan& plan, const RegionTask& task,
       order, open.images, [&](double X, double Y) { return Ground_At(dem, X, Y); },
       [&](double X, double Y) { return Canopy_At(chm, X, Y, told); }, threads);
   Require_Sound_Reads();
-  clock.Lap();
   yield.seconds.read += found.seconds.read;
-  yield.seconds.compute = found.seconds.compute;
+  yield.seconds.compute = clock.Lap() - found.seconds.read;
   Write_Task_File(folder / "tops.csv", Table_Of(found.tops, plan.shift));
   Write_Task_File(folder / "log.txt", Log_Of(plot, found, told));
-  yield.seconds.write = clock.Lap();
   yield.figures = {{"tops", static_cast<double>(found.tops.size())},
                    {"images", static_cast<double>(found.images)},
                    {"mesh_points", static_cast<double>(found.mesh_points)}};

@@ -253,12 +253,12 @@ TEST(Pipes, OnlyTheFileLayerOpensFiles) {
       "session.cpp",          // scripts, which may come through a pipe
       "record_file.h",        // the record, after the file layer has looked at it
       "record_file.cpp",
-      "memory_room.cpp",      // files of the system itself
-      "root_lock.cpp",        // the same, and a folder
-      "journal_reads.cpp",    // without waiting
-      "file_part.cpp",        // after a look at the file's size, which a pipe has not
-      "measured_model.cpp",   // the same
-      "peak_memory.cpp",      // files of the system itself
+      "memory_room.cpp",     // files of the system itself
+      "root_lock.cpp",       // the same, and a folder
+      "journal_reads.cpp",   // without waiting
+      "file_part.cpp",       // after a look at the file's size, which a pipe has not
+      "measured_model.cpp",  // the same
+      "peak_memory.cpp",     // files of the system itself
   };
   const std::regex opening(
       R"((^|[^_a-zA-Z.>])open\(|\.open\([^Q)]|\bfopen\(|std::[oi]?fstream\b|\bQFile [a-z]|QSaveFile|write_to_png\(|\.save\(Q)");

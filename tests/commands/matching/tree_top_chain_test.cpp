@@ -106,6 +106,8 @@ TEST_F(Chain, FindsTheFourTreesOfThePlot) {
   const TreeTopSearch found = Find();
   ASSERT_EQ(found.tops.size(), kSiteTops.size());
   EXPECT_EQ(found.images, 3U);
+  EXPECT_GT(found.seconds.compute, 0);
+  EXPECT_GT(found.seconds.read, 0);
   EXPECT_TRUE(found.notes.empty());
   for (const Point3D& top : kSiteTops) {
     EXPECT_TRUE(std::any_of(found.tops.begin(), found.tops.end(),
