@@ -203,6 +203,7 @@ std::vector<int> Images_Over(const PlanBlock& block, double X, double Y) {
   }
   std::sort(over.begin(), over.end());
   std::vector<int> images;
+  images.reserve(over.size());
   for (const auto& [distance, image] : over) images.push_back(image);
   return images;
 }

@@ -98,12 +98,13 @@ std::vector<Point3D> Merge_Tops(const RegionPlan& plan, const TaskStore& store,
   CPLSetConfigOption("OGR_CURRENT_DATE", nullptr);
   merge.files.emplace_back("tree_tops.gpkg");
   std::vector<Point3D> places;
+  places.reserve(table.rows.size());
   for (const PointRow& row : table.rows) places.push_back(row.at);
   return places;
 }
 
 void Merge_Tiles(const RegionPlan& plan, const TaskStore& store, const RegionSurvey& survey,
-                 const fs::path& output, RegionMerge& merge) {
+                 const fs::path& output, int threads, RegionMerge& merge) {
   std::vector<fs::path> tiles;
   for (const TaskStatus& status : survey.tasks) {
     if (!status.done || status.task->kind != TaskKind::OrthoTile) continue;
@@ -111,7 +112,7 @@ void Merge_Tiles(const RegionPlan& plan, const TaskStore& store, const RegionSur
   }
   merge.tiles = tiles.size();
   if (tiles.empty()) return;
-  Write_Mosaic(plan, tiles, output / "orthoimage.tif");
+  Write_Mosaic(plan, tiles, output / "orthoimage.tif", threads);
   merge.files.emplace_back("orthoimage.tif");
 }
 
@@ -124,7 +125,7 @@ void Write_Text(const fs::path& file, const std::string& text, RegionMerge& merg
 }  // namespace
 
 RegionMerge Merge_Region(const RegionPlan& plan, const TaskStore& store, const fs::path& output,
-                         bool is_partial) {
+                         bool is_partial, int threads) {
   const RegionSurvey survey = Survey_Region(plan, store);
   if (!is_partial) Require_All_Done(survey);
   std::error_code error;
@@ -135,7 +136,7 @@ RegionMerge Merge_Region(const RegionPlan& plan, const TaskStore& store, const f
   merge.done = survey.done;
   std::vector<Point3D> tops;
   if (Has_Kind(plan, TaskKind::TreeTops)) tops = Merge_Tops(plan, store, survey, output, merge);
-  if (Has_Kind(plan, TaskKind::OrthoTile)) Merge_Tiles(plan, store, survey, output, merge);
+  if (Has_Kind(plan, TaskKind::OrthoTile)) Merge_Tiles(plan, store, survey, output, threads, merge);
   Write_Text(output / "report.txt", Survey_Text(plan, survey), merge);
   Write_Text(output / "report.html", Survey_Html(plan, survey, tops), merge);
   Write_Text(output / "map.svg", Survey_Map(plan, survey, tops), merge);

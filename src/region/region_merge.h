@@ -23,12 +23,13 @@ struct RegionMerge {
 /// first two have the same bytes whenever and wherever they are made.
 ///
 /// Refused while tasks are not done, unless is_partial, and for results that do not match their
-/// checksums; FailedOnTheWay when a file cannot be written.
+/// checksums; FailedOnTheWay when a file cannot be written. threads: of the mosaic's compression.
 RegionMerge Merge_Region(const RegionPlan& plan, const TaskStore& store,
-                         const std::filesystem::path& output, bool is_partial);
+                         const std::filesystem::path& output, bool is_partial, int threads);
 
-/// The mosaic of tiles; they may be fewer than the orthoimage has.
+/// The mosaic of tiles; they may be fewer than the orthoimage has. The bytes are the same on one
+/// thread and on many.
 void Write_Mosaic(const RegionPlan& plan, const std::vector<std::filesystem::path>& tiles,
-                  const std::filesystem::path& output);
+                  const std::filesystem::path& output, int threads);
 
 }  // namespace sylvomex

@@ -42,7 +42,7 @@ GDALDatasetUniquePtr Join(const RegionPlan& plan, const std::vector<std::filesys
 }  // namespace
 
 void Write_Mosaic(const RegionPlan& plan, const std::vector<std::filesystem::path>& tiles,
-                  const std::filesystem::path& output) {
+                  const std::filesystem::path& output, int threads) {
   constexpr GIntBig kCache = 64 << 20;
   Start_Gdal();
   GDALSetCacheMax64(kCache);
@@ -55,6 +55,7 @@ void Write_Mosaic(const RegionPlan& plan, const std::vector<std::filesystem::pat
   options.SetNameValue("COMPRESS", "DEFLATE");
   options.SetNameValue("PREDICTOR", "YES");
   options.SetNameValue("BIGTIFF", "IF_SAFER");
+  options.SetNameValue("NUM_THREADS", std::to_string(threads).c_str());
   GDALDatasetUniquePtr made(GetGDALDriverManager()->GetDriverByName("COG")->CreateCopy(
       exported.Partial().c_str(), joined.get(), 0, options.List(), nullptr, nullptr));
   if (made == nullptr) Fail(output.string());

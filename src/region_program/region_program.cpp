@@ -38,6 +38,7 @@ struct RunArguments {
 struct MergeArguments {
   fs::path plan, out;
   bool partial = false;
+  int threads = 1;
 };
 
 struct StatusArguments {
@@ -150,7 +151,8 @@ int Run_Run(const RunArguments& arguments, SiteOutput& output) {
 int Run_Merge(const MergeArguments& arguments, SiteOutput& output) {
   const RegionPlan plan = Read_Plan(arguments.plan);
   const TaskStore store(arguments.plan, plan.id);
-  const RegionMerge merge = Merge_Region(plan, store, arguments.out, arguments.partial);
+  const RegionMerge merge =
+      Merge_Region(plan, store, arguments.out, arguments.partial, arguments.threads);
   output.Say(std::to_string(merge.done) + " of " + std::to_string(merge.tasks) + " tasks merged, " +
              std::to_string(merge.trees) + " trees of " + std::to_string(merge.found) +
              " tops found, " + std::to_string(merge.tiles) + " tiles");
@@ -216,6 +218,8 @@ void Add_Merge(CLI::App& app, ProgramTask& task) {
   command->add_option("PLAN", arguments->plan, "the folder of the plan")->required();
   command->add_option("--out", arguments->out, "the folder of the merged files")->required();
   command->add_flag("--partial", arguments->partial, "merge what there is");
+  command->add_option("--threads", arguments->threads, "threads that compress the mosaic")
+      ->check(CLI::Range(1, 1024));
   Run_With(command, task, Run_Merge, arguments);
 }
 
