@@ -1,21 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <cstdarg>
-#include <cstdio>
 
+#include "interchange/printed_text.h"
 #include "interchange/site_survey.h"
 
 namespace sylvomex {
 namespace {
-
-[[gnu::format(printf, 1, 2)]] std::string Printed(const char* pattern, ...) {
-  char text[512];
-  va_list values;
-  va_start(values, pattern);
-  std::vsnprintf(text, sizeof text, pattern, values);
-  va_end(values);
-  return text;
-}
 
 std::string Image_Lines(const SurveyedImage& image) {
   std::string text = Printed("  %s  id %d, %d x %d pixels (%.0f x %.0f here), f %.3f mm\n",

@@ -28,7 +28,7 @@ void Require_All_Done(const RegionSurvey& survey) {
 
 /// A result file, checked against its report.
 fs::path Checked_File(const TaskStore& store, const TaskReport& report, const std::string& name) {
-  const fs::path file = store.Folder_Of(report.task) / name;
+  fs::path file = store.Folder_Of(report.task) / name;
   const auto kept = report.files.find(name);
   if (kept != report.files.end() && fs::exists(file) &&
       File_Checksum(file) == kept->second.checksum) {

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <cstdarg>
-#include <cstdio>
 
+#include "interchange/printed_text.h"
 #include "region/region_survey.h"
 
 namespace sylvomex {
@@ -12,15 +11,6 @@ constexpr double kMapSide = 900;   // pixels of the longer side
 constexpr double kMapBorder = 20;  // pixels
 constexpr std::size_t kMostListed = 1000;
 constexpr std::size_t kMostDots = 50000;
-
-__attribute__((format(printf, 1, 2))) std::string Printed(const char* format, ...) {
-  char text[400];
-  std::va_list values;
-  va_start(values, format);
-  const int length = std::vsnprintf(text, sizeof text, format, values);
-  va_end(values);
-  return {text, static_cast<std::size_t>(std::clamp(length, 0, 399))};
-}
 
 std::string Escaped(const std::string& text) {
   std::string escaped;
