@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <limits>
+#include <span>
 #include <string>
 
 #include "interchange/las_header.h"
@@ -69,5 +70,12 @@ struct EchoSource {
   EchoFrame frame;     // of its EchoRecords
   bool timed = true;   // whether its times tell pulses apart
 };
+
+/// The echoes of all sources.
+inline double Echo_Count(std::span<const EchoSource> sources) {
+  double count = 0;
+  for (const EchoSource& source : sources) count += static_cast<double>(source.header.count);
+  return count;
+}
 
 }  // namespace sylvomex

@@ -105,8 +105,11 @@ SharedEchoes Convert(const LasBlock& block, const EchoSource& source, const std:
 
 EchoShares Spill_Echoes(std::span<const EchoSource> sources,
                         const std::vector<std::uint64_t>& limits, const std::string& site,
-                        const std::function<std::filesystem::path(const std::string&)>& new_file) {
+                        const std::function<std::filesystem::path(const std::string&)>& new_file,
+                        const ToldShare& told) {
   EchoShares shares;
+  const double total = Echo_Count(sources);
+  double done = 0;
   ShareWriter writer(new_file);
   LasBlockReader reader(sources);
   using Block = std::shared_ptr<LasBlock>;
@@ -122,6 +125,7 @@ EchoShares Spill_Echoes(std::span<const EchoSource> sources,
   const auto write = [&](const Shared& shared) {
     writer.Append(*shared);
     shares.lines.Add(shared->lines);
+    Tell_Share(told, done += static_cast<double>(shared->echoes.size()), total);
   };
   tbb::parallel_pipeline(
       kBlocksAtOnce, tbb::make_filter<void, Block>(tbb::filter_mode::serial_in_order, read) &

@@ -13,6 +13,7 @@
 
 #include "interchange/echo_record.h"
 #include "interchange/flight_lines.h"
+#include "interchange/told_share.h"
 
 namespace sylvomex {
 
@@ -28,7 +29,8 @@ struct EchoShares {
 /// reprojected to; new_file: gives the path of a new file. FailedOnTheWay on a full disk.
 EchoShares Spill_Echoes(std::span<const EchoSource> sources,
                         const std::vector<std::uint64_t>& limits, const std::string& site,
-                        const std::function<std::filesystem::path(const std::string&)>& new_file);
+                        const std::function<std::filesystem::path(const std::string&)>& new_file,
+                        const ToldShare& told = {});
 
 /// Reads a share.
 std::vector<EchoRecord> Read_Share(const std::filesystem::path& file);

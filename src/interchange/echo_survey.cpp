@@ -73,8 +73,9 @@ void Merge(const BlockSurvey& block, EchoSurvey& survey) {
 
 }  // namespace
 
-EchoSurvey Survey_Echoes(std::span<const EchoSource> sources) {
+EchoSurvey Survey_Echoes(std::span<const EchoSource> sources, const ToldShare& told) {
   EchoSurvey survey;
+  const double total = Echo_Count(sources);
   survey.sources.assign(sources.size(), Nothing_Found());
   LasBlockReader reader(sources);
   using Block = std::shared_ptr<LasBlock>;
@@ -90,8 +91,10 @@ EchoSurvey Survey_Echoes(std::span<const EchoSource> sources) {
       kBlocksAtOnce, tbb::make_filter<void, Block>(tbb::filter_mode::serial_in_order, read) &
                          tbb::make_filter<Block, BlockSurvey>(tbb::filter_mode::parallel, look) &
                          tbb::make_filter<BlockSurvey, void>(
-                             tbb::filter_mode::serial_in_order,
-                             [&](const BlockSurvey& block) { Merge(block, survey); }));
+                             tbb::filter_mode::serial_in_order, [&](const BlockSurvey& block) {
+                               Merge(block, survey);
+                               Tell_Share(told, static_cast<double>(survey.echoes), total);
+                             }));
   return survey;
 }
 

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "interchange/echo_record.h"
+#include "interchange/told_share.h"
 
 namespace sylvomex {
 
@@ -29,7 +30,7 @@ struct EchoSurvey {
 };
 
 /// Reads all points of the sources. Refused for a file that becomes shorter.
-EchoSurvey Survey_Echoes(std::span<const EchoSource> sources);
+EchoSurvey Survey_Echoes(std::span<const EchoSource> sources, const ToldShare& told = {});
 
 /// Whether the times of a source tell its pulses apart: its format has times, and not more echoes
 /// than a pulse can have share a single one.

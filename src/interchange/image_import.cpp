@@ -8,6 +8,7 @@
 #include <future>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <numbers>
 
 #include "imageblock/image_header_text.h"
@@ -229,6 +230,16 @@ void Write_Pixels(Job& job, const std::array<double, 2>& percentiles) {
                   job.raw_target.string());
 }
 
+void Write_All_Pixels(std::vector<Job>& jobs, const ImageImportSettings& settings) {
+  std::mutex telling;
+  double done = 0;
+  tbb::parallel_for(std::size_t{0}, jobs.size(), [&](std::size_t i) {
+    Write_Pixels(jobs[i], settings.stretch);
+    const std::scoped_lock one_at_a_time(telling);
+    Tell_Share(settings.told, ++done, static_cast<double>(jobs.size()));
+  });
+}
+
 std::string Header_Text(const Job& job, const Site& site) {
   OrientedPhoto photo = job.source->photo;
   photo.centre = site.Working(photo.centre);
@@ -280,8 +291,7 @@ ImageImportResult Import_Images(const ImageImportSettings& settings) {
     job.raw_target = drives.Locate(job.image.raw).native;
     job.raw_file = import.New_File(job.raw_target);
   }
-  tbb::parallel_for(std::size_t{0}, jobs.size(),
-                    [&](std::size_t i) { Write_Pixels(jobs[i], settings.stretch); });
+  Write_All_Pixels(jobs, settings);
   for (const Job& job : jobs) {
     import.Write(drives.Locate(job.image.header).native, Header_Text(job, site));
     result.images.push_back(job.image);

@@ -13,6 +13,7 @@
 #include "interchange/circle_window.h"
 #include "interchange/photo_pixels.h"
 #include "interchange/site_record.h"
+#include "interchange/told_share.h"
 
 namespace sylvomex {
 
@@ -24,6 +25,7 @@ struct ImageImportSettings {
   std::string format;
   std::array<double, 2> stretch{2, 98};  // percentiles
   std::optional<GroundCircle> around;    // world
+  ToldShare told = {};
 };
 
 struct ImportedImage {

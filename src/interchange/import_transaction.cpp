@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interchange/import_transaction.h"
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <ctime>
-#include <fstream>
 #include <system_error>
 
 #include "interchange/checksum.h"
@@ -21,9 +15,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kFolderName = ".sylvomex-import";
-constexpr const char* kDecision = "decided";
-
 std::string Utc_Now() {
   const std::time_t now = std::time(nullptr);
   std::tm parts{};
@@ -33,77 +24,10 @@ std::string Utc_Now() {
   return text;
 }
 
-/// A workstation that works on the site locks the site's own folder and is not disturbed.
-fs::path Locked_Folder(const fs::path& site) {
-  const fs::path drive = site / "c";
-  return fs::is_directory(drive) ? drive : site;
-}
-
-void Sync_Folder(const fs::path& folder) {
-  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return;
-  fsync(descriptor);
-  close(descriptor);
-}
-
-/// Renames; across file systems copies beside the target first.
-void Move_Whole(const fs::path& from, const fs::path& to) {
-  fs::create_directories(to.parent_path());
-  std::error_code error;
-  fs::rename(from, to, error);
-  if (error.value() == EXDEV) {
-    const fs::path beside = to.string() + ".sylvomex-part";
-    fs::copy_file(from, beside, fs::copy_options::overwrite_existing);
-    fs::rename(beside, to);
-    fs::remove(from);
-  } else if (error) {
-    throw fs::filesystem_error("rename", from, to, error);
-  }
-}
-
-/// The decision's lines: the new file's name in the folder, then its target's path within the site.
-void Carry_Out(const fs::path& site, const fs::path& folder) try {
-  std::ifstream decision(folder / kDecision);
-  std::string name;
-  std::string target;
-  while (std::getline(decision, name) && std::getline(decision, target)) {
-    if (fs::exists(folder / name)) Move_Whole(folder / name, site / target);
-  }
-  Sync_Folder(site);
-  fs::remove_all(folder);
-} catch (const fs::filesystem_error& error) {
-  throw FailedOnTheWay(error.path2().string() + ": " + error.code().message() +
-                       "; the next run goes on here");
-}
-
 }  // namespace
 
-void Finish_Killed_Import(const fs::path& folder) {
-  const fs::path left = folder / kFolderName;
-  if (!fs::exists(left)) return;
-  const SiteLock lock(folder);
-  if (!lock.Is_Held()) return;
-  if (fs::exists(left / kDecision)) {
-    Carry_Out(folder, left);
-  } else {
-    std::error_code ignored;
-    fs::remove_all(left, ignored);
-  }
-}
-
-SiteLock::SiteLock(const fs::path& folder)
-    : descriptor_(open(Locked_Folder(folder).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-  if (descriptor_ < 0 || flock(descriptor_, LOCK_EX | LOCK_NB) == 0) return;
-  close(descriptor_);
-  descriptor_ = -1;
-}
-
-SiteLock::~SiteLock() {
-  if (descriptor_ >= 0) close(descriptor_);
-}
-
 ImportTransaction::ImportTransaction(const fs::path& folder)
-    : lock_((Finish_Killed_Import(folder), folder)), folder_(folder / kFolderName) {
+    : lock_((Finish_Killed_Import(folder), folder)), folder_(folder / kImportFolder) {
   if (fs::is_directory(folder) && !lock_.Is_Held()) {
     throw Refused(folder.string() + ": another import works on this site");
   }
@@ -112,7 +36,7 @@ ImportTransaction::ImportTransaction(const fs::path& folder)
 
 ImportTransaction::~ImportTransaction() {
   std::error_code ignored;
-  if (lock_.Is_Held() && !fs::exists(folder_ / kDecision, ignored))
+  if (lock_.Is_Held() && !fs::exists(folder_ / kImportDecision, ignored))
     fs::remove_all(folder_, ignored);
 }
 
@@ -160,12 +84,12 @@ void ImportTransaction::Commit() {
   site_file.Write(Site_Text(site_));
   site_file.Close_Synced();
   decision += "site.toml\nsite.toml\n";
-  OutputFile list(folder_ / "undecided", (folder_ / kDecision).string());
+  OutputFile list(folder_ / "undecided", (folder_ / kImportDecision).string());
   list.Write(decision);
   list.Close_Synced();
-  fs::rename(folder_ / "undecided", folder_ / kDecision);
+  fs::rename(folder_ / "undecided", folder_ / kImportDecision);
   Sync_Folder(folder_);
-  Carry_Out(site_.folder, folder_);
+  Carry_Out_Import(site_.folder);
   files_.clear();
 }
 

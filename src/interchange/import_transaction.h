@@ -11,27 +11,10 @@
 #include <string_view>
 #include <vector>
 
+#include "interchange/killed_import.h"
 #include "interchange/site_record.h"
 
 namespace sylvomex {
-
-/// Finishes or removes what a killed import left in a site; does nothing while another process
-/// imports.
-void Finish_Killed_Import(const std::filesystem::path& folder);
-
-/// The lock of a site, held by one import at a time and free again after a kill.
-class SiteLock {
- public:
-  explicit SiteLock(const std::filesystem::path& folder);
-  ~SiteLock();
-  SiteLock(const SiteLock&) = delete;
-  SiteLock& operator=(const SiteLock&) = delete;
-
-  [[nodiscard]] bool Is_Held() const { return descriptor_ >= 0; }
-
- private:
-  int descriptor_ = -1;
-};
 
 class ImportTransaction {
  public:

@@ -22,6 +22,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr double kRead = 0.2, kSpilled = 0.5;  // shares of the whole that are done then
+
 std::string Campaign_Name(Campaign campaign) { return std::to_string(static_cast<int>(campaign)); }
 
 std::set<std::string> Imported_Checksums(const Site& site, Campaign campaign) {
@@ -163,18 +165,21 @@ LidarReport Import_Lidar(ImportTransaction& transaction, const LidarImport& aske
   report.files = files.size();
   if (files.empty()) return report;
   const auto scratch = [&](const std::string& name) { return transaction.Scratch_File(name); };
-  const LidarSources lidar = Open_Lidar(import.files, site.crs, scratch);
+  const LidarSources lidar =
+      Open_Lidar(import.files, site.crs, scratch, Part_Of(import.told, 0, kRead));
   Take_Extent(site, lidar.extent, import.files.front().string());
   std::optional<Trajectory> trajectory = Trajectory_For(import, lidar, site.crs);
   report.echoes = lidar.survey.echoes;
   report.notes = lidar.notes;
-  const EchoShares shares = Spill_Echoes(
-      lidar.sources, Share_Limits(lidar.survey.sampled_keys, kEchoesOfShare), site.crs, scratch);
+  const EchoShares shares =
+      Spill_Echoes(lidar.sources, Share_Limits(lidar.survey.sampled_keys, kEchoesOfShare), site.crs,
+                   scratch, Part_Of(import.told, kRead, kSpilled));
   const SensorPositions sensors = Sensors_For(import, std::move(trajectory), shares.lines, report);
   TileOutput tiles = Tiles_Of(transaction, import.campaign);
   Write_Pulses(shares.files,
-               {import.campaign, lidar.sources, sensors, site.shift.value_or(WorldShift{})}, tiles,
-               report);
+               {import.campaign, lidar.sources, sensors, site.shift.value_or(WorldShift{}),
+                Part_Of(import.told, kSpilled, 1)},
+               tiles, report);
   tiles.Finish();
   report.tiles = tiles.Count();
   Add_Notes(import, report);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "interchange/import_transaction.h"
+#include "interchange/told_share.h"
 #include "lidar/tile_grid.h"
 
 namespace sylvomex {
@@ -17,6 +18,7 @@ struct LidarImport {
   Campaign campaign = Campaign::Als2007;
   std::filesystem::path trajectory;     // empty: none
   std::optional<double> flying_height;  // metres above the first echo; used without a trajectory
+  ToldShare told = {};
 };
 
 struct LidarReport {

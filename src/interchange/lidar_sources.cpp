@@ -102,14 +102,15 @@ MapExtent Both(const MapExtent& a, const MapExtent& b) {
 
 LidarSources Open_Lidar(const std::vector<std::filesystem::path>& files,
                         const std::string& site_crs,
-                        const std::function<std::filesystem::path(const std::string&)>& new_file) {
+                        const std::function<std::filesystem::path(const std::string&)>& new_file,
+                        const ToldShare& told) {
   LidarSources lidar;
   std::vector<LasSystem> systems;
   for (const std::filesystem::path& file : files) {
     lidar.sources.push_back(Open_Source(file, lidar.sources.size(), new_file));
     systems.push_back(Las_System(lidar.sources.back().header, file.string()));
   }
-  lidar.survey = Survey_Echoes(lidar.sources);
+  lidar.survey = Survey_Echoes(lidar.sources, told);
   for (std::size_t i = 0; i < files.size(); ++i) {
     EchoSource& source = lidar.sources[i];
     const SourceSurvey& survey = lidar.survey.sources[i];

@@ -28,6 +28,7 @@ struct LidarSources {
 /// times that are no numbers, and coordinates that cannot be reprojected.
 LidarSources Open_Lidar(const std::vector<std::filesystem::path>& files,
                         const std::string& site_crs,
-                        const std::function<std::filesystem::path(const std::string&)>& new_file);
+                        const std::function<std::filesystem::path(const std::string&)>& new_file,
+                        const ToldShare& told = {});
 
 }  // namespace sylvomex

@@ -127,6 +127,7 @@ void Write_Pulses(const std::vector<std::filesystem::path>& shares, const PulseM
   using Echoes = std::shared_ptr<std::vector<EchoRecord>>;
   using Pulses = std::shared_ptr<TiledPulses>;
   std::size_t next = 0;
+  double done = 0;
   const auto read = [&](tbb::flow_control& flow) -> Echoes {
     if (next == shares.size()) {
       flow.stop();
@@ -141,6 +142,7 @@ void Write_Pulses(const std::vector<std::filesystem::path>& shares, const PulseM
   };
   const auto append = [&](const Pulses& pulses) {
     Append(*pulses, Record_Bytes(making.campaign), tiles, report);
+    Tell_Share(making.told, ++done, static_cast<double>(shares.size()));
   };
   tbb::parallel_pipeline(
       kSharesAtOnce, tbb::make_filter<void, Echoes>(tbb::filter_mode::serial_in_order, read) &

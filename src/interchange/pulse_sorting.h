@@ -10,6 +10,7 @@
 #include "interchange/sensor_positions.h"
 #include "interchange/site_record.h"
 #include "interchange/tile_output.h"
+#include "interchange/told_share.h"
 
 namespace sylvomex {
 
@@ -19,6 +20,7 @@ struct PulseMaking {
   std::span<const EchoSource> sources;
   const SensorPositions& sensors;
   WorldShift shift;
+  ToldShare told = {};
 };
 
 /// Joins the echoes of the shares into pulses and appends their records to the tiles of their first

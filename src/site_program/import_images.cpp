@@ -60,7 +60,8 @@ int Run_Import_Images(const ImagesArguments& arguments, SiteOutput& output) {
                                arguments.cameras,
                                arguments.format,
                                {2, 98},
-                               {}};
+                               {},
+                               output.Progress()};
   if (arguments.stretch) settings.stretch = *arguments.stretch;
   if (arguments.around) {
     const auto [X, Y, Z, radius] = *arguments.around;

@@ -34,6 +34,7 @@ int Run_Import_Lidar(const LidarArguments& arguments, SiteOutput& output) {
   import.campaign = static_cast<Campaign>(arguments.campaign);
   import.trajectory = arguments.trajectory;
   import.flying_height = arguments.flying_height;
+  import.told = output.Progress();
   Say_Report(Import_Lidar(transaction, import), output);
   return kDone;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
 #include <nlohmann/json.hpp>
 #include <ostream>
 #include <string>
@@ -16,8 +17,22 @@ struct SiteOutput {
   std::ostream& out;
   std::ostream& err;
   bool json = false;
+  bool progress = false;
   std::string program = "sylvomex-site";
   nlohmann::ordered_json object = nlohmann::ordered_json::object();
+
+  int told_percent = -1;  // with --progress
+
+  /// For imports that say how far they have come; empty unless --progress asks for it.
+  std::function<void(double)> Progress() {
+    if (!progress) return {};
+    return [this](double share) {
+      const int percent = static_cast<int>(100 * share);
+      if (percent <= told_percent) return;
+      told_percent = percent;
+      err << "progress " << percent << '\n' << std::flush;
+    };
+  }
 
   /// A result line on standard output, left out with --json.
   void Say(const std::string& line) const {

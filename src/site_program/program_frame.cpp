@@ -41,7 +41,8 @@ int Run_Task(const ProgramTask& task, SiteOutput& output) try {
 int Run_Program(CLI::App& app, std::vector<std::string> words, const ProgramTask& task,
                 SiteOutput& output) {
   output.json = std::erase(words, "--json") > 0;
-  app.footer("--json may stand anywhere and writes one JSON object on standard output.");
+  app.footer(app.get_footer() +
+             "--json may stand anywhere and writes one JSON object on standard output.");
   int status = kDone;
   try {
     std::reverse(words.begin(), words.end());  // as CLI11 takes them
