@@ -6,6 +6,9 @@
 namespace sylvomex {
 namespace {
 
+// With Alt these move the solution, choose a species or show trees.
+const QString kCommandLetters = QStringLiteral("UDWENSMPL");
+
 void Give_Mnemonics(QMenu& menu) {
   QString taken;
   for (QAction* action : menu.actions()) {
@@ -30,12 +33,20 @@ QString With_Mnemonic(const QString& caption, QString& taken) {
 }
 
 void Give_Mnemonics(QMenuBar& bar) {
-  // With Alt these move the solution, choose a species or show trees.
-  QString taken = QStringLiteral("UDWENSMPL");
+  QString taken = kCommandLetters;
   for (QAction* action : bar.actions()) {
     action->setText(With_Mnemonic(action->text(), taken));
     if (action->menu() != nullptr) Give_Mnemonics(*action->menu());
   }
+}
+
+QString Taken_Letters(const QMenuBar& bar) {
+  QString taken = kCommandLetters;
+  for (const QAction* action : bar.actions()) {
+    const qsizetype mark = action->text().indexOf(QLatin1Char('&'));
+    if (mark >= 0) taken += action->text()[mark + 1].toUpper();
+  }
+  return taken;
 }
 
 void Open_First_Menu(QMenuBar& bar) {

@@ -14,6 +14,10 @@ void Give_Mnemonics(QMenuBar& bar);
 /// added to them; a caption without such a letter stays as it is.
 QString With_Mnemonic(const QString& caption, QString& taken);
 
+/// The letters that a new menu of the bar must not take: those of its menus, and those that a
+/// command listens to.
+QString Taken_Letters(const QMenuBar& bar);
+
 /// Opens the first menu, as F10 does.
 void Open_First_Menu(QMenuBar& bar);
 

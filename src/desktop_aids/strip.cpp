@@ -156,7 +156,13 @@ void Strip::Show_Place() {
   const auto place = pointer_ ? Place_Under_Pointer(panes_.Block(), pointer_->pane,
                                                     pointer_->at.x(), pointer_->at.y())
                               : std::nullopt;
-  place_->Show_Words(place ? Place_Words(*place) : std::vector<std::string>{""});
+  place_->Show_Words(place ? Place_Words(*place, world_) : std::vector<std::string>{""});
+}
+
+void Strip::Show_World(const std::optional<WorldFrame>& world) {
+  if (world == world_) return;
+  world_ = world;
+  if (!panes_.Owner().Is_Busy()) Show_Place();
 }
 
 void Strip::Point_At(int pane, const QMouseEvent& move) {

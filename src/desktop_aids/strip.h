@@ -10,6 +10,7 @@
 #include <optional>
 
 #include "desktop_aids/aided_panes.h"
+#include "services/world_frame.h"
 #include "services/written_files.h"
 
 namespace sylvomex {
@@ -38,6 +39,9 @@ class Strip : public QStatusBar {
   /// Shows the present state of the block and of the history.
   void Refresh();
 
+  /// Places are told in the world, too, when its frame is known.
+  void Show_World(const std::optional<WorldFrame>& world);
+
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -59,6 +63,7 @@ class Strip : public QStatusBar {
   FittingLabel* mode_;
   FittingLabel* place_;
   std::optional<AidedPanes::Place> pointer_;
+  std::optional<WorldFrame> world_;
   std::optional<std::uint64_t> shown_version_;  // of the history's texts
 };
 

@@ -57,6 +57,13 @@ std::string Point_Words(const PointerPlace& place, int decimals) {
          "  Z " + Number(place.point.Z, decimals) + " m";
 }
 
+std::string World_Words(const PointerPlace& place, const std::optional<WorldFrame>& world,
+                        int decimals) {
+  if (!world) return "";
+  return "   " + world->system + " " + Number(place.point.X + world->shift_X, decimals) + "  " +
+         Number(place.point.Y + world->shift_Y, decimals);
+}
+
 std::string Model_Words(const PointerPlace& place, int decimals) {
   std::string words;
   if (place.ground) words += "   ground " + Number(*place.ground, decimals) + " m";
@@ -89,16 +96,22 @@ std::optional<PointerPlace> Place_Under_Pointer(const Workspace& w, int pane, do
   return place;
 }
 
-std::vector<std::string> Place_Words(const PointerPlace& place) {
+std::vector<std::string> Place_Words(const PointerPlace& place,
+                                     const std::optional<WorldFrame>& world) {
   const std::string surface = place.on_ground ? " on the ground" : " at the solution's height";
   const std::string pixel = "   pixel " + Number(place.pixel, 2) + " m";
-  std::vector<std::string> words{Point_Words(place, 2) + surface + Model_Words(place, 2) + pixel,
-                                 Point_Words(place, 2) + Model_Words(place, 2) + pixel};
+  const auto point = [&](int decimals) {
+    return Point_Words(place, decimals) + World_Words(place, world, decimals);
+  };
+  std::vector<std::string> words{Point_Words(place, 2) + surface + World_Words(place, world, 2) +
+                                     Model_Words(place, 2) + pixel,
+                                 point(2) + Model_Words(place, 2) + pixel};
   for (const int decimals : {1, 0}) {
-    words.push_back(Point_Words(place, decimals) + Model_Words(place, decimals) + pixel);
+    words.push_back(point(decimals) + Model_Words(place, decimals) + pixel);
   }
-  words.push_back(Point_Words(place, 1));
-  words.push_back(Point_Words(place, 0));
+  words.push_back(point(1));
+  words.push_back(point(0));
+  if (world) words.push_back(Point_Words(place, 0));
   return words;
 }
 

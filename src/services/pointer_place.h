@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/point3d.h"
+#include "services/world_frame.h"
 
 namespace sylvomex {
 
@@ -27,6 +28,9 @@ std::optional<PointerPlace> Place_Under_Pointer(const Workspace& w, int pane, do
 
 /// The same in words, the fullest first; the later ones have fewer decimals and leave more out. A
 /// display takes the first that fits, so that no number is ever cut off.
-std::vector<std::string> Place_Words(const PointerPlace& place);
+///
+/// world: where one is known, the same place in the world stands behind, as long as it fits.
+std::vector<std::string> Place_Words(const PointerPlace& place,
+                                     const std::optional<WorldFrame>& world = std::nullopt);
 
 }  // namespace sylvomex

@@ -34,7 +34,8 @@ std::optional<int> Layer(const std::string& folder) {
       {"overlays", 4},        {"mapview", 4},   {"state", 5},         {"panes", 6},
       {"services", 7},        {"commands", 8},  {"workspace", 9},     {"history", 10},
       {"interchange", 10},    {"session", 11},  {"site_program", 11}, {"region", 11},
-      {"region_program", 12}, {"desktop", 12},  {"desktop_aids", 13}, {"programs", 14}};
+      {"region_program", 12}, {"desktop", 12},  {"desktop_aids", 13}, {"desktop_site", 14},
+      {"programs", 15}};
   const std::string floor = folder.starts_with("commands/")   ? "commands"
                             : folder.starts_with("programs/") ? "programs"
                                                               : folder;
@@ -48,6 +49,7 @@ std::string Complaint(const Include& include) {
   const std::string line = include.file + " includes " + include.included;
   if (include.included.starts_with("<Q")) {
     const bool may_know_qt = include.folder == "desktop" || include.folder == "desktop_aids" ||
+                             include.folder == "desktop_site" ||
                              include.folder == "programs/workstation";
     return may_know_qt ? "" : line + ": only the desktop knows Qt";
   }

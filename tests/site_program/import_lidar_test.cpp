@@ -45,6 +45,20 @@ TestLas Three_Echoes() {
   return las;
 }
 
+TEST_F(LidarSite, ProgressIsToldInRisingPercent) {
+  const SitePlayed played =
+      Import("2007", {Write("a.las", Three_Echoes()), "--flying-height", "1000", "--progress"});
+  ASSERT_EQ(played.status, 0) << played.err;
+  std::istringstream lines(played.err);
+  std::vector<int> told;
+  for (std::string line; std::getline(lines, line);) {
+    if (line.starts_with("progress ")) told.push_back(std::stoi(line.substr(9)));
+  }
+  ASSERT_FALSE(told.empty());
+  EXPECT_EQ(told.back(), 100);
+  EXPECT_TRUE(std::is_sorted(told.begin(), told.end(), std::less_equal<>())) << played.err;
+}
+
 TEST_F(LidarSite, SlotsOf2007FillFromTheFourthDown) {
   const SitePlayed played =
       Import("2007", {Write("a.las", Three_Echoes()), "--flying-height", "1000"});

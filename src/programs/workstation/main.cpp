@@ -19,6 +19,7 @@
 #include "desktop_aids/remembered.h"
 #include "platform/run_time_error.h"
 #include "programs/workstation/desktop_command_line.h"
+#include "programs/workstation/site_aids.h"
 #include "programs/workstation/taken_root.h"
 #include "session/journal_folder.h"
 #include "session/start_advice.h"
@@ -105,6 +106,7 @@ int Run_Desktop(const CommandLine& line, int argc, char** argv) {
   std::optional<Remembered> remembered;
   if (!line.plain) {
     aids.emplace(desktop);
+    Add_Site_Menu(desktop, *aids);
     remembered.emplace(desktop, *aids, Remembered::Usual_File());
   }
   if (!line.begin.empty()) desktop.Begin_With(line.begin);

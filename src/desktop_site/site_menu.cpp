@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "desktop_site/site_menu.h"
+
+#include <QMenuBar>
+
+#include "desktop_aids/menu_keys.h"
+#include "desktop_site/site_frame.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr const char* kNew = "init";
+
+bool Is(const SiteCommand& command, std::string_view words) { return words == command.words; }
+
+std::string_view First_Word(const SiteCommand& command) {
+  const std::string_view words(command.words);
+  return words.substr(0, words.find(' '));
+}
+
+}  // namespace
+
+SiteMenu::SiteMenu(Desktop& desktop, Aids& aids)
+    : QObject(&desktop.Shown().Main()),
+      desktop_(desktop),
+      aids_(aids),
+      menu_(new QMenu(QStringLiteral("Site"), &desktop.Shown().Main())) {
+  QMenuBar& bar = *desktop.Shown().Main().menuBar();
+  QString taken = Taken_Letters(bar);
+  menu_->setObjectName(QStringLiteral("Site"));
+  menu_->setFont(Control_Font());
+  menu_->setTitle(With_Mnemonic(menu_->title(), taken));
+  bar.addMenu(menu_);
+  connect(menu_, &QMenu::aboutToShow, this, [this] { Refresh(); });
+  Fill();
+  Refresh();
+}
+
+void SiteMenu::Fill() {
+  QString taken;
+  const SiteCommand* before = nullptr;
+  for (const SiteCommand& command : Site_Commands()) {
+    if (before != nullptr && First_Word(*before) != First_Word(command)) menu_->addSeparator();
+    before = &command;
+    QAction* item =
+        menu_->addAction(With_Mnemonic(Site_Caption(command) + QStringLiteral(" ..."), taken));
+    item->setObjectName(QStringLiteral("Site ") + QString::fromLatin1(command.words));
+    items_[&command] = item;
+    connect(item, &QAction::triggered, this, [this, &command] { Open(command); });
+  }
+}
+
+const std::filesystem::path& SiteMenu::Root() const { return desktop_.Block().Drives.Root(); }
+
+/// A root is made a site first; what stands at the pointer is told in the site's coordinates.
+void SiteMenu::Refresh() {
+  const std::optional<WorldFrame> frame = Frame_Of_Site(Root());
+  const bool is_site = Has_Site(Root());
+  for (const auto& [command, item] : items_) item->setEnabled(Is(*command, kNew) != is_site);
+  aids_.Below().Show_World(frame);
+}
+
+SiteDialog& SiteMenu::Open(const SiteCommand& command) {
+  QPointer<SiteDialog>& dialog = dialogs_[&command];
+  if (!dialog) {
+    dialog = new SiteDialog(command, Root(), &desktop_.Shown().Main(),
+                            [this](const QJsonObject&) { Refresh(); });
+  }
+  dialog->show();
+  dialog->raise();
+  dialog->activateWindow();
+  return *dialog;
+}
+
+}  // namespace sylvomex

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+// The menu Site, to the right of the last menu: the subcommands of sylvomex-site for the root that
+// the workstation works on.
+#pragma once
+
+#include <QMenu>
+#include <QObject>
+#include <QPointer>
+#include <map>
+
+#include "desktop_aids/aids.h"
+#include "desktop_site/site_dialog.h"
+
+namespace sylvomex {
+
+class SiteMenu : public QObject {
+ public:
+  /// The desktop and its aids must outlive the menu.
+  SiteMenu(Desktop& desktop, Aids& aids);
+
+  /// The dialog of a subcommand, shown.
+  SiteDialog& Open(const SiteCommand& command);
+
+ private:
+  void Fill();
+  void Refresh();
+  [[nodiscard]] const std::filesystem::path& Root() const;
+
+  Desktop& desktop_;
+  Aids& aids_;
+  QMenu* menu_;
+  std::map<const SiteCommand*, QAction*> items_;
+  std::map<const SiteCommand*, QPointer<SiteDialog>> dialogs_;
+};
+
+}  // namespace sylvomex

@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: MIT
+// The menu Site and its dialogs, by mouse and keys, with the program itself behind them.
+#include "desktop_site/site_menu.h"
+
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenuBar>
+#include <set>
+
+#include "aids_fixture.h"
+#include "support/las_files.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr const char* kTrees = "x,y,z,h\n385000.5,6672000.25,160,12.5\n385010,6672010,161,9\n";
+
+class SiteMenuTest : public AidedDesktop {
+ protected:
+  SiteMenuTest() { menu_ = new SiteMenu(*desktop_, *aids_); }
+
+  [[nodiscard]] std::filesystem::path Root() const { return site_.Folder().Path(); }
+
+  QAction& Item(const std::string& words) {
+    return *Main().findChild<QAction*>(QString::fromStdString("Site " + words));
+  }
+
+  /// Chooses an item of the opened menu.
+  SiteDialog& Open(const char* words) {
+    auto& menu = *Main().findChild<QMenu*>("Site");
+    menu.popup(Main().mapToGlobal(QPoint(200, 20)));
+    QApplication::processEvents();
+    QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(&Item(words)).center());
+    QApplication::processEvents();
+    for (SiteDialog* dialog : Main().findChildren<SiteDialog*>()) {
+      if (dialog->windowTitle() == Site_Caption(Site_Command(words))) return *dialog;
+    }
+    throw std::runtime_error("no dialog");
+  }
+
+  static QPushButton& Button(SiteDialog& dialog, const char* text) {
+    for (QPushButton* button : dialog.findChildren<QPushButton*>()) {
+      if (button->text() == text) return *button;
+    }
+    throw std::runtime_error("no such button");
+  }
+  static void Press(SiteDialog& dialog, const char* text) {
+    QTest::mouseClick(&Button(dialog, text), Qt::LeftButton);
+  }
+  static void Type(SiteDialog& dialog, const char* field, const std::string& text) {
+    auto* row = dialog.findChild<QWidget*>(field);
+    auto* edit = qobject_cast<QLineEdit*>(row);
+    QTest::keyClicks(edit != nullptr ? edit : row->findChild<QLineEdit*>(),
+                     QString::fromStdString(text));
+  }
+  static std::string State(SiteDialog& dialog) {
+    for (QLabel* label : dialog.findChildren<QLabel*>()) {
+      if (label->accessibleName() == "State") return label->text().toStdString();
+    }
+    return "";
+  }
+  static std::string Messages(SiteDialog& dialog) {
+    return dialog.findChild<QPlainTextEdit*>()->toPlainText().toStdString();
+  }
+  static bool Ends_With(SiteDialog& dialog, const std::string& state) {
+    return QTest::qWaitFor([&] { return State(dialog) != "" && State(dialog) != "Running ..."; },
+                           20000) &&
+           State(dialog) == state;
+  }
+
+  void Make_Site() {
+    SiteDialog& dialog = Open("init");
+    Type(dialog, "--crs", "EPSG:3067");
+    Press(dialog, "Run");
+    ASSERT_TRUE(Ends_With(dialog, "Done.")) << State(dialog) << Messages(dialog);
+    Press(dialog, "Close");
+  }
+
+  std::map<std::string, std::uintmax_t> Files() const {
+    std::map<std::string, std::uintmax_t> files;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(Root())) {
+      files[entry.path().string()] = entry.is_regular_file() ? entry.file_size() : 0;
+    }
+    return files;
+  }
+
+  SiteMenu* menu_;  // of the main window
+};
+
+TEST_F(SiteMenuTest, StandsRightOfTheLastMenuWithALetterOfItsOwn) {
+  const QList<QAction*> actions = Main().menuBar()->actions();
+  EXPECT_EQ(actions.constLast()->menu()->objectName(), "Site");
+  std::set<QChar> letters;
+  for (const QAction* action : actions) {
+    const qsizetype mark = action->text().indexOf('&');
+    if (mark < 0) continue;
+    const QChar letter = action->text()[mark + 1].toUpper();
+    EXPECT_FALSE(QStringLiteral("UDWENSMPL1234").contains(letter)) << action->text().toStdString();
+    EXPECT_TRUE(letters.insert(letter).second) << action->text().toStdString();
+  }
+  EXPECT_EQ(Main().centralWidget()->size(), QSize(1000, 700));
+}
+
+TEST_F(SiteMenuTest, ARootIsMadeASiteFirst) {
+  EXPECT_TRUE(Item("init").isEnabled());
+  EXPECT_FALSE(Item("import dem").isEnabled());
+  Make_Site();
+  EXPECT_TRUE(std::filesystem::exists(Root() / "site.toml"));
+  EXPECT_FALSE(Item("init").isEnabled());
+  EXPECT_TRUE(Item("import dem").isEnabled());
+}
+
+TEST_F(SiteMenuTest, NothingRunsBeforeAllThatIsRequiredIsThere) {
+  SiteDialog& dialog = Open("init");
+  EXPECT_FALSE(Button(dialog, "Run").isEnabled());
+  Type(dialog, "--crs", "E");
+  EXPECT_TRUE(Button(dialog, "Run").isEnabled());
+}
+
+TEST_F(SiteMenuTest, ImportsAFileThatTheFileDialogChose) {
+  Make_Site();
+  const std::string csv = site_.Folder().Write("trees.csv", kTrees).native.string();
+  SiteDialog& dialog = Open("import trees");
+  dialogs_.files.push_back(csv);
+  Press(dialog, "Browse ...");
+  Type(dialog, "--columns", "X=x,Y=y,Z=z,TreeHeight=h");
+  Press(dialog, "Run");
+  EXPECT_EQ(Button(dialog, "Cancel").text(), "Cancel");
+  ASSERT_TRUE(Ends_With(dialog, "Done.")) << State(dialog) << Messages(dialog);
+  EXPECT_NE(Messages(dialog).find("\ntrees: 2\n"), std::string::npos) << Messages(dialog);
+  EXPECT_TRUE(std::filesystem::exists(Root() / "c/data/vektorit/trees_plot.txt"));
+}
+
+TEST_F(SiteMenuTest, ARefusalIsShownWithItsMessage) {
+  Make_Site();
+  const auto before = Files();
+  SiteDialog& dialog = Open("import trees");
+  Type(dialog, "FILE", "nowhere.csv");
+  Type(dialog, "--columns", "TreeHeight=h");
+  Press(dialog, "Run");
+  EXPECT_TRUE(Ends_With(dialog, "Refused. The site is as it was.")) << State(dialog);
+  EXPECT_NE(Messages(dialog).find("nowhere.csv"), std::string::npos);
+  EXPECT_EQ(Files(), before);
+}
+
+TEST_F(SiteMenuTest, CancelLeavesTheSiteAsItWas) {
+  Make_Site();
+  TestLas las;
+  las.count = 40'000'000;
+  const std::string file = site_.Folder().Write("zeros.las", las.Bytes()).native.string();
+  std::filesystem::resize_file(file, 227 + 40'000'000LL * 28);  // holes take no room on the disk
+  const auto before = Files();
+  SiteDialog& dialog = Open("import lidar");
+  dialogs_.files.push_back(file);
+  Press(dialog, "Add ...");
+  ASSERT_EQ(dialog.findChild<QListWidget*>()->count(), 1);
+  Press(dialog, "Run");
+  EXPECT_FALSE(Button(dialog, "Run").isEnabled());
+  auto& bar = *dialog.findChild<QProgressBar*>();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return bar.maximum() == 100 && bar.value() > 25; }, 60000))
+      << State(dialog) << Messages(dialog);
+  Press(dialog, "Cancel");
+  ASSERT_TRUE(Ends_With(dialog, "Cancelled. The site is as it was.")) << State(dialog);
+  EXPECT_EQ(Files(), before);
+  EXPECT_TRUE(dialog.isVisible());
+}
+
+TEST_F(SiteMenuTest, TheStripTellsPlacesInTheWorld) {
+  Make_Site();
+  const std::string csv = site_.Folder().Write("trees.csv", kTrees).native.string();
+  SiteDialog& dialog = Open("import trees");
+  Type(dialog, "FILE", csv);
+  Type(dialog, "--columns", "X=x,Y=y,Z=z,TreeHeight=h");
+  Press(dialog, "Run");
+  ASSERT_TRUE(Ends_With(dialog, "Done.")) << Messages(dialog);
+  const std::string toml = site_.Folder().Read("site.toml");
+  w().Solution3D = {0, 0, 0};
+  w().SolutionValid = -1;
+  Point_At(0, 100, 100);
+  const std::string place = Main().findChild<QLabel*>("StripPlace")->text().toStdString();
+  ASSERT_NE(place.find("EPSG:3067"), std::string::npos) << place << toml;
+  // X and Y of the world less those of the working system are the shift of the tree list.
+  double X = 0, Y = 0, world_X = 0, world_Y = 0;
+  ASSERT_EQ(std::sscanf(place.c_str(), "X %lf Y %lf", &X, &Y), 2) << place;
+  ASSERT_EQ(std::sscanf(place.substr(place.find("EPSG")).c_str(), "EPSG:3067 %lf %lf", &world_X,
+                        &world_Y),
+            2);
+  double shift_X = 0, shift_Y = 0;
+  ASSERT_EQ(std::sscanf(toml.substr(toml.find("shift = ")).c_str(), "shift = [ %lf, %lf", &shift_X,
+                        &shift_Y),
+            2)
+      << toml;
+  EXPECT_NE(shift_X, 0);
+  EXPECT_NEAR(world_X - X, shift_X, 1.01);
+  EXPECT_NEAR(world_Y - Y, shift_Y, 1.01);
+}
+
+}  // namespace
+}  // namespace sylvomex
