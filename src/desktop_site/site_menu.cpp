@@ -2,14 +2,23 @@
 #include "desktop_site/site_menu.h"
 
 #include <QMenuBar>
+#include <QMessageBox>
+#include <QTimer>
+
+#include "desktop/dialog_layout.h"
+#include "desktop/qt_text.h"
+#include "desktop_aids/event_command.h"
 
 #include "desktop_aids/menu_keys.h"
 #include "desktop_site/site_frame.h"
+#include "desktop_site/site_result.h"
 
 namespace sylvomex {
 namespace {
 
+constexpr int kWaitForCommand = 200;  // milliseconds
 constexpr const char* kNew = "init";
+constexpr const char* kImages = "import images";
 
 bool Is(const SiteCommand& command, std::string_view words) { return words == command.words; }
 
@@ -63,13 +72,46 @@ void SiteMenu::Refresh() {
 SiteDialog& SiteMenu::Open(const SiteCommand& command) {
   QPointer<SiteDialog>& dialog = dialogs_[&command];
   if (!dialog) {
-    dialog = new SiteDialog(command, Root(), &desktop_.Shown().Main(),
-                            [this](const QJsonObject&) { Refresh(); });
+    dialog =
+        new SiteDialog(command, Root(), &desktop_.Shown().Main(),
+                       [this, &command](const QJsonObject& answer) { Is_Done(command, answer); });
   }
   dialog->show();
   dialog->raise();
   dialog->activateWindow();
   return *dialog;
+}
+
+void SiteMenu::Is_Done(const SiteCommand& command, const QJsonObject& answer) {
+  Refresh();
+  if (Is(command, kImages)) Offer(Imported_Headers(answer));
+}
+
+/// Asks whether the imported photographs shall be opened, as many as there are panes left.
+void SiteMenu::Offer(const QStringList& headers) {
+  const QStringList first = headers.mid(0, kAidedPanes - desktop_.Block().ImageCount);
+  if (first.isEmpty()) return;
+  QMessageBox box(
+      QMessageBox::Question, QStringLiteral("Import images"),
+      first.size() == 1
+          ? QStringLiteral("Open the imported photograph in a pane?")
+          : QStringLiteral("Open %1 of the imported photographs in panes?").arg(first.size()),
+      QMessageBox::Yes | QMessageBox::No, &desktop_.Shown().Main());
+  box.setInformativeText(first.join(QLatin1Char('\n')));
+  Lay_Out(box);
+  if (box.exec() == QMessageBox::Yes) Open_Photographs(first);
+}
+
+/// Each by the command, as if chosen in the menu and in its dialog. A running one is waited for.
+void SiteMenu::Open_Photographs(const QStringList& headers) {
+  if (desktop_.Is_Busy()) {
+    QTimer::singleShot(kWaitForCommand, this, [this, headers] { Open_Photographs(headers); });
+    return;
+  }
+  for (const QString& header : headers) {
+    desktop_.Dispatch_Answered(Choosing("Add_images_to_set"),
+                               {{DialogKind::File, {}, Block_Text(header)}});
+  }
 }
 
 }  // namespace sylvomex

@@ -25,6 +25,9 @@ class SiteMenu : public QObject {
   void Fill();
   void Refresh();
   [[nodiscard]] const std::filesystem::path& Root() const;
+  void Is_Done(const SiteCommand& command, const QJsonObject& answer);
+  void Offer(const QStringList& headers);
+  void Open_Photographs(const QStringList& headers);
 
   Desktop& desktop_;
   Aids& aids_;

@@ -165,6 +165,35 @@ TEST_F(SiteMenuTest, CancelLeavesTheSiteAsItWas) {
   EXPECT_TRUE(dialog.isVisible());
 }
 
+TEST_F(SiteMenuTest, ImportedPhotographsAreOpenedByTheCommandAndRecorded) {
+  Start_Recorded("session.txt");
+  menu_ = new SiteMenu(*desktop_, *aids_);
+  Make_Site();
+  const std::string table =
+      site_.Folder()
+          .Write("table.csv",
+                 "name,width,height,f_mm,pixel_mm,x0_mm,y0_mm,omega,phi,kappa,"
+                 "X0,Y0,Z0\nphoto,40,30,100,0.1,0,0,0,0,0,385000,6672000,900\n")
+          .native.string();
+  const std::string photo = site_.Folder()
+                                .Write("photo.pgm", "P5 40 30 255\n" + std::string(1200, '\x40'))
+                                .native.string();
+  SiteDialog& dialog = Open("import images");
+  Type(dialog, "TABLE", table);
+  dialogs_.files.push_back(photo);
+  Press(dialog, "Add ...");
+  dialogs_.choice = QMessageBox::Yes;
+  Press(dialog, "Run");
+  ASSERT_TRUE(Ends_With(dialog, "Done.")) << State(dialog) << Messages(dialog);
+  ASSERT_TRUE(Soon([&] { return w().ImageCount == 3; }));
+  EXPECT_EQ(dialogs_.messages.back(), "Open the imported photograph in a pane?");
+  EXPECT_EQ(dialogs_.texts_cut, 0);
+  const std::string script = site_.Folder().Read("session.txt");
+  EXPECT_NE(script.find("file c:\\data\\images\\photo.hdr\nmenu Add_images_to_set\n"),
+            std::string::npos)
+      << script;
+}
+
 TEST_F(SiteMenuTest, TheStripTellsPlacesInTheWorld) {
   Make_Site();
   const std::string csv = site_.Folder().Write("trees.csv", kTrees).native.string();
