@@ -87,7 +87,7 @@ class SiteMenuTest : public AidedDesktop {
   SiteMenu* menu_;  // of the main window
 };
 
-TEST_F(SiteMenuTest, StandsRightOfTheLastMenuWithALetterOfItsOwn) {
+TEST_F(SiteMenuTest, StandsRightOfTheLastMenuAndTakesNoOthersLetter) {
   const QList<QAction*> actions = Main().menuBar()->actions();
   EXPECT_EQ(actions.constLast()->menu()->objectName(), "Site");
   std::set<QChar> letters;
@@ -173,11 +173,12 @@ TEST_F(SiteMenuTest, ImportedPhotographsAreOpenedByTheCommandAndRecorded) {
       site_.Folder()
           .Write("table.csv",
                  "name,width,height,f_mm,pixel_mm,x0_mm,y0_mm,omega,phi,kappa,"
-                 "X0,Y0,Z0\nphoto,40,30,100,0.1,0,0,0,0,0,385000,6672000,900\n")
+                 "X0,Y0,Z0\nphoto,400,400,100,0.1,0,0,0,0,0,385000,6672000,900\n")
           .native.string();
-  const std::string photo = site_.Folder()
-                                .Write("photo.pgm", "P5 40 30 255\n" + std::string(1200, '\x40'))
-                                .native.string();
+  const std::string photo =
+      site_.Folder()
+          .Write("photo.pgm", "P5 400 400 255\n" + std::string(160000, '\x40'))
+          .native.string();
   SiteDialog& dialog = Open("import images");
   Type(dialog, "TABLE", table);
   dialogs_.files.push_back(photo);
