@@ -23,7 +23,8 @@ namespace {
 
 using Kind = OperatorEvent::Kind;
 
-constexpr int kDeepest = 3;  // events inside events
+constexpr int kDeepest = 3;      // events inside events
+constexpr int kMostInside = 20;  // inside one: some commands service events 15,000 times
 constexpr long kEventsASession = 400;
 constexpr std::array kPrologue{"menu Add_images_to_set",  "menu Add_images_to_set",
                                "menu Add_images_to_set",  "menu Add_height_Model",
@@ -81,6 +82,7 @@ class RandomPlay {
 
   void Play(long count) {
     for (const long end = counts_.events + count; counts_.events < end && !screen_.ended;) {
+      inside_ = 0;
       Handle(events_.Next(*w_));
       ASSERT_FALSE(Has_Hourglass(*w_)) << last_;
       ASSERT_TRUE(w_->ImageCount >= 0 && w_->ImageCount <= 9) << last_;
@@ -95,7 +97,8 @@ class RandomPlay {
 
  private:
   void Play_Inside() {
-    if (depth_ >= kDeepest || screen_.ended) return;
+    if (depth_ >= kDeepest || inside_ >= kMostInside || screen_.ended) return;
+    ++inside_;
     ++counts_.inside;
     Handle(events_.Next(*w_));
   }
@@ -127,6 +130,7 @@ class RandomPlay {
   EventPath path_;
   std::string last_;
   int depth_ = 0;
+  int inside_ = 0;  // events inside the outer one
 };
 
 }  // namespace
