@@ -7,6 +7,7 @@
 #include "interchange/coordinate_system.h"
 #include "interchange/failures.h"
 #include "platform/number_text.h"
+#include "platform/run_time_error.h"
 #include "region/bundles.h"
 #include "region/plan_block.h"
 
@@ -126,6 +127,8 @@ void Plan_Plots(const PlanBlock& block, const std::vector<Wanted>& wanted, Regio
       plan.tasks.push_back(Plan_Plot(block, one.id, one.cell, one.radius));
     } catch (const Refused& refusal) {
       plan.left_out.push_back({one.id, refusal.what()});
+    } catch (const RunTimeError& error) {
+      plan.left_out.push_back({one.id, error.what()});
     }
   }
 }

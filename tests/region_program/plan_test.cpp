@@ -106,6 +106,14 @@ TEST_F(RegionSite, AnImageWhoseRasterIsTooShortIsNotUsed) {
               "im0.raw is shorter than the header says");
 }
 
+TEST_F(RegionSite, APlotWhoseMeshNoNumberHoldsIsLeftOutAlone) {
+  const RegionPlayed played =
+      Plan(Region(Plots("{id = 'vast', x = 3, y = 3, radius = 999999999}," + Plot("p1", 3, 3))));
+  EXPECT_EQ(played.status, 0) << played.err;
+  EXPECT_TOLD(played, "vast is left out: Overflow");
+  EXPECT_EQ(Json("plan/plan.json")["tasks"].size(), 1U);
+}
+
 TEST_F(RegionSite, StrictRefusesWhatAnotherPlanWouldLeaveOut) {
   const RegionPlayed played =
       Plan(Region(Plots(Plot("far", 300, 200) + Plot("p1", 3, 3))), "plan", {"--strict"});
