@@ -8,10 +8,12 @@
 
 #include "closedlib/argument_room.h"
 #include "closedlib/cluster_grid.h"
+#include "platform/work_meter.h"
 
 namespace sylvomex {
 namespace {
 
+constexpr int kPointsOfAStep = 65536;   // between two looks at the work
 constexpr std::int32_t kFarAhead = 24;  // points whose records are prefetched
 constexpr std::int32_t kNextAhead = 6;  // points whose cell is prefetched
 
@@ -122,7 +124,9 @@ int MYFUNC_FINDCLUSTERS(const ScoredMesh& points, double distance, double score_
   Require_Rooms(points, tables);
   const SortedPoints sorted(points);
   ClusterGrid grid(distance);
+  WorkMeter meter(static_cast<double>(points.count) / kPointsOfAStep);
   for (std::int32_t place = points.count; place >= 1; --place) {
+    if (place % kPointsOfAStep == 0) meter.Step();
     sorted.Prefetch_Ahead(place, grid);
     const std::size_t entry = sorted.Entry(place);
     const double weight = sorted.Weight(entry);

@@ -44,8 +44,10 @@ Desktop::Desktop(DesktopOptions options)
       windows_(*this, *w_) {
   move_timer_.setSingleShot(true);
   resize_timer_.setSingleShot(true);
+  held_timer_.setSingleShot(true);
   QObject::connect(&move_timer_, &QTimer::timeout, [this] { Send_Waiting_Move(); });
   QObject::connect(&resize_timer_, &QTimer::timeout, [this] { Send_Waiting_Resize(); });
+  QObject::connect(&held_timer_, &QTimer::timeout, [this] { Send_Held(); });
 }
 
 void Desktop::Start() {
@@ -138,21 +140,40 @@ void Desktop::Begin_With(const std::filesystem::path& script) {
 }
 
 void Desktop::Dispatch(const OperatorEvent& event) {
+  if (holds_) return held_.push_back(event);
   Send_Waiting_Move();
   Run(event);
 }
 
 void Desktop::Dispatch_Answered(const OperatorEvent& event, std::vector<DialogAnswer> answers) {
+  if (holds_) return;
   Send_Waiting_Move();
   known_answers_ = std::move(answers);
   Run(event);
 }
 
 void Desktop::Begin_Outer_Event(const OperatorEvent& event) {
+  running_ = event;
   screen_.Begin_Outer_Event();
   answering_.Begin_Outer_Event();
   answering_.Answer_With(std::exchange(known_answers_, {}));
   for (EventWatcher* watcher : watchers_) watcher->Event_Begins(event);
+}
+
+void Desktop::Hold_Events(bool hold) {
+  holds_ = hold;
+  if (hold) return;
+  if (waiting_move_ && !moving_) move_timer_.start(0);
+  if (waiting_resize_ && !resizing_) resize_timer_.start(0);
+  if (!held_.empty()) held_timer_.start(0);
+}
+
+void Desktop::Send_Held() {
+  while (!holds_ && !held_.empty()) {
+    const OperatorEvent event = std::move(held_.front());
+    held_.pop_front();
+    Dispatch(event);
+  }
 }
 
 void Desktop::Run(const OperatorEvent& event) {
@@ -182,7 +203,7 @@ void Desktop::Dispatch_Move(const OperatorEvent& event) {
 }
 
 void Desktop::Send_Waiting_Move() {
-  if (moving_ || !waiting_move_) return;
+  if (moving_ || holds_ || !waiting_move_) return;
   const OperatorEvent event = *std::exchange(waiting_move_, std::nullopt);
   moving_ = true;
   Run(event);
@@ -197,7 +218,7 @@ bool Desktop::Dispatch_Resize(const OperatorEvent& event) {
 }
 
 void Desktop::Send_Waiting_Resize() {
-  if (resizing_ || !waiting_resize_) return;
+  if (resizing_ || holds_ || !waiting_resize_) return;
   const OperatorEvent event = *std::exchange(waiting_resize_, std::nullopt);
   resizing_ = true;
   Run(event);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QTimer>
+#include <deque>
 #include <filesystem>
 #include <functional>
 #include <map>
@@ -56,10 +57,16 @@ class Desktop : public OperatorEvents {
   [[nodiscard]] Workspace& Block() { return *w_; }
   /// An event is being handled.
   [[nodiscard]] bool Is_Busy() const { return depth_ > 0; }
+  /// The outermost of the events that are being handled; valid while Is_Busy.
+  [[nodiscard]] const OperatorEvent& Running() const { return running_; }
+
+  /// While events are held none begins: they wait, in their order, for the event loop after it.
+  void Hold_Events(bool hold);
 
   /// nullptr for a plain desktop.
   [[nodiscard]] History* Kept() { return history_.Get(); }
   [[nodiscard]] Windows& Shown() { return windows_; }
+  [[nodiscard]] DesktopScreen& Dialogs() { return screen_; }
 
   /// What was asked and answered in the dialogs of the present outer event.
   [[nodiscard]] const std::vector<DialogAnswer>& Answers() const { return answering_.Given(); }
@@ -81,6 +88,7 @@ class Desktop : public OperatorEvents {
   void Run(const OperatorEvent& event);
   void Send_Waiting_Move();
   void Send_Waiting_Resize();
+  void Send_Held();
   QWidget* Front_Window();
   void End();
 
@@ -101,8 +109,12 @@ class Desktop : public OperatorEvents {
   Windows windows_;
   QTimer move_timer_;
   QTimer resize_timer_;
+  QTimer held_timer_;
   std::optional<OperatorEvent> waiting_move_;
   std::optional<OperatorEvent> waiting_resize_;
+  std::deque<OperatorEvent> held_;
+  OperatorEvent running_;
+  bool holds_ = false;
   bool moving_ = false;
   bool resizing_ = false;
   int depth_ = 0;  // nesting depth of the events being handled

@@ -68,11 +68,29 @@ QList<QUrl> Drive_Urls(const DriveMap& drives) {
 DesktopScreen::DesktopScreen(const DriveMap& drives, Owner owner)
     : drives_(drives), owner_(std::move(owner)) {}
 
+void DesktopScreen::Be_Calm(std::function<void(const std::string&)> tell) {
+  tell_ = std::move(tell);
+}
+
 void DesktopScreen::Begin_Outer_Event() {
   in_event_ = true;
   times_shown_.clear();
   silenced_.clear();
   causes_.clear();
+  dismissed_.reset();
+  repeated_.Take();
+}
+
+/// What was counted is shown, each wording in one box.
+void DesktopScreen::End_Outer_Event() {
+  in_event_ = false;
+  for (const RepeatedMessages::Counted& counted : repeated_.Take()) {
+    const QString times =
+        counted.times == 1
+            ? QString()
+            : QStringLiteral("\n\nThis message came %1 more times.").arg(counted.times);
+    Show_Message(counted.last + times, Buttons::Ok, {}, counted.texts.join(QLatin1Char('\n')));
+  }
 }
 
 void DesktopScreen::Tell_Cause(std::string_view cause) {
@@ -80,23 +98,44 @@ void DesktopScreen::Tell_Cause(std::string_view cause) {
   causes_ << Qt_Text(cause);
 }
 
+/// Whether what comes directly after a dismissed dialog was told in one word: a failure that is
+/// nothing but the missing answer.
+bool DesktopScreen::Tells_Dismissal(bool is_failure) {
+  const auto dismissed = std::exchange(dismissed_, std::nullopt);
+  if (!tell_ || !dismissed || !is_failure) return false;
+  causes_.clear();
+  tell_("Dismissed: " + Block_Text(*dismissed));
+  return true;
+}
+
 Answer DesktopScreen::Message_Box(std::string_view text, Buttons buttons, std::string_view title) {
   const QString shown = Qt_Text(text);
+  if (Tells_Dismissal(buttons == Buttons::Ok && !causes_.isEmpty())) return Answer::Ok;
   const QString causes = std::exchange(causes_, {}).join(QLatin1Char('\n'));
   if (silenced_.contains(shown)) return Answer::Ok;
+  if (buttons != Buttons::Ok) {
+    repeated_.Take();
+  } else if (tell_ && in_event_ && !repeated_.Is_To_Be_Shown(shown, causes)) {
+    return Answer::Ok;
+  }
+  return Show_Message(shown, buttons, Window_Title(title), causes);
+}
+
+Answer DesktopScreen::Show_Message(const QString& text, Buttons buttons, const QString& title,
+                                   const QString& causes) {
   owner_.show_block();
-  QMessageBox box(QMessageBox::NoIcon, Window_Title(title), shown, Box_Buttons(buttons),
-                  owner_.front_window());
+  QMessageBox box(QMessageBox::NoIcon, title.isEmpty() ? kProgram : title, text,
+                  Box_Buttons(buttons), owner_.front_window());
   box.setDetailedText(causes);
   QCheckBox* silence = nullptr;
-  if (++times_shown_[shown] > 1 && buttons == Buttons::Ok) {
+  if (++times_shown_[text] > 1 && buttons == Buttons::Ok) {
     silence = new QCheckBox(QStringLiteral("Do not show this message again until the command ends"),
                             &box);
     box.setCheckBox(silence);
   }
   Lay_Out(box);
   const int button = box.exec();
-  if (silence != nullptr && silence->isChecked()) silenced_.insert(shown);
+  if (silence != nullptr && silence->isChecked()) silenced_.insert(text);
   return Chosen(button);
 }
 
@@ -109,7 +148,10 @@ std::optional<std::string> DesktopScreen::Input_Box(std::string_view prompt, std
   box.setLabelText(Qt_Text(prompt));
   box.setTextValue(Qt_Text(preset));
   Lay_Out(box);
-  if (box.exec() != QDialog::Accepted) return std::nullopt;
+  repeated_.Take();
+  const bool is_answered = box.exec() == QDialog::Accepted;
+  dismissed_ = is_answered ? std::nullopt : std::optional(box.labelText());
+  if (!is_answered) return std::nullopt;
   return Block_Text(box.textValue());
 }
 
@@ -137,7 +179,12 @@ std::optional<std::string> DesktopScreen::File_Dialog(const FileQuestion& questi
   if (question.filter_index >= 1 && question.filter_index <= filters.size()) {
     dialog.selectNameFilter(filters[question.filter_index - 1]);
   }
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  repeated_.Take();
+  dismissed_.reset();
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+    dismissed_ = dialog.windowTitle();
+    return std::nullopt;
+  }
   std::string chosen =
       Chosen_File_Name(drives_, question, Block_Text(dialog.selectedFiles().constFirst()));
   last_folder_ =
@@ -180,6 +227,7 @@ double DesktopScreen::Random() {
 
 void DesktopScreen::Report_Error(std::string_view command, std::string_view text,
                                  std::string_view native_path) {
+  if (Tells_Dismissal(true)) return;
   owner_.show_block();
   QMessageBox box(QMessageBox::Warning, kProgram,
                   Qt_Text(command) + QLatin1String(": ") + Qt_Text(text), QMessageBox::Ok,

@@ -9,8 +9,10 @@
 #include <chrono>
 #include <functional>
 #include <map>
+#include <optional>
 #include <random>
 
+#include "desktop/repeated_messages.h"
 #include "desktop/tone_player.h"
 #include "platform/drive_map.h"
 #include "state/screen.h"
@@ -34,9 +36,13 @@ class DesktopScreen : public Screen {
   void Begin_In(Folders folders) { folders_ = std::move(folders); }
   [[nodiscard]] const Folders& Last_Folders() const { return folders_; }
 
+  /// From here on what comes of a dialog that was dismissed is told by that instead of in a box,
+  /// and a message that an event repeats is shown once, and once more with its number at the end.
+  void Be_Calm(std::function<void(const std::string&)> tell);
+
   /// Begins a new operator event: suppressed messages are shown again.
   void Begin_Outer_Event();
-  void End_Outer_Event() { in_event_ = false; }
+  void End_Outer_Event();
 
   void Tell_Cause(std::string_view cause) override;
   Answer Message_Box(std::string_view text, Buttons buttons = Buttons::Ok,
@@ -63,6 +69,9 @@ class DesktopScreen : public Screen {
   static constexpr std::chrono::milliseconds kServicingSpan{16};
   static constexpr int kServicings = 20;
 
+  [[nodiscard]] bool Tells_Dismissal(bool is_failure);
+  Answer Show_Message(const QString& text, Buttons buttons, const QString& title,
+                      const QString& causes);
   [[nodiscard]] bool Has_Serviced_Enough();
   [[nodiscard]] QString Start_Folder(const FileQuestion& question) const;
 
@@ -72,6 +81,9 @@ class DesktopScreen : public Screen {
   std::map<QString, int> times_shown_;  // by message text, since the outer event began
   QSet<QString> silenced_;
   QStringList causes_;  // of the next message box
+  std::function<void(const std::string&)> tell_;
+  RepeatedMessages repeated_;
+  std::optional<QString> dismissed_;  // title of the last dialog, when it was dismissed
   QString last_folder_;
   Folders folders_;
   bool in_event_ = false;

@@ -190,9 +190,18 @@ void FormWindow::Place_Over_Owner() {
   move(place.topLeft());
 }
 
-void FormWindow::Mirror_Unshown() {
-  const QString title = Qt_Text(form_.Title);
+void FormWindow::Lead_Title(const QString& lead) {
+  title_lead_ = lead;
+  Mirror_Title();
+}
+
+void FormWindow::Mirror_Title() {
+  const QString title = title_lead_ + Qt_Text(form_.Title);
   if (windowTitle() != title) setWindowTitle(title);
+}
+
+void FormWindow::Mirror_Unshown() {
+  Mirror_Title();
   if (client_->isEnabled() != form_.Enabled) {
     client_->setEnabled(form_.Enabled);
     menuBar()->setEnabled(form_.Enabled);

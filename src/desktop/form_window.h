@@ -35,6 +35,9 @@ class FormWindow : public QMainWindow {
   /// The widget of a control, "Text1(3)"; nullptr for an unknown name.
   [[nodiscard]] QWidget* Control_Widget(const std::string& name) const;
 
+  /// Words before the window's title, "42 % - "; empty for none.
+  void Lead_Title(const QString& lead);
+
   /// Height of the menu bar; the client area lies below it.
   [[nodiscard]] int Menu_Height() const;
 
@@ -70,6 +73,7 @@ class FormWindow : public QMainWindow {
   void Place_Over_Owner();
   [[nodiscard]] QSize Whole_Size(QSize client) const;  // with the menu and the strip
   [[nodiscard]] bool Has_Handler(const std::string& control, Happening happening) const;
+  void Mirror_Title();
   void Mirror_Size();
   void Mirror_Controls();
   void Mirror_Placing(Mirrored& control);
@@ -95,6 +99,7 @@ class FormWindow : public QMainWindow {
   QWidget* client_;
   FormMenus menus_;
   QPointer<QStatusBar> strip_;
+  QString title_lead_;
   std::vector<Mirrored> controls_;
   QSize record_size_;            // client size of the record when last compared
   bool operator_sizes_ = false;  // the operator has resized the window; the record follows

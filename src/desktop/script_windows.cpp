@@ -2,7 +2,9 @@
 #include "desktop/script_windows.h"
 
 #include <QBuffer>
+#include <QEventLoop>
 #include <QPixmap>
+#include <QTimer>
 #include <stdexcept>
 
 #include "desktop/open_display.h"
@@ -24,6 +26,12 @@ void ScriptWindows::Show() {
   Make_Windows();
   windows_->Mirror();
   QApplication::processEvents();
+}
+
+void ScriptWindows::Wait(double seconds) {
+  QEventLoop loop;
+  QTimer::singleShot(static_cast<int>(seconds * 1000), &loop, &QEventLoop::quit);
+  loop.exec();
 }
 
 void ScriptWindows::Save_Window(const std::string& form, const std::filesystem::path& file) {

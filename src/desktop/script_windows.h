@@ -22,6 +22,9 @@ class ScriptWindows : public WindowPictures, public OperatorEvents {
   /// Updates the windows on the screen.
   void Show();
 
+  /// Lets them be seen for that time; they are repainted and can be moved meanwhile.
+  static void Wait(double seconds);
+
   void Save_Window(const std::string& form, const std::filesystem::path& file) override;
 
   // Input from the windows is ignored.

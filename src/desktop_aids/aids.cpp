@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop_aids/aids.h"
 
+#include <QPushButton>
 #include <QToolButton>
 
 #include "desktop_aids/control_names.h"
@@ -27,6 +28,7 @@ Aids::Aids(Desktop& desktop)
       strip_(new Strip(panes_)),
       measured_(new MeasuredDock(panes_)),
       guide_(new Guide(desktop)),
+      long_commands_(desktop, strip_->Progress()),
       palette_(desktop),
       menu_(desktop),
       recent_(desktop, menu_.Add_Submenu("RecentFiles", QStringLiteral("&Recent files"))),
@@ -49,13 +51,17 @@ Aids::Aids(Desktop& desktop)
   Give_Mnemonics(*desktop.Shown().Main().menuBar());
   recent_.Show_Lines({});
   Fill_Menu();
+  Fill_Palette();
   Name_Controls(desktop);
+  desktop.Dialogs().Be_Calm([this](const std::string& words) { strip_->Tell(words); });
   desktop.Shown().When_Mirrored([this] { Refresh(); });
   Refresh();
 }
 
 Aids::~Aids() {
   panes_.Owner().Shown().When_Mirrored({});
+  panes_.Owner().Dialogs().Be_Calm({});
+  long_commands_.Refresh();
   delete strip_;
   delete magnifier_;
   delete measured_;
@@ -86,7 +92,20 @@ void Aids::Fill_Menu() {
   });
 }
 
+/// The aids among the commands.
+void Aids::Fill_Palette() {
+  for (QAction* action : menu_.Actions()) {
+    const bool is_palette = action->objectName() == QStringLiteral("AidPalette");
+    if (!is_palette && action->menu() == nullptr) palette_.Add_Aid(*action);
+  }
+  for (QPushButton* button : strip_->findChildren<QPushButton*>()) {
+    if (button->parentWidget() != &strip_->Progress()) palette_.Add_Aid(*button);
+  }
+}
+
 void Aids::Refresh() {
+  long_commands_.Refresh();
+  if (const std::string words = long_commands_.Take_Words(); !words.empty()) strip_->Tell(words);
   if (choices_.saved_points) measured_->Model().Refresh();
   for (PaneOverlay* overlay : overlays_) overlay->Refresh();
   magnifier_->Refresh();

@@ -11,6 +11,7 @@
 #include "desktop_aids/command_palette.h"
 #include "desktop_aids/file_drops.h"
 #include "desktop_aids/guide.h"
+#include "desktop_aids/long_commands.h"
 #include "desktop_aids/magnifier.h"
 #include "desktop_aids/measured_dock.h"
 #include "desktop_aids/pane_hands.h"
@@ -40,6 +41,7 @@ class Aids {
 
  private:
   void Fill_Menu();
+  void Fill_Palette();
   void Refresh();
   void Add_Choice(const char* name, const QString& text, bool OverlayChoices::*choice);
 
@@ -51,6 +53,7 @@ class Aids {
   Strip* strip_;                                      // owned by the window
   MeasuredDock* measured_;                            // owned by the window
   Guide* guide_;                                      // owned by the window
+  LongCommands long_commands_;
   CommandPalette palette_;
   AidsMenu menu_;
   RecentFiles recent_;

@@ -23,6 +23,8 @@ class AidsMenu {
 
   QMenu& Add_Submenu(const char* name, const QString& text);
 
+  [[nodiscard]] QList<QAction*> Actions() const { return menu_->actions(); }
+
   QAction& Add_Item(const char* name, const QString& text, std::function<void()> run);
 
  private:

@@ -65,7 +65,38 @@ void CommandPalette::Fill() {
   }
 }
 
+void CommandPalette::Add(const QString& name, Aid aid) {
+  aid.item = new QListWidgetItem(aid.text(), list_);
+  aid.item->setToolTip(name);
+  aids_.push_back(std::move(aid));
+}
+
+void CommandPalette::Add_Aid(QAction& action) {
+  const auto text = [&action] {
+    const QStringList parts = action.text().remove(QLatin1Char('&')).split(QLatin1Char('\t'));
+    QString words = Path_Text({QStringLiteral("Aids"), parts.first()});
+    if (action.isCheckable()) {
+      words += action.isChecked() ? QStringLiteral("  (on)") : QStringLiteral("  (off)");
+    }
+    return parts.size() > 1 ? words + QStringLiteral("    ") + parts[1] : words;
+  };
+  Add(action.objectName(),
+      {nullptr, text, [&action] { return action.isEnabled(); }, [&action] { action.trigger(); }});
+}
+
+void CommandPalette::Add_Aid(QAbstractButton& button) {
+  const auto text = [&button] {
+    return Path_Text({QStringLiteral("Aids"), button.accessibleName()});
+  };
+  Add(button.objectName(),
+      {nullptr, text, [&button] { return button.isEnabled(); }, [&button] { button.click(); }});
+}
+
 void CommandPalette::Bring_Up() {
+  for (const Aid& aid : aids_) {
+    aid.item->setText(aid.text());
+    aid.item->setFlags(aid.can_run() ? Qt::ItemIsSelectable | Qt::ItemIsEnabled : Qt::NoItemFlags);
+  }
   typed_->clear();
   Filter({});
   typed_->setFocus();
@@ -78,8 +109,7 @@ void CommandPalette::Filter(const QString& typed) {
   list_->setCurrentItem(nullptr);
   for (int k = 0; k < list_->count(); ++k) {
     QListWidgetItem& item = *list_->item(k);
-    const bool matches =
-        Matches(item.text() + QLatin1Char(' ') + item.data(kNameRole).toString(), typed);
+    const bool matches = Matches(item.text() + QLatin1Char(' ') + item.toolTip(), typed);
     item.setHidden(!matches);
     const bool can_run = item.flags().testFlag(Qt::ItemIsEnabled);
     if (matches && can_run && list_->currentItem() == nullptr) list_->setCurrentItem(&item);
@@ -89,6 +119,11 @@ void CommandPalette::Filter(const QString& typed) {
 void CommandPalette::Run_Chosen() {
   const QListWidgetItem* item = list_->currentItem();
   if (item == nullptr || !item->flags().testFlag(Qt::ItemIsEnabled)) return;
+  const auto aid = std::ranges::find(aids_, item, &Aid::item);
+  if (aid != aids_.end()) {
+    hide();
+    return aid->run();
+  }
   OperatorEvent event;
   event.kind = OperatorEvent::Kind::Menu;
   event.control = Block_Text(item->data(kNameRole).toString());

@@ -100,6 +100,8 @@ void Strip::Lay_Out() {
     for (QPushButton* button : {undo_, redo_, take_back_}) upper->addWidget(button);
   }
   message_ = Add_Label("StripMessage", *upper, 1);
+  progress_ = new ProgressBar;
+  upper->addWidget(progress_, 3);
   mode_ = Add_Label("StripMode", *lower, 1);
   place_ = Add_Label("StripPlace", *lower, 2);
   place_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -133,6 +135,11 @@ void Strip::Ask_For(Kind kind) {
 void Strip::Show_Message(const std::string& message) {
   message_->Show_Words(With_Head(message));
   message_->setToolTip(Qt_Text(message));
+}
+
+void Strip::Tell(const std::string& words) {
+  const std::string written = written_.Take();
+  Show_Message(written.empty() ? words : words + "; " + written);
 }
 
 void Strip::Refresh() {

@@ -10,6 +10,7 @@
 #include <optional>
 
 #include "desktop_aids/aided_panes.h"
+#include "desktop_aids/progress_bar.h"
 #include "services/world_frame.h"
 #include "services/written_files.h"
 
@@ -42,6 +43,12 @@ class Strip : public QStatusBar {
   /// Places are told in the world, too, when its frame is known.
   void Show_World(const std::optional<WorldFrame>& world);
 
+  /// Shows words with what was written since the last event, until the next ones.
+  void Tell(const std::string& words);
+
+  /// Stands in the place of the words while something runs.
+  [[nodiscard]] ProgressBar& Progress() { return *progress_; }
+
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -60,6 +67,7 @@ class Strip : public QStatusBar {
   QPushButton* redo_ = nullptr;
   QPushButton* take_back_ = nullptr;
   FittingLabel* message_;
+  ProgressBar* progress_ = nullptr;
   FittingLabel* mode_;
   FittingLabel* place_;
   std::optional<AidedPanes::Place> pointer_;

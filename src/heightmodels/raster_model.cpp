@@ -10,12 +10,14 @@
 #include "platform/list_reader.h"
 #include "platform/number_text.h"
 #include "platform/run_time_error.h"
+#include "platform/work_meter.h"
 
 static_assert(std::endian::native == std::endian::little, "cell files are little-endian");
 
 namespace sylvomex {
 namespace {
 
+constexpr std::size_t kCellsOfAPiece = std::size_t{1} << 22;  // read at a time
 constexpr double kMaxCells = 32767;  // per axis: positions are 16-bit numbers
 
 std::int32_t Checked_Size(const char* what, double size) {
@@ -69,12 +71,23 @@ std::string No_Data_Text(std::string_view model, double X, double Y, double heig
 std::int64_t Read_Cells(const FilePath& cell_file, RasterModel& model) {
   const PositionalFile file(cell_file);
   const std::span<float> cells = model.Cells.All();
-  auto* bytes = reinterpret_cast<std::uint8_t*>(cells.data());
-  const std::size_t got = file.Read_At(0, {bytes, cells.size_bytes()});
-  // A cell truncated by the end of the file counts as missing.
-  if (got % sizeof(float) != 0) cells[got / sizeof(float)] = 0;
-  const std::span<const float> read = cells.first(got / sizeof(float));
-  return std::count_if(read.begin(), read.end(), [](float cell) { return Is_No_Data(cell); });
+  WorkMeter meter(static_cast<double>(cells.size()) / kCellsOfAPiece);
+  std::int64_t without_data = 0;
+  for (std::size_t first = 0; first < cells.size(); first += kCellsOfAPiece) {
+    const std::span<float> piece =
+        cells.subspan(first, std::min(kCellsOfAPiece, cells.size() - first));
+    const std::size_t got =
+        file.Read_At(static_cast<std::int64_t>(first * sizeof(float)),
+                     {reinterpret_cast<std::uint8_t*>(piece.data()), piece.size_bytes()});
+    // A cell truncated by the end of the file counts as missing.
+    if (got % sizeof(float) != 0) piece[got / sizeof(float)] = 0;
+    const std::span<const float> read = piece.first(got / sizeof(float));
+    without_data +=
+        std::count_if(read.begin(), read.end(), [](float cell) { return Is_No_Data(cell); });
+    meter.Step();
+    if (got < piece.size_bytes()) break;
+  }
+  return without_data;
 }
 
 }  // namespace sylvomex

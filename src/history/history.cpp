@@ -57,6 +57,16 @@ std::string Last_Of(const std::string& lines) {
   return end == std::string::npos ? lines : lines.substr(end + 1);
 }
 
+// Correlation images that were completed in a search step stay with their tables.
+bool Shows_New_Correlations(Workspace& w, const MeasuringState& before) {
+  for (int k = 0; k < w.ImageCount; ++k) {
+    const auto& pane = before.panes.at(static_cast<std::size_t>(k));
+    const bool is_new = pane == nullptr || pane->bitmap != w.Form1.Picture1(k).bitmap;
+    if (w.ImageKinds(k) == 2 && is_new) return true;
+  }
+  return false;
+}
+
 void Set_Number(Workspace& w, std::int16_t number) {
   w.NextMeasurementNumber = number;
   w.Form1.Label2.Caption = "Measurement number: " + Plain_Text(number);
@@ -68,7 +78,9 @@ void History::Before(Workspace& w, const OperatorEvent& event) {
   if (Is_Search_Step(event)) search_ran_ = true;
   ++depth_;
   // While a movement is handled, a click can arrive: it is a step like any other.
-  if (running_ || Moves_Only(event) || Opens_Or_Leaves_Options(event)) return;
+  if (Moves_Only(event) || Opens_Or_Leaves_Options(event)) return;
+  has_inner_step_ = running_.has_value();
+  if (running_) return;
   running_depth_ = depth_;
   watch_.Take();
   image_set_ = Image_Set_Bytes(w);
@@ -76,6 +88,12 @@ void History::Before(Workspace& w, const OperatorEvent& event) {
   running_ = Step();
   running_->words = Event_Words(event);
   running_->before = present_;
+}
+
+void History::Give_Back(Workspace& w) {
+  if (!running_ || depth_ != running_depth_ || has_inner_step_) return;
+  if (Image_Set_Bytes(w) != image_set_ || Shows_New_Correlations(w, running_->before)) return;
+  Restore(w, running_->before, Take_State(w, running_->before));
 }
 
 void History::After(Workspace& w) {

@@ -28,6 +28,11 @@ class History {
   void Before(Workspace& w, const OperatorEvent& event);
   void After(Workspace& w);
 
+  /// The running event was cancelled: the block gets the state before it. What events inside it did
+  /// stays, and so does everything once images were added, removed or replaced by correlation
+  /// images. Call it before After.
+  void Give_Back(Workspace& w);
+
   /// What the next undo, redo or taking back would do: "Click in image 3"; empty when there is
   /// nothing to do.
   [[nodiscard]] std::string Undo_Text() const;
@@ -82,9 +87,10 @@ class History {
   std::string told_;
   std::uint64_t version_ = 0;
   std::size_t picture_bytes_ = 0;
-  int depth_ = 0;            // of the events being handled
-  int running_depth_ = 0;    // at which the running step began
-  bool search_ran_ = false;  // in the running event
+  int depth_ = 0;                // of the events being handled
+  int running_depth_ = 0;        // at which the running step began
+  bool search_ran_ = false;      // in the running event
+  bool has_inner_step_ = false;  // the running event had other ones inside it
 };
 
 }  // namespace sylvomex

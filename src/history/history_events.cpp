@@ -40,7 +40,9 @@ EventOutcome Handle_Event_In(History* history, Workspace& w, const OperatorEvent
   if (history == nullptr) return Handle_Event(w, event);
   if (!Is_History_Event(event)) {
     const Passage passage(*history, w, event);
-    return Handle_Event(w, event);
+    const EventOutcome outcome = Handle_Event(w, event);
+    if (outcome == EventOutcome::Cancelled) history->Give_Back(w);
+    return outcome;
   }
   bool done = false;
   const EventOutcome outcome =

@@ -6,14 +6,16 @@
 
 #include "platform/rounding.h"
 #include "platform/run_time_error.h"
+#include "platform/work_meter.h"
 
 namespace sylvomex {
 namespace {
 
-constexpr double kRadius = 150;          // metres
-constexpr double kLowestSensor = 1000;   // metres
-constexpr double kLowestEcho = 6;        // metres above the ground
-constexpr double kUsualRange2006 = 840;  // metres
+constexpr std::size_t kPulsesOfAStep = 65536;  // between two looks at the work
+constexpr double kRadius = 150;                // metres
+constexpr double kLowestSensor = 1000;         // metres
+constexpr double kLowestEcho = 6;              // metres above the ground
+constexpr double kUsualRange2006 = 840;        // metres
 constexpr double kUsualRange2007 = 780;
 
 double Range_Factor(double range, double usual, double exponent) {
@@ -30,7 +32,10 @@ double Range_Factor(double range, double usual, double exponent) {
 template <class Intensity, class Keep>
 void Select(const PulseTable& pulses, double Xs, double Ys, const ValueScale& scale,
             Intensity&& intensity, Keep&& keep, std::vector<SelectedEcho>& echoes) {
-  for (std::size_t entry = 0; entry < static_cast<std::size_t>(pulses.Count()); ++entry) {
+  const auto count = static_cast<std::size_t>(pulses.Count());
+  WorkMeter meter(static_cast<double>(count) / kPulsesOfAStep);
+  for (std::size_t entry = 0; entry < count; ++entry) {
+    if (entry % kPulsesOfAStep == 0) meter.Step();
     for (int slot = 1; slot <= kEchoSlots; ++slot) {
       const double X = pulses.X(slot)[entry];
       const double Y = pulses.Y(slot)[entry];

@@ -9,6 +9,7 @@
 #include "closedlib/parallel_tasks.h"
 #include "lidar/counted_file.h"
 #include "platform/table.h"
+#include "platform/work_meter.h"
 
 namespace sylvomex {
 namespace {
@@ -129,17 +130,25 @@ std::int32_t Read_Pulse_Tile(const FilePath& file, PulseTable& table, int thread
   const std::int32_t count = tile.Count();
   if (count == 0) return 0;
   table.Make_Room(count);
-  Run_Tasks((count - 1) / kRead + 1, threads, [&](int task) {
-    std::array<std::uint8_t, kRead * kPulseBytes> records;
-    const std::int64_t first = std::int64_t{task} * kRead;
-    const int here = static_cast<int>(std::min<std::int64_t>(kRead, count - first));
-    tile.Read_From(first, {records.data(), static_cast<std::size_t>(here * kPulseBytes)});
-    for (int i = 0; i < here; i += kTogether) {
-      table.Take_Records(records.data() + i * kPulseBytes, first + i,
-                         std::min(kTogether, here - i));
-    }
-    hwy::FlushStream();
-  });
+  const auto read_all = [&] {
+    Run_Tasks((count - 1) / kRead + 1, threads, [&](int task) {
+      std::array<std::uint8_t, kRead * kPulseBytes> records;
+      const std::int64_t first = std::int64_t{task} * kRead;
+      const int here = static_cast<int>(std::min<std::int64_t>(kRead, count - first));
+      tile.Read_From(first, {records.data(), static_cast<std::size_t>(here * kPulseBytes)});
+      for (int i = 0; i < here; i += kTogether) {
+        table.Take_Records(records.data() + i * kPulseBytes, first + i,
+                           std::min(kTogether, here - i));
+      }
+      hwy::FlushStream();
+    });
+  };
+  try {
+    read_all();
+  } catch (const Cancelled&) {
+    table.Make_Room(0);
+    throw;
+  }
   return count;
 }
 

@@ -7,6 +7,7 @@
 #include "closedlib/counted_loop.h"
 #include "platform/number_text.h"
 #include "platform/run_time_error.h"
+#include "platform/work_meter.h"
 
 namespace sylvomex {
 namespace {
@@ -58,12 +59,14 @@ void Visit_Columns(const MeshSettings& settings, const HeightLookup& terrain,
   Require_Room(count_u * count_v, "columns");
   if (count_u * count_v == 0) return;
   const auto steps_u = static_cast<long>(count_u), steps_v = static_cast<long>(count_v);
+  WorkMeter meter(count_u);
   for (long i = 0; i < steps_u; ++i) {
     const double u = first_u + static_cast<double>(i) * settings.dx;
     for (long j = 0; j < steps_v; ++j) {
       visit(
           Column_At(settings, u, first_v + static_cast<double>(j) * settings.dy, terrain, canopy));
     }
+    meter.Step();
   }
 }
 
@@ -72,10 +75,12 @@ void Visit_Columns(const MeshSettings& settings, const HeightLookup& terrain,
 MeshTable Build_Mesh(const MeshSettings& settings, const HeightLookup& terrain,
                      const HeightLookup& canopy) {
   for (const double spacing : {settings.dx, settings.dy, settings.dz}) Require_Spacing(spacing);
+  WorkMeter passes(2);
   double count = 0;
   Visit_Columns(settings, terrain, canopy,
                 [&count](const MeshColumn& column) { count += column.points; });
   Require_Room(count, "points");
+  passes.Step();
   MeshTable mesh;
   mesh.reserve(static_cast<std::size_t>(count));
   Visit_Columns(settings, terrain, canopy, [&](const MeshColumn& column) {

@@ -11,6 +11,7 @@
 #include "platform/files.h"
 #include "platform/number_text.h"
 #include "platform/rounding.h"
+#include "platform/work_meter.h"
 
 namespace sylvomex {
 
@@ -75,6 +76,7 @@ bool ListReader::Read_Piece(std::size_t bytes) {
 // What is appended to the file meanwhile is not read.
 bool ListReader::Read_More() {
   if (rest_ == nullptr) return false;
+  if (rest_offset_ > 0) Look_At_Work();
   content_.erase(0, position_);
   lines_end_ -= std::min(position_, lines_end_);
   position_ = 0;

@@ -8,6 +8,7 @@
 #include "platform/number_text.h"
 #include "platform/replacing_file.h"
 #include "platform/rounding.h"
+#include "platform/work_meter.h"
 
 namespace sylvomex {
 namespace {
@@ -87,7 +88,9 @@ void Write_Cut_Out(const PositionalFile& raw, const ImageRecord& image,
   ReplacingFile cut_out(file, static_cast<std::uint64_t>(size));
   const std::int64_t row_bytes = Byte_Count(rectangle.columns, file);
   std::vector<std::uint8_t> bytes(static_cast<std::size_t>(row_bytes));
+  WorkMeter meter(rectangle.rows);
   for (std::int64_t done = 0; done < size; done += row_bytes) {
+    meter.Step();
     const std::int64_t rows_done = done / row_bytes;
     const double row = rectangle.first_row + static_cast<double>(rows_done);
     raw.Read_At(Byte_Count(rectangle.first_col + image.FullWidth * row, file), bytes);

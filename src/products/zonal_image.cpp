@@ -8,6 +8,7 @@
 
 #include "platform/list_lines.h"
 #include "platform/rounding.h"
+#include "platform/work_meter.h"
 
 namespace sylvomex {
 namespace {
@@ -108,9 +109,12 @@ ZeroedArray<std::uint8_t> Zonal_Mask(const Camera& camera, const PixelArea& area
   ZeroedArray<std::uint8_t> mask(area.Pixels());
   const std::span<std::uint8_t> cells = mask.All();
   const auto columns = static_cast<std::size_t>(area.columns);
+  WorkMeter meter(static_cast<double>(circles.size()));
   for (const GroundCircle& circle : circles) {
     const auto [cols, rows] = Reach_Of_Circle(camera, area, circle);
+    WorkMeter circle_rows(rows.last - rows.first + 1);
     for (std::int32_t row = rows.first; row <= rows.last; ++row) {
+      circle_rows.Step();
       for (std::int32_t col = cols.first; col <= cols.last; ++col) {
         const PixelPosition pixel{static_cast<double>(area.first_col) + col,
                                   static_cast<double>(area.first_row) + row};
@@ -118,6 +122,7 @@ ZeroedArray<std::uint8_t> Zonal_Mask(const Camera& camera, const PixelArea& area
         cells[static_cast<std::size_t>(row) * columns + static_cast<std::size_t>(col)] = circle.id;
       }
     }
+    meter.Step();
   }
   return mask;
 }

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "platform/work_meter.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
@@ -20,8 +21,11 @@ class Progress {
   /// Reports to another label.
   Progress(Workspace& w, Label& line) : w_(w), line_(line), begun_(w.screen->Clock()) {}
 
-  /// Services events.
-  void Service() { w_.screen->Service_Events(); }
+  /// Services events; here the command can be cancelled.
+  void Service() {
+    w_.screen->Service_Events();
+    Look_At_Work();
+  }
 
   /// Shows the text and services events.
   void Report(std::string text) {

@@ -14,7 +14,7 @@ namespace sylvomex {
 
 const char* const kUsage =
     "sylvomex [--root DIR] [--size WxH] [--record FILE] [--begin FILE] [--plain]\n"
-    "sylvomex --script FILE [--root DIR] [--size WxH] [--record FILE] [--show]\n"
+    "sylvomex --script FILE [--root DIR] [--size WxH] [--record FILE] [--show [--pace SECONDS]]\n"
     "         [--journal FILE | --resume FILE]\n"
     "\n"
     "  --root DIR     DIR holds the drives: DIR/c, DIR/d, DIR/e, DIR/f\n"
@@ -28,6 +28,7 @@ const char* const kUsage =
     "  --resume FILE  does again what stands in a journal that was not ended by Exit, then plays\n"
     "                 the script, if any; the journal goes on\n"
     "  --show         shows the windows while the script plays\n"
+    "  --pace SECONDS lets each step be seen for that time, 0 to 3600, before the next one\n"
     "  --help         this text\n";
 
 namespace {
@@ -72,6 +73,19 @@ bool Take_Size(CommandLine& line, std::string_view text, std::ostream& err) {
   return line.size_given;
 }
 
+bool Take_Pace(CommandLine& line, std::string_view text, std::ostream& err) {
+  constexpr double kLongest = 3600;  // seconds
+  double seconds = 0;
+  const char* const end = text.data() + text.size();
+  const auto parsed = std::from_chars(text.data(), end, seconds);
+  if (parsed.ec != std::errc() || parsed.ptr != end || !(seconds >= 0 && seconds <= kLongest)) {
+    err << "--pace takes a number of seconds from 0 to 3600 such as 0.5, not \"" << text << "\"\n";
+    return false;
+  }
+  line.options.pace = seconds;
+  return true;
+}
+
 namespace {
 
 /// False for an invalid option.
@@ -103,6 +117,8 @@ bool Take_Option(CommandLine& line, int option, std::ostream& err) {
       return true;
     case 'z':
       return Take_Size(line, optarg, err);
+    case 'c':
+      return Take_Pace(line, optarg, err);
     case 'b':
       line.begin = optarg;
       return true;
@@ -115,7 +131,7 @@ bool Take_Option(CommandLine& line, int option, std::ostream& err) {
 }  // namespace
 
 std::optional<CommandLine> Parse_Command_Line(int argc, char** argv, std::ostream& err) {
-  static constexpr std::array<option, 11> kOptions{{{"root", required_argument, nullptr, 'r'},
+  static constexpr std::array<option, 12> kOptions{{{"root", required_argument, nullptr, 'r'},
                                                     {"script", required_argument, nullptr, 's'},
                                                     {"size", required_argument, nullptr, 'z'},
                                                     {"record", required_argument, nullptr, 'o'},
@@ -123,6 +139,7 @@ std::optional<CommandLine> Parse_Command_Line(int argc, char** argv, std::ostrea
                                                     {"journal", required_argument, nullptr, 'j'},
                                                     {"resume", required_argument, nullptr, 'm'},
                                                     {"show", no_argument, nullptr, 'w'},
+                                                    {"pace", required_argument, nullptr, 'c'},
                                                     {"plain", no_argument, nullptr, 'p'},
                                                     {"help", no_argument, nullptr, 'h'},
                                                     {nullptr, 0, nullptr, 0}}};

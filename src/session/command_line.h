@@ -25,6 +25,10 @@ std::filesystem::path Default_Root();
 /// Parses "1280x1024" into the options; false, with the reason on err, for anything else.
 bool Take_Size(CommandLine& line, std::string_view text, std::ostream& err);
 
+/// Parses a number of seconds up to an hour into the options; false, with the reason on err, for
+/// anything else.
+bool Take_Pace(CommandLine& line, std::string_view text, std::ostream& err);
+
 /// Parses the program's arguments. std::nullopt, with the reason on err, for invalid ones. Without
 /// --root the drives lie under $SYLVOMEX_ROOT, or else under ~/sylvomex.
 std::optional<CommandLine> Parse_Command_Line(int argc, char** argv, std::ostream& err);

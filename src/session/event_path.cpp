@@ -2,17 +2,23 @@
 #include "session/event_path.h"
 
 #include <optional>
+#include <string>
+
+#include "platform/work_meter.h"
 
 namespace sylvomex {
 namespace {
 
-const char* Outcome_Name(std::optional<EventOutcome> outcome) {
+// steps: of the event's work until it was cancelled.
+std::string Outcome_Words(std::optional<EventOutcome> outcome, long steps) {
   if (!outcome) return "refused";
   switch (*outcome) {
     case EventOutcome::Done:
       return "done";
     case EventOutcome::Greyed:
       return "greyed";
+    case EventOutcome::Cancelled:
+      return "cancelled " + std::to_string(steps);
     case EventOutcome::Error:
       break;
   }
@@ -27,9 +33,12 @@ class SeenEvent {
     if (path.journal != nullptr) path.journal->Events().Begin_Event(event);
   }
   ~SeenEvent() {
-    if (path_.journal != nullptr) path_.journal->Events().End_Event(Outcome_Name(outcome_));
+    const long steps = Work_Steps() - steps_before_;
+    if (path_.journal != nullptr) {
+      path_.journal->Events().End_Event(Outcome_Words(outcome_, steps));
+    }
     if (path_.recorder != nullptr) {
-      path_.recorder->End_Event(outcome_.value_or(EventOutcome::Error));
+      path_.recorder->End_Event(outcome_.value_or(EventOutcome::Error), steps);
     }
   }
   SeenEvent(const SeenEvent&) = delete;
@@ -42,6 +51,7 @@ class SeenEvent {
 
  private:
   const EventPath& path_;
+  const long steps_before_ = Work_Steps();
   std::optional<EventOutcome> outcome_;
 };
 

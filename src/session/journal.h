@@ -26,7 +26,8 @@ class Journal {
   /// The handler of an event begins, possibly inside the handler of another event.
   void Begin_Event(const OperatorEvent& event);
 
-  /// The handler that began last has ended: "done", "error", "greyed" or "refused".
+  /// The handler that began last has ended: "done", "error", "greyed", "refused" or
+  /// "cancelled N", after N steps of its work.
   void End_Event(std::string_view outcome);
 
   /// A dialog opens; events that begin before its answer lie within it.

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "session/journal_player.h"
 
+#include <cstdlib>
 #include <utility>
 
 #include "platform/wall_clock.h"
+#include "platform/work_meter.h"
 #include "session/transcript_text.h"
 
 namespace sylvomex {
@@ -91,11 +93,32 @@ bool JournalPlayer::Is_Passed_Over(const JournalLine& move) {
 void JournalPlayer::Play_Outer(const ScriptStep& step) {
   servicings_ = 0;
   ++play_.events;
-  Play_Step(step);
+  if (const std::optional<long> steps = Steps_Until_Cancelled()) {
+    CancelAfter watcher(*steps);
+    const WatchedWork watched(&watcher);
+    Play_Step(step);
+  } else {
+    Play_Step(step);
+  }
   Take_End();
   // A plain move has no end of its own, nor has the step history.
   const std::string& name = step.words.front().text;
   if (name == "move" || name == "history") play_.last_one_ended = true;
+}
+
+/// How far the event that was taken went before the operator cancelled it, if so.
+std::optional<long> JournalPlayer::Steps_Until_Cancelled() const {
+  JournalCursor ahead = cursor_;
+  for (const JournalLine* line = ahead.Peek(); line != nullptr && line->kind != Kind::Event;
+       line = ahead.Peek()) {
+    if (line->kind == Kind::End) {
+      const auto& words = line->step.words;
+      if (words.size() != 3 || words[1].text != "cancelled") return std::nullopt;
+      return std::strtol(words[2].text.c_str(), nullptr, 10);
+    }
+    ahead.Take();
+  }
+  return std::nullopt;
 }
 
 void JournalPlayer::Play_Step(const ScriptStep& step) {

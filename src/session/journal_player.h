@@ -2,6 +2,7 @@
 // Plays a journal: every event, with its answers and the events inside it where they happened.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,7 @@ class JournalPlayer : public ScreenFeed {
  private:
   void Play_Outer(const ScriptStep& step);
   void Play_Step(const ScriptStep& step);
+  [[nodiscard]] std::optional<long> Steps_Until_Cancelled() const;
   void Play_Inner(JournalLine::Kind kind, long servicing);
   void Take_End();
   bool Is_Passed_Over(const JournalLine& move);

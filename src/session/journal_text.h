@@ -15,6 +15,7 @@
 //   # append N FILE OFFSET BYTES CHECKSUM          text is about to be appended to a file
 //   # take N FILE OFFSET BYTES CHECKSUM            lines are about to be taken from a file's end
 //   end done|error|greyed|refused  the event has ended; left out for a plain pointer move
+//   end cancelled N                the operator has ended it after N steps of its work
 //   exit                           the operator has ended the program
 //
 // Comments, also of later or earlier events:

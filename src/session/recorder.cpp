@@ -53,9 +53,14 @@ void Recorder::Begin_Event(const OperatorEvent& event) {
   text = Playable_Text(std::move(text));
 }
 
-void Recorder::End_Event(EventOutcome outcome) {
+void Recorder::End_Event(EventOutcome outcome, long work_steps) {
   if (running_.empty()) return;
-  events_[running_.back()].may_fail = outcome != EventOutcome::Done;
+  RecordedEvent& ended = events_[running_.back()];
+  if (outcome == EventOutcome::Cancelled) {
+    ended.cancelled_after = work_steps;
+  } else {
+    ended.may_fail = outcome != EventOutcome::Done;
+  }
   running_.pop_back();
   if (running_.empty()) Write_Events();
 }
@@ -82,7 +87,7 @@ void Recorder::Finish() {
 bool Recorder::Is_Plain_Move() const {
   return answers_.empty() && std::ranges::all_of(events_, [&](const RecordedEvent& recorded) {
            return recorded.event.kind == Kind::Move && !recorded.may_fail &&
-                  Same_Target(recorded.event, events_.front().event);
+                  !recorded.cancelled_after && Same_Target(recorded.event, events_.front().event);
          });
 }
 
@@ -95,6 +100,14 @@ void Recorder::Write_Held_Move() {
   if (!held_move_) return;
   script_ << Step_Text(*held_move_) << std::endl;
   held_move_.reset();
+}
+
+std::string Recorder::Playable_Step(const RecordedEvent& recorded) {
+  const std::string step = Step_Text(recorded.event);
+  if (recorded.cancelled_after) {
+    return "cancelled " + std::to_string(*recorded.cancelled_after) + " " + step;
+  }
+  return (recorded.may_fail ? "try " : "") + step;
 }
 
 void Recorder::Write_Events() {
@@ -111,10 +124,9 @@ void Recorder::Write_Events() {
     // Events that began before the first servicing arrived while a dialog was open.
     const RecordedEvent& inner = events[i];
     if (inner.servicing > 0) script_ << "during " << inner.servicing << ' ';
-    script_ << (inner.may_fail ? "try " : "") << Step_Text(inner.event) << '\n';
+    script_ << Playable_Step(inner) << '\n';
   }
-  script_ << (events.front().may_fail ? "try " : "") << Step_Text(events.front().event)
-          << std::endl;
+  script_ << Playable_Step(events.front()) << std::endl;
 }
 
 }  // namespace sylvomex

@@ -32,8 +32,9 @@ class Recorder {
   /// The handler of an event begins, possibly inside the handler of another event.
   void Begin_Event(const OperatorEvent& event);
 
-  /// The handler that began last has ended. One that failed is recorded as a step that may fail.
-  void End_Event(EventOutcome outcome);
+  /// The handler that began last has ended. One that failed is recorded as a step that may fail,
+  /// one that was cancelled with the number of steps of its work until then.
+  void End_Event(EventOutcome outcome, long work_steps = 0);
 
   /// A dialog was answered: the text entered, the file chosen or the name of the button ("ok",
   /// "cancel", "yes", "no"); std::nullopt when the dialog was dismissed.
@@ -53,9 +54,11 @@ class Recorder {
     OperatorEvent event;
     long servicing = 0;  // servicing of the outer event in which this one began; 0 before the first
     bool may_fail = false;
+    std::optional<long> cancelled_after = {};  // steps of its work
   };
 
   [[nodiscard]] std::string Playable_Text(std::string text) const;
+  [[nodiscard]] static std::string Playable_Step(const RecordedEvent& recorded);
   [[nodiscard]] bool Is_Plain_Move() const;
   void Hold_Move(const OperatorEvent& move);
   void Write_Held_Move();

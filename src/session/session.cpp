@@ -243,6 +243,7 @@ int Play_Script(Session& session, Script& script, const SessionHooks& hooks) {
   const auto after_step = [&] {
     if (session.streams.flush_steps) session.streams.out.flush();
     show();
+    if (hooks.pause) hooks.pause();
   };
   try {
     return script.journal.empty() ? Play_Steps(session, reader, player, after_step)

@@ -21,6 +21,7 @@ struct SessionOptions {
   double width = 1280;         // client size of the main window, pixels
   double height = 1024;
   bool show = false;    // show the windows while the script plays
+  double pace = 0;      // seconds that each step stays before the next one, while they are shown
   std::string record;   // script file for recording the session; empty for none
   std::string journal;  // file of the journal of the session; empty for none
   std::string resume;   // journal of a session that is repeated first and goes on; empty for none
@@ -38,6 +39,7 @@ struct SessionHooks {
   WindowPictures* pictures = nullptr;
   std::function<void(Workspace&)> before_start;  // when the block exists, before the start
   std::function<void(Workspace&)> show;          // called after every step and event servicing
+  std::function<void()> pause;                   // called between two steps
 };
 
 /// Plays a script. Returns the exit status: 0 all steps done, 1 a step failed, 2 a command

@@ -6,6 +6,7 @@
 #include <limits>
 #include <utility>
 
+#include "platform/work_meter.h"
 #include "session/block_values.h"
 #include "session/event_steps.h"
 #include "session/marks_text.h"
@@ -101,6 +102,7 @@ const StepPlayer::Row& StepPlayer::Find_Row(const ScriptStep& step) {
       Row{"during", 2, kAnyNumber, &StepPlayer::Play_During},
       Row{"say", 1, kAnyNumber, &StepPlayer::Play_Say},
       Row{"try", 1, kAnyNumber, &StepPlayer::Play_Try},
+      Row{"cancelled", 2, kAnyNumber, &StepPlayer::Play_Cancelled},
   };
   const std::string& name = step.words.front().text;
   const auto row = std::ranges::find_if(kRows, [&](const Row& r) { return name == r.name; });
@@ -293,6 +295,23 @@ void StepPlayer::Play_During(const ScriptStep& step) {
 
 void StepPlayer::Play_Say(const ScriptStep& step) {
   screen_.Write_Line("say " + Joined(step, 1, &ScriptWord::text));
+}
+
+/// Plays an event and cancels it after a number of steps of its work.
+void StepPlayer::Play_Cancelled(const ScriptStep& step) {
+  CancelAfter watcher(Whole_Argument(step.words[1].text));
+  const ScriptStep inner = Inner_Step(step, 2);
+  const std::string text = Joined(step, 2, &ScriptWord::raw);
+  Find_Row(inner);
+  if (!Is_Event_Step(inner.words.front().text)) {
+    throw StepEnd{kStepFailed, text + " is no event that could be cancelled"};
+  }
+  const WatchedWork watched(&watcher);
+  const EventOutcome outcome = Handle(Event_Of_Step(inner.words));
+  if (outcome == EventOutcome::Error) throw StepEnd{kCommandError, text + " ended in an error"};
+  if (outcome != EventOutcome::Cancelled) {
+    throw StepEnd{kStepFailed, text + " ended before it was cancelled"};
+  }
 }
 
 void StepPlayer::Play_Try(const ScriptStep& step) {

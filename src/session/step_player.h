@@ -65,6 +65,7 @@ class StepPlayer {
   void Play_During(const ScriptStep& step);
   void Play_Say(const ScriptStep& step);
   void Play_Try(const ScriptStep& step);
+  void Play_Cancelled(const ScriptStep& step);
 
   void Play_Queued(const ScriptStep& step);
   EventOutcome Handle(const OperatorEvent& event);

@@ -7,6 +7,7 @@
 #include "panes/pane_layout.h"
 #include "platform/operator_notices.h"
 #include "platform/sound_reads.h"
+#include "platform/work_meter.h"
 #include "state/window_limits.h"
 #include "workspace/control_events.h"
 #include "workspace/control_lookup.h"
@@ -95,6 +96,8 @@ EventOutcome Run_To_Its_End(Workspace& w, const std::string& name,
     Report(w, name, reads, error);
   } catch (const std::bad_alloc&) {
     w.screen->Report_Error(name, Failure_Text(Failure::OutOfMemory), "");
+  } catch (const Cancelled&) {
+    return EventOutcome::Cancelled;
   }
   return EventOutcome::Error;
 }

@@ -12,8 +12,9 @@ namespace sylvomex {
 
 enum class EventOutcome {
   Done,
-  Greyed,  // the menu item is greyed and was not run
-  Error,   // the command ended in an error, already shown by Screen::Report_Error
+  Greyed,     // the menu item is greyed and was not run
+  Error,      // the command ended in an error, already shown by Screen::Report_Error
+  Cancelled,  // whoever watches the thread has ended the command; see platform/work_meter.h
 };
 
 /// Handlers that may run inside one another; the one after them ends with an error.

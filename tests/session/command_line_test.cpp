@@ -31,6 +31,18 @@ TEST(CommandLine, DefaultsAreTheDesktopAtItsSize) {
   EXPECT_FALSE(line->options.show);
 }
 
+TEST(CommandLine, PaceIsANumberOfSeconds) {
+  const auto line = Parse({"--script", "a", "--show", "--pace", "0.5"});
+  ASSERT_TRUE(line);
+  EXPECT_EQ(line->options.pace, 0.5);
+  for (const char* wrong : {"-1", "fast", "", "3601", "nan"}) {
+    std::string told;
+    EXPECT_FALSE(Parse({"--pace", wrong}, &told)) << wrong;
+    EXPECT_EQ(told, "--pace takes a number of seconds from 0 to 3600 such as 0.5, not \"" +
+                        std::string(wrong) + "\"\n");
+  }
+}
+
 TEST(CommandLine, AcceptsEveryOption) {
   const auto line =
       Parse({"--script", "-", "--root", "/x", "--size", "800x600", "--show", "--record", "r.txt"});

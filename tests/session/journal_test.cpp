@@ -315,6 +315,21 @@ TEST_F(JournalTest, EventsInsideACommandHappenAtTheirServicing) {
   EXPECT_EQ(transcript, "Text4 = 99\nSolution3D = 5 7 4\n");
 }
 
+TEST_F(JournalTest, CancelledCommandIsCancelledAtTheSamePlaceAgain) {
+  site.Folder().Make_Folder("d");
+  site.Folder().Write("c/data/circles.txt", "-20,0,0,7,8\n20,0,0,9,8\n");
+  const std::string mask = "d/2_Zonal.raw";
+  const std::string cancelled = "file c:\\data\\circles.txt\ncancelled 500 command Create_Zonal\n";
+  ASSERT_EQ(Play_With_Journal("history on\n" + Two_Images() + cancelled + kState), 0) << told;
+  EXPECT_NE(Journal_Steps().find("\nend cancelled 500\n"), std::string::npos) << Journal_Steps();
+  EXPECT_FALSE(site.Folder().Has(mask));
+  const std::string state = transcript.substr(transcript.find("Solution3D ="));
+  ASSERT_EQ(Resume(kState), 0) << told;
+  EXPECT_EQ(transcript, state);
+  EXPECT_FALSE(site.Folder().Has(mask));
+  EXPECT_EQ(told.find("was not asked for"), std::string::npos) << told;
+}
+
 TEST_F(JournalTest, EventsInsideADialogHappenThere) {
   Write_Journal(Head() +
                 "menu Set_3D_solution\ninput 5\nwithin set Text4 99\ninput 7\ninput 3\n"

@@ -43,6 +43,16 @@ TEST_F(RecorderTest, EventIsWrittenWhenItEnds) {
   EXPECT_EQ(Steps(), "menu Clear_all\n");
 }
 
+TEST_F(RecorderTest, ACancelledEventIsRecordedWithTheStepsOfItsWork) {
+  Begin("menu Compute_Back_Projections");
+  recorder.Events_Serviced();
+  Begin("click Picture1(0) 1 2");
+  End();
+  recorder.End_Event(EventOutcome::Cancelled, 12);
+  EXPECT_EQ(Steps(),
+            "during 1 click Picture1(0) 1 2\ncancelled 12 menu Compute_Back_Projections\n");
+}
+
 TEST_F(RecorderTest, AnswersStandBeforeTheirStepInOrder) {
   Begin("menu Center_To_Q");
   recorder.Dialog_Answered(DialogKind::Input, "two words");

@@ -39,6 +39,17 @@ TEST_F(SessionTest, EmptyScriptIsDone) {
   EXPECT_EQ(transcript, "");
 }
 
+TEST_F(SessionTest, PausesAfterEveryStep) {
+  int shown = 0, pauses = 0;
+  hooks.show = [&](Workspace&) { ++shown; };
+  hooks.pause = [&] {
+    ++pauses;
+    EXPECT_GE(shown, pauses);
+  };
+  EXPECT_EQ(Play("say one\n\nsay two\nprint Label10\n"), 0);
+  EXPECT_EQ(pauses, 3);
+}
+
 TEST_F(SessionTest, StartsWithTheDefaults) {
   EXPECT_EQ(Play("print Label10\nprint Text4\nprint StepLength\nprint Solution3D\n"
                  "print Draw_Polygon\nprint CurrentImage\nprint Form1.Visible\n"),

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commands/crowns/crown_inputs.h"
 
+#include "platform/work_meter.h"
 #include "state/cause.h"
 #include "state/workspace.h"
 
@@ -91,7 +92,9 @@ SeedColour Sample_Crown_Colour(const Workspace& w, int image, const Point3D& poi
 std::vector<GroundedEcho> Gather_Echoes(Workspace& w, const EchoFilter& is_inside) {
   std::vector<GroundedEcho> echoes;
   const std::int32_t pulses = w.LidarPulses.Count();
+  WorkMeter meter(pulses);
   for (std::int32_t pulse = 1; pulse <= pulses; ++pulse) {
+    meter.Step();
     const auto entry = static_cast<std::size_t>(pulse - 1);
     for (int slot = 1; slot <= kEchoSlots; ++slot) {
       const double X = w.LidarPulses.X(slot)[entry];

@@ -12,6 +12,7 @@
 #include "panes/overlay_points.h"
 #include "panes/pane_drawing.h"
 #include "platform/number_text.h"
+#include "platform/work_meter.h"
 #include "services/status_line.h"
 #include "state/camera_access.h"
 
@@ -53,7 +54,9 @@ void Add_Preview_Point(const Workspace& w, const LidarEcho& echo, const ColourMa
 void Preview_Echoes(Workspace& w, const ColourMap& colours) {
   for (Picture& pane : w.Form1.Picture1) pane.DrawWidth = kPreviewWidth;
   std::vector<OverlayPoint> points;
+  WorkMeter meter(w.LidarPulses.Count());
   for (std::int32_t i = 1; i <= w.LidarPulses.Count(); ++i) {
+    meter.Step();
     const auto entry = static_cast<std::size_t>(i - 1);
     if (!In_Area(w.Solution3D, w.LidarPulses.X(1)[entry], w.LidarPulses.Y(1)[entry])) continue;
     const LidarPulse pulse = w.LidarPulses(i);
@@ -68,6 +71,7 @@ void Mark_Member(Workspace& w, const LidarPoint& point, Colour colour) {
     Plot_Point(w.Form1.Picture1(k), at.px, at.py, colour);
   }
   w.screen->Service_Events();
+  Look_At_Work();
 }
 
 void Draw_First_Crown(Workspace& w, const FittedTree& tree) {
@@ -82,7 +86,9 @@ void Fit_All_Crowns(Workspace& w, CrownEchoes& echoes) {
   const FittedTree first = Fit_First_Crown(w, echoes, solve);
   Draw_First_Crown(w, first);
   Draw_Crown(w, echoes, first);
+  WorkMeter meter(kMoreCrownPasses);
   for (int pass = 0; pass < kMoreCrownPasses; ++pass) {
+    meter.Step();
     const std::optional<FittedTree> tree = Fit_Next_Crown(w, echoes, kSeedMinHeight, solve);
     if (tree) Draw_Crown(w, echoes, *tree);
   }

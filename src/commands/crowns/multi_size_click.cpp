@@ -16,6 +16,7 @@
 #include "matching/template_sizes.h"
 #include "platform/number_text.h"
 #include "platform/rounding.h"
+#include "platform/work_meter.h"
 #include "services/solution.h"
 #include "services/status_line.h"
 #include "services/ticked_images.h"
@@ -108,6 +109,7 @@ void Score_Image(const Workspace& w, int image, const Point3D& start,
   const std::vector<PixelPosition> pixels = Pixels_Of(Camera_Of(w, image), candidates);
   double* scores = search.size_score.data();
   for (int size = 1; size <= kTemplateSizeCount; ++size, scores += pixels.size()) {
+    Look_At_Work();
     const ImageTemplate pattern = Read_Size_Template(w.Drives, image, size);
     Score_Size(band, w.ImageBlock(image).SubHeight, pattern, pixels, scores, search);
   }

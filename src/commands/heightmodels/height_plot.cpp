@@ -10,6 +10,7 @@
 #include "overlays/colour_map.h"
 #include "panes/pane_drawing.h"
 #include "platform/number_text.h"
+#include "platform/work_meter.h"
 #include "services/file_names.h"
 #include "services/hourglass.h"
 #include "state/camera_access.h"
@@ -45,7 +46,9 @@ struct HeightRange {
 template <class Visit>
 void Walk_Square(const Point3D& centre, double step, Visit&& visit) {
   const int steps = static_cast<int>(kReach / step);
+  WorkMeter meter(2.0 * steps + 1);
   for (int i = -steps; i <= steps; ++i) {
+    meter.Step();
     for (int j = -steps; j <= steps; ++j) visit(centre.X + i * step, centre.Y + j * step);
   }
 }
@@ -120,7 +123,9 @@ void Plot_Model(Workspace& w, const ColourMap& colours) {
   const std::optional<HeightRange> range = Find_Range(w);
   if (!range) return;
   const std::vector<ColouredCell> cells = Coloured_Cells(w, *range, colours);
+  WorkMeter meter(w.ImageCount);
   for (int k = 0; k < w.ImageCount; ++k) {
+    meter.Step();
     Mark_Cells(w, k, cells);
     Print_Legend(w, k, *range);
   }

@@ -58,8 +58,10 @@ ZeroedArray<float> Fill_Grid(Workspace& w, const GridPlan& plan, Text&& text, He
                            static_cast<std::size_t>(plan.rows));
   const HourglassGuard hourglass(w);
   Progress progress(w);
+  WorkMeter meter(plan.columns);
   for (std::int32_t column = 0; column < plan.columns; ++column) {
     progress.Report(text(column));
+    meter.Step();
     const double X = plan.first_X + column * plan.cell_size;
     for (std::int32_t row = 0; row < plan.rows; ++row) {
       const double Y = plan.first_Y + row * plan.cell_size;
@@ -77,7 +79,9 @@ TinRaster Rasterize_Model(Workspace& w) {
   const HourglassGuard hourglass(w);
   TinRaster raster = Make_Tin_Raster(w.TinDem);
   Progress progress(w);
+  WorkMeter meter(w.TinDem.TriangleCount);
   for (std::int32_t i = 0; i < w.TinDem.TriangleCount; ++i) {
+    meter.Step();
     Rasterize_Triangle(w.TinDem.Triangles[static_cast<std::size_t>(i)], raster);
     progress.Report(Plain_Text(i));
   }

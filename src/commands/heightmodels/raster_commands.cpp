@@ -6,6 +6,7 @@
 #include "commands/heightmodels/height_display.h"
 #include "panes/pane_drawing.h"
 #include "platform/number_text.h"
+#include "platform/work_meter.h"
 #include "services/chosen_file.h"
 #include "services/hourglass.h"
 #include "services/status_line.h"
@@ -48,9 +49,16 @@ void Ask_Offset(Workspace& w) {
       w.screen->Input_Box("What value to add to each cell Z?", "Query", "0.00").value_or(""));
 }
 
+// A reading that is cancelled leaves no model.
 std::int64_t Read_Cells_Named_In(Workspace& w, const FilePath& header, RasterModel& model) {
-  return Named_In(w, header.name,
-                  [&] { return Read_Cells(w.Drives.Locate(model.CellFile.Padded()), model); });
+  try {
+    return Named_In(w, header.name,
+                    [&] { return Read_Cells(w.Drives.Locate(model.CellFile.Padded()), model); });
+  } catch (const Cancelled&) {
+    model = {};
+    if (&model == &w.RasterDem) w.RasterDemLoaded = false;
+    throw;
+  }
 }
 
 std::int64_t Load_Dem(Workspace& w, const FilePath& header) {

@@ -8,6 +8,7 @@
 #include "platform/files.h"
 #include "platform/list_reader.h"
 #include "platform/number_text.h"
+#include "platform/work_meter.h"
 #include "services/chosen_file.h"
 #include "state/camera_access.h"
 #include "state/tin_access.h"
@@ -47,7 +48,9 @@ std::vector<Point3D> Read_Points(const FilePath& file) {
 std::string Residual_Lines(const Workspace& w, const std::vector<Point3D>& points) {
   std::string lines;
   std::int32_t hint = 0;
+  WorkMeter meter(static_cast<double>(points.size()));
   for (const Point3D& point : points) {
+    meter.Step();
     const double triangles = Get_Tin_Elevation(w, point.X, point.Y, hint);
     const double raster = Get_Raster_Elevation(w, point.X, point.Y);
     if (triangles < 0) continue;

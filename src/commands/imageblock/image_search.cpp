@@ -10,6 +10,7 @@
 #include "panes/pane_drawing.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "platform/work_meter.h"
 #include "services/chosen_file.h"
 #include "services/solution.h"
 #include "solver/point_in_image.h"
@@ -70,6 +71,7 @@ void Take_Over_Point(Workspace& w, const PointInImage& hit) {
 void Load_Images_That_Show(Workspace& w, const Point3D& point) {
   CameraTableReader table = Begin_Search(w, kTerrestrial);
   while (const auto camera = table.Next()) {
+    Look_At_Work();
     if (!Sees_Ring(*camera, point)) continue;
     Write_Hit(w, kTerrestrial, *camera, point);
     w.SolutionValid = true;
@@ -101,6 +103,7 @@ void Find_Images_With_XYZ_Sol(Workspace& w) {
   CameraTableReader table = Begin_Search(w, kAerial);
   std::int32_t count = 0;
   while (const auto camera = table.Next()) {
+    Look_At_Work();
     if (!Sees_Point(*camera, w.Solution3D)) continue;
     Write_Hit(w, kAerial, *camera, w.Solution3D);
     ++count;

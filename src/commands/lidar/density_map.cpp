@@ -97,6 +97,7 @@ void Make_Lidar_Intensity_Map(Workspace& w) {
   CampaignTiles tiles_2007(w, Campaign::Als2007);
   DensityMap map;
   Progress progress(w);
+  WorkMeter meter(kTileCols);
   for (int col = 0; col < kTileCols; ++col) {
     for (int row = 0; row < kTileRows; ++row) {
       const double X = kFirstX + col * kTileSide;
@@ -107,6 +108,7 @@ void Make_Lidar_Intensity_Map(Workspace& w) {
       if (!in_2006 && !in_2007) continue;
       map.Set(col, row, Density_Colour(colours, tiles_2006.Pulses() + tiles_2007.Pulses()));
     }
+    meter.Step();
   }
   Write_Whole_File(w.Drives.Locate("c:\\temp\\LiDMap.raw"), map.Bytes());
 }

@@ -123,7 +123,9 @@ HeightRasters Room_For(const Grid& grid) {
 
 void Fill_Column(const Grid& grid, int col, ColumnTiles& tiles, HeightRasters& rasters) {
   const double X = grid.X0 + (col - 1) * grid.cell_size + grid.cell_size / 2;
+  WorkMeter meter(grid.rows);
   for (int row = 1; row <= grid.rows; ++row) {
+    meter.Step();
     const double Y = grid.Y0 - (row - 1) * grid.cell_size - grid.cell_size / 2;
     CellHeights heights = kNoHeights;
     if (const auto& echoes = tiles.At(Tile_Index(Campaign::Als2004, X, Y))) {
@@ -157,8 +159,10 @@ void Create_CHM_from_ALS(Workspace& w) {
   HeightRasters rasters = Room_For(grid);
   ColumnTiles tiles(w.Drives);
   Progress progress(w, w.Form1.Label2);
+  WorkMeter meter(grid.columns);
   for (int col = 1; col <= grid.columns; ++col) {
     Fill_Column(grid, col, tiles, rasters);
+    meter.Step();
     progress.Report(Plain_Text(col) + " rows");
   }
   constexpr const char* kChm = "D:\\data\\laser\\CHM.bin";

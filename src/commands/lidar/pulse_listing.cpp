@@ -31,7 +31,9 @@ Listing List_Tile(Workspace& w, const FilePath& tile, std::int32_t count, const 
   };
   std::string lines;
   Listing after = Listing::GoesOn;
+  WorkMeter meter(count);
   for (; i <= count && after == Listing::GoesOn; ++i) {
+    meter.Step();
     if (!List_Pulse(w.LidarPulses(i), ground, complain, lines)) after = Listing::Ends;
     if (lines.size() < kLongText) continue;
     Append_To_File(listing, lines);

@@ -119,12 +119,14 @@ void Compute_Correlation_Images(Workspace& w) {
   std::list<TickedImage> images;
   for (const int image : Ticked_Images(w)) images.emplace_back(w, image);
   std::optional<int> side;
+  WorkMeter meter(static_cast<double>(images.size()));
   for (const TickedImage& image : images) {
     if (!image.Is_In_Place()) continue;
     About(w, Name_Of_Image(w, image.place) + ", its patch", [&] {
       side = Choose_Side(w, image.place, side);
       Correlate_Image(w, image, *side);
     });
+    meter.Step();
   }
 }
 

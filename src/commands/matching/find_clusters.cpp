@@ -165,10 +165,22 @@ void Run_Search(Workspace& w, std::string& nodes) {
   Draw_Run_Name(w);
 }
 
+// A search that is cancelled leaves no cluster.
+void Search_Or_Clear(Workspace& w, std::string& nodes) {
+  try {
+    Run_Search(w, nodes);
+  } catch (const Cancelled&) {
+    Clear_Clusters(w.Matching);
+    w.Matching.ClusterCount = 0;
+    throw;
+  }
+}
+
 }  // namespace
 
 void Find_clusters(Workspace& w) {
-  With_Text_File(w.Drives.Locate(kNodeFile), [&w](std::string& nodes) { Run_Search(w, nodes); });
+  With_Text_File(w.Drives.Locate(kNodeFile),
+                 [&w](std::string& nodes) { Search_Or_Clear(w, nodes); });
 }
 
 }  // namespace sylvomex

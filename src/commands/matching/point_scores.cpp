@@ -143,7 +143,11 @@ void Compute_Back_Projections(Workspace& w) {
   Progress progress(w);
   progress.Service();
   ImageCorrelation correlations;
-  for (const int image : images) correlations.push_back(Back_Project(w, image));
+  WorkMeter meter(static_cast<double>(images.size()));
+  for (const int image : images) {
+    correlations.push_back(Back_Project(w, image));
+    meter.Step();
+  }
   Read_Colour_Map(w.Drives.Locate(kColourMapFile));
   m.PointScore = Score_Points(m.MeshPoints.size(), correlations);
   // The hot points are not drawn; events are serviced once for each of them.

@@ -12,6 +12,7 @@
 #include "panes/pane_zoom.h"
 #include "platform/number_text.h"
 #include "platform/sound_reads.h"
+#include "platform/work_meter.h"
 #include "services/kept_file.h"
 #include "services/status_line.h"
 #include "services/ticked_images.h"
@@ -123,6 +124,7 @@ void Resize_Template(Workspace& w, int image) {
   const SizeTable sizes = of_image([&] { return Make_Size_Table(pattern); });
   Smooth_Template(pattern);
   for (int size = 1; size <= kTemplateSizeCount; ++size) {
+    Look_At_Work();
     const TemplateSize& target = sizes[static_cast<std::size_t>(size - 1)];
     Write_Size_Template(w.Drives, image, size,
                         of_image([&] { return Resample_Template(pattern, target); }));

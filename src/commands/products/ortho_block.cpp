@@ -83,6 +83,7 @@ void OrthoBlock(Workspace& w) {
   const BlockOutput output(w, grid);
   Progress progress(w, w.Form1.Label2);
   std::vector<std::uint8_t> cells;
+  WorkMeter meter(Tile_Count(grid.rows));
   for (std::int32_t tile_row = 0; tile_row < Tile_Count(grid.rows); ++tile_row) {
     const OrthoTile tile = Tile_At(grid, 0, tile_row);
     cells.resize(static_cast<std::size_t>(grid.columns) * static_cast<std::size_t>(tile.rows) *
@@ -90,6 +91,7 @@ void OrthoBlock(Workspace& w) {
     Fill_Band(w, images, grid, tile_row, cells);
     output.Write_Band(tile.first_row, cells);
     Report_Band(progress, grid, tile_row);
+    meter.Step();
   }
   const auto file = Ask_Result_Name(w);
   if (!file) return;

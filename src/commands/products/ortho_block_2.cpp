@@ -62,12 +62,14 @@ void For_Each_Tile(const OrthoGrid& grid, Visit&& visit) {
 TileGrid Prepare_Tiles(const Workspace& w, const OrthoGrid& grid,
                        const std::vector<TableCamera>& table) {
   TileGrid tiles;
+  WorkMeter meter(static_cast<double>(Tile_Count(grid.rows)) * Tile_Count(grid.columns));
   For_Each_Tile(grid, [&](std::int32_t col, std::int32_t row) {
     Point3D middle = Middle_Of_Tile(grid, Tile_At(grid, col, row));
     middle.Z = Get_Raster_Elevation(w, middle.X, middle.Y);
     if (middle.Z > kLowestRemembered) tiles.elevation = middle.Z;
     middle.Z = OrthoHeights{nullptr, tiles.elevation}.Replaced(middle.Z);
     tiles.camera(col)(row) = First_That_Sees(table, middle);
+    meter.Step();
   });
   return tiles;
 }
@@ -109,6 +111,7 @@ void Fill_Tiles(Workspace& w, const OrthoGrid& grid, const TileGrid& tiles, std:
     Fill_Tile(grid, source, heights, tile, cells.data(), static_cast<std::size_t>(tile.columns));
     Require_Sound_Reads();
     output.Write_Tile(tile, cells);
+    Look_At_Work();
   });
 }
 
@@ -125,6 +128,7 @@ void Fill_Mosaic(Workspace& w, const OrthoGrid& grid, const std::vector<TableCam
   const TileGrid tiles = Prepare_Tiles(w, grid, table);
   Progress progress(w, w.Form1.Label2);
   const auto count = static_cast<std::int32_t>(table.size());
+  WorkMeter meter(count);
   for (std::int32_t camera = 0; camera < count; ++camera) {
     if (Serves_Any(grid, tiles, camera)) {
       const TableCamera& line = table[static_cast<std::size_t>(camera)];
@@ -133,6 +137,7 @@ void Fill_Mosaic(Workspace& w, const OrthoGrid& grid, const std::vector<TableCam
       Fill_Tiles(w, grid, tiles, camera, output);
     }
     progress.Report(Format((camera + 1.0) / count * 100, "0.00") + " %");
+    meter.Step();
   }
 }
 

@@ -93,9 +93,11 @@ void Create_An_OrthoIndex(Workspace& w) {
   const OrthoGrid grid = Grid_Over(Limits_Of_All(images, order->table), order->pixel);
   ZeroedArray<float> ids(grid.Cells());
   ZeroedArray<std::uint8_t> numbers(grid.Cells());
+  WorkMeter meter(static_cast<double>(images.size()));
   for (const CoveringImage& image : images) {
     Mark_Covered_Cells(grid, image.record, image.camera, image.limits, image.number, ids.All(),
                        numbers.All());
+    meter.Step();
   }
   Write_Result(w, Bytes_Of(ids.All()));
   if (!order->colour) return Write_Result(w, numbers.All());

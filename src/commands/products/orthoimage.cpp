@@ -71,8 +71,10 @@ void Fill_Cells(Workspace& w, const OrthoOrder& order, const FollowedImage& imag
   Progress progress(w, w.Form1.Label2);
   const OrthoGrid& grid = order.grid;
   LastPixel last{};
+  WorkMeter meter(grid.columns);
   for (std::int32_t col = 0; col < grid.columns; ++col) {
     progress.Report(Format(static_cast<double>(col) / grid.columns * 100, "0000.0000") + " %");
+    meter.Step();
     if (col % kCheckedColumns != 0) continue;
     OrthoSource source = Present_Source(w, image);
     if (col % kSlabColumns != 0) continue;

@@ -4,6 +4,7 @@
 #include "imageblock/image_header_text.h"
 #include "platform/number_text.h"
 #include "platform/replacing_file.h"
+#include "platform/work_meter.h"
 #include "products/sub_image.h"
 #include "services/chosen_file.h"
 #include "services/hourglass.h"
@@ -42,10 +43,12 @@ void Write_SUB_images(Workspace& w) {
   if (!file) return;
   const std::vector<GroundBuffer> buffers = Read_Ground_Buffers(*file);
   const HourglassGuard hourglass(w);
+  WorkMeter meter(static_cast<double>(buffers.size()));
   for (const GroundBuffer& buffer : buffers) {
     for (int k = 0; k < w.ImageCount; ++k) {
       About(w, Name_Of_Image(w, k), [&] { Cut_Out(w, k, buffer); });
     }
+    meter.Step();
   }
 }
 

@@ -3,6 +3,7 @@
 
 #include "platform/number_text.h"
 #include "platform/replacing_file.h"
+#include "platform/work_meter.h"
 #include "products/zonal_image.h"
 #include "services/chosen_file.h"
 #include "services/hourglass.h"
@@ -38,8 +39,10 @@ void Create_Zonal(Workspace& w) {
   if (circles.empty()) return;
   {
     const HourglassGuard hourglass(w);
+    WorkMeter meter(w.ImageCount);
     for (int k = 0; k < w.ImageCount; ++k) {
       About(w, Name_Of_Image(w, k), [&] { Write_Mask(w, k, circles); });
+      meter.Step();
     }
   }
   w.screen->Message_Box("Done");

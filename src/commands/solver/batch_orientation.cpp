@@ -6,6 +6,7 @@
 
 #include "imageblock/image_header.h"
 #include "platform/number_text.h"
+#include "platform/work_meter.h"
 #include "services/hourglass.h"
 #include "services/kept_file.h"
 #include "services/status_line.h"
@@ -136,6 +137,7 @@ void Compute_Points_From_Pairs(Workspace& w) {
   for (const HeaderPair& pair : Read_Header_Pairs(List_Of(w, kPairFile))) {
     With_Appended_Lines(w.Drives.Locate(kPointFile),
                         [&](std::string& lines) { Solve_Pair(w, pair, tables, totals, lines); });
+    Look_At_Work();
   }
   Show_Totals(w, totals);
 }
@@ -144,7 +146,10 @@ void Compute_initial_apprx(Workspace& w) {
   const HourglassGuard hourglass(w);
   const std::vector<FlightImage> images = Read_Flight_Images(List_Of(w, kFlightLineFile));
   With_Text_File(w.Drives.Locate(kFootprintFile), [&](std::string& lines) {
-    for (const FlightImage& image : images) lines += Approximation_Of(w, image);
+    for (const FlightImage& image : images) {
+      lines += Approximation_Of(w, image);
+      Look_At_Work();
+    }
   });
   Show_Status(w, Plain_Text(static_cast<std::int32_t>(images.size())) + " footprints");
 }

@@ -10,6 +10,7 @@
 #include "platform/number_text.h"
 #include "platform/sound_reads.h"
 #include "services/hourglass.h"
+#include "services/kept_file.h"
 #include "state/cause.h"
 #include "state/workspace.h"
 #include "stereo/normal_case.h"
@@ -83,6 +84,14 @@ void Resample(Workspace& w, int image, const StereoPair& pair, const StereoImage
                                w.Drives.Locate(side.raster));
 }
 
+void Resample_Both(Workspace& w, const StereoPair& pair) {
+  const HourglassGuard hourglass(w);
+  WorkMeter meter(2);
+  Resample(w, 0, pair, pair.left);
+  meter.Step();
+  Resample(w, 1, pair, pair.right);
+}
+
 void Create_Pair(Workspace& w) {
   const ImageRecord& left = w.ImageBlock(0);
   const ImageRecord& right = w.ImageBlock(1);
@@ -97,12 +106,11 @@ void Create_Pair(Workspace& w) {
   if (!Is_Size_Agreed(w, pair)) return;
   const auto pair_file = Ask_Names(w, pair);
   if (!pair_file) return;
-  Write_Whole_File(w.Drives.Locate(*pair_file), Pair_File_Text(pair));
-  {
-    const HourglassGuard hourglass(w);
-    Resample(w, 0, pair, pair.left);
-    Resample(w, 1, pair, pair.right);
-  }
+  const FilePath file = w.Drives.Locate(*pair_file);
+  Or_Former_File(file, [&] {
+    Write_Whole_File(file, Pair_File_Text(pair));
+    Resample_Both(w, pair);
+  });
   w.screen->Message_Box("Normalized images computed!");
 }
 

@@ -110,6 +110,7 @@ PolygonScan::Counts PolygonScan::Run(const Keep& keep) {
   Progress progress(w_);
   counts_.begun = !progress.Stop_Asked();
   const int fixed = settings_.search.fixed_image;
+  WorkMeter meter(static_cast<double>(places_.size()));
   for (const FilmPosition& place : places_) {
     if (progress.Stop_Asked()) break;
     w_.Form1.Text1(2 * fixed).Text = Plain_Text(place.x);
@@ -117,6 +118,7 @@ PolygonScan::Counts PolygonScan::Run(const Keep& keep) {
     progress.Report_Seldom([&] { return Progress_Text(progress.Seconds()); });
     Search_At_Boxes(keep);
     ++counts_.done;
+    meter.Step();
   }
   Show_Status(w_, Counts_Text());
   return counts_;

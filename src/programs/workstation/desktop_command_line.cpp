@@ -19,8 +19,8 @@ std::string Value(const QCommandLineParser& parser, const char* option) {
 }
 
 void Declare(QCommandLineParser& parser) {
-  for (const char* name :
-       {"root", "script", "size", "record", "journal", "resume", "begin", "platform", "style"}) {
+  for (const char* name : {"root", "script", "size", "record", "journal", "resume", "begin", "pace",
+                           "platform", "style"}) {
     parser.addOption(QCommandLineOption(QString::fromLatin1(name), {}, QStringLiteral("value")));
   }
   for (const char* name : {"show", "plain", "help"})
@@ -40,6 +40,7 @@ std::optional<CommandLine> Take(const QCommandLineParser& parser, std::ostream& 
   line.begin = Value(parser, "begin");
   line.help = parser.isSet("help");
   if (parser.isSet("size") && !Take_Size(line, Value(parser, "size"), err)) return std::nullopt;
+  if (parser.isSet("pace") && !Take_Pace(line, Value(parser, "pace"), err)) return std::nullopt;
   return line;
 }
 

@@ -35,6 +35,7 @@ int Play_Script(const SessionOptions& options) {
   hooks.pictures = &windows;
   hooks.before_start = [&](Workspace& w) { windows.Take_Block(w); };
   if (options.show) hooks.show = [&](Workspace&) { windows.Show(); };
+  if (options.show && options.pace > 0) hooks.pause = [&] { ScriptWindows::Wait(options.pace); };
   const bool is_conversation = options.script == "-" || isatty(STDOUT_FILENO) != 0;
   return Run_Session(options, {std::cin, std::cout, std::cerr, is_conversation}, hooks);
 }

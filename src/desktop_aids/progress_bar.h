@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+// The progress of something that takes its time, with a button that cancels it. The strip below the
+// panes has one; whatever runs uses it from Begin to End.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QProgressBar>
+#include <QPushButton>
+#include <functional>
+
+class QLabel;
+
+namespace sylvomex {
+
+/// "12 s", "3 min 20 s", "2 h 5 min".
+QString Duration_Text(double seconds);
+
+class ProgressBar : public QWidget {
+ public:
+  /// What lasts shorter is not shown, seconds.
+  static constexpr double kPatience = 0.5;
+
+  ProgressBar();
+
+  /// Something begins. lead_title: called with what stands before the title of the window, "42 % -
+  /// ", and with "" at the end. cancel: called when the operator asks for the end; may be empty.
+  void Begin(const QString& what, std::function<void()> cancel,
+             std::function<void(const QString&)> lead_title = {});
+
+  /// done: the share that is done, 0 to 1; below 0 where it is not known. Shows the bar once the
+  /// time has come.
+  void Update(double done);
+
+  void End();
+
+  [[nodiscard]] bool Is_Running() const { return is_running_; }
+
+  /// As the button does; for the key.
+  void Ask_For_Cancel();
+
+ private:
+  void Show_Done(double done);
+  [[nodiscard]] double Seconds() const;
+
+  QLabel* what_;
+  QProgressBar* bar_;
+  QPushButton* button_;
+  QElapsedTimer clock_;
+  QElapsedTimer stretch_;     // since the share was last below what it is now
+  double stretch_start_ = 0;  // the share then
+  double done_ = 0;
+  std::function<void()> cancel_;
+  std::function<void(const QString&)> lead_title_;
+  bool is_running_ = false;
+};
+
+}  // namespace sylvomex
