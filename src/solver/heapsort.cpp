@@ -6,9 +6,12 @@
 
 #include "platform/rounding.h"
 #include "platform/table.h"
+#include "platform/work_meter.h"
 
 namespace sylvomex {
 namespace {
+
+constexpr std::int64_t kSiftsOfATask = 65536;  // between two looks at the work
 
 /// The caller's arrays with index base 1; 64-bit positions, so that doubling one cannot overflow.
 class IndexedValues {
@@ -48,7 +51,9 @@ class IndexedValues {
 void Sort_Index(std::int32_t n, IndexedValues& heap, std::int64_t& l) {
   for (std::int32_t j = 1; j <= n; ++j) heap.Index(j) = j;
   std::int64_t ir = n;
-  while (ir > 1) {
+  WorkMeter meter(1.5 * n / kSiftsOfATask);
+  for (std::int64_t sifts = 1; ir > 1; ++sifts) {
+    if (sifts % kSiftsOfATask == 0) meter.Task();
     std::int32_t element = 0;
     if (l > 1) {
       element = heap.Index(--l);
