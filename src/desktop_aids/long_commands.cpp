@@ -61,6 +61,7 @@ LongCommands::LongCommands(Desktop& desktop, ProgressBar& bar) : desktop_(deskto
 LongCommands::~LongCommands() = default;
 
 void LongCommands::Begin() {
+  has_begun_ = true;
   is_asked_ = false;
   bar_.Begin(
       Qt_Text(Event_Words(desktop_.Running())), [this] { is_asked_ = true; },
@@ -70,7 +71,8 @@ void LongCommands::Begin() {
 void LongCommands::Look(double done) {
   if (!desktop_.Is_Busy() || is_serving_) return;
   const auto now = std::chrono::steady_clock::now();
-  if (!bar_.Is_Running()) {
+  if (!has_begun_) {
+    if (bar_.Is_Running()) return;  // for something that runs beside the commands
     Begin();
     looked_ = now;
   }
@@ -99,7 +101,10 @@ void LongCommands::Serve_Bar() {
 
 void LongCommands::Refresh() {
   Release();
-  if (!desktop_.Is_Busy()) bar_.End();
+  if (has_begun_ && !desktop_.Is_Busy()) {
+    has_begun_ = false;
+    bar_.End();
+  }
 }
 
 void LongCommands::Release() {
@@ -130,7 +135,7 @@ void LongCommands::Keep(QObject* watched, QEvent* event) {
 }
 
 bool LongCommands::eventFilter(QObject* watched, QEvent* event) {
-  const bool is_shown = bar_.Is_Running() && bar_.isVisible();
+  const bool is_shown = has_begun_ && bar_.isVisible();
   if (is_shown && event->type() == QEvent::ShortcutOverride && is_serving_) {
     event->accept();  // as a key, which waits
     return true;

@@ -52,6 +52,7 @@ class LongCommands : public QObject, public WorkWatcher {
   std::chrono::steady_clock::time_point looked_;
   std::vector<Waiting> waiting_;
   std::string words_;
+  bool has_begun_ = false;  // and has the bar
   bool is_asked_ = false;
   bool is_serving_ = false;
 };

@@ -45,7 +45,7 @@ class LongCommandsTest : public DesktopTest {
 
   ProgressBar& Bar() { return aids_->Below().Progress(); }
   QPushButton& Cancel() { return *Bar().findChild<QPushButton*>("CancelCommand"); }
-  QString Message() { return Main().findChild<QLabel*>("StripMessage")->text(); }
+  QString Message() { return Main().findChild<QLabel*>("StripMessage")->toolTip(); }  // whole
 
   bool Press_Cancel() {
     asked_.start();

@@ -319,9 +319,9 @@ TEST_F(JournalTest, CancelledCommandIsCancelledAtTheSamePlaceAgain) {
   site.Folder().Make_Folder("d");
   site.Folder().Write("c/data/circles.txt", "-20,0,0,7,8\n20,0,0,9,8\n");
   const std::string mask = "d/2_Zonal.raw";
-  const std::string cancelled = "file c:\\data\\circles.txt\ncancelled 500 command Create_Zonal\n";
+  const std::string cancelled = "file c:\\data\\circles.txt\ncancelled 50 command Create_Zonal\n";
   ASSERT_EQ(Play_With_Journal("history on\n" + Two_Images() + cancelled + kState), 0) << told;
-  EXPECT_NE(Journal_Steps().find("\nend cancelled 500\n"), std::string::npos) << Journal_Steps();
+  EXPECT_NE(Journal_Steps().find("\nend cancelled 50\n"), std::string::npos) << Journal_Steps();
   EXPECT_FALSE(site.Folder().Has(mask));
   const std::string state = transcript.substr(transcript.find("Solution3D ="));
   ASSERT_EQ(Resume(kState), 0) << told;
