@@ -71,7 +71,6 @@ class Desktop : public OperatorEvents {
   /// What was asked and answered in the dialogs of the present outer event.
   [[nodiscard]] const std::vector<DialogAnswer>& Answers() const { return answering_.Given(); }
 
-
   /// From now on, until it is sent away; it must not go before.
   void Bring_In(EventWatcher& watcher) { watchers_.push_back(&watcher); }
   void Send_Away(EventWatcher& watcher) { std::erase(watchers_, &watcher); }
