@@ -268,7 +268,7 @@ TEST_F(CancelledProducts, OrthoBlock) {
                                      Answers({"700", "0", "498", "900", "2"}),
                                      "menu OrthoBlock",
                                      {},
-                                     "input c:\\data\\b.raw\n"});
+                                     "input c:\\data\\block.raw\n"});
 }
 
 TEST_F(CancelledProducts, ZonalImages) {
