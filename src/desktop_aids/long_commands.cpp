@@ -63,6 +63,7 @@ LongCommands::~LongCommands() = default;
 void LongCommands::Begin() {
   has_begun_ = true;
   is_asked_ = false;
+  qApp->installEventFilter(this);  // again: before the filters that were installed since
   bar_.Begin(
       Qt_Text(Event_Words(desktop_.Running())), [this] { is_asked_ = true; },
       [this](const QString& lead) { desktop_.Shown().Main().Lead_Title(lead); });
