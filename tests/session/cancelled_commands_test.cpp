@@ -58,9 +58,17 @@ Files Files_In(const std::filesystem::path& folder, const CancelledCommand& comm
   return files;
 }
 
+/// What kState left, without the seconds that a correlation took.
 std::string State_Of(const PlayedSession& played) {
   const std::size_t at = played.transcript.rfind("say state\n");
-  return at == std::string::npos ? "no state\n" + played.transcript : played.transcript.substr(at);
+  if (at == std::string::npos) return "no state\n" + played.transcript;
+  std::string state = played.transcript.substr(at);
+  const std::size_t seconds = state.find(" Seconds cross-corr");
+  if (seconds != std::string::npos) {
+    const std::size_t number = state.rfind(' ', seconds - 1) + 1;
+    state.replace(number, seconds - number, "N");
+  }
+  return state;
 }
 
 bool Ended_Before(const PlayedSession& played) {
