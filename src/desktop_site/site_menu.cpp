@@ -3,7 +3,6 @@
 
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QTimer>
 
 #include "desktop/dialog_layout.h"
 #include "desktop/qt_text.h"
@@ -41,6 +40,8 @@ SiteMenu::SiteMenu(Desktop& desktop, Aids& aids)
   menu_->setTitle(With_Mnemonic(menu_->title(), taken));
   bar.addMenu(menu_);
   connect(menu_, &QMenu::aboutToShow, this, [this] { Refresh(); });
+  wait_.setSingleShot(true);
+  connect(&wait_, &QTimer::timeout, this, [this] { Open_Photographs(waiting_); });
   Fill();
   Refresh();
 }
@@ -105,7 +106,8 @@ void SiteMenu::Offer(const QStringList& headers) {
 /// Each by the command, as if chosen in the menu and in its dialog. A running one is waited for.
 void SiteMenu::Open_Photographs(const QStringList& headers) {
   if (desktop_.Is_Busy()) {
-    QTimer::singleShot(kWaitForCommand, this, [this, headers] { Open_Photographs(headers); });
+    waiting_ = headers;
+    wait_.start(kWaitForCommand);
     return;
   }
   for (const QString& header : headers) {

@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 #include <map>
 
 #include "desktop_aids/aids.h"
@@ -32,6 +33,8 @@ class SiteMenu : public QObject {
   Desktop& desktop_;
   Aids& aids_;
   QMenu* menu_;
+  QTimer wait_;
+  QStringList waiting_;  // headers, while a command is running
   std::map<const SiteCommand*, QAction*> items_;
   std::map<const SiteCommand*, QPointer<SiteDialog>> dialogs_;
 };
