@@ -2,13 +2,17 @@
 #include "desktop/control_widgets.h"
 
 #include <QPainter>
+#include <QStyleOptionFrame>
 #include <algorithm>
 #include <cmath>
 
 #include "desktop/qt_text.h"
+#include "desktop/readable_text.h"
 
 namespace sylvomex {
 namespace {
+
+constexpr int kBoxMargins = 8;  // border, padding and text cursor
 
 int Pixels_Of_Points(double points) {
   return std::clamp(static_cast<int>(std::lround(points * 96.0 / 72.0)), 1, 200);
@@ -66,6 +70,7 @@ bool TextLabel::Wraps() const { return height() >= 2 * QFontMetrics(natural_font
 QRect TextLabel::Wrapping_Rect() const { return rect().adjusted(0, 2, 0, 0); }
 
 QString TextLabel::Painted_Text() const {
+  if (keeps_numbers_whole_) return Shortened(text(), fontMetrics(), width());
   return fontMetrics().elidedText(text(), Qt::ElideRight, width());
 }
 
@@ -88,8 +93,10 @@ void TextLabel::Fit_Text() {
 
 void TextLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.setPen(isEnabled() ? palette().color(QPalette::WindowText)
-                             : palette().color(QPalette::Disabled, QPalette::WindowText));
+  const QPalette& colours = palette();
+  painter.setPen(isEnabled() ? Readable_On(colours.color(QPalette::Window),
+                                           colours.color(QPalette::WindowText))
+                             : colours.color(QPalette::Disabled, QPalette::WindowText));
   if (Wraps()) {
     painter.drawText(Wrapping_Rect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, text());
   } else {
@@ -111,10 +118,9 @@ TextBoxWidget::TextBoxWidget(QWidget* parent) : QLineEdit(parent) {
 }
 
 void TextBoxWidget::Fit_Text() {
-  constexpr int kMargins = 8;  // border, padding and text cursor
-  const QFont fitting = Squeezed_Font(Control_Font(), text(), width() - kMargins);
+  const QFont fitting = Squeezed_Font(Control_Font(), text(), width() - kBoxMargins);
   if (font() != fitting) setFont(fitting);
-  const QString tip = Fits(fitting, text(), width() - kMargins) ? QString() : text();
+  const QString tip = Fits(fitting, text(), width() - kBoxMargins) ? QString() : text();
   if (toolTip() != tip) setToolTip(tip);
 }
 
@@ -123,8 +129,29 @@ void TextBoxWidget::resizeEvent(QResizeEvent* event) {
   Fit_Text();
 }
 
+QString TextBoxWidget::Painted_Text() const {
+  if (!keeps_numbers_whole_ || hasFocus()) return text();
+  return Shortened(text(), fontMetrics(), width() - kBoxMargins);
+}
+
+void TextBoxWidget::Paint_Shortened(const QString& shown) {
+  QPainter painter(this);
+  QStyleOptionFrame panel;
+  initStyleOption(&panel);
+  style()->drawPrimitive(QStyle::PE_PanelLineEdit, &panel, &painter, this);
+  painter.setPen(
+      palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::Text));
+  painter.drawText(rect().adjusted(kBoxMargins / 2 - 1, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
+                   shown);
+}
+
 void TextBoxWidget::paintEvent(QPaintEvent* event) {
-  QLineEdit::paintEvent(event);
+  const QString shown = Painted_Text();
+  if (shown == text()) {
+    QLineEdit::paintEvent(event);
+  } else {
+    Paint_Shortened(shown);
+  }
   QPainter painter(this);
   painter.setPen(palette().color(hasFocus() ? QPalette::Highlight : QPalette::Mid));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));

@@ -31,6 +31,7 @@ class TextLabel : public QLabel {
   void Show_Text(const QString& text);
   void Show_Font(double points, bool bold);
   void Show_Colour(Colour colour);
+  void Keep_Numbers_Whole() { keeps_numbers_whole_ = true; }
 
   /// The painted text of a single line: the text, or its beginning and three dots.
   [[nodiscard]] QString Painted_Text() const;
@@ -45,6 +46,7 @@ class TextLabel : public QLabel {
   [[nodiscard]] QRect Wrapping_Rect() const;
 
   QFont natural_font_ = Control_Font();
+  bool keeps_numbers_whole_ = false;
 };
 
 /// A text box with a one-pixel border and no margin above and below its text; a slightly too long
@@ -53,12 +55,21 @@ class TextBoxWidget : public QLineEdit {
  public:
   explicit TextBoxWidget(QWidget* parent);
 
+  /// While it has no focus, a number that is too long is shown with fewer decimals.
+  void Keep_Numbers_Whole() { keeps_numbers_whole_ = true; }
+
+  /// What is painted: the text, or that number.
+  [[nodiscard]] QString Painted_Text() const;
+
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
   void Fit_Text();
+  void Paint_Shortened(const QString& shown);
+
+  bool keeps_numbers_whole_ = false;
 };
 
 void Show_Control(TextLabel& widget, const Label& label);

@@ -19,7 +19,7 @@ namespace {
 constexpr int kMillisecondsBetweenResizes = 100;
 
 /// What the aids put below the client area: two lines with their margins.
-int Room_Below() { return 2 * (QFontMetrics(Control_Font()).height() + 6); }
+int Room_Below() { return 2 * (QFontMetrics(QApplication::font()).height() + 6); }
 
 /// The screen's size less the menu, what stands below and a typical window frame.
 QSize Largest_Client_Size(const FormWindow& window, int below) {

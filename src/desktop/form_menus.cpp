@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/form_menus.h"
 
+#include <QApplication>
 #include <QMenu>
 #include <algorithm>
 #include <utility>
 
-#include "desktop/control_widgets.h"
 #include "desktop/qt_text.h"
 
 namespace sylvomex {
@@ -24,7 +24,7 @@ FormMenus::FormMenus(OperatorEvents& events, std::string form, std::span<const M
     }
     auto* menu = new QMenu(Caption_Text(row.caption), parents.back());
     menu->setObjectName(QString::fromLatin1(row.name));
-    menu->setFont(Control_Font());
+    menu->setFont(QApplication::font());
     menu->menuAction()->setEnabled(!row.greyed);
     parents.back()->addAction(menu->menuAction());
     parents.push_back(menu);

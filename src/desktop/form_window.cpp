@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/form_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QLayout>
 #include <QMouseEvent>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
+#include <algorithm>
 #include <cmath>
 #include <concepts>
 #include <utility>
@@ -55,8 +60,8 @@ FormWindow::FormWindow(OperatorEvents& events, Workspace& w, const WindowRow& wi
   if (Has_Handler(kWindowItself, Happening::Resize) && owner != nullptr) {
     setWindowFlag(Qt::WindowMaximizeButtonHint);
   }
-  setFont(Control_Font());
-  menuBar()->setFont(Control_Font());
+  client_->setFont(Control_Font());
+  menuBar()->setFont(QApplication::font());
   menuBar()->setNativeMenuBar(false);
   if (menuBar()->actions().isEmpty()) menuBar()->hide();
   setContextMenuPolicy(Qt::NoContextMenu);
@@ -220,6 +225,39 @@ QSize FormWindow::Whole_Size(QSize client) const {
   return client + QSize(0, Menu_Height() + (strip_ != nullptr ? strip_->height() : 0));
 }
 
+void FormWindow::Keep_Numbers_Whole() {
+  for (const Mirrored& control : controls_) {
+    if (auto* label = dynamic_cast<TextLabel*>(control.widget)) label->Keep_Numbers_Whole();
+    if (auto* box = dynamic_cast<TextBoxWidget*>(control.widget)) box->Keep_Numbers_Whole();
+    control.widget->update();
+  }
+}
+
+QSize FormWindow::Least_Client_Size() const {
+  if (!Has_Handler(kWindowItself, Happening::Resize)) return Client_Size(form_);
+  constexpr double kLowest = 360;
+  return Whole_Pixels(window_.design->smallest_width,
+                      std::min(window_.design->smallest_height, kLowest));
+}
+
+void FormWindow::Scroll_On_Small_Screens() {
+  constexpr int kFrame = 4;
+  const QSize least = Least_Client_Size();
+  const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+  const QSize room = screen()->availableGeometry().size() - QSize(2 * kFrame, title + 2 * kFrame);
+  const QSize whole = Whole_Size(least);
+  if (whole.width() <= room.width() && whole.height() <= room.height()) return;
+  largest_ = room;
+  auto* scrolling = new QScrollArea(this);
+  scrolling->setFrameShape(QFrame::NoFrame);
+  scrolling->setFocusPolicy(Qt::NoFocus);
+  scrolling->setWidgetResizable(true);
+  client_->setMinimumSize(least);
+  scrolling->setWidget(takeCentralWidget());
+  setCentralWidget(scrolling);
+  client_->show();
+}
+
 void FormWindow::Stand_Below(QStatusBar* strip) {
   strip_ = strip;
   sizing_ = true;
@@ -238,7 +276,7 @@ void FormWindow::Mirror_Size() {
   record_size_ = wanted;
   if (operator_sizes_) return;
   sizing_ = true;
-  const QSize whole = Whole_Size(wanted);
+  const QSize whole = Whole_Size(wanted).boundedTo(largest_);
   if (Has_Handler(kWindowItself, Happening::Resize)) {
     setMinimumSize(Whole_Pixels(window_.design->smallest_width, window_.design->smallest_height)
                        .boundedTo(whole));

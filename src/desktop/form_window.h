@@ -41,6 +41,12 @@ class FormWindow : public QMainWindow {
   /// Height of the menu bar; the client area lies below it.
   [[nodiscard]] int Menu_Height() const;
 
+  /// Labels and boxes that are too narrow for a number show fewer decimals of it, never a part.
+  void Keep_Numbers_Whole();
+
+  /// On a screen that is too small for the window its client area keeps its size and scrolls.
+  void Scroll_On_Small_Screens();
+
   /// Puts a strip of fixed height below the client area, which keeps its size unless the window
   /// fills the screen. The window owns it.
   void Stand_Below(QStatusBar* strip);
@@ -72,6 +78,7 @@ class FormWindow : public QMainWindow {
 
   void Place_Over_Owner();
   [[nodiscard]] QSize Whole_Size(QSize client) const;  // with the menu and the strip
+  [[nodiscard]] QSize Least_Client_Size() const;
   [[nodiscard]] bool Has_Handler(const std::string& control, Happening happening) const;
   void Mirror_Title();
   void Mirror_Size();
@@ -100,6 +107,7 @@ class FormWindow : public QMainWindow {
   FormMenus menus_;
   QPointer<QStatusBar> strip_;
   QString title_lead_;
+  QSize largest_{QWIDGETSIZE_MAX, QWIDGETSIZE_MAX};  // with the menu and the strip
   std::vector<Mirrored> controls_;
   QSize record_size_;            // client size of the record when last compared
   bool operator_sizes_ = false;  // the operator has resized the window; the record follows

@@ -62,15 +62,29 @@ QRect PictureWidget::Mirror_Bitmap() {
   if (!Needs_Full_Painting()) return {};
   const QSize inside(width() - 2 * kPictureBorder, height() - 2 * kPictureBorder);
   painted_ = To_Image(picture_.bitmap.get(), inside.expandedTo(QSize(1, 1)));
+  label_room_.emplace(painted_.width(), painted_.height());
   bitmap_version_ = picture_.bitmap_version;
   erase_version_ = picture_.erase_version;
   marks_in_picture_ = 0;
   return painted_.rect();
 }
 
+void PictureWidget::Thin_Labels(bool thin) {
+  if (thin == thins_labels_) return;
+  thins_labels_ = thin;
+  painted_ = QImage();  // to be painted anew
+  Mirror();
+}
+
+QRect PictureWidget::Paint_New_Marks() {
+  if (!thins_labels_) return Rect_Of(Paint_Marks(Pixels_Of(painted_), picture_, marks_in_picture_));
+  return Rect_Of(
+      Paint_Marks_Thinned(Pixels_Of(painted_), picture_, marks_in_picture_, *label_room_));
+}
+
 QRect PictureWidget::Mirror_Marks() {
   if (marks_in_picture_ == picture_.marks.size()) return {};
-  const QRect changed = Rect_Of(Paint_Marks(Pixels_Of(painted_), picture_, marks_in_picture_));
+  const QRect changed = Paint_New_Marks();
   marks_painted_ += picture_.marks.size() - marks_in_picture_;
   marks_in_picture_ = picture_.marks.size();
   return changed;

@@ -5,9 +5,11 @@
 #include <QImage>
 #include <QWidget>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "desktop/operator_events.h"
+#include "panes/label_room.h"
 #include "state/picture.h"
 
 namespace sylvomex {
@@ -22,6 +24,9 @@ class PictureWidget : public QWidget {
   /// When set, a second press is sent as a double click instead of another click.
   void Tell_Double_Clicks(bool tell) { tells_double_clicks_ = tell; }
   void Tell_Middle_Button(bool tell) { tells_middle_button_ = tell; }
+
+  /// Leaves texts out that would run into one painted before them.
+  void Thin_Labels(bool thin);
 
   /// Updates the painted picture: new marks are added to what is already painted; everything is
   /// repainted only after a load, an erasure or a change of size.
@@ -45,6 +50,7 @@ class PictureWidget : public QWidget {
   void Mirror_Normal_Pointer();
   QRect Mirror_Bitmap();
   QRect Mirror_Marks();
+  QRect Paint_New_Marks();
   QRect Mirror_Floating(const QRect& painted);
   void Send_Press(OperatorEvent::Kind kind, const QMouseEvent& event);
   [[nodiscard]] QPointF Exact_Position(const QMouseEvent& event) const;
@@ -56,6 +62,8 @@ class PictureWidget : public QWidget {
   const Picture& picture_;
   bool tells_double_clicks_ = false;
   bool tells_middle_button_ = false;
+  bool thins_labels_ = false;
+  std::optional<LabelRoom> label_room_;  // taken in painted_
   QImage painted_;
   QImage with_floating_;  // a copy of painted_ below the floating marks, null without them
   QRect floating_rect_;   // what they cover

@@ -12,9 +12,16 @@
 
 namespace sylvomex {
 
-/// Sets the look shared by all windows: style, colours, font. Call once, after creating the
+/// Sets the look shared by all windows: style, light colours, font. Call once, after creating the
 /// application.
 void Set_Application_Look();
+
+/// The same with what the operator has chosen for the whole machine, outside the described client
+/// areas: letters that are larger than usual. Returns whether the machine's windows are dark.
+bool Set_Look_Of_Machine();
+
+/// Turns all windows dark or light.
+void Show_Dark(bool dark);
 
 class Windows {
  public:

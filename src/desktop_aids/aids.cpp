@@ -2,6 +2,7 @@
 #include "desktop_aids/aids.h"
 
 #include <QPushButton>
+#include <QScreen>
 #include <QToolButton>
 
 #include "desktop_aids/control_names.h"
@@ -14,6 +15,14 @@ namespace {
 
 constexpr int kDockHeight = 190;  // pixels
 
+/// Whether the window was made as wide as its screen allows. Whether it is maximized the window
+/// manager tells only later.
+bool Fills_Its_Screen(const FormWindow& window) {
+  constexpr int kFrames = 40;
+  const int room = window.screen()->availableGeometry().width();
+  return window.width() <= room && window.width() > room - kFrames;
+}
+
 void Open_Aids_Menu(const FormWindow& window) {
   const auto& button = *window.findChild<QToolButton*>(QStringLiteral("AidsButton"));
   button.menu()->popup(button.mapToGlobal(QPoint(0, button.height())));
@@ -21,12 +30,13 @@ void Open_Aids_Menu(const FormWindow& window) {
 
 }  // namespace
 
-Aids::Aids(Desktop& desktop)
+Aids::Aids(Desktop& desktop, bool is_dark)
     : panes_(desktop),
       hands_(panes_),
       magnifier_(new Magnifier(panes_)),
       strip_(new Strip(panes_)),
       measured_(new MeasuredDock(panes_)),
+      overlays_drawn_(new OverlayDock(panes_)),
       guide_(new Guide(desktop)),
       long_commands_(desktop, strip_->Progress()),
       palette_(desktop),
@@ -39,6 +49,13 @@ Aids::Aids(Desktop& desktop)
               [&desktop] { Open_First_Menu(*desktop.Shown().Main().menuBar()); }},
              {Qt::Key_F10, Qt::ShiftModifier,
               [&desktop] { Open_Aids_Menu(desktop.Shown().Main()); }}}) {
+  for (const WindowRow& row : All_Windows()) {
+    FormWindow& window = *desktop.Shown().Find(row.name);
+    window.Keep_Numbers_Whole();
+    // A main window of a size that was asked for keeps it.
+    const bool is_main = &window == &desktop.Shown().Main();
+    if (!is_main || Fills_Its_Screen(window)) window.Scroll_On_Small_Screens();
+  }
   (new DialogKeys(desktop))->setParent(&desktop.Shown().Main());
   new ControlTips(desktop);  // owned by the window
   for (int pane = 0; pane < kAidedPanes; ++pane) {
@@ -46,11 +63,14 @@ Aids::Aids(Desktop& desktop)
         new PaneOverlay(panes_, pane, choices_, measured_->Model());
   }
   desktop.Shown().Main().addDockWidget(Qt::BottomDockWidgetArea, measured_);
-  desktop.Shown().Main().resizeDocks({measured_}, {kDockHeight}, Qt::Vertical);
+  desktop.Shown().Main().addDockWidget(Qt::BottomDockWidgetArea, overlays_drawn_);
+  desktop.Shown().Main().resizeDocks({measured_, overlays_drawn_}, {kDockHeight, kDockHeight},
+                                     Qt::Vertical);
   measured_->hide();
+  overlays_drawn_->hide();
   Give_Mnemonics(*desktop.Shown().Main().menuBar());
   recent_.Show_Lines({});
-  Fill_Menu();
+  Fill_Menu(is_dark);
   Fill_Palette();
   Name_Controls(desktop);
   desktop.Dialogs().Be_Calm([this](const std::string& words) { strip_->Tell(words); });
@@ -65,6 +85,7 @@ Aids::~Aids() {
   delete strip_;
   delete magnifier_;
   delete measured_;
+  delete overlays_drawn_;
   delete guide_;
   for (PaneOverlay* overlay : overlays_) delete overlay;
 }
@@ -76,15 +97,19 @@ void Aids::Add_Choice(const char* name, const QString& text, bool OverlayChoices
   });
 }
 
-void Aids::Fill_Menu() {
+void Aids::Fill_Menu(bool is_dark) {
   Add_Choice("AidFrames", QStringLiteral("&Frames of the panes"), &OverlayChoices::frames);
   Add_Choice("AidTops", QStringLiteral("Tree &tops of the last search"), &OverlayChoices::tops);
   Add_Choice("AidSavedPoints", QStringLiteral("&Saved points"), &OverlayChoices::saved_points);
   Add_Choice("AidLargeMarks", QStringLiteral("&Larger small marks"), &OverlayChoices::large_marks);
+  Add_Choice("AidThinLabels", QStringLiteral("Th&inned labels"), &OverlayChoices::thin_labels);
   Add_Choice("AidSafeColours", QStringLiteral("Colours for colour-&blind eyes"),
              &OverlayChoices::safe_colours);
+  menu_.Add_Switch("AidDark", QStringLiteral("&Dark windows"), is_dark, Show_Dark);
   measured_->toggleViewAction()->setText(QStringLiteral("&Measured"));
   menu_.Add_Existing("MeasuredDock", *measured_->toggleViewAction());
+  overlays_drawn_->toggleViewAction()->setText(QStringLiteral("&Overlays"));
+  menu_.Add_Existing("OverlaysDock", *overlays_drawn_->toggleViewAction());
   menu_.Add_Item("AidPalette", QStringLiteral("All &commands by name\tCtrl+Shift+P"),
                  [this] { palette_.Bring_Up(); });
   menu_.Add_Item("AidGuide", QStringLiteral("&Guide\tShift+F1"), [this] {

@@ -14,6 +14,7 @@
 #include "desktop_aids/long_commands.h"
 #include "desktop_aids/magnifier.h"
 #include "desktop_aids/measured_dock.h"
+#include "desktop_aids/overlay_dock.h"
 #include "desktop_aids/pane_hands.h"
 #include "desktop_aids/pane_overlay.h"
 #include "desktop_aids/recent_files.h"
@@ -23,8 +24,8 @@ namespace sylvomex {
 
 class Aids {
  public:
-  /// After Desktop::Start. The desktop must outlive the aids.
-  explicit Aids(Desktop& desktop);
+  /// After Desktop::Start. The desktop must outlive the aids. is_dark: the look at first.
+  explicit Aids(Desktop& desktop, bool is_dark = false);
   ~Aids();
   Aids(const Aids&) = delete;
   Aids& operator=(const Aids&) = delete;
@@ -35,12 +36,13 @@ class Aids {
     return *overlays_.at(static_cast<std::size_t>(pane));
   }
   [[nodiscard]] MeasuredDock& Measured() { return *measured_; }
+  [[nodiscard]] OverlayDock& Overlays() { return *overlays_drawn_; }
   [[nodiscard]] CommandPalette& Palette() { return palette_; }
   [[nodiscard]] Guide& Help() { return *guide_; }
   [[nodiscard]] RecentFiles& Recent() { return recent_; }
 
  private:
-  void Fill_Menu();
+  void Fill_Menu(bool is_dark);
   void Fill_Palette();
   void Refresh();
   void Add_Choice(const char* name, const QString& text, bool OverlayChoices::*choice);
@@ -52,6 +54,7 @@ class Aids {
   Magnifier* magnifier_;                              // owned by the window
   Strip* strip_;                                      // owned by the window
   MeasuredDock* measured_;                            // owned by the window
+  OverlayDock* overlays_drawn_;                       // owned by the window
   Guide* guide_;                                      // owned by the window
   LongCommands long_commands_;
   CommandPalette palette_;

@@ -50,8 +50,8 @@ QTextCursor Heading(const QTextDocument& document, Chosen&& chosen) {
 QString Name_Around(const QWidget* widget, const FormWindow& window) {
   for (; widget != nullptr && widget != &window; widget = widget->parentWidget()) {
     const QString name = widget->objectName();
-    if (name == QLatin1String("MeasuredDock") || name == QLatin1String("Strip") ||
-        window.Control_Widget(Block_Text(name)) == widget) {
+    if (name == QLatin1String("MeasuredDock") || name == QLatin1String("OverlaysDock") ||
+        name == QLatin1String("Strip") || window.Control_Widget(Block_Text(name)) == widget) {
       return name;
     }
   }
@@ -105,6 +105,9 @@ void Guide::Lay_Out() {
   find_->setPlaceholderText(QStringLiteral("Find on this page; Enter finds the next place"));
   find_->setAccessibleName(QStringLiteral("Find on this page"));
   find_->setClearButtonEnabled(true);
+  QFont letters = QApplication::font();
+  letters.setPixelSize(letters.pixelSize() + 2);  // for reading
+  browser_->setFont(letters);
   browser_->setOpenLinks(false);
   browser_->setAccessibleName(QStringLiteral("Guide"));
   auto* upper = new QHBoxLayout;

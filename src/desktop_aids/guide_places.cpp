@@ -21,6 +21,7 @@ struct ControlPlace {
 constexpr ControlPlace kControls[] = {
     {"Form1", "Picture1", kKeys, "The panes"},
     {"Form1", "MeasuredDock", kKeys, "The dock Measured"},
+    {"Form1", "OverlaysDock", kKeys, "The dock Overlays"},
     {"Form1", "Strip", kKeys, "The strip below the panes"},
     {"Form1", "Check4", kGuide, "Heights of the surface"},
     {"Form1", "Check5", kGuide, "Crowns"},

@@ -84,7 +84,7 @@ void Paint_Caption(QPainter& painter, const QString& text, const QRect& rect) {
 }  // namespace
 
 Magnifier::Magnifier(const AidedPanes& panes)
-    : QWidget(panes.Owner().Shown().Main().centralWidget()), panes_(panes) {
+    : QWidget(panes.Widget(0).parentWidget()), panes_(panes) {
   setObjectName(QStringLiteral("Magnifier"));
   setAccessibleName(QStringLiteral("Magnifier"));
   setFixedSize(kSide + 2 * kFrame, kSide + 2 * kFrame);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "desktop/qt_text.h"
+#include "desktop/readable_text.h"
 #include "panes/shown_raster.h"
 #include "state/workspace.h"
 
@@ -56,7 +57,7 @@ QRect Paint_Line(QPainter& painter, const QPoint& bottom_left, int right, const 
                  const QColor& colour) {
   const QFontMetrics metrics = painter.fontMetrics();
   const int room = right - bottom_left.x() - 8;
-  const QString shown = metrics.elidedText(text, Qt::ElideRight, room);
+  const QString shown = Shortened(text, metrics, room);
   const QRect ground(bottom_left.x(), bottom_left.y() - metrics.height() - 2,
                      metrics.horizontalAdvance(shown) + 8, metrics.height() + 2);
   painter.fillRect(ground, QColor(0, 0, 0, 160));
@@ -159,7 +160,11 @@ void PaneOverlay::Refresh() {
   const bool shows = Shows_Image(panes_.Block(), pane_);
   if (isHidden() == shows) setVisible(shows);
   if (!shows) return;
-  if (const QRect whole = panes_.Widget(pane_).rect(); geometry() != whole) setGeometry(whole);
+  // A pane's lower border may lie beyond the client area; the frame stays in sight.
+  const QWidget& pane = panes_.Widget(pane_);
+  const QRect in_sight = pane.rect() & pane.parentWidget()->rect().translated(-pane.pos());
+  if (geometry() != in_sight) setGeometry(in_sight);
+  panes_.Widget(pane_).Thin_Labels(choices_.thin_labels);
   note_ = Note_Of_Pane(panes_.Block(), pane_);
   Shown now = Now();
   if (now == shown_) return;

@@ -19,6 +19,7 @@ struct OverlayChoices {
   bool tops = false;
   bool saved_points = false;
   bool large_marks = false;
+  bool thin_labels = false;
   bool safe_colours = false;  // told apart by colour-blind eyes (Okabe and Ito 2008)
 
   bool operator==(const OverlayChoices&) const = default;

@@ -11,11 +11,13 @@
 namespace sylvomex {
 namespace {
 
-const QString kDockShown = QStringLiteral("Measured/shown");
-const QString kDockSize = QStringLiteral("Measured/size");
-const QString kDockArea = QStringLiteral("Measured/area");
 const QString kRecent = QStringLiteral("Files/recent");
 const QString kFolders = QStringLiteral("Folders");
+
+/// "Measured/shown": of the dock "MeasuredDock".
+QString Dock_Key(const QDockWidget& dock, const char* what) {
+  return dock.windowTitle() + QLatin1Char('/') + QLatin1String(what);
+}
 
 QString Place_Key(const FormWindow& window) {
   return QStringLiteral("Places/") + window.objectName();
@@ -40,7 +42,9 @@ bool Is_On_A_Screen(const QPoint& corner) {
 Remembered::Remembered(Desktop& desktop, Aids& aids, const QString& file)
     : settings_(file, QSettings::IniFormat) {
   Follow_Choices(desktop.Shown().Main());
-  Follow_Dock(desktop.Shown().Main());
+  for (const char* dock : {"MeasuredDock", "OverlaysDock"}) {
+    Follow_Dock(desktop.Shown().Main(), dock);
+  }
   Follow_Files(desktop, aids.Recent());
   for (const WindowRow& row : All_Windows()) {
     FormWindow* window = desktop.Shown().Find(row.name);
@@ -54,8 +58,8 @@ QString Remembered::Usual_File() {
 }
 
 void Remembered::Follow_Choices(FormWindow& window) {
-  for (const char* name :
-       {"AidFrames", "AidTops", "AidSavedPoints", "AidLargeMarks", "AidSafeColours"}) {
+  for (const char* name : {"AidFrames", "AidTops", "AidSavedPoints", "AidLargeMarks",
+                           "AidThinLabels", "AidSafeColours", "AidDark"}) {
     const QString key = QStringLiteral("Aids/") + QLatin1String(name);
     auto& action = *window.findChild<QAction*>(QLatin1String(name));
     action.setChecked(settings_.value(key, action.isChecked()).toBool());
@@ -64,16 +68,18 @@ void Remembered::Follow_Choices(FormWindow& window) {
   }
 }
 
-void Remembered::Follow_Dock(FormWindow& window) {
-  auto& dock = *window.findChild<QDockWidget*>(QStringLiteral("MeasuredDock"));
-  const auto area = static_cast<Qt::DockWidgetArea>(settings_.value(kDockArea).toInt());
+void Remembered::Follow_Dock(FormWindow& window, const char* name) {
+  auto& dock = *window.findChild<QDockWidget*>(QLatin1String(name));
+  const auto area =
+      static_cast<Qt::DockWidgetArea>(settings_.value(Dock_Key(dock, "area")).toInt());
   if (area != Qt::NoDockWidgetArea && dock.isAreaAllowed(area)) window.addDockWidget(area, &dock);
-  dock.setVisible(settings_.value(kDockShown, false).toBool());
+  dock.setVisible(settings_.value(Dock_Key(dock, "shown"), false).toBool());
   connect(dock.toggleViewAction(), &QAction::toggled, this,
-          [this](bool shown) { settings_.setValue(kDockShown, shown); });
-  connect(&dock, &QDockWidget::dockLocationChanged, this,
-          [this](Qt::DockWidgetArea now) { settings_.setValue(kDockArea, static_cast<int>(now)); });
-  const QSize size = settings_.value(kDockSize).toSize();
+          [this, &dock](bool shown) { settings_.setValue(Dock_Key(dock, "shown"), shown); });
+  connect(&dock, &QDockWidget::dockLocationChanged, this, [this, &dock](Qt::DockWidgetArea now) {
+    settings_.setValue(Dock_Key(dock, "area"), static_cast<int>(now));
+  });
+  const QSize size = settings_.value(Dock_Key(dock, "size")).toSize();
   if (size.isValid()) {
     window.resizeDocks({&dock}, {size.height()}, Qt::Vertical);
     window.resizeDocks({&dock}, {size.width()}, Qt::Horizontal);
@@ -113,7 +119,7 @@ void Remembered::Put_In_Place(FormWindow& window) {
 bool Remembered::eventFilter(QObject* watched, QEvent* event) {
   if (const auto* dock = qobject_cast<QDockWidget*>(watched)) {
     if (event->type() == QEvent::Resize && dock->isVisible() && !dock->isFloating()) {
-      settings_.setValue(kDockSize, dock->size());
+      settings_.setValue(Dock_Key(*dock, "size"), dock->size());
     }
     return false;
   }

@@ -25,7 +25,7 @@ class Remembered : public QObject {
 
  private:
   void Follow_Choices(FormWindow& window);
-  void Follow_Dock(FormWindow& window);
+  void Follow_Dock(FormWindow& window, const char* name);
   void Follow_Files(Desktop& desktop, RecentFiles& recent);
   void Put_In_Place(FormWindow& window);
 

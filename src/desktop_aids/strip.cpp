@@ -8,8 +8,8 @@
 #include <QMouseEvent>
 #include <QVBoxLayout>
 
-#include "desktop/control_widgets.h"
 #include "desktop/qt_text.h"
+#include "desktop/readable_text.h"
 #include "services/pointer_place.h"
 #include "workspace/mode_words.h"
 
@@ -25,7 +25,7 @@ void Show_Text(QPushButton& button, const char* what, const char* key, const std
   const QString title = QString::fromLatin1(what);
   const QString whole = step.empty() ? title : title + ": " + Qt_Text(step);
   const int room = button.width() - 4 * kSpace;
-  button.setText(button.fontMetrics().elidedText(whole, Qt::ElideRight, room).replace('&', "&&"));
+  button.setText(Shortened(whole, button.fontMetrics(), room).replace('&', "&&"));
   button.setToolTip(whole + QString::fromLatin1(key));
   button.setAccessibleName(whole);
   button.setEnabled(!step.empty());
@@ -39,7 +39,6 @@ std::vector<std::string> With_Head(const std::string& words) {
 FittingLabel* Add_Label(const char* name, QBoxLayout& row, int stretch) {
   auto* label = new FittingLabel;
   label->setObjectName(QString::fromLatin1(name));
-  label->setFont(Control_Font());
   label->setFixedHeight(label->fontMetrics().height() + 1);  // also while it is empty
   label->setMinimumWidth(1);
   label->setTextFormat(Qt::PlainText);
@@ -111,7 +110,6 @@ void Strip::Lay_Out() {
 QPushButton* Strip::Add_Button(Kind kind, const char* name) {
   auto* button = new QPushButton;
   button->setObjectName(QString::fromLatin1(name));
-  button->setFont(Control_Font());
   button->setFocusPolicy(Qt::NoFocus);  // keys stay with the panes
   button->setFixedSize(kButtonWidth, button->fontMetrics().height() + kSpace);
   connect(button, &QPushButton::clicked, this, [this, kind] { Ask_For(kind); });

@@ -122,27 +122,34 @@ PixelRect CairoBrush::Join_Line(const Mark& mark) {
   return rect;
 }
 
-PixelRect CairoBrush::Paint_Text(const Mark& mark, const MarkText& printed) {
+PixelRect CairoBrush::Room_Of_Text(const Mark& mark, const MarkText& printed) {
   if (!Near_The_Pane(mark.x1, mark.y1)) return {};
   cairo_t* const context = Take_Up();
   Choose(printed.font);
-  Set_Colour(context, mark.colour);
-  const std::string text = As_Utf8(printed.text);
   cairo_font_extents_t line;
   cairo_text_extents_t ink;
   cairo_font_extents(context, &line);
-  cairo_text_extents(context, text.c_str(), &ink);
-  const int left = Nearest_Pixel(mark.x1);
-  const double baseline = Nearest_Pixel(mark.y1) + std::ceil(line.ascent);
-  cairo_move_to(context, left, baseline);
-  cairo_show_text(context, text.c_str());
-  Lay_Down();
+  cairo_text_extents(context, As_Utf8(printed.text).c_str(), &ink);
   constexpr int kBlur = 2;  // pixels around the ink that hinting and antialiasing may touch
-  const double ink_left = left + ink.x_bearing, ink_top = baseline + ink.y_bearing;
+  const double ink_left = Nearest_Pixel(mark.x1) + ink.x_bearing;
+  const double ink_top = Nearest_Pixel(mark.y1) + std::ceil(line.ascent) + ink.y_bearing;
   return {static_cast<int>(std::floor(ink_left)) - kBlur,
           static_cast<int>(std::floor(ink_top)) - kBlur,
           static_cast<int>(std::ceil(ink_left + ink.width)) + kBlur,
           static_cast<int>(std::ceil(ink_top + ink.height)) + kBlur};
+}
+
+PixelRect CairoBrush::Paint_Text(const Mark& mark, const MarkText& printed) {
+  const PixelRect room = Room_Of_Text(mark, printed);
+  if (room.Is_Empty()) return {};
+  cairo_t* const context = Take_Up();
+  cairo_font_extents_t line;
+  cairo_font_extents(context, &line);
+  Set_Colour(context, mark.colour);
+  cairo_move_to(context, Nearest_Pixel(mark.x1), Nearest_Pixel(mark.y1) + std::ceil(line.ascent));
+  cairo_show_text(context, As_Utf8(printed.text).c_str());
+  Lay_Down();
+  return room;
 }
 
 }  // namespace sylvomex

@@ -21,6 +21,9 @@ class CairoBrush {
   PixelRect Join_Line(const Mark& mark);
   PixelRect Paint_Text(const Mark& mark, const MarkText& printed);
 
+  /// The pixels that Paint_Text may change.
+  PixelRect Room_Of_Text(const Mark& mark, const MarkText& printed);
+
  private:
   struct SurfaceDeleter {
     void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }

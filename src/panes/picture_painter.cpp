@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "panes/cairo_brush.h"
+#include "panes/label_room.h"
 #include "panes/mark_shapes.h"
 
 namespace sylvomex {
@@ -80,6 +81,19 @@ void Paint_Bitmap(const PixelView& pixels, const PaneBitmap* bitmap) {
 
 PixelRect Paint_Marks(const PixelView& pixels, const Picture& picture, std::size_t first) {
   return Paint(pixels, picture, std::span(picture.marks).subspan(first));
+}
+
+PixelRect Paint_Marks_Thinned(const PixelView& pixels, const Picture& picture, std::size_t first,
+                              LabelRoom& room) {
+  CairoBrush brush(pixels);
+  PixelRect touched;
+  for (const Mark& mark : std::span(picture.marks).subspan(first)) {
+    const bool is_crowded =
+        mark.kind == Mark::Kind::Text &&
+        !room.Take(brush.Room_Of_Text(mark, picture.texts.at(static_cast<std::size_t>(mark.text))));
+    if (!is_crowded) touched = United(touched, Paint_Mark(pixels, brush, picture, mark));
+  }
+  return Inside(pixels, touched);
 }
 
 PixelRect Paint_Floating(const PixelView& pixels, const Picture& picture) {

@@ -44,7 +44,7 @@ TEST_F(GuideTest, EveryControlLeadsToAHeadingThatTheGuideHas) {
       Expect_Known(Place_Of_Control(row.name, control.name), control.name);
     }
   }
-  for (const char* part : {"MeasuredDock", "Strip"}) {
+  for (const char* part : {"MeasuredDock", "OverlaysDock", "Strip"}) {
     Expect_Known(Place_Of_Control("Form1", part), part);
   }
 }

@@ -87,7 +87,9 @@ int Run_Desktop(const CommandLine& line, int argc, char** argv) {
   const SessionOptions& options = line.options;
   const auto application = Open_Display(argc, argv);
   application->setQuitOnLastWindowClosed(false);
-  Set_Application_Look();
+  const bool is_dark = !line.plain && Set_Look_Of_Machine();
+  if (line.plain) Set_Application_Look();
+  if (is_dark) Show_Dark(true);
   TakenRoot taken;
   if (!Take_Root(taken, options.root, !line.plain)) return kStartFailed;
   DesktopOptions desktop_options{DriveMap(taken.root), std::nullopt, options.record,
@@ -106,7 +108,7 @@ int Run_Desktop(const CommandLine& line, int argc, char** argv) {
   std::optional<Aids> aids;
   std::optional<Remembered> remembered;
   if (!line.plain) {
-    aids.emplace(desktop);
+    aids.emplace(desktop, is_dark);
     Add_Site_Menu(desktop, *aids);
     remembered.emplace(desktop, *aids, Remembered::Usual_File());
   }
