@@ -183,8 +183,7 @@ TEST_F(LazDecoder, AFileThatThePackageCannotHoldIsRefused) {
             "2147483648 bytes are too many to be held whole");
 }
 
-// The tables of chunks were coded by an encoder after the published format, apart from this code;
-// laz-perf 0.0.7 divides the points of such files at the same places.
+// The tables of chunks were coded by an encoder after the published format, apart from this code.
 std::string Bytes_Of(const std::string& hexadecimal) {
   std::string bytes;
   for (std::size_t i = 0; i < hexadecimal.size(); i += 2) {
