@@ -167,8 +167,7 @@ TEST_F(JournalReadingTest, PointsThatWerePlottedBeforeTheyWereTakenBackAreShownA
 }
 
 TEST_F(JournalReadingTest, PointsThatWerePlottedBeforeTheirSaveWasUndoneAreListedAgain) {
-  Expect_Alike(Save_Point("5") + "menu Plot_Point_Set\nundo\nundo\n",
-               "redo\nredo\n");
+  Expect_Alike(Save_Point("5") + "menu Plot_Point_Set\nundo\nundo\n", "redo\nredo\n");
   EXPECT_EQ(std::ranges::count(site.Folder().Read(kListing), '\n'), 1);
 }
 
