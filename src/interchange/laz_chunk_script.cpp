@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The table of chunks behind the points of a LAZ file (M. Isenburg, "LASzip: lossless compression
-// of LiDAR data", PE&RS 79(2), 2013, and the LASzip specification): the bytes of each chunk and,
+// of LiDAR data", PE&RS 79(2), 2013, and the description of LASzip): the bytes of each chunk and,
 // for chunks of different size, its points, as differences to the chunk before, entropy coded with
 // the adaptive arithmetic coder of A. Said, "Introduction to arithmetic coding", HP Labs
 // HPL-2004-76.
