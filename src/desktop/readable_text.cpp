@@ -56,7 +56,7 @@ QString Shortened(const QString& text, const QFontMetrics& letters, int room) {
   if (fits(shown)) return shown;
   for (qsizetype end = shown.lastIndexOf(QLatin1Char(' ')); end > 0;
        end = shown.lastIndexOf(QLatin1Char(' '), end - 1)) {
-    const QString words = shown.left(end).trimmed() + kDots;
+    QString words = shown.left(end).trimmed() + kDots;
     if (fits(words)) return words;
   }
   return kDots;
