@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop_aids/file_drops.h"
 
+#include <QApplication>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFile>

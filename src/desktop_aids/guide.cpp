@@ -49,7 +49,7 @@ QTextCursor Heading(const QTextDocument& document, Chosen&& chosen) {
 /// The nearest widget with a name, from a widget up to its window.
 QString Name_Around(const QWidget* widget, const FormWindow& window) {
   for (; widget != nullptr && widget != &window; widget = widget->parentWidget()) {
-    const QString name = widget->objectName();
+    QString name = widget->objectName();
     if (name == QLatin1String("MeasuredDock") || name == QLatin1String("OverlaysDock") ||
         name == QLatin1String("Strip") || window.Control_Widget(Block_Text(name)) == widget) {
       return name;
