@@ -54,7 +54,10 @@ bool Is_Escape(const QEvent& event) {
 
 }  // namespace
 
-LongCommands::LongCommands(Desktop& desktop, ProgressBar& bar) : desktop_(desktop), bar_(bar) {
+LongCommands::LongCommands(Desktop& desktop, ProgressBar& bar)
+    : desktop_(desktop),
+      bar_(bar),
+      curtain_(std::make_unique<Curtain>(*desktop.Shown().Main().centralWidget())) {
   qApp->installEventFilter(this);
 }
 
@@ -90,12 +93,11 @@ void LongCommands::Look(double done) {
 
 /// The block is in the middle of a change: nothing that reads it is painted, and no event begins.
 void LongCommands::Serve_Bar() {
-  QWidget& client = *desktop_.Shown().Main().centralWidget();
   is_serving_ = true;
   desktop_.Hold_Events(true);
-  client.setUpdatesEnabled(false);
+  curtain_->Close();
   QApplication::processEvents();
-  client.setUpdatesEnabled(true);
+  curtain_->Open();
   desktop_.Hold_Events(false);
   is_serving_ = false;
 }
@@ -135,7 +137,15 @@ void LongCommands::Keep(QObject* watched, QEvent* event) {
   waiting_.push_back({watched, std::unique_ptr<QEvent>(event->clone())});
 }
 
+/// A command that waits for an answer makes no progress, and its question has a Cancel of its own.
+void LongCommands::Watch_Questions(const QObject* watched, const QEvent& event) {
+  if (!has_begun_ || event.type() != QEvent::Show) return;
+  const auto* widget = qobject_cast<const QWidget*>(watched);
+  if (widget != nullptr && widget->isModal()) bar_.Rest();
+}
+
 bool LongCommands::eventFilter(QObject* watched, QEvent* event) {
+  Watch_Questions(watched, *event);
   const bool is_shown = has_begun_ && bar_.isVisible();
   if (is_shown && event->type() == QEvent::ShortcutOverride && is_serving_) {
     event->accept();  // as a key, which waits

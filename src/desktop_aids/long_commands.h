@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "desktop/desktop.h"
+#include "desktop_aids/curtain.h"
 #include "desktop_aids/progress_bar.h"
 #include "platform/work_meter.h"
 
@@ -42,12 +43,14 @@ class LongCommands : public QObject, public WorkWatcher {
 
   void Begin();
   void Serve_Bar();
+  void Watch_Questions(const QObject* watched, const QEvent& event);
   void Release();
   void Keep(QObject* watched, QEvent* event);
   [[nodiscard]] bool Is_For_Bar(const QObject* watched, const QEvent* event) const;
 
   Desktop& desktop_;
   ProgressBar& bar_;
+  std::unique_ptr<Curtain> curtain_;
   WatchedWork watched_{this};
   std::chrono::steady_clock::time_point looked_;
   std::vector<Waiting> waiting_;

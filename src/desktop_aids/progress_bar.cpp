@@ -60,6 +60,7 @@ void ProgressBar::Begin(const QString& what, std::function<void()> cancel,
   bar_->setAccessibleName(what);
   button_->setEnabled(static_cast<bool>(cancel_));
   is_running_ = true;
+  is_resting_ = false;
   done_ = stretch_start_ = 0;
   clock_.start();
   stretch_.start();
@@ -69,7 +70,8 @@ double ProgressBar::Seconds() const { return static_cast<double>(clock_.elapsed(
 
 void ProgressBar::Update(double done) {
   if (!is_running_) return;
-  if (done < done_ || done < 0) {  // the next stretch of the work
+  if (done < done_ || done < 0 || is_resting_) {  // the next stretch of the work
+    is_resting_ = false;
     stretch_.start();
     stretch_start_ = std::max(done, 0.0);
   }
@@ -97,6 +99,13 @@ void ProgressBar::Show_Done(double done) {
   bar_->setRange(0, 100);
   bar_->setValue(percent);
   bar_->setFormat(text);
+}
+
+void ProgressBar::Rest() {
+  if (!is_running_) return;
+  is_resting_ = true;
+  hide();
+  if (lead_title_) lead_title_({});
 }
 
 void ProgressBar::End() {

@@ -31,6 +31,10 @@ class ProgressBar : public QWidget {
   /// time has come.
   void Update(double done);
 
+  /// Hides the bar and what it puts before the title until the next Update; the time until then is
+  /// no part of the estimate.
+  void Rest();
+
   void End();
 
   [[nodiscard]] bool Is_Running() const { return is_running_; }
@@ -52,6 +56,7 @@ class ProgressBar : public QWidget {
   std::function<void()> cancel_;
   std::function<void(const QString&)> lead_title_;
   bool is_running_ = false;
+  bool is_resting_ = false;
 };
 
 }  // namespace sylvomex

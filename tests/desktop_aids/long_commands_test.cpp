@@ -2,8 +2,11 @@
 // Commands that last: their bar, their end by the operator, and what waits meanwhile.
 #include "desktop_aids/long_commands.h"
 
+#include <QDialog>
 #include <QElapsedTimer>
 #include <QLabel>
+#include <QMenuBar>
+#include <QScreen>
 #include <functional>
 
 #include "aids_fixture.h"
@@ -129,6 +132,43 @@ TEST_F(LongCommandsTest, ClicksAndKeysOnTheWindowWaitForTheEnd) {
   EXPECT_TRUE(Soon([&] { return w().Form1.Text4.Text != radius; }));
 }
 
+TEST_F(LongCommandsTest, WhatStandsAboveTheBarKeepsItsLook) {
+  QApplication::processEvents();
+  const QRect boxes(0, Main().menuBar()->height(), 600, 90);
+  const auto seen = [&] {
+    return Main().screen()->grabWindow(Main().winId()).toImage().copy(boxes);
+  };
+  const QImage before = seen();
+  QImage meanwhile;
+  int looks = 0;
+  Run([&] {
+    if (++looks < 5) return false;
+    meanwhile = seen();
+    return Press_Cancel();
+  });
+  ASSERT_FALSE(before.isNull());
+  EXPECT_EQ(meanwhile, before);
+}
+
+TEST_F(LongCommandsTest, WhileAQuestionWaitsThereIsNoBar) {
+  const QString title = Main().windowTitle();
+  bool had_bar = true;
+  QString title_meanwhile;
+  int looks = 0;
+  Run([&] {
+    if (++looks == 2) return Press_Cancel();
+    QDialog question;
+    question.setModal(true);
+    question.show();
+    had_bar = Bar().isVisible();
+    title_meanwhile = Main().windowTitle();
+    return false;
+  });
+  EXPECT_FALSE(had_bar);
+  EXPECT_EQ(title_meanwhile, title);
+  EXPECT_EQ(looks, 2) << "the bar comes back after the answer";
+}
+
 TEST_F(LongCommandsTest, ACancelledCommandIsRecorded) {
   Run([this] { return Press_Cancel(); });
   aids_.reset();
@@ -228,6 +268,24 @@ TEST(ProgressBar, TellsOfWhatLastsHalfASecond) {
   bar.End();
   EXPECT_FALSE(bar.isVisible());
   EXPECT_EQ(lead, "");
+}
+
+TEST(ProgressBar, TheTimeOfAQuestionIsNoPartOfTheTimeLeft) {
+  ProgressBar bar;
+  const auto& share = *bar.findChild<QProgressBar*>("ProgressShare");
+  bar.Begin("ortho", [] {});
+  bar.Update(0.5);
+  QTest::qWait(550);
+  bar.Rest();
+  EXPECT_FALSE(bar.isVisible());
+  QTest::qWait(1500);
+  bar.Update(0.5);
+  EXPECT_TRUE(bar.isVisible());
+  EXPECT_EQ(share.text(), "50 %") << "nothing is known of the time yet";
+  QTest::qWait(100);
+  bar.Update(0.75);
+  EXPECT_EQ(share.text(), "75 %, 1 s left");
+  bar.End();
 }
 
 }  // namespace
