@@ -10,6 +10,7 @@
 #include "platform/replacing_file.h"
 #include "platform/rounding.h"
 #include "platform/sound_reads.h"
+#include "platform/work_meter.h"
 #include "platform/zeroed_array.h"
 #include "products/ortho_image.h"
 #include "services/progress.h"
@@ -23,6 +24,7 @@ namespace {
 // at more often.
 constexpr std::int32_t kSlabColumns = 2048;
 constexpr std::int32_t kCheckedColumns = 64;
+constexpr std::size_t kPieceBytes = std::size_t{4} << 20;  // milliseconds of writing
 
 struct OrthoOrder {
   int image = 0;
@@ -86,11 +88,22 @@ void Fill_Cells(Workspace& w, const OrthoOrder& order, const FollowedImage& imag
   }
 }
 
+/// The file appears whole at the end; a cancel before leaves what was there.
+void Write_By_Pieces(const FilePath& file, std::span<const std::uint8_t> cells) {
+  ReplacingFile replacing(file, cells.size());
+  WorkMeter meter(static_cast<double>((cells.size() + kPieceBytes - 1) / kPieceBytes));
+  for (std::size_t at = 0; at < cells.size(); at += kPieceBytes) {
+    replacing.Write_At(at, cells.subspan(at, std::min(kPieceBytes, cells.size() - at)));
+    meter.Step();
+  }
+  replacing.Commit();
+}
+
 void Ask_Name_And_Write(Workspace& w, std::span<const std::uint8_t> cells) {
   const auto file = Ask_Result_Name(w);
   if (!file) return;
   try {
-    Replace_Whole_File(*file, cells);
+    Write_By_Pieces(*file, cells);
   } catch (const RunTimeError& error) {
     Require_Sound_Reads();
     return Say_Too_Wide(w, error);
