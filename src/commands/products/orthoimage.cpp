@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "commands/products/ortho_inputs.h"
+#include "platform/memory_room.h"
 #include "platform/number_text.h"
 #include "platform/replacing_file.h"
 #include "platform/rounding.h"
@@ -58,6 +59,14 @@ std::optional<OrthoOrder> Ask_Order(Workspace& w) {
   order.elsewhere = *elsewhere;
   order.grid = Grid_Of(w, *extent);
   return order;
+}
+
+/// Every cell will be written, so that all of the memory is needed.
+ZeroedArray<std::uint8_t> Black_Cells(const OrthoGrid& grid, int pixel_bytes) {
+  const std::uint64_t bytes = grid.Cells() * static_cast<std::uint64_t>(pixel_bytes);
+  Require_Memory(bytes, "an orthoimage of " + Plain_Text(grid.columns) + " x " +
+                            Plain_Text(grid.rows) + " pixels");
+  return ZeroedArray<std::uint8_t>(bytes);
 }
 
 /// The image as it is now: a command that ran while events were serviced may have moved it.
@@ -127,8 +136,7 @@ void Orto(Workspace& w) {
     Show_Size(w, order->grid);
     const FollowedImage image(w, order->image);
     const int pixel_bytes = Pixel_Bytes(w.ImageBlock(order->image));
-    cells =
-        ZeroedArray<std::uint8_t>(order->grid.Cells() * static_cast<std::uint64_t>(pixel_bytes));
+    cells = Black_Cells(order->grid, pixel_bytes);
     Fill_Cells(w, *order, image, pixel_bytes, cells.All());
   } catch (const RunTimeError& error) {
     Require_Sound_Reads();

@@ -4,6 +4,7 @@
 
 #include <cstring>
 
+#include "support/address_space_limit.h"
 #include "support/file_size_limit.h"
 #include "support/session_run.h"
 #include "support/small_site.h"
@@ -131,6 +132,22 @@ TEST_F(OrtoCommand, APixelOfZeroAndAnExtentWithoutRoomAreOneMessage) {
               std::string::npos)
         << played.transcript;
   }
+}
+
+TEST_F(OrtoCommand, CellsBeyondTheMemoryThatIsLeftAreRefusedBeforeAnyIsComputed) {
+  Write_Model(200);
+  const AddressSpaceLimit limit(std::uint64_t{512} << 20);
+  const PlayedSession played =
+      Play(Answers({"0", "0", "0", "19999", "9999", "1", "160"}) + "cancel");
+  EXPECT_EQ(played.status, 0) << played.reason;
+  EXPECT_NE(played.transcript.find("message \"An error occurred, too wide orthoimage?\""),
+            std::string::npos)
+      << played.transcript;
+  // 20000 x 10000 pixels of three bytes are 572.2 MB.
+  EXPECT_NE(played.reason.find("an orthoimage of 20000 x 10000 pixels takes 572 MB, "),
+            std::string::npos)
+      << played.reason;
+  EXPECT_EQ(played.transcript.find("Label2 = 0"), std::string::npos) << played.transcript;
 }
 
 TEST_F(OrtoCommand, ANegativeImageNumberIsAFailure) {
