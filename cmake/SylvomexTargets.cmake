@@ -43,10 +43,18 @@ add_library(precompiled_standard OBJECT ${CMAKE_SOURCE_DIR}/cmake/precompiled/em
 target_link_libraries(precompiled_standard PRIVATE sylvomex_options)
 sylvomex_precompile(precompiled_standard ${standard_headers})
 
+# Checks of every access to an object double the time that a test takes to compile. The libraries keep
+# them; the tests' own code is left with the address sanitizer and the checks of arithmetic and bounds.
+add_library(sylvomex_test_checks INTERFACE)
+if(SYLVOMEX_SANITIZE MATCHES undefined)
+  target_compile_options(sylvomex_test_checks INTERFACE
+    -fno-sanitize=null,alignment,object-size,vptr,nonnull-attribute,returns-nonnull-attribute,pointer-overflow)
+endif()
+
 function(sylvomex_test_options target)
   # The optimizer spends more time on the tests' own code than the tests then save.
   target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-O1>)
-  target_link_libraries(${target} PRIVATE sylvomex_options)
+  target_link_libraries(${target} PRIVATE sylvomex_options sylvomex_test_checks)
 endfunction()
 
 if(SYLVOMEX_TESTS)
