@@ -162,6 +162,13 @@ std::pair<const ModelTree*, std::vector<int>> Tree_For(const PlanBlock& block, c
                 std::to_string(block.order.least_images) + " of its images");
 }
 
+void Require_Mesh(double spacing, double side) {
+  const double columns = std::floor(side / spacing) + 1;
+  if (columns * columns <= kMostMeshPoints) return;
+  throw Refused("its mesh has " + Plain_Text(columns * columns) + " columns, at most " +
+                Plain_Text(kMostMeshPoints) + " fit; a larger Mesh has fewer");
+}
+
 TaskNeeds Needs_Of(const PlanBlock& block, const PlotTask& plot, const Layer& layer) {
   std::vector<PatchNeeds> patches;
   for (const int k : plot.images) {
@@ -170,7 +177,9 @@ TaskNeeds Needs_Of(const PlanBlock& block, const PlotTask& plot, const Layer& la
                        image.record.ColorFlag == 1 ? 3.0 : 1.0});
   }
   const TreeTopNumbers& numbers = block.order.numbers;
-  const double most = Mesh_Points(numbers, layer.side, layer.canopy.high - layer.ground.low);
+  Require_Mesh(numbers.Mesh, layer.side);
+  const double most = std::min(
+      Mesh_Points(numbers, layer.side, layer.canopy.high - layer.ground.low), kMostMeshPoints);
   const double usual = Mesh_Points(numbers, layer.side, layer.canopy.mean - layer.ground.mean);
   return Needs_Of_Search(patches, most, usual,
                          block.dem->Window_Bytes(layer.mesh) + block.chm->Window_Bytes(layer.mesh));

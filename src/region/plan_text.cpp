@@ -183,6 +183,13 @@ std::vector<PlanNote> Notes_In(const Json& json) {
   return notes;
 }
 
+/// Names by which tasks open their files must come back from the plan as they are.
+void Require_Text(const std::string& name) try {
+  (void)Json(name).dump();
+} catch (const nlohmann::json::exception&) {
+  throw Refused(name + ": the name is not in UTF-8, so no plan can hold it");
+}
+
 Json Content_Of(const RegionPlan& plan) {
   Json json{{"version", kPlanVersion}, {"site", plan.site.string()},
             {"crs", plan.crs},         {"shift", {plan.shift.X, plan.shift.Y}},
@@ -232,6 +239,8 @@ void Require_Unchanged(Json json) {
 }  // namespace
 
 std::string Plan_Text(RegionPlan& plan) {
+  Require_Text(plan.site.string());
+  for (const std::string& header : plan.headers) Require_Text(header);
   Json json = Content_Of(plan);
   plan.id = Text_Checksum(Dumped(json));
   json["id"] = plan.id;

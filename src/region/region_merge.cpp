@@ -9,6 +9,7 @@
 #include "interchange/point_export.h"
 #include "platform/replacing_file.h"
 #include "region/seams.h"
+#include "region/unique_folder.h"
 
 namespace sylvomex {
 namespace {
@@ -122,24 +123,38 @@ void Write_Text(const fs::path& file, const std::string& text, RegionMerge& merg
   merge.files.push_back(file.filename().string());
 }
 
+void Make_Folder(const fs::path& folder) {
+  std::error_code error;
+  fs::create_directories(folder, error);
+  if (error) throw Refused(folder.string() + ": " + error.message());
+}
+
+void Put_In_Place(const fs::path& file, const fs::path& folder) {
+  std::error_code error;
+  fs::rename(file, folder / file.filename(), error);
+  if (error) throw FailedOnTheWay((folder / file.filename()).string() + ": " + error.message());
+}
+
 }  // namespace
 
 RegionMerge Merge_Region(const RegionPlan& plan, const TaskStore& store, const fs::path& output,
                          bool is_partial, int threads) {
   const RegionSurvey survey = Survey_Region(plan, store);
   if (!is_partial) Require_All_Done(survey);
-  std::error_code error;
-  fs::create_directories(output, error);
-  if (error) throw Refused(output.string() + ": " + error.message());
+  Make_Folder(output);
+  Remove_Left_Folders(output);
+  const UniqueFolder folder(output, "merge");
+  const fs::path& made = folder.Path();
   RegionMerge merge;
   merge.tasks = survey.tasks.size();
   merge.done = survey.done;
   std::vector<Point3D> tops;
-  if (Has_Kind(plan, TaskKind::TreeTops)) tops = Merge_Tops(plan, store, survey, output, merge);
-  if (Has_Kind(plan, TaskKind::OrthoTile)) Merge_Tiles(plan, store, survey, output, threads, merge);
-  Write_Text(output / "report.txt", Survey_Text(plan, survey), merge);
-  Write_Text(output / "report.html", Survey_Html(plan, survey, tops), merge);
-  Write_Text(output / "map.svg", Survey_Map(plan, survey, tops), merge);
+  if (Has_Kind(plan, TaskKind::TreeTops)) tops = Merge_Tops(plan, store, survey, made, merge);
+  if (Has_Kind(plan, TaskKind::OrthoTile)) Merge_Tiles(plan, store, survey, made, threads, merge);
+  Write_Text(made / "report.txt", Survey_Text(plan, survey), merge);
+  Write_Text(made / "report.html", Survey_Html(plan, survey, tops), merge);
+  Write_Text(made / "map.svg", Survey_Map(plan, survey, tops), merge);
+  for (const std::string& file : merge.files) Put_In_Place(made / file, output);
   return merge;
 }
 

@@ -3,6 +3,7 @@
 
 #include <toml++/toml.h>
 
+#include <algorithm>
 #include <cmath>
 #include <initializer_list>
 #include <set>
@@ -146,8 +147,12 @@ std::vector<GivenPlot> Plots_In_Table(const fs::path& file, double usual_radius)
   for (const TextRow& row : table.Rows()) {
     const double radius = table.Optional_Number(row, "radius").value_or(usual_radius);
     if (!(radius > 0)) table.Refuse(row, "the radius must be above 0");
-    plots.push_back({table.Text(row, "id"), table.Number(row, "x"), table.Number(row, "y"), radius,
-                     name + ", line " + std::to_string(row.line)});
+    const double X = table.Number(row, "x"), Y = table.Number(row, "y");
+    if (!(std::max({std::abs(X), std::abs(Y), radius}) <= kLargestNumber)) {
+      table.Refuse(row, "a number is out of range");
+    }
+    plots.push_back(
+        {table.Text(row, "id"), X, Y, radius, name + ", line " + std::to_string(row.line)});
   }
   return plots;
 }
@@ -171,7 +176,7 @@ std::vector<GivenPlot> Plots_In(const Section& root, const RegionOrder& order,
 void Require_Names(const std::vector<GivenPlot>& plots) {
   std::map<std::string, std::string> seen;
   for (const GivenPlot& plot : plots) {
-    if (!Is_Task_Name(plot.id)) {
+    if (!Is_Plot_Name(plot.id)) {
       throw Refused(plot.where + ": \"" + plot.id +
                     "\" is no id: 1 to 64 letters, digits, '-', '_' and '.', not '.' first");
     }
@@ -247,11 +252,15 @@ RegionOrder Order_In(const Section& root, const fs::path& folder) {
 }  // namespace
 
 bool Is_Task_Name(std::string_view text) {
+  constexpr std::string_view kFailedEnding = ".failed.json";  // of a note beside a task's folder
   constexpr std::string_view kAllowed =
       "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_.";
-  return !text.empty() && text.size() <= 64 && text.front() != '.' &&
+  return !text.empty() && text.size() <= 80 && text.front() != '.' &&
+         !text.ends_with(kFailedEnding) &&
          text.find_first_not_of(kAllowed) == std::string_view::npos;
 }
+
+bool Is_Plot_Name(std::string_view text) { return text.size() <= 64 && Is_Task_Name(text); }
 
 RegionOrder Parse_Region(std::string_view text, const fs::path& folder, const std::string& name) {
   try {

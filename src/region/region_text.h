@@ -22,4 +22,7 @@ RegionOrder Read_Region(const std::filesystem::path& file);
 /// starting with a point.
 bool Is_Task_Name(std::string_view text);
 
+/// Whether a text can be the id of a plot, to which its task's id adds a few letters.
+bool Is_Plot_Name(std::string_view text);
+
 }  // namespace sylvomex

@@ -63,7 +63,10 @@ bool Run_One(const RegionPlan& plan, const TaskStore& store, const RegionTask& t
   // Checksums and what else follows the files belong to the writing.
   report.seconds.write = seconds - yield.seconds.read - yield.seconds.compute;
   Write_Task_File(claim.Folder() / "task.json", Report_Text(report));
-  return claim.Commit();
+  if (claim.Commit()) return true;
+  if (store.Done(task.id)) return false;
+  throw FailedOnTheWay(store.Folder_Of(task.id).string() +
+                       ": it is no result, but stands in the place of one; remove it");
 }
 
 /// Notes a failure; a full disk may not even take that.
@@ -77,8 +80,8 @@ std::string Noted(const TaskStore& store, const std::string& task, const std::st
 TaskEnd Try_One(const RegionPlan& plan, const TaskStore& store, const RegionTask& task,
                 int threads) {
   TaskEnd end{task.id, TaskOutcome::DoneBefore, "", 0};
-  if (store.Done(task.id)) return end;
   try {
+    if (store.Done(task.id)) return end;
     const bool is_first = Run_One(plan, store, task, threads, end.seconds);
     end.outcome = is_first ? TaskOutcome::Done : TaskOutcome::DoneByAnother;
     store.Forget_Failure(task.id);
@@ -101,7 +104,6 @@ std::vector<TaskEnd> Run_Tasks(const RegionPlan& plan, const TaskStore& store,
   const TaskMap known = Tasks_By_Id(plan);
   for (const std::string& task : tasks) {
     if (!known.contains(task)) throw Refused("the plan has no task " + task);
-    (void)store.Done(task);  // refuses results of another plan
   }
   const tbb::global_control limit(tbb::global_control::max_allowed_parallelism,
                                   static_cast<std::size_t>(std::max(threads, 1)));

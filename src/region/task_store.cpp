@@ -2,13 +2,10 @@
 #include "region/task_store.h"
 
 #include <fcntl.h>
-#include <signal.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
-#include <random>
 #include <set>
 #include <utility>
 
@@ -25,44 +22,16 @@ namespace fs = std::filesystem;
 
 constexpr const char* kFailedEnding = ".failed.json";
 
-void Make_Folder(const fs::path& folder) {
-  std::error_code error;
-  fs::create_directories(folder, error);
-  if (error) throw FailedOnTheWay(folder.string() + ": " + error.message());
-}
-
 void Bring_To_Disk(const fs::path& file) {
   const FilePath path{file.string(), file};
   const FileDescriptor open_file(path, O_RDONLY);
   if (fsync(open_file.Number()) != 0) Throw_File_Error(path, errno);
 }
 
-/// The process of a claim ".TASK.HOST.PROCESS.RANDOM" of this machine; 0 for another name.
-pid_t Process_Of(const std::string& name) {
-  const std::size_t random = name.rfind('.');
-  if (random == std::string::npos || random == 0) return 0;
-  const std::size_t process = name.rfind('.', random - 1);
-  if (process == std::string::npos) return 0;
-  const std::string host = "." + Host_Name();
-  if (!name.substr(0, process).ends_with(host)) return 0;
-  return static_cast<pid_t>(std::atol(name.c_str() + process + 1));
-}
-
 }  // namespace
 
-std::string Host_Name() {
-  char text[256] = {};
-  if (gethostname(text, sizeof text - 1) != 0) return "unknown";
-  std::string name(text);
-  std::replace_if(
-      name.begin(), name.end(), [](char c) { return c == '.' || c == '/'; }, '-');
-  return name.empty() ? "unknown" : name;
-}
-
 TaskStore::TaskStore(const fs::path& folder, std::string plan)
-    : results_(folder / "results"), plan_(std::move(plan)) {
-  Make_Folder(results_);
-}
+    : results_(folder / "results"), plan_(std::move(plan)) {}
 
 fs::path TaskStore::Folder_Of(const std::string& task) const { return results_ / task; }
 
@@ -70,6 +39,10 @@ std::optional<TaskReport> TaskStore::Done(const std::string& task) const {
   const fs::path file = Folder_Of(task) / "task.json";
   if (!fs::exists(file)) return std::nullopt;
   TaskReport report = Parse_Report(Read_Text_File(file.string()), file.string());
+  if (report.plan == plan_ && report.task != task) {
+    throw Refused(Folder_Of(task).string() + ": it holds the result of task " + report.task +
+                  "; remove the folder and run task " + task + " again");
+  }
   if (report.plan == plan_) return report;
   throw Refused(Folder_Of(task).string() + ": it holds the result of another plan (" +
                 report.plan.substr(0, 12) + ", this one is " + plan_.substr(0, 12) +
@@ -101,6 +74,7 @@ void TaskStore::Forget_Failure(const std::string& task) const {
 std::vector<std::string> TaskStore::Strangers(const std::vector<std::string>& tasks) const {
   const std::set<std::string> known(tasks.begin(), tasks.end());
   std::vector<std::string> strangers;
+  if (!fs::exists(results_)) return strangers;
   for (const auto& entry : fs::directory_iterator(results_)) {
     const std::string name = entry.path().filename().string();
     if (name.starts_with(".") || !entry.is_directory() || known.contains(name)) continue;
@@ -110,34 +84,15 @@ std::vector<std::string> TaskStore::Strangers(const std::vector<std::string>& ta
   return strangers;
 }
 
-void TaskStore::Remove_Left_Claims() const {
-  for (const auto& entry : fs::directory_iterator(results_)) {
-    const std::string name = entry.path().filename().string();
-    if (!name.starts_with(".")) continue;
-    const pid_t process = Process_Of(name);
-    if (process <= 0 || kill(process, 0) == 0 || errno != ESRCH) continue;
-    std::error_code ignored;
-    fs::remove_all(entry.path(), ignored);
-  }
-}
+void TaskStore::Remove_Left_Claims() const { Remove_Left_Folders(results_); }
 
 TaskClaim::TaskClaim(const TaskStore& store, const std::string& task)
-    : place_(store.Folder_Of(task)) {
-  const std::string random = std::to_string(std::random_device()());
-  folder_ = place_.parent_path() /
-            ("." + task + "." + Host_Name() + "." + std::to_string(getpid()) + "." + random);
-  Make_Folder(folder_);
-}
-
-TaskClaim::~TaskClaim() {
-  std::error_code ignored;
-  fs::remove_all(folder_, ignored);
-}
+    : place_(store.Folder_Of(task)), folder_(place_.parent_path(), task) {}
 
 bool TaskClaim::Commit() try {
-  for (const auto& entry : fs::directory_iterator(folder_)) Bring_To_Disk(entry.path());
+  for (const auto& entry : fs::directory_iterator(Folder())) Bring_To_Disk(entry.path());
   std::error_code error;
-  fs::rename(folder_, place_, error);
+  fs::rename(Folder(), place_, error);
   if (!error) return true;
   if (error == std::errc::directory_not_empty || error == std::errc::file_exists) return false;
   throw FailedOnTheWay(place_.string() + ": " + error.message());

@@ -13,17 +13,18 @@
 #include <vector>
 
 #include "region/task_report.h"
+#include "region/unique_folder.h"
 
 namespace sylvomex {
 
 class TaskStore {
  public:
-  /// folder: that of the plan; plan: its id.
+  /// folder: that of the plan; plan: its id. The folder of results is made with the first result.
   TaskStore(const std::filesystem::path& folder, std::string plan);
 
   [[nodiscard]] std::filesystem::path Folder_Of(const std::string& task) const;
 
-  /// The report of a task that is done. Refused when it is of another plan.
+  /// The report of a task that is done. Refused when it is of another plan or of another task.
   [[nodiscard]] std::optional<TaskReport> Done(const std::string& task) const;
   /// The last failure of a task; none of another plan's.
   [[nodiscard]] std::optional<TaskFailure> Failed(const std::string& task) const;
@@ -48,21 +49,16 @@ class TaskClaim {
  public:
   /// FailedOnTheWay when the folder cannot be made.
   TaskClaim(const TaskStore& store, const std::string& task);
-  ~TaskClaim();
-  TaskClaim(const TaskClaim&) = delete;
-  TaskClaim& operator=(const TaskClaim&) = delete;
 
-  [[nodiscard]] const std::filesystem::path& Folder() const { return folder_; }
+  [[nodiscard]] const std::filesystem::path& Folder() const { return folder_.Path(); }
 
   /// Brings all files to the disk and renames the folder. False when another process was first;
   /// FailedOnTheWay when it cannot be done.
   bool Commit();
 
  private:
-  std::filesystem::path place_, folder_;
+  std::filesystem::path place_;
+  UniqueFolder folder_;
 };
-
-/// The machine's name, as far as it can stand in a file name.
-std::string Host_Name();
 
 }  // namespace sylvomex

@@ -56,13 +56,12 @@ void Tell_Notes(const std::vector<PlanNote>& notes, const char* word, SiteOutput
 }
 
 /// Another plan's results must not get into this plan's folder.
-void Require_Own_Folder(const fs::path& folder, const std::string& id) {
-  if (!fs::exists(folder / "plan.json") || !fs::exists(folder / "results") ||
-      fs::is_empty(folder / "results")) {
-    return;
+void Require_Own_Folder(const fs::path& folder, const RegionPlan& plan) {
+  if (!fs::exists(folder / "results") || fs::is_empty(folder / "results")) return;
+  if (fs::exists(folder / "plan.json") && Read_Plan(folder).id != plan.id) {
+    throw Refused(folder.string() + ": it holds results of another plan; plan into another folder");
   }
-  if (Read_Plan(folder).id == id) return;
-  throw Refused(folder.string() + ": it holds results of another plan; plan into another folder");
+  (void)Survey_Region(plan, TaskStore(folder, plan.id));  // refuses results of another plan
 }
 
 void Write_Plan(const fs::path& folder, const std::string& text) {
@@ -82,7 +81,7 @@ int Run_Plan(const PlanArguments& arguments, SiteOutput& output) {
   if (arguments.strict && !plan.left_out.empty()) {
     throw Refused(std::to_string(plan.left_out.size()) + " plots or tiles cannot be done");
   }
-  Require_Own_Folder(arguments.out, plan.id);
+  Require_Own_Folder(arguments.out, plan);
   Write_Plan(arguments.out, text);
   std::uint64_t memory = 0;
   double cost = 0;

@@ -35,7 +35,7 @@ void Read_Region_Text(std::string_view text) {
   const sylvomex::RegionOrder order = sylvomex::Parse_Region(text, "/nowhere", "region.toml");
   if (order.orthoimage) (void)sylvomex::Tiles_Of(*order.orthoimage);
   for (const sylvomex::GivenPlot& plot : order.plots) {
-    if (!sylvomex::Is_Task_Name(plot.id)) std::abort();
+    if (!sylvomex::Is_Plot_Name(plot.id)) std::abort();
   }
 }
 

@@ -101,6 +101,8 @@ TEST(RegionText, RefusesAnIdThatCannotNameAFolder) {
     EXPECT_FALSE(Is_Task_Name(id)) << id;
   }
   EXPECT_REFUSED(kStart + "plots = [{id = '../x', x = 1, y = 2}]\n", "is no id");
+  // The failures of a plot "p1" are noted under this name.
+  EXPECT_REFUSED(kStart + "plots = [{id = 'p1.failed.json', x = 1, y = 2}]\n", "is no id");
 }
 
 TEST(RegionText, ReadsPlotsFromATableAndNamesItsLine) {
@@ -111,6 +113,8 @@ TEST(RegionText, ReadsPlotsFromATableAndNamesItsLine) {
   ASSERT_EQ(order.plots.size(), 2U);
   EXPECT_EQ(order.plots[0].radius, 5);
   EXPECT_EQ(order.plots[1].radius, 23);  // the box r
+  folder.Write("plots.csv", "id,X,Y\np1,1e300,20\n");
+  EXPECT_THROW((void)Parse_Region(text, folder.Path(), "r.toml"), Refused);
   folder.Write("plots.csv", "id,X,Y\np1,10,20\np1,30,40\n");
   try {
     (void)Parse_Region(text, folder.Path(), "r.toml");

@@ -114,6 +114,39 @@ TEST_F(RegionSite, APlotWhoseMeshNoNumberHoldsIsLeftOutAlone) {
   EXPECT_EQ(Json("plan/plan.json")["tasks"].size(), 1U);
 }
 
+TEST_F(RegionSite, APlotWhoseMeshHasTooManyColumnsIsLeftOutAndNotToldToNeedNothing) {
+  // The mesh of a radius of 6 m has a side of 14 m: 14 337 columns each way.
+  std::string region = Region(Plots(Plot("p1", 3, 3)));
+  region.replace(region.find("Mesh = 1"), 8, "Mesh = 0.0009765625");
+  const RegionPlayed played = Plan(region);
+  EXPECT_EQ(played.status, 1);
+  EXPECT_TOLD(played, "p1: its mesh has 205549569 columns, at most 50000000 fit");
+}
+
+TEST_F(RegionSite, APlotOfTheLongestIdIsPlannedAndDone) {
+  const std::string id(64, 'a');
+  ASSERT_EQ(Plan(Region(Plots(Plot(id, 3, 3)))).status, 0);
+  EXPECT_EQ(Run({"tops-" + id}).status, 0);
+  EXPECT_EQ(Plan(Region(Plots(Plot(id + "a", 3, 3))), "longer").status, 1);
+}
+
+TEST_F(RegionSite, ASiteWhoseNameNoPlanCanHoldIsRefused) {
+  const std::filesystem::path folder = Path("site \xff");
+  std::filesystem::create_directory(folder);
+  std::filesystem::copy(files_.site.Folder().Path(), folder,
+                        std::filesystem::copy_options::recursive);
+  std::string region = Region(Plots(Plot("p1", 3, 3)));
+  const std::string site = files_.site.Folder().Path().string();
+  region.replace(region.find(site), site.size(), ".");
+  std::ofstream(folder / "region.toml") << region;
+  std::filesystem::copy(Path("trees.csv"), folder / "trees.csv");
+  const RegionPlayed played =
+      Play_Region({"plan", (folder / "region.toml").string(), "--out", Path("plan")});
+  EXPECT_EQ(played.status, 1);
+  EXPECT_TOLD(played, "the name is not in UTF-8");
+  EXPECT_FALSE(Has("plan/plan.json"));
+}
+
 TEST_F(RegionSite, StrictRefusesWhatAnotherPlanWouldLeaveOut) {
   const RegionPlayed played =
       Plan(Region(Plots(Plot("far", 300, 200) + Plot("p1", 3, 3))), "plan", {"--strict"});

@@ -117,7 +117,8 @@ TEST_F(RegionSite, WhatAKilledProcessLeftDisturbsNothingAndIsRemoved) {
   const pid_t ended = fork();
   if (ended == 0) _exit(0);
   waitpid(ended, nullptr, 0);
-  const std::string left = ".tops-p1." + name + "." + std::to_string(ended) + ".7";
+  const std::string end = "." + name + "." + std::to_string(ended) + ".7";
+  const std::string left = ".tops-p1" + end;
   const std::string foreign = ".tops-p1.other." + std::to_string(ended) + ".7";
   for (const std::string& folder : {left, foreign}) {
     Write("plan/results/" + folder + "/tops.csv", "number\n");
@@ -125,7 +126,11 @@ TEST_F(RegionSite, WhatAKilledProcessLeftDisturbsNothingAndIsRemoved) {
   EXPECT_EQ(Run({"tops-p1"}).status, 0);
   EXPECT_FALSE(Has("plan/results/" + left));
   EXPECT_TRUE(Has("plan/results/" + foreign));
+  Write("merged/.merge" + end + "/.part-7-orthoimage.tif.ovr.tmp", "half");
   EXPECT_EQ(Merge("merged").status, 0);
+  for (const auto& entry : fs::directory_iterator(Path("merged"))) {
+    EXPECT_FALSE(entry.path().filename().string().starts_with(".")) << entry.path();
+  }
 }
 
 TEST_F(RegionSite, ResultsOfAnotherPlanAreRefused) {
@@ -134,11 +139,57 @@ TEST_F(RegionSite, ResultsOfAnotherPlanAreRefused) {
   ASSERT_EQ(Run({"tops-p1"}, "one").status, 0);
   fs::copy(Path("one/results"), Path("two/results"), fs::copy_options::recursive);
   for (const RegionPlayed& played :
-       {Run({"tops-p1"}, "two"), Merge("merged", "two"), Play_Region({"status", Path("two")})}) {
-    EXPECT_EQ(played.status, 1);
+       {Merge("merged", "two"), Play_Region({"status", Path("two")}), Run({"tops-p1"}, "two")}) {
+    EXPECT_NE(played.status, 0);
     EXPECT_NE(played.err.find("it holds the result of another plan"), std::string::npos)
         << played.err;
   }
+  // Without its plan a folder of results is as foreign.
+  fs::remove(Path("two/plan.json"));
+  const RegionPlayed planned = Plan(Region(Plots(Plot("p1", 3, 4))), "two");
+  EXPECT_EQ(planned.status, 1);
+  EXPECT_NE(planned.err.find("it holds the result of another plan"), std::string::npos);
+  EXPECT_FALSE(Has("two/plan.json"));
+}
+
+TEST_F(RegionSite, AResultOfAnotherPlanIsThatTasksFailureAndTheOthersAreDone) {
+  ASSERT_EQ(Plan(Region(Plots(Plot("p1", 3, 3))), "one").status, 0);
+  ASSERT_EQ(Run({"tops-p1"}, "one").status, 0);
+  ASSERT_EQ(Plan(Region(Plots(Plot("p1", 3, 4) + Plot("p2", -5, 3)))).status, 0);
+  fs::create_directories(Path("plan/results"));
+  fs::copy(Path("one/results/tops-p1"), Path("plan/results/tops-p1"));
+  const RegionPlayed played = Run({"--bundle", "0"});
+  EXPECT_EQ(played.status, 3);
+  EXPECT_NE(played.err.find("tops-p1 failed: "), std::string::npos) << played.err;
+  EXPECT_TRUE(Has("plan/results/tops-p2/task.json"));
+}
+
+TEST_F(RegionSite, TheResultOfAnotherTaskIsNotTakenForATasksOwn) {
+  ASSERT_EQ(Plan(Region(Plots(Plot("p1", 3, 3) + Plot("p2", -5, 3)))).status, 0);
+  ASSERT_EQ(Run({"tops-p1"}).status, 0);
+  fs::copy(Path("plan/results/tops-p1"), Path("plan/results/tops-p2"));
+  for (const RegionPlayed& played : {Merge("merged"), Run({"tops-p2"})}) {
+    EXPECT_NE(played.status, 0);
+    EXPECT_NE(played.err.find("tops-p2: it holds the result of task tops-p1"), std::string::npos)
+        << played.err;
+  }
+}
+
+TEST_F(RegionSite, AFolderInATasksPlaceThatIsNoResultIsToldAsItsFailure) {
+  ASSERT_EQ(Plan(Region(Plots(Plot("p1", 3, 3)))).status, 0);
+  Write("plan/results/tops-p1/notes.txt", "mine\n");
+  const RegionPlayed played = Run({"tops-p1"});
+  EXPECT_EQ(played.status, 3);
+  EXPECT_NE(played.err.find("tops-p1: it is no result, but stands in the place of one"),
+            std::string::npos)
+      << played.err;
+  EXPECT_EQ(Read("plan/results/tops-p1/notes.txt"), "mine\n");
+}
+
+TEST_F(RegionSite, TheStatusOfAPlanWritesNothing) {
+  ASSERT_EQ(Plan(Region(Plots(Plot("p1", 3, 3)))).status, 0);
+  EXPECT_EQ(Play_Region({"status", Path("plan")}).status, 0);
+  EXPECT_FALSE(Has("plan/results"));
 }
 
 TEST_F(RegionSite, ResultsThatNoTaskHasAreRefused) {
