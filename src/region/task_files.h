@@ -46,7 +46,8 @@ class PartialModel {
   FilePath cells_;
 };
 
-/// The raw file of an image, mapped.
+/// The raw file of an image, mapped. RunTimeError(InputPastEnd) when it is shorter than its header
+/// says, since a search would go on without it and a tile be black.
 struct MappedRaw {
   MappedRaw(const DriveMap& drives, const ImageRecord& record);
   FilePath name;
