@@ -100,7 +100,8 @@ void Fill_Cells(Workspace& w, const OrthoOrder& order, const FollowedImage& imag
 /// The file appears whole at the end; a cancel before leaves what was there.
 void Write_By_Pieces(const FilePath& file, std::span<const std::uint8_t> cells) {
   ReplacingFile replacing(file, cells.size());
-  WorkMeter meter(static_cast<double>((cells.size() + kPieceBytes - 1) / kPieceBytes));
+  const std::size_t pieces = (cells.size() + kPieceBytes - 1) / kPieceBytes;
+  WorkMeter meter(static_cast<double>(pieces));
   for (std::size_t at = 0; at < cells.size(); at += kPieceBytes) {
     replacing.Write_At(at, cells.subspan(at, std::min(kPieceBytes, cells.size() - at)));
     meter.Step();
