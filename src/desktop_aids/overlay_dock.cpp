@@ -82,6 +82,7 @@ OverlayDock::OverlayDock(const AidedPanes& panes)
     list_.Draw_Again(static_cast<std::size_t>(table_->indexOfTopLevelItem(item)));
   });
   list_.When_Changed([this] { Fill(); });
+  Fill();
 }
 
 QPushButton* OverlayDock::Add_Button(const char* name, const QString& text,
