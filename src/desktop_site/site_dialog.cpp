@@ -70,15 +70,15 @@ SiteDialog::SiteDialog(const SiteCommand& command, const std::filesystem::path& 
       process_(site, {[this](int percent) { Show_Progress(percent); },
                       [this](const QString& line) { messages_->appendPlainText(line); },
                       [this](const SiteOutcome& outcome) { Show_End(outcome); }}),
-      progress_(new QProgressBar(this)),
-      state_(new QLabel(this)),
-      messages_(new QPlainTextEdit(this)),
-      run_(new QPushButton(QStringLiteral("Run"), this)),
-      show_(new QPushButton(QStringLiteral("Show the report"), this)),
-      close_(new QPushButton(QStringLiteral("Close"), this)) {
+      progress_(new QProgressBar),
+      state_(new QLabel),
+      messages_(new QPlainTextEdit),
+      run_(new QPushButton(QStringLiteral("Run"))),
+      show_(new QPushButton(QStringLiteral("Show the report"))),
+      close_(new QPushButton(QStringLiteral("Close"))) {
   setObjectName(QStringLiteral("SiteDialog"));
   setWindowTitle(Site_Caption(command));
-  auto* layout = new QVBoxLayout(this);
+  auto* layout = new QVBoxLayout(this);  // what it takes up is reached by Tab in that order
   auto* site_line = new QLabel(QStringLiteral("Site: ") + Qt_Text(site.string()), this);
   site_line->setTextFormat(Qt::PlainText);
   layout->addWidget(site_line);

@@ -117,6 +117,15 @@ TEST_F(SiteMenuTest, NothingRunsBeforeAllThatIsRequiredIsThere) {
   EXPECT_TRUE(Button(dialog, "Run").isEnabled());
 }
 
+TEST_F(SiteMenuTest, ADialogBeginsInItsFirstFieldAndTabGoesOnInOrder) {
+  SiteDialog& dialog = Open("init");
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  EXPECT_EQ(dialog.focusWidget(), dialog.findChild<QLineEdit*>("--crs"));
+  QTest::keyClicks(dialog.focusWidget(), "EPSG:3067");
+  QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(dialog.focusWidget(), dialog.findChild<QPlainTextEdit*>());
+}
+
 TEST_F(SiteMenuTest, ImportsAFileThatTheFileDialogChose) {
   Make_Site();
   const std::string csv = site_.Folder().Write("trees.csv", kTrees).native.string();
