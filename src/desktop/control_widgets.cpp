@@ -12,7 +12,8 @@
 namespace sylvomex {
 namespace {
 
-constexpr int kBoxMargins = 8;  // border, padding and text cursor
+constexpr int kSmallestText = 9;  // pixels; a number is better small than cut off
+constexpr int kBoxMargins = 8;    // border, padding and text cursor
 
 int Pixels_Of_Points(double points) {
   return std::clamp(static_cast<int>(std::lround(points * 96.0 / 72.0)), 1, 200);
@@ -200,7 +201,13 @@ int Fit_Check_Box(QCheckBox& box, int room) {
   box.setFont(Control_Font());
   const int natural = box.sizeHint().width();
   const int beside_caption = natural - QFontMetrics(box.font()).horizontalAdvance(box.text());
-  box.setFont(Squeezed_Font(Control_Font(), box.text(), room - beside_caption));
+  const int caption_room = room - beside_caption;
+  QFont letters = Control_Font();
+  for (int size = letters.pixelSize(); size >= kSmallestText; --size) {
+    letters.setPixelSize(size);
+    box.setFont(Squeezed_Font(letters, box.text(), caption_room));
+    if (Fits(box.font(), box.text(), caption_room)) break;
+  }
   box.setToolTip(box.sizeHint().width() > room ? box.text() : QString());
   return std::min(natural, room);
 }

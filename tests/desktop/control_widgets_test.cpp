@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <QFontMetrics>
+#include <QStyle>
+#include <QStyleOptionButton>
 
 #include "desktop/qt_text.h"
 
@@ -57,6 +59,17 @@ TEST(TickBox, StaysWithinItsRoom) {
   EXPECT_TRUE(box.toolTip().isEmpty());
   EXPECT_EQ(Fit_Check_Box(box, 40), 40);
   EXPECT_EQ(box.toolTip(), "Use: 123456789");
+}
+
+TEST(TickBox, ANumberIsShownSmallerRatherThanCutOff) {
+  QCheckBox box("Use: 1204");
+  box.resize(Fit_Check_Box(box, 55), 25);  // the room in a pane of 248 pixels
+  QStyleOptionButton option;
+  option.initFrom(&box);
+  const QRect caption = box.style()->subElementRect(QStyle::SE_CheckBoxContents, &option, &box);
+  EXPECT_LE(QFontMetricsF(box.font()).horizontalAdvance(box.text()), caption.width());
+  Fit_Check_Box(box, 500);
+  EXPECT_EQ(box.font().pixelSize(), Control_Font().pixelSize());
 }
 
 TEST(TextBoxOnScreen, IsHighEnoughForItsTextAtFifteenPixels) {
