@@ -55,13 +55,14 @@ QPointF Pane_Position(const QPointF& in_widget) {
   return in_widget - QPointF(kPictureBorder, kPictureBorder);
 }
 
-bool Is_Key_For_Panes(const AidedPanes& panes, const QObject* receiver) {
+bool Is_Key_For_Panes(const AidedPanes& panes, const QObject* receiver, int key) {
   const auto* widget = qobject_cast<const QWidget*>(receiver);
   const QWidget& window = panes.Owner().Shown().Main();
   if (widget == nullptr || widget->window() != &window) return false;
   const QWidget* focus = window.focusWidget();
-  return qobject_cast<const QLineEdit*>(focus) == nullptr &&
-         qobject_cast<const QAbstractButton*>(focus) == nullptr &&
+  const bool presses =
+      qobject_cast<const QAbstractButton*>(focus) != nullptr && key == Qt::Key_Space;
+  return !presses && qobject_cast<const QLineEdit*>(focus) == nullptr &&
          qobject_cast<const QAbstractItemView*>(focus) == nullptr;
 }
 

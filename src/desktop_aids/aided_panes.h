@@ -44,7 +44,7 @@ class AidedPanes {
 QPointF Pane_Position(const QPointF& in_widget);
 
 /// Whether a key that reaches an object is one for the panes: in the main window, while its focus
-/// is not on a control in which keys type text or press something.
-bool Is_Key_For_Panes(const AidedPanes& panes, const QObject* receiver);
+/// is not on a control in which the key types text, searches or presses something.
+bool Is_Key_For_Panes(const AidedPanes& panes, const QObject* receiver, int key);
 
 }  // namespace sylvomex

@@ -75,6 +75,8 @@ Aids::Aids(Desktop& desktop, bool is_dark)
   Name_Controls(desktop);
   desktop.Dialogs().Be_Calm([this](const std::string& words) { strip_->Tell(words); });
   desktop.Shown().When_Mirrored([this] { Refresh(); });
+  // Else the first tick has the focus, and the space bar ticks it instead of dragging a pane.
+  desktop.Shown().Main().findChild<QWidget*>(QStringLiteral("client"))->setFocus();
   Refresh();
 }
 

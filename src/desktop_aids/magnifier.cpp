@@ -105,9 +105,10 @@ bool Magnifier::eventFilter(QObject* watched, QEvent* event) {
     if (!locked_) Put_Away();
   }
   const bool is_key = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
-  if (!is_key || !Is_Key_For_Panes(panes_, watched)) return false;
-  if (event->type() == QEvent::KeyPress) return Key_Pressed(*static_cast<QKeyEvent*>(event));
-  return Key_Released(*static_cast<QKeyEvent*>(event));
+  if (!is_key) return false;
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  if (!Is_Key_For_Panes(panes_, watched, key.key())) return false;
+  return event->type() == QEvent::KeyPress ? Key_Pressed(key) : Key_Released(key);
 }
 
 bool Magnifier::Key_Pressed(const QKeyEvent& key) {

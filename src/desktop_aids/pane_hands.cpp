@@ -34,7 +34,7 @@ bool PaneHands::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
-      return Is_Key_For_Panes(panes_, watched) &&
+      return Is_Key_For_Panes(panes_, watched, static_cast<QKeyEvent*>(event)->key()) &&
              Space_Bar(*static_cast<QKeyEvent*>(event), event->type() == QEvent::KeyPress);
     case QEvent::WindowDeactivate:
       space_held_ = false;  // the release goes elsewhere

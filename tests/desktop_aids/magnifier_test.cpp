@@ -114,6 +114,20 @@ TEST_F(Glass, ItsKeyInABoxTypes) {
   EXPECT_FALSE(Magnifying().isVisible());
 }
 
+TEST_F(Glass, ItsKeyWorksAtOnceAfterTheStartAndBesideATickWithTheFocus) {
+  Start_Recorded("session.txt");
+  Point_At(0, 150, 140);
+  for (const bool is_on_tick : {false, true}) {
+    if (is_on_tick) Get<QCheckBox>("Check4").setFocus();
+    ASSERT_NE(Main().focusWidget(), nullptr);
+    QTest::keyPress(Main().focusWidget(), Magnifier::kKey);
+    EXPECT_TRUE(Magnifying().isVisible()) << is_on_tick;
+    QTest::qWait(300);
+    QTest::keyRelease(Main().focusWidget(), Magnifier::kKey);
+    EXPECT_FALSE(Magnifying().isVisible());
+  }
+}
+
 TEST_F(Glass, ItsKeyReachesNoCommand) {
   Start_Recorded("session.txt");
   Lock_At(0, 150, 140);

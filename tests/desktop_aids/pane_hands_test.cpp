@@ -73,6 +73,18 @@ TEST_F(Hands, TheLeftButtonDragsWhileTheSpaceBarIsHeld) {
   EXPECT_NE(w().Form1.Text1(0).Text, "");  // a click again
 }
 
+TEST_F(Hands, AfterTheStartTheSpaceBarDragsAndTicksNothing) {
+  Start_Recorded("session.txt");
+  Point_At(0, 200, 200);
+  const PaneView before = w().PaneViews(0);
+  ASSERT_NE(Main().focusWidget(), nullptr);
+  QTest::keyPress(Main().focusWidget(), Qt::Key_Space);
+  Drag(0, {200, 200}, {190, 200}, Qt::LeftButton);
+  QTest::keyRelease(Main().focusWidget(), Qt::Key_Space);
+  Expect_View(0, before.ViewCol + 10, before.ViewRow, 1);
+  EXPECT_EQ(w().Form1.Check4.Value, 0);
+}
+
 TEST_F(Hands, TheSpaceBarInABoxTypes) {
   Point_At(0, 200, 200);
   auto& box = Get<QLineEdit>("Text5");
