@@ -29,7 +29,13 @@ MappedFile Cells_Of(const DriveMap& drives, const RasterModel& model) try {
 }  // namespace
 
 MappedModel::MappedModel(const DriveMap& drives, const std::string& header)
-    : model_(Header_Of(drives, header)), cells_(Cells_Of(drives, model_)) {}
+    : model_(Header_Of(drives, header)), cells_(Cells_Of(drives, model_)) {
+  const std::uint64_t needed = static_cast<std::uint64_t>(model_.columns) *
+                               static_cast<std::uint64_t>(model_.rows) * sizeof(float);
+  if (cells_.Bytes().size() >= needed) return;
+  throw Refused(cells_.File().name + ": it has " + std::to_string(cells_.Bytes().size()) +
+                " bytes, " + std::to_string(needed) + " by its header " + header);
+}
 
 std::optional<double> MappedModel::Cell(std::uint64_t col, std::uint64_t row) const {
   const auto columns = static_cast<std::uint64_t>(model_.columns);

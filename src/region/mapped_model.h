@@ -20,7 +20,7 @@ struct HeightSpan {
 /// tells cells outside the model and without data apart.
 class MappedModel {
  public:
-  /// header: its name on the drives. Refused when header or cells cannot be read.
+  /// header: its name on the drives. Refused when header or cells cannot be read, or are too few.
   MappedModel(const DriveMap& drives, const std::string& header);
 
   /// Nothing outside the model and in a cell without data.

@@ -9,11 +9,12 @@
 #include <string>
 #include <vector>
 
+#include "region/input_files.h"
 #include "region/region_order.h"
 
 namespace sylvomex {
 
-inline constexpr int kPlanVersion = 1;
+inline constexpr int kPlanVersion = 2;
 
 enum class TaskKind { TreeTops, OrthoTile };
 
@@ -56,12 +57,15 @@ struct PlanNote {
 };
 
 struct RegionPlan {
-  std::string id;  // checksum of all below
+  std::string id;  // checksum of all below but the stamps of files
   std::filesystem::path site;
   std::string crs;
   WorldShift shift;
   std::string dem, chm;              // headers on the drives
   std::vector<std::string> headers;  // of the images
+  // The files that tasks read; none of an image that no task uses, of no chm without plots.
+  std::vector<std::optional<InputFiles>> image_files;  // as the headers
+  std::optional<InputFiles> dem_files, chm_files;
   TreeTopNumbers numbers;
   std::optional<GivenOrthoimage> orthoimage;  // its extent in working coordinates
   std::vector<RegionTask> tasks;

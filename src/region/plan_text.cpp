@@ -118,16 +118,17 @@ Json Json_Of(const RegionTask& task) {
   return json;
 }
 
-int Image_In(const Json& json, std::size_t images) {
+int Image_In(const Json& json, const RegionPlan& plan) {
   const int image = Whole_In(json);
-  if (image >= 0 && static_cast<std::size_t>(image) < images) return image;
+  const auto k = static_cast<std::size_t>(image);
+  if (image >= 0 && k < plan.headers.size() && plan.image_files[k]) return image;
   throw Refused("image " + std::to_string(image) + " of a task is none of the plan's");
 }
 
 TileTask Tile_In(const Json& json, const RegionPlan& plan) {
   if (!plan.orthoimage) throw Refused("a tile without an orthoimage");
   const TileTask tile{Whole_In(json.at("column")), Whole_In(json.at("row")),
-                      Image_In(json.at("image"), plan.headers.size())};
+                      Image_In(json.at("image"), plan)};
   const TileGrid2D grid = Tiles_Of(*plan.orthoimage);
   if (tile.column < 0 || tile.row < 0 || tile.column >= grid.tile_columns ||
       tile.row >= grid.tile_rows) {
@@ -145,7 +146,7 @@ PlotTask Plot_In(const Json& json, const RegionPlan& plan) {
   plot.model_tree = json.at("model_tree").get<std::string>();
   plot.model_top = Point_In(json.at("model_top"));
   for (const Json& image : json.at("images")) {
-    plot.images.push_back(Image_In(image, plan.headers.size()));
+    plot.images.push_back(Image_In(image, plan));
   }
   return plot;
 }
@@ -166,7 +167,51 @@ RegionTask Task_In(const Json& json, const RegionPlan& plan) {
   } else {
     throw Refused("\"" + kind + "\" is no kind of task");
   }
+  if (!plan.dem_files || (task.kind == TaskKind::TreeTops && !plan.chm_files)) {
+    throw Refused("the height models of its tasks are missing");
+  }
   return task;
+}
+
+Json Json_Of(const FileContent& file) { return {{"bytes", file.bytes}, {"sha256", file.checksum}}; }
+
+Json Stamp_Of(const FileContent& file) {
+  return {file.stamp.modified_ns, file.stamp.changed_ns, file.stamp.inode};
+}
+
+/// What `one` says of header and data file; null for none.
+Json Pair_Of(const std::optional<InputFiles>& files, Json (*one)(const FileContent&)) {
+  if (!files) return nullptr;
+  return Json::array({one(files->header), one(files->data)});
+}
+
+/// What `one` says of the files that tasks read.
+Json Files_Of(const RegionPlan& plan, Json (*one)(const FileContent&)) {
+  Json images = Json::array();
+  for (const auto& files : plan.image_files) images.push_back(Pair_Of(files, one));
+  return {{"images", images},
+          {"dem", Pair_Of(plan.dem_files, one)},
+          {"chm", Pair_Of(plan.chm_files, one)}};
+}
+
+FileContent Content_In(const Json& file, const Json& stamp) {
+  return {file.at("bytes").get<std::uint64_t>(),
+          file.at("sha256").get<std::string>(),
+          {stamp.at(0).get<std::int64_t>(), stamp.at(1).get<std::int64_t>(),
+           stamp.at(2).get<std::uint64_t>()}};
+}
+
+std::optional<InputFiles> Pair_In(const Json& files, const Json& stamps) {
+  if (files.is_null()) return std::nullopt;
+  return InputFiles{Content_In(files.at(0), stamps.at(0)), Content_In(files.at(1), stamps.at(1))};
+}
+
+void Read_Files(const Json& files, const Json& stamps, RegionPlan& plan) {
+  for (std::size_t k = 0; k < plan.headers.size(); ++k) {
+    plan.image_files.push_back(Pair_In(files.at("images").at(k), stamps.at("images").at(k)));
+  }
+  plan.dem_files = Pair_In(files.at("dem"), stamps.at("dem"));
+  plan.chm_files = Pair_In(files.at("chm"), stamps.at("chm"));
 }
 
 Json Json_Of(const std::vector<PlanNote>& notes) {
@@ -191,10 +236,15 @@ void Require_Text(const std::string& name) try {
 }
 
 Json Content_Of(const RegionPlan& plan) {
-  Json json{{"version", kPlanVersion}, {"site", plan.site.string()},
-            {"crs", plan.crs},         {"shift", {plan.shift.X, plan.shift.Y}},
-            {"dem", plan.dem},         {"chm", plan.chm},
-            {"headers", plan.headers}, {"boxes", Json_Of(plan.numbers)}};
+  Json json{{"version", kPlanVersion},
+            {"site", plan.site.string()},
+            {"crs", plan.crs},
+            {"shift", {plan.shift.X, plan.shift.Y}},
+            {"dem", plan.dem},
+            {"chm", plan.chm},
+            {"headers", plan.headers},
+            {"files", Files_Of(plan, Json_Of)},
+            {"boxes", Json_Of(plan.numbers)}};
   if (plan.orthoimage) json["orthoimage"] = Json_Of(*plan.orthoimage);
   json["left_out"] = Json_Of(plan.left_out);
   json["notes"] = Json_Of(plan.notes);
@@ -213,6 +263,7 @@ RegionPlan Plan_In(const Json& json) {
   plan.dem = json.at("dem").get<std::string>();
   plan.chm = json.at("chm").get<std::string>();
   plan.headers = json.at("headers").get<std::vector<std::string>>();
+  Read_Files(json.at("files"), json.at("stamps"), plan);
   plan.numbers = Numbers_In(json.at("boxes"));
   if (json.contains("orthoimage")) plan.orthoimage = Orthoimage_In(json.at("orthoimage"));
   plan.left_out = Notes_In(json.at("left_out"));
@@ -233,6 +284,7 @@ void Require_Version(const Json& json) {
 void Require_Unchanged(Json json) {
   const auto id = json.at("id").get<std::string>();
   json.erase("id");
+  json.erase("stamps");
   if (Text_Checksum(Dumped(json)) != id) throw Refused("it was changed after it had been planned");
 }
 
@@ -244,6 +296,7 @@ std::string Plan_Text(RegionPlan& plan) {
   Json json = Content_Of(plan);
   plan.id = Text_Checksum(Dumped(json));
   json["id"] = plan.id;
+  json["stamps"] = Files_Of(plan, Stamp_Of);
   return Dumped(json) + "\n";
 }
 

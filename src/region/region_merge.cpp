@@ -3,6 +3,8 @@
 
 #include <cpl_conv.h>
 
+#include <algorithm>
+
 #include "interchange/checksum.h"
 #include "interchange/csv_table.h"
 #include "interchange/failures.h"
@@ -129,6 +131,16 @@ void Make_Folder(const fs::path& folder) {
   if (error) throw Refused(folder.string() + ": " + error.message());
 }
 
+/// What an earlier merge made and this one has nothing of must not stand beside its results.
+void Remove_Outdated(const fs::path& folder, const std::vector<std::string>& made) {
+  for (const char* name : {"tree_tops.gpkg", "orthoimage.tif"}) {
+    if (std::find(made.begin(), made.end(), name) != made.end()) continue;
+    std::error_code error;
+    fs::remove(folder / name, error);
+    if (error) throw FailedOnTheWay((folder / name).string() + ": " + error.message());
+  }
+}
+
 void Put_In_Place(const fs::path& file, const fs::path& folder) {
   std::error_code error;
   fs::rename(file, folder / file.filename(), error);
@@ -154,6 +166,7 @@ RegionMerge Merge_Region(const RegionPlan& plan, const TaskStore& store, const f
   Write_Text(made / "report.txt", Survey_Text(plan, survey), merge);
   Write_Text(made / "report.html", Survey_Html(plan, survey, tops), merge);
   Write_Text(made / "map.svg", Survey_Map(plan, survey, tops), merge);
+  Remove_Outdated(output, merge.files);
   for (const std::string& file : merge.files) Put_In_Place(made / file, output);
   return merge;
 }

@@ -42,12 +42,16 @@ std::map<std::string, KeptFile> Files_In(const fs::path& folder) {
 }
 
 /// Does a task and says whether this process was the first to finish it.
-bool Run_One(const RegionPlan& plan, const TaskStore& store, const RegionTask& task, int threads,
-             double& seconds) {
+bool Run_One(const RegionPlan& plan, const TaskStore& store, InputCheck& inputs,
+             const RegionTask& task, int threads, double& seconds) {
   TaskClaim claim(store, task.id);
   Reset_Peak_Memory();
   LapClock clock;
-  const TaskYield yield = Work(plan, task, claim.Folder(), threads);
+  inputs.Require(task);
+  const double checking = clock.Lap();
+  TaskYield yield = Work(plan, task, claim.Folder(), threads);
+  inputs.Require(task);  // nothing was changed meanwhile
+  yield.seconds.read += checking;
   TaskReport report;
   report.plan = plan.id;
   report.task = task.id;
@@ -59,7 +63,7 @@ bool Run_One(const RegionPlan& plan, const TaskStore& store, const RegionTask& t
   report.memory_bytes = task.memory_bytes;
   report.peak_memory_bytes = Peak_Memory();
   report.seconds = yield.seconds;
-  report.seconds.total = seconds = clock.Lap();
+  report.seconds.total = seconds = checking + clock.Lap();
   // Checksums and what else follows the files belong to the writing.
   report.seconds.write = seconds - yield.seconds.read - yield.seconds.compute;
   Write_Task_File(claim.Folder() / "task.json", Report_Text(report));
@@ -77,12 +81,12 @@ std::string Noted(const TaskStore& store, const std::string& task, const std::st
   return cause + " (nor can the failure be noted: " + error.what() + ")";
 }
 
-TaskEnd Try_One(const RegionPlan& plan, const TaskStore& store, const RegionTask& task,
-                int threads) {
+TaskEnd Try_One(const RegionPlan& plan, const TaskStore& store, InputCheck& inputs,
+                const RegionTask& task, int threads) {
   TaskEnd end{task.id, TaskOutcome::DoneBefore, "", 0};
   try {
     if (store.Done(task.id)) return end;
-    const bool is_first = Run_One(plan, store, task, threads, end.seconds);
+    const bool is_first = Run_One(plan, store, inputs, task, threads, end.seconds);
     end.outcome = is_first ? TaskOutcome::Done : TaskOutcome::DoneByAnother;
     store.Forget_Failure(task.id);
   } catch (const std::bad_alloc&) {
@@ -108,9 +112,10 @@ std::vector<TaskEnd> Run_Tasks(const RegionPlan& plan, const TaskStore& store,
   const tbb::global_control limit(tbb::global_control::max_allowed_parallelism,
                                   static_cast<std::size_t>(std::max(threads, 1)));
   store.Remove_Left_Claims();
+  InputCheck inputs(plan);
   std::vector<TaskEnd> ends;
   for (const std::string& task : tasks) {
-    ends.push_back(Try_One(plan, store, *known.at(task), threads));
+    ends.push_back(Try_One(plan, store, inputs, *known.at(task), threads));
     tell(ends.back());
   }
   return ends;

@@ -26,6 +26,7 @@ struct PlanArguments {
   fs::path region, out;
   int bundle = kBundle;
   bool strict = false;
+  bool no_checksums = false;
 };
 
 struct RunArguments {
@@ -75,12 +76,13 @@ void Write_Plan(const fs::path& folder, const std::string& text) {
 
 int Run_Plan(const PlanArguments& arguments, SiteOutput& output) {
   RegionPlan plan = Plan_Region(Read_Region(arguments.region), arguments.bundle);
-  const std::string text = Plan_Text(plan);
   Tell_Notes(plan.notes, ": ", output);
   Tell_Notes(plan.left_out, " is left out: ", output);
   if (arguments.strict && !plan.left_out.empty()) {
     throw Refused(std::to_string(plan.left_out.size()) + " plots or tiles cannot be done");
   }
+  Tell_Input_Files(plan, !arguments.no_checksums);
+  const std::string text = Plan_Text(plan);
   Require_Own_Folder(arguments.out, plan);
   Write_Plan(arguments.out, text);
   std::uint64_t memory = 0;
@@ -190,6 +192,8 @@ void Add_Plan(CLI::App& app, ProgramTask& task) {
   command->add_option("--bundle", arguments->bundle, "tasks of a bundle, about")
       ->check(CLI::Range(1, 1000000));
   command->add_flag("--strict", arguments->strict, "refuse when something must be left out");
+  command->add_flag("--no-checksums", arguments->no_checksums,
+                    "tell changed images and models by size and time alone");
   Run_With(command, task, Run_Plan, arguments);
 }
 

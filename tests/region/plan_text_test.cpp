@@ -8,6 +8,10 @@
 namespace sylvomex {
 namespace {
 
+InputFiles Files(std::uint64_t bytes) {
+  return {{bytes, "abc", {-5, 6, 18446744073709551615U}}, {10 * bytes, "def", {7, 8, 9}}};
+}
+
 RegionPlan Sample() {
   RegionPlan plan;
   plan.site = "/site";
@@ -15,6 +19,9 @@ RegionPlan Sample() {
   plan.shift = {2000, -3000};
   plan.dem = "c:\\data\\d.hdr";
   plan.headers = {"c:\\data\\a.hdr", "c:\\data\\b.hdr"};
+  plan.image_files = {Files(1), Files(2)};
+  plan.dem_files = Files(3);
+  plan.chm_files = Files(4);
   plan.numbers.crown.EZA = -0.1;
   plan.orthoimage = GivenOrthoimage{{0, 0, 100, 50}, 0.1, 300, 170, 0};
   RegionTask plot;
@@ -56,6 +63,9 @@ TEST(PlanText, IsReadBackToTheLastBit) {
   EXPECT_EQ(read.tasks[0].plot.images, (std::vector<int>{1, 0}));
   EXPECT_EQ(read.tasks.at(1).tile.column, 3);
   EXPECT_EQ(read.shift.Y, -3000);
+  EXPECT_EQ(read.image_files.at(1)->data.bytes, 20U);
+  EXPECT_EQ(read.chm_files->header.checksum, "abc");
+  EXPECT_EQ(read.dem_files->header.stamp, (FileStamp{-5, 6, 18446744073709551615U}));
   EXPECT_EQ(read.left_out.at(0).cause, "it lies outside all images");
   EXPECT_EQ(Plan_Text(read), text);
 }
@@ -69,10 +79,41 @@ TEST(PlanText, HasAnIdThatFollowsFromItsContent) {
   EXPECT_NE(one.id, other.id);
 }
 
+TEST(PlanText, HasTheIdOfItsFilesContentAndNotOfTheirTimes) {
+  RegionPlan one = Sample(), touched = Sample(), changed = Sample();
+  touched.dem_files->data.stamp.modified_ns = 11;
+  changed.dem_files->data.checksum = "fed";
+  for (RegionPlan* plan : {&one, &touched, &changed}) (void)Plan_Text(*plan);
+  EXPECT_EQ(one.id, touched.id);
+  EXPECT_NE(one.id, changed.id);
+}
+
 TEST(PlanText, OfAnotherVersionIsRefused) {
   RegionPlan plan = Sample();
-  EXPECT_NE(Refusal_Of(Replaced(Plan_Text(plan), "\"version\":1", "\"version\":2"))
-                .find("it is a plan of version 2, this program reads version 1"),
+  for (const std::string version : {"1", "3"}) {
+    EXPECT_NE(Refusal_Of(Replaced(Plan_Text(plan), "\"version\":2", "\"version\":" + version))
+                  .find("it is a plan of version " + version +
+                        ", this program reads version 2; plan the region anew"),
+              std::string::npos);
+  }
+}
+
+TEST(PlanText, ThatDoesNotTellTheFilesOfItsTasksIsRefused) {
+  RegionPlan without_image = Sample(), without_chm = Sample();
+  without_image.image_files[1].reset();
+  without_chm.chm_files.reset();
+  EXPECT_NE(Refusal_Of(Plan_Text(without_image)).find("image 1 of a task is none of the plan's"),
+            std::string::npos);
+  EXPECT_NE(Refusal_Of(Plan_Text(without_chm)).find("the height models of its tasks are missing"),
+            std::string::npos);
+}
+
+TEST(PlanText, WhoseStampsAreGoneIsRefused) {
+  RegionPlan plan = Sample();
+  EXPECT_NE(Refusal_Of(Replaced(Plan_Text(plan), "\"stamps\"", "\"stump\"")).find("plan.json: "),
+            std::string::npos);
+  EXPECT_NE(Refusal_Of(Replaced(Plan_Text(plan), "[-5,6,18446744073709551615]", "[-5,6]"))
+                .find("it is damaged"),
             std::string::npos);
 }
 

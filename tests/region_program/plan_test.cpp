@@ -13,7 +13,7 @@ TEST_F(RegionSite, AnOrdinaryPlotBecomesATaskWithItsImagesAndModelTree) {
   ASSERT_EQ(played.status, 0) << played.err;
   EXPECT_EQ(played.err, "");
   const auto plan = Json("plan/plan.json");
-  EXPECT_EQ(plan["version"], 1);
+  EXPECT_EQ(plan["version"], 2);
   ASSERT_EQ(plan["tasks"].size(), 1U);
   const auto& task = plan["tasks"][0];
   EXPECT_EQ(task["id"], "tops-p1");
@@ -162,6 +162,13 @@ TEST_F(RegionSite, MissingModelsSitesAndTreesAreRefusedByName) {
   EXPECT_TOLD(Plan(Region(Plots(Plot("p1", 3, 3)))), "trees.csv: there is no such file");
   std::filesystem::remove(Site_File("c/data/chm.bin"));
   EXPECT_TOLD(Plan(Region(Plots(Plot("p1", 3, 3)))), "chm.bin");
+}
+
+TEST_F(RegionSite, AModelWithTooFewCellsIsRefused) {
+  std::filesystem::resize_file(Site_File("c/data/chm.bin"), 3);
+  const RegionPlayed played = Plan(Region(Plots(Plot("p1", 3, 3))));
+  EXPECT_EQ(played.status, 1);
+  EXPECT_TOLD(played, "chm.bin: it has 3 bytes, ");
 }
 
 TEST_F(RegionSite, APlanDoesNotReplaceOneWithResults) {

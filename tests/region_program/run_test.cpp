@@ -94,28 +94,6 @@ TEST_F(RegionSite, AFailedTaskSaysWhyAndTheOthersAreDone) {
   }
 }
 
-TEST_F(RegionSite, ARasterThatBecameShorterFailsTheTaskInsteadOfChangingItsResult) {
-  const std::string orthoimage =
-      "[orthoimage]\nwest = 0\nsouth = 0\neast = 8\nnorth = 8\ncell = 0.5\nlowest_ground = 0\n";
-  ASSERT_EQ(Plan(Region(Plots(Plot("p1", 3, 3)), orthoimage)).status, 0);
-  for (const char* name : {"c/data/im1.raw", "c/data/dem.bin"}) {
-    const fs::path whole = Site_File(name), away = Site_File("whole");
-    fs::rename(whole, away);
-    fs::copy(away, whole);
-    fs::resize_file(whole, 3);
-    const RegionPlayed played = Run({"--bundle", "0"});
-    EXPECT_EQ(played.status, 3);
-    for (const char* task : {"tops-p1", "ortho-r0-c0"}) {
-      EXPECT_NE(played.err.find(std::string(task) + " failed: Input past end of file"),
-                std::string::npos)
-          << name << "\n"
-          << played.err;
-    }
-    fs::rename(away, whole);
-  }
-  EXPECT_EQ(Run({"--bundle", "0"}).status, 0);
-}
-
 TEST_F(RegionSite, AFullDiskIsThatTasksFailure) {
   ASSERT_EQ(Plan(Region(Plots(Plot("p1", 3, 3)))).status, 0);
   RegionPlayed played;
