@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <string>
 
+#include "platform/disk_room.h"
 #include "platform/file_descriptor.h"
 #include "platform/sound_reads.h"
 #include "platform/write_witness.h"
@@ -39,8 +40,7 @@ ReplacingFile::ReplacingFile(const FilePath& file, std::uint64_t size)
     Throw_File_Error(file_, ENXIO);
   }
   open_file_ = std::make_unique<FileDescriptor>(partial_, O_WRONLY | O_CREAT | O_TRUNC);
-  if (size == 0) return;
-  const int failed = posix_fallocate(open_file_->Number(), 0, static_cast<off_t>(size));
+  const int failed = Reserve_Disk_Room(open_file_->Number(), size);
   if (failed == 0) return;
   unlink(partial_.native.c_str());
   Throw_File_Error(file_, failed);

@@ -7,10 +7,10 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <limits>
 #include <string>
 #include <vector>
 
+#include "platform/disk_room.h"
 #include "platform/file_descriptor.h"
 #include "platform/guest_files.h"
 #include "platform/replacing_file.h"
@@ -32,18 +32,12 @@ int Open_Unnamed(const FilePath& folder) {
   return named;
 }
 
-int Reserve(int number, std::uint64_t size) {
-  if (size == 0) return 0;
-  if (size > static_cast<std::uint64_t>(std::numeric_limits<off_t>::max())) return EFBIG;
-  return posix_fallocate(number, 0, static_cast<off_t>(size));
-}
-
 }  // namespace
 
 UnnamedFile::UnnamedFile(const FilePath& folder, std::uint64_t size)
     : folder_(folder), size_(size), descriptor_(Open_Unnamed(folder)) {
   if (descriptor_ < 0) Throw_File_Error(folder_, errno);
-  const int failed = Reserve(descriptor_, size);
+  const int failed = Reserve_Disk_Room(descriptor_, size);
   if (failed == 0) return;
   close(descriptor_);
   Throw_File_Error(folder_, failed);

@@ -39,6 +39,8 @@ class BorderWalk {
 /// Cells of one axis between two places: first to last, both included.
 struct CellRange {
   std::int32_t first = 0, last = -1;
+
+  [[nodiscard]] double Count() const { return static_cast<double>(last) - first + 1; }
 };
 
 CellRange Cells_Between(double from, double to, double origin, double pixel, std::int32_t count) {
@@ -46,6 +48,14 @@ CellRange Cells_Between(double from, double to, double origin, double pixel, std
   const double last = std::min(count - 1.0, std::ceil((to - origin) / pixel));
   if (!(first <= last)) return {};
   return {static_cast<std::int32_t>(first), static_cast<std::int32_t>(last)};
+}
+
+CellRange Columns_Of(const OrthoGrid& grid, const GroundLimits& limits) {
+  return Cells_Between(limits.west, limits.east, grid.X0, grid.pixel, grid.columns);
+}
+
+CellRange Rows_Of(const OrthoGrid& grid, const GroundLimits& limits) {
+  return Cells_Between(limits.south, limits.north, grid.Y0, grid.pixel, grid.rows);
 }
 
 bool Covers(const ImageRecord& image, const Camera& camera, const Point3D& place) {
@@ -84,8 +94,7 @@ OrthoGrid Grid_Over(const GroundLimits& limits, double pixel) {
 void Mark_Covered_Cells(const OrthoGrid& grid, const ImageRecord& image, const Camera& camera,
                         const GroundLimits& limits, std::uint8_t number, std::span<float> ids,
                         std::span<std::uint8_t> numbers) {
-  const CellRange cols = Cells_Between(limits.west, limits.east, grid.X0, grid.pixel, grid.columns);
-  const CellRange rows = Cells_Between(limits.south, limits.north, grid.Y0, grid.pixel, grid.rows);
+  const CellRange cols = Columns_Of(grid, limits), rows = Rows_Of(grid, limits);
   for (std::int32_t row = rows.first; row <= rows.last; ++row) {
     for (std::int32_t col = cols.first; col <= cols.last; ++col) {
       const std::size_t cell =
@@ -98,6 +107,14 @@ void Mark_Covered_Cells(const OrthoGrid& grid, const ImageRecord& image, const C
       numbers[cell] = number;
     }
   }
+}
+
+double Cells_Within(const OrthoGrid& grid, std::span<const GroundLimits> limits) {
+  double cells = 0;
+  for (const GroundLimits& one : limits) {
+    cells += Columns_Of(grid, one).Count() * Rows_Of(grid, one).Count();
+  }
+  return std::min(cells, static_cast<double>(grid.Cells()));
 }
 
 std::uint8_t Index_Number(std::size_t place) { return static_cast<std::uint8_t>(place % 255 + 1); }

@@ -40,6 +40,9 @@ void Mark_Covered_Cells(const OrthoGrid& grid, const ImageRecord& image, const C
                         const GroundLimits& limits, std::uint8_t number, std::span<float> ids,
                         std::span<std::uint8_t> numbers);
 
+/// How many cells the images can have at most: no more than those within their limits.
+double Cells_Within(const OrthoGrid& grid, std::span<const GroundLimits> limits);
+
 /// The byte of the image at a place of the archive's table, from 0: 1 to 255, then again from 1.
 std::uint8_t Index_Number(std::size_t place);
 

@@ -57,6 +57,15 @@ TEST(OrthoIndex, ATurnedImageSpansItsDiagonal) {
   EXPECT_NEAR(limits->north - limits->south, 20, 1e-9);
 }
 
+TEST(OrthoIndex, OnlyCellsWithinLimitsOfImagesCount) {
+  // Two fields of 10 x 20 m, 1 km apart, and cells of 1 m: 11 x 21 of each.
+  const GroundLimits a{0, 10, 0, 20}, b{1000, 1010, 1000, 1020};
+  const OrthoGrid far_apart = Grid_Over(Around_Both(a, b), 1);
+  EXPECT_EQ(Cells_Within(far_apart, std::vector{a, b}), 2 * 11 * 21);
+  // Over one another they have no more cells than the grid.
+  EXPECT_EQ(Cells_Within(Grid_Over(a, 1), std::vector{a, a, a}), 11 * 21);
+}
+
 TEST(OrthoIndex, AnImageThatLooksUpHasNoLimits) {
   ImageRecord image = Image(0, 0);
   image.Omega = std::numbers::pi;

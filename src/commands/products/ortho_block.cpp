@@ -7,6 +7,7 @@
 #include "closedlib/parallel_tasks.h"
 #include "commands/products/block_output.h"
 #include "commands/products/ortho_inputs.h"
+#include "platform/memory_room.h"
 #include "platform/number_text.h"
 #include "platform/sound_reads.h"
 #include "services/progress.h"
@@ -42,6 +43,13 @@ std::vector<OrthoSource> Open_Sources(Workspace& w, const BlockImages& images) {
     sources.back().pixel_bytes = kPixelBytes;
   }
   return sources;
+}
+
+void Require_Memory_For_Band(const OrthoGrid& grid) {
+  const std::int32_t rows = Tile_At(grid, 0, 0).rows;
+  Require_Memory(
+      static_cast<std::uint64_t>(grid.columns) * static_cast<std::uint64_t>(rows) * kPixelBytes,
+      "a band of " + Plain_Text(grid.columns) + " x " + Plain_Text(rows) + " cells");
 }
 
 /// A row of tiles.
@@ -81,6 +89,7 @@ void OrthoBlock(Workspace& w) {
   Show_Size(w, grid);
   const BlockImages images = Take_Images(w);
   const BlockOutput output(w, grid);
+  Require_Memory_For_Band(grid);
   Progress progress(w, w.Form1.Label2);
   std::vector<std::uint8_t> cells;
   WorkMeter meter(Tile_Count(grid.rows));

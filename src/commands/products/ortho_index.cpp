@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "commands/products/ortho_index.h"
 
+#include <algorithm>
+#include <numeric>
 #include <optional>
 #include <vector>
 
 #include "commands/products/ortho_inputs.h"
 #include "imageblock/image_header.h"
+#include "platform/memory_room.h"
 #include "platform/number_text.h"
 #include "platform/replacing_file.h"
 #include "platform/zeroed_array.h"
@@ -17,6 +20,8 @@
 
 namespace sylvomex {
 namespace {
+
+constexpr std::size_t kPieceCells = std::size_t{1} << 20;
 
 struct IndexOrder {
   std::string table;  // file of the cameras
@@ -59,25 +64,43 @@ std::vector<CoveringImage> Read_Images(Workspace& w, const std::string& table) {
   return images;
 }
 
-GroundLimits Limits_Of_All(const std::vector<CoveringImage>& images, const std::string& table) {
+/// The grid over all images; their cells will be written, so that their memory is needed.
+OrthoGrid Grid_Of_All(const std::vector<CoveringImage>& images, const IndexOrder& order) {
   if (images.empty()) {
-    throw RunTimeError(Failure::BadContent, table + " lists no image that sees the ground");
+    throw RunTimeError(Failure::BadContent, order.table + " lists no image that sees the ground");
   }
-  GroundLimits limits = images.front().limits;
-  for (const CoveringImage& image : images) limits = Around_Both(limits, image.limits);
-  return limits;
+  std::vector<GroundLimits> limits;
+  limits.reserve(images.size());
+  for (const CoveringImage& image : images) limits.push_back(image.limits);
+  const OrthoGrid grid = Grid_Over(
+      std::accumulate(limits.begin(), limits.end(), limits.front(), Around_Both), order.pixel);
+  const double bytes = Cells_Within(grid, limits) * (sizeof(float) + sizeof(std::uint8_t));
+  Require_Memory(static_cast<std::uint64_t>(bytes), "an index of " + Plain_Text(grid.columns) +
+                                                        " x " + Plain_Text(grid.rows) + " cells");
+  return grid;
+}
+
+std::string New_Result_Name(Workspace& w) {
+  return "C:\\temp\\" + Random_Id8(w.screen->Random()) + ".raw";
 }
 
 void Write_Result(Workspace& w, std::span<const std::uint8_t> content) {
-  const std::string name = "C:\\temp\\" + Random_Id8(w.screen->Random()) + ".raw";
+  const std::string name = New_Result_Name(w);
   Replace_Whole_File(w.Drives.Locate(name), content);
   Say_Written(w, name);
 }
 
-ZeroedArray<std::uint8_t> Three_A_Cell(std::span<const std::uint8_t> numbers) {
-  ZeroedArray<std::uint8_t> bytes(3 * numbers.size());
-  for (std::size_t k = 0; k < bytes.size(); ++k) bytes[k] = numbers[k / 3];
-  return bytes;
+void Write_Three_A_Cell(Workspace& w, std::span<const std::uint8_t> numbers) {
+  const std::string name = New_Result_Name(w);
+  ReplacingFile file(w.Drives.Locate(name), 3 * numbers.size());
+  std::vector<std::uint8_t> piece;
+  for (std::size_t at = 0; at < numbers.size(); at += kPieceCells) {
+    piece.resize(3 * std::min(kPieceCells, numbers.size() - at));
+    for (std::size_t k = 0; k < piece.size(); ++k) piece[k] = numbers[at + k / 3];
+    file.Write_At(3 * at, piece);
+  }
+  file.Commit();
+  Say_Written(w, name);
 }
 
 std::span<const std::uint8_t> Bytes_Of(std::span<const float> floats) {
@@ -90,7 +113,7 @@ void Create_An_OrthoIndex(Workspace& w) {
   const auto order = Ask_Order(w);
   if (!order) return;
   const std::vector<CoveringImage> images = Read_Images(w, order->table);
-  const OrthoGrid grid = Grid_Over(Limits_Of_All(images, order->table), order->pixel);
+  const OrthoGrid grid = Grid_Of_All(images, *order);
   ZeroedArray<float> ids(grid.Cells());
   ZeroedArray<std::uint8_t> numbers(grid.Cells());
   WorkMeter meter(static_cast<double>(images.size()));
@@ -101,7 +124,7 @@ void Create_An_OrthoIndex(Workspace& w) {
   }
   Write_Result(w, Bytes_Of(ids.All()));
   if (!order->colour) return Write_Result(w, numbers.All());
-  Write_Result(w, Three_A_Cell(numbers.All()).All());
+  Write_Three_A_Cell(w, numbers.All());
 }
 
 }  // namespace sylvomex

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // OrthoBlock over two wide photographs at X 0 and 1000, which see 900 m to either side.
 #include "products_fixture.h"
+#include "support/address_space_limit.h"
 
 namespace sylvomex {
 namespace {
@@ -177,6 +178,16 @@ TEST_F(OrthoBlockCommand, AResultThatCannotBeWrittenLeavesTheOldFile) {
       site.Folder(), Answers({"700", "0", "498", "498", "2"}) + "try menu OrthoBlock\n");
   EXPECT_TRUE(Has(played, "Disk full: a mosaic of 250 x 250 cells")) << played.transcript;
   EXPECT_EQ(site.Folder().Read("c/data/block.raw"), "old");
+}
+
+TEST_F(OrthoBlockCommand, ABandBeyondTheMemoryThatIsLeftIsRefusedWithMegabytes) {
+  const AddressSpaceLimit limit(std::uint64_t{512} << 20);
+  const PlayedSession played = Play_Block(Answers({"0", "0", "1999999", "99", "1"}));
+  // 2,000,000 x 100 cells of three bytes are 572.2 MB.
+  EXPECT_TRUE(
+      Has(played, "error OrthoBlock \"Out of memory: a band of 2000000 x 100 cells takes 572 MB, "))
+      << played.transcript;
+  EXPECT_TRUE(Has(played, " MB are left\"")) << played.transcript;
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "products_fixture.h"
+#include "support/address_space_limit.h"
 
 namespace sylvomex {
 namespace {
@@ -125,6 +126,28 @@ TEST_F(OrthoIndexCommand, ADismissedQuestionEndsQuietly) {
   const PlayedSession played = Play("input 533\ncancel\nmenu Create_An_OrthoIndex\n");
   EXPECT_EQ(played.status, 0) << played.reason;
   EXPECT_FALSE(Has(played, "written"));
+}
+
+TEST_F(OrthoIndexCommand, CellsBeyondTheMemoryThatIsLeftAreRefusedWithMegabytes) {
+  const AddressSpaceLimit limit(std::uint64_t{512} << 20);
+  const PlayedSession played = Play_Index({"533", "0.2", "1"});
+  // 2998 x 2000 m: 14991 x 10001 cells of five bytes are 714.9 MB.
+  EXPECT_TRUE(Has(played,
+                  "error Create_An_OrthoIndex \"Out of memory: an index of 14991 x 10001 cells "
+                  "takes 714 MB, "))
+      << played.transcript;
+  EXPECT_TRUE(Has(played, " MB are left\"")) << played.transcript;
+}
+
+TEST_F(OrthoIndexCommand, ColourBeyondOnePieceIsThreeTimesTheOtherIndex) {
+  // 1.5 million cells: 1500 x 1001 of 2 m.
+  const std::string grey = Written(Play_Index({"533", "2", "0"}), 1);
+  const std::string colour = Written(Play_Index({"533", "2", "1"}), 1);
+  ASSERT_EQ(grey.size(), 1500u * 1001);
+  ASSERT_EQ(colour.size(), 3 * grey.size());
+  std::size_t wrong = 0;
+  for (std::size_t k = 0; k < colour.size(); ++k) wrong += colour[k] != grey[k / 3] ? 1 : 0;
+  EXPECT_EQ(wrong, 0u);
 }
 
 }  // namespace
