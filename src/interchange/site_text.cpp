@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "interchange/site_text.h"
 
-#include <toml++/toml.h>
-
 #include <sstream>
 
 #include "interchange/failures.h"
+#include "interchange/toml_text.h"
 
 namespace sylvomex {
 namespace {
@@ -97,12 +96,18 @@ std::string Site_Text(const Site& site) {
   for (const ImportEntry& entry : site.imports) imports.push_back(Table_Of(entry));
   if (!imports.empty()) root.insert("imports", imports);
   std::ostringstream text;
-  text << "# World = working + shift, metres. Kept by sylvomex-site.\n" << root << '\n';
+  // Every string between double quotes with escapes: the others are written wrong where they hold
+  // ends of lines or three quotes.
+  constexpr auto kFlags = toml::toml_formatter::default_flags &
+                          ~toml::format_flags::allow_multi_line_strings &
+                          ~toml::format_flags::allow_literal_strings;
+  text << "# World = working + shift, metres. Kept by sylvomex-site.\n"
+       << toml::toml_formatter(root, kFlags) << '\n';
   return text.str();
 }
 
-Site Parse_Site(std::string_view text, const std::string& name) try {
-  const toml::table root = toml::parse(text);
+Site Parse_Site(std::string_view text, const std::string& name) {
+  const toml::table root = Parse_Toml(text, name);
   Site site;
   site.crs = Required<std::string>(root, "crs", name);
   site.shift = Shift_In(root, name);
@@ -114,9 +119,6 @@ Site Parse_Site(std::string_view text, const std::string& name) try {
   For_Each_Table(root, "imports",
                  [&](const toml::table& table) { site.imports.push_back(Entry_In(table, name)); });
   return site;
-} catch (const toml::parse_error& error) {
-  Refuse(name, "line " + std::to_string(error.source().begin.line) + ": " +
-                   std::string(error.description()));
 }
 
 }  // namespace sylvomex

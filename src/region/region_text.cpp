@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "region/region_text.h"
 
-#include <toml++/toml.h>
-
 #include <algorithm>
 #include <cmath>
 #include <initializer_list>
 #include <set>
-#include <sstream>
 
 #include "interchange/csv_table.h"
 #include "interchange/failures.h"
+#include "interchange/toml_text.h"
 
 namespace sylvomex {
 namespace {
@@ -263,14 +261,8 @@ bool Is_Task_Name(std::string_view text) {
 bool Is_Plot_Name(std::string_view text) { return text.size() <= 64 && Is_Task_Name(text); }
 
 RegionOrder Parse_Region(std::string_view text, const fs::path& folder, const std::string& name) {
-  try {
-    const toml::table root = toml::parse(text, name);
-    return Order_In(Section(root, "", name), folder);
-  } catch (const toml::parse_error& error) {
-    std::ostringstream where;
-    where << error.source().begin;
-    throw Refused(name + ": no TOML: " + std::string(error.description()) + " at " + where.str());
-  }
+  const toml::table root = Parse_Toml(text, name);
+  return Order_In(Section(root, "", name), folder);
 }
 
 RegionOrder Read_Region(const fs::path& file) {

@@ -71,7 +71,7 @@ TEST(OpenSite, RefusesADamagedSiteFileWithItsLine) {
     Open_Site(folder.Path());
     FAIL() << "it was read";
   } catch (const Refused& refusal) {
-    EXPECT_NE(std::string(refusal.what()).find("site.toml: line "), std::string::npos);
+    EXPECT_NE(std::string(refusal.what()).find("site.toml, line "), std::string::npos);
   }
 }
 
@@ -97,6 +97,17 @@ TEST(SiteText, ReturnsEveryField) {
   EXPECT_EQ(read.imports[0].settings.at("campaign"), "2007");
   ASSERT_EQ(read.conventions.size(), 1U);
   EXPECT_EQ(read.conventions[0].name, "degrees");
+}
+
+TEST(SiteText, NamesOfEveryCharacterComeBack) {
+  for (const char* path : {"a\nb", "a'''\nb\"\"\"c", "'\"\\", "\xC3\xA4'\\.tif", "\t\x01\x7F",
+                           "\xE2\x80\xA8\"\n'", "", "#[x]\r\n"}) {
+    Site site;
+    site.crs = "EPSG:3067";
+    site.imports.push_back({"images", "", {{path, "00", 1}}, {}});
+    const std::string text = Site_Text(site);
+    EXPECT_EQ(Parse_Site(text, "site.toml").imports.at(0).files.at(0).path, path) << text;
+  }
 }
 
 TEST(SiteText, RefusesAShiftOfAnotherKind) {

@@ -68,7 +68,7 @@ TEST(RegionText, TakesAnAreaAndAnOrthoimage) {
 }
 
 TEST(RegionText, NamesWhatItRefuses) {
-  EXPECT_REFUSED("site = ", "r.toml: no TOML");
+  EXPECT_REFUSED("site = ", "r.toml, line 1: no TOML");
   EXPECT_REFUSED("", "\"site\" is missing");
   EXPECT_REFUSED(kStart, "neither plots nor an [area] nor an [orthoimage]");
   EXPECT_REFUSED("colour = 1\n" + kTops, "\"colour\" is not known");
