@@ -13,7 +13,7 @@
 namespace sylvomex {
 namespace {
 
-constexpr std::size_t kBlockBytes = std::size_t{1} << 20;
+constexpr std::size_t kBlockBytes = std::size_t{1} << 18;
 
 class Sha256 {
  public:
@@ -40,7 +40,7 @@ class Sha256 {
 
 }  // namespace
 
-std::string File_Checksum(const std::filesystem::path& file) {
+std::string File_Checksum(const std::filesystem::path& file, const std::stop_token& stop) {
   std::error_code ignored;
   std::ifstream stream(file, std::ios::binary);
   if (!stream || std::filesystem::is_directory(file, ignored)) {
@@ -48,7 +48,7 @@ std::string File_Checksum(const std::filesystem::path& file) {
   }
   Sha256 sum;
   std::vector<char> block(kBlockBytes);
-  while (stream) {
+  while (stream && !stop.stop_requested()) {
     stream.read(block.data(), static_cast<std::streamsize>(block.size()));
     sum.Add(block.data(), static_cast<std::size_t>(stream.gcount()));
   }

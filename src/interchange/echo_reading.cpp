@@ -24,9 +24,9 @@ EchoRecord Record_Of(const LasPoint& point, std::uint32_t source) {
   return echo;
 }
 
-std::vector<EchoRecord> Records_Of(const LasBlock& block, const EchoSource& source) {
-  std::vector<EchoRecord> echoes;
-  echoes.reserve(block.count);
+void Append_Records(const LasBlock& block, const EchoSource& source,
+                    std::vector<EchoRecord>& echoes) {
+  echoes.reserve(echoes.size() + block.count);
   std::uint64_t pulse = block.pulses_before;
   int returns = block.returns_before;
   const LasHeader& header = source.header;
@@ -42,7 +42,6 @@ std::vector<EchoRecord> Records_Of(const LasBlock& block, const EchoSource& sour
       echoes.back().key = Untimed_Key(pulse);
     }
   }
-  return echoes;
 }
 
 std::int32_t Number_In(const EchoFrame& frame, std::size_t axis, double coordinate) {
@@ -53,7 +52,7 @@ std::int32_t Number_In(const EchoFrame& frame, std::size_t axis, double coordina
 
 /// Brings positions from the system of the source to the site's.
 void Reproject(const EchoSource& source, const std::string& site,
-               std::vector<EchoRecord>& echoes) try {
+               std::span<EchoRecord> echoes) try {
   const auto from = Coordinate_System(source.system);
   const auto to = Coordinate_System(site);
   const std::unique_ptr<OGRCoordinateTransformation> transform(
@@ -77,11 +76,11 @@ void Reproject(const EchoSource& source, const std::string& site,
 
 }  // namespace
 
-std::vector<EchoRecord> Read_Echoes(const LasBlock& block, const EchoSource& source,
-                                    const std::string& site) {
-  std::vector<EchoRecord> echoes = Records_Of(block, source);
-  if (!source.system.empty()) Reproject(source, site, echoes);
-  return echoes;
+void Read_Echoes(const LasBlock& block, const EchoSource& source, const std::string& site,
+                 std::vector<EchoRecord>& echoes) {
+  const std::size_t before = echoes.size();
+  Append_Records(block, source, echoes);
+  if (!source.system.empty()) Reproject(source, site, std::span(echoes).subspan(before));
 }
 
 }  // namespace sylvomex

@@ -9,10 +9,10 @@
 
 namespace sylvomex {
 
-/// The echoes of a block in their order, in the frame of their source. site: the system (WKT or
-/// another text for PROJ) that sources with a system of their own are reprojected to. Refused,
-/// naming the file, where that cannot be.
-std::vector<EchoRecord> Read_Echoes(const LasBlock& block, const EchoSource& source,
-                                    const std::string& site);
+/// Appends the echoes of a block in their order, in the frame of their source. site: the system
+/// (WKT or another text for PROJ) that sources with a system of their own are reprojected to.
+/// Refused, naming the file, where that cannot be.
+void Read_Echoes(const LasBlock& block, const EchoSource& source, const std::string& site,
+                 std::vector<EchoRecord>& echoes);
 
 }  // namespace sylvomex

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "interchange/echo_record.h"
+#include "interchange/flight_lines.h"
 #include "interchange/told_share.h"
 
 namespace sylvomex {
@@ -21,12 +22,15 @@ struct SourceSurvey {
   double first_time = 0, last_time = 0;  // least and greatest
   std::uint64_t ground = 0;              // echoes of class 2
   bool all_times_finite = true;
+  bool in_order = true;                     // no time is less than that of the echo before
+  std::vector<std::uint64_t> sampled_keys;  // of the echoes 0, every, 2 every ... with times
 };
 
 struct EchoSurvey {
   std::vector<SourceSurvey> sources;
   std::uint64_t echoes = 0;
-  std::vector<std::uint64_t> sampled_keys;  // of every 64th echo with a time, in order of the files
+  std::uint64_t every = 64;  // from a sampled key to the next; more for very many echoes
+  FlightLines lines;         // of the echoes with times, in the coordinates of their files
 };
 
 /// Reads all points of the sources. Refused for a file that becomes shorter.
@@ -38,7 +42,6 @@ bool Times_Tell_Pulses(const EchoSource& source, const SourceSurvey& survey);
 
 /// Limits that divide the echoes into shares of about `share` echoes, by the sampled keys: share i
 /// holds the keys from limits[i - 1] up to below limits[i]. Echoes of one key are never divided.
-std::vector<std::uint64_t> Share_Limits(std::vector<std::uint64_t> sampled_keys,
-                                        std::uint64_t share);
+std::vector<std::uint64_t> Share_Limits(const EchoSurvey& survey, std::uint64_t share);
 
 }  // namespace sylvomex

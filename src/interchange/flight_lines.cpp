@@ -6,15 +6,11 @@
 namespace sylvomex {
 
 void FlightLines::Add(std::span<const EchoRecord> echoes, const EchoFrame& frame) {
+  Taker taker(*this);
   for (const EchoRecord& echo : echoes) {
     if (!Has_Time(echo.key)) continue;
-    const double time = Time_Of(echo.key);
-    const double X = frame.Coordinate(0, echo.position[0]);
-    const double Y = frame.Coordinate(1, echo.position[1]);
-    const auto [line, is_new] = lines_.try_emplace(echo.line);
-    Sums& sums = line->second;
-    if (is_new) sums = {time, X, Y};
-    Add_Shifted({time, X, Y, 1}, sums);
+    taker.Take(echo.line, Time_Of(echo.key), frame.Coordinate(0, echo.position[0]),
+               frame.Coordinate(1, echo.position[1]));
   }
 }
 
@@ -48,6 +44,14 @@ std::optional<Heading> FlightLines::Heading_Of(std::uint16_t line) const {
   const double length = std::hypot(X, Y);
   if (!(length > 0)) return std::nullopt;
   return Heading{X / length, Y / length};
+}
+
+std::map<std::uint16_t, Heading> FlightLines::Headings() const {
+  std::map<std::uint16_t, Heading> headings;
+  for (const auto& [line, sums] : lines_) {
+    if (const std::optional<Heading> heading = Heading_Of(line)) headings.emplace(line, *heading);
+  }
+  return headings;
 }
 
 }  // namespace sylvomex

@@ -93,10 +93,11 @@ void ImportTransaction::Commit() {
   files_.clear();
 }
 
-std::vector<SourceFile> Source_Files(const std::vector<fs::path>& files) {
+std::vector<SourceFile> Source_Files(const std::vector<fs::path>& files,
+                                     const std::stop_token& stop) {
   std::vector<SourceFile> sources;
   for (const fs::path& file : files) {
-    const std::string checksum = File_Checksum(file);
+    const std::string checksum = File_Checksum(file, stop);
     sources.push_back({file.string(), checksum, fs::file_size(file)});
   }
   return sources;

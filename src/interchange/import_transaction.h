@@ -7,6 +7,7 @@
 
 #include <filesystem>
 #include <map>
+#include <stop_token>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -55,6 +56,8 @@ class ImportTransaction {
 };
 
 /// The source files of an entry with checksums and sizes. Refused for one that cannot be read.
-std::vector<SourceFile> Source_Files(const std::vector<std::filesystem::path>& files);
+/// stop: as of File_Checksum.
+std::vector<SourceFile> Source_Files(const std::vector<std::filesystem::path>& files,
+                                     const std::stop_token& stop = {});
 
 }  // namespace sylvomex

@@ -7,27 +7,38 @@
 
 namespace sylvomex {
 
-LasBlockReader::LasBlockReader(std::span<const EchoSource> sources) : sources_(sources) {}
-
-bool LasBlockReader::Next(LasBlock& block) {
-  while (source_ < sources_.size() && point_ == sources_[source_].header.count) {
-    ++source_;
-    point_ = 0;
-    file_.clear();
-    last_returns_ = 255;
+std::vector<LasRun> Las_Runs(std::span<const EchoSource> sources) {
+  std::vector<LasRun> runs;
+  for (std::uint32_t source = 0; source < sources.size(); ++source) {
+    const std::uint64_t count = sources[source].header.count;
+    for (std::uint64_t first = 0; first < count; first += kLasBlock) {
+      runs.push_back({source, first, std::min(kLasBlock, count - first)});
+    }
   }
-  if (source_ == sources_.size()) return false;
-  const EchoSource& source = sources_[source_];
-  if (file_.empty()) file_.emplace_back(FilePath{source.name, source.path});
-  block.source = source_;
-  block.count = std::min(kLasBlock, source.header.count - point_);
+  return runs;
+}
+
+void Read_Run(const EchoSource& source, const LasRun& run, std::vector<std::uint8_t>& bytes) {
   const auto record = static_cast<std::uint64_t>(source.header.record_bytes);
-  block.bytes.resize(block.count * record);
-  const std::uint64_t at = source.header.points_at + point_ * record;
-  if (file_.front().Read_At(static_cast<std::int64_t>(at), block.bytes) != block.bytes.size()) {
+  const std::uint64_t at = source.header.points_at + run.first * record;
+  bytes.resize(run.count * record);
+  const PositionalFile file(FilePath{source.name, source.path});
+  if (file.Read_At(static_cast<std::int64_t>(at), bytes) != bytes.size()) {
     throw Refused(source.name + ": the file became shorter while it was read");
   }
-  point_ += block.count;
+}
+
+LasBlockReader::LasBlockReader(std::span<const EchoSource> sources)
+    : sources_(sources), runs_(Las_Runs(sources)) {}
+
+bool LasBlockReader::Next(LasBlock& block) {
+  if (next_ == runs_.size()) return false;
+  const LasRun& run = runs_[next_++];
+  const EchoSource& source = sources_[run.source];
+  block.source = run.source;
+  block.count = run.count;
+  Read_Run(source, run, block.bytes);
+  if (run.first == 0) last_returns_ = 255;
   if (!source.timed) Count_Untimed(block);
   return true;
 }

@@ -51,6 +51,19 @@ class LasPoint {
   bool later_;
 };
 
+/// Consecutive points of one source, counted from 0.
+struct LasRun {
+  std::uint32_t source = 0;
+  std::uint64_t first = 0, count = 0;
+};
+
+/// The points of all sources one after the other, in runs of kLasBlock; those of a source begin
+/// anew with its first point.
+std::vector<LasRun> Las_Runs(std::span<const EchoSource> sources);
+
+/// Reads the point records of a run of a source. Refused, naming the file, when it became shorter.
+void Read_Run(const EchoSource& source, const LasRun& run, std::vector<std::uint8_t>& bytes);
+
 /// A run of consecutive point records of one source.
 struct LasBlock {
   std::uint32_t source = 0;
@@ -72,9 +85,8 @@ class LasBlockReader {
   void Count_Untimed(LasBlock& block);
 
   std::span<const EchoSource> sources_;
-  std::uint32_t source_ = 0;
-  std::uint64_t point_ = 0;
-  std::vector<PositionalFile> file_;  // the present one
+  std::vector<LasRun> runs_;
+  std::size_t next_ = 0;
   std::uint64_t pulses_ = 0;
   int last_returns_ = 255;
 };

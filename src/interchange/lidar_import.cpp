@@ -9,9 +9,11 @@
 #include "interchange/echo_spill.h"
 #include "interchange/failures.h"
 #include "interchange/lidar_sources.h"
+#include "interchange/ordered_shares.h"
 #include "interchange/pulse_bytes.h"
 #include "interchange/pulse_sorting.h"
 #include "interchange/site.h"
+#include "interchange/source_checksums.h"
 #include "interchange/tile_output.h"
 #include "lidar/path_header.h"
 #include "platform/files.h"
@@ -26,22 +28,25 @@ constexpr double kRead = 0.2, kSpilled = 0.5;  // shares of the whole that are d
 
 std::string Campaign_Name(Campaign campaign) { return std::to_string(static_cast<int>(campaign)); }
 
-std::set<std::string> Imported_Checksums(const Site& site, Campaign campaign) {
-  std::set<std::string> checksums;
+/// The files that a site holds of a campaign.
+std::vector<SourceFile> Imported_Files(const Site& site, Campaign campaign) {
+  std::vector<SourceFile> files;
   for (const ImportEntry& entry : site.imports) {
     const auto setting = entry.settings.find("campaign");
     if (entry.kind != "lidar" || setting == entry.settings.end() ||
         setting->second != Campaign_Name(campaign)) {
       continue;
     }
-    for (const SourceFile& file : entry.files) checksums.insert(file.checksum);
+    files.insert(files.end(), entry.files.begin(), entry.files.end());
   }
-  return checksums;
+  return files;
 }
 
 /// Takes the files out that the site holds already, and copies among the others.
-std::vector<SourceFile> New_Files(const Site& site, LidarImport& import, LidarReport& report) {
-  std::set<std::string> known = Imported_Checksums(site, import.campaign);
+std::vector<SourceFile> New_Files(const std::vector<SourceFile>& imported, LidarImport& import,
+                                  LidarReport& report) {
+  std::set<std::string> known;
+  for (const SourceFile& file : imported) known.insert(file.checksum);
   std::vector<SourceFile> sources;
   std::vector<fs::path> files;
   const std::vector<SourceFile> all = Source_Files(import.files);
@@ -154,16 +159,21 @@ void Require_Flying_Height(const LidarImport& import) {
   }
 }
 
-}  // namespace
+/// The echoes by their times: from the files where these are in that order, else by a sort on disk.
+EchoShares Shares_Of(const LidarSources& lidar, const std::string& site,
+                     const std::function<fs::path(const std::string&)>& scratch,
+                     const ToldShare& told) {
+  if (std::optional<EchoShares> ordered = Ordered_Shares(lidar.sources, lidar.survey)) {
+    return std::move(*ordered);
+  }
+  const std::uint64_t share = Echoes_Of_Share(lidar.survey.echoes);
+  return Spill_Echoes(lidar.sources, Share_Limits(lidar.survey, share), site, scratch, told);
+}
 
-LidarReport Import_Lidar(ImportTransaction& transaction, const LidarImport& asked) {
-  Require_Flying_Height(asked);
-  LidarImport import = asked;
-  LidarReport report;
+/// Imports the files; the site's entry is not written yet.
+void Import_Files(ImportTransaction& transaction, const LidarImport& import, LidarReport& report) {
   Site& site = transaction.TheSite();
-  const std::vector<SourceFile> files = New_Files(site, import, report);
-  report.files = files.size();
-  if (files.empty()) return report;
+  report.files = import.files.size();
   const auto scratch = [&](const std::string& name) { return transaction.Scratch_File(name); };
   const LidarSources lidar =
       Open_Lidar(import.files, site.crs, scratch, Part_Of(import.told, 0, kRead));
@@ -172,17 +182,34 @@ LidarReport Import_Lidar(ImportTransaction& transaction, const LidarImport& aske
   report.echoes = lidar.survey.echoes;
   report.notes = lidar.notes;
   const EchoShares shares =
-      Spill_Echoes(lidar.sources, Share_Limits(lidar.survey.sampled_keys, kEchoesOfShare), site.crs,
-                   scratch, Part_Of(import.told, kRead, kSpilled));
+      Shares_Of(lidar, site.crs, scratch, Part_Of(import.told, kRead, kSpilled));
   const SensorPositions sensors = Sensors_For(import, std::move(trajectory), shares.lines, report);
   TileOutput tiles = Tiles_Of(transaction, import.campaign);
-  Write_Pulses(shares.files,
+  Write_Pulses(shares,
                {import.campaign, lidar.sources, sensors, site.shift.value_or(WorldShift{}),
                 Part_Of(import.told, kSpilled, 1)},
                tiles, report);
   tiles.Finish();
   report.tiles = tiles.Count();
   Add_Notes(import, report);
+}
+
+}  // namespace
+
+LidarReport Import_Lidar(ImportTransaction& transaction, const LidarImport& asked) {
+  Require_Flying_Height(asked);
+  LidarImport import = asked;
+  LidarReport report;
+  const std::vector<SourceFile> imported = Imported_Files(transaction.TheSite(), import.campaign);
+  if (Sizes_Are_New(import.files, imported)) {
+    SourceChecksums checksums(import.files);
+    Import_Files(transaction, import, report);
+    transaction.Commit(Entry_Of(import, checksums.Take()));
+    return report;
+  }
+  const std::vector<SourceFile> files = New_Files(imported, import, report);
+  if (files.empty()) return report;
+  Import_Files(transaction, import, report);
   transaction.Commit(Entry_Of(import, files));
   return report;
 }

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <filesystem>
 #include <span>
-#include <vector>
 
 #include "interchange/echo_record.h"
+#include "interchange/echo_shares.h"
 #include "interchange/lidar_import.h"
 #include "interchange/sensor_positions.h"
 #include "interchange/site_record.h"
@@ -25,7 +24,7 @@ struct PulseMaking {
 
 /// Joins the echoes of the shares into pulses and appends their records to the tiles of their first
 /// echoes, in the order of the keys. Adds to the counts of the report.
-void Write_Pulses(const std::vector<std::filesystem::path>& shares, const PulseMaking& making,
-                  TileOutput& tiles, LidarReport& report);
+void Write_Pulses(const EchoShares& shares, const PulseMaking& making, TileOutput& tiles,
+                  LidarReport& report);
 
 }  // namespace sylvomex

@@ -18,9 +18,9 @@ SensorPosition Sensor_Above(const Point3D& first_echo, double flying_height, dou
 SensorPosition SensorPositions::Of(const EchoRecord& first, const Point3D& at,
                                    bool standard_time) const {
   if (!trajectory_) {
-    const double angle = first.angle * kAngleUnit;
-    return Sensor_Above(at, flying_height_, angle,
-                        angle == 0 ? std::nullopt : lines_.Heading_Of(first.line));
+    const auto heading = first.angle == 0 ? headings_.end() : headings_.find(first.line);
+    return Sensor_Above(at, flying_height_, first.angle * kAngleUnit,
+                        heading == headings_.end() ? std::nullopt : std::optional(heading->second));
   }
   const double time = Trajectory_Time(*trajectory_, Time_Of(first.key), standard_time);
   return {trajectory_->At(time), Has_Time(first.key) && trajectory_->Covers(time)};

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <optional>
 
 #include "interchange/echo_record.h"
@@ -27,8 +28,8 @@ SensorPosition Sensor_Above(const Point3D& first_echo, double flying_height, dou
 class SensorPositions {
  public:
   explicit SensorPositions(Trajectory trajectory) : trajectory_(std::move(trajectory)) {}
-  SensorPositions(double flying_height, FlightLines lines)
-      : flying_height_(flying_height), lines_(std::move(lines)) {}
+  SensorPositions(double flying_height, const FlightLines& lines)
+      : flying_height_(flying_height), headings_(lines.Headings()) {}
 
   /// at: the pulse's first echo, world metres.
   [[nodiscard]] SensorPosition Of(const EchoRecord& first, const Point3D& at,
@@ -37,7 +38,7 @@ class SensorPositions {
  private:
   std::optional<Trajectory> trajectory_;
   double flying_height_ = 0;
-  FlightLines lines_;
+  std::map<std::uint16_t, Heading> headings_;  // of the flight lines
 };
 
 }  // namespace sylvomex

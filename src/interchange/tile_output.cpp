@@ -29,11 +29,12 @@ class OpenedFile {
   OpenedFile(const OpenedFile&) = delete;
   OpenedFile& operator=(const OpenedFile&) = delete;
 
-  void Write(std::span<const std::uint8_t> bytes) const {
+  void Write_At(std::uint64_t at, std::span<const std::uint8_t> bytes) const {
     while (!bytes.empty()) {
-      const ssize_t count = write(descriptor_, bytes.data(), bytes.size());
+      const ssize_t count = pwrite(descriptor_, bytes.data(), bytes.size(), static_cast<off_t>(at));
       if (count < 0 && errno == EINTR) continue;
       if (count < 0) Fail();
+      at += static_cast<std::uint64_t>(count);
       bytes = bytes.subspan(static_cast<std::size_t>(count));
     }
   }
@@ -58,7 +59,9 @@ std::uint64_t Copy_Old(const std::filesystem::path& old, std::size_t record_byte
     const std::int32_t here = std::min(count - first, 10'000);
     bytes.resize(static_cast<std::size_t>(here) * record_bytes);
     from.Read_From(first, bytes);
-    to.Write(bytes);
+    to.Write_At(
+        static_cast<std::uint64_t>(kCountBytes) + static_cast<std::uint64_t>(first) * record_bytes,
+        bytes);
     first += here;
   }
   return static_cast<std::uint64_t>(count);
@@ -79,21 +82,26 @@ void TileOutput::Begin(const TileKey& key, Tile& tile) const {
   tile.place = place_(key);
   tile.file = new_file_(tile.place);
   const OpenedFile file(tile.file, tile.place, O_CREAT | O_TRUNC);
-  file.Write(std::array<std::uint8_t, kCountBytes>{});
+  file.Write_At(0, std::array<std::uint8_t, kCountBytes>{});
   if (std::filesystem::exists(tile.place) && std::filesystem::file_size(tile.place) > 0) {
     tile.records = Copy_Old(tile.place, record_bytes_, file);
   }
 }
 
-void TileOutput::Append(const TileKey& key, std::span<const std::uint8_t> records) {
+TileRoom TileOutput::Take_Room(const TileKey& key, std::uint64_t records) {
   const auto [found, is_new] = tiles_.try_emplace(key);
   Tile& tile = found->second;
   if (is_new) Begin(key, tile);
-  OpenedFile(tile.file, tile.place, O_APPEND).Write(records);
-  tile.records += records.size() / record_bytes_;
+  const std::uint64_t at = static_cast<std::uint64_t>(kCountBytes) + tile.records * record_bytes_;
+  tile.records += records;
   if (tile.records > std::numeric_limits<std::int32_t>::max()) {
     throw Refused(tile.place.string() + ": more pulses than a tile can count");
   }
+  return {tile.file, tile.place, at};
+}
+
+void Write_Records(const TileRoom& room, std::span<const std::uint8_t> records) {
+  OpenedFile(room.file, room.place, 0).Write_At(room.at, records);
 }
 
 void TileOutput::Finish() {
@@ -102,7 +110,7 @@ void TileOutput::Finish() {
     for (std::size_t i = 0; i < kCountBytes; ++i) {
       count[i] = static_cast<std::uint8_t>(tile.records >> (8 * i) & 255U);
     }
-    OpenedFile(tile.file, tile.place, 0).Write(count);
+    OpenedFile(tile.file, tile.place, 0).Write_At(0, count);
   }
 }
 

@@ -19,6 +19,16 @@ using TileKey = std::pair<std::int32_t, std::int32_t>;
 /// "064_070.bin".
 std::string Tile_File_Name(const TileKey& tile);
 
+/// Where records of a tile go.
+struct TileRoom {
+  std::filesystem::path file, place;  // the new file, and the tile that it will be
+  std::uint64_t at = 0;               // bytes from its start
+};
+
+/// Writes whole records; safe from several threads, each with a room of its own. FailedOnTheWay on
+/// a full disk.
+void Write_Records(const TileRoom& room, std::span<const std::uint8_t> records);
+
 /// The new tiles of an import. A tile that the site has already starts with its old records.
 class TileOutput {
  public:
@@ -26,11 +36,11 @@ class TileOutput {
   TileOutput(std::size_t record_bytes, std::function<std::filesystem::path(const TileKey&)> place,
              std::function<std::filesystem::path(const std::filesystem::path&)> new_file);
 
-  /// Appends whole records. Refused for an old tile whose length contradicts its count;
-  /// FailedOnTheWay on a full disk.
-  void Append(const TileKey& tile, std::span<const std::uint8_t> records);
+  /// The place behind the tile's last records for as many more. Refused for an old tile whose
+  /// length contradicts its count; FailedOnTheWay on a full disk.
+  TileRoom Take_Room(const TileKey& tile, std::uint64_t records);
 
-  /// Writes the counts; nothing can be appended afterwards.
+  /// Writes the counts, when all rooms are filled.
   void Finish();
 
   [[nodiscard]] std::size_t Count() const { return tiles_.size(); }

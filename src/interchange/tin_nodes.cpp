@@ -87,9 +87,12 @@ void Add_Ground(const LidarSources& lidar, const std::string& site, std::size_t 
   std::optional<Thinning> thinning = Thinning_For(lidar, most, nodes);
   LasBlockReader reader(lidar.sources);
   LasBlock block;
+  std::vector<EchoRecord> echoes;
   while (reader.Next(block)) {
     const EchoSource& source = lidar.sources[block.source];
-    for (const EchoRecord& echo : Read_Echoes(block, source, site)) {
+    echoes.clear();
+    Read_Echoes(block, source, site, echoes);
+    for (const EchoRecord& echo : echoes) {
       if (echo.classification != kGround) continue;
       const Point3D at{source.frame.Coordinate(0, echo.position[0]),
                        source.frame.Coordinate(1, echo.position[1]),

@@ -2,7 +2,9 @@
 // Lidar imports by the command line, read back by the workstation's own readers.
 #include <tbb/global_control.h>
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
+#include <random>
 
 #include "lidar/pulse_table.h"
 #include "lidar/tile_2004.h"
@@ -235,6 +237,36 @@ TEST_F(LidarSite, TilesAreTheSameForAnyNumberOfThreads) {
     if (name.ends_with(".bin")) records += (content.size() - 4) / 207;
   }
   EXPECT_EQ(records, 15000U);
+}
+
+TEST_F(LidarSite, TheOrderOfTheEchoesInTheirFileDoesNotMatter) {
+  TestLas las;
+  las.format = 6;
+  las.minor = 4;
+  for (int i = 0; i < 200000; ++i) {
+    const int pulse = i / 2;
+    las.points.push_back({kX + pulse % 1731 * 0.5, kY + pulse % 2111 * 0.25, 100.0 + pulse % 31,
+                          1 + i % 2, 2, 100 + pulse * 0.001, static_cast<std::uint16_t>(i)});
+  }
+  ASSERT_EQ(Import("2007", {Write("a.las", las)}).status, 0);
+  auto ordered = Content();
+  std::filesystem::remove_all(site);
+  ASSERT_EQ(Play_Site({"init", site, "--crs", "EPSG:3067"}).status, 0);
+  std::shuffle(las.points.begin(), las.points.end(), std::mt19937(1));
+  ASSERT_EQ(Import("2007", {Write("b.las", las)}).status, 0);
+  auto shuffled = Content();
+  ordered.erase("site/site.toml");  // holds the time of the import
+  shuffled.erase("site/site.toml");
+  EXPECT_GT(ordered.size(), 50U);
+  EXPECT_EQ(ordered == shuffled, true);
+}
+
+TEST_F(LidarSite, ANewFileOfTheSameSizeIsNotSkipped) {
+  TestLas las = Three_Echoes();
+  ASSERT_EQ(Import("2007", {Write("a.las", las)}).status, 0);
+  las.points[2].intensity = 31;
+  ASSERT_EQ(Import("2007", {Write("b.las", las), Write("c.las", las)}).status, 0);
+  EXPECT_EQ(Only_Tile("2007").Count(), 2);
 }
 
 TEST_F(LidarSite, APathHeaderThatStandsIsFollowed) {
