@@ -5,10 +5,15 @@
 
 namespace sylvomex {
 
-/// Begins a new measurement of the most memory that this process has in use at once.
-void Reset_Peak_Memory();
+/// From now on freed memory stays with the process for its next task: the system clears every page
+/// that it gives anew, which takes longer than searching some of them.
+void Keep_Freed_Memory();
 
-/// Bytes since the last reset; since the process began where the system knows no reset.
+/// Begins to measure the memory of a task that may take so many bytes, the process with it. What
+/// earlier tasks have freed goes back where it is a large part of them.
+void Begin_Task_Memory(std::uint64_t bound);
+
+/// The most memory that the process has had since, in bytes; 0 where the system does not tell.
 std::uint64_t Peak_Memory();
 
 }  // namespace sylvomex

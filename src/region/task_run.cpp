@@ -45,7 +45,7 @@ std::map<std::string, KeptFile> Files_In(const fs::path& folder) {
 bool Run_One(const RegionPlan& plan, const TaskStore& store, InputCheck& inputs,
              const RegionTask& task, int threads, double& seconds) {
   TaskClaim claim(store, task.id);
-  Reset_Peak_Memory();
+  Begin_Task_Memory(task.memory_bytes);
   LapClock clock;
   inputs.Require(task);
   const double checking = clock.Lap();
@@ -112,6 +112,7 @@ std::vector<TaskEnd> Run_Tasks(const RegionPlan& plan, const TaskStore& store,
   const tbb::global_control limit(tbb::global_control::max_allowed_parallelism,
                                   static_cast<std::size_t>(std::max(threads, 1)));
   store.Remove_Left_Claims();
+  Keep_Freed_Memory();
   InputCheck inputs(plan);
   std::vector<TaskEnd> ends;
   for (const std::string& task : tasks) {
