@@ -7,6 +7,8 @@
 #include <queue>
 #include <utility>
 
+#include "interchange/key_sort.h"
+
 namespace sylvomex {
 namespace {
 
@@ -14,12 +16,12 @@ namespace {
 void Sort_By_Key(std::vector<EchoRecord>& echoes) {
   const auto less = [](const EchoRecord& a, const EchoRecord& b) { return a.key < b.key; };
   if (std::is_sorted(echoes.begin(), echoes.end(), less)) return;
-  std::vector<std::pair<std::uint64_t, std::uint32_t>> order;
+  std::vector<KeyedIndex> order;
   order.reserve(echoes.size());
   for (const EchoRecord& echo : echoes) {
-    order.emplace_back(echo.key, static_cast<std::uint32_t>(order.size()));
+    order.push_back({echo.key, static_cast<std::uint32_t>(order.size())});
   }
-  std::sort(order.begin(), order.end());
+  Sort_By_Keys(order);
   std::vector<EchoRecord> sorted;
   sorted.reserve(echoes.size());
   for (const auto& [key, index] : order) sorted.push_back(echoes[index]);
