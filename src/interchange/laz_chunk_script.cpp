@@ -11,7 +11,6 @@ namespace sylvomex {
 const char* const kLazChunkScript = R"js(
 'use strict';
 const CHANGING = 0xffffffff;  // a size of chunks that differ
-const MOST_CHUNKS = 1 << 26;
 
 class Bit {
   constructor() {
@@ -181,7 +180,9 @@ module.exports = function chunks_of(head, size, read) {
   const count = head[25] >= 4 ? Number(head.readBigUInt64LE(247)) : short_count;
   const start = read(at, 8);
   const chunks = start.readUInt32LE(4);
-  if (start.readUInt32LE(0) !== 0 || chunks > MOST_CHUNKS) return null;
+  // A chunk begins with its first point as it stands.
+  const most = (at - first) / Math.max(head.readUInt16LE(105), 20) + 1;
+  if (start.readUInt32LE(0) !== 0 || chunks > most) return null;
   let table;
   try {
     table = read_table(read(at + 8, size - at - 8), chunks, chunk_size, count);

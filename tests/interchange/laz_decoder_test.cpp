@@ -225,5 +225,17 @@ TEST_F(LazDecoder, AFileWhoseTableContradictsItIsHeldWhole) {
   }
 }
 
+TEST_F(LazDecoder, MoreChunksThanTheFileHasRoomForTakeNoMemory) {
+  folder.Write("lib/laz-perf/index.js", kStandIn);
+  const Variable path("NODE_PATH", (folder.Path() / "lib").string());
+  // 2^26 chunks, which zeros tell in 13 kB: as objects they would be more than node can hold.
+  const std::string table = Bytes_Of("0000000000000004") + std::string(20000, '\0');
+  const std::string laz = Chunked(5, 12, {100, 37, 20000}, table);
+  Decode_Laz(laz, las, "a.laz");
+  const LasHeader header = Read_Las_Header(las, "out.las");
+  EXPECT_EQ(folder.Read("out.las").substr(header.points_at),
+            folder.Read("a.laz").substr(header.points_at, 12 * 28));
+}
+
 }  // namespace
 }  // namespace sylvomex
