@@ -178,7 +178,7 @@ TEST_F(ShrinkingFile, AFaultInOtherMemoryGoesToTheFormerHandler) {
     std::filesystem::resize_file(other.native, 0);
     return bytes[0];
   };
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#ifdef SYLVOMEX_SANITIZED
   EXPECT_DEATH(fault(), "BUS");
 #else
   EXPECT_EXIT(fault(), testing::KilledBySignal(SIGBUS), "");

@@ -328,7 +328,7 @@ TEST_F(RegionSite, TheReportShowsWhatIsDoneAndWhatFailed) {
 }
 
 // Sanitizers need memory of their own.
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+#ifndef SYLVOMEX_SANITIZED
 TEST_F(RegionSite, ATasksMemoryStaysBelowWhatThePlanTells) {
   ASSERT_EQ(Plan(Region(Plots(Plot("p1", 3, 3)), kOrthoimage)).status, 0);
   ASSERT_EQ(Run({"--bundle", "0"}).status, 0);
