@@ -37,6 +37,16 @@ ZeroedArray<float> Zero_Cells(std::int32_t columns, std::int32_t rows) {
   }
 }
 
+/// How many cells Is_No_Data holds for, at most kCellsOfAPiece. Without branches and in 32 bits, so
+/// that several are compared at once: no float lies between 1e30 and 1E30F.
+std::int32_t Count_No_Data(std::span<const float> cells) {
+  std::int32_t count = 0;
+  for (const float cell : cells) {
+    count += static_cast<int>(cell == -9999.F) | static_cast<int>(!(std::abs(cell) < 1e30F));
+  }
+  return count;
+}
+
 }  // namespace
 
 void Read_Raster_Header(const FilePath& header, RasterModel& model) {
@@ -82,8 +92,7 @@ std::int64_t Read_Cells(const FilePath& cell_file, RasterModel& model) {
     // A cell truncated by the end of the file counts as missing.
     if (got % sizeof(float) != 0) piece[got / sizeof(float)] = 0;
     const std::span<const float> read = piece.first(got / sizeof(float));
-    without_data +=
-        std::count_if(read.begin(), read.end(), [](float cell) { return Is_No_Data(cell); });
+    without_data += Count_No_Data(read);
     meter.Step();
     if (got < piece.size_bytes()) break;
   }

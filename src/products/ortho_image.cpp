@@ -8,6 +8,7 @@
 
 #include "closedlib/parallel_tasks.h"
 #include "platform/run_time_error.h"
+#include "platform/work_meter.h"
 #include "products/ortho_columns.h"
 
 namespace sylvomex {
@@ -89,6 +90,7 @@ void OrthoSlab::Take_Last_Pixel(LastPixel& last) const {
   std::vector<std::uint32_t> offsets(columns_.Count());
   std::size_t best = 0;
   for (std::int32_t row = grid_.rows - 1; row >= 0 && best < columns_.Count(); --row) {
+    if (row % kRowsOfATask == 0) Look_At_Work();
     columns_.Find_Offsets(row, heights, kLowestPosition, offsets);
     for (std::size_t k = columns_.Count(); k > best; --k) {
       if (offsets[k - 1] == kNoOffset) continue;
@@ -132,11 +134,13 @@ void OrthoSlab::Take_Last_Of_Column(std::size_t k, LastPixel& last) const {
 void OrthoSlab::Repeat_Last_Pixels(LastPixel& last) {
   std::vector<LastPixel> before(columns_.Count());
   for (std::size_t k = 0; k < columns_.Count(); ++k) {
+    Look_At_Work();
     before[k] = last;
     Take_Last_Of_Column(k, last);
   }
   // Row by row, since neighbouring cells of a row share cache lines.
   for (std::int32_t row = 0; row < grid_.rows; ++row) {
+    if (row % kRowsOfATask == 0) Look_At_Work();
     for (std::size_t k = 0; k < columns_.Count(); ++k) {
       const CellState state = states_[State_Index(row, k)];
       if (state == CellState::Read) std::copy_n(Cell(row, k), pixel_bytes_, before[k].begin());

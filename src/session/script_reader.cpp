@@ -2,6 +2,7 @@
 #include "session/script_reader.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace sylvomex {
@@ -39,12 +40,22 @@ ScriptWord Take_Bare(std::string_view line, std::size_t& position) {
   return {text, text};
 }
 
-/// The next line, of which no more than one character beyond the longest is read. False at the end.
+/// The next line, of which no more than one piece beyond the longest is read. False at the end.
 bool Take_Line(std::istream& script, std::string& line) {
+  std::array<char, 4096> piece;  // with the NUL behind it
   line.clear();
-  char c = 0;
-  while (line.size() <= kLongestLine && script.get(c) && c != '\n') line += c;
-  return !script.bad() && (script.good() || !line.empty());
+  while (line.size() <= kLongestLine) {
+    script.getline(piece.data(), piece.size());
+    const auto count = static_cast<std::size_t>(script.gcount());
+    if (script.good()) {  // the line's end counts as a character
+      line.append(piece.data(), count - 1);
+      return true;
+    }
+    line.append(piece.data(), count);
+    if (script.bad() || script.eof()) return !script.bad() && !line.empty();
+    script.clear();  // the piece is full
+  }
+  return true;
 }
 
 }  // namespace

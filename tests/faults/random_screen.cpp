@@ -31,6 +31,7 @@ std::string RandomScreen::Some_Text(std::string_view prompt, std::string_view pr
   if (Below(12) == 0) return one_of(kOdd);
   if (!preset.empty() && Below(2) == 0) return std::string(preset);
   if (asks("ile") && Below(2) == 0) return Some_File();
+  if (asks("extent")) return one_of(kSmall);  // a coordinate as an extent takes all of the memory
   if (asks("X")) return one_of(kEast);
   if (asks("Y")) return one_of(kNorth);
   if (asks("Z")) return one_of(kHeights);

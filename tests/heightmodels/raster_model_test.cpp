@@ -235,6 +235,21 @@ TEST(ReadCells, EmptyModelAndEmptyFileAreNotErrors) {
   EXPECT_EQ(Raster_Height(one, 0, 0), 1);
 }
 
+TEST(ReadCells, CellsWithoutDataAreCounted) {
+  RasterModel model;
+  model.NCols = 11;
+  model.NRows = 1;
+  Dimension_Cells(model);
+  const auto infinite = static_cast<float>(kInfinity);
+  // 1e30 as a double lies between two floats; 1E30F is the one above.
+  const float below = std::nextafter(1e30F, 0.0F);
+  std::vector<float> values{-9999, static_cast<float>(kNoNumber), infinite, -infinite, 1e30F,
+                            -1e30F};
+  values.insert(values.end(), {below, -below, -9998.5F, 0, 170});
+  const TemporaryFolder folder;
+  EXPECT_EQ(Read_Cells(Write_Floats(folder, "a.raw", values), model), 6);
+}
+
 TEST(ReadCells, MissingFileKeepsTheCellsReadSoFar) {
   const TemporaryFolder folder;
   RasterModel model = Numbered_Model(2, 2, 0, 0, 1);

@@ -8,6 +8,7 @@
 #include <random>
 #include <vector>
 
+#include "platform/work_meter.h"
 #include "support/failure_of.h"
 #include "support/vector_units.h"
 
@@ -195,6 +196,28 @@ TEST(OrthoImage, WithoutAPrincipalDistanceEveryCellIsReadOneMetreLeftOnTheFilm) 
   source.camera.A1 = 10;
   const Bytes cells = Ortho({0, 0, 1, 3, 3}, source, {nullptr, 120}, 2, 1);
   EXPECT_EQ(cells, Bytes(9, bytes[(199 - 100) * 300 + 140]));
+}
+
+/// Whether a watcher that cancels at the first step of the calling thread ends the orthoimage of a
+/// grid of 1 m, 120 m above the plane, at Y0. A source of 300 x 200 pixels at 0.088 m.
+bool Is_Ended_Between_Tasks(double Y0, std::size_t source_bytes) {
+  const Bytes bytes(source_bytes, 200);
+  const OrthoSource source{Vertical(300, 200), bytes, 300, 200, 1};
+  CancelAfter cancel(1);
+  const WatchedWork watched(&cancel);
+  try {
+    Ortho({0, Y0, 1, 1, 200}, source, {nullptr, 120}, 1, 1);
+  } catch (const Cancelled&) {
+    return true;
+  }
+  return false;
+}
+
+TEST(OrthoImage, TheSearchForTheLastPixelAndItsRepeatingCanBeCancelled) {
+  // From Y = 0 on some cells are read at the bottom and the others are black.
+  EXPECT_TRUE(Is_Ended_Between_Tasks(0, 300 * 200));
+  // Without the source's last rows the cells from Y = -100 on lie beyond its end.
+  EXPECT_TRUE(Is_Ended_Between_Tasks(-100, 300 * 150));
 }
 
 TEST(OrthoImage, TooLittleRoomIsRejected) {

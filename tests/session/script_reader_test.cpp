@@ -134,6 +134,30 @@ TEST(ScriptReader, TheLongestLineIsReadWhole) {
   EXPECT_FALSE(reader.Next());
 }
 
+TEST(ScriptReader, LinesOfEveryLengthAreReadWhole) {
+  for (const std::size_t length : {1U, 4090U, 4091U, 4092U, 8181U, 8186U, 8187U, 12345U}) {
+    for (const char* end : {"\n", "", "\r\n"}) {
+      const std::string text(length, 'x');
+      std::istringstream script("say y\nsay " + text + end);
+      ScriptReader reader(script);
+      ASSERT_TRUE(reader.Next());
+      const auto step = reader.Next();
+      ASSERT_TRUE(step) << length;
+      EXPECT_EQ(step->words[1].text, text) << length;
+      EXPECT_EQ(step->line, 2);
+      EXPECT_FALSE(reader.Next()) << length;
+    }
+  }
+}
+
+TEST(ScriptReader, ANulIsACharacterOfItsLine) {
+  const std::string text("a\0b", 3);
+  std::istringstream script("say " + text + "\nsay y\n");
+  ScriptReader reader(script);
+  EXPECT_EQ(reader.Next()->words[1].text, text);
+  EXPECT_EQ(reader.Next()->words[1].text, "y");
+}
+
 TEST(ScriptReader, ReadErrorIsNotTheEndOfTheScript) {
   BrokenBuffer buffer;
   std::istream script(&buffer);
