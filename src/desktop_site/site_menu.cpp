@@ -9,6 +9,7 @@
 #include "desktop_aids/event_command.h"
 
 #include "desktop_aids/menu_keys.h"
+#include "desktop_site/picture_export.h"
 #include "desktop_site/site_frame.h"
 #include "desktop_site/site_result.h"
 
@@ -58,6 +59,7 @@ void SiteMenu::Fill() {
     items_[&command] = item;
     connect(item, &QAction::triggered, this, [this, &command] { Open(command); });
   }
+  Add_Picture_Export(desktop_, *menu_, taken);
 }
 
 const std::filesystem::path& SiteMenu::Root() const { return desktop_.Block().Drives.Root(); }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
+// Panes and windows as SVG or PDF.
 #pragma once
 
 #include <filesystem>
-#include <optional>
-#include <string>
+#include <string_view>
 
 #include "state/picture.h"
 
@@ -11,30 +11,14 @@ namespace sylvomex {
 
 struct Workspace;
 
-/// A bar of a round length on the ground.
-struct ScaleBar {
-  double metres = 0;
-  double pixels = 0;  // pane pixels
-
-  [[nodiscard]] std::string Text() const;
-};
-
-/// The longest bar of 1, 2 or 5 times a power of ten metres that takes at most a quarter of a
-/// width. pixels_of_a_metre and width: pane pixels, above 0.
-ScaleBar Scale_Bar_For(double pixels_of_a_metre, double width);
-
-/// The bar of a pane, along its middle at the height of the solution. std::nullopt for another
-/// picture than a pane with a photograph, and without a solution.
-std::optional<ScaleBar> Scale_Bar_Of(const Workspace& w, const Picture& picture);
-
-/// Whether a file's ending, ".svg" or ".pdf", asks for vectors.
-bool Is_Vector_File(const std::filesystem::path& file);
-
-/// Writes the inside of a pane as SVG or PDF: the bitmap as it is, points, lines and texts as
-/// shapes above it, and the bar, if any, at the lower left. Pens that join with the pixels under
-/// them multiply these. RunTimeError for a picture without a size and a file that cannot be
-/// written.
-void Save_Picture_Vectors(const Picture& picture, const std::optional<ScaleBar>& bar,
+/// Writes the inside of a picture, a pane's with the bar of Scale_Bar_Of, as a page of its size.
+/// RunTimeError for a picture without a size and a file that cannot be written.
+void Save_Picture_Vectors(const Workspace& w, const Picture& picture,
                           const std::filesystem::path& file);
+
+/// Writes all pictures that a window ("Form1") shows, at their places in it, panes with their bars
+/// and the ids of their images. The page ends where the pictures do. RunTimeError for a window that
+/// shows none and a file that cannot be written.
+void Save_Window_Vectors(Workspace& w, std::string_view form, const std::filesystem::path& file);
 
 }  // namespace sylvomex

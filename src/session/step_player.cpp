@@ -17,6 +17,7 @@
 #include "session/transcript_text.h"
 #include "session/value_compare.h"
 #include "session/value_name.h"
+#include "session/vector_page.h"
 #include "workspace/control_lookup.h"
 
 namespace sylvomex {
@@ -256,13 +257,18 @@ void StepPlayer::Play_Expect(const ScriptStep& step) {
 }
 
 void StepPlayer::Play_Save(const ScriptStep& step) {
-  const Picture& picture = Picture_Of(step.words[1].text);
+  const std::string& name = step.words[1].text;
+  const bool whole_window =
+      Find_Form(w_, name) != nullptr && Is_Vector_File(std::filesystem::path(step.words[2].text));
+  const Picture* const picture = whole_window ? nullptr : &Picture_Of(name);
   try {
     const std::filesystem::path file = File_Argument(w_.Drives, step.words[2].text);
-    if (Is_Vector_File(file)) {
-      Save_Picture_Vectors(picture, Scale_Bar_Of(w_, picture), file);
+    if (whole_window) {
+      Save_Window_Vectors(w_, name, file);
+    } else if (Is_Vector_File(file)) {
+      Save_Picture_Vectors(w_, *picture, file);
     } else {
-      Save_Picture_Png(picture, file);
+      Save_Picture_Png(*picture, file);
     }
   } catch (const std::exception& failure) {
     throw StepEnd{kStepFailed, failure.what()};

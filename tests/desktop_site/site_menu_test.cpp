@@ -26,12 +26,16 @@ class SiteMenuTest : public AidedDesktop {
   }
 
   /// Chooses an item of the opened menu.
-  SiteDialog& Open(const char* words) {
+  void Choose(const char* words) {
     auto& menu = *Main().findChild<QMenu*>("Site");
     menu.popup(Main().mapToGlobal(QPoint(200, 20)));
     QApplication::processEvents();
     QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(&Item(words)).center());
     QApplication::processEvents();
+  }
+
+  SiteDialog& Open(const char* words) {
+    Choose(words);
     for (SiteDialog* dialog : Main().findChildren<SiteDialog*>()) {
       if (dialog->windowTitle() == Site_Caption(Site_Command(words))) return *dialog;
     }
@@ -108,6 +112,30 @@ TEST_F(SiteMenuTest, ARootIsMadeASiteFirst) {
   EXPECT_TRUE(std::filesystem::exists(Root() / "site.toml"));
   EXPECT_FALSE(Item("init").isEnabled());
   EXPECT_TRUE(Item("import dem").isEnabled());
+}
+
+TEST_F(SiteMenuTest, TheWindowAndAPaneAreSavedAsSvgAndPdf) {
+  const std::filesystem::path window = Root() / "window.svg", pane = Root() / "pane.pdf";
+  dialogs_.files.push_back(window.string());
+  Choose("window");
+  dialogs_.inputs.push_back(std::to_string(w().ImageBlock(1).ImageId));
+  dialogs_.files.push_back(pane.string());
+  Choose("pane");
+  const std::string svg = site_.Folder().Read("window.svg");
+  std::size_t pictures = 0;
+  for (std::size_t at = svg.find("<image"); at != std::string::npos;
+       at = svg.find("<image", at + 1))
+    ++pictures;
+  EXPECT_EQ(pictures, 2U);
+  EXPECT_EQ(site_.Folder().Read("pane.pdf").rfind("%PDF-", 0), 0U);
+  EXPECT_TRUE(dialogs_.messages.empty());
+}
+
+TEST_F(SiteMenuTest, AWindowThatCannotBeSavedIsTold) {
+  dialogs_.files.push_back((Root() / "none/window.svg").string());
+  Choose("window");
+  ASSERT_EQ(dialogs_.messages.size(), 1U);
+  EXPECT_NE(dialogs_.messages[0].find("none/window.svg"), std::string::npos);
 }
 
 TEST_F(SiteMenuTest, NothingRunsBeforeAllThatIsRequiredIsThere) {
