@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commands/crowns/multi_size_check.h"
 
-#include "state/cause.h"
+#include "state/image_cause.h"
 #include "state/workspace.h"
 
 #include <algorithm>
@@ -57,8 +57,8 @@ bool Search_Sizes(const Workspace& w, int image, const Point3D& point, double& b
 
 void Mark_In_All_Panes(Workspace& w, const Point3D& point) {
   for (int k = 0; k < w.ImageCount; ++k) {
-    const PanePosition at = About(w, Name_Of_Image(w, k) + ", the mark of the multi-size check",
-                                  [&] { return Pane_Of_Point(w, k, point); });
+    const PanePosition at = About_Image(w, k, ", the mark of the multi-size check",
+                                        [&] { return Pane_Of_Point(w, k, point); });
     Picture& pane = w.Form1.Picture1(k);
     pane.DrawWidth = 3;
     pane.font.size = 8;
@@ -72,8 +72,8 @@ void Mark_In_All_Panes(Workspace& w, const Point3D& point) {
 void Multi_Size_Check(Workspace& w, int image, const Point3D& point) {
   double best = 0;  // shown and kept nowhere: the mark alone tells that the search went through
   const bool is_found =
-      About(w, Name_Of_Image(w, image) + ", the pixel of the multi-size check or its templates",
-            [&] { return Search_Sizes(w, image, point, best); });
+      About_Image(w, image, ", the pixel of the multi-size check or its templates",
+                  [&] { return Search_Sizes(w, image, point, best); });
   if (is_found) Mark_In_All_Panes(w, point);
 }
 
