@@ -2,16 +2,26 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
+
+#include "interchange/told_share.h"
+#include "interchange/unfinished_exports.h"
 
 namespace sylvomex {
 
-/// A file that is written beside its place under another name, with the same ending, and put there
-/// when it is complete.
+/// How an export is made.
+struct ExportRun {
+  std::filesystem::path site;  // that holds the unfinished file; empty: it lies beside its place
+  ToldShare told;
+};
+
+/// A file that is written under another name, with the same ending, and put into its place when it
+/// is complete: within a site, or beside its place where there is no site or it cannot be written.
 class ExportedFile {
  public:
   /// Refused for a place without a folder.
-  explicit ExportedFile(const std::filesystem::path& place);
+  explicit ExportedFile(const std::filesystem::path& place, const std::filesystem::path& site = {});
   /// Removes what is not committed.
   ~ExportedFile();
   ExportedFile(const ExportedFile&) = delete;
@@ -24,7 +34,9 @@ class ExportedFile {
   void Commit();
 
  private:
-  std::filesystem::path place_, partial_;
+  std::filesystem::path place_;
+  std::optional<UnfinishedExport> within_;  // a site
+  std::filesystem::path partial_;
 };
 
 /// The ending of a name in lower case, with its point.

@@ -11,6 +11,7 @@
 #include <system_error>
 
 #include "interchange/failures.h"
+#include "interchange/unfinished_exports.h"
 
 namespace sylvomex {
 namespace {
@@ -62,6 +63,7 @@ void Carry_Out_Import(const fs::path& site) try {
 }
 
 void Finish_Killed_Import(const fs::path& folder) {
+  Remove_Killed_Exports(folder);
   const fs::path left = folder / kImportFolder;
   if (!fs::exists(left)) return;
   const SiteLock lock(folder);

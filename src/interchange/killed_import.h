@@ -16,8 +16,8 @@ inline constexpr const char* kImportDecision = "decided";
 /// when that cannot be done; the next run goes on there.
 void Carry_Out_Import(const std::filesystem::path& site);
 
-/// Finishes or removes what a killed import left in a site; does nothing while another process
-/// imports.
+/// Finishes or removes what a killed import left in a site, unless another process imports now, and
+/// removes what killed exports left.
 void Finish_Killed_Import(const std::filesystem::path& site);
 
 /// The lock of a site, held by one import at a time and free again after a kill. A workstation that

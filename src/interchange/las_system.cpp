@@ -9,6 +9,7 @@
 
 #include "interchange/coordinate_system.h"
 #include "interchange/failures.h"
+#include "interchange/geo_keys.h"
 
 namespace sylvomex {
 namespace {
@@ -64,7 +65,14 @@ LasSystem From_Wkt(const LasVariableRecord& record, const std::string& name) {
   }
 }
 
-LasSystem From_Keys(const std::map<int, int>& keys, const std::string& name) {
+/// Whether the keys define the map coordinates by parameters, not by a code.
+bool Is_User_Defined(const std::map<int, int>& keys) {
+  const auto found = keys.find(keys.contains(kProjectedKey) ? kProjectedKey : kGeographicKey);
+  return found != keys.end() && found->second == kUserDefined;
+}
+
+LasSystem From_Keys(const LasHeader& header, const std::map<int, int>& keys,
+                    const std::string& name) {
   LasSystem system;
   const auto value = [&](int key) {
     const auto found = keys.find(key);
@@ -72,7 +80,11 @@ LasSystem From_Keys(const std::map<int, int>& keys, const std::string& name) {
   };
   const int code = value(kProjectedKey) != 0 ? value(kProjectedKey) : value(kGeographicKey);
   try {
-    if (code != 0) system.wkt = Wkt_Of(Coordinate_System("EPSG:" + std::to_string(code)));
+    if (Is_User_Defined(keys)) {
+      system.wkt = Defined_By_Geo_Keys(header.records);
+    } else if (code != 0) {
+      system.wkt = Wkt_Of(Coordinate_System("EPSG:" + std::to_string(code)));
+    }
     if (value(kVerticalKey) >= 5000) {  // lower ones are codes of datums
       system.height_metres =
           Height_Unit(Coordinate_System("EPSG:" + std::to_string(value(kVerticalKey))));
@@ -90,7 +102,7 @@ LasSystem From_Keys(const std::map<int, int>& keys, const std::string& name) {
 LasSystem Las_System(const LasHeader& header, const std::string& name) {
   if (const LasVariableRecord* wkt = Find_Record(header, kWktRecord)) return From_Wkt(*wkt, name);
   if (const LasVariableRecord* keys = Find_Record(header, kKeyRecord)) {
-    return From_Keys(Keys_Of(*keys), name);
+    return From_Keys(header, Keys_Of(*keys), name);
   }
   return {};
 }

@@ -160,14 +160,19 @@ std::string Wkt_Of(const std::string& crs) {
 
 }  // namespace
 
-std::uint64_t Export_Lidar(const fs::path& input, const Site& site, const fs::path& output) {
+std::uint64_t Export_Lidar(const fs::path& input, const Site& site, const fs::path& output,
+                           const ToldShare& told) {
   if (Lower_Ending(output) != ".las") {
     throw Refused(output.string() + ": lidar is written as .las");
   }
   const std::vector<fs::path> tiles = Tiles_Of(input, site);
-  ExportedFile exported(output);
+  ExportedFile exported(output, site.folder);
   LasWriter las(exported.Partial(), output.string(), Wkt_Of(site.crs));
-  for (const fs::path& tile : tiles) Add_Records(tile, site, las);
+  double done = 0;
+  for (const fs::path& tile : tiles) {
+    Add_Records(tile, site, las);
+    Tell_Share(told, ++done, static_cast<double>(tiles.size()));
+  }
   las.Finish();
   exported.Commit();
   return las.Count();

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "interchange/site_record.h"
+#include "interchange/told_share.h"
 
 namespace sylvomex {
 
@@ -17,6 +18,6 @@ namespace sylvomex {
 /// Returns the number of points. Refused for files that are no tiles and for another ending than
 /// ".las"; FailedOnTheWay when the output cannot be written.
 std::uint64_t Export_Lidar(const std::filesystem::path& input, const Site& site,
-                           const std::filesystem::path& output);
+                           const std::filesystem::path& output, const ToldShare& told = {});
 
 }  // namespace sylvomex

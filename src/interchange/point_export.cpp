@@ -106,10 +106,10 @@ void Require_All_Rows(const std::filesystem::path& written, std::size_t rows,
 }  // namespace
 
 void Export_Points(const PointTable& points, const std::string& crs, const std::string& layer,
-                   const std::filesystem::path& output) {
+                   const std::filesystem::path& output, const ExportRun& run) {
   Start_Gdal();
   const std::string driver = Driver_Of(output);
-  ExportedFile exported(output);
+  ExportedFile exported(output, run.site);
   CPLErrorReset();
   GDALDatasetUniquePtr file(
       GetGDALDriverManager()
@@ -122,7 +122,11 @@ void Export_Points(const PointTable& points, const std::string& crs, const std::
     if (made.CreateField(&field) != OGRERR_NONE) Fail(output.string());
   }
   const bool in_transaction = file->StartTransaction() == OGRERR_NONE;
-  for (const PointRow& row : points.rows) Add_Row(row, points, made, output.string());
+  double done = 0;
+  for (const PointRow& row : points.rows) {
+    Add_Row(row, points, made, output.string());
+    Tell_Share(run.told, ++done, static_cast<double>(points.rows.size()));
+  }
   if (in_transaction && file->CommitTransaction() != OGRERR_NONE) Fail(output.string());
   CPLErrorReset();
   file.reset();

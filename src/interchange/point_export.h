@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <string>
 
+#include "interchange/exported_file.h"
 #include "interchange/point_table.h"
 
 namespace sylvomex {
@@ -13,6 +14,6 @@ namespace sylvomex {
 ///
 /// layer: its name. Refused for another ending; FailedOnTheWay when it cannot be written.
 void Export_Points(const PointTable& points, const std::string& crs, const std::string& layer,
-                   const std::filesystem::path& output);
+                   const std::filesystem::path& output, const ExportRun& run = {});
 
 }  // namespace sylvomex

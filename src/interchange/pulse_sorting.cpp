@@ -125,7 +125,7 @@ class PulseMaker {
     const Point3D working = Working(first);
     const SensorPosition sensor = making_.sensors.Of(
         first, {working.X + making_.shift.X, working.Y + making_.shift.Y, working.Z},
-        source.header.standard_time);
+        source.header);
     if (!sensor.known) ++counts.unknown_sensors;
     if (!(sensor.at.Z > kLowSensor)) ++counts.low_sensors;
     return {sensor.at.X - making_.shift.X, sensor.at.Y - making_.shift.Y, sensor.at.Z};

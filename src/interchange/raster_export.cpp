@@ -84,9 +84,14 @@ void Require_Length(const RawRaster& raster, const std::string& name) {
   }
 }
 
+int CPL_STDCALL Tell_Run(double share, const char*, void* run) {
+  Tell_Share(static_cast<const ExportRun*>(run)->told, share, 1);
+  return TRUE;
+}
+
 /// crs: empty for a raster without a place.
 void Write_Geotiff(const RawRaster& raster, const std::string& crs, const std::string& name,
-                   const fs::path& output) {
+                   const fs::path& output, ExportRun run) {
   const std::string ending = Lower_Ending(output);
   if (ending != ".tif" && ending != ".tiff") {
     throw Refused(output.string() + ": rasters are written as .tif or .tiff");
@@ -100,14 +105,14 @@ void Write_Geotiff(const RawRaster& raster, const std::string& crs, const std::s
     const OGRSpatialReference system = Coordinate_System(crs);
     source->SetSpatialRef(&system);
   }
-  ExportedFile exported(output);
+  ExportedFile exported(output, run.site);
   CPLStringList options;
   options.SetNameValue("COMPRESS", "DEFLATE");
   options.SetNameValue("PREDICTOR", "YES");
   options.SetNameValue("BIGTIFF", "IF_SAFER");
   CPLErrorReset();
   GDALDatasetUniquePtr made(GetGDALDriverManager()->GetDriverByName("COG")->CreateCopy(
-      exported.Partial().c_str(), source.get(), 0, options.List(), nullptr, nullptr));
+      exported.Partial().c_str(), source.get(), 0, options.List(), Tell_Run, &run));
   if (made == nullptr) {
     throw FailedOnTheWay(output.string() + ": it cannot be written: " + Gdal_Message("no COG"));
   }
@@ -159,7 +164,8 @@ std::array<double, 6> Place_From(double west, double south, const RasterModel& m
 
 }  // namespace
 
-void Export_Model(const fs::path& header, const Site& site, const fs::path& output) {
+void Export_Model(const fs::path& header, const Site& site, const fs::path& output,
+                  const ToldShare& told) {
   const ModelHeader read = Read_Header(header, site);
   RawRaster raster = Raw_Of(read);
   const RasterModel& model = read.model;
@@ -167,10 +173,11 @@ void Export_Model(const fs::path& header, const Site& site, const fs::path& outp
   raster.no_data = -9999;
   raster.place =
       Place_From(model.OriginX - model.CellSize / 2, model.OriginY - model.CellSize, model, site);
-  Write_Geotiff(raster, site.crs, header.string(), output);
+  Write_Geotiff(raster, site.crs, header.string(), output, {site.folder, told});
 }
 
-void Export_Ortho(const fs::path& file, const Site& site, const fs::path& output) {
+void Export_Ortho(const fs::path& file, const Site& site, const fs::path& output,
+                  const ToldShare& told) {
   const fs::path header = fs::path(file).replace_extension(".hdr");
   if (!fs::exists(header)) {
     throw Refused(file.string() + ": the image tells neither size nor place; " + header.string() +
@@ -185,10 +192,10 @@ void Export_Ortho(const fs::path& file, const Site& site, const fs::path& output
   raster.bands = !error && bytes >= 3 * raster.columns * raster.rows ? 3 : 1;
   raster.place = Place_From(model.OriginX - model.CellSize / 2, model.OriginY - model.CellSize / 2,
                             model, site);
-  Write_Geotiff(raster, site.crs, header.string(), output);
+  Write_Geotiff(raster, site.crs, header.string(), output, {site.folder, told});
 }
 
-void Export_Correlation(const fs::path& raw, const fs::path& output) try {
+void Export_Correlation(const fs::path& raw, const fs::path& output, const ExportRun& run) try {
   std::string name = raw.stem().string();
   if (name.starts_with("corimage")) name = "ccor_ima" + name.substr(8);
   const fs::path size = raw.parent_path() / (name + ".img");
@@ -197,7 +204,7 @@ void Export_Correlation(const fs::path& raw, const fs::path& output) try {
   raster.file = raw;
   raster.columns = reader.Read_Int32();
   raster.rows = reader.Read_Int32();
-  Write_Geotiff(raster, "", size.string(), output);
+  Write_Geotiff(raster, "", size.string(), output, run);
 } catch (const RunTimeError& error) {
   throw Refused(error.what());
 }

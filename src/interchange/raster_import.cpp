@@ -27,7 +27,7 @@ std::string Header_Text(const CellGrid& grid, const Site& site, const std::strin
 }
 
 /// Writes the rows from the south; gives the number of cells without a height.
-std::uint64_t Write_Cells(RasterMosaic& mosaic, OutputFile& file) {
+std::uint64_t Write_Cells(RasterMosaic& mosaic, OutputFile& file, const ToldShare& told) {
   const CellGrid& grid = mosaic.Grid();
   std::vector<double> heights(static_cast<std::size_t>(grid.columns));
   std::vector<float> cells(heights.size());
@@ -40,6 +40,7 @@ std::uint64_t Write_Cells(RasterMosaic& mosaic, OutputFile& file) {
                    [](double height) { return static_cast<float>(height); });
     file.Write_At(static_cast<std::uint64_t>(grid.rows - 1 - row) * row_bytes,
                   {reinterpret_cast<const std::uint8_t*>(cells.data()), row_bytes});
+    Tell_Share(told, static_cast<double>(row + 1), static_cast<double>(grid.rows));
   }
   return no_data;
 }
@@ -48,7 +49,7 @@ std::uint64_t Write_Cells(RasterMosaic& mosaic, OutputFile& file) {
 
 RasterReport Import_Raster(ImportTransaction& transaction,
                            const std::vector<std::filesystem::path>& files,
-                           const std::string& model) {
+                           const std::string& model, const ToldShare& told) {
   Site& site = transaction.TheSite();
   ImportEntry entry;
   entry.kind = model;
@@ -61,7 +62,7 @@ RasterReport Import_Raster(ImportTransaction& transaction,
   const std::string name = "c:\\data\\models\\" + model;
   const FilePath cell_file = drives.Locate(name + ".bin");
   OutputFile cells(transaction.New_File(cell_file.native), cell_file.native.string());
-  report.no_data = Write_Cells(mosaic, cells);
+  report.no_data = Write_Cells(mosaic, cells, told);
   cells.Close();
   transaction.Write(drives.Locate(name + ".hdr").native, Header_Text(grid, site, name + ".bin"));
   entry.settings["cell_size"] = Plain_Text(grid.cell);

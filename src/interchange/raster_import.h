@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "interchange/import_transaction.h"
+#include "interchange/told_share.h"
 
 namespace sylvomex {
 
@@ -24,6 +25,6 @@ struct RasterReport {
 /// Refused, besides the reasons of RasterSource, for models of more than 32767 columns or rows.
 RasterReport Import_Raster(ImportTransaction& transaction,
                            const std::vector<std::filesystem::path>& files,
-                           const std::string& model);
+                           const std::string& model, const ToldShare& told = {});
 
 }  // namespace sylvomex

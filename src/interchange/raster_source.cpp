@@ -208,6 +208,10 @@ void RasterSource::Warp_To(const CellGrid& grid) {
                                 Plain_Text(kNoHeight),
                                 "-et",
                                 "0.001",
+                                "-wo",
+                                "XSCALE=1",  // bilinear between four cells everywhere, not
+                                "-wo",       // smoothed where a piece looks larger in the source
+                                "YSCALE=1",
                                 "-novshift",
                                 "-ovr",
                                 "NONE"}) {

@@ -5,6 +5,16 @@
 #include <numbers>
 
 namespace sylvomex {
+namespace {
+
+/// Degrees. Formats before 6 hold whole ones, which are not multiples of the unit.
+double Angle_Of(const EchoRecord& echo, const LasHeader& header) {
+  constexpr int kFirstWithFineAngles = 6;
+  const double angle = echo.angle * kAngleUnit;
+  return header.format < kFirstWithFineAngles ? std::round(angle) : angle;
+}
+
+}  // namespace
 
 SensorPosition Sensor_Above(const Point3D& first_echo, double flying_height, double angle_degrees,
                             const std::optional<Heading>& heading) {
@@ -16,13 +26,13 @@ SensorPosition Sensor_Above(const Point3D& first_echo, double flying_height, dou
 }
 
 SensorPosition SensorPositions::Of(const EchoRecord& first, const Point3D& at,
-                                   bool standard_time) const {
+                                   const LasHeader& header) const {
   if (!trajectory_) {
     const auto heading = first.angle == 0 ? headings_.end() : headings_.find(first.line);
-    return Sensor_Above(at, flying_height_, first.angle * kAngleUnit,
+    return Sensor_Above(at, flying_height_, Angle_Of(first, header),
                         heading == headings_.end() ? std::nullopt : std::optional(heading->second));
   }
-  const double time = Trajectory_Time(*trajectory_, Time_Of(first.key), standard_time);
+  const double time = Trajectory_Time(*trajectory_, Time_Of(first.key), header.standard_time);
   return {trajectory_->At(time), Has_Time(first.key) && trajectory_->Covers(time)};
 }
 

@@ -31,9 +31,9 @@ class SensorPositions {
   SensorPositions(double flying_height, const FlightLines& lines)
       : flying_height_(flying_height), headings_(lines.Headings()) {}
 
-  /// at: the pulse's first echo, world metres.
+  /// at: the pulse's first echo, world metres; header: of its file.
   [[nodiscard]] SensorPosition Of(const EchoRecord& first, const Point3D& at,
-                                  bool standard_time) const;
+                                  const LasHeader& header) const;
 
  private:
   std::optional<Trajectory> trajectory_;

@@ -21,6 +21,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr double kRead = 0.2;  // share of the whole that is done then
+
 using Corners = std::array<std::int32_t, 3>;
 
 struct WorldTin {
@@ -95,7 +97,7 @@ void Add_Triangle(const WorldTin& tin, std::size_t index, OGRLayer& layer,
 }
 
 void Write_Gpkg(const WorldTin& tin, const std::string& crs, const fs::path& path,
-                const std::string& name) {
+                const std::string& name, const ToldShare& told) {
   Start_Gdal();
   CPLErrorReset();
   GDALDatasetUniquePtr file(GetGDALDriverManager()->GetDriverByName("GPKG")->Create(
@@ -109,7 +111,10 @@ void Write_Gpkg(const WorldTin& tin, const std::string& crs, const fs::path& pat
     if (layer->CreateField(&definition) != OGRERR_NONE) Fail(name);
   }
   if (file->StartTransaction() != OGRERR_NONE) Fail(name);
-  for (std::size_t i = 0; i < tin.triangles.size(); ++i) Add_Triangle(tin, i, *layer, name);
+  for (std::size_t i = 0; i < tin.triangles.size(); ++i) {
+    Add_Triangle(tin, i, *layer, name);
+    Tell_Share(told, static_cast<double>(i + 1), static_cast<double>(tin.triangles.size()));
+  }
   if (file->CommitTransaction() != OGRERR_NONE) Fail(name);
   CPLErrorReset();
   file.reset();
@@ -118,17 +123,19 @@ void Write_Gpkg(const WorldTin& tin, const std::string& crs, const fs::path& pat
 
 }  // namespace
 
-void Export_Tin(const fs::path& nodes, const Site& site, const fs::path& output) {
+void Export_Tin(const fs::path& nodes, const Site& site, const fs::path& output,
+                const ToldShare& told) {
   const std::string ending = Lower_Ending(output);
   if (ending != ".ply" && ending != ".gpkg") {
     throw Refused(output.string() + ": triangles are written as .ply or .gpkg");
   }
   const WorldTin tin = Read_Tin(nodes, site);
-  ExportedFile exported(output);
+  Tell_Share(told, kRead, 1);
+  ExportedFile exported(output, site.folder);
   if (ending == ".ply") {
     Write_Ply(tin, exported.Partial(), output.string());
   } else {
-    Write_Gpkg(tin, site.crs, exported.Partial(), output.string());
+    Write_Gpkg(tin, site.crs, exported.Partial(), output.string(), Part_Of(told, kRead, 1));
   }
   exported.Commit();
 }

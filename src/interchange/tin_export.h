@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "interchange/site_record.h"
+#include "interchange/told_share.h"
 
 namespace sylvomex {
 
@@ -14,6 +15,6 @@ namespace sylvomex {
 /// Refused for files that are damaged and for another ending; FailedOnTheWay when the output cannot
 /// be written.
 void Export_Tin(const std::filesystem::path& nodes, const Site& site,
-                const std::filesystem::path& output);
+                const std::filesystem::path& output, const ToldShare& told = {});
 
 }  // namespace sylvomex

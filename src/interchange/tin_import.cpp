@@ -21,8 +21,9 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t kMostNodes = 2'000'000;
-constexpr double kPerMetre = 1e4;  // steps of coordinates
-constexpr double kTile = 100;      // metres
+constexpr double kPerMetre = 1e4;                                   // steps of coordinates
+constexpr double kTile = 100;                                       // metres
+constexpr double kRead = 0.4, kTriangulated = 0.7, kWritten = 0.9;  // shares done then
 
 double Rounded(double coordinate) { return std::round(coordinate * kPerMetre) / kPerMetre; }
 
@@ -140,16 +141,19 @@ std::uint64_t Write_Squares(const Triangulated& model, ImportTransaction& transa
 
 }  // namespace
 
-TinReport Import_Tin(ImportTransaction& transaction, const std::vector<fs::path>& files) {
+TinReport Import_Tin(ImportTransaction& transaction, const std::vector<fs::path>& files,
+                     const ToldShare& told) {
   Site& site = transaction.TheSite();
   ImportEntry entry;
   entry.kind = "tin";
   entry.files = Source_Files(files);
-  const TinNodes nodes =
-      Read_Tin_Nodes_From(files, site.crs, kMostNodes,
-                          [&](const std::string& name) { return transaction.Scratch_File(name); });
+  const TinNodes nodes = Read_Tin_Nodes_From(
+      files, site.crs, kMostNodes,
+      [&](const std::string& name) { return transaction.Scratch_File(name); },
+      Part_Of(told, 0, kRead));
   Take_Extent(site, Extent_Of(nodes.nodes), files.front().string());
   Triangulated model = Triangulate(nodes.nodes, site);
+  Tell_Share(told, kTriangulated, 1);
   if (model.triangles.empty()) {
     throw Refused(files.front().string() + ": its heights lie on one line and make no triangles");
   }
@@ -162,6 +166,7 @@ TinReport Import_Tin(ImportTransaction& transaction, const std::vector<fs::path>
   transaction.Write(drives.Locate("c:\\data\\models\\tin.nod").native, Node_Text(model.nodes));
   transaction.Write(drives.Locate("c:\\data\\models\\tin.tri").native,
                     Triangle_Text(model.triangles));
+  Tell_Share(told, kWritten, 1);
   report.tiles = Write_Squares(model, transaction);
   transaction.Commit(entry);
   return report;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "interchange/import_transaction.h"
+#include "interchange/told_share.h"
 
 namespace sylvomex {
 
@@ -19,6 +20,6 @@ struct TinReport {
 /// of the ground echoes of lidar files (see tin_nodes.h). Coordinates are rounded to 0.1 mm. Tile
 /// files of an earlier model become empty where the new one has no triangle.
 TinReport Import_Tin(ImportTransaction& transaction,
-                     const std::vector<std::filesystem::path>& files);
+                     const std::vector<std::filesystem::path>& files, const ToldShare& told = {});
 
 }  // namespace sylvomex

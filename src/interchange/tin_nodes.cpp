@@ -16,9 +16,10 @@ namespace sylvomex {
 namespace {
 
 constexpr std::uint8_t kGround = 2;  // class of LAS
+constexpr double kRasters = 0.5;  // share of the reading that is theirs where there is lidar, too
 
 void Add_Cells(const std::vector<std::filesystem::path>& files, const std::string& site,
-               std::size_t most, TinNodes& nodes) {
+               std::size_t most, const ToldShare& told, TinNodes& nodes) {
   RasterMosaic mosaic(files, site);
   nodes.notes.insert(nodes.notes.end(), mosaic.Notes().begin(), mosaic.Notes().end());
   const CellGrid& grid = mosaic.Grid();
@@ -32,6 +33,7 @@ void Add_Cells(const std::vector<std::filesystem::path>& files, const std::strin
   std::vector<double> heights(static_cast<std::size_t>(grid.columns));
   for (std::int64_t row = 0; row < grid.rows; row += step) {
     mosaic.Read_Row(row, heights);
+    Tell_Share(told, static_cast<double>(row + 1), static_cast<double>(grid.rows));
     for (std::int64_t col = 0; col < grid.columns; col += step) {
       const double Z = heights[static_cast<std::size_t>(col)];
       if (Z == kNoHeight) continue;
@@ -106,13 +108,16 @@ void Add_Ground(const LidarSources& lidar, const std::string& site, std::size_t 
 
 TinNodes Read_Tin_Nodes_From(
     const std::vector<std::filesystem::path>& files, const std::string& site_crs, std::size_t most,
-    const std::function<std::filesystem::path(const std::string&)>& new_file) {
+    const std::function<std::filesystem::path(const std::string&)>& new_file,
+    const ToldShare& told) {
   std::vector<std::filesystem::path> rasters, lidar;
   for (const auto& file : files) (Is_Las_File(file) ? lidar : rasters).push_back(file);
   TinNodes nodes;
-  if (!rasters.empty()) Add_Cells(rasters, site_crs, most, nodes);
+  if (!rasters.empty())
+    Add_Cells(rasters, site_crs, most, Part_Of(told, 0, lidar.empty() ? 1 : kRasters), nodes);
   if (!lidar.empty()) {
-    const LidarSources sources = Open_Lidar(lidar, site_crs, new_file);
+    const LidarSources sources =
+        Open_Lidar(lidar, site_crs, new_file, Part_Of(told, rasters.empty() ? 0 : kRasters, 1));
     nodes.notes.insert(nodes.notes.end(), sources.notes.begin(), sources.notes.end());
     Add_Ground(sources, site_crs, most, nodes);
   }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "interchange/site.h"
+#include "interchange/told_share.h"
 #include "platform/point3d.h"
 
 namespace sylvomex {
@@ -25,6 +26,7 @@ struct TinNodes {
 /// Refused as told in raster_mosaic.h and lidar_sources.h, and for less than three nodes.
 TinNodes Read_Tin_Nodes_From(
     const std::vector<std::filesystem::path>& files, const std::string& site_crs, std::size_t most,
-    const std::function<std::filesystem::path(const std::string&)>& new_file);
+    const std::function<std::filesystem::path(const std::string&)>& new_file,
+    const ToldShare& told = {});
 
 }  // namespace sylvomex

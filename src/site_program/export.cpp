@@ -28,21 +28,23 @@ ReadPoints Reader_Of(const std::string& what) {
 void Export_Point_Layer(const ExportArguments& arguments, ReadPoints read, const Site& site,
                         SiteOutput& output) {
   const PointTable points = read({arguments.input.string(), arguments.input}, site);
-  Export_Points(points, site.crs, arguments.what, arguments.output);
+  Export_Points(points, site.crs, arguments.what, arguments.output,
+                {site.folder, output.Progress()});
   output.object["points"] = points.rows.size();
 }
 
 void Export_Other(const ExportArguments& arguments, const Site& site, SiteOutput& output) {
   if (arguments.what == "dem") {
-    Export_Model(arguments.input, site, arguments.output);
+    Export_Model(arguments.input, site, arguments.output, output.Progress());
   } else if (arguments.what == "orto") {
-    Export_Ortho(arguments.input, site, arguments.output);
+    Export_Ortho(arguments.input, site, arguments.output, output.Progress());
   } else if (arguments.what == "correlation") {
-    Export_Correlation(arguments.input, arguments.output);
+    Export_Correlation(arguments.input, arguments.output, {site.folder, output.Progress()});
   } else if (arguments.what == "tin") {
-    Export_Tin(arguments.input, site, arguments.output);
+    Export_Tin(arguments.input, site, arguments.output, output.Progress());
   } else {
-    output.object["points"] = Export_Lidar(arguments.input, site, arguments.output);
+    output.object["points"] =
+        Export_Lidar(arguments.input, site, arguments.output, output.Progress());
   }
 }
 

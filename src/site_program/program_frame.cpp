@@ -23,7 +23,9 @@ bool Is_Writing_Failure(const RunTimeError& error) {
 }
 
 int Run_Task(const ProgramTask& task, SiteOutput& output) try {
-  return task(output);
+  const int status = task(output);
+  if (const auto told = output.Progress(); told && status == kDone) told(1);
+  return status;
 } catch (const Refused& refusal) {
   return Say_Failure(output, kRefused, refusal.what());
 } catch (const FailedOnTheWay& failure) {

@@ -9,7 +9,7 @@ namespace sylvomex {
 int Run_Import_Raster(const RasterArguments& arguments, const std::string& model,
                       SiteOutput& output) {
   ImportTransaction transaction(arguments.site);
-  const RasterReport report = Import_Raster(transaction, arguments.files, model);
+  const RasterReport report = Import_Raster(transaction, arguments.files, model, output.Progress());
   for (const std::string& note : report.notes) output.Warn(note);
   output.Say("c:\\data\\models\\" + model + ".hdr: " + std::to_string(report.columns) +
              " columns, " + std::to_string(report.rows) + " rows of " + Plain_Text(report.cell) +

@@ -31,7 +31,7 @@ class Subcommand {
     CLI::Option* const option = command_->add_option(name, (*arguments_).*value, field.help);
     option->required(field.required);
     if (field.kind == SiteFieldKind::Numbers) option->type_name(field.value);
-    if (field.kind == SiteFieldKind::Choice && field.required) {
+    if (field.kind == SiteFieldKind::Choice) {
       std::istringstream words(field.value);
       option->check(CLI::IsMember(std::vector<std::string>(
           std::istream_iterator<std::string>(words), std::istream_iterator<std::string>())));

@@ -3,10 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <numbers>
 
 #include "interchange/failures.h"
+#include "interchange/las_points.h"
 #include "support/lidar_files.h"
 #include "support/temporary_folder.h"
 
@@ -36,6 +38,29 @@ TEST(SensorPositions, ToTheLeftOfAnEchoOnTheRight) {
   EXPECT_NEAR(sensor.at.Y, 1000, 1e-9);
   // Flown north, 45 degrees to the left is west: the sensor is 1000 m east.
   EXPECT_NEAR(Sensor_Above({0, 0, 0}, 1000, -45, Heading{0, 1}).at.X, 1000, 1e-9);
+}
+
+// Flown east: the sensor stands 1500 m x tan(angle) to the north of an echo on the right.
+TEST(SensorPositions, WholeDegreesAndFineAnglesAreTakenAsTheFilesHoldThem) {
+  constexpr double kRadians = std::numbers::pi / 180;
+  std::vector<EchoRecord> echoes;
+  for (int i = 0; i < 10; ++i) echoes.push_back(Echo(100 + i, 10.0 * i, 0));
+  FlightLines lines;
+  lines.Add(echoes, {});
+  const SensorPositions sensors(1500, lines);
+  for (int degrees = -90; degrees <= 90; degrees += 7) {
+    std::array<std::uint8_t, 28> record{};
+    record[16] = static_cast<std::uint8_t>(degrees);
+    EchoRecord echo = echoes.front();
+    echo.angle = LasPoint(record.data(), 1).Angle();
+    LasHeader header;
+    header.format = 1;
+    EXPECT_NEAR(sensors.Of(echo, {}, header).at.Y / (1500 * std::tan(degrees * kRadians)), 1, 1e-9);
+    header.format = 6;
+    echo.angle = static_cast<std::int16_t>(degrees * 100);  // of 0.006 degrees
+    EXPECT_NEAR(sensors.Of(echo, {}, header).at.Y / (1500 * std::tan(degrees * 0.6 * kRadians)), 1,
+                1e-9);
+  }
 }
 
 TEST(SensorPositions, AnAngleWithoutAHeadingIsTold) {

@@ -2,6 +2,7 @@
 // Exports by the command line, read back by GDAL.
 #include <ogrsf_frmts.h>
 
+#include <array>
 #include <cmath>
 #include <memory>
 #include <nlohmann/json.hpp>
@@ -311,6 +312,19 @@ TEST_F(ExportSite, LidarComesBackEchoByEcho) {
       EXPECT_EQ(point.Angle(), 2000);
       EXPECT_EQ(point.Line(), 3);
     }
+  }
+}
+
+TEST_F(ExportSite, ProgressRisesToTheWholeAndTheSiteStaysAsItIs) {
+  const std::string input =
+      folder.Write("maa.nod", Line(384010, 6675990, "123.5\n")).native.string();
+  const auto before = Content();
+  for (const auto& [what, from, name] : {std::array<std::string, 3>{"surface", input, "o.gpkg"},
+                                         {"dem", Native("c/data/models/dem.hdr"), "o.tif"}}) {
+    const SitePlayed played = Play_Site({"export", site, what, from, Path(name), "--progress"});
+    ASSERT_EQ(played.status, 0) << played.err;
+    EXPECT_TRUE(played.err.ends_with("progress 100\n")) << played.err;
+    EXPECT_EQ(Content(), before);
   }
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Height rasters by the command line, looked up by the workstation.
+#include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <memory>
 #include <nlohmann/json.hpp>
 
@@ -180,6 +182,52 @@ TEST_F(RasterSite, WhatIsNoHeightRasterIsRefused) {
     EXPECT_EQ(played.status, 1) << file;
     EXPECT_NE(played.err.find(file), std::string::npos) << played.err;
     EXPECT_EQ(Content(), before) << file;
+  }
+}
+
+/// Heights that bilinear interpolation gives back exactly.
+TEST_F(RasterSite, ATurnedRasterIsNotSmoothed) {
+  // Cells of 2 m, turned by 30 degrees. A saddle over the cells is bilinear within each of them.
+  const double c = std::cos(std::acos(-1) / 6), s = 0.5;
+  TestRaster raster;
+  raster.columns = 150;
+  raster.rows = 120;
+  raster.place = {385000, 2 * c, 2 * s, 6672500, 2 * s, -2 * c};
+  const auto saddle = [](double col, double row) { return 200 + (col - 75) * (row - 60) * 0.05; };
+  raster.height = saddle;
+  const SitePlayed played = Import("dem", {raster.Write(Path("a.tif"))});
+  ASSERT_EQ(played.status, 0) << played.err;
+  const auto told = nlohmann::json::parse(played.out);
+  EXPECT_EQ(told["cell_size"], 2);
+  const Point3D shift = Shift();
+  std::istringstream header(folder.Read("site/c/data/models/dem.hdr"));
+  double columns = 0, rows = 0, X0 = 0, Y0 = 0, cell = 0;
+  header >> columns >> rows >> X0 >> Y0 >> cell;
+  const std::string bytes = folder.Read("site/c/data/models/dem.bin");
+  ASSERT_EQ(bytes.size(), static_cast<std::size_t>(4 * columns * rows));
+  int compared = 0;
+  for (int row = 0; row < rows; ++row) {
+    for (int col = 0; col < columns; ++col) {
+      const double X = X0 + col * cell + shift.X - 385000;
+      const double Y = Y0 + (row - 0.5) * cell + shift.Y - 6672500;
+      const double at_col = (c * X + s * Y) / 2 - 0.5, at_row = (s * X - c * Y) / 2 - 0.5;
+      if (at_col < 2 || at_row < 2 || at_col > 147 || at_row > 117) continue;
+      float height = 0;
+      std::memcpy(&height, bytes.data() + 4 * (row * static_cast<int>(columns) + col), 4);
+      EXPECT_NEAR(height, saddle(at_col, at_row), 2e-3) << col << " " << row;
+      ++compared;
+    }
+  }
+  EXPECT_GT(compared, 15000);
+}
+
+TEST_F(RasterSite, ProgressRisesToTheWhole) {
+  const std::string raster = TestRaster().Write(Path("a.tif"));
+  for (const char* kind : {"dem", "chm", "tin"}) {
+    const SitePlayed played = Play_Site({"import", kind, site, raster, "--progress"});
+    ASSERT_EQ(played.status, 0) << played.err;
+    EXPECT_GE(std::count(played.err.begin(), played.err.end(), '\n'), 4) << played.err;
+    EXPECT_TRUE(played.err.ends_with("progress 100\n")) << played.err;
   }
 }
 

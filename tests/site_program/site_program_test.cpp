@@ -96,5 +96,9 @@ TEST(SiteProgram, NegativeNumbersAreNumbers) {
             1);
 }
 
+TEST(SiteProgram, AFormatThatThereIsNotIsAWrongCommandLine) {
+  EXPECT_EQ(Play({"import", "images", "site", "t.csv", "a.tif", "--format", "odd"}).status, 2);
+}
+
 }  // namespace
 }  // namespace sylvomex

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "interchange/geo_keys.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "interchange/coordinate_system.h"
+#include "interchange/las_system.h"
+
+namespace sylvomex {
+namespace {
+
+constexpr std::uint16_t kUserDefined = 32767, kInDoubles = 34736;
+
+struct Key {
+  std::uint16_t id = 0, place = 0, count = 1, value = 0;
+};
+
+template <class Value>
+LasVariableRecord Record(int id, const std::vector<Value>& values) {
+  LasVariableRecord record{"LASF_Projection", id, {}};
+  record.content.resize(values.size() * sizeof(Value));
+  std::memcpy(record.content.data(), values.data(), record.content.size());
+  return record;
+}
+
+LasVariableRecord Directory(const std::vector<Key>& keys) {
+  std::vector<std::uint16_t> numbers = {1, 1, 0, static_cast<std::uint16_t>(keys.size())};
+  for (const Key& key : keys) {
+    numbers.insert(numbers.end(), {key.id, key.place, key.count, key.value});
+  }
+  return Record(34735, numbers);
+}
+
+/// Transverse Mercator on GRS 80 (ETRS89), its five numbers among the doubles.
+LasHeader Own_Mercator(double longitude, double easting, double scale) {
+  LasHeader header;
+  header.records = {Directory({{1024, 0, 1, 1},
+                               {2048, 0, 1, 4258},
+                               {3072, 0, 1, kUserDefined},
+                               {3074, 0, 1, kUserDefined},
+                               {3075, 0, 1, 1},
+                               {3076, 0, 1, 9001},
+                               {3080, kInDoubles, 1, 0},
+                               {3081, kInDoubles, 1, 1},
+                               {3082, kInDoubles, 1, 2},
+                               {3083, kInDoubles, 1, 3},
+                               {3092, kInDoubles, 1, 4}}),
+                    Record<double>(34736, {longitude, 0, easting, 0, scale})};
+  return header;
+}
+
+TEST(GeoKeys, AProjectionByItsParametersIsTheOneOfItsCode) {
+  const std::string wkt = Las_System(Own_Mercator(27, 500000, 0.9996), "a.las").wkt;
+  ASSERT_NE(wkt, "");
+  EXPECT_TRUE(Same_Horizontal(Coordinate_System(wkt), Coordinate_System("EPSG:3067")));
+}
+
+TEST(GeoKeys, AProjectionOfOnesOwnKeepsItsParameters) {
+  const std::string wkt = Las_System(Own_Mercator(24.7, 123456.5, 1), "a.las").wkt;
+  ASSERT_NE(wkt, "");
+  const OGRSpatialReference system = Coordinate_System(wkt);
+  EXPECT_TRUE(system.IsProjected());
+  EXPECT_EQ(system.GetProjParm("central_meridian"), 24.7);
+  EXPECT_EQ(system.GetProjParm("false_easting"), 123456.5);
+  EXPECT_EQ(system.GetProjParm("scale_factor"), 1);
+}
+
+TEST(GeoKeys, KeysThatDefineNothingTellNoSystem) {
+  LasHeader header;
+  header.records = {Directory({{1024, 0, 1, 1}, {3072, 0, 1, kUserDefined}})};
+  EXPECT_EQ(Las_System(header, "a.las").wkt, "");
+  header.records.front().content.resize(11);  // cut within a key
+  EXPECT_EQ(Defined_By_Geo_Keys(header.records), "");
+  EXPECT_EQ(Defined_By_Geo_Keys({}), "");
+}
+
+TEST(GeoKeys, NumbersThatPointBehindTheDoublesDoNoHarm) {
+  LasHeader header = Own_Mercator(27, 500000, 0.9996);
+  header.records.back().content.resize(8);
+  EXPECT_NO_THROW(Las_System(header, "a.las"));
+}
+
+}  // namespace
+}  // namespace sylvomex
