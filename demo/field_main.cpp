@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Writes a demo site's data in the field's formats, moved to another place of the country: GeoTIFF
-// photographs with an orientation table, checked points, a terrain model, LAS, and a list of trees.
+// photographs with an orientation table, checked points, a terrain and a canopy model, LAS, and a list of trees.
 #include <gdal_priv.h>
 
 #include <filesystem>
@@ -118,9 +118,9 @@ void Write_Trees(const CsvTable& trees, const fs::path& file) {
   }
 }
 
-void Write_Terrain(const DriveMap& drives, const fs::path& file) {
+void Write_Model(const DriveMap& drives, const char* header, const fs::path& file) {
   RasterModel model;
-  Read_Raster_Header(drives.Locate("c:\\data\\demo\\dem.hdr"), model);
+  Read_Raster_Header(drives.Locate(header), model);
   Dimension_Cells(model);
   Read_Cells(drives.Locate(model.CellFile.Trimmed()), model);
   const auto tiff = New_Tiff(file, model.columns, model.rows, 1, GDT_Float32);
@@ -187,7 +187,8 @@ int Write_Field(const fs::path& site, const fs::path& out) {
   const CsvTable trees(Read_Text_File(truth), truth);
   Write_Points(photos, trees, out);
   Write_Trees(trees, out / "trees.csv");
-  Write_Terrain(drives, out / "terrain.tif");
+  Write_Model(drives, "c:\\data\\demo\\dem.hdr", out / "terrain.tif");
+  Write_Model(drives, "c:\\data\\demo\\chm.hdr", out / "canopy.tif");
   Write_Lidar(drives, out / "lidar.las");
   std::cout << photos.size() << " photographs and their field data in " << out.string() << '\n';
   return 0;
