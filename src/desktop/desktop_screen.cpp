@@ -171,6 +171,7 @@ std::optional<std::string> DesktopScreen::File_Dialog(const FileQuestion& questi
   owner_.show_block();
   QFileDialog dialog(owner_.front_window(), Window_Title(question.title), Start_Folder(question));
   dialog.setOption(QFileDialog::DontUseNativeDialog);
+  Lay_Out(dialog);
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setAcceptMode(QFileDialog::AcceptOpen);
   dialog.setSidebarUrls(Drive_Urls(drives_));

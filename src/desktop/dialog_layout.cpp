@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/dialog_layout.h"
 
+#include <QHeaderView>
 #include <QLabel>
 #include <QScreen>
+#include <QTreeView>
 #include <algorithm>
 
 #include "desktop/wrapped_text.h"
@@ -49,6 +51,21 @@ void Lay_Out(QMessageBox& box) {
   box.setStyleSheet(QStringLiteral("QLabel#qt_msgbox_label, QLabel#qt_msgbox_informativelabel "
                                    "{ min-width: %1px; }")
                         .arg(width));
+}
+
+void Lay_Out(QFileDialog& dialog) {
+  enum Column { kName, kSize, kType, kDate };
+  constexpr QSize kRoomy(720, 460);
+  auto* files = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+  if (files == nullptr) return;
+  QHeaderView& heads = *files->header();
+  heads.setSectionHidden(kType, true);  // it repeats the ending of the name
+  heads.setStretchLastSection(false);
+  heads.setSectionResizeMode(kName, QHeaderView::Stretch);
+  for (const Column column : {kSize, kDate}) {
+    heads.setSectionResizeMode(column, QHeaderView::ResizeToContents);
+  }
+  dialog.resize(dialog.size().expandedTo(kRoomy).boundedTo(dialog.screen()->availableSize()));
 }
 
 void Lay_Out(QInputDialog& box) {

@@ -68,6 +68,7 @@ Aids::Aids(Desktop& desktop, bool is_dark)
                                      Qt::Vertical);
   measured_->hide();
   overlays_drawn_->hide();
+  dock_places_.emplace(panes_, std::vector<QDockWidget*>{measured_, overlays_drawn_});
   Give_Mnemonics(*desktop.Shown().Main().menuBar());
   recent_.Show_Lines({});
   Fill_Menu(is_dark);
@@ -84,6 +85,7 @@ Aids::~Aids() {
   panes_.Owner().Shown().When_Mirrored({});
   panes_.Owner().Dialogs().Be_Calm({});
   long_commands_.Refresh();
+  dock_places_.reset();
   delete strip_;
   delete magnifier_;
   delete measured_;

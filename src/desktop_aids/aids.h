@@ -4,11 +4,13 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 #include "desktop_aids/aid_keys.h"
 #include "desktop_aids/aided_panes.h"
 #include "desktop_aids/aids_menu.h"
 #include "desktop_aids/command_palette.h"
+#include "desktop_aids/dock_places.h"
 #include "desktop_aids/file_drops.h"
 #include "desktop_aids/guide.h"
 #include "desktop_aids/long_commands.h"
@@ -55,7 +57,8 @@ class Aids {
   Strip* strip_;                                      // owned by the window
   MeasuredDock* measured_;                            // owned by the window
   OverlayDock* overlays_drawn_;                       // owned by the window
-  Guide* guide_;                                      // owned by the window
+  std::optional<DockPlaces> dock_places_;
+  Guide* guide_;  // owned by the window
   LongCommands long_commands_;
   CommandPalette palette_;
   AidsMenu menu_;

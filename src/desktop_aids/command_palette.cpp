@@ -28,6 +28,7 @@ CommandPalette::CommandPalette(Desktop& desktop)
     : QDialog(&desktop.Shown().Main()),
       desktop_(desktop),
       typed_(new QLineEdit(this)),
+      none_(new QLabel(QStringLiteral("No command or aid has this in its name."), this)),
       list_(new QListWidget(this)) {
   setObjectName(QStringLiteral("CommandPalette"));
   setWindowTitle(QStringLiteral("Commands"));
@@ -37,6 +38,7 @@ CommandPalette::CommandPalette(Desktop& desktop)
   list_->setUniformItemSizes(true);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(typed_);
+  layout->addWidget(none_);
   layout->addWidget(list_);
   resize(560, 420);
   typed_->installEventFilter(this);
@@ -106,14 +108,17 @@ void CommandPalette::Bring_Up() {
 }
 
 void CommandPalette::Filter(const QString& typed) {
+  bool has_match = false;
   list_->setCurrentItem(nullptr);
   for (int k = 0; k < list_->count(); ++k) {
     QListWidgetItem& item = *list_->item(k);
     const bool matches = Matches(item.text() + QLatin1Char(' ') + item.toolTip(), typed);
     item.setHidden(!matches);
+    has_match = has_match || matches;
     const bool can_run = item.flags().testFlag(Qt::ItemIsEnabled);
     if (matches && can_run && list_->currentItem() == nullptr) list_->setCurrentItem(&item);
   }
+  none_->setVisible(!has_match);
 }
 
 void CommandPalette::Run_Chosen() {
@@ -131,10 +136,15 @@ void CommandPalette::Run_Chosen() {
   desktop_.Dispatch(event);
 }
 
-/// Up and down move in the list while the text keeps the focus.
+/// Up and down move in the list while the text keeps the focus; the palette's own key begins anew.
 bool CommandPalette::eventFilter(QObject* watched, QEvent* event) {
   if (watched == typed_ && event->type() == QEvent::KeyPress) {
-    const int key = static_cast<QKeyEvent*>(event)->key();
+    const auto& pressed = *static_cast<QKeyEvent*>(event);
+    const int key = pressed.key();
+    if (key == Qt::Key_P && pressed.modifiers() == (Qt::ControlModifier | Qt::ShiftModifier)) {
+      typed_->selectAll();
+      return true;
+    }
     if (key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
         key == Qt::Key_PageDown) {
       QApplication::sendEvent(list_, event);

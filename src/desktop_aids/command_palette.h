@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <functional>
@@ -44,6 +45,7 @@ class CommandPalette : public QDialog {
 
   Desktop& desktop_;
   QLineEdit* typed_;
+  QLabel* none_;  // where nothing matches
   QListWidget* list_;
   std::vector<Aid> aids_;
 };

@@ -9,7 +9,9 @@
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextFrame>
+#include <QTextTable>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "desktop/qt_text.h"
 #include "desktop_aids/event_command.h"
@@ -46,6 +48,26 @@ QTextCursor Heading(const QTextDocument& document, Chosen&& chosen) {
   return {};
 }
 
+/// Tables with one line between their cells, and room for the last heading to stand at the upper
+/// edge.
+void Make_Readable(QTextDocument& document, int height) {
+  constexpr int kCellPadding = 3;
+  for (QTextFrame* frame : document.rootFrame()->childFrames()) {
+    auto* table = qobject_cast<QTextTable*>(frame);
+    if (table == nullptr) continue;
+    QTextTableFormat format = table->format();
+    format.setBorderCollapse(true);
+    format.setBorder(1);
+    format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+    format.setBorderBrush(QColor(150, 150, 150));
+    format.setCellPadding(kCellPadding);
+    table->setFormat(format);
+  }
+  QTextFrameFormat room = document.rootFrame()->frameFormat();
+  room.setBottomMargin(height);
+  document.rootFrame()->setFrameFormat(room);
+}
+
 /// The nearest widget with a name, from a widget up to its window.
 QString Name_Around(const QWidget* widget, const FormWindow& window) {
   for (; widget != nullptr && widget != &window; widget = widget->parentWidget()) {
@@ -71,7 +93,7 @@ QString Guide_Folder() {
 
 QVariant GuideBrowser::loadResource(int type, const QUrl& name) {
   if (type != QTextDocument::ImageResource) return {};
-  constexpr int kMargins = 30;
+  constexpr int kMargins = 80;  // pixels: those of the page and of a list
   const QImage picture =
       QImage::fromData(Bytes_Of(Guide_Folder() + QLatin1Char('/') + name.toString()));
   const int room = std::max(200, viewport()->width() - kMargins);
@@ -122,16 +144,18 @@ void Guide::Load(const QString& page) {
   pages_->setCurrentIndex(pages_->findData(page));
   if (page == page_) return;
   page_ = page;
+  // A document of its own is laid out once; the browser's would be after every word that comes in.
+  auto* document = new QTextDocument(browser_);
+  document->setDefaultFont(browser_->font());
   const QByteArray text = Bytes_Of(Guide_Folder() + QLatin1Char('/') + page);
   if (text.isEmpty()) {
-    browser_->setPlainText(page + QStringLiteral(" is not installed beside the program."));
+    document->setPlainText(page + QStringLiteral(" is not installed beside the program."));
   } else {
-    browser_->setMarkdown(QString::fromUtf8(text));
+    document->setMarkdown(QString::fromUtf8(text));
   }
-  // Room for the last heading to stand at the upper edge.
-  QTextFrameFormat room = browser_->document()->rootFrame()->frameFormat();
-  room.setBottomMargin(browser_->viewport()->height());
-  browser_->document()->rootFrame()->setFrameFormat(room);
+  Make_Readable(*document, browser_->viewport()->height());
+  browser_->setDocument(document);
+  delete std::exchange(document_, document);
 }
 
 void Guide::Scroll_To(const QTextCursor& place) {

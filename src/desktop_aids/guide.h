@@ -50,6 +50,7 @@ class Guide : public QWidget {
   QComboBox* pages_;
   QLineEdit* find_;
   GuideBrowser* browser_;
+  QTextDocument* document_ = nullptr;  // of the page, the browser's child
   QString page_;
 };
 

@@ -2,6 +2,8 @@
 #include "desktop_aids/measured_model.h"
 
 #include <QColor>
+#include <QGuiApplication>
+#include <QPalette>
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -50,14 +52,21 @@ double Sort_Value(const MeasuredLine& line, int column) {
   }
 }
 
+bool Is_Dark() {
+  constexpr int kDark = 128;
+  return QGuiApplication::palette().color(QPalette::Base).lightness() < kDark;
+}
+
+/// Of a line's ground, on which the letters of the window's look are readable.
 QColor Trust_Colour(Trust trust) {
+  const bool dark = Is_Dark();
   switch (trust) {
     case Trust::Good:
-      return {205, 235, 215};
+      return dark ? QColor(32, 84, 58) : QColor(205, 235, 215);
     case Trust::Doubtful:
-      return {255, 236, 179};
+      return dark ? QColor(104, 82, 12) : QColor(255, 236, 179);
     case Trust::Bad:
-      return {250, 205, 195};
+      return dark ? QColor(120, 42, 34) : QColor(250, 205, 195);
   }
   return {};
 }
@@ -177,7 +186,6 @@ QVariant MeasuredModel::data(const QModelIndex& index, int role) const {
     return Text(line, index.column());
   }
   if (role == Qt::BackgroundRole) return Trust_Colour(Trust_In(line, w_.options));
-  if (role == Qt::ForegroundRole) return QColor(Qt::black);
   if (role == Qt::ToolTipRole) return Qt_Text(line.text);
   if (role == Qt::TextAlignmentRole && index.column() != Comment) {
     return QVariant(Qt::AlignRight | Qt::AlignVCenter);

@@ -18,7 +18,7 @@ constexpr int kSavedSide = 9;              // pixels
 constexpr std::size_t kMostNumbers = 300;  // of saved points in a pane
 
 QColor Top_Colour(const OverlayChoices& choices) {
-  return choices.safe_colours ? QColor(0, 114, 178) : QColor(255, 70, 200);
+  return choices.safe_colours ? QColor(230, 159, 0) : QColor(255, 70, 200);
 }
 
 QColor Saved_Colour(Trust trust, const OverlayChoices& choices) {

@@ -10,6 +10,7 @@
 
 #include "desktop/qt_text.h"
 #include "desktop_site/site_result.h"
+#include "desktop_site/site_words.h"
 
 namespace sylvomex {
 namespace {
@@ -53,13 +54,6 @@ QString End_Text(SiteOutcome::End end) {
 
 }  // namespace
 
-QString Site_Caption(const SiteCommand& command) {
-  if (std::string_view(command.words) == "init") return QStringLiteral("New site");
-  QString caption = QString::fromLatin1(command.words);
-  caption[0] = caption[0].toUpper();
-  return caption;
-}
-
 SiteDialog::SiteDialog(const SiteCommand& command, const std::filesystem::path& site,
                        QWidget* owner, std::function<void(const QJsonObject&)> done)
     : QDialog(owner),
@@ -91,9 +85,14 @@ SiteDialog::SiteDialog(const SiteCommand& command, const std::filesystem::path& 
 void SiteDialog::Lay_Out_Below() {
   progress_->setAccessibleName(QStringLiteral("Progress"));
   progress_->setRange(0, 100);
+  QSizePolicy keeps_place = progress_->sizePolicy();
+  keeps_place.setRetainSizeWhenHidden(true);
+  progress_->setSizePolicy(keeps_place);
+  progress_->hide();  // an empty bar looks like a box to type in
   state_->setAccessibleName(QStringLiteral("State"));
   messages_->setAccessibleName(QStringLiteral("Messages"));
   messages_->setReadOnly(true);
+  messages_->setPlaceholderText(QStringLiteral("What is done and what comes of it"));
   messages_->setFixedHeight(kMessageLines * messages_->fontMetrics().lineSpacing());
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(state_, 1);
@@ -121,6 +120,7 @@ void SiteDialog::Run() {
   const QStringList arguments = fields_->Arguments(Qt_Text(site_.string()));
   messages_->setPlainText(Command_Line(arguments));
   state_->setText(QStringLiteral("Running ..."));
+  progress_->show();
   progress_->setRange(0, 0);  // busy, until it says how far it has come
   process_.Start(arguments);
   Refresh_Buttons();

@@ -51,7 +51,4 @@ class SiteDialog : public QDialog {
   QString report_;
 };
 
-/// "import images" as the caption of its menu item and the title of its dialog: "Import images".
-QString Site_Caption(const SiteCommand& command);
-
 }  // namespace sylvomex

@@ -11,11 +11,14 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "desktop/dialog_layout.h"
+#include "desktop_site/site_words.h"
+
 namespace sylvomex {
 namespace {
 
 constexpr int kListHeight = 90;  // pixels
-constexpr int kEditWidth = 340;
+constexpr int kEditWidth = 420;
 
 QStringList Words_Of(const char* text) {
   return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
@@ -24,17 +27,12 @@ QStringList Words_Of(const char* text) {
 QLineEdit* New_Edit(QWidget* parent, const SiteField& field) {
   auto* edit = new QLineEdit(parent);
   edit->setMinimumWidth(kEditWidth);
-  edit->setPlaceholderText(QString::fromLatin1(field.value));
+  const bool has_words = !std::string_view(field.value).empty();
+  edit->setPlaceholderText(QString::fromUtf8(has_words ? field.value : field.help));
   return edit;
 }
 
 }  // namespace
-
-QString Field_Label(const SiteField& field) {
-  QString label = QString::fromUtf8(field.help);
-  label[0] = label[0].toUpper();
-  return field.required ? label : label + QStringLiteral(" (optional)");
-}
 
 SiteFields::SiteFields(const SiteCommand& command, QFormLayout& form, QString start_folder,
                        std::function<void()> changed)
@@ -43,9 +41,10 @@ SiteFields::SiteFields(const SiteCommand& command, QFormLayout& form, QString st
     if (field.kind == SiteFieldKind::Site) continue;
     Row row = Make_Row(field);
     row.editor->setObjectName(QString::fromLatin1(field.name));
-    row.editor->setAccessibleName(Field_Label(field));
-    row.editor->setToolTip(QString::fromLatin1(field.name));
-    form.addRow(Field_Label(field), row.editor);
+    row.editor->setAccessibleName(Label_Of(command, field));
+    row.editor->setToolTip(QString::fromUtf8(field.help) + QStringLiteral("  (") +
+                           QString::fromLatin1(field.name) + QLatin1Char(')'));
+    form.addRow(Label_Of(command, field), row.editor);
     rows_.push_back(std::move(row));
   }
 }
@@ -89,7 +88,7 @@ SiteFields::Row SiteFields::File_Row(const SiteField& field) {
   auto* layout = new QHBoxLayout(row);
   layout->setContentsMargins(0, 0, 0, 0);
   QLineEdit* edit = New_Edit(row, field);
-  edit->setAccessibleName(Field_Label(field));
+  edit->setAccessibleName(Label_Of(command_, field));
   auto* browse = new QPushButton(QStringLiteral("Browse ..."), row);
   browse->setAutoDefault(false);
   layout->addWidget(edit, 1);
@@ -112,7 +111,7 @@ SiteFields::Row SiteFields::Files_Row(const SiteField& field) {
   list->setMinimumWidth(kEditWidth);
   list->setFixedHeight(kListHeight);
   list->setSelectionMode(QAbstractItemView::ExtendedSelection);
-  list->setAccessibleName(Field_Label(field));
+  list->setAccessibleName(Label_Of(command_, field));
   auto* buttons = new QVBoxLayout;
   auto* add = new QPushButton(QStringLiteral("Add ..."), row);
   auto* remove = new QPushButton(QStringLiteral("Remove"), row);
@@ -141,8 +140,9 @@ SiteFields::Row SiteFields::Files_Row(const SiteField& field) {
 }
 
 QStringList SiteFields::Ask_For_Files(const SiteField& field, QWidget& owner) {
-  QFileDialog dialog(&owner, Field_Label(field), folder_);
+  QFileDialog dialog(&owner, Label_Of(command_, field), folder_);
   dialog.setOption(QFileDialog::DontUseNativeDialog);
+  Lay_Out(dialog);
   dialog.setFileMode(field.kind == SiteFieldKind::Files     ? QFileDialog::ExistingFiles
                      : field.kind == SiteFieldKind::NewFile ? QFileDialog::AnyFile
                                                             : QFileDialog::ExistingFile);

@@ -47,7 +47,4 @@ class SiteFields {
   std::vector<Row> rows_;
 };
 
-/// "The orientation table": the help of a field as its label.
-QString Field_Label(const SiteField& field);
-
 }  // namespace sylvomex

@@ -12,6 +12,7 @@
 #include "desktop_site/picture_export.h"
 #include "desktop_site/site_frame.h"
 #include "desktop_site/site_result.h"
+#include "desktop_site/site_words.h"
 
 namespace sylvomex {
 namespace {

@@ -2,6 +2,7 @@
 #include "desktop/dialog_layout.h"
 
 #include <QScreen>
+#include <QTreeView>
 
 #include "desktop/wrapped_text.h"
 #include "desktop_fixture.h"
@@ -117,6 +118,26 @@ TEST_F(DialogTexts, NoBoxIsWiderThanTheScreen) {
   Lay_Out(box);
   box.show();
   EXPECT_LE(box.width(), box.screen()->availableSize().width());
+}
+
+TEST(DialogLayout, AFileDialogShowsSizesAndDatesInFull) {
+  const TemporaryFolder folder;
+  folder.Write("a_name_of_some_length.hdr", std::string(318, 'x'));
+  QFileDialog dialog(nullptr, "Header file for an image",
+                     QString::fromStdString(folder.Path().string()));
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  Lay_Out(dialog);
+  dialog.show();
+  auto& files = *dialog.findChild<QTreeView*>("treeView");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return files.model()->rowCount(files.rootIndex()) == 1; }));
+  QApplication::processEvents();
+  for (int column = 0; column < files.model()->columnCount(); ++column) {
+    if (files.isColumnHidden(column)) continue;
+    const QModelIndex index = files.model()->index(0, column, files.rootIndex());
+    const QString text = index.data().toString();
+    EXPECT_GE(files.columnWidth(column), files.fontMetrics().horizontalAdvance(text))
+        << text.toStdString();
+  }
 }
 
 }  // namespace

@@ -2,8 +2,10 @@
 // The guide at the place of what has the focus, by its keys.
 #include "desktop_aids/guide.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QMenuBar>
 #include <QTextBlock>
+#include <QTextLayout>
 #include <algorithm>
 #include <map>
 #include <set>
@@ -111,6 +113,22 @@ TEST_F(GuideTest, WordsAreFoundAndEnterFindsTheNextPlace) {
   EXPECT_EQ(Help().Browser().textCursor().selectedText().toLower(), "lidar");
   QTest::keyClick(&find, Qt::Key_Return);
   EXPECT_GT(Help().Browser().textCursor().position(), first);
+}
+
+TEST_F(GuideTest, PicturesAreAsWideAsThePageAtMostAlsoInLists) {
+  for (const GuidePage& page : Guide_Pages()) {
+    Help().Open({page.file, ""});
+    const QTextDocument& text = *Help().Browser().document();
+    for (QTextBlock block = text.begin(); block.isValid(); block = block.next()) {
+      const QRectF lines = text.documentLayout()->blockBoundingRect(block);
+      for (auto part = block.begin(); !part.atEnd(); ++part) {
+        if (!part.fragment().charFormat().isImageFormat()) continue;
+        EXPECT_LE(lines.left() + block.layout()->boundingRect().width(),
+                  Help().Browser().viewport()->width())
+            << page.file << ": " << block.text().toStdString();
+      }
+    }
+  }
 }
 
 }  // namespace

@@ -156,5 +156,18 @@ TEST_F(Measured, AnUnreadableLineIsShownAsItIsAndMovesNothing) {
   EXPECT_EQ(w().PaneViews(0).ViewCol, before.ViewCol);
 }
 
+TEST_F(Measured, InTheDarkTheLinesAreDarkAndTheLettersOnThemReadable) {
+  Write_Lines(Line(1, 2515000, 6860000, 3, "good") + Line(2, 2515001, 6860000, 900, "bad"));
+  Open();
+  Show_Dark(true);
+  const int letters = QApplication::palette().color(QPalette::Text).lightness();
+  for (int row = 0; row < 2; ++row) {
+    const QModelIndex line = Dock().Model().index(row, 0);
+    EXPECT_FALSE(line.data(Qt::ForegroundRole).isValid());
+    EXPECT_GT(letters - line.data(Qt::BackgroundRole).value<QColor>().lightness(), 120);
+  }
+  Show_Dark(false);
+}
+
 }  // namespace
 }  // namespace sylvomex

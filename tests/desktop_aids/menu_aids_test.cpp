@@ -93,5 +93,18 @@ TEST_F(MenuAids, AGreyedCommandIsNotRunFromThePalette) {
   EXPECT_TRUE(aids_->Palette().isVisible());
 }
 
+TEST_F(MenuAids, ThePaletteSaysThatNothingMatchesAndItsKeyBeginsAnew) {
+  aids_->Palette().Bring_Up();
+  auto& typed = *aids_->Palette().findChild<QLineEdit*>();
+  const auto& none = *aids_->Palette().findChild<QLabel*>();
+  EXPECT_FALSE(none.isVisible());
+  QTest::keyClicks(&typed, "no such command");
+  EXPECT_TRUE(none.isVisible());
+  QTest::keyClick(&typed, Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
+  QTest::keyClicks(&typed, "zoom");
+  EXPECT_EQ(typed.text(), "zoom");
+  EXPECT_FALSE(none.isVisible());
+}
+
 }  // namespace
 }  // namespace sylvomex

@@ -8,6 +8,7 @@
 #include <set>
 
 #include "aids_fixture.h"
+#include "desktop_site/site_words.h"
 #include "support/las_files.h"
 
 namespace sylvomex {
@@ -260,6 +261,32 @@ TEST_F(SiteMenuTest, TheStripTellsPlacesInTheWorld) {
   EXPECT_NE(shift_X, 0);
   EXPECT_NEAR(world_X - X, shift_X, 1.01);
   EXPECT_NEAR(world_Y - Y, shift_Y, 1.01);
+}
+
+TEST_F(SiteMenuTest, EveryFieldHasALabelOfItsOwnThatFitsIntoALine) {
+  constexpr int kLine = 50;
+  for (const SiteCommand& command : Site_Commands()) {
+    std::set<QString> labels;
+    for (const SiteField& field : command.fields) {
+      if (field.kind == SiteFieldKind::Site) continue;
+      const QString label = Label_Of(command, field);
+      EXPECT_NE(label.left(1), label.left(1).toLower()) << label.toStdString();
+      EXPECT_NE(label, QString::fromUtf8(field.help)) << "no label: " << field.name;
+      EXPECT_LT(label.size(), kLine) << label.toStdString();
+      EXPECT_TRUE(labels.insert(label).second) << label.toStdString();
+    }
+    EXPECT_NE(Site_Caption(command), command.words);
+  }
+}
+
+TEST_F(SiteMenuTest, TheBarIsShownFromTheFirstRunOn) {
+  SiteDialog& dialog = Open("init");
+  const auto& bar = *dialog.findChild<QProgressBar*>();
+  EXPECT_FALSE(bar.isVisible());
+  Type(dialog, "--crs", "EPSG:3067");
+  Press(dialog, "Run");
+  EXPECT_TRUE(bar.isVisible());
+  EXPECT_TRUE(Ends_With(dialog, "Done."));
 }
 
 }  // namespace
