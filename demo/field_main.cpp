@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Writes a demo site's data in the field's formats, moved to another place of the country: GeoTIFF
-// photographs with an orientation table, checked points, a terrain and a canopy model, LAS, and a list of trees.
+// photographs with an orientation table, checked points, a terrain and a canopy model, LAS, and a
+// list of trees.
 #include <gdal_priv.h>
 
 #include <filesystem>
