@@ -5,7 +5,6 @@
 #include "demo/render/stand_cameras.h"
 #include "demo/scene/surface_photographs.h"
 #include "demo/write/camera_tables.h"
-#include "demo/write/colour_map.h"
 #include "demo/write/crown_session.h"
 #include "demo/write/cursor_file.h"
 #include "demo/write/evaluation_session.h"
@@ -24,6 +23,7 @@
 #include "demo/write/surface_session.h"
 #include "demo/write/tin_session.h"
 #include "demo/write/truth.h"
+#include "overlays/jet_colours.h"
 #include "platform/files.h"
 
 namespace sylvomex::demo {

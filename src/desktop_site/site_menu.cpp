@@ -13,6 +13,8 @@
 #include "desktop_site/site_frame.h"
 #include "desktop_site/site_result.h"
 #include "desktop_site/site_words.h"
+#include "platform/guest_files.h"
+#include "platform/run_time_error.h"
 
 namespace sylvomex {
 namespace {
@@ -20,8 +22,18 @@ namespace {
 constexpr int kWaitForCommand = 200;  // milliseconds
 constexpr const char* kNew = "init";
 constexpr const char* kImages = "import images";
+constexpr const char* kExport = "export";
 
 bool Is(const SiteCommand& command, std::string_view words) { return words == command.words; }
+
+/// Whether this desktop may write below its root.
+bool May_Write(const std::filesystem::path& root) try {
+  const std::filesystem::path file = root / "site.toml";
+  Require_Writable({file.string(), file});
+  return true;
+} catch (const RunTimeError&) {
+  return false;
+}
 
 std::string_view First_Word(const SiteCommand& command) {
   const std::string_view words(command.words);
@@ -65,11 +77,15 @@ void SiteMenu::Fill() {
 
 const std::filesystem::path& SiteMenu::Root() const { return desktop_.Block().Drives.Root(); }
 
-/// A root is made a site first; what stands at the pointer is told in the site's coordinates.
+/// A root is made a site first, and nothing but exports leaves one that is only read as it is. What
+/// stands at the pointer is told in the site's coordinates.
 void SiteMenu::Refresh() {
   const std::optional<WorldFrame> frame = Frame_Of_Site(Root());
   const bool is_site = Has_Site(Root());
-  for (const auto& [command, item] : items_) item->setEnabled(Is(*command, kNew) != is_site);
+  const bool may_write = May_Write(Root());
+  for (const auto& [command, item] : items_) {
+    item->setEnabled(Is(*command, kNew) != is_site && (may_write || Is(*command, kExport)));
+  }
   aids_.Below().Show_World(frame);
 }
 

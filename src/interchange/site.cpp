@@ -10,6 +10,7 @@
 #include "interchange/import_transaction.h"
 #include "interchange/site_text.h"
 #include "lidar/tile_grid.h"
+#include "overlays/jet_colours.h"
 #include "platform/files.h"
 #include "platform/replacing_file.h"
 #include "platform/run_time_error.h"
@@ -49,6 +50,24 @@ MapExtent Shifted(const MapExtent& world, const WorldShift& shift) {
   return {world.west - shift.X, world.south - shift.Y, world.east - shift.X, world.north - shift.Y};
 }
 
+/// The folders that the workstation starts with, and those that its commands write into.
+void Create_Work_Folders(const std::filesystem::path& folder) {
+  for (const char* const inside : {"c/apu", "c/data/Lehtomaa/Pistedata", "c/data/vektorit",
+                                   "c/temp", "d/data/laser", "e/lk", "f/temp/AVI"}) {
+    std::error_code error;
+    std::filesystem::create_directories(folder / inside, error);
+    if (error == std::errc::no_space_on_device) {
+      throw FailedOnTheWay(folder.string() + ": " + error.message());
+    }
+    if (error) throw Refused(folder.string() + ": " + error.message());
+  }
+}
+
+void Write_Text(const std::filesystem::path& file, const std::string& text) {
+  Replace_Whole_File({file.string(), file},
+                     {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+}
+
 }  // namespace
 
 WorldShift Shift_For(const MapExtent& world) {
@@ -81,20 +100,12 @@ void Init_Site(const std::filesystem::path& folder, const std::string& crs) try 
   Require_Map_Metres(Coordinate_System(crs), crs);
   const std::filesystem::path file = folder / "site.toml";
   if (std::filesystem::exists(file)) throw Refused(file.string() + ": there is a site already");
-  // The folders that the workstation starts with and saves observations in.
-  for (const char* const inside : {"c/data/Lehtomaa/Pistedata", "c/temp"}) {
-    std::error_code error;
-    std::filesystem::create_directories(folder / inside, error);
-    if (error == std::errc::no_space_on_device) {
-      throw FailedOnTheWay(folder.string() + ": " + error.message());
-    }
-    if (error) throw Refused(folder.string() + ": " + error.message());
-  }
+  Create_Work_Folders(folder);
+  const std::filesystem::path colours = folder / "c/data/JetColorMAP.csv";
+  if (!std::filesystem::exists(colours)) Write_Text(colours, Jet_Colour_Map());
   Site site;
   site.crs = crs;
-  const std::string text = Site_Text(site);
-  Replace_Whole_File({file.string(), file},
-                     {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+  Write_Text(file, Site_Text(site));
 } catch (const RunTimeError& error) {
   throw FailedOnTheWay(error.what());
 }

@@ -9,7 +9,6 @@
 #include <fstream>
 #include <sstream>
 
-#include "demo/write/colour_map.h"
 #include "demo/write/cursor_file.h"
 #include "demo/write/demo_site.h"
 #include "demo/write/exact_text.h"
@@ -186,19 +185,6 @@ TEST(CrossCursor, IsAThinWhiteCrossWithAGapAtTheHotSpot) {
   EXPECT_EQ(Bit_At(cursor, 0, 18, 15), 1U);
   EXPECT_EQ(Bit_At(cursor, 0, 15, 6), 1U);
   EXPECT_EQ(Bit_At(cursor, 0, 15, 5), 0U);
-}
-
-TEST(ColourMap, HasSixtyFourRowsFromDarkBlueToDarkRed) {
-  std::istringstream lines(Jet_Colour_Map());
-  std::vector<std::string> rows;
-  for (std::string line; std::getline(lines, line);) rows.push_back(line);
-  ASSERT_EQ(rows.size(), 64U);
-  EXPECT_EQ(rows[0], "0,0,143");
-  EXPECT_EQ(rows[7], "0,0,255");
-  EXPECT_EQ(rows[23], "0,255,255");
-  EXPECT_EQ(rows[39], "255,255,0");
-  EXPECT_EQ(rows[55], "255,0,0");
-  EXPECT_EQ(rows[63], "128,0,0");
 }
 
 TEST(SiteFolders, AreTheFixedFoldersOfTheCommands) {

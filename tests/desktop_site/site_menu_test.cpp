@@ -9,6 +9,7 @@
 
 #include "aids_fixture.h"
 #include "desktop_site/site_words.h"
+#include "platform/guest_files.h"
 #include "support/las_files.h"
 
 namespace sylvomex {
@@ -137,6 +138,16 @@ TEST_F(SiteMenuTest, AWindowThatCannotBeSavedIsTold) {
   Choose("window");
   ASSERT_EQ(dialogs_.messages.size(), 1U);
   EXPECT_NE(dialogs_.messages[0].find("none/window.svg"), std::string::npos);
+}
+
+TEST_F(SiteMenuTest, ADesktopThatOnlyReadsItsRootOffersExportsAlone) {
+  Make_Site();
+  const GuestFiles guest(Root(), GuestAccess::ReadsOnly);
+  EXPECT_TRUE(Open("export").isVisible());
+  for (const SiteCommand& command : Site_Commands()) {
+    EXPECT_EQ(Item(command.words).isEnabled(), std::string_view(command.words) == "export")
+        << command.words;
+  }
 }
 
 TEST_F(SiteMenuTest, NothingRunsBeforeAllThatIsRequiredIsThere) {

@@ -7,6 +7,7 @@
 #include "interchange/import_transaction.h"
 #include "interchange/site_text.h"
 #include "lidar/tile_grid.h"
+#include "overlays/jet_colours.h"
 #include "support/temporary_folder.h"
 
 namespace sylvomex {
@@ -27,6 +28,22 @@ TEST(InitSite, KeepsTheCoordinateSystem) {
   EXPECT_EQ(site.crs, "EPSG:3067");
   EXPECT_FALSE(site.shift.has_value());
   EXPECT_TRUE(folder.Has("new/c/data"));  // without it the workstation does not start
+}
+
+TEST(InitSite, HasTheColoursAndFoldersThatCommandsNeed) {
+  const TemporaryFolder folder;
+  Init_Site(folder.Path(), "EPSG:3067");
+  EXPECT_EQ(folder.Read("c/data/JetColorMAP.csv"), Jet_Colour_Map());
+  for (const char* inside : {"c/apu", "c/data/vektorit", "c/temp", "d", "e/lk", "f/temp/AVI"}) {
+    EXPECT_TRUE(folder.Has(inside)) << inside;
+  }
+}
+
+TEST(InitSite, KeepsAColourMapThatIsThere) {
+  const TemporaryFolder folder;
+  folder.Write("c/data/JetColorMAP.csv", "1,2,3\n");
+  Init_Site(folder.Path(), "EPSG:3067");
+  EXPECT_EQ(folder.Read("c/data/JetColorMAP.csv"), "1,2,3\n");
 }
 
 TEST(InitSite, RefusesAFolderThatIsASite) {

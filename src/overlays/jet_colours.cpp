@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "demo/write/colour_map.h"
+#include "overlays/jet_colours.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "platform/rounding.h"
 
-namespace sylvomex::demo {
+namespace sylvomex {
 namespace {
 
 int Tent(double share, double middle) {
@@ -25,4 +25,4 @@ std::string Jet_Colour_Map() {
   return rows;
 }
 
-}  // namespace sylvomex::demo
+}  // namespace sylvomex
