@@ -5,6 +5,7 @@
 #include <cmath>
 #include <numeric>
 
+#include "platform/many_steps.h"
 #include "platform/number_text.h"
 
 namespace sylvomex {
@@ -82,8 +83,10 @@ std::string Hit_Line(const ListedCrown& crown, const LidarPulse& pulse, const Sl
 
 PulsePlaces::PulsePlaces(const PulseTable& pulses) : pulse_count_(pulses.Count()) {
   std::vector<double> X, Y;
+  ManySteps steps(static_cast<double>(kEchoSlots) * pulses.Count());
   for (int slot = 1; slot <= kEchoSlots; ++slot) {
     for (std::int32_t i = 0; i < pulses.Count(); ++i) {
+      steps.Step();
       const double east = pulses.X(slot)[static_cast<std::size_t>(i)];
       if (!(east > kEmptySlotX)) continue;
       X.push_back(east);

@@ -91,6 +91,15 @@ void DesktopScreen::End_Outer_Event() {
             : QStringLiteral("\n\nThis message came %1 more times.").arg(counted.times);
     Show_Message(counted.last + times, Buttons::Ok, {}, counted.texts.join(QLatin1Char('\n')));
   }
+  Tell_Quiet_End();
+}
+
+/// A dialog that was dismissed at last, and causes that no box has shown.
+void DesktopScreen::Tell_Quiet_End() {
+  QStringList words = std::exchange(causes_, {});
+  const auto dismissed = std::exchange(dismissed_, std::nullopt);
+  if (dismissed) words.prepend(QStringLiteral("Dismissed: ") + *dismissed);
+  if (tell_ && !words.isEmpty()) tell_(Block_Text(words.join(QStringLiteral("; "))));
 }
 
 void DesktopScreen::Tell_Cause(std::string_view cause) {

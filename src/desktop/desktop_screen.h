@@ -70,6 +70,7 @@ class DesktopScreen : public Screen {
   static constexpr int kServicings = 20;
 
   [[nodiscard]] bool Tells_Dismissal(bool is_failure);
+  void Tell_Quiet_End();
   Answer Show_Message(const QString& text, Buttons buttons, const QString& title,
                       const QString& causes);
   [[nodiscard]] bool Has_Serviced_Enough();

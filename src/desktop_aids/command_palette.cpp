@@ -4,6 +4,9 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+#include <vector>
 
 #include "desktop/qt_text.h"
 #include "workspace/menu_table.h"
@@ -12,14 +15,33 @@ namespace sylvomex {
 namespace {
 
 constexpr int kNameRole = Qt::UserRole;
+constexpr int kPlaceRole = Qt::UserRole + 1;  // in the order of the menus
+constexpr QLatin1String kPathArrow("  >  ");
 
 /// "3D > Intersection > ...": the captions above an item and its own.
-QString Path_Text(const QStringList& path) { return path.join(QStringLiteral("  >  ")); }
+QString Path_Text(const QStringList& path) { return path.join(kPathArrow); }
 
 bool Matches(const QString& text, const QString& typed) {
   const QStringList words = typed.split(QLatin1Char(' '), Qt::SkipEmptyParts);
   return std::ranges::all_of(
       words, [&](const QString& word) { return text.contains(word, Qt::CaseInsensitive); });
+}
+
+bool Starts_A_Word(const QString& text, const QString& typed) {
+  for (qsizetype at = text.indexOf(typed, 0, Qt::CaseInsensitive); at >= 0;
+       at = text.indexOf(typed, at + 1, Qt::CaseInsensitive)) {
+    if (at == 0 || !text[at - 1].isLetterOrNumber()) return true;
+  }
+  return false;
+}
+
+/// How far down the list an entry stands: 0 when its own caption, the last of the path, starts with
+/// what was typed, 1 when a word of it does, else 2.
+int Rank(const QString& text, const QString& typed) {
+  const qsizetype own = text.lastIndexOf(kPathArrow);
+  const QString caption = own < 0 ? text : text.mid(own + kPathArrow.size());
+  if (caption.startsWith(typed, Qt::CaseInsensitive)) return 0;
+  return Starts_A_Word(caption, typed) ? 1 : 2;
 }
 
 }  // namespace
@@ -62,6 +84,7 @@ void CommandPalette::Fill() {
     if (!key.empty()) text += QStringLiteral("    ") + QString::fromStdString(key);
     auto* item = new QListWidgetItem(text, list_);
     item->setData(kNameRole, QString::fromLatin1(row.name));
+    item->setData(kPlaceRole, list_->count());
     item->setToolTip(QString::fromLatin1(row.name));
     if (row.greyed) item->setFlags(Qt::NoItemFlags);
   }
@@ -70,6 +93,7 @@ void CommandPalette::Fill() {
 void CommandPalette::Add(const QString& name, Aid aid) {
   aid.item = new QListWidgetItem(aid.text(), list_);
   aid.item->setToolTip(name);
+  aid.item->setData(kPlaceRole, list_->count());
   aids_.push_back(std::move(aid));
 }
 
@@ -107,7 +131,19 @@ void CommandPalette::Bring_Up() {
   activateWindow();
 }
 
+/// The best entries first, those of one rank in the order of the menus.
+void CommandPalette::Sort(const QString& typed) {
+  std::vector<QListWidgetItem*> items;
+  while (list_->count() > 0) items.push_back(list_->takeItem(0));
+  const auto place = [&](const QListWidgetItem* item) {
+    return std::pair(Rank(item->text(), typed.trimmed()), item->data(kPlaceRole).toInt());
+  };
+  std::ranges::sort(items, {}, place);
+  for (QListWidgetItem* item : items) list_->addItem(item);
+}
+
 void CommandPalette::Filter(const QString& typed) {
+  Sort(typed);
   bool has_match = false;
   list_->setCurrentItem(nullptr);
   for (int k = 0; k < list_->count(); ++k) {

@@ -40,6 +40,7 @@ class CommandPalette : public QDialog {
 
   void Fill();
   void Add(const QString& name, Aid aid);
+  void Sort(const QString& typed);
   void Filter(const QString& typed);
   void Run_Chosen();
 

@@ -12,10 +12,11 @@
 namespace sylvomex {
 namespace {
 
-/// The names of the main window's arrays, which no label tells.
+/// The names of the main window's arrays, which no label tells. Images count from 0, as in
+/// questions.
 std::optional<QString> Name_In_Array(const std::string& control, int index) {
   const auto of_image = [](const char* what, int image) {
-    return QStringLiteral("%1 of image %2").arg(QLatin1String(what)).arg(image + 1);
+    return QStringLiteral("%1 of image %2").arg(QLatin1String(what)).arg(image);
   };
   if (control == "Picture1") return of_image("Pane", index);
   if (control == "Text1") return of_image(index % 2 == 0 ? "Film x" : "Film y", index / 2);

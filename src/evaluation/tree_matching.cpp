@@ -6,6 +6,7 @@
 #include <tuple>
 
 #include "platform/rounding.h"
+#include "platform/work_meter.h"
 
 namespace sylvomex {
 namespace {
@@ -27,7 +28,9 @@ double Distance(const PlanPosition& a, const PlanPosition& b) {
 std::vector<Pair> Pairs_Within(std::span<const PlanPosition> trees,
                                std::span<const PlanPosition> clusters, double limit) {
   std::vector<Pair> pairs;
+  WorkMeter meter(static_cast<double>(trees.size()));
   for (std::size_t t = 0; t < trees.size(); ++t) {
+    meter.Step();
     for (std::size_t c = 0; c < clusters.size(); ++c) {
       const double distance = Distance(trees[t], clusters[c]);
       if (distance <= limit) {
@@ -130,8 +133,10 @@ EvaluationState Evaluate_Matches(std::span<const FieldTree> trees,
   state.MatchCount = List_Trees(state, true);
   state.OmittedCount = List_Trees(state, false);
   List_Commissions(state, clusters);
+  WorkMeter meter(static_cast<double>(state.ReferenceTree.size()));
   for (ReferenceTreeRecord& tree : state.ReferenceTree) {
     tree.OtherCluster = Commission_Near(state, tree);
+    meter.Step();
   }
   return state;
 }

@@ -5,6 +5,8 @@
 #include <limits>
 #include <optional>
 
+#include "platform/many_steps.h"
+
 namespace sylvomex {
 namespace {
 
@@ -60,7 +62,9 @@ Box Reach(const TinTriangle& t) {
 std::optional<std::vector<Box>> Reaches(std::span<const TinTriangle> triangles) {
   std::vector<Box> boxes;
   boxes.reserve(triangles.size());
+  ManySteps steps(static_cast<double>(triangles.size()));
   for (const TinTriangle& t : triangles) {
+    steps.Step();
     if (!Is_Ordinary(t)) return std::nullopt;
     boxes.push_back(Reach(t));
   }
@@ -82,7 +86,9 @@ void Set_Size(TinBuckets& grid, double cells) {
 std::uint64_t Find_Ranges(const TinBuckets& grid, const std::vector<Box>& boxes,
                           std::vector<CellRange>& ranges) {
   std::uint64_t entries = 0;
+  ManySteps steps(static_cast<double>(boxes.size()));
   for (std::size_t i = 0; i < boxes.size(); ++i) {
+    steps.Step();
     const Box& box = boxes[i];
     ranges[i] = {grid.Column(box.west), grid.Column(box.east), grid.Row(box.south),
                  grid.Row(box.north)};
@@ -119,7 +125,9 @@ void Fill(TinBuckets& grid, const std::vector<CellRange>& ranges) {
   const std::size_t cells =
       static_cast<std::size_t>(grid.columns) * static_cast<std::size_t>(grid.rows);
   grid.first.assign(cells + 1, 0);
+  ManySteps steps(2.0 * static_cast<double>(ranges.size()));
   for (const CellRange& range : ranges) {
+    steps.Step();
     For_Each_Cell(range, grid.columns, [&](std::size_t cell) { ++grid.first[cell + 1]; });
   }
   for (std::size_t cell = 0; cell < cells; ++cell) grid.first[cell + 1] += grid.first[cell];
@@ -128,6 +136,7 @@ void Fill(TinBuckets& grid, const std::vector<CellRange>& ranges) {
   std::int32_t number = 0;
   for (const CellRange& range : ranges) {
     ++number;
+    steps.Step();
     For_Each_Cell(range, grid.columns,
                   [&](std::size_t cell) { grid.numbers[next[cell]++] = number; });
   }
@@ -137,6 +146,7 @@ void Fill(TinBuckets& grid, const std::vector<CellRange>& ranges) {
 
 TinBuckets Make_Tin_Buckets(std::span<const TinTriangle> triangles) {
   TinBuckets grid;
+  WorkMeter stages(3);
   const std::optional<std::vector<Box>> boxes = Reaches(triangles);
   if (!boxes || boxes->empty()) return grid;
   Box all;
@@ -145,7 +155,10 @@ TinBuckets Make_Tin_Buckets(std::span<const TinTriangle> triangles) {
   grid.south = all.south;
   grid.east = all.east;
   grid.north = all.north;
-  Fill(grid, Choose_Cells(grid, *boxes));
+  stages.Task();
+  const std::vector<CellRange> ranges = Choose_Cells(grid, *boxes);
+  stages.Task();
+  Fill(grid, ranges);
   return grid;
 }
 

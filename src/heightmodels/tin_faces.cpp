@@ -14,6 +14,7 @@
 
 #include "heightmodels/tin_sides.h"
 #include "heightmodels/tin_walk.h"
+#include "platform/many_steps.h"
 
 namespace sylvomex {
 namespace {
@@ -100,16 +101,17 @@ class FaceMaker {
   TinFaces Make() {
     if (triangles_.empty() || triangles_.size() > kMostJoinedTriangles) return {};
     if (!Lay_Grid()) return {};
+    WorkMeter stages(4);
     if (!Make_Faces()) return {};
+    stages.Task();
     Join_Faces();
+    stages.Task();
     if (!Outline_Is_Short()) return {};
     Wind_Round_Outline();
     Close_Cells();
     Scatter_Starts();
-    for (std::int32_t row = 0; row < rows_; ++row) {
-      Guess_Starts(row);
-      Walk_To_Centres(row);
-    }
+    stages.Task();
+    Find_Starts_At_Centres();
     return std::move(f_);
   }
 
@@ -139,7 +141,9 @@ class FaceMaker {
     nodes_.resize(triangles_.size());
     centre_cells_.resize(triangles_.size());
     double cover = 0;
+    ManySteps steps(static_cast<double>(triangles_.size()));
     for (std::size_t i = 0; i < triangles_.size(); ++i) {
+      steps.Step();
       const TinTriangle& t = triangles_[i];
       TinFace& face = f_.faces[i + 1];
       face.origin[0] = static_cast<float>(std::min({t.X1, t.X2, t.X3}) - f_.west);
@@ -280,6 +284,15 @@ class FaceMaker {
       if (well_shaped_[i] == 0) continue;
       std::int32_t& start = f_.starts[centre_cells_[i]];
       if (start == kOpenCell) start = static_cast<std::int32_t>(i + 1);
+    }
+  }
+
+  void Find_Starts_At_Centres() {
+    WorkMeter meter(rows_);
+    for (std::int32_t row = 0; row < rows_; ++row) {
+      Guess_Starts(row);
+      Walk_To_Centres(row);
+      meter.Task();
     }
   }
 

@@ -5,8 +5,9 @@
 #include <limits>
 #include <string>
 
-#include "closedlib/parallel_tasks.h"
+#include "closedlib/long_tasks.h"
 #include "platform/list_reader.h"
+#include "platform/many_steps.h"
 #include "platform/number_text.h"
 #include "platform/run_time_error.h"
 #include "solver/heapsort.h"
@@ -154,7 +155,9 @@ bool Read_Tin_Triangles(const FilePath& file, TinModel& model, const Report& rep
   if (list.At_End()) {
     throw RunTimeError(Failure::InputPastEnd, file.name + ": no triangle", file.native);
   }
+  ManySteps steps(2.0 * model.NodeCount);  // about as many triangles as a triangulation has
   while (!list.At_End()) {
+    steps.Step();
     const ReadTriangle read = Read_Triangle(list, model);
     Require_Room(list, model);
     if (read.triangle.MinX < kLeastUsualX) report("!");
@@ -170,7 +173,7 @@ bool Read_Tin_Triangles(const FilePath& file, TinModel& model, const Report& rep
 
 void Index_Tin(TinModel& model, const Report& report) {
   std::string trouble;
-  Run_Tasks(3, 0, [&](int task) {
+  Run_Long_Tasks(3, [&](int task) {
     if (task == 0) {
       Sort_Index(model, [&trouble](std::string_view sentence) { trouble = sentence; });
     } else if (task == 1) {

@@ -7,6 +7,7 @@
 #include <bit>
 
 #include "hwy/highway.h"
+#include "platform/many_steps.h"
 
 namespace sylvomex {
 namespace {
@@ -32,7 +33,9 @@ struct SidesAtNodes {
 
 template <class Visit>
 void For_Each_Side(std::span<const TurnedNodes> nodes, const Visit& visit) {
+  ManySteps steps(static_cast<double>(nodes.size()));
   for (std::size_t i = 0; i < nodes.size(); ++i) {
+    steps.Step();
     const auto [a, b, c] = nodes[i];
     if (a < 0) continue;
     visit(a, b, i + 1, 0U);
@@ -46,9 +49,11 @@ SidesAtNodes Sort_By_Lower_Node(std::span<const TurnedNodes> nodes, std::int32_t
   SidesAtNodes sides;
   // Counts are stored two entries later: filling then moves each start to its own entry.
   sides.first.assign(count + 2, 0);
+  WorkMeter passes(2);
   For_Each_Side(nodes, [&](std::int32_t from, std::int32_t to, std::size_t, std::uint32_t) {
     ++sides.first[static_cast<std::size_t>(std::min(from, to)) + 2];
   });
+  passes.Task();
   for (std::size_t node = 2; node < count + 2; ++node) sides.first[node] += sides.first[node - 1];
   const std::size_t all = sides.first.back();
   sides.far_nodes.resize(all + kLanes);
@@ -103,9 +108,13 @@ std::int32_t Times_At_First(const SidesAtNodes& sides, std::uint32_t first, std:
 
 std::vector<LooseSides> Join_Sides(std::span<const TurnedNodes> nodes, std::int32_t node_count,
                                    std::span<TinFace> faces) {
+  WorkMeter stages(2);
   const SidesAtNodes sides = Sort_By_Lower_Node(nodes, node_count);
+  stages.Task();
   std::vector<LooseSides> loose;
+  ManySteps steps(node_count);
   for (std::size_t node = 0; node < static_cast<std::size_t>(node_count); ++node) {
+    steps.Step();
     const std::uint32_t first = sides.first[node], last = sides.first[node + 1];
     for (std::uint32_t at = first; at < last; ++at) {
       const Found found = Find_Sides_To(sides.far_nodes[at], sides, first, last);

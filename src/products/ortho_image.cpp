@@ -174,17 +174,20 @@ void Fill_Ortho_Columns(const OrthoGrid& grid, const OrthoSource& source,
                         std::span<std::uint8_t> cells, LastPixel& last, int threads) {
   Require_Room(grid, source, cells.size());
   OrthoSlab slab(grid, source, heights, first_col, last_col, cells);
+  WorkMeter stages(2);  // copying, and reading where that does not do
   std::atomic<bool> complete = source.bytes.size() <= kMostOffsetBytes;
   if (complete) {
     For_Each_Block(grid, threads, [&](std::int32_t first_row, std::int32_t last_row) {
       if (complete && !slab.Copy_Rows(first_row, last_row)) complete = false;
     });
   }
+  stages.Task();
   if (complete) return slab.Take_Last_Pixel(last);
   slab.Begin_Reading();
   For_Each_Block(grid, threads, [&](std::int32_t first_row, std::int32_t last_row) {
     slab.Read_Rows(first_row, last_row);
   });
+  stages.Task();
   slab.Repeat_Last_Pixels(last);
 }
 

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "platform/rounding.h"
+#include "platform/work_meter.h"
 
 namespace sylvomex {
 namespace {
@@ -95,7 +96,9 @@ void Mark_Covered_Cells(const OrthoGrid& grid, const ImageRecord& image, const C
                         const GroundLimits& limits, std::uint8_t number, std::span<float> ids,
                         std::span<std::uint8_t> numbers) {
   const CellRange cols = Columns_Of(grid, limits), rows = Rows_Of(grid, limits);
+  WorkMeter meter(rows.Count());
   for (std::int32_t row = rows.first; row <= rows.last; ++row) {
+    meter.Task();
     for (std::int32_t col = cols.first; col <= cols.last; ++col) {
       const std::size_t cell =
           static_cast<std::size_t>(row) * static_cast<std::size_t>(grid.columns) +

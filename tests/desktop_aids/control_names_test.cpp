@@ -9,10 +9,10 @@ namespace {
 using ControlNames = AidedDesktop;
 
 TEST_F(ControlNames, TellThePanesAndBoxesOfAnImage) {
-  EXPECT_EQ(Pane(1).accessibleName(), "Pane of image 2");
-  EXPECT_EQ(Get<QLineEdit>("Text1(2)").accessibleName(), "Film x of image 2");
-  EXPECT_EQ(Get<QLineEdit>("Text1(3)").accessibleName(), "Film y of image 2");
-  EXPECT_EQ(Get<QCheckBox>("Check1(0)").accessibleName(), "Use of image 1");
+  EXPECT_EQ(Pane(1).accessibleName(), "Pane of image 1");
+  EXPECT_EQ(Get<QLineEdit>("Text1(2)").accessibleName(), "Film x of image 1");
+  EXPECT_EQ(Get<QLineEdit>("Text1(3)").accessibleName(), "Film y of image 1");
+  EXPECT_EQ(Get<QCheckBox>("Check1(0)").accessibleName(), "Use of image 0");
 }
 
 TEST_F(ControlNames, TellTheLabelBesideABox) {

@@ -11,6 +11,7 @@
 
 #include "aids_fixture.h"
 #include "history/measuring_dump.h"
+#include "support/flat_model.h"
 
 namespace sylvomex {
 namespace {
@@ -191,6 +192,17 @@ TEST_F(LongCommandsTest, ADismissedDialogIsNoErrorButAWord) {
   Choose("Add_height_Model");
   EXPECT_EQ(dialogs_.messages.size(), messages);
   EXPECT_EQ(Message(), "Dismissed: Header file for a height model");
+}
+
+TEST_F(LongCommandsTest, AnOrthoimageWithoutANameIsNotDiscardedWithoutAWord) {
+  Write_Flat_Model(site_.Folder(), 160);
+  dialogs_.files.push_back((site_.Folder().Path() / "c/data/dem.hdr").string());
+  dialogs_.inputs = {"0"};
+  Choose("Add_height_Model");
+  dialogs_.inputs = {"0", "-10", "-10", "20", "20", "1", "160"};  // and no name
+  Choose("Orto");
+  EXPECT_EQ(Message(),
+            "Dismissed: Give filename for the raw-file; without a name nothing is written");
 }
 
 TEST_F(LongCommandsTest, AMessageForEveryTriangleComesOnceAndAtTheEndWithItsNumber) {

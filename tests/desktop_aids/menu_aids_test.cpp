@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <QLineEdit>
+#include <QListWidget>
 #include <QMenuBar>
 
 #include "aids_fixture.h"
@@ -83,6 +85,25 @@ TEST_F(MenuAids, EscapeClosesThePaletteWithoutACommand) {
   QTest::keyClick(aids_->Palette().findChild<QLineEdit*>(), Qt::Key_Escape);
   EXPECT_FALSE(aids_->Palette().isVisible());
   EXPECT_EQ(site_.Folder().Read("session.txt"), before);
+}
+
+TEST_F(MenuAids, ThePaletteListsFirstWhatStartsWithTheTypedText) {
+  aids_->Palette().Bring_Up();
+  const auto& list = *aids_->Palette().findChild<QListWidget*>();
+  const auto first_shown = [&] {
+    int k = 0;
+    while (list.item(k)->isHidden()) ++k;
+    return list.item(k);
+  };
+  const QString first_of_all = first_shown()->text();
+  auto& typed = *aids_->Palette().findChild<QLineEdit*>();
+  QTest::keyClicks(&typed, "dark");
+  EXPECT_TRUE(first_shown()->text().contains("Dark windows"))
+      << first_shown()->text().toStdString();
+  EXPECT_EQ(list.currentItem(), first_shown());
+  EXPECT_FALSE(list.findItems("Gamma correct too dark (1)", Qt::MatchContains).front()->isHidden());
+  typed.clear();
+  EXPECT_EQ(first_shown()->text(), first_of_all);
 }
 
 TEST_F(MenuAids, AGreyedCommandIsNotRunFromThePalette) {

@@ -11,6 +11,7 @@
 #include "crowns/crown_list.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "services/line_count.h"
 #include "services/progress.h"
 
 namespace sylvomex {
@@ -83,9 +84,11 @@ void List_Hits(Workspace& w, const ListedCrown& crown, PresentTile& tile, HeldLi
 
 void List_All_Hits(Workspace& w, ListReader& list, PresentTile& tile, HeldLines& lines) {
   Progress progress(w);
+  WorkMeter meter(Lines_To_Come(w.Drives.Locate(kCrownFile)));
   for (int row = 1; !list.At_End(); ++row) {
     const ListedCrown crown = Read_Listed_Crown(list);
     progress.Report(Plain_Text(row));
+    meter.Task();
     if (!tile.Go_To(crown)) return;
     List_Hits(w, crown, tile, lines);
   }
@@ -99,7 +102,7 @@ void Crown_Intersection_For_LiDAR(Workspace& w) {
   HeldLines lines(w.Drives.Locate(kHitFile));
   try {
     List_All_Hits(w, list, tile, lines);
-  } catch (const RunTimeError&) {
+  } catch (...) {
     lines.Write();
     throw;
   }

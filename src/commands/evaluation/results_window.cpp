@@ -11,6 +11,7 @@
 #include "evaluation/tree_matching.h"
 #include "matching/cluster_position.h"
 #include "platform/number_text.h"
+#include "platform/work_meter.h"
 #include "state/workspace.h"
 
 namespace sylvomex {
@@ -71,15 +72,38 @@ void Tell_Matching(Workspace& w, const std::string& file) {
       Plain_Text(std::int32_t{e.CommissionCount});
 }
 
+void Draw_Graph(Workspace& w, int graph) {
+  Picture& pane = w.Form6.Picture1(graph);
+  switch (graph) {
+    case 0:
+      return Draw_Z_Error_Graph(w, pane);
+    case 1:
+      return Draw_XY_Error_Graph(w, pane);
+    case 2:
+      return Draw_Z_Error_Plan(w, pane);
+    case 3:
+      return Draw_Class_Heights(w, pane);
+    case 4:
+      return Draw_Dem_Errors(w, pane);
+    default:
+      return Draw_Elevations(w, pane);
+  }
+}
+
+/// All of them or, when it is cancelled, none.
 void Draw_Graphs(Workspace& w) {
-  Form6State& form = w.Form6;
-  Draw_Z_Error_Graph(w, form.Picture1(0));
-  Draw_XY_Error_Graph(w, form.Picture1(1));
-  Draw_Z_Error_Plan(w, form.Picture1(2));
-  Draw_Class_Heights(w, form.Picture1(3));
-  Draw_Dem_Errors(w, form.Picture1(4));
-  Draw_Elevations(w, form.Picture1(5));
-  form.GraphsShown = true;
+  constexpr int kGraphs = 6;
+  WorkMeter meter(kGraphs);
+  try {
+    for (int graph = 0; graph < kGraphs; ++graph) {
+      Draw_Graph(w, graph);
+      meter.Step();
+    }
+  } catch (const Cancelled&) {
+    Clear_Graphs(w.Form6);
+    throw;
+  }
+  w.Form6.GraphsShown = true;
 }
 
 }  // namespace

@@ -7,6 +7,8 @@
 #include "heightmodels/tin_raster.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "platform/replacing_file.h"
+#include "platform/written_pieces.h"
 #include "services/hourglass.h"
 #include "services/progress.h"
 #include "state/camera_access.h"
@@ -73,6 +75,24 @@ ZeroedArray<float> Fill_Grid(Workspace& w, const GridPlan& plan, Text&& text, He
   return cells;
 }
 
+// Both files or, when it is cancelled, none.
+void Write_Raster(Workspace& w, const TinRaster& raster) {
+  const FilePath grey_file = w.Drives.Locate("c:\\temp\\test.raw");
+  const FilePath height_file = w.Drives.Locate("c:\\temp\\varrio.raw");
+  const std::span<const std::uint8_t> heights = Bytes_Of(raster.heights);
+  if (!Is_Work_Watched()) {
+    Write_Whole_File(grey_file, raster.greys);
+    Write_Whole_File(height_file, heights);
+    return;
+  }
+  ReplacingFile new_heights(height_file, heights.size());
+  ReplacingFile new_greys(grey_file, raster.greys.size());
+  Write_Pieces(new_greys, raster.greys);
+  Write_Pieces(new_heights, heights);
+  new_greys.Commit();
+  new_heights.Commit();
+}
+
 // Loading another model during this loop replaces the triangles: they are read from the block one
 // at a time.
 TinRaster Rasterize_Model(Workspace& w) {
@@ -119,8 +139,7 @@ void Create_raster_DEM_from_TIN_DEM(Workspace& w) {
 
 void TIN2RASTER_Fast(Workspace& w) {
   const TinRaster raster = Rasterize_Model(w);
-  Write_Whole_File(w.Drives.Locate("c:\\temp\\test.raw"), raster.greys);
-  Write_Whole_File(w.Drives.Locate("c:\\temp\\varrio.raw"), Bytes_Of(raster.heights));
+  Write_Raster(w, raster);
   w.screen->Message_Box(std::to_string(raster.cells_written));
 }
 

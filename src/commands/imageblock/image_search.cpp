@@ -2,9 +2,11 @@
 #include "commands/imageblock/image_search.h"
 
 #include <optional>
+#include <vector>
 
 #include "commands/heightmodels/raster_commands.h"
 #include "commands/imageblock/block_maintenance.h"
+#include "commands/imageblock/image_addition.h"
 #include "commands/imageblock/image_set.h"
 #include "commands/panes/centring.h"
 #include "panes/pane_drawing.h"
@@ -12,6 +14,8 @@
 #include "platform/number_text.h"
 #include "platform/work_meter.h"
 #include "services/chosen_file.h"
+#include "services/kept_file.h"
+#include "services/line_count.h"
 #include "services/solution.h"
 #include "solver/point_in_image.h"
 #include "state/camera_access.h"
@@ -29,11 +33,8 @@ struct Archive {
 constexpr Archive kAerial{"c:\\data\\cam_data_j.csv", "c:\\data\\ImaFiles\\"};
 constexpr Archive kTerrestrial{"c:\\data\\cam_data_G6_j.csv", "c:\\data\\G6\\ImaFiles\\"};
 
-// Opens the camera table, then deletes the results of the last search.
-CameraTableReader Begin_Search(const Workspace& w, const Archive& archive) {
-  CameraTableReader table(w.Drives.Locate(archive.table));
+void Delete_Last_Hits(const Workspace& w, const Archive& archive) {
   Delete_Matching(w.Drives, std::string(archive.folder) + "*.txt");
-  return table;
 }
 
 void Write_Hit(const Workspace& w, const Archive& archive, const TableCamera& camera,
@@ -69,9 +70,12 @@ void Take_Over_Point(Workspace& w, const PointInImage& hit) {
 }
 
 void Load_Images_That_Show(Workspace& w, const Point3D& point) {
-  CameraTableReader table = Begin_Search(w, kTerrestrial);
+  const FilePath file = w.Drives.Locate(kTerrestrial.table);
+  CameraTableReader table(file);
+  Delete_Last_Hits(w, kTerrestrial);
+  WorkMeter meter(Lines_To_Come(file));
   while (const auto camera = table.Next()) {
-    Look_At_Work();
+    meter.Step();
     if (!Sees_Ring(*camera, point)) continue;
     Write_Hit(w, kTerrestrial, *camera, point);
     w.SolutionValid = true;
@@ -100,15 +104,23 @@ void Draw_Stem(Workspace& w, int image, const Point3D& point, double ground) {
 }  // namespace
 
 void Find_Images_With_XYZ_Sol(Workspace& w) {
-  CameraTableReader table = Begin_Search(w, kAerial);
-  std::int32_t count = 0;
-  while (const auto camera = table.Next()) {
-    Look_At_Work();
-    if (!Sees_Point(*camera, w.Solution3D)) continue;
-    Write_Hit(w, kAerial, *camera, w.Solution3D);
-    ++count;
-  }
-  w.screen->Message_Box("Written " + Plain_Text(count) + " files in c:\\Data\\Imafiles");
+  const FilePath file = w.Drives.Locate(kAerial.table);
+  CameraTableReader table(file);
+  std::vector<TableCamera> hits;
+  Write_However_It_Ends(
+      [&] {
+        WorkMeter meter(Lines_To_Come(file));
+        while (const auto camera = table.Next()) {
+          meter.Step();
+          if (Sees_Point(*camera, w.Solution3D)) hits.push_back(*camera);
+        }
+      },
+      [&] {
+        Delete_Last_Hits(w, kAerial);
+        for (const TableCamera& camera : hits) Write_Hit(w, kAerial, camera, w.Solution3D);
+      });
+  w.screen->Message_Box("Written " + Plain_Text(static_cast<std::int32_t>(hits.size())) +
+                        " files in c:\\Data\\Imafiles");
 }
 
 void Add_Image_Center_to_XYZ(Workspace& w) {
@@ -116,12 +128,13 @@ void Add_Image_Center_to_XYZ(Workspace& w) {
   if (!chosen) return;
   Take_Over_Point(w, chosen->hit);
   const FollowedImage image(w, w.ImageCount);
+  ImageAddition addition(w, image);
   const bool is_taken = Named_In(w, chosen->file, [&] {
     return Take_In_Image(w, w.Drives.Locate(chosen->hit.header), image);
   });
   if (!is_taken) return;
   w.SolutionValid = true;
-  Center_to_xyz_click(w);
+  addition.Undo_When_Cancelled([&w] { Center_to_xyz_click(w); });
   w.screen->Clear_Clipboard();
   // Nothing more to report: the centring has reported a missing picture, and a removal of the image
   // was the operator's own.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commands/imageblock/image_set.h"
 
-#include "commands/imageblock/block_maintenance.h"
+#include "commands/imageblock/image_addition.h"
 #include "commands/panes/centring.h"
 #include "imageblock/image_header.h"
 #include "imageblock/raw_rows.h"
@@ -82,51 +82,6 @@ void Set_Default_Pan_Center(Workspace& w) {
   w.PanCenter = w.DefaultPanCenter;
 }
 
-// Undoes the addition of an image that cannot be read: removes it from the block and restores what
-// it replaced. Removals that ran meanwhile stay in effect.
-class Addition {
- public:
-  Addition(Workspace& w, const FollowedImage& image)
-      : w_(w),
-        image_(image),
-        count_(w.ImageCount),
-        record_(w.ImageBlock(count_)),
-        kind_(w.ImageKinds(count_)),
-        rotation_(w.RotationTable(count_)),
-        pane_width_(w.PaneWidth),
-        pane_height_(w.PaneHeight) {
-    if (count_ < kMostImages) view_ = w.PaneViews(count_);
-  }
-
-  void Undo() {
-    if (!image_.Is_There()) return;
-    Take_Out_Image(w_, image_.Index());
-    if (w_.ImageCount == count_) Restore_Tables();
-    Compute_Pane_Size(w_);
-    Lay_Out_Panes(w_);
-  }
-
- private:
-  void Restore_Tables() {
-    w_.ImageBlock(count_) = record_;
-    w_.ImageKinds(count_) = kind_;
-    w_.RotationTable(count_) = rotation_;
-    if (count_ < kMostImages) w_.PaneViews(count_) = view_;
-    w_.PaneWidth = pane_width_;
-    w_.PaneHeight = pane_height_;
-  }
-
-  Workspace& w_;
-  const FollowedImage& image_;
-  std::int16_t count_;
-  ImageRecord record_;
-  std::int16_t kind_;
-  RotationMatrix rotation_;
-  PaneView view_;
-  std::int16_t pane_width_;
-  std::int16_t pane_height_;
-};
-
 void Show_At_Start_Position(Workspace& w, int image) {
   const ImageRecord& record = w.ImageBlock(image);
   const PaneView& view = w.PaneViews(image);
@@ -185,7 +140,7 @@ bool Take_In_Image(Workspace& w, const FilePath& header_file, const FollowedImag
         "images!)");
     return false;
   }
-  Addition addition(w, image);
+  ImageAddition addition(w, image);
   HourglassGuard hourglass(w);
   try {
     Read_Next_Image(w, header, header_file.name, image, hourglass);
@@ -201,9 +156,10 @@ bool Take_In_Image(Workspace& w, const FilePath& header_file, const FollowedImag
 
 void Add_Image_By_Name(Workspace& w, const FilePath& header_file) {
   const FollowedImage image(w, w.ImageCount);
+  ImageAddition addition(w, image);
   if (!Take_In_Image(w, header_file, image)) return;
   if (w.SolutionValid) {
-    Center_to_xyz_click(w);
+    addition.Undo_When_Cancelled([&w] { Center_to_xyz_click(w); });
     return;
   }
   try {

@@ -4,6 +4,7 @@
 #include "panes/pane_centring.h"
 #include "platform/number_text.h"
 #include "platform/sound_reads.h"
+#include "platform/work_meter.h"
 #include "services/hourglass.h"
 #include "services/status_line.h"
 #include "state/cause.h"
@@ -28,8 +29,10 @@ void Guarded(Workspace& w, const char* message, Steps&& steps) {
 // Runs centre(k) for every image; an error names the image.
 template <class Centre>
 void For_Each_Image(Workspace& w, Centre&& centre) {
+  WorkMeter meter(w.ImageCount);
   for (int k = 0; k < w.ImageCount; ++k) {
     About(w, Name_Of_Image(w, k), [&] { centre(k); });
+    meter.Task();
   }
 }
 

@@ -11,8 +11,10 @@
 #include "platform/memory_room.h"
 #include "platform/number_text.h"
 #include "platform/replacing_file.h"
+#include "platform/written_pieces.h"
 #include "platform/zeroed_array.h"
 #include "products/ortho_index.h"
+#include "services/line_count.h"
 #include "services/progress.h"
 #include "solver/camera_table.h"
 #include "solver/random_id.h"
@@ -51,6 +53,7 @@ struct CoveringImage {
 std::vector<CoveringImage> Read_Images(Workspace& w, const std::string& table) {
   CameraTableReader cameras(w.Drives.Locate(table));
   Progress progress(w, w.Form1.Label2);
+  WorkMeter meter(Lines_To_Come(w.Drives.Locate(table)));
   std::vector<CoveringImage> images;
   for (std::size_t place = 0; const auto line = cameras.Next(); ++place) {
     progress.Report("Image: " + std::to_string(place + 1));
@@ -60,6 +63,7 @@ std::vector<CoveringImage> Read_Images(Workspace& w, const std::string& table) {
     const Camera camera = Make_Camera(record);
     const auto limits = Limits_Of_Border(record, camera);
     if (limits) images.push_back({record, camera, *limits, Index_Number(place)});
+    meter.Task();
   }
   return images;
 }
@@ -80,13 +84,22 @@ OrthoGrid Grid_Of_All(const std::vector<CoveringImage>& images, const IndexOrder
   return grid;
 }
 
+void Mark_All(const std::vector<CoveringImage>& images, const OrthoGrid& grid, std::span<float> ids,
+              std::span<std::uint8_t> numbers) {
+  WorkMeter meter(static_cast<double>(images.size()));
+  for (const CoveringImage& image : images) {
+    Mark_Covered_Cells(grid, image.record, image.camera, image.limits, image.number, ids, numbers);
+    meter.Step();
+  }
+}
+
 std::string New_Result_Name(Workspace& w) {
   return "C:\\temp\\" + Random_Id8(w.screen->Random()) + ".raw";
 }
 
 void Write_Result(Workspace& w, std::span<const std::uint8_t> content) {
   const std::string name = New_Result_Name(w);
-  Replace_Whole_File(w.Drives.Locate(name), content);
+  Replace_By_Pieces(w.Drives.Locate(name), content);
   Say_Written(w, name);
 }
 
@@ -94,10 +107,12 @@ void Write_Three_A_Cell(Workspace& w, std::span<const std::uint8_t> numbers) {
   const std::string name = New_Result_Name(w);
   ReplacingFile file(w.Drives.Locate(name), 3 * numbers.size());
   std::vector<std::uint8_t> piece;
+  WorkMeter meter(static_cast<double>(numbers.size()) / static_cast<double>(kPieceCells));
   for (std::size_t at = 0; at < numbers.size(); at += kPieceCells) {
     piece.resize(3 * std::min(kPieceCells, numbers.size() - at));
     for (std::size_t k = 0; k < piece.size(); ++k) piece[k] = numbers[at + k / 3];
     file.Write_At(3 * at, piece);
+    meter.Step();
   }
   file.Commit();
   Say_Written(w, name);
@@ -116,12 +131,7 @@ void Create_An_OrthoIndex(Workspace& w) {
   const OrthoGrid grid = Grid_Of_All(images, *order);
   ZeroedArray<float> ids(grid.Cells());
   ZeroedArray<std::uint8_t> numbers(grid.Cells());
-  WorkMeter meter(static_cast<double>(images.size()));
-  for (const CoveringImage& image : images) {
-    Mark_Covered_Cells(grid, image.record, image.camera, image.limits, image.number, ids.All(),
-                       numbers.All());
-    meter.Step();
-  }
+  Mark_All(images, grid, ids.All(), numbers.All());
   Write_Result(w, Bytes_Of(ids.All()));
   if (!order->colour) return Write_Result(w, numbers.All());
   Write_Three_A_Cell(w, numbers.All());

@@ -59,7 +59,10 @@ void Show_Size(Workspace& w, const OrthoGrid& grid) {
 std::optional<FilePath> Ask_Result_Name(Workspace& w) {
   const std::string name =
       w.screen->Input_Box("Give filename for the raw-file", kOrthoTitle).value_or("");
-  if (name.empty()) return std::nullopt;
+  if (name.empty()) {
+    Tell_Cause(w, "without a name nothing is written");
+    return std::nullopt;
+  }
   return FilePath{name, w.Drives.Locate(name).native};
 }
 

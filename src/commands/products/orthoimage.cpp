@@ -8,10 +8,10 @@
 #include "commands/products/ortho_inputs.h"
 #include "platform/memory_room.h"
 #include "platform/number_text.h"
-#include "platform/replacing_file.h"
 #include "platform/rounding.h"
 #include "platform/sound_reads.h"
 #include "platform/work_meter.h"
+#include "platform/written_pieces.h"
 #include "platform/zeroed_array.h"
 #include "products/ortho_image.h"
 #include "services/progress.h"
@@ -25,7 +25,6 @@ namespace {
 // at more often.
 constexpr std::int32_t kSlabColumns = 2048;
 constexpr std::int32_t kCheckedColumns = 64;
-constexpr std::size_t kPieceBytes = std::size_t{4} << 20;  // milliseconds of writing
 
 struct OrthoOrder {
   int image = 0;
@@ -82,10 +81,11 @@ void Fill_Cells(Workspace& w, const OrthoOrder& order, const FollowedImage& imag
   Progress progress(w, w.Form1.Label2);
   const OrthoGrid& grid = order.grid;
   LastPixel last{};
-  WorkMeter meter(grid.columns);
+  const std::int32_t slab_count = (grid.columns + kSlabColumns - 1) / kSlabColumns;
+  WorkMeter slabs(slab_count);  // the columns between are told only
   for (std::int32_t col = 0; col < grid.columns; ++col) {
     progress.Report(Format(static_cast<double>(col) / grid.columns * 100, "0000.0000") + " %");
-    meter.Step();
+    Look_At_Work();
     if (col % kCheckedColumns != 0) continue;
     OrthoSource source = Present_Source(w, image);
     if (col % kSlabColumns != 0) continue;
@@ -94,26 +94,15 @@ void Fill_Cells(Workspace& w, const OrthoOrder& order, const FollowedImage& imag
     Fill_Ortho_Columns(grid, source, heights, col, std::min(grid.columns, col + kSlabColumns),
                        cells, last);
     Require_Sound_Reads();
+    slabs.Task();
   }
-}
-
-/// The file appears whole at the end; a cancel before leaves what was there.
-void Write_By_Pieces(const FilePath& file, std::span<const std::uint8_t> cells) {
-  ReplacingFile replacing(file, cells.size());
-  const std::size_t pieces = (cells.size() + kPieceBytes - 1) / kPieceBytes;
-  WorkMeter meter(static_cast<double>(pieces));
-  for (std::size_t at = 0; at < cells.size(); at += kPieceBytes) {
-    replacing.Write_At(at, cells.subspan(at, std::min(kPieceBytes, cells.size() - at)));
-    meter.Step();
-  }
-  replacing.Commit();
 }
 
 void Ask_Name_And_Write(Workspace& w, std::span<const std::uint8_t> cells) {
   const auto file = Ask_Result_Name(w);
   if (!file) return;
   try {
-    Write_By_Pieces(*file, cells);
+    Replace_By_Pieces(*file, cells);
   } catch (const RunTimeError& error) {
     Require_Sound_Reads();
     return Say_Too_Wide(w, error);

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "commands/evaluation/evaluated_plot.h"
+#include "platform/work_meter.h"
 
 namespace sylvomex {
 namespace {
@@ -174,6 +175,30 @@ TEST_F(ResultsLayout, AWideWindowGivesPanesOfHalfItsHeightInTheMiddle) {
   Resize(2560, 1440);
   Expect_Pane(0, 261, 96, 677, 657);
   Expect_Pane(5, 261 + 2 * 680, 96 + 660, 677, 657);
+}
+
+TEST_F(ResultsLayout, ACancelledLoadingKeepsTheFormerTables) {
+  Load_Trees();
+  folder.Write("c/data/one.bin", Field_Tree_Bytes({Field_Tree(1000, 2000, 150, 10, 200)}));
+  screen.files.emplace_back("c:\\data\\one.bin");
+  CancelAfter watcher(1);
+  const WatchedWork watched(&watcher);
+  EXPECT_EQ(Handle(OperatorEvent::Kind::Menu, "Form6", "Load_Reference_Trees"),
+            EventOutcome::Cancelled);
+  EXPECT_EQ(Value("MatchCount"), "3");
+  EXPECT_EQ(Value("ReferenceTree.Count"), "4");
+}
+
+TEST_F(ResultsLayout, ACancelledDrawingLeavesNoGraphAndCanBeRepeated) {
+  Load_Trees();
+  {
+    CancelAfter watcher(2);
+    const WatchedWork watched(&watcher);
+    EXPECT_EQ(Handle(OperatorEvent::Kind::Press, "Form6", "Show_Results"), EventOutcome::Cancelled);
+  }
+  for (int k = 0; k <= 5; ++k) EXPECT_TRUE(Pane(k).marks.empty()) << k;
+  Show();
+  for (int k = 0; k <= 5; ++k) EXPECT_FALSE(Pane(k).marks.empty()) << k;
 }
 
 TEST_F(ResultsLayout, TheDesignMatchesTheLayoutOfItsOwnSize) {

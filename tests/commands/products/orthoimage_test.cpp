@@ -2,8 +2,11 @@
 // Orto by script over a vertical photograph: 1000 m above Z = 0, c = 0.1 m, 10 um pixels.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
+#include <vector>
 
+#include "platform/work_meter.h"
 #include "support/address_space_limit.h"
 #include "support/file_size_limit.h"
 #include "support/session_run.h"
@@ -231,6 +234,32 @@ TEST_F(OrtoCommand, AFullDiskLeavesTheOldFile) {
                       "menu Orto\n");
   EXPECT_NE(played.transcript.find("too wide orthoimage?"), std::string::npos) << played.transcript;
   EXPECT_EQ(site.Folder().Read("c/data/ortho.raw"), "old");
+}
+
+/// The looks at a command that knows its share.
+struct Shares : WorkWatcher {
+  std::vector<double> seen;
+  void Look(double done) override {
+    if (done >= 0) seen.push_back(done);
+  }
+};
+
+// 5000 columns are computed in three parts, each as a whole.
+TEST_F(OrtoCommand, TheShareFollowsWhatIsComputedAndNeverFalls) {
+  Write_Model(200);
+  Shares watcher;
+  const WatchedWork watched(&watcher);
+  const PlayedSession played =
+      Play(Answers({"0", "-100", "-100", "4999", "2", "1", "160"}) + "cancel\n");
+  ASSERT_EQ(played.status, 0) << played.reason;
+  // The command begins at 0; loading before it had shares of its own.
+  const auto begin = std::find(watcher.seen.rbegin(), watcher.seen.rend(), 0.0).base();
+  EXPECT_GT(watcher.seen.end() - begin, 9990);  // two looks a column
+  EXPECT_TRUE(std::is_sorted(begin, watcher.seen.end()));
+  const auto a_third =
+      std::find_if(begin, watcher.seen.end(), [](double done) { return done > 0.33; });
+  EXPECT_LT(a_third - begin, 100);
+  EXPECT_EQ(watcher.seen.back(), 1);
 }
 
 }  // namespace
