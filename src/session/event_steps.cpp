@@ -180,8 +180,9 @@ std::string Plain_Real(double value) {
 
 std::string Target_Text(const OperatorEvent& event) {
   if (event.control.empty()) return Script_Word(event.form);
-  const std::string window = event.form == "Form1" ? "" : event.form + ".";
-  return Script_Word(window + event.control);
+  // The main window's name is left out, unless the control's own name begins like one of a window.
+  const bool plain = event.form == "Form1" && Split_Window(event.control).control == event.control;
+  return Script_Word((plain ? "" : event.form + ".") + event.control);
 }
 
 std::string Modifiers_Text(int shift) {

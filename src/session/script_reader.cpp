@@ -9,10 +9,12 @@ namespace sylvomex {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t";
+constexpr std::size_t kUsualWords = 4;  // in a line
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t kLongestLine = std::size_t{1}
                                      << 24U;  // characters: a device may never end one
+
+bool Is_Blank(char c) { return c == ' ' || c == '\t'; }
 
 ScriptWord Take_Quoted(std::string_view line, std::size_t& position) {
   const std::size_t start = position++;
@@ -26,15 +28,23 @@ ScriptWord Take_Quoted(std::string_view line, std::size_t& position) {
     word.text += line[position];
   }
   ++position;
-  if (position < line.size() && kBlanks.find(line[position]) == std::string_view::npos) {
+  if (position < line.size() && !Is_Blank(line[position])) {
     throw ScriptSyntaxError("a blank is missing after a closing quote");
   }
   word.raw = line.substr(start, position - start);
   return word;
 }
 
+/// Index of the first character from `position` on that is a blank (or, for false, that is none);
+/// the line's size where there is no such one. The standard library's searches cost a call a
+/// character.
+std::size_t Find(bool blank, std::string_view line, std::size_t position) {
+  while (position < line.size() && Is_Blank(line[position]) != blank) ++position;
+  return position;
+}
+
 ScriptWord Take_Bare(std::string_view line, std::size_t& position) {
-  const std::size_t end = std::min(line.find_first_of(kBlanks, position), line.size());
+  const std::size_t end = Find(true, line, position);
   const std::string text(line.substr(position, end - position));
   position = end;
   return {text, text};
@@ -62,13 +72,14 @@ bool Take_Line(std::istream& script, std::string& line) {
 
 std::vector<ScriptWord> Split_Line(std::string_view line) {
   std::vector<ScriptWord> words;
+  words.reserve(kUsualWords);
   if (line.ends_with('\r')) line.remove_suffix(1);
-  std::size_t position = line.find_first_not_of(kBlanks);
-  if (position != std::string_view::npos && line[position] == '#') return words;
-  while (position != std::string_view::npos) {
+  std::size_t position = Find(false, line, 0);
+  if (position < line.size() && line[position] == '#') return words;
+  while (position < line.size()) {
     words.push_back(line[position] == '"' ? Take_Quoted(line, position)
                                           : Take_Bare(line, position));
-    position = line.find_first_not_of(kBlanks, position);
+    position = Find(false, line, position);
   }
   return words;
 }

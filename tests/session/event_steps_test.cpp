@@ -146,6 +146,13 @@ TEST(EventSteps, EveryStepIsWrittenAsRead) {
   }
 }
 
+TEST(EventSteps, AControlNamedLikeOneOfAWindowKeepsItsWindow) {
+  for (const char* line : {"press Form1.Form1.", "press Form1.Form2.Text5", "set Form1.Form3. 1"}) {
+    EXPECT_EQ(Step_Text(Event_Of(line)), line);
+    EXPECT_EQ(Event_Of(Step_Text(Event_Of(line))), Event_Of(line));
+  }
+}
+
 TEST(EventSteps, EnterInABoxOfAnotherWindowIsWrittenAsItsPress) {
   OperatorEvent event;
   event.kind = Kind::Key;
