@@ -180,8 +180,8 @@ constexpr std::array kListedCrown = {Field{"X", Role::MapX},     Field{"Y", Role
 /// Ids, columns and rows of the images, each in a cell of its own behind the ten of every line.
 void Take_Images(RecordFields& fields, PointRow& row, std::size_t& most) {
   const double* stated = std::get_if<double>(&row.cells[kImageCountField]);
-  const auto count = stated == nullptr ? 0 : static_cast<std::size_t>(*stated);
-  if (stated == nullptr || *stated < 0 || *stated > 255) fields.Refuse("no number of images");
+  if (stated == nullptr || !(*stated >= 0 && *stated <= 255)) fields.Refuse("no number of images");
+  const auto count = static_cast<std::size_t>(*stated);
   most = std::max(most, count);
   for (std::size_t i = 0; i < 3 * count; ++i) row.cells.push_back(fields.Number(true));
 }

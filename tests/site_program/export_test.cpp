@@ -167,6 +167,17 @@ TEST_F(ExportSite, ADamagedLineIsRefusedWithItsPlace) {
   EXPECT_FALSE(folder.Has("a.csv"));
 }
 
+TEST_F(ExportSite, AnObservationOfNoPossibleNumberOfImagesIsRefused) {
+  for (const char* images : {"-1", "256", "1e300"}) {
+    const std::string line =
+        "1,33.98,-31.98,-15260.16,-99.00,182.93,0,0," + std::string(images) + ",tree,1,2,3\n";
+    const std::string input = folder.Write("PointData.txt", line).native.string();
+    const SitePlayed played = Export("observations", input, Path("o.csv"));
+    EXPECT_EQ(played.status, 1) << images;
+    EXPECT_NE(played.err.find("no number of images"), std::string::npos) << played.err;
+  }
+}
+
 TEST_F(ExportSite, AFullDiskIsToldAndLeavesNothing) {
   std::string lines;
   for (int i = 0; i < 5000; ++i) lines += Line(384010 + 0.25 * i, 6675990, "123.5\n");
