@@ -57,7 +57,6 @@ QString End_Text(SiteOutcome::End end) {
 SiteDialog::SiteDialog(const SiteCommand& command, const std::filesystem::path& site,
                        QWidget* owner, std::function<void(const QJsonObject&)> done)
     : QDialog(owner),
-      command_(command),
       site_(site),
       done_(std::move(done)),
       form_(new QFormLayout),

@@ -36,7 +36,6 @@ class SiteDialog : public QDialog {
   void Show_End(const SiteOutcome& outcome);
   void Take_Answer(const QJsonObject& answer);
 
-  const SiteCommand& command_;
   std::filesystem::path site_;
   std::function<void(const QJsonObject&)> done_;
   QFormLayout* form_;
