@@ -3,9 +3,11 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <filesystem>
 #include <mutex>
 #include <set>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "platform/append_witness.h"
@@ -30,6 +32,11 @@ struct Tail {
   std::uint64_t size = 0;  // bytes
   bool is_torn = false;    // the last line has no line end
 };
+
+bool Is_Missing(const FilePath& file) {
+  std::error_code failure;
+  return !std::filesystem::exists(file.native, failure) && !failure;
+}
 
 /// A file that may be written but not read counts as whole.
 std::unique_ptr<FileDescriptor> Open_For_Append(const FilePath& file) {
@@ -117,12 +124,13 @@ AppendWitness* Present_Append_Witness() { return Witness(); }
 
 void Append_To_File(const FilePath& file, std::string_view text) {
   Require_Sound_Reads();
+  AppendWitness* const witness = Present_Append_Witness();
+  if (witness != nullptr) witness->Will_Open(file, Is_Missing(file));
   if (text.empty()) {
     FileDescriptor(file, O_WRONLY | O_CREAT | O_APPEND).Close();
     return;
   }
   const auto open_file = Open_For_Append(file);
-  AppendWitness* const witness = Present_Append_Witness();
   if (witness != nullptr && witness->Already_Written(file, text)) return Tell_Append(file, text);
   const Tail tail = Tail_Of(*open_file, file);
   const std::uint64_t offset = tail.size + (tail.is_torn ? 1 : 0);

@@ -10,11 +10,15 @@
 
 namespace sylvomex {
 
-/// Append_To_File calls it with the file locked, in this order: Already_Written; when that is false
-/// Will_Append, the write, and Has_Appended or Not_Appended. An append of no text is not seen.
+/// Append_To_File calls it in this order: Will_Open; then, with the file locked, Already_Written;
+/// when that is false Will_Append, the write, and Has_Appended or Not_Appended. An append of no
+/// text only opens the file.
 class AppendWitness {
  public:
   virtual ~AppendWitness() = default;
+
+  /// The file is about to be opened; is_missing: and made, empty.
+  virtual void Will_Open(const FilePath&, bool /*is_missing*/) {}
 
   /// True when the file holds the text already: the write is left out and counts as done. The file
   /// may be changed meanwhile, e.g. cut back to the start of a torn line.

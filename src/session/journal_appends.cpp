@@ -77,6 +77,22 @@ void JournalAppends::Hide_Later_Lines(const std::string& path, long done) {
   reads_.Hide_From(path, hides ? std::optional(later->second.offset) : std::nullopt);
 }
 
+void JournalAppends::Will_Open(const FilePath& file, bool is_missing) {
+  const std::string path = file.native.string();
+  if (journal_.Is_Repeating()) {
+    const JournalLine* const line = journal_.Repeated()->Peek();
+    const bool is_created_now = line != nullptr && line->kind == JournalLine::Kind::Create &&
+                                line->step.words.front().text == path;
+    if (is_created_now) {
+      journal_.Repeated()->Take();
+      return reads_.Is_Created_Again(path);
+    }
+    if (line != nullptr) return;
+    journal_.Go_Beyond();
+  }
+  if (is_missing) journal_.Comment("creates " + Script_Word(path), true);
+}
+
 bool JournalAppends::Already_Written(const FilePath& file, std::string_view text) {
   present_ = Repeated_Number(JournalLine::Kind::Append, file);
   if (present_ == 0 || !Find(file, text)) return false;

@@ -23,6 +23,7 @@ class JournalAppends : public AppendWitness {
   JournalAppends(const JournalAppends&) = delete;
   JournalAppends& operator=(const JournalAppends&) = delete;
 
+  void Will_Open(const FilePath& file, bool is_missing) override;
   bool Already_Written(const FilePath& file, std::string_view text) override;
   void Will_Append(const FilePath& file, std::uint64_t offset, std::string_view text) override;
   void Has_Appended(const FilePath& file, std::uint64_t offset, std::string_view text) override;

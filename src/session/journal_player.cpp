@@ -141,7 +141,8 @@ void JournalPlayer::Take_End() {
     if (next->kind == Kind::End) {
       play_.last_one_ended = true;
     } else {
-      const bool is_file = next->kind == Kind::Append || next->kind == Kind::Take;
+      const bool is_file =
+          next->kind == Kind::Create || next->kind == Kind::Append || next->kind == Kind::Take;
       Tell(line_, is_file ? "nothing was appended or taken here this time"
                           : Quoted(Step_Line(next->step)) + " was not asked for");
     }

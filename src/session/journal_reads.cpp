@@ -55,10 +55,11 @@ JournalReads::JournalReads(Journal& journal, const JournalFacts& facts,
     : journal_(journal),
       folder_(std::move(folder)),
       former_(Set_File_Watch(this)),
+      not_yet_there_(facts.created),
       again_(facts.writes) {
   for (const auto& [path, read] : facts.reads) {
     reads_in_journal_.insert(path);
-    if (read.bytes == 0) read_empty_.insert(path);
+    if (read.bytes == 0) begun_empty_.insert(path);
   }
   for (const auto& [path, write] : facts.writes) writes_in_journal_.insert(path);
 }
@@ -68,14 +69,15 @@ JournalReads::~JournalReads() { Set_File_Watch(former_); }
 void JournalReads::Is_Done_Again() {
   const std::lock_guard lock(mutex_);
   again_.clear();
+  not_yet_there_.clear();
   hidden_from_.clear();
   then_.clear();
 }
 
 /// Whether there was no file before its first line, which begins it: an empty one would have been
-/// noted when it was read.
+/// noted when it was read or made.
 bool JournalReads::Was_Missing(const std::string& path) const {
-  return !read_empty_.contains(path);
+  return !begun_empty_.contains(path);
 }
 
 // A kept state that has got lost is replaced by what there is.
@@ -90,9 +92,11 @@ std::filesystem::path JournalReads::Place_Before_Write(const std::string& path) 
 
 std::filesystem::path JournalReads::Place_To_Read(const FilePath& file) {
   const std::lock_guard lock(mutex_);
-  const bool is_past = again_.empty() && hidden_from_.empty() && then_.empty();
+  const bool is_past =
+      again_.empty() && not_yet_there_.empty() && hidden_from_.empty() && then_.empty();
   if (is_past) return file.native;
   const std::string path = file.native.string();
+  if (not_yet_there_.contains(path)) return folder_ / kNoFile;
   const auto then = then_.find(path);
   const auto place = then == then_.end() ? std::nullopt : then->second.Place();
   if (place) return place->empty() ? folder_ / kNoFile : *place;
@@ -152,9 +156,18 @@ void JournalReads::Will_Change(const FilePath& file, bool appends) {
   const std::lock_guard lock(mutex_);
   written_.insert(path);
   again_.erase(path);
+  not_yet_there_.erase(path);
   then_.erase(path);
   if (!writes_in_journal_.insert(path).second) return;
   journal_.Comment("writes " + Script_Word(path) + Word_Of(Keep(path)));
+}
+
+void JournalReads::Is_Created_Again(const std::string& path) {
+  const std::lock_guard lock(mutex_);
+  not_yet_there_.erase(path);
+  begun_empty_.insert(path);
+  const auto then = then_.find(path);
+  if (then != then_.end()) then->second.Append(0, "");
 }
 
 std::optional<long> JournalReads::Coming_Write(const std::string& path) const {

@@ -41,6 +41,9 @@ class JournalReads : public FileWatch, public WriteWitness {
   /// yet done again so far.
   [[nodiscard]] std::optional<long> Coming_Write(const std::string& path) const;
 
+  /// A file of lines is made, empty, that was missing up to here.
+  void Is_Created_Again(const std::string& path);
+
   /// A file whose lines from an offset on are not yet done again; std::nullopt for no such lines.
   void Hide_From(const std::string& path, std::optional<std::uint64_t> offset);
 
@@ -66,7 +69,8 @@ class JournalReads : public FileWatch, public WriteWitness {
   // Native paths.
   std::set<std::string> reads_in_journal_;
   std::set<std::string> writes_in_journal_;
-  std::set<std::string> read_empty_;             // when they were read first
+  std::set<std::string> begun_empty_;    // empty when they were read first, or made by the session
+  std::set<std::string> not_yet_there_;  // made by the session, which is not yet done again so far
   std::map<std::string, JournaledWrite> again_;  // writes that are not yet done again
   std::set<std::string> written_;                // by this run
   std::map<std::string, std::uint64_t> hidden_from_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "session/journal_text.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <utility>
@@ -82,6 +83,16 @@ void Take_Write(JournalFacts& facts, const Words& words) {
   facts.writes.try_emplace(words[1].text, JournaledWrite{before, after});
 }
 
+/// A file that the session knew before was removed by others in between.
+void Take_Creation(JournalFacts& facts, const Words& words) {
+  if (words.size() != 2) return;
+  const std::string& file = words[1].text;
+  const bool is_known =
+      facts.reads.contains(file) || facts.writes.contains(file) ||
+      std::ranges::any_of(facts.appends, [&](const auto& a) { return a.second.file == file; });
+  if (!is_known) facts.created.insert(file);
+}
+
 void Take_Comment(JournalFacts& facts, const Words& words) {
   if (words.empty()) return;
   const std::string& name = words.front().text;
@@ -91,6 +102,7 @@ void Take_Comment(JournalFacts& facts, const Words& words) {
   if (name == "not-appended") Take_Append_State(facts, words, JournaledAppend::State::Failed);
   if (name == "reads") Take_Read(facts, words);
   if (name == "writes") Take_Write(facts, words);
+  if (name == "creates") Take_Creation(facts, words);
 }
 
 std::optional<JournalHead> Head_Of(std::string_view text) {
@@ -188,7 +200,9 @@ std::optional<JournalLine> JournalCursor::Read_Comment(std::string_view comment)
   if (words.size() < 2) return std::nullopt;
   if (words[0].text == "time") time_ = Number_In<std::time_t>(words[1].text).value_or(time_);
   const bool takes = words[0].text == "take";
-  if ((!takes && words[0].text != "append") || !wants_appends_) return std::nullopt;
+  if (!wants_appends_) return std::nullopt;
+  if (words[0].text == "creates") return JournalLine{Kind::Create, {line_, {words[1]}}, 0};
+  if (!takes && words[0].text != "append") return std::nullopt;
   const long number = Number_In<long>(words[1].text).value_or(0);
   if (number <= last_append_) return std::nullopt;  // written again by a later program run
   last_append_ = number;

@@ -12,6 +12,7 @@
 //   input TEXT, file PATH, button NAME, cancel     the answer of a dialog
 //   within STEP                    an event that came while a dialog was open
 //   during N STEP                  an event in the N-th event servicing since the outer event began
+//   # creates FILE                 a file of lines was missing and is about to be made, empty
 //   # append N FILE OFFSET BYTES CHECKSUM          text is about to be appended to a file
 //   # take N FILE OFFSET BYTES CHECKSUM            lines are about to be taken from a file's end
 //   end done|error|greyed|refused  the event has ended; left out for a plain pointer move
@@ -80,6 +81,7 @@ struct JournalFacts {
   std::map<long, JournaledAppend> appends;
   std::map<std::string, JournaledRead> reads;    // by native path; the first time each was read
   std::map<std::string, JournaledWrite> writes;  // by native path
+  std::set<std::string> created;                 // native paths; of these there was no file before
   bool has_exit = false;
   std::uint64_t whole_bytes = 0;  // up to the last line end
 };
@@ -90,9 +92,9 @@ std::string Head_Text(const JournalHead& head);
 
 /// A line that is played.
 struct JournalLine {
-  enum class Kind { Event, Within, During, Answer, End, Append, Take };
+  enum class Kind { Event, Within, During, Answer, End, Create, Append, Take };
   Kind kind = Kind::Event;
-  ScriptStep step;  // of Within and During without the words before their step
+  ScriptStep step;  // of Within and During without the words before their step, of Create its file
   long number = 0;  // of During the servicing, of Append and Take theirs
 };
 

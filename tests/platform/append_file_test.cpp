@@ -164,6 +164,22 @@ TEST_F(AppendFile, AWitnessSeesWhereEachTextBegins) {
   EXPECT_EQ(Set_Append_Witness(nullptr), &witness);
 }
 
+TEST_F(AppendFile, AWitnessHearsOfAFileBeforeItIsMade) {
+  struct Opening : WritingWitness {
+    void Will_Open(const FilePath& file, bool is_missing) override {
+      told += is_missing ? "makes " : "opens ";
+      told += file.name + (std::filesystem::exists(file.native) ? ", there\n" : ", not there\n");
+    }
+  } witness;
+  Set_Append_Witness(&witness);
+  const FilePath file = folder.File("points.txt");
+  Append_To_File(file, "");
+  Append_To_File(file, "1\n");
+  EXPECT_EQ(witness.told,
+            "makes points.txt, not there\nopens points.txt, there\n"
+            "asked points.txt 1\nwill 0 1\nhas 0 1\n");
+}
+
 TEST_F(AppendFile, ATextThatItsWitnessKnowsToBeWrittenIsNotRepeated) {
   WritingWitness witness;
   witness.already_written = true;

@@ -277,6 +277,42 @@ TEST_F(JournalTest, SaveKilledBeforeItsLineWasAnnouncedIsDoneOnce) {
   EXPECT_EQ(told.find("had not ended"), std::string::npos) << told;
 }
 
+TEST_F(JournalTest, FileThatASaveMadeBeforeItWasKilledIsStillMissingForEarlierEvents) {
+  constexpr const char* kListing = "c/apu/quvex.txt";
+  site.Folder().Make_Folder("c/apu");
+  site.Folder().Write("c/data/JetColorMAP.csv", "0,0,0\n255,255,255\n");
+  ASSERT_EQ(Play_With_Journal(Two_Images() + "try menu Plot_Point_Set\n" + Save_Point()), 0)
+      << told;
+  ASSERT_FALSE(site.Folder().Has(kListing));  // there were no points to plot
+  const std::string text = Journal_Text(), line = Points();
+  Write_Journal(text.substr(0, text.find("# append 1")));
+  site.Folder().Write(kPoints, "");
+  ASSERT_EQ(Resume(""), 0) << told;
+  EXPECT_FALSE(site.Folder().Has(kListing));
+  EXPECT_EQ(Points(), line);
+  ASSERT_EQ(Resume("menu Plot_Point_Set\n"), 0) << told;
+  EXPECT_TRUE(site.Folder().Has(kListing));
+}
+
+TEST_F(JournalTest, FileThatWasEmptyBeforeTheSessionIsThereForItsEarlierEvents) {
+  site.Folder().Make_Folder("c/apu");
+  site.Folder().Write("c/data/JetColorMAP.csv", "0,0,0\n255,255,255\n");
+  site.Folder().Write(kPoints, "");
+  ASSERT_EQ(Play_With_Journal(Two_Images() + "menu Plot_Point_Set\n" + Save_Point()), 0) << told;
+  EXPECT_EQ(Comments("creates"), "");
+  ASSERT_EQ(Resume(""), 0) << told;
+  EXPECT_EQ(site.Folder().Read("c/apu/quvex.txt"), "");
+}
+
+TEST_F(JournalTest, FileIsToldToBeMadeOnceAndBeforeItsFirstLine) {
+  ASSERT_EQ(Play_With_Journal(Two_Images() + Save_Point() + Save_Point()), 0) << told;
+  EXPECT_EQ(Comments("creates"), "# creates " + site.Folder().File(kPoints).native.string() + "\n");
+  const std::string text = Journal_Text();
+  EXPECT_LT(text.find("# creates "), text.find("# append 1 "));
+  ASSERT_EQ(Resume(""), 0) << told;
+  EXPECT_EQ(Journal_Text(), text);
+}
+
 TEST_F(JournalTest, ConfirmedLineThatTheOperatorRemovedStaysRemoved) {
   ASSERT_EQ(Play_With_Journal(Two_Images() + Save_Point() + Save_Point()), 0) << told;
   site.Folder().Write(kPoints, "cleaned by hand\n");

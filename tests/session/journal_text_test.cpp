@@ -46,6 +46,15 @@ TEST(JournalFacts, ReadsAreThoseOfTheFirstTime) {
   EXPECT_TRUE(facts.writes.contains("/b"));
 }
 
+TEST(JournalFacts, FileThatTheSessionKnewBeforeItMadeItWasThere) {
+  const JournalFacts facts = Facts_Of_Journal(
+      kHead +
+      "# creates /new\n# append 1 /new 0 1 aa\n# reads /read 5 100 aa\n# creates /read\n"
+      "# writes /written\n# creates /written\n# append 2 /added 9 1 aa\n# creates /added\n"
+      "# creates \"/a b\"\n# creates\n");
+  EXPECT_EQ(facts.created, (std::set<std::string>{"/new", "/a b"}));
+}
+
 TEST(JournalFacts, TornLastLineDoesNotCount) {
   const JournalFacts facts = Facts_Of_Journal(kHead + "end done\nexit");
   EXPECT_EQ(facts.whole_bytes, kHead.size() + 9);
@@ -54,9 +63,10 @@ TEST(JournalFacts, TornLastLineDoesNotCount) {
 }
 
 TEST(JournalCursor, GivesTheLinesThatArePlayed) {
-  const std::string text = kHead +
-                           "# time 1000\nmenu Exit\nwithin set Text4 5\nduring 12 key U\ninput 3\n"
-                           "# append 1 /a 0 1 aa\n# reads /x 1 1 aa\nend done\n";
+  const std::string text =
+      kHead +
+      "# time 1000\nmenu Exit\nwithin set Text4 5\nduring 12 key U\ninput 3\n"
+      "# creates \"/a b\"\n# append 1 /a 0 1 aa\n# reads /x 1 1 aa\nend done\n";
   JournalCursor cursor(text, true);
   const auto take = [&cursor] {
     const JournalLine line = *cursor.Peek();
@@ -75,6 +85,9 @@ TEST(JournalCursor, GivesTheLinesThatArePlayed) {
   EXPECT_EQ(during.number, 12);
   EXPECT_EQ(during.step.words.front().text, "key");
   EXPECT_EQ(take().kind, Kind::Answer);
+  const JournalLine create = take();
+  EXPECT_EQ(create.kind, Kind::Create);
+  EXPECT_EQ(create.step.words.front().text, "/a b");
   EXPECT_EQ(take().kind, Kind::Append);
   EXPECT_EQ(take().kind, Kind::End);
   EXPECT_EQ(cursor.Peek(), nullptr);
