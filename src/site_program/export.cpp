@@ -8,6 +8,7 @@
 #include "interchange/record_tables.h"
 #include "interchange/site.h"
 #include "interchange/tin_export.h"
+#include "platform/drive_map.h"
 #include "site_program/subcommands.h"
 
 namespace sylvomex {
@@ -48,12 +49,23 @@ void Export_Other(const ExportArguments& arguments, const Site& site, SiteOutput
   }
 }
 
+/// Imports tell their files by the workstation's names, "c:\data\models\dem.hdr": these are
+/// taken too.
+std::filesystem::path Native_Input(const std::filesystem::path& input, const Site& site) {
+  const std::string name = input.string();
+  const bool has_drive = name.size() > 2 && name[1] == ':' && (name[2] == '\\' || name[2] == '/');
+  if (!has_drive || std::filesystem::exists(input)) return input;
+  return DriveMap(site.folder).Locate(name).native;
+}
+
 }  // namespace
 
-int Run_Export(const ExportArguments& arguments, SiteOutput& output) {
-  const Site site = Open_Site(arguments.site);
+int Run_Export(const ExportArguments& given, SiteOutput& output) {
+  const Site site = Open_Site(given.site);
+  ExportArguments arguments = given;
+  arguments.input = Native_Input(given.input, site);
   if (!std::filesystem::is_regular_file(arguments.input)) {
-    throw Refused(arguments.input.string() + ": there is no such file");
+    throw Refused(given.input.string() + ": there is no such file");
   }
   output.object["output"] = arguments.output.string();
   if (const ReadPoints read = Reader_Of(arguments.what)) {

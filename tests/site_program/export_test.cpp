@@ -81,6 +81,16 @@ TEST_F(ExportSite, ObservationsReadBackTheSameInEveryFormat) {
   }
 }
 
+TEST_F(ExportSite, InputMayHaveTheNameThatTheWorkstationKnows) {
+  for (const char* name : {"c:\\data\\models\\dem.hdr", "C:/Data/Models/dem.hdr"}) {
+    const SitePlayed played = Export("dem", name, Path("dem.tif"));
+    EXPECT_EQ(played.status, 0) << played.err;
+  }
+  const SitePlayed missing = Export("dem", "c:\\data\\models\\none.hdr", Path("dem.tif"));
+  EXPECT_EQ(missing.status, 1);
+  EXPECT_EQ(missing.err, "sylvomex-site: c:\\data\\models\\none.hdr: there is no such file\n");
+}
+
 TEST_F(ExportSite, PointsHaveThreeDimensionsAndTheSitesSystem) {
   const std::string input =
       folder.Write("maa.nod", Line(384010.1234, 6675990, "123.5\n")).native.string();
