@@ -12,6 +12,7 @@
 
 #include "commands/imageblock/image_set.h"
 #include "desktop_aids/aids.h"
+#include "offscreen_run.h"
 #include "support/small_site.h"
 
 namespace sylvomex {
@@ -146,11 +147,4 @@ BENCHMARK(Filter_Measured_Lines)->Unit(benchmark::kMillisecond);
 }  // namespace
 }  // namespace sylvomex
 
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
-  sylvomex::Set_Application_Look();
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-}
+int main(int argc, char** argv) { return sylvomex::bench::Run_Without_Display(argc, argv); }

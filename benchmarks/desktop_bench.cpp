@@ -11,6 +11,7 @@
 
 #include "commands/imageblock/image_set.h"
 #include "desktop/desktop.h"
+#include "offscreen_run.h"
 #include "panes/pane_zoom.h"
 #include "support/small_site.h"
 
@@ -132,11 +133,4 @@ BENCHMARK(Repaint_Dots)->Unit(benchmark::kMillisecond);
 }  // namespace
 }  // namespace sylvomex
 
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
-  sylvomex::Set_Application_Look();
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-}
+int main(int argc, char** argv) { return sylvomex::bench::Run_Without_Display(argc, argv); }

@@ -8,6 +8,7 @@
 #include "bench_inputs.h"
 #include "matching_inputs.h"
 #include "products/ortho_image.h"
+#include "relief_model.h"
 
 namespace sylvomex::bench {
 
@@ -25,17 +26,7 @@ struct OrthoInputs {
           std::span(frame).subspan(std::size_t{3} * kFrameWidth * static_cast<std::size_t>(row),
                                    std::size_t{3} * kFrameWidth));
     }
-    model.NCols = model.NRows = kModelSide;
-    model.OriginX = kPlotX - 500;
-    model.OriginY = kPlotY - 500;
-    model.CellSize = 1;
-    Dimension_Cells(model);
-    for (int row = 0; row < kModelSide; ++row) {
-      for (int col = 0; col < kModelSide; ++col) {
-        model.Cells[static_cast<std::size_t>(row) * kModelSide + static_cast<std::size_t>(col)] =
-            static_cast<float>(160.0 + Value_Noise(41, col, row, 6) * 25.0 / 255.0);
-      }
-    }
+    model = Relief_Model(kPlotX - 500, kPlotY - 500, kModelSide);
     source = {Patch_Camera(0).camera, frame, kFrameWidth, kFrameHeight, 3};
   }
 

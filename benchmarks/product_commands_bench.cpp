@@ -22,6 +22,7 @@
 #include "commands/stereo/stereo_pointer.h"
 #include "commands/stereo/stereo_window.h"
 #include "platform/number_text.h"
+#include "relief_model.h"
 #include "round_times.h"
 #include "solver/camera_model.h"
 #include "state/workspace.h"
@@ -105,18 +106,7 @@ void Add_Photograph(Workspace& w, double east, double north) {
 
 /// A ground model of 1 m cells, 25 m of relief.
 void Load_Model(Workspace& w) {
-  RasterModel& model = w.RasterDem;
-  model.NCols = model.NRows = kModelSide;
-  model.OriginX = kEast - 1200;
-  model.OriginY = kNorth - 1200;
-  model.CellSize = 1;
-  Dimension_Cells(model);
-  for (int row = 0; row < kModelSide; ++row) {
-    for (int col = 0; col < kModelSide; ++col) {
-      model.Cells[static_cast<std::size_t>(row) * kModelSide + static_cast<std::size_t>(col)] =
-          static_cast<float>(160.0 + Value_Noise(41, col, row, 6) * 25.0 / 255.0);
-    }
-  }
+  w.RasterDem = Relief_Model(kEast - 1200, kNorth - 1200, kModelSide);
   w.RasterDemLoaded = true;
 }
 

@@ -10,6 +10,7 @@
 #include "commands/stereo/stereo_pointer.h"
 #include "commands/stereo/stereo_window.h"
 #include "desktop/desktop.h"
+#include "offscreen_run.h"
 #include "stereo/level_pair.h"
 #include "stereo/pair_file.h"
 #include "support/small_site.h"
@@ -100,11 +101,4 @@ BENCHMARK(Recentring)->Unit(benchmark::kMillisecond);
 }  // namespace
 }  // namespace sylvomex
 
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
-  sylvomex::Set_Application_Look();
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-}
+int main(int argc, char** argv) { return sylvomex::bench::Run_Without_Display(argc, argv); }

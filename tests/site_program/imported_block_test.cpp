@@ -10,30 +10,17 @@
 
 #include "interchange/site.h"
 #include "platform/number_text.h"
-#include "site_program/site_program.h"
+#include "site_program/played_program.h"
 #include "support/photo_site.h"
 #include "support/session_run.h"
 
 namespace sylvomex {
 namespace {
 
-struct Ran {
-  int status = -1;
-  std::string out;
-  std::string err;
-};
-
-Ran Play(std::vector<std::string> words) {
-  std::ostringstream out;
-  std::ostringstream err;
-  const int status = Run_Site_Program(std::move(words), out, err);
-  return {status, out.str(), err.str()};
-}
-
 class ImportedBlock : public testing::Test {
  protected:
   ImportedBlock() {
-    Play({"init", Site_Path(), "--crs", "EPSG:3067"});
+    Play_Site({"init", Site_Path(), "--crs", "EPSG:3067"});
     for (const TablePhoto& photo : photos_) {
       files_.push_back(Write_Tiff(source_, photo.name + ".tif", photo.width, photo.height, 3,
                                   GDT_Byte, Mixed_Values(photo.width, photo.height, 3)));
@@ -102,7 +89,7 @@ TEST_F(ImportedBlock, OpensInTheWorkstationAndProjectsAsTheTable) {
   photos_.resize(2);
   files_.resize(2);
   const std::string table = source_.Write("t.csv", Plain_Table(photos_)).native.string();
-  const Ran ran = Play(Import_Words(table));
+  const SitePlayed ran = Play_Site(Import_Words(table));
   ASSERT_EQ(ran.status, 0) << ran.err;
   EXPECT_EQ(nlohmann::json::parse(ran.out)["images"].size(), 2U);
   Expect_Projections();
@@ -110,7 +97,7 @@ TEST_F(ImportedBlock, OpensInTheWorkstationAndProjectsAsTheTable) {
 
 TEST_F(ImportedBlock, ShowsTheImportedPixels) {
   const std::string table = source_.Write("t.csv", Plain_Table(photos_)).native.string();
-  ASSERT_EQ(Play(Import_Words(table)).status, 0);
+  ASSERT_EQ(Play_Site(Import_Words(table)).status, 0);
   const PlayedSession played =
       Play_Script(site_,
                   "file c:\\data\\images\\photo1.hdr\nmenu Add_images_to_set\n"
@@ -131,13 +118,13 @@ TEST_F(ImportedBlock, FollowsTheConventionThatTheCheckChose) {
     photo.kappa /= 0.9;
   }
   const std::string table = source_.Write("gon.csv", Plain_Table(gon)).native.string();
-  const Ran check =
-      Play({"check", "orientation", Site_Path(), table, Observations(), Points(), "--json"});
+  const SitePlayed check =
+      Play_Site({"check", "orientation", Site_Path(), table, Observations(), Points(), "--json"});
   EXPECT_EQ(check.status, 0) << check.err;
   const auto object = nlohmann::json::parse(check.out);
   EXPECT_EQ(object["chosen"], object["conventions"][0]["name"]);
   EXPECT_LT(object["conventions"][0]["rms_px"], 1e-5);
-  const Ran import = Play(Import_Words(table));
+  const SitePlayed import = Play_Site(Import_Words(table));
   ASSERT_EQ(import.status, 0) << import.err;
   EXPECT_EQ(nlohmann::json::parse(import.out)["convention"], object["chosen"]);
   Expect_Projections();
@@ -149,8 +136,8 @@ TEST_F(ImportedBlock, ACheckThatFitsNothingChangesNothing) {
   wrong[1].kappa += 77;
   const std::string table = source_.Write("wrong.csv", Plain_Table(wrong)).native.string();
   const std::string before = site_.Read("site.toml");
-  const Ran check =
-      Play({"check", "orientation", Site_Path(), table, Observations(), Points(), "--json"});
+  const SitePlayed check =
+      Play_Site({"check", "orientation", Site_Path(), table, Observations(), Points(), "--json"});
   EXPECT_EQ(check.status, 1);
   EXPECT_NE(check.err.find("wrong.csv"), std::string::npos);
   EXPECT_TRUE(nlohmann::json::parse(check.out)["chosen"].is_null());
@@ -188,7 +175,7 @@ TEST_F(ImportedBlock, AKilledImportIsMadeWholeByTheNext) {
       }
     }
   }
-  ASSERT_EQ(Play(Import_Words(table)).status, 0);
+  ASSERT_EQ(Play_Site(Import_Words(table)).status, 0);
   EXPECT_FALSE(site_.Has(".sylvomex-import"));
   std::string expected;
   for (const std::int32_t value : Mixed_Values(1500, 1000, 3)) {
@@ -202,10 +189,13 @@ TEST_F(ImportedBlock, AKilledImportIsMadeWholeByTheNext) {
 }
 
 TEST_F(ImportedBlock, AStretchThatIsNoneIsAWrongCommandLine) {
-  EXPECT_EQ(Play({"import", "images", Site_Path(), "t", "f", "--stretch", "60", "40"}).status, 2);
-  EXPECT_EQ(Play({"import", "images", Site_Path(), "t", "f", "--stretch", "2", "101"}).status, 2);
+  EXPECT_EQ(Play_Site({"import", "images", Site_Path(), "t", "f", "--stretch", "60", "40"}).status,
+            2);
+  EXPECT_EQ(Play_Site({"import", "images", Site_Path(), "t", "f", "--stretch", "2", "101"}).status,
+            2);
   EXPECT_EQ(
-      Play({"import", "images", Site_Path(), "t", "f", "--around", "1", "2", "3", "0"}).status, 2);
+      Play_Site({"import", "images", Site_Path(), "t", "f", "--around", "1", "2", "3", "0"}).status,
+      2);
 }
 
 }  // namespace

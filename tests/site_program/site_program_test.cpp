@@ -6,27 +6,15 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "site_program/played_program.h"
 #include "support/temporary_folder.h"
 
 namespace sylvomex {
 namespace {
 
-struct Ran {
-  int status = -1;
-  std::string out;
-  std::string err;
-};
-
-Ran Play(std::vector<std::string> words) {
-  std::ostringstream out;
-  std::ostringstream err;
-  const int status = Run_Site_Program(std::move(words), out, err);
-  return {status, out.str(), err.str()};
-}
-
 TEST(SiteProgram, InitIsDone) {
   const TemporaryFolder folder;
-  const Ran ran = Play({"init", folder.Path().string(), "--crs", "EPSG:3067"});
+  const SitePlayed ran = Play_Site({"init", folder.Path().string(), "--crs", "EPSG:3067"});
   EXPECT_EQ(ran.status, 0);
   EXPECT_EQ(ran.err, "");
   EXPECT_TRUE(folder.Has("site.toml"));
@@ -37,7 +25,7 @@ TEST(SiteProgram, JsonMayStandAnywhereAndIsAlone) {
     const TemporaryFolder folder;
     std::vector<std::string> words{"init", folder.Path().string(), "--crs", "EPSG:3067"};
     words.insert(words.begin() + place, "--json");
-    const Ran ran = Play(words);
+    const SitePlayed ran = Play_Site(words);
     EXPECT_EQ(ran.status, 0) << ran.err;
     EXPECT_EQ(nlohmann::json::parse(ran.out)["crs"], "EPSG:3067");
   }
@@ -45,7 +33,7 @@ TEST(SiteProgram, JsonMayStandAnywhereAndIsAlone) {
 
 TEST(SiteProgram, ARefusalIsOneAndNamesTheFolder) {
   const TemporaryFolder folder;
-  const Ran ran = Play({"report", folder.Path().string(), "--json"});
+  const SitePlayed ran = Play_Site({"report", folder.Path().string(), "--json"});
   EXPECT_EQ(ran.status, 1);
   EXPECT_NE(ran.err.find(folder.Path().string()), std::string::npos);
   EXPECT_TRUE(nlohmann::json::parse(ran.out).contains("error"));
@@ -65,7 +53,7 @@ TEST(SiteProgram, AWrongCommandLineIsTwo) {
         {"import", "images", "x", "t", "f", "--around", "1", "2", "3"},
         {"export", "x", "cakes", "a", "b"},
         {"report", "x", "--odd"}}) {
-    const Ran ran = Play(words);
+    const SitePlayed ran = Play_Site(words);
     EXPECT_EQ(ran.status, 2) << testing::PrintToString(words);
     EXPECT_NE(ran.err, "");
     EXPECT_EQ(ran.out, "");
@@ -75,14 +63,14 @@ TEST(SiteProgram, AWrongCommandLineIsTwo) {
 TEST(SiteProgram, HelpIsDone) {
   for (const std::vector<std::string>& words :
        {std::vector<std::string>{"--help"}, {"import", "images", "-h"}}) {
-    const Ran ran = Play(words);
+    const SitePlayed ran = Play_Site(words);
     EXPECT_EQ(ran.status, 0);
     EXPECT_NE(ran.out.find("Usage:"), std::string::npos);
   }
 }
 
 TEST(SiteProgram, HelpAsJsonIsOneObject) {
-  const Ran ran = Play({"init", "--help", "--json"});
+  const SitePlayed ran = Play_Site({"init", "--help", "--json"});
   EXPECT_EQ(ran.status, 0);
   EXPECT_NE(nlohmann::json::parse(ran.out)["help"].get<std::string>().find("--crs"),
             std::string::npos);
@@ -90,14 +78,14 @@ TEST(SiteProgram, HelpAsJsonIsOneObject) {
 
 TEST(SiteProgram, NegativeNumbersAreNumbers) {
   const TemporaryFolder folder;
-  EXPECT_EQ(Play({"import", "images", folder.Path().string(), "t.csv", "f.tif", "--around", "-10.5",
-                  "-3", "-1e2", "50"})
+  EXPECT_EQ(Play_Site({"import", "images", folder.Path().string(), "t.csv", "f.tif", "--around",
+                       "-10.5", "-3", "-1e2", "50"})
                 .status,
             1);
 }
 
 TEST(SiteProgram, AFormatThatThereIsNotIsAWrongCommandLine) {
-  EXPECT_EQ(Play({"import", "images", "site", "t.csv", "a.tif", "--format", "odd"}).status, 2);
+  EXPECT_EQ(Play_Site({"import", "images", "site", "t.csv", "a.tif", "--format", "odd"}).status, 2);
 }
 
 }  // namespace

@@ -66,11 +66,7 @@ Point3D Plain_Mesh_Point(int j) {
 std::string Script() {
   std::ostringstream script;
   script.precision(17);
-  for (const char* name : {"im0", "im1", "im2"}) {
-    script << "file c:\\data\\" << name << ".hdr\nmenu Add_images_to_set\n";
-  }
-  script << "file c:\\data\\dem.hdr\ninput 0\nmenu Add_height_Model\n"
-            "file c:\\data\\chm.hdr\nmenu Add_Raster_CHM\n";
+  script << Loading_Steps();
   const auto set_solution = [&script](const Point3D& p) {
     script << "input " << p.X << "\ninput " << p.Y << "\ninput " << p.Z
            << "\nmenu Set_3D_solution\n";

@@ -96,6 +96,17 @@ class MatchingFiles {
   }
 };
 
+/// Steps of a script that load the site's images and models.
+inline std::string Loading_Steps() {
+  std::string steps;
+  for (const char* name : {"im0", "im1", "im2"}) {
+    steps += std::string("file c:\\data\\") + name + ".hdr\nmenu Add_images_to_set\n";
+  }
+  return steps +
+         "file c:\\data\\dem.hdr\ninput 0\nmenu Add_height_Model\n"
+         "file c:\\data\\chm.hdr\nmenu Add_Raster_CHM\n";
+}
+
 /// The site in a started workspace: images and models loaded, the plot centre read, the solution at
 /// the first tree's top.
 class MatchingSite : public testing::Test {
