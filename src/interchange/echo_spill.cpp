@@ -4,21 +4,43 @@
 #include <tbb/parallel_pipeline.h>
 
 #include <algorithm>
-#include <map>
 #include <memory>
 
 #include "interchange/echo_reading.h"
-#include "interchange/failures.h"
 #include "interchange/las_points.h"
-#include "interchange/output_file.h"
 #include "interchange/recycled.h"
+#include "interchange/share_files.h"
+#include "interchange/share_limits.h"
 
 namespace sylvomex {
 namespace {
 
 constexpr std::size_t kBlocksAtOnce = 4;
-constexpr std::uint64_t kPulsesOfShare = 250'000;  // untimed ones
-constexpr std::uint64_t kFewestOfShare = 500'000, kMostOfShare = 1'500'000, kShares = 600;
+constexpr std::uint64_t kPulsesOfShare = 100'000;  // untimed ones
+constexpr std::uint64_t kFewestOfShare = 1 << 17, kMostOfShare = 750'000, kShares = 2000;
+
+/// The shares of keys: those of times, and behind them those of pulses without a time, which are
+/// kept whole: their shares change at the first echoes of pulses.
+class SharesOfKeys {
+ public:
+  SharesOfKeys(std::span<const EchoSource> sources, const std::vector<std::uint64_t>& limits)
+      : timed_(limits) {
+    std::uint64_t untimed = 0;  // echoes, and so at most as many pulses
+    for (const EchoSource& source : sources) untimed += source.timed ? 0 : source.header.count;
+    most_ = timed_.Count() + untimed / kPulsesOfShare + 1;
+  }
+
+  [[nodiscard]] std::size_t Most() const { return most_; }
+
+  [[nodiscard]] std::size_t Share_Of(std::uint64_t key) const {
+    if (Has_Time(key)) return timed_.Share_Of(key);
+    return timed_.Count() + (key - kFirstUntimedKey) / kPulsesOfShare;
+  }
+
+ private:
+  ShareLimits timed_;
+  std::size_t most_ = 0;
+};
 
 /// A block on its way, used again and again.
 struct SharedBlock {
@@ -30,18 +52,11 @@ struct SharedBlock {
   FlightLines lines;
 };
 
-/// The share of an untimed pulse is kept whole: shares change at the first echoes of pulses.
-std::size_t Share_Of(std::uint64_t key, const std::vector<std::uint64_t>& limits) {
-  if (!Has_Time(key)) return limits.size() + 1 + (key - kFirstUntimedKey) / kPulsesOfShare;
-  return static_cast<std::size_t>(std::upper_bound(limits.begin(), limits.end(), key) -
-                                  limits.begin());
-}
-
-void Sort_By_Shares(const std::vector<std::uint64_t>& limits, SharedBlock& block) {
+void Sort_By_Shares(const SharesOfKeys& keys, SharedBlock& block) {
   block.share_of.clear();
   std::size_t shares = 0;
   for (const EchoRecord& echo : block.read) {
-    block.share_of.push_back(Share_Of(echo.key, limits));
+    block.share_of.push_back(keys.Share_Of(echo.key));
     shares = std::max(shares, block.share_of.back() + 1);
   }
   block.starts.assign(shares + 1, 0);
@@ -54,63 +69,22 @@ void Sort_By_Shares(const std::vector<std::uint64_t>& limits, SharedBlock& block
   }
 }
 
-class ShareWriter {
- public:
-  explicit ShareWriter(const std::function<std::filesystem::path(const std::string&)>& new_file)
-      : new_file_(new_file) {}
-
-  void Append(const SharedBlock& shared) {
-    for (std::size_t share = 0; share + 1 < shared.starts.size(); ++share) {
-      const std::size_t begin = shared.starts[share];
-      const std::size_t end = shared.starts[share + 1];
-      if (begin == end) continue;
-      File(share).Write({reinterpret_cast<const std::uint8_t*>(shared.echoes.data() + begin),
-                         (end - begin) * sizeof(EchoRecord)});
-    }
+void Append(const SharedBlock& shared, ShareFiles& files) {
+  const std::span<const EchoRecord> echoes(shared.echoes);
+  for (std::size_t share = 0; share + 1 < shared.starts.size(); ++share) {
+    const std::size_t begin = shared.starts[share];
+    const std::size_t end = shared.starts[share + 1];
+    if (begin < end) files.Append(share, echoes.subspan(begin, end - begin));
   }
+}
 
-  std::vector<std::filesystem::path> Close() {
-    std::vector<std::filesystem::path> paths;
-    for (auto& [share, file] : files_) {
-      file->Close();
-      paths.push_back(path_[share]);
-    }
-    return paths;
-  }
-
- private:
-  OutputFile& File(std::size_t share) {
-    auto& file = files_[share];
-    if (file == nullptr) {
-      path_[share] = new_file_("echoes_" + std::to_string(share));
-      file = std::make_unique<OutputFile>(path_[share], path_[share].string());
-    }
-    return *file;
-  }
-
-  const std::function<std::filesystem::path(const std::string&)>& new_file_;
-  std::map<std::size_t, std::unique_ptr<OutputFile>> files_;
-  std::map<std::size_t, std::filesystem::path> path_;
-};
-
-void Convert(const EchoSource& source, const std::string& site,
-             const std::vector<std::uint64_t>& limits, SharedBlock& block) {
+void Convert(const EchoSource& source, const std::string& site, const SharesOfKeys& keys,
+             SharedBlock& block) {
   block.read.clear();
   Read_Echoes(block.block, source, site, block.read);
   block.lines = {};
   block.lines.Add(block.read, source.frame);
-  Sort_By_Shares(limits, block);
-}
-
-void Read_Share(const std::filesystem::path& path, std::vector<EchoRecord>& echoes) {
-  const PositionalFile file(FilePath{path.string(), path});
-  echoes.resize(file.Size() / sizeof(EchoRecord));
-  const std::span<std::uint8_t> bytes(reinterpret_cast<std::uint8_t*>(echoes.data()),
-                                      echoes.size() * sizeof(EchoRecord));
-  if (file.Read_At(0, bytes) != bytes.size()) {
-    throw FailedOnTheWay(path.string() + ": the file became shorter");
-  }
-  std::filesystem::remove(path);
+  Sort_By_Shares(keys, block);
 }
 
 }  // namespace
@@ -126,7 +100,8 @@ EchoShares Spill_Echoes(std::span<const EchoSource> sources,
   EchoShares shares;
   const double total = Echo_Count(sources);
   double done = 0;
-  ShareWriter writer(new_file);
+  const SharesOfKeys keys(sources, limits);
+  const auto files = std::make_shared<ShareFiles>(keys.Most(), new_file);
   LasBlockReader reader(sources);
   Recycled<SharedBlock> blocks(kBlocksAtOnce);
   const auto read = [&](tbb::flow_control& flow) -> SharedBlock* {
@@ -135,11 +110,11 @@ EchoShares Spill_Echoes(std::span<const EchoSource> sources,
     return block;
   };
   const auto convert = [&](SharedBlock* block) {
-    Convert(sources[block->block.source], site, limits, *block);
+    Convert(sources[block->block.source], site, keys, *block);
     return block;
   };
   const auto write = [&](SharedBlock* block) {
-    writer.Append(*block);
+    Append(*block, *files);
     shares.lines.Add(block->lines);
     Tell_Share(told, done += static_cast<double>(block->echoes.size()), total);
     blocks.Give_Back(block);
@@ -149,10 +124,10 @@ EchoShares Spill_Echoes(std::span<const EchoSource> sources,
       tbb::make_filter<void, SharedBlock*>(tbb::filter_mode::serial_in_order, read) &
           tbb::make_filter<SharedBlock*, SharedBlock*>(tbb::filter_mode::parallel, convert) &
           tbb::make_filter<SharedBlock*, void>(tbb::filter_mode::serial_in_order, write));
-  const std::vector<std::filesystem::path> files = writer.Close();
-  shares.count = files.size();
+  files->Finish();
+  shares.count = files->Count();
   shares.read = [files](std::size_t share, std::vector<EchoRecord>& echoes) {
-    Read_Share(files[share], echoes);
+    files->Read(share, echoes);
   };
   return shares;
 }
