@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Tables of label, X, Y, Z, omega, phi, kappa as structure-from-motion packages export them. A line
 // of column names may stand before the rows, after a '#' or without; lines that start with '#' are
-// otherwise passed over. Without column names the columns stand in that order. Angles in degrees
-// unless a column's name says gon, grad or rad.
+// otherwise passed over. Without column names the columns stand in that order. Estimated values
+// ("X_est", "Omega_est") go before those that they were estimated from. Angles in degrees unless a
+// column's name says gon, grad or rad.
 #include <algorithm>
 
 #include "interchange/csv_table.h"
@@ -15,9 +16,9 @@ namespace {
 using Names = std::vector<std::string>;
 
 const Names kLabels = {"label", "photoid", "photo", "image", "name", "filename", "file", "#label"};
-const Names kEast = {"x", "x0", "x/easting", "x/longitude", "easting", "east", "x_est", "e"};
-const Names kNorth = {"y", "y0", "y/northing", "y/latitude", "northing", "north", "y_est", "n"};
-const Names kHeight = {"z", "z0", "z/altitude", "z/height", "altitude", "height", "z_est", "h"};
+const Names kEast = {"x_est", "x", "x0", "x/easting", "x/longitude", "easting", "east", "e"};
+const Names kNorth = {"y_est", "y", "y0", "y/northing", "y/latitude", "northing", "north", "n"};
+const Names kHeight = {"z_est", "z", "z0", "z/altitude", "z/height", "altitude", "height", "h"};
 
 bool Is_Number(const std::string& cell) { return Finite_Number(cell).has_value(); }
 
@@ -54,10 +55,15 @@ std::vector<TextRow> Named_Rows(const NamedText& text) {
 
 /// The column whose name is the angle's, with or without a unit behind it: "omega", "Omega[gon]".
 std::string Angle_Column(const TextRow& names, const std::string& angle, const std::string& file) {
+  std::string first;
   for (const std::string& cell : names.cells) {
     const std::string lower = Lower(cell);
-    if (lower.starts_with(angle) && !lower.starts_with(angle + "_std")) return cell;
+    if (lower.starts_with(angle + "_est")) return cell;
+    if (first.empty() && lower.starts_with(angle) && !lower.starts_with(angle + "_std")) {
+      first = cell;
+    }
   }
+  if (!first.empty()) return first;
   throw Refused(file + ": the column \"" + angle + "\" is missing");
 }
 

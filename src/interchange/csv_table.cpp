@@ -100,8 +100,11 @@ std::vector<TextRow> Split_Rows(std::string_view text, const std::string& name) 
     const bool is_pair = text.substr(end).starts_with("\r\n");
     text.remove_prefix(std::min(text.size(), end + (is_pair ? 2 : 1)));
     if (Without_Blanks_Around(content).empty()) continue;
-    if (separator == 0) separator = Separator_Of(content);
-    rows.push_back({line, Split_Line(content, separator)});
+    const bool is_comment = content[Skip(content, 0, " \t")] == '#';
+    if (separator == 0 && !is_comment) separator = Separator_Of(content);
+    const bool is_like_the_first = !is_comment && content.find(separator) != std::string_view::npos;
+    rows.push_back(
+        {line, Split_Line(content, is_like_the_first ? separator : Separator_Of(content))});
   }
   return rows;
 }

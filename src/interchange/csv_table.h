@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Text tables: one row a line, cells separated by commas, semicolons, tabs or, where none of these
-// stands in the first row, blanks. A cell may stand in double quotes, "" inside is one quote. Line
-// ends are LF, CR LF or CR; empty lines are skipped; a byte order mark is skipped.
+// stands in the first row, blanks. A row without the first one's separator has one of its own, and
+// so has every comment ('#'): column names by commas may stand over rows by tabs. A cell may stand
+// in double quotes, "" inside is one quote. Line ends are LF, CR LF or CR; empty lines are skipped;
+// a byte order mark is skipped.
 #pragma once
 
 #include <optional>

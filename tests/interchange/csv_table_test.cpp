@@ -40,6 +40,17 @@ TEST(SplitRows, KeepsEmptyCells) {
   EXPECT_EQ(Split_Rows("a,,b,", "t")[0].cells, (Cells{"a", "", "b", ""}));
 }
 
+TEST(SplitRows, CommentsAndRowsHaveTheirOwnSeparators) {
+  const auto rows = Split_Rows("# Cameras (2)\n# PhotoID, X\nIMG 1\t5,5\nIMG 2\t6\n", "t");
+  ASSERT_EQ(rows.size(), 4U);
+  EXPECT_EQ(rows[1].cells, (Cells{"# PhotoID", "X"}));
+  EXPECT_EQ(rows[2].cells, (Cells{"IMG 1", "5,5"}));
+  EXPECT_EQ(rows[3].cells, (Cells{"IMG 2", "6"}));
+  const auto named = Split_Rows("PhotoID, X\nIMG 1\t5\nb 6\n", "t");
+  EXPECT_EQ(named[1].cells, (Cells{"IMG 1", "5"}));
+  EXPECT_EQ(named[2].cells, (Cells{"b", "6"}));
+}
+
 TEST(CsvTable, FindsColumnsWithoutRegardToCase) {
   const CsvTable table("Name,OMEGA\np1, 1.5e2\n", "t.csv");
   EXPECT_EQ(table.Text(table.Rows()[0], "name"), "p1");

@@ -100,19 +100,17 @@ TEST(PlainTable, FindsColumnsByNameInAnyOrder) {
 
 TEST(AngleTable, FollowsItsFormulaWithCalibrationXml) {
   const auto photos = Sample_Photos();
-  std::string text = "# PhotoID, X, Y, Z, Omega, Phi, Kappa, r11, r12\n";
+  std::string text = "# Cameras (3)\n# PhotoID, X, Y, Z, Omega, Phi, Kappa, r11, r12\n";
   for (const TablePhoto& p : photos) {
     text += p.name + ".JPG\t" + Exact(p.centre.X) + "\t" + Exact(p.centre.Y) + "\t" +
             Exact(p.centre.Z) + "\t" + Exact(p.omega) + "\t" + Exact(p.phi) + "\t" +
             Exact(p.kappa) + "\t1\t0\n";
   }
-  const std::string tabs =
-      "# PhotoID\tX\tY\tZ\tOmega\tPhi\tKappa\tr11\tr12\n" + text.substr(text.find('\n') + 1);
   const std::string camera =
       "<?xml version=\"1.0\"?><calibration><projection>frame</projection><width>400</width>"
       "<height>300</height><f>1000</f><cx>4</cx><cy>7</cy><k1>0.1</k1><p1>0.01</p1><p2>0.02</p2>"
       "</calibration>";
-  const auto table = Parse_Orientation_Table({tabs, "omega.txt"}, {camera, "camera.xml"}, "angles");
+  const auto table = Parse_Orientation_Table({text, "omega.txt"}, {camera, "camera.xml"}, "angles");
   EXPECT_EQ(table.photos[0].camera.lens, (BrownLens{0.1, 0, 0, 0.02, 0.01}));
   // f 1000 px; cx 4 right and cy 7 down of the middle: x0 = 4 px, y0 = -7 px.
   for (std::size_t i = 0; i < photos.size(); ++i) {
@@ -133,6 +131,18 @@ TEST(AngleTable, ReadsBareRowsAndUnitsInColumnNames) {
   const auto gon = Parse_Orientation_Table(
       {"label;x;y;z;omega[gon];phi[gon];kappa[gon]\na;1;2;3;10;20;30\n", "t"}, camera, "");
   EXPECT_EQ(gon.stated.unit, AngleUnit::Gon);
+}
+
+TEST(AngleTable, TakesEstimatedValuesBeforeThoseThatTheyWereEstimatedFrom) {
+  const NamedText camera{"width,height,f_mm,pixel_mm\n400,300,100,0.1\n", "c.csv"};
+  const auto table = Parse_Orientation_Table(
+      {"# CoordinateSystem: a, b\n#Label,X/Easting,Y/Northing,Z/Altitude,Omega,Phi,Kappa,X_est,"
+       "Y_est,Z_est,Omega_est,Phi_est,Kappa_est\na,1,2,3,4,5,6,10,20,30,40,50,60\n",
+       "t"},
+      camera, "");
+  const Point3D& centre = table.photos[0].position;
+  EXPECT_EQ((std::array{centre.X, centre.Y, centre.Z}), (std::array{10.0, 20.0, 30.0}));
+  EXPECT_EQ(table.photos[0].numbers, (std::array<double, 4>{40, 50, 60, 0}));
 }
 
 TEST(AngleTable, ReadsOpenCvXml) {
