@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/dialog_layout.h"
 
+#include <QApplication>
+#include <QFontInfo>
 #include <QHeaderView>
 #include <QLabel>
 #include <QScreen>
 #include <QTreeView>
 #include <algorithm>
 
+#include "desktop/control_widgets.h"
 #include "desktop/wrapped_text.h"
 
 namespace sylvomex {
@@ -41,6 +44,20 @@ int Needed_Width(const QWidget& box, const QString& wrapped) {
 
 }  // namespace
 
+double Growth_Of_Letters() {
+  const double now = QFontInfo(QApplication::font()).pixelSize();
+  return std::max(1.0, now / QFontInfo(Control_Font()).pixelSize());
+}
+
+QSize Within_Screen(const QWidget& owner, QSize wanted) {
+  constexpr QSize kFrame(8, 34);  // of most window managers
+  return wanted.boundedTo(owner.screen()->availableSize() - kFrame);
+}
+
+QSize Fitting_Size(const QWidget& owner, QSize wanted) {
+  return Within_Screen(owner, (QSizeF(wanted) * Growth_Of_Letters()).toSize());
+}
+
 void Lay_Out(QMessageBox& box) {
   box.ensurePolished();
   box.setTextFormat(Qt::PlainText);
@@ -65,7 +82,7 @@ void Lay_Out(QFileDialog& dialog) {
   for (const Column column : {kSize, kDate}) {
     heads.setSectionResizeMode(column, QHeaderView::ResizeToContents);
   }
-  dialog.resize(dialog.size().expandedTo(kRoomy).boundedTo(dialog.screen()->availableSize()));
+  dialog.resize(Within_Screen(dialog, Fitting_Size(dialog, kRoomy).expandedTo(dialog.sizeHint())));
 }
 
 void Lay_Out(QInputDialog& box) {

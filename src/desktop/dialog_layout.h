@@ -18,4 +18,14 @@ void Lay_Out(QFileDialog& dialog);
 /// Call when the box has its title and its prompt, which is plain text.
 void Lay_Out(QInputDialog& box);
 
+/// How much larger than usual the letters of menus and dialogs are; at least 1.
+double Growth_Of_Letters();
+
+/// A size that leaves room for the frame on the screen that the owner is on.
+QSize Within_Screen(const QWidget& owner, QSize wanted);
+
+/// A size for a window, given for usual letters: it grows with them, but no further than the screen
+/// that its owner is on has room for.
+QSize Fitting_Size(const QWidget& owner, QSize wanted);
+
 }  // namespace sylvomex

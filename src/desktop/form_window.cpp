@@ -181,6 +181,10 @@ void FormWindow::Mirror() {
   if (isHidden() == form_.Visible) {
     if (form_.Visible && !placed_) Place_Over_Owner();
     setVisible(form_.Visible);
+    if (form_.Visible && parentWidget() != nullptr) {
+      layout()->activate();
+      Send_Size();  // the screen may have no room for the record's
+    }
   }
   Mirror_Focus();
 }
@@ -246,6 +250,7 @@ void FormWindow::Scroll_On_Small_Screens() {
   const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
   const QSize room = screen()->availableGeometry().size() - QSize(2 * kFrame, title + 2 * kFrame);
   const QSize whole = Whole_Size(least);
+  if (parentWidget() != nullptr) largest_ = room;
   if (whole.width() <= room.width() && whole.height() <= room.height()) return;
   largest_ = room;
   auto* scrolling = new QScrollArea(this);
@@ -270,13 +275,23 @@ void FormWindow::Stand_Below(QStatusBar* strip) {
   Send_Size();
 }
 
+/// With the bar of the direction in which the inside scrolls, if it does.
+QSize FormWindow::Fitting_Size(const QSize& whole) const {
+  const QSize fitting = whole.boundedTo(largest_);
+  if (qobject_cast<const QScrollArea*>(centralWidget()) == nullptr) return fitting;
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  const QSize bars(fitting.height() < whole.height() ? bar : 0,
+                   fitting.width() < whole.width() ? bar : 0);
+  return (whole + bars).boundedTo(largest_);
+}
+
 void FormWindow::Mirror_Size() {
   const QSize wanted = Client_Size(form_);
   if (wanted == record_size_) return;
   record_size_ = wanted;
   if (operator_sizes_) return;
   sizing_ = true;
-  const QSize whole = Whole_Size(wanted).boundedTo(largest_);
+  const QSize whole = Fitting_Size(Whole_Size(wanted));
   if (Has_Handler(kWindowItself, Happening::Resize)) {
     setMinimumSize(Whole_Pixels(window_.design->smallest_width, window_.design->smallest_height)
                        .boundedTo(whole));
@@ -298,7 +313,9 @@ void FormWindow::Mirror_Controls() {
 
 void FormWindow::Mirror_Placing(Mirrored& control) {
   QWidget& widget = *control.widget;
-  if (const QRect placing = Placing(*control.record); placing != control.placing) {
+  QRect placing = Placing(*control.record);
+  if (place_) placing = place_(*control.record, placing);
+  if (placing != control.placing) {
     control.placing = placing;
     widget.setGeometry(placing);
     places_changed_ = true;

@@ -8,6 +8,7 @@
 #include <QStatusBar>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "desktop/control_widgets.h"
@@ -44,7 +45,14 @@ class FormWindow : public QMainWindow {
   /// Labels and boxes that are too narrow for a number show fewer decimals of it, never a part.
   void Keep_Numbers_Whole();
 
-  /// On a screen that is too small for the window its client area keeps its size and scrolls.
+  /// Controls stand where the function puts them, given a record and its own place; the records
+  /// keep theirs.
+  void Place_By(std::function<QRect(const Control&, const QRect&)> place) {
+    place_ = std::move(place);
+  }
+
+  /// The window is no larger than its screen has room for. Where its boxes need more, its client
+  /// area keeps its size and scrolls.
   void Scroll_On_Small_Screens();
 
   /// Puts a strip of fixed height below the client area, which keeps its size unless the window
@@ -62,7 +70,7 @@ class FormWindow : public QMainWindow {
     const Control* record;
     QWidget* widget;
     std::function<void()> show_content;
-    QRect placing;  // as last copied from the record
+    QRect placing;  // as last copied from the record, or as placed instead
   };
 
   void Add_Control(const std::string& name, AnyControl any);
@@ -78,6 +86,7 @@ class FormWindow : public QMainWindow {
 
   void Place_Over_Owner();
   [[nodiscard]] QSize Whole_Size(QSize client) const;  // with the menu and the strip
+  [[nodiscard]] QSize Fitting_Size(const QSize& whole) const;
   [[nodiscard]] QSize Least_Client_Size() const;
   [[nodiscard]] bool Has_Handler(const std::string& control, Happening happening) const;
   void Mirror_Title();
@@ -108,6 +117,7 @@ class FormWindow : public QMainWindow {
   QPointer<QStatusBar> strip_;
   QString title_lead_;
   QSize largest_{QWIDGETSIZE_MAX, QWIDGETSIZE_MAX};  // with the menu and the strip
+  std::function<QRect(const Control&, const QRect&)> place_;
   std::vector<Mirrored> controls_;
   QSize record_size_;            // client size of the record when last compared
   bool operator_sizes_ = false;  // the operator has resized the window; the record follows

@@ -5,6 +5,7 @@
 #include <QScreen>
 #include <QToolButton>
 
+#include "desktop/dialog_layout.h"
 #include "desktop_aids/control_names.h"
 #include "desktop_aids/control_tips.h"
 #include "desktop_aids/dialog_keys.h"
@@ -33,6 +34,7 @@ void Open_Aids_Menu(const FormWindow& window) {
 Aids::Aids(Desktop& desktop, bool is_dark)
     : panes_(desktop),
       hands_(panes_),
+      heads_(panes_),
       magnifier_(new Magnifier(panes_)),
       strip_(new Strip(panes_)),
       measured_(new MeasuredDock(panes_)),
@@ -64,8 +66,8 @@ Aids::Aids(Desktop& desktop, bool is_dark)
   }
   desktop.Shown().Main().addDockWidget(Qt::BottomDockWidgetArea, measured_);
   desktop.Shown().Main().addDockWidget(Qt::BottomDockWidgetArea, overlays_drawn_);
-  desktop.Shown().Main().resizeDocks({measured_, overlays_drawn_}, {kDockHeight, kDockHeight},
-                                     Qt::Vertical);
+  const int height = static_cast<int>(kDockHeight * Growth_Of_Letters());
+  desktop.Shown().Main().resizeDocks({measured_, overlays_drawn_}, {height, height}, Qt::Vertical);
   measured_->hide();
   overlays_drawn_->hide();
   dock_places_.emplace(panes_, std::vector<QDockWidget*>{measured_, overlays_drawn_});
@@ -84,6 +86,7 @@ Aids::Aids(Desktop& desktop, bool is_dark)
 Aids::~Aids() {
   panes_.Owner().Shown().When_Mirrored({});
   panes_.Owner().Dialogs().Be_Calm({});
+  panes_.Owner().Shown().Main().Place_By({});
   long_commands_.Refresh();
   dock_places_.reset();
   delete strip_;

@@ -18,6 +18,7 @@
 #include "desktop_aids/measured_dock.h"
 #include "desktop_aids/overlay_dock.h"
 #include "desktop_aids/pane_hands.h"
+#include "desktop_aids/pane_heads.h"
 #include "desktop_aids/pane_overlay.h"
 #include "desktop_aids/recent_files.h"
 #include "desktop_aids/strip.h"
@@ -51,6 +52,7 @@ class Aids {
 
   AidedPanes panes_;
   PaneHands hands_;
+  PaneHeads heads_;
   OverlayChoices choices_;
   std::array<PaneOverlay*, kAidedPanes> overlays_{};  // owned by their panes
   Magnifier* magnifier_;                              // owned by the window

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "desktop/dialog_layout.h"
 #include "desktop/qt_text.h"
 #include "workspace/menu_table.h"
 
@@ -62,7 +63,7 @@ CommandPalette::CommandPalette(Desktop& desktop)
   layout->addWidget(typed_);
   layout->addWidget(none_);
   layout->addWidget(list_);
-  resize(560, 420);
+  resize(Fitting_Size(*this, {560, 420}));
   typed_->installEventFilter(this);
   connect(typed_, &QLineEdit::textChanged, this, [this](const QString& text) { Filter(text); });
   connect(typed_, &QLineEdit::returnPressed, this, [this] { Run_Chosen(); });

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop_aids/control_names.h"
 
-#include <QPushButton>
-#include <QRadioButton>
+#include <climits>
+#include <cstdlib>
 #include <optional>
 
 #include "desktop/qt_text.h"
@@ -22,30 +22,44 @@ std::optional<QString> Name_In_Array(const std::string& control, int index) {
   if (control == "Text1") return of_image(index % 2 == 0 ? "Film x" : "Film y", index / 2);
   if (control == "Text12") return of_image("Row and column, or crown width,", index);
   if (control == "Check1") return of_image("Use", index);
+  if (control == "Check2") return QStringLiteral("Species, key %1").arg(index + 1);
   return std::nullopt;
 }
 
-/// The nearest label right of a box on its line, within its own width; the strip captions its boxes
-/// so.
-QString Label_Beside(const QWidget& box) {
+enum class Side { Left, Right };
+
+/// The nearest label on a box's line.
+QString Label_Beside(const QWidget& box, Side side) {
   const QLabel* nearest = nullptr;
+  int least = INT_MAX;
   for (const QLabel* label : box.parentWidget()->findChildren<QLabel*>()) {
-    const int gap = label->x() - box.geometry().right();
-    const bool on_line =
-        std::abs(label->geometry().center().y() - box.geometry().center().y()) < 12;
-    if (!on_line || gap < 0 || label->text().isEmpty()) continue;
-    if (nearest == nullptr || label->x() < nearest->x()) nearest = label;
+    const QRect place = label->geometry();
+    const int gap = side == Side::Right ? place.left() - box.geometry().right()
+                                        : box.geometry().left() - place.right();
+    const bool on_line = std::abs(place.center().y() - box.geometry().center().y()) < 12;
+    if (!on_line || gap < 0 || gap >= least || label->text().isEmpty()) continue;
+    nearest = label;
+    least = gap;
   }
   return nearest == nullptr ? QString() : nearest->text();
 }
 
+/// Empty for what tells itself by its caption, and for what is no control. The strip of the main
+/// window captions its boxes on the right, the other windows on the left.
 QString Name_Of(const FormWindow& window, const QString& control, const QWidget& widget) {
-  const auto name = Parse_Control_Name(Block_Text(control));
-  if (window.Name() == "Form1" && name) {
-    if (const auto told = Name_In_Array(name->name, name->index)) return *told;
+  const bool is_main = window.Name() == "Form1";
+  if (const auto name = Parse_Control_Name(Block_Text(control))) {
+    const auto told = is_main ? Name_In_Array(name->name, name->index) : std::nullopt;
+    if (told) return *told;
+    if (window.Name() == "Form7" && name->name == "Text3") {
+      return QStringLiteral("OBS Coding of image %1").arg(name->index);
+    }
   }
-  const QString beside = Label_Beside(widget);
-  return beside.isEmpty() ? control : beside;
+  if (dynamic_cast<const PictureWidget*>(&widget) != nullptr) {
+    return QStringLiteral("Picture of ") + window.windowTitle();
+  }
+  if (qobject_cast<const QLineEdit*>(&widget) == nullptr) return {};
+  return Label_Beside(widget, is_main ? Side::Right : Side::Left);
 }
 
 }  // namespace
@@ -53,14 +67,13 @@ QString Name_Of(const FormWindow& window, const QString& control, const QWidget&
 void Name_Controls(Desktop& desktop) {
   for (const WindowRow& row : All_Windows()) {
     FormWindow* window = desktop.Shown().Find(row.name);
+    window->Mirror_Unshown();  // the labels have their texts and places
     window->setAccessibleName(window->windowTitle());
     for (QWidget* widget : window->centralWidget()->findChildren<QWidget*>()) {
       const QString control = widget->objectName();
       if (control.isEmpty() || window->Control_Widget(Block_Text(control)) != widget) continue;
-      const bool tells_itself = qobject_cast<QLabel*>(widget) != nullptr ||
-                                qobject_cast<QPushButton*>(widget) != nullptr ||
-                                qobject_cast<QRadioButton*>(widget) != nullptr;
-      if (!tells_itself) widget->setAccessibleName(Name_Of(*window, control, *widget));
+      const QString name = Name_Of(*window, control, *widget);
+      if (!name.isEmpty()) widget->setAccessibleName(name);
     }
   }
 }

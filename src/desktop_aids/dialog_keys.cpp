@@ -2,7 +2,9 @@
 #include "desktop_aids/dialog_keys.h"
 
 #include <QApplication>
+#include <QDockWidget>
 #include <QKeyEvent>
+#include <QMenuBar>
 #include <QPushButton>
 
 #include "desktop/qt_text.h"
@@ -29,6 +31,19 @@ QPushButton* First_Button(const FormWindow& window) {
 
 DialogKeys::DialogKeys(Desktop& desktop) : desktop_(desktop) { qApp->installEventFilter(this); }
 
+/// Whether the focus was on a box, a tick or a dock beside the panes.
+bool DialogKeys::Give_Keys_To_Panes(const QWidget& focus) {
+  FormWindow& main = desktop_.Shown().Main();
+  auto* client = main.findChild<QWidget*>(QStringLiteral("client"));
+  const bool is_elsewhere = &focus != client && &focus != &main &&
+                            qobject_cast<const QMenuBar*>(&focus) == nullptr &&
+                            dynamic_cast<const PictureWidget*>(&focus) == nullptr;
+  if (!is_elsewhere) return false;
+  main.activateWindow();
+  client->setFocus();
+  return true;
+}
+
 bool DialogKeys::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return false;
   const auto& pressed = *static_cast<QKeyEvent*>(event);
@@ -36,14 +51,20 @@ bool DialogKeys::eventFilter(QObject* watched, QEvent* event) {
   if (!is_enter && pressed.key() != Qt::Key_Escape) return false;
   if ((pressed.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return false;
   auto* widget = qobject_cast<QWidget*>(watched);
-  auto* window = widget == nullptr ? nullptr : dynamic_cast<FormWindow*>(widget->window());
-  if (window == nullptr || window == &desktop_.Shown().Main()) return false;
-  QPushButton* button = First_Button(*window);
-  if (button == nullptr) return false;
+  if (widget == nullptr) return false;
+  const bool is_beside_panes = widget->window() == &desktop_.Shown().Main() ||
+                               qobject_cast<QDockWidget*>(widget->window()) != nullptr;
+  if (is_beside_panes) {
+    return !is_enter && widget == widget->window()->focusWidget() && Give_Keys_To_Panes(*widget);
+  }
+  auto* window = dynamic_cast<FormWindow*>(widget->window());
+  if (window == nullptr) return false;
   if (!is_enter) {
     window->close();
     return true;
   }
+  QPushButton* button = First_Button(*window);
+  if (button == nullptr) return false;
   if (auto* focused = qobject_cast<QPushButton*>(widget)) button = focused;
   if (Handles_Enter(*window, *widget)) return false;
   button->click();

@@ -40,10 +40,13 @@ std::string Ask_For_Command(const DroppedFile& model, const QPoint& where) {
   return chosen == nullptr ? std::string() : Block_Text(chosen->data().toString());
 }
 
+constexpr const char* kMapWindow = "Form8";
+
 }  // namespace
 
 FileDrops::FileDrops(Desktop& desktop) : desktop_(desktop) {
   desktop.Shown().Main().setAcceptDrops(true);
+  desktop.Shown().Find(kMapWindow)->setAcceptDrops(true);
   qApp->installEventFilter(this);  // a text box would take the files' names as its text
 }
 
@@ -51,7 +54,11 @@ bool FileDrops::eventFilter(QObject* watched, QEvent* event) {
   const auto type = event->type();
   if (type != QEvent::DragEnter && type != QEvent::DragMove && type != QEvent::Drop) return false;
   const auto* widget = qobject_cast<QWidget*>(watched);
-  if (widget == nullptr || widget->window() != &desktop_.Shown().Main()) return false;
+  const QWidget* window = widget == nullptr ? nullptr : widget->window();
+  if (window == nullptr ||
+      (window != &desktop_.Shown().Main() && window != desktop_.Shown().Find(kMapWindow))) {
+    return false;
+  }
   auto& drop = *static_cast<QDropEvent*>(event);  // what enters and moves is one as well
   const auto files = Local_Files(*drop.mimeData());
   if (files.empty()) return false;
@@ -75,19 +82,32 @@ void FileDrops::Take(const std::vector<std::filesystem::path>& files, const QPoi
   for (const std::string& unknown : sorted.unknown) {
     desktop_.Dialogs().Report_Error(
         "Dropped file",
-        "neither the header of an image or of a raster height model (.hdr), nor the nodes and "
-        "triangles of a TIN (.nod and .tri beside each other)",
+        "neither the header of an image, of a raster height model or of a map (.hdr), nor the "
+        "nodes and triangles of a TIN (.nod and .tri beside each other)",
         unknown);
   }
 }
 
 void FileDrops::Add(const DroppedFile& file, const QPoint& where) {
+  if (file.kind == DroppedKind::Map) return Open_In_Map_Window(file);
   const std::string command =
       file.kind == DroppedKind::Image ? "Add_images_to_set" : Ask_For_Command(file, where);
-  if (command.empty() || desktop_.Is_Busy()) return;
+  if (!command.empty()) Run(Choosing(command), file);
+}
+
+void FileDrops::Open_In_Map_Window(const DroppedFile& map) {
+  if (desktop_.Is_Busy()) return;
+  desktop_.Dispatch(Choosing("Open_Map_Window"));
+  OperatorEvent open = Choosing("Open_a_Map");
+  open.form = kMapWindow;
+  Run(open, map);
+}
+
+void FileDrops::Run(const OperatorEvent& chosen, const DroppedFile& file) {
+  if (desktop_.Is_Busy()) return;
   std::vector<DialogAnswer> answers;
   for (const std::string& name : file.files) answers.push_back({DialogKind::File, {}, name});
-  desktop_.Dispatch_Answered(Choosing(command), std::move(answers));
+  desktop_.Dispatch_Answered(chosen, std::move(answers));
 }
 
 }  // namespace sylvomex

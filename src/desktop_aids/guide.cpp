@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "desktop/dialog_layout.h"
 #include "desktop/qt_text.h"
 #include "desktop_aids/event_command.h"
 #include "platform/files.h"
@@ -109,7 +110,7 @@ Guide::Guide(Desktop& desktop)
       browser_(new GuideBrowser(this)) {
   setObjectName(QStringLiteral("Guide"));
   setWindowTitle(QStringLiteral("Guide"));
-  resize(760, 640);
+  resize(Fitting_Size(*this, {760, 640}));
   Lay_Out();
   connect(pages_, &QComboBox::activated, this,
           [this](int k) { Load(pages_->itemData(k).toString()); });

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/qt_text.h"
 #include "desktop/readable_text.h"
@@ -18,8 +19,9 @@ namespace {
 
 using Kind = OperatorEvent::Kind;
 
-constexpr int kButtonWidth = 210;  // pixels
-constexpr int kSpace = 6;
+constexpr int kSpace = 6;  // pixels
+constexpr int kWidestButton = 340;
+constexpr int kSharePerButton = 6;  // of the strip: the other half is for what is told
 
 void Show_Text(QPushButton& button, const char* what, const char* key, const std::string& step) {
   const QString title = QString::fromLatin1(what);
@@ -111,9 +113,27 @@ QPushButton* Strip::Add_Button(Kind kind, const char* name) {
   auto* button = new QPushButton;
   button->setObjectName(QString::fromLatin1(name));
   button->setFocusPolicy(Qt::NoFocus);  // keys stay with the panes
-  button->setFixedSize(kButtonWidth, button->fontMetrics().height() + kSpace);
+  button->setFixedHeight(button->fontMetrics().height() + kSpace);
   connect(button, &QPushButton::clicked, this, [this, kind] { Ask_For(kind); });
   return button;
+}
+
+/// All alike and wherever the texts end, so that no button moves away under the pointer.
+void Strip::Size_Buttons() {
+  if (undo_ == nullptr) return;
+  const QFontMetrics letters = take_back_->fontMetrics();
+  const int narrowest = letters.horizontalAdvance(QStringLiteral("Take back line")) + 4 * kSpace;
+  const int wide =
+      std::clamp(width() / kSharePerButton, narrowest, std::max(narrowest, kWidestButton));
+  if (undo_->width() == wide) return;
+  for (QPushButton* button : {undo_, redo_, take_back_}) button->setFixedWidth(wide);
+  shown_version_.reset();
+  if (!panes_.Owner().Is_Busy()) Refresh_Buttons();
+}
+
+void Strip::resizeEvent(QResizeEvent* event) {
+  QStatusBar::resizeEvent(event);
+  Size_Buttons();
 }
 
 void Strip::Ask_For(Kind kind) {

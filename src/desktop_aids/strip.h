@@ -51,8 +51,12 @@ class Strip : public QStatusBar {
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
   void Lay_Out();
+  void Size_Buttons();
   QPushButton* Add_Button(OperatorEvent::Kind kind, const char* name);
   void Ask_For(OperatorEvent::Kind kind);
   void Show_Message(const std::string& message);

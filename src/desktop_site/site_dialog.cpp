@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "desktop/dialog_layout.h"
 #include "desktop/qt_text.h"
 #include "desktop_site/site_result.h"
 #include "desktop_site/site_words.h"
@@ -15,7 +16,9 @@
 namespace sylvomex {
 namespace {
 
-constexpr int kMessageLines = 9;
+constexpr int kLeastMessageLines = 3;
+
+constexpr QSize kRoomy(480, 220);  // pixels
 
 QString Start_Folder(const SiteCommand& command, const std::filesystem::path& site) {
   const bool takes_from_site = std::string_view(command.words) == "export";
@@ -79,6 +82,8 @@ SiteDialog::SiteDialog(const SiteCommand& command, const std::filesystem::path& 
   fields_.emplace(command, *form_, Start_Folder(command, site), [this] { Refresh_Buttons(); });
   Lay_Out_Below();
   Refresh_Buttons();
+  form_->setRowWrapPolicy(QFormLayout::WrapLongRows);  // on a narrow screen
+  resize(Within_Screen(*this, sizeHint().expandedTo(Fitting_Size(*this, kRoomy))));
 }
 
 void SiteDialog::Lay_Out_Below() {
@@ -92,7 +97,8 @@ void SiteDialog::Lay_Out_Below() {
   messages_->setAccessibleName(QStringLiteral("Messages"));
   messages_->setReadOnly(true);
   messages_->setPlaceholderText(QStringLiteral("What is done and what comes of it"));
-  messages_->setFixedHeight(kMessageLines * messages_->fontMetrics().lineSpacing());
+  const int line = messages_->fontMetrics().lineSpacing();
+  messages_->setMinimumHeight(kLeastMessageLines * line + 2 * messages_->frameWidth());
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(state_, 1);
   for (QPushButton* button : {show_, run_, close_}) buttons->addWidget(button);

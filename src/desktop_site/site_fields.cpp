@@ -4,11 +4,14 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "desktop/dialog_layout.h"
@@ -18,15 +21,22 @@ namespace sylvomex {
 namespace {
 
 constexpr int kListHeight = 90;  // pixels
-constexpr int kEditWidth = 420;
+constexpr int kNarrowestEdit = 200;
+constexpr int kWidestEdit = 420;
 
 QStringList Words_Of(const char* text) {
   return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
+/// Narrower where the screen is, so that label and buttons stand beside it.
+int Edit_Width(const QWidget* parent) {
+  const QScreen* screen = parent == nullptr ? QGuiApplication::primaryScreen() : parent->screen();
+  return std::clamp(screen->availableSize().width() * 2 / 5, kNarrowestEdit, kWidestEdit);
+}
+
 QLineEdit* New_Edit(QWidget* parent, const SiteField& field) {
   auto* edit = new QLineEdit(parent);
-  edit->setMinimumWidth(kEditWidth);
+  edit->setMinimumWidth(Edit_Width(parent));
   const bool has_words = !std::string_view(field.value).empty();
   edit->setPlaceholderText(QString::fromUtf8(has_words ? field.value : field.help));
   return edit;
@@ -108,7 +118,7 @@ SiteFields::Row SiteFields::Files_Row(const SiteField& field) {
   auto* layout = new QHBoxLayout(row);
   layout->setContentsMargins(0, 0, 0, 0);
   auto* list = new QListWidget(row);
-  list->setMinimumWidth(kEditWidth);
+  list->setMinimumWidth(Edit_Width(row));
   list->setFixedHeight(kListHeight);
   list->setSelectionMode(QAbstractItemView::ExtendedSelection);
   list->setAccessibleName(Label_Of(command_, field));

@@ -50,7 +50,7 @@ SiteMenu::SiteMenu(Desktop& desktop, Aids& aids)
   QMenuBar& bar = *desktop.Shown().Main().menuBar();
   QString taken = Taken_Letters(bar);
   menu_->setObjectName(QStringLiteral("Site"));
-  menu_->setFont(Control_Font());
+  menu_->setFont(bar.font());
   menu_->setTitle(With_Mnemonic(menu_->title(), taken));
   bar.addMenu(menu_);
   connect(menu_, &QMenu::aboutToShow, this, [this] { Refresh(); });

@@ -7,6 +7,7 @@
 
 #include "heightmodels/raster_model.h"
 #include "imageblock/image_header.h"
+#include "mapview/map_header.h"
 
 namespace sylvomex {
 namespace {
@@ -40,6 +41,12 @@ std::optional<DroppedFile> Header(const fs::path& file) {
   RasterModel model;
   if (Can_Be_Read([&] { Read_Raster_Header(header, model); })) {
     return DroppedFile{DroppedKind::RasterModel, {header.name}};
+  }
+  if (Can_Be_Read([&] {
+        ListReader list(header);
+        Read_Map_Header(list);
+      })) {
+    return DroppedFile{DroppedKind::Map, {header.name}};
   }
   return std::nullopt;
 }

@@ -8,7 +8,7 @@
 
 namespace sylvomex {
 
-enum class DroppedKind { Image, RasterModel, TinModel };
+enum class DroppedKind { Image, RasterModel, TinModel, Map };
 
 struct DroppedFile {
   DroppedKind kind = DroppedKind::Image;
@@ -18,7 +18,7 @@ struct DroppedFile {
 };
 
 struct DroppedFiles {
-  std::vector<DroppedFile> known;    // images first, then models; each in the order of its name
+  std::vector<DroppedFile> known;    // images, models, maps; each in the order of its name
   std::vector<std::string> unknown;  // native paths
 };
 

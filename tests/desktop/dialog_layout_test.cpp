@@ -140,5 +140,24 @@ TEST(DialogLayout, AFileDialogShowsSizesAndDatesInFull) {
   }
 }
 
+TEST(FittingSize, GrowsWithTheLetters) {
+  const QFont usual = QApplication::font();
+  QFont twice = Control_Font();
+  twice.setPixelSize(2 * twice.pixelSize());
+  QApplication::setFont(twice);
+  EXPECT_EQ(Fitting_Size(QWidget(), {100, 80}), QSize(200, 160));
+  QApplication::setFont(usual);
+  EXPECT_EQ(Fitting_Size(QWidget(), {100, 80}), QSize(100, 80));
+}
+
+TEST(FittingSize, IsTheWantedOneOrWhatTheScreenHasRoomFor) {
+  const QWidget owner;
+  const QSize room = owner.screen()->availableSize();
+  EXPECT_EQ(Fitting_Size(owner, {300, 200}), QSize(300, 200));
+  const QSize fitting = Fitting_Size(owner, room * 2);
+  EXPECT_LT(fitting.width(), room.width()) << "the frame needs a part of it";
+  EXPECT_LT(fitting.height(), room.height());
+}
+
 }  // namespace
 }  // namespace sylvomex

@@ -59,6 +59,17 @@ TEST_F(DialogKeysTest, EnterInABoxOfTheRecordSavesOnce) {
   EXPECT_EQ(w().NextMeasurementNumber, 2);
 }
 
+TEST_F(DialogKeysTest, EscapeClosesTheMapWindowWhichHasNoButton) {
+  Start_Recorded("session.txt");
+  Choose("Open_Map_Window");
+  ASSERT_TRUE(Window("Form8").isVisible());
+  Press_Key(Qt::Key_Escape, {}, "Form8");
+  EXPECT_FALSE(Window("Form8").isVisible());
+  EXPECT_FALSE(w().Form8.Visible);
+  EXPECT_NE(site_.Folder().Read("session.txt").find("Exit_Map_Window"), std::string::npos)
+      << site_.Folder().Read("session.txt");
+}
+
 TEST_F(DialogKeysTest, EscapeLeavesTheMainWindowOpen) {
   QTest::keyClick(&Pane(0), Qt::Key_Escape);
   EXPECT_TRUE(Main().isVisible());

@@ -11,6 +11,7 @@
 #include "aids_fixture.h"
 #include "session/session.h"
 #include "support/flat_model.h"
+#include "support/map_files.h"
 
 namespace sylvomex {
 namespace {
@@ -98,6 +99,45 @@ TEST_F(FileDropsTest, NodesAloneAddTheirTin) {
   Choose_In_Menu(1);
   ASSERT_TRUE(Drop(Pane(0), {"c/data/t.nod"}));
   EXPECT_TRUE(Soon([&] { return w().TinDemLoaded; }));
+}
+
+TEST_F(FileDropsTest, AMapThatIsDroppedOnTheMapIsShownThere) {
+  Write_Map(site_.Folder());
+  Choose("Open_Map_Window");
+  ASSERT_TRUE(Drop(Get<PictureWidget>("Picture1", "Form8"), {"c/data/map.hdr"}));
+  EXPECT_EQ(w().Map.Header.MapWidth, kMapWidth);
+  ASSERT_NE(w().Form8.Picture1.bitmap, nullptr);
+  EXPECT_EQ(w().ImageCount, 2);
+}
+
+TEST_F(FileDropsTest, AMapThatIsDroppedOnThePanesOpensTheMapWindow) {
+  Write_Map(site_.Folder());
+  ASSERT_TRUE(Drop(Pane(0), {"c/data/map.hdr"}));
+  EXPECT_TRUE(Window("Form8").isVisible());
+  EXPECT_EQ(w().Map.Header.MapHeight, kMapHeight);
+}
+
+TEST_F(FileDropsTest, ImagesAndModelsCanBeDroppedOnTheMapAsOnThePanes) {
+  SmallImage image;
+  image.id = 3;
+  site_.Write_Image("c", image);
+  Write_Flat_Model(site_.Folder(), 37);
+  dialogs_.inputs = {"0"};
+  Choose("Open_Map_Window");
+  Choose_In_Menu(1);
+  ASSERT_TRUE(Drop(Get<PictureWidget>("Picture1", "Form8"), {"c/data/c.hdr", "c/data/dem.hdr"}));
+  EXPECT_EQ(w().ImageCount, 3);
+  EXPECT_TRUE(Soon([&] { return w().RasterDemLoaded; }));
+}
+
+TEST_F(FileDropsTest, ADropOnTheMapIsRecordedAsItsCommand) {
+  Start_Recorded("session.txt");
+  Write_Map(site_.Folder());
+  Choose("Open_Map_Window");
+  ASSERT_TRUE(Drop(Window("Form8"), {"c/data/map.hdr"}));
+  const std::string script = site_.Folder().Read("session.txt");
+  EXPECT_NE(script.find("file c:\\data\\map.hdr\nmenu Form8.Open_a_Map\n"), std::string::npos)
+      << script;
 }
 
 TEST_F(FileDropsTest, AFileOfAnotherKindIsToldAndChangesNothing) {

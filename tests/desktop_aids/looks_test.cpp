@@ -85,6 +85,34 @@ TEST_F(LooksTest, AWindowThatIsLargerThanTheScreenScrolls) {
   EXPECT_EQ(scrolling->widget()->width(), 1252);
 }
 
+TEST_F(LooksTest, AWindowThatCanBeResizedOpensNoLargerThanTheScreen) {
+  const QSize room = Main().screen()->availableGeometry().size();
+  ASSERT_LT(room.width(), 1278) << "the offscreen screen";
+  Choose("Show_Results_Window");
+  FormWindow& results = Window("Form6");
+  ASSERT_TRUE(results.isVisible());
+  EXPECT_LE(results.width(), room.width());
+  EXPECT_LE(results.height(), room.height());
+  const QWidget& inside = *results.findChild<QWidget*>("client");
+  EXPECT_TRUE(Soon([&] { return w().Form6.ClientWidth == inside.width(); }));
+  EXPECT_EQ(w().Form6.ClientHeight, inside.height());
+  EXPECT_LE(w().Form6.ClientWidth, room.width());
+}
+
+TEST_F(LooksTest, AWindowThatScrollsDownwardsIsWideEnoughForItsBoxesAndTheBar) {
+  ASSERT_GT(Main().screen()->availableGeometry().width(), 700);
+  FormWindow options(*desktop_, w(), *Find_Window("Form2"), &Main());
+  const int tall = Main().screen()->availableGeometry().height();
+  w().Form2.ClientHeight = tall;
+  options.Scroll_On_Small_Screens();
+  options.Mirror_Unshown();
+  options.show();
+  QApplication::processEvents();
+  const auto& scrolling = dynamic_cast<QScrollArea&>(*options.centralWidget());
+  EXPECT_GE(scrolling.viewport()->width(), 640);
+  EXPECT_LT(options.height(), tall);
+}
+
 TEST_F(LooksTest, AWindowThatFitsDoesNotScroll) {
   Choose("Open_Options_Window");
   EXPECT_EQ(qobject_cast<QScrollArea*>(Window("Form2").centralWidget()), nullptr);

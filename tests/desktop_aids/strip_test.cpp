@@ -121,6 +121,23 @@ TEST_F(StripTest, ASavedLineIsToldAndTakenBackByItsButton) {
   EXPECT_FALSE(Button("TakeBackLine").isEnabled());
 }
 
+// As wide as a screen of 1280 pixels at twice the size.
+TEST_F(StripTest, InANarrowWindowTheButtonsLeaveRoomForWords) {
+  Main().setMinimumSize(1, 1);
+  Main().resize(640, 480);
+  QApplication::processEvents();
+  const int narrow = Button("TakeBackLine").width();
+  EXPECT_LE(Button("TakeBackLine").mapTo(&Main(), QPoint(narrow, 0)).x(), 400);
+  for (const char* name : {"Undo", "Redo", "TakeBackLine"}) {
+    const QPushButton& button = Button(name);
+    EXPECT_LT(button.fontMetrics().horizontalAdvance(button.text()), button.width()) << name;
+    EXPECT_EQ(button.width(), narrow);
+  }
+  Main().resize(1800, 480);
+  QApplication::processEvents();
+  EXPECT_GT(Button("TakeBackLine").width(), 280) << "for longer texts";
+}
+
 TEST_F(StripTest, TheActiveModeIsTold) {
   Choose("Draw_Polygon");
   EXPECT_TRUE(Text("StripMode").startsWith("Drawing a polygon"));

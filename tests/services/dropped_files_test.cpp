@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "support/flat_model.h"
+#include "support/map_files.h"
 #include "support/small_site.h"
 
 namespace sylvomex {
@@ -35,6 +36,12 @@ TEST_F(DroppedFilesTest, HeadersAreToldByWhatTheyHold) {
   EXPECT_EQ(drop.known[1],
             (DroppedFile{DroppedKind::RasterModel, {At("c/data/dem.hdr").string()}}));
   EXPECT_TRUE(drop.unknown.empty());
+}
+
+TEST_F(DroppedFilesTest, AMapIsToldByItsHeader) {
+  Write_Map(site_.Folder());
+  EXPECT_EQ(Drop({"c/data/map.hdr"}).known,
+            std::vector{(DroppedFile{DroppedKind::Map, {At("c/data/map.hdr").string()}})});
 }
 
 TEST_F(DroppedFilesTest, ImagesComeInTheOrderOfTheirNames) {
