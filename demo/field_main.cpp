@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Writes a demo site's data in the field's formats, moved to another place of the country: GeoTIFF
-// photographs with an orientation table, checked points, a terrain and a canopy model, LAS, and a
-// list of trees.
+// photographs with an orientation table, checked points, a terrain and a canopy model, the same
+// echoes as LAS and as LAZ, and a list of trees.
 #include <gdal_priv.h>
 
+#include <array>
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -11,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "demo/write/laz_file.h"
 #include "heightmodels/raster_model.h"
 #include "imageblock/image_header.h"
 #include "interchange/coordinate_system.h"
@@ -32,6 +35,7 @@ namespace fs = std::filesystem;
 constexpr double kEast = -2130000;  // metres, from the demo's place to the field's
 constexpr double kNorth = -188000;
 constexpr const char* kSystem = "EPSG:3067";
+constexpr std::uint16_t kSystemCode = 3067;
 constexpr double kDegree = 0.017453292519943295;
 constexpr std::size_t kTrees = 40;
 
@@ -144,12 +148,9 @@ void Write_Model(const DriveMap& drives, const char* header, const fs::path& fil
   }
 }
 
-void Write_Lidar(const DriveMap& drives, const fs::path& file) {
-  const OGRSpatialReference system = Coordinate_System(kSystem);
-  char* text = nullptr;
-  system.exportToWkt(&text);
-  LasWriter las(file, file.string(), text);
-  CPLFree(text);
+/// The echoes of all tiles, pulse by pulse.
+std::vector<WrittenPoint> Echoes_Of(const DriveMap& drives) {
+  std::vector<WrittenPoint> echoes;
   double time = 0;
   const std::string prefix = Read_Path_Header(drives.Locate("c:\\data\\als2007_path.hdr"));
   for (const FilePath& tile : drives.Match(prefix + "???_???.bin")) {
@@ -166,11 +167,36 @@ void Write_Lidar(const DriveMap& drives, const fs::path& file) {
         point.intensity = static_cast<std::uint16_t>(echo.Intensity);
         point.number = number;
         point.returns = pulse.EchoCount;
-        las.Add(point);
+        echoes.push_back(point);
       }
     }
   }
+  return echoes;
+}
+
+void Write_Las(const std::vector<WrittenPoint>& echoes, const fs::path& file) {
+  LasWriter las(file, file.string(), Wkt_Of(Coordinate_System(kSystem), WktForm::Wkt1));
+  for (const WrittenPoint& echo : echoes) las.Add(echo);
   las.Finish();
+}
+
+void Write_Laz(const std::vector<WrittenPoint>& echoes, const fs::path& file) {
+  const std::array<double, 3> offset{300000, 6600000, 0};
+  std::vector<demo::LazEcho> coded;
+  for (const WrittenPoint& echo : echoes) {
+    const auto millimetres = [](double metres) {
+      return static_cast<std::int32_t>(std::llround(metres / 0.001));
+    };
+    coded.push_back({{millimetres(echo.at.X - offset[0]), millimetres(echo.at.Y - offset[1]),
+                      millimetres(echo.at.Z - offset[2])},
+                     echo.intensity,
+                     echo.number,
+                     echo.returns,
+                     echo.time});
+  }
+  std::ofstream out(file, std::ios::binary);
+  out << demo::Laz_File(coded, offset, kSystemCode);
+  if (!out.flush()) throw std::runtime_error("cannot write " + file.string());
 }
 
 int Write_Field(const fs::path& site, const fs::path& out) {
@@ -190,7 +216,9 @@ int Write_Field(const fs::path& site, const fs::path& out) {
   Write_Trees(trees, out / "trees.csv");
   Write_Model(drives, "c:\\data\\demo\\dem.hdr", out / "terrain.tif");
   Write_Model(drives, "c:\\data\\demo\\chm.hdr", out / "canopy.tif");
-  Write_Lidar(drives, out / "lidar.las");
+  const std::vector<WrittenPoint> echoes = Echoes_Of(drives);
+  Write_Las(echoes, out / "lidar.las");
+  Write_Laz(echoes, out / "lidar.laz");
   std::cout << photos.size() << " photographs and their field data in " << out.string() << '\n';
   return 0;
 }
