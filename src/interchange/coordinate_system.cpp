@@ -13,6 +13,17 @@
 
 namespace sylvomex {
 
+namespace {
+
+std::unique_ptr<OGRSpatialReference> Horizontal_Part(const OGRSpatialReference& system) {
+  std::unique_ptr<OGRSpatialReference> part(system.Clone());
+  if (part->IsCompound() != 0) part->StripVertical();
+  part->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+  return part;
+}
+
+}  // namespace
+
 void Start_Gdal() {
   static std::once_flag started;
   std::call_once(started, [] {
@@ -53,16 +64,21 @@ void Require_Map_Metres(const OGRSpatialReference& system, const std::string& te
   }
 }
 
-namespace {
-
-std::unique_ptr<OGRSpatialReference> Horizontal_Part(const OGRSpatialReference& system) {
-  std::unique_ptr<OGRSpatialReference> part(system.Clone());
-  if (part->IsCompound() != 0) part->StripVertical();
-  part->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
-  return part;
+std::string Wkt_Of(const OGRSpatialReference& system, WktForm form) {
+  char* text = nullptr;
+  const char* const kOptions[] = {form == WktForm::Wkt1 ? "FORMAT=WKT1_GDAL" : "FORMAT=WKT2",
+                                  nullptr};
+  system.exportToWkt(&text, kOptions);
+  std::string wkt = text == nullptr ? "" : text;
+  CPLFree(text);
+  return wkt;
 }
 
-}  // namespace
+std::string Wkt_Without_Heights(const OGRSpatialReference& system) {
+  const auto flat = Horizontal_Part(system);
+  flat->DemoteTo2D(nullptr);
+  return Wkt_Of(*flat);
+}
 
 bool Same_Horizontal(const OGRSpatialReference& a, const OGRSpatialReference& b) {
   const auto first = Horizontal_Part(a);

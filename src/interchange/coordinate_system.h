@@ -19,6 +19,18 @@ std::string Gdal_Message(const std::string& otherwise);
 /// Reads "EPSG:3067", a PROJ string or WKT. Refused for anything else.
 OGRSpatialReference Coordinate_System(const std::string& text);
 
+enum class WktForm {
+  Wkt1,  // OGC 01-009 with GDAL's names, as LAS files hold it
+  Wkt2,  // ISO 19162
+};
+
+/// A system as text that Coordinate_System reads.
+std::string Wkt_Of(const OGRSpatialReference& system, WktForm form = WktForm::Wkt2);
+
+/// A system without its heights: the horizontal part of a compound one, two of the three axes of
+/// another one.
+std::string Wkt_Without_Heights(const OGRSpatialReference& system);
+
 /// Refused unless the system is one of map coordinates in metres, as the workstation needs it.
 void Require_Map_Metres(const OGRSpatialReference& system, const std::string& text);
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "interchange/geo_keys.h"
 
-#include <cpl_conv.h>
 #include <cpl_vsi.h>
 #include <gdal_priv.h>
 #include <ogr_spatialref.h>
@@ -9,7 +8,6 @@
 #include <algorithm>
 #include <atomic>
 #include <cstring>
-#include <memory>
 #include <vector>
 
 #include "interchange/coordinate_system.h"
@@ -89,17 +87,6 @@ std::vector<std::uint8_t> Tiff_With(std::span<const LasVariableRecord> records) 
   return bytes;
 }
 
-std::string Flat_Wkt(const OGRSpatialReference& system) {
-  const std::unique_ptr<OGRSpatialReference> flat(system.Clone());
-  if (flat->IsCompound() != 0) flat->StripVertical();
-  char* text = nullptr;
-  const char* const kOptions[] = {"FORMAT=WKT2", nullptr};
-  flat->exportToWkt(&text, kOptions);
-  std::string wkt = text == nullptr ? "" : text;
-  CPLFree(text);
-  return wkt;
-}
-
 }  // namespace
 
 std::string Defined_By_Geo_Keys(std::span<const LasVariableRecord> records) {
@@ -113,7 +100,7 @@ std::string Defined_By_Geo_Keys(std::span<const LasVariableRecord> records) {
     const GDALDatasetUniquePtr file(GDALDataset::Open(name.c_str(), GDAL_OF_RASTER));
     const OGRSpatialReference* const system = file == nullptr ? nullptr : file->GetSpatialRef();
     if (system != nullptr && (system->IsProjected() != 0 || system->IsGeographic() != 0)) {
-      wkt = Flat_Wkt(*system);
+      wkt = Wkt_Without_Heights(*system);
     }
   }
   VSIUnlink(name.c_str());

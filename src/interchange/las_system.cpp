@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "interchange/las_system.h"
 
-#include <cpl_conv.h>
 #include <ogr_spatialref.h>
 
 #include <cstring>
@@ -42,15 +41,6 @@ std::map<int, int> Keys_Of(const LasVariableRecord& record) {
 double Height_Unit(const OGRSpatialReference& system) {
   if (system.IsVertical() == 0) return 1;
   return system.GetTargetLinearUnits("VERT_CS");
-}
-
-std::string Wkt_Of(const OGRSpatialReference& system) {
-  char* text = nullptr;
-  const char* const kOptions[] = {"FORMAT=WKT2", nullptr};
-  system.exportToWkt(&text, kOptions);
-  std::string wkt = text == nullptr ? "" : text;
-  CPLFree(text);
-  return wkt;
 }
 
 LasSystem From_Wkt(const LasVariableRecord& record, const std::string& name) {

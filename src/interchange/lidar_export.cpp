@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "interchange/lidar_export.h"
 
-#include <cpl_conv.h>
 #include <ogr_spatialref.h>
 
 #include <algorithm>
@@ -149,15 +148,6 @@ std::vector<fs::path> Tiles_Of(const fs::path& input, const Site& site) try {
   throw Refused(error.what());
 }
 
-std::string Wkt_Of(const std::string& crs) {
-  char* text = nullptr;
-  const char* const kOptions[] = {"FORMAT=WKT1_GDAL", nullptr};
-  Coordinate_System(crs).exportToWkt(&text, kOptions);
-  std::string wkt = text == nullptr ? "" : text;
-  CPLFree(text);
-  return wkt;
-}
-
 }  // namespace
 
 std::uint64_t Export_Lidar(const fs::path& input, const Site& site, const fs::path& output,
@@ -167,7 +157,8 @@ std::uint64_t Export_Lidar(const fs::path& input, const Site& site, const fs::pa
   }
   const std::vector<fs::path> tiles = Tiles_Of(input, site);
   ExportedFile exported(output, site.folder);
-  LasWriter las(exported.Partial(), output.string(), Wkt_Of(site.crs));
+  LasWriter las(exported.Partial(), output.string(),
+                Wkt_Of(Coordinate_System(site.crs), WktForm::Wkt1));
   double done = 0;
   for (const fs::path& tile : tiles) {
     Add_Records(tile, site, las);

@@ -81,11 +81,8 @@ void Name_System_Without_Code(const std::filesystem::path& written, const std::s
   std::string text = content.str();
   const std::size_t features = text.find("\"features\":");
   if (features == std::string::npos || text.find("\"crs\":") < features) return;
-  char* wkt = nullptr;
-  const char* const kOptions[] = {"FORMAT=WKT2", nullptr};
-  Coordinate_System(crs).exportToWkt(&wkt, kOptions);
+  const std::string wkt = Wkt_Of(Coordinate_System(crs));
   const nlohmann::json member = {{"type", "name"}, {"properties", {{"name", wkt}}}};
-  CPLFree(wkt);
   text.insert(features, "\"crs\": " + member.dump() + ",\n");
   std::ofstream file(written, std::ios::binary | std::ios::trunc);
   file << text;

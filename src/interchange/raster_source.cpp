@@ -26,18 +26,6 @@ constexpr int kEdgePoints = 21;
 constexpr int kStripRows = 256, kStripCells = 1 << 22;  // read at once
 constexpr double kFoot = 0.3048, kSurveyFoot = 1200.0 / 3937;
 
-std::string Wkt_Without_Heights(const OGRSpatialReference& system) {
-  const std::unique_ptr<OGRSpatialReference> flat(system.Clone());
-  if (flat->IsCompound() != 0) flat->StripVertical();
-  flat->DemoteTo2D(nullptr);
-  char* text = nullptr;
-  const char* const kOptions[] = {"FORMAT=WKT2", nullptr};
-  flat->exportToWkt(&text, kOptions);
-  std::string wkt = text == nullptr ? "" : text;
-  CPLFree(text);
-  return wkt;
-}
-
 /// Metres of a unit that a band names, 0 when it is unknown.
 double Named_Unit(std::string unit) {
   std::transform(unit.begin(), unit.end(), unit.begin(),
