@@ -100,8 +100,9 @@ class FaceMaker {
 
   TinFaces Make() {
     if (triangles_.empty() || triangles_.size() > kMostJoinedTriangles) return {};
+    WorkMeter stages(5);
     if (!Lay_Grid()) return {};
-    WorkMeter stages(4);
+    stages.Task();
     if (!Make_Faces()) return {};
     stages.Task();
     Join_Faces();
@@ -130,13 +131,26 @@ class FaceMaker {
     f_.rows = std::floor(height * f_.cells_per_metre) + 1;
     columns_ = static_cast<std::int32_t>(f_.columns);
     rows_ = static_cast<std::int32_t>(f_.rows);
-    f_.starts.assign(static_cast<std::size_t>(columns_) * static_cast<std::size_t>(rows_) + 1, 0);
+    Make_Cells(static_cast<std::size_t>(columns_) * static_cast<std::size_t>(rows_) + 1);
     return true;
+  }
+
+  /// In pieces, since a machine whose memory is in small parts may take a second to find large
+  /// pages.
+  void Make_Cells(std::size_t count) {
+    constexpr std::size_t kPiece = std::size_t{1} << 20;
+    f_.starts.reserve(count);
+    WorkMeter pieces(static_cast<double>(count) / kPiece);
+    while (f_.starts.size() < count) {
+      f_.starts.resize(std::min(count, f_.starts.size() + kPiece));
+      pieces.Task();
+    }
   }
 
   /// False when the triangles cannot lie side by side in the grid.
   bool Make_Faces() {
-    f_.faces.resize(triangles_.size() + 1);
+    f_.faces.reserve(triangles_.size() + 1);
+    f_.faces.resize(1);
     well_shaped_.assign(triangles_.size(), 0);
     nodes_.resize(triangles_.size());
     centre_cells_.resize(triangles_.size());
@@ -145,7 +159,7 @@ class FaceMaker {
     for (std::size_t i = 0; i < triangles_.size(); ++i) {
       steps.Step();
       const TinTriangle& t = triangles_[i];
-      TinFace& face = f_.faces[i + 1];
+      TinFace& face = f_.faces.emplace_back();
       face.origin[0] = static_cast<float>(std::min({t.X1, t.X2, t.X3}) - f_.west);
       face.origin[1] = static_cast<float>(std::min({t.Y1, t.Y2, t.Y3}) - f_.south);
       nodes_[i][0] = -1;

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "closedlib/long_tasks.h"
+#include "platform/files.h"
 #include "platform/list_reader.h"
-#include "platform/many_steps.h"
 #include "platform/number_text.h"
 #include "platform/run_time_error.h"
 #include "solver/heapsort.h"
@@ -19,6 +19,7 @@ namespace {
 constexpr double kTileSide = 100;  // metres
 constexpr double kBoxStart = 6'000'000'000;
 constexpr double kLeastUsualX = 20;
+constexpr std::size_t kLeastBytesOfATriangle = 6;  // of its line: three digits, two commas, the end
 constexpr float kLargestFloat = std::numeric_limits<float>::max();
 
 double Whole_Tiles(double coordinate) { return std::floor(coordinate / kTileSide) * kTileSide; }
@@ -110,6 +111,12 @@ void Require_Room(const ListReader& list, const TinModel& model) {
       list.Where() + ": " + Plain_Text(model.NodeCount) + " nodes have two triangles each at most");
 }
 
+/// For as many triangles as can come: growing would copy all of them again and again.
+void Make_Room(const FilePath& file, TinModel& model) {
+  const std::uint64_t most = PositionalFile(file).Size() / kLeastBytesOfATriangle + 1;
+  model.Triangles.reserve(std::min<std::uint64_t>(most, 2 * model.Nodes.size()));
+}
+
 void Sort_Index(TinModel& model, const Report& report) {
   std::vector<float> keys;
   keys.reserve(model.Triangles.size());
@@ -155,9 +162,8 @@ bool Read_Tin_Triangles(const FilePath& file, TinModel& model, const Report& rep
   if (list.At_End()) {
     throw RunTimeError(Failure::InputPastEnd, file.name + ": no triangle", file.native);
   }
-  ManySteps steps(2.0 * model.NodeCount);  // about as many triangles as a triangulation has
+  Make_Room(file, model);
   while (!list.At_End()) {
-    steps.Step();
     const ReadTriangle read = Read_Triangle(list, model);
     Require_Room(list, model);
     if (read.triangle.MinX < kLeastUsualX) report("!");

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "platform/files.h"
+#include "platform/many_steps.h"
 #include "platform/number_text.h"
 #include "platform/run_time_error.h"
 
@@ -80,7 +81,9 @@ std::vector<ObservationPoint> Read_Observation_Points(const FilePath& file) {
   const std::string content = Read_Whole_File(file);
   std::vector<ObservationPoint> points;
   std::string_view rest = content;
+  ManySteps steps(static_cast<double>(std::ranges::count(content, '\n')));
   for (int line_number = 1; !rest.empty(); ++line_number) {
+    steps.Step();
     const std::size_t length = std::min(rest.find('\n'), rest.size());
     std::string_view line = rest.substr(0, length);
     if (line.ends_with('\r')) line.remove_suffix(1);

@@ -3,8 +3,9 @@
 
 #include "state/workspace.h"
 
-#include "closedlib/parallel_tasks.h"
+#include "closedlib/long_tasks.h"
 #include "panes/pane_drawing.h"
+#include "platform/many_steps.h"
 #include "state/camera_access.h"
 
 namespace sylvomex {
@@ -14,7 +15,9 @@ void Plot_On_Pane(Workspace& w, int image, std::span<const OverlayPoint> points)
   Picture& pane = w.Form1.Picture1(image);
   pane.marks.reserve(pane.marks.size() + points.size());
   const Camera camera = Camera_Of(w, image);
+  ManySteps steps(static_cast<double>(points.size()));
   for (const OverlayPoint& point : points) {
+    steps.Step();
     const PanePosition at = Overlay_Of_Pixel(w, image, Object_To_Pixel(camera, point.at));
     Plot_Point(pane, at.px, at.py, point.colour);
   }
@@ -23,7 +26,7 @@ void Plot_On_Pane(Workspace& w, int image, std::span<const OverlayPoint> points)
 }  // namespace
 
 void Plot_Overlay_Points(Workspace& w, std::span<const OverlayPoint> points) {
-  Run_Tasks(w.ImageCount, 0, [&](int image) { Plot_On_Pane(w, image, points); });
+  Run_Long_Tasks(w.ImageCount, [&](int image) { Plot_On_Pane(w, image, points); });
 }
 
 }  // namespace sylvomex

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "platform/files.h"
 #include "platform/replacing_file.h"
 #include "platform/work_meter.h"
 
@@ -26,6 +27,20 @@ void Replace_By_Pieces(const FilePath& file, std::span<const std::uint8_t> conte
   ReplacingFile replacing(file, content.size());
   Write_Pieces(replacing, content);
   replacing.Commit();
+}
+
+void Write_Both(const FileContent& first, const FileContent& second) {
+  if (!Is_Work_Watched()) {
+    Write_Whole_File(first.file, first.bytes);
+    Write_Whole_File(second.file, second.bytes);
+    return;
+  }
+  ReplacingFile new_first(first.file, first.bytes.size());
+  ReplacingFile new_second(second.file, second.bytes.size());
+  Write_Pieces(new_first, first.bytes);
+  Write_Pieces(new_second, second.bytes);
+  new_first.Commit();
+  new_second.Commit();
 }
 
 }  // namespace sylvomex

@@ -17,4 +17,13 @@ void Write_Pieces(const ReplacingFile& file, std::span<const std::uint8_t> conte
 /// As Replace_Whole_File. The file appears whole at the end; a cancel before leaves what was there.
 void Replace_By_Pieces(const FilePath& file, std::span<const std::uint8_t> content);
 
+struct FileContent {
+  FilePath file;
+  std::span<const std::uint8_t> bytes;
+};
+
+/// Two files that belong together: both or, when the writing is cancelled, none. As
+/// Write_Whole_File while nobody watches the work.
+void Write_Both(const FileContent& first, const FileContent& second);
+
 }  // namespace sylvomex

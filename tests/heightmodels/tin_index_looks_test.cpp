@@ -7,6 +7,7 @@
 
 #include "heightmodels/tin_support.h"
 #include "platform/many_steps.h"
+#include "support/temporary_folder.h"
 
 namespace sylvomex {
 namespace {
@@ -81,6 +82,42 @@ TEST(TinIndexLooks, ACancelEndsTheIndexAndASecondOneIsWhole) {
     std::int32_t hint = 0;
     EXPECT_NEAR(Tin_Elevation(model, X, 75.5, hint), 300, 1e-9);
   }
+}
+
+std::string Node_Lines() {
+  std::string lines;
+  for (int k = 0; k < 20000; ++k)
+    lines += "1000.00," + std::to_string(1000 + k % 9000) + ",300.00\n";
+  return lines;
+}
+
+TEST(TinLooks, ReadingNodesTellsTheShareOfTheirFile) {
+  const TemporaryFolder folder;
+  const FilePath file = folder.Write("a.nod", Node_Lines());
+  Onlooker watcher;
+  const WatchedWork watched(&watcher);
+  TinModel model;
+  Read_Tin_Nodes(file, 0, model);
+  ASSERT_GE(watcher.shares.size(), 4U);
+  EXPECT_NEAR(watcher.shares[1], 8192 / 20000.0, 1e-4);  // all lines have the same length
+  EXPECT_TRUE(std::ranges::is_sorted(watcher.shares));
+}
+
+TEST(TinLooks, ReadingTrianglesTellsTheShareOfTheirFile) {
+  const TemporaryFolder folder;
+  std::string lines;
+  for (int k = 0; k < 20000; ++k) lines += std::to_string(10000 + k % 100) + ",10101,10201\n";
+  const FilePath nodes = folder.Write("a.nod", Node_Lines());
+  const FilePath triangles = folder.Write("a.tri", lines);
+  TinModel model;
+  Read_Tin_Nodes(nodes, 0, model);
+  for (TinNode& node : model.Nodes) node.X = 1000 + node.Y * node.Y / 1e6;  // no three on a line
+  Onlooker watcher;
+  const WatchedWork watched(&watcher);
+  EXPECT_TRUE(Read_Tin_Triangles(triangles, model, {}));
+  ASSERT_GE(watcher.shares.size(), 4U);
+  EXPECT_NEAR(watcher.shares[3], 16384 / 20000.0, 1e-4);
+  EXPECT_TRUE(std::ranges::is_sorted(watcher.shares));
 }
 
 }  // namespace

@@ -40,5 +40,35 @@ TEST(WrittenPieces, ACancelBetweenTwoLeavesTheFormerFileAndNoOther) {
   EXPECT_EQ(std::distance(begin(entries), end(entries)), 1);
 }
 
+TEST(WrittenPieces, OfTwoFilesThatBelongTogetherACancelReplacesNone) {
+  const auto bytes = Counting_Bytes(2 * kPiece);
+  for (const long steps : {1, 2, 3}) {
+    const TemporaryFolder folder;
+    folder.Write("a.raw", "former");
+    folder.Write("b.raw", "former, too");
+    CancelAfter watcher(steps);
+    const WatchedWork watched(&watcher);
+    EXPECT_THROW(Write_Both({folder.File("a.raw"), bytes}, {folder.File("b.raw"), bytes}),
+                 Cancelled);
+    EXPECT_EQ(folder.Read("a.raw"), "former");
+    EXPECT_EQ(folder.Read("b.raw"), "former, too");
+  }
+}
+
+TEST(WrittenPieces, TwoFilesHoldTheirContentsWatchedOrNot) {
+  const auto first = Counting_Bytes(kPiece + 1), second = Counting_Bytes(7);
+  const TemporaryFolder folder;
+  CancelAfter patient(1000);
+  for (WorkWatcher* watcher :
+       {static_cast<WorkWatcher*>(nullptr), static_cast<WorkWatcher*>(&patient)}) {
+    folder.Write("a.raw", "former");
+    folder.Write("b.raw", "former, longer than the new one");
+    const WatchedWork watched(watcher);
+    Write_Both({folder.File("a.raw"), first}, {folder.File("b.raw"), second});
+    EXPECT_TRUE(folder.Read("a.raw") == std::string(first.begin(), first.end()));
+    EXPECT_TRUE(folder.Read("b.raw") == std::string(second.begin(), second.end()));
+  }
+}
+
 }  // namespace
 }  // namespace sylvomex

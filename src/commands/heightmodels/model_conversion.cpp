@@ -7,7 +7,6 @@
 #include "heightmodels/tin_raster.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
-#include "platform/replacing_file.h"
 #include "platform/written_pieces.h"
 #include "services/hourglass.h"
 #include "services/progress.h"
@@ -75,22 +74,9 @@ ZeroedArray<float> Fill_Grid(Workspace& w, const GridPlan& plan, Text&& text, He
   return cells;
 }
 
-// Both files or, when it is cancelled, none.
 void Write_Raster(Workspace& w, const TinRaster& raster) {
-  const FilePath grey_file = w.Drives.Locate("c:\\temp\\test.raw");
-  const FilePath height_file = w.Drives.Locate("c:\\temp\\varrio.raw");
-  const std::span<const std::uint8_t> heights = Bytes_Of(raster.heights);
-  if (!Is_Work_Watched()) {
-    Write_Whole_File(grey_file, raster.greys);
-    Write_Whole_File(height_file, heights);
-    return;
-  }
-  ReplacingFile new_heights(height_file, heights.size());
-  ReplacingFile new_greys(grey_file, raster.greys.size());
-  Write_Pieces(new_greys, raster.greys);
-  Write_Pieces(new_heights, heights);
-  new_greys.Commit();
-  new_heights.Commit();
+  Write_Both({w.Drives.Locate("c:\\temp\\test.raw"), raster.greys},
+             {w.Drives.Locate("c:\\temp\\varrio.raw"), Bytes_Of(raster.heights)});
 }
 
 // Loading another model during this loop replaces the triangles: they are read from the block one

@@ -7,6 +7,7 @@
 
 #include "platform/files.h"
 #include "platform/list_reader.h"
+#include "platform/many_steps.h"
 #include "platform/number_text.h"
 #include "platform/work_meter.h"
 #include "services/chosen_file.h"
@@ -67,7 +68,9 @@ void Get_TIN_for_Points(Workspace& w) {
   std::vector<double> heights(points.size());
   Tin_Elevations(w.TinDem, points, heights);
   std::string lines;
+  ManySteps steps(static_cast<double>(points.size()));
   for (std::size_t i = 0; i < points.size(); ++i) {
+    steps.Step();
     lines += Line_Of({points[i].X, points[i].Y, heights[i]});
   }
   Append_To_File(w.Drives.Locate("c:\\data\\vektorit\\1926_Heights.txt"), lines);

@@ -17,6 +17,7 @@
 #include "lidar/tile_grid.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "platform/written_pieces.h"
 #include "services/progress.h"
 #include "state/workspace.h"
 
@@ -24,6 +25,8 @@ namespace sylvomex {
 namespace {
 
 constexpr const char* kFolder = "D:\\data\\laser\\";
+constexpr const char* kChm = "D:\\data\\laser\\CHM.bin";
+constexpr const char* kDem = "D:\\data\\laser\\DEM.bin";
 constexpr CellHeights kNoHeights{160, 160};  // for a cell without echoes, metres
 constexpr double kMostCells = 32767;         // per side, as in every raster model
 constexpr std::int64_t kStride = 25;  // bytes between record starts, although a record has 100
@@ -138,9 +141,8 @@ void Fill_Column(const Grid& grid, int col, ColumnTiles& tiles, HeightRasters& r
   }
 }
 
-void Write_Cells(const Workspace& w, const char* name, const std::vector<float>& cells) {
-  const auto* bytes = reinterpret_cast<const std::uint8_t*>(cells.data());
-  Write_Whole_File(w.Drives.Locate(name), std::span(bytes, cells.size() * sizeof(float)));
+std::span<const std::uint8_t> Bytes_Of(const std::vector<float>& cells) {
+  return {reinterpret_cast<const std::uint8_t*>(cells.data()), cells.size() * sizeof(float)};
 }
 
 void Write_Header(const Workspace& w, const char* name, const Grid& grid, const char* cell_file) {
@@ -165,10 +167,8 @@ void Create_CHM_from_ALS(Workspace& w) {
     meter.Step();
     progress.Report(Plain_Text(col) + " rows");
   }
-  constexpr const char* kChm = "D:\\data\\laser\\CHM.bin";
-  constexpr const char* kDem = "D:\\data\\laser\\DEM.bin";
-  Write_Cells(w, kChm, rasters.means);
-  Write_Cells(w, kDem, rasters.minima);
+  Write_Both({w.Drives.Locate(kChm), Bytes_Of(rasters.means)},
+             {w.Drives.Locate(kDem), Bytes_Of(rasters.minima)});
   Write_Header(w, "d:\\data\\laser\\CHM.hdr", grid, kChm);
   Write_Header(w, "d:\\data\\laser\\DEM.hdr", grid, kDem);
 }

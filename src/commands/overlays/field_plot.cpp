@@ -100,10 +100,7 @@ void Draw_And_List_Trees(Workspace& w, const FilePath& file, GroundDifference& d
                         [&] { Write_Listing(w, listing); });
 }
 
-}  // namespace
-
-void Plot_Field_Plot_Data(Workspace& w) {
-  Draw_Grid(w);
+void Plot_Chosen_File(Workspace& w) {
   Write_Listing(w, "");
   const auto chosen = Ask_Plot_Text_File(w);
   if (!chosen) return;
@@ -115,6 +112,15 @@ void Plot_Field_Plot_Data(Workspace& w) {
   }
   w.screen->Message_Box("Mean difference: " + Format(difference.Mean(), "0.00 m") +
                         " RMSE: " + Format(difference.Rmse(), "0.00 m"));
+}
+
+}  // namespace
+
+void Plot_Field_Plot_Data(Workspace& w) {
+  Draw_Grid(w);
+  Or_Former_File(w.Drives.Locate(kListing), [&w] {
+    Or_Former_File(w.Drives.Locate(kScratchListing), [&w] { Plot_Chosen_File(w); });
+  });
 }
 
 }  // namespace sylvomex

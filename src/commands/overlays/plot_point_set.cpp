@@ -8,6 +8,7 @@
 #include "overlays/observation_points.h"
 #include "panes/pane_drawing.h"
 #include "platform/files.h"
+#include "platform/many_steps.h"
 #include "platform/number_text.h"
 #include "services/file_names.h"
 #include "state/camera_access.h"
@@ -44,9 +45,11 @@ std::string Listing_Line(const ObservationPoint& point, double ground) {
 
 void Plot_Point_Set(Workspace& w) {
   const ColourMap colours = Read_Colour_Map(w.Drives.Locate(kColourMapFile));
+  const auto points = Read_Observation_Points(w.Drives.Locate(w.ObservationFileName));
   std::string listing;
-  for (const ObservationPoint& point :
-       Read_Observation_Points(w.Drives.Locate(w.ObservationFileName))) {
+  ManySteps steps(static_cast<double>(points.size()));
+  for (const ObservationPoint& point : points) {
+    steps.Step();
     const double ground = Get_Raster_Elevation(w, point.at.X, point.at.Y);
     const double height = std::clamp(point.at.Z - ground, kLowestHeight, kHighestHeight);
     const Colour colour = colours(Colour_Row(height, kLowestHeight, kHighestHeight));
