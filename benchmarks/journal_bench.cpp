@@ -78,7 +78,7 @@ BENCHMARK(Save);
 
 void Save_With_Journal(benchmark::State& state) {
   const BenchJournal bench;
-  JournalReads reads(*bench.journal);
+  JournalReads reads(*bench.journal, {}, bench.File("before").native);
   const JournalAppends appends(*bench.journal, {}, reads);
   for (auto _ : state) Append_To_File(bench.File("points"), "1,2515150.00,6860150.00,175.00,\n");
 }

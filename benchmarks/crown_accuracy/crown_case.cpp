@@ -10,13 +10,13 @@
 #include "demo/chain/temporary_site.h"
 #include "demo/render/pulse_tracer.h"
 #include "demo/scene/lidar_campaign.h"
-#include "demo/write/colour_map.h"
 #include "demo/write/crown_session.h"
 #include "demo/write/height_rasters.h"
 #include "demo/write/image_files.h"
 #include "demo/write/lidar_files.h"
 #include "demo/write/session_steps.h"
 #include "demo/write/site_folders.h"
+#include "overlays/jet_colours.h"
 #include "platform/files.h"
 
 namespace sylvomex::demo {
