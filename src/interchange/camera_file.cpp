@@ -10,6 +10,7 @@
 // - CSV with the columns of our own table that describe a camera, one row.
 #include <cpl_minixml.h>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 
@@ -93,8 +94,10 @@ CameraGiven OpenCv_Xml(const CPLXMLNode* root, const std::string& file) {
   camera.pp_y = matrix[5] + 0.5 - camera.height / 2.0;
   const char* const kDistortion = "distortion_coefficients.data";
   std::vector<double> d = Matrix_Numbers(root, kDistortion, 4, file);
-  if (d.size() > 5) throw Refused(file + ": only k1, k2, p1, p2, k3 are understood");
-  d.resize(5);
+  d.resize(std::max<std::size_t>(d.size(), 5));
+  if (std::any_of(d.begin() + 5, d.end(), [](double further) { return further != 0; })) {
+    throw Refused(file + ": only k1, k2, p1, p2, k3 are understood");
+  }
   camera.lens = {d[0], d[1], d[4], d[2], d[3]};
   return camera;
 }

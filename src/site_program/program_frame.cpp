@@ -38,13 +38,17 @@ int Run_Task(const ProgramTask& task, SiteOutput& output) try {
   return Say_Failure(output, kFailedOnTheWay, error.what());
 }
 
+void Add_To_Footers(CLI::App& app, const std::string& text) {
+  app.footer(app.get_footer() + text);
+  for (CLI::App* const subcommand : app.get_subcommands({})) Add_To_Footers(*subcommand, text);
+}
+
 }  // namespace
 
 int Run_Program(CLI::App& app, std::vector<std::string> words, const ProgramTask& task,
                 SiteOutput& output) {
   output.json = std::erase(words, "--json") > 0;
-  app.footer(app.get_footer() +
-             "--json may stand anywhere and writes one JSON object on standard output.");
+  Add_To_Footers(app, "--json may stand anywhere and writes one JSON object on standard output.");
   int status = kDone;
   try {
     std::reverse(words.begin(), words.end());  // as CLI11 takes them

@@ -163,6 +163,19 @@ TEST(AngleTable, ReadsOpenCvXml) {
   Expect_Pixels(table, 0, Sample_Points()[4], photo.Pixel(Sample_Points()[4]));
 }
 
+TEST(AngleTable, OpenCvCoefficientsBehindTheFifthMustBe0) {
+  const std::string start =
+      "<opencv_storage><image_width>4</image_width><image_height>3</image_height><camera_matrix>"
+      "<data>9 0 2 0 9 1 0 0 1</data></camera_matrix><distortion_coefficients><data>";
+  const std::string end = "</data></distortion_coefficients></opencv_storage>";
+  const auto zeros = Parse_Orientation_Table(
+      {"a 1 2 3 4 5 6", "t"}, {start + "0.1 0.2 0.3 0.4 0.5 0. 0 0" + end, "c.xml"}, "");
+  EXPECT_EQ(zeros.photos[0].camera.lens, (BrownLens{0.1, 0.2, 0.5, 0.3, 0.4}));
+  EXPECT_THROW(Parse_Orientation_Table({"a 1 2 3 4 5 6", "t"},
+                                       {start + "0.1 0.2 0.3 0.4 0.5 0. 0.6 0" + end, "c.xml"}, ""),
+               Refused);
+}
+
 TEST(FramesTable, FollowsItsFormula) {
   const auto photos = Sample_Photos();
   std::string frames =
