@@ -68,6 +68,32 @@ std::optional<double> Height_At(const RasterModel& model, double X, double Y) {
   return Is_No_Data(height) ? std::nullopt : std::optional(height);
 }
 
+/// Squares of cells, at most some sixty along a side, in which most cells are without data.
+std::vector<MapRectangle> Gaps_Of(const RasterModel& model, const SurveyedModel& surveyed) {
+  constexpr int kMostSquares = 60;
+  const int side = (std::max<int>(model.columns, model.rows) + kMostSquares - 1) / kMostSquares;
+  const auto columns = static_cast<std::size_t>(model.columns);
+  std::vector<MapRectangle> gaps;
+  for (int row = 0; row < model.rows; row += side) {
+    for (int col = 0; col < model.columns; col += side) {
+      const int east = std::min<int>(col + side, model.columns);
+      const int north = std::min<int>(row + side, model.rows);
+      std::int64_t empty = 0;
+      for (int r = row; r < north; ++r) {
+        const std::size_t first = static_cast<std::size_t>(r) * columns;
+        for (int c = col; c < east; ++c) {
+          if (Is_No_Data(model.Cells[first + static_cast<std::size_t>(c)])) ++empty;
+        }
+      }
+      if (2 * empty <= static_cast<std::int64_t>(east - col) * (north - row)) continue;
+      gaps.push_back({surveyed.west + col * surveyed.cell, surveyed.south + row * surveyed.cell,
+                      surveyed.west + east * surveyed.cell,
+                      surveyed.south + north * surveyed.cell});
+    }
+  }
+  return gaps;
+}
+
 void Survey_Model(SiteSurvey& survey, const std::string& name, RasterModel& model) {
   const DriveMap drives = survey.site.Drives();
   const FilePath header = drives.Locate("c:\\data\\models\\" + name + ".hdr");
@@ -96,6 +122,7 @@ void Survey_Model(SiteSurvey& survey, const std::string& name, RasterModel& mode
   surveyed.south = first.Y;
   surveyed.east = first.X + model.CellSize * model.columns;
   surveyed.north = first.Y + model.CellSize * model.rows;
+  if (surveyed.without_data > 0) surveyed.gaps = Gaps_Of(model, surveyed);
   survey.models.push_back(surveyed);
 }
 

@@ -54,11 +54,18 @@ struct SurveyedCampaign {
   int compared_tiles = 0;
 };
 
+/// World metres.
+struct MapRectangle {
+  double west = 0, south = 0, east = 0, north = 0;
+};
+
 struct SurveyedModel {
   std::string name;  // "dem", "chm"
   double west = 0, south = 0, east = 0, north = 0, cell = 0;
   std::uint64_t cells = 0, without_data = 0;
   HeightRange heights;
+  /// Where most cells are without data, by squares of some cells.
+  std::vector<MapRectangle> gaps;
 };
 
 struct SiteSurvey {
@@ -72,7 +79,7 @@ struct SiteSurvey {
 
 SiteSurvey Survey_Site(const Site& site);
 
-/// The report as text, and as a page with a map.
+/// The report as text, and as a page with a map and tables.
 std::string Survey_Text(const SiteSurvey& survey);
 std::string Survey_Html(const SiteSurvey& survey);
 

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <algorithm>
-
 #include "interchange/printed_text.h"
 #include "interchange/site_survey.h"
 
@@ -51,126 +49,6 @@ std::string Model_Lines(const SurveyedModel& model) {
       static_cast<unsigned long long>(model.cells));
 }
 
-std::string Escaped(const std::string& text) {
-  std::string escaped;
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        escaped += "&amp;";
-        break;
-      case '<':
-        escaped += "&lt;";
-        break;
-      case '>':
-        escaped += "&gt;";
-        break;
-      case '"':
-        escaped += "&quot;";
-        break;
-      default:
-        escaped += c;
-    }
-  }
-  return escaped;
-}
-
-/// The map: a rectangle of the world drawn 900 pixels wide at most, north up.
-class Map {
- public:
-  explicit Map(const SiteSurvey& survey) {
-    for (const SurveyedImage& image : survey.images) {
-      Include(image.centre.X, image.centre.Y);
-      for (const Point3D& corner : image.corners) {
-        if (image.has_footprint) Include(corner.X, corner.Y);
-      }
-    }
-    for (const SurveyedCampaign& campaign : survey.campaigns) {
-      for (const SurveyedTile& tile : campaign.tiles) {
-        Include(tile.west, tile.south);
-        Include(tile.west + kTileSide, tile.south + kTileSide);
-      }
-    }
-    for (const SurveyedModel& model : survey.models) {
-      Include(model.west, model.south);
-      Include(model.east, model.north);
-    }
-  }
-
-  [[nodiscard]] bool Is_Empty() const { return east_ < west_; }
-  [[nodiscard]] double Scale() const {
-    return kSide / std::max({east_ - west_, north_ - south_, 1.0});
-  }
-  [[nodiscard]] double X(double east) const { return (east - west_) * Scale() + kMargin; }
-  [[nodiscard]] double Y(double north) const { return (north_ - north) * Scale() + kMargin; }
-  [[nodiscard]] double Width() const { return (east_ - west_) * Scale() + 2 * kMargin; }
-  [[nodiscard]] double Height() const { return (north_ - south_) * Scale() + 2 * kMargin; }
-
- private:
-  static constexpr double kSide = 860;
-  static constexpr double kMargin = 20;
-
-  void Include(double X, double Y) {
-    west_ = std::min(west_, X);
-    east_ = std::max(east_, X);
-    south_ = std::min(south_, Y);
-    north_ = std::max(north_, Y);
-  }
-
-  double west_ = 1e30, east_ = -1e30, south_ = 1e30, north_ = -1e30;
-};
-
-std::string Rectangle(const Map& map, double west, double south, double east, double north,
-                      const char* style) {
-  return Printed("<rect x=\"%.1f\" y=\"%.1f\" width=\"%.1f\" height=\"%.1f\" %s/>\n", map.X(west),
-                 map.Y(north), (east - west) * map.Scale(), (north - south) * map.Scale(), style);
-}
-
-std::string Image_On_Map(const Map& map, const SurveyedImage& image) {
-  std::string text;
-  if (image.has_footprint) {
-    text += "<polygon points=\"";
-    for (const Point3D& corner : image.corners) {
-      text += Printed("%.1f,%.1f ", map.X(corner.X), map.Y(corner.Y));
-    }
-    text += "\" fill=\"#2060c0\" fill-opacity=\"0.10\" stroke=\"#2060c0\"/>\n";
-  }
-  const double x = map.X(image.centre.X);
-  const double y = map.Y(image.centre.Y);
-  text += Printed("<circle cx=\"%.1f\" cy=\"%.1f\" r=\"3\" fill=\"#2060c0\"/>", x, y);
-  return text + Printed("<text x=\"%.1f\" y=\"%.1f\" font-size=\"11\">", x + 5, y - 4) +
-         Escaped(image.name) + "</text>\n";
-}
-
-std::string Svg_Of(const SiteSurvey& survey) {
-  const Map map(survey);
-  if (map.Is_Empty()) return "<p>Nothing was imported yet.</p>\n";
-  std::string text = Printed(
-      "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"%.0f\" "
-      "height=\"%.0f\" font-family=\"sans-serif\">\n",
-      map.Width(), map.Height());
-  for (const SurveyedModel& model : survey.models) {
-    text += Rectangle(map, model.west, model.south, model.east, model.north,
-                      "fill=\"#c8e0b0\" fill-opacity=\"0.5\" stroke=\"#608040\"");
-  }
-  for (const SurveyedCampaign& campaign : survey.campaigns) {
-    for (const SurveyedTile& tile : campaign.tiles) {
-      text += Rectangle(map, tile.west, tile.south, tile.west + kTileSide, tile.south + kTileSide,
-                        "fill=\"#e09030\" fill-opacity=\"0.25\" stroke=\"#e09030\" "
-                        "stroke-width=\"0.5\"");
-    }
-  }
-  for (const SurveyedImage& image : survey.images) text += Image_On_Map(map, image);
-  if (survey.plot) {
-    text += Printed(
-        "<circle cx=\"%.1f\" cy=\"%.1f\" r=\"5\" fill=\"none\" stroke=\"#c02020\" "
-        "stroke-width=\"2\"/>\n",
-        map.X(survey.plot->X), map.Y(survey.plot->Y));
-  }
-  return text +
-         "</svg>\n<p>Blue: photographs and their footprints; green: height models; orange: "
-         "lidar tiles; red: the first plot.</p>\n";
-}
-
 }  // namespace
 
 std::string Survey_Text(const SiteSurvey& survey) {
@@ -195,13 +73,6 @@ std::string Survey_Text(const SiteSurvey& survey) {
   }
   for (const std::string& fault : survey.faults) text += "\nCannot be read: " + fault + "\n";
   return text;
-}
-
-std::string Survey_Html(const SiteSurvey& survey) {
-  return "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>Site report"
-         "</title></head>\n<body style=\"font-family:sans-serif;max-width:60em\">\n"
-         "<h1>Site report</h1>\n" +
-         Svg_Of(survey) + "<pre>" + Escaped(Survey_Text(survey)) + "</pre>\n</body></html>\n";
 }
 
 }  // namespace sylvomex

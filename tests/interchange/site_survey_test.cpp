@@ -7,6 +7,7 @@
 
 #include "interchange/image_import.h"
 #include "interchange/site.h"
+#include "interchange/survey_map.h"
 #include "support/photo_site.h"
 
 namespace sylvomex {
@@ -120,6 +121,40 @@ TEST_F(SurveySite, ThePageHasAMapAndNoForeignTags) {
   EXPECT_NE(page.find("<svg"), std::string::npos);
   EXPECT_NE(page.find("a&lt;b"), std::string::npos);
   EXPECT_EQ(page.find("a<b"), std::string::npos);
+}
+
+TEST_F(SurveySite, TheMapTellsGapsMissingTilesAndRoundCoordinates) {
+  Write_Terrain();
+  SiteSurvey survey = Survey_Site(Open_Site(site_.Path()));
+  // One cell of 2 m without data, the south-western one.
+  ASSERT_EQ(survey.models[0].gaps.size(), 1U);
+  const MapRectangle& gap = survey.models[0].gaps[0];
+  EXPECT_NEAR(gap.west, 385000 - 60, 1e-6);
+  EXPECT_NEAR(gap.south, 6672000 - 60, 1e-6);
+  EXPECT_NEAR(gap.east - gap.west, 2, 1e-6);
+  EXPECT_NEAR(gap.north - gap.south, 2, 1e-6);
+  // Three tiles of a square of four; one has half as many pulses as the others.
+  SurveyedCampaign campaign;
+  campaign.tiles = {{385000, 6672000, 20000}, {385100, 6672000, 20000}, {385000, 6672100, 10000}};
+  survey.campaigns.push_back(campaign);
+  const std::string map = Survey_Map(survey);
+  const auto count = [&](const std::string& part) {
+    int found = 0;
+    for (std::size_t at = map.find(part); at != std::string::npos; at = map.find(part, at + 1)) {
+      ++found;
+    }
+    return found;
+  };
+  EXPECT_EQ(count("no tile"), 1);
+  EXPECT_EQ(count("dem: no data"), 1);
+  EXPECT_EQ(count("20000 pulses, 2.00 a square metre"), 2);
+  EXPECT_EQ(count("fill-opacity=\"0.60\""), 2);  // the densest
+  EXPECT_EQ(count("fill-opacity=\"0.35\""), 1);  // half as dense
+  // 260 m of ground, 60 m of it west of 385000, on 800 pixels: 50 m lie 154 pixels apart.
+  EXPECT_EQ(count(">385100</text>"), 1);
+  EXPECT_EQ(count(">6672150</text>"), 1);
+  EXPECT_EQ(count(">385110</text>"), 0);
+  EXPECT_EQ(count(">50 m</text>"), 1);
 }
 
 TEST(SurveyOfAnEmptySite, HasNoMap) {
