@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Reads the LAS file of bench_lidar_import into arrays with NumPy and prints the seconds."""
+"""Reads LAS files of bench_lidar_import into arrays with NumPy and prints the seconds."""
 import sys
 import time
 
@@ -11,7 +11,11 @@ FIELDS = [("x", "<i4"), ("y", "<i4"), ("z", "<i4"), ("intensity", "<u2"), ("retu
           ("time", "<f8")]
 
 start = time.perf_counter()
-points = numpy.fromfile(sys.argv[1], dtype=FIELDS, offset=375)
-arrays = [points["x"] * 0.001 + 384000, points["y"] * 0.001 + 6675000, points["z"] * 0.001]
-arrays += [numpy.ascontiguousarray(points[name]) for name in ("intensity", "returns", "time")]
-print(f"{len(points)} points in {time.perf_counter() - start:.3f} s")
+arrays = []
+count = 0
+for name in sys.argv[1:]:
+    points = numpy.fromfile(name, dtype=FIELDS, offset=375)
+    count += len(points)
+    arrays += [points["x"] * 0.001 + 384000, points["y"] * 0.001 + 6675000, points["z"] * 0.001]
+    arrays += [numpy.ascontiguousarray(points[name]) for name in ("intensity", "returns", "time")]
+print(f"{count} points in {time.perf_counter() - start:.3f} s")

@@ -97,6 +97,15 @@ void Merge(const BlockSurvey& block, std::uint64_t last_key, EchoSurvey& survey)
   survey.lines.Add(block.lines);
 }
 
+std::vector<std::uint64_t> Sorted_Samples(const EchoSurvey& survey) {
+  std::vector<std::uint64_t> keys;
+  for (const SourceSurvey& source : survey.sources) {
+    keys.insert(keys.end(), source.sampled_keys.begin(), source.sampled_keys.end());
+  }
+  std::sort(keys.begin(), keys.end());
+  return keys;
+}
+
 std::uint64_t Sampling_For(double echoes) {
   std::uint64_t every = 64;
   while (every < kLasBlock && echoes > static_cast<double>(every * kMostSamples)) every *= 2;
@@ -141,17 +150,31 @@ EchoSurvey Survey_Echoes(std::span<const EchoSource> sources, const ToldShare& t
   return survey;
 }
 
-bool Times_Tell_Pulses(const EchoSource& source, const SourceSurvey& survey) {
+std::vector<std::uint64_t> Crowded_Times(const EchoSurvey& survey, std::uint64_t echoes) {
+  const std::vector<std::uint64_t> keys = Sorted_Samples(survey);
+  const std::uint64_t fewest = std::max<std::uint64_t>(echoes / survey.every, 2);
+  std::vector<std::uint64_t> crowded;
+  for (auto at = keys.begin(); at != keys.end();) {
+    const auto end = std::find_if(at, keys.end(), [&](std::uint64_t key) { return key != *at; });
+    if (static_cast<std::uint64_t>(end - at) >= fewest) crowded.push_back(*at);
+    at = end;
+  }
+  return crowded;
+}
+
+bool Times_Tell_Pulses(const EchoSource& source, const SourceSurvey& survey,
+                       std::span<const std::uint64_t> crowded) {
   if (!Las_Has_Time(source.header.format)) return false;
+  const bool is_crowded = std::any_of(crowded.begin(), crowded.end(), [&](std::uint64_t key) {
+    return std::find(survey.sampled_keys.begin(), survey.sampled_keys.end(), key) !=
+           survey.sampled_keys.end();
+  });
+  if (is_crowded) return false;
   return source.header.count <= kMostReturns || survey.first_time < survey.last_time;
 }
 
 std::vector<std::uint64_t> Share_Limits(const EchoSurvey& survey, std::uint64_t share) {
-  std::vector<std::uint64_t> keys;
-  for (const SourceSurvey& source : survey.sources) {
-    keys.insert(keys.end(), source.sampled_keys.begin(), source.sampled_keys.end());
-  }
-  std::sort(keys.begin(), keys.end());
+  const std::vector<std::uint64_t> keys = Sorted_Samples(survey);
   const std::uint64_t step = std::max<std::uint64_t>(share / survey.every, 1);
   std::vector<std::uint64_t> limits;
   for (std::uint64_t at = step; at < keys.size(); at += step) {

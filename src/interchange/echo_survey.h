@@ -36,9 +36,19 @@ struct EchoSurvey {
 /// Reads all points of the sources. Refused for a file that becomes shorter.
 EchoSurvey Survey_Echoes(std::span<const EchoSource> sources, const ToldShare& told = {});
 
-/// Whether the times of a source tell its pulses apart: its format has times, and not more echoes
-/// than a pulse can have share a single one.
-bool Times_Tell_Pulses(const EchoSource& source, const SourceSurvey& survey);
+/// A time that more echoes share is no time of a pulse: an instrument without a clock writes the
+/// same to all.
+inline constexpr std::uint64_t kMostEchoesOfATime = 1'000'000;
+
+/// The keys of times that about as many echoes share or more, by the samples of all sources; in
+/// rising order.
+std::vector<std::uint64_t> Crowded_Times(const EchoSurvey& survey,
+                                         std::uint64_t echoes = kMostEchoesOfATime);
+
+/// Whether the times of a source tell its pulses apart: its format has times, not more echoes than
+/// a pulse can have share a single one, and none of them is crowded.
+bool Times_Tell_Pulses(const EchoSource& source, const SourceSurvey& survey,
+                       std::span<const std::uint64_t> crowded);
 
 /// Limits that divide the echoes into shares of about `share` echoes, by the sampled keys: share i
 /// holds the keys from limits[i - 1] up to below limits[i]. Echoes of one key are never divided.

@@ -111,11 +111,12 @@ LidarSources Open_Lidar(const std::vector<std::filesystem::path>& files,
     systems.push_back(Las_System(lidar.sources.back().header, file.string()));
   }
   lidar.survey = Survey_Echoes(lidar.sources, told);
+  const std::vector<std::uint64_t> crowded = Crowded_Times(lidar.survey);
   for (std::size_t i = 0; i < files.size(); ++i) {
     EchoSource& source = lidar.sources[i];
     const SourceSurvey& survey = lidar.survey.sources[i];
     if (!survey.all_times_finite) throw Refused(source.name + ": a GPS time is no number");
-    source.timed = Times_Tell_Pulses(source, survey);
+    source.timed = Times_Tell_Pulses(source, survey, crowded);
     const MapExtent extent = Place_Source(source, survey, systems[i], site_crs);
     lidar.extent = i == 0 ? extent : Both(lidar.extent, extent);
     Add_Notes(source, systems[i], lidar.notes);

@@ -139,6 +139,39 @@ TEST_F(LidarShares, FilesWithoutTimesAskForTheSortOnDisk) {
   EXPECT_FALSE(Ordered_Shares(lidar.sources, lidar.survey));
 }
 
+/// All echoes but a few have the time 0, as of an instrument without a clock.
+TEST_F(LidarShares, ATimeThatAMillionEchoesShareIsNone) {
+  constexpr std::size_t kEchoes = 1'050'000;
+  for (const std::size_t alike : {kEchoes - 300, kEchoes / 2}) {
+    files.clear();
+    std::vector<double> times(kEchoes, 0);
+    for (std::size_t i = alike; i < kEchoes; ++i) times[i] = 1e-3 * static_cast<double>(i);
+    Add_File(times, 1);
+    Add_File({1, 2, 3}, 1);
+    const LidarSources lidar = Opened();
+    EXPECT_EQ(lidar.sources[0].timed, alike < kEchoes / 2 + 1);
+    EXPECT_TRUE(lidar.sources[1].timed);
+  }
+}
+
+TEST_F(LidarShares, EchoesOfOneTimeAreCountedOverAllFiles) {
+  EchoSurvey survey;
+  survey.every = 64;
+  survey.sources.resize(3);
+  for (std::size_t i = 0; i < 3; ++i) survey.sources[i].sampled_keys.assign(10, 7 + i / 2);
+  EXPECT_EQ(Crowded_Times(survey, 20 * 64), (std::vector<std::uint64_t>{7}));
+  EXPECT_EQ(Crowded_Times(survey, 10 * 64), (std::vector<std::uint64_t>{7, 8}));
+  EXPECT_TRUE(Crowded_Times(survey, 21 * 64).empty());
+  EchoSource source;
+  source.header.format = 1;
+  source.header.count = 100;
+  survey.sources[0].first_time = 1;
+  survey.sources[0].last_time = 2;
+  const std::vector<std::uint64_t> crowded{7};
+  EXPECT_FALSE(Times_Tell_Pulses(source, survey.sources[0], crowded));
+  EXPECT_TRUE(Times_Tell_Pulses(source, survey.sources[0], {}));
+}
+
 TEST_F(LidarShares, NewSizesTellNewFiles) {
   const std::string a = folder.Write("a", "12345").native.string();
   const std::string b = folder.Write("b", "123456").native.string();
