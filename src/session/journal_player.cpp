@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "platform/wall_clock.h"
-#include "platform/work_meter.h"
+#include "session/repeated_cancel.h"
 #include "session/transcript_text.h"
 
 namespace sylvomex {
@@ -94,7 +94,7 @@ void JournalPlayer::Play_Outer(const ScriptStep& step) {
   servicings_ = 0;
   ++play_.events;
   if (const std::optional<long> steps = Steps_Until_Cancelled()) {
-    CancelAfter watcher(*steps);
+    RepeatedCancel watcher(*steps, [this] { return Has_Answers_Left(); });
     const WatchedWork watched(&watcher);
     Play_Step(step);
   } else {
@@ -119,6 +119,18 @@ std::optional<long> JournalPlayer::Steps_Until_Cancelled() const {
     ahead.Take();
   }
   return std::nullopt;
+}
+
+/// Of the event that was taken.
+bool JournalPlayer::Has_Answers_Left() const {
+  JournalCursor ahead = cursor_;
+  for (const JournalLine* line = ahead.Peek();
+       line != nullptr && line->kind != Kind::Event && line->kind != Kind::End;
+       line = ahead.Peek()) {
+    if (line->kind == Kind::Answer) return true;
+    ahead.Take();
+  }
+  return false;
 }
 
 void JournalPlayer::Play_Step(const ScriptStep& step) {

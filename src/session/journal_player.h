@@ -41,6 +41,7 @@ class JournalPlayer : public ScreenFeed {
   void Play_Outer(const ScriptStep& step);
   void Play_Step(const ScriptStep& step);
   [[nodiscard]] std::optional<long> Steps_Until_Cancelled() const;
+  [[nodiscard]] bool Has_Answers_Left() const;
   void Play_Inner(JournalLine::Kind kind, long servicing);
   void Take_End();
   bool Is_Passed_Over(const JournalLine& move);

@@ -12,6 +12,7 @@
 #include "session/marks_text.h"
 #include "session/picture_png.h"
 #include "session/picture_vectors.h"
+#include "session/repeated_cancel.h"
 #include "session/routine_calls.h"
 #include "session/step_arguments.h"
 #include "session/transcript_text.h"
@@ -305,7 +306,8 @@ void StepPlayer::Play_Say(const ScriptStep& step) {
 
 /// Plays an event and cancels it after a number of steps of its work.
 void StepPlayer::Play_Cancelled(const ScriptStep& step) {
-  CancelAfter watcher(Whole_Argument(step.words[1].text));
+  RepeatedCancel watcher(Whole_Argument(step.words[1].text),
+                         [this] { return screen_.Answers_Left() > 0; });
   const ScriptStep inner = Inner_Step(step, 2);
   const std::string text = Joined(step, 2, &ScriptWord::raw);
   Find_Row(inner);

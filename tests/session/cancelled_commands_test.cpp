@@ -111,6 +111,22 @@ TEST_F(CancelledHeights, AddTinKeepsTheModelThatWasThere) {
                      {kTin, "file c:\\data\\b.nod\nfile c:\\data\\b.tri\n", "menu Add_Tin"});
 }
 
+// The nodes are read, with looks at the work, before the second file is asked for.
+TEST_F(CancelledHeights, TheStepTakesTheAnswersThatWereGivenBeforeTheCancel) {
+  std::string nodes;
+  for (int k = 0; k < 5000; ++k)
+    nodes += std::to_string(k % 100) + "," + std::to_string(k) + ",5\n";
+  site.Folder().Write("c/data/long.nod", nodes);
+  site.Folder().Write("c/data/long.tri", "0,1,100\n");
+  const PlayedSession played =
+      Play_Script(site.Folder(),
+                  "file c:\\data\\long.nod\nfile c:\\data\\long.tri\ncancelled 0 menu Add_Tin\n"
+                  "print TinDem.TriangleCount\n");
+  EXPECT_EQ(played.status, 0) << played.reason;
+  EXPECT_TRUE(played.transcript.find("long.tri") != std::string::npos) << played.transcript;
+  EXPECT_TRUE(played.transcript.ends_with("TinDem.TriangleCount = 0\n")) << played.transcript;
+}
+
 TEST_F(CancelledHeights, AddHeightModelLeavesNone) {
   const std::string again = "file c:\\data\\dem.hdr\ninput 0\ncancelled 0 menu Add_height_Model\n";
   const PlayedSession played =

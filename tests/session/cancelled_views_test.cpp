@@ -42,6 +42,17 @@ TEST_F(CancelledViews, ACancelledHitLeavesTheSolutionAndTheBlock) {
                       "menu Add_Image_Center_to_XYZ"});
 }
 
+// Else the panes whose turn has not come show the pictures of other images.
+TEST_F(CancelledViews, ARemovalGoesToItsEnd) {
+  const std::string before = Load({"a", "b"}) + Solution("20", "10", "3") + "input 0\n";
+  const PlayedSession whole = Play(before + "menu Remove_an_image\n" + kState);
+  for (const char* steps : {"0", "1", "2"}) {
+    const PlayedSession played =
+        Play(before + "history on\ntry cancelled " + steps + " menu Remove_an_image\n" + kState);
+    EXPECT_EQ(State_Of(played), State_Of(whole)) << played.reason;
+  }
+}
+
 // Searches.
 
 TEST_F(CancelledViews, TheAerialSearchKeepsTheHitsOfTheLastOne) {

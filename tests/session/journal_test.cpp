@@ -366,6 +366,20 @@ TEST_F(JournalTest, CancelledCommandIsCancelledAtTheSamePlaceAgain) {
   EXPECT_EQ(told.find("was not asked for"), std::string::npos) << told;
 }
 
+TEST_F(JournalTest, CancelledCommandAsksForAllThatWasAnsweredBefore) {
+  std::string nodes;
+  for (int k = 0; k < 5000; ++k)
+    nodes += std::to_string(k % 100) + "," + std::to_string(k) + ",5\n";
+  site.Folder().Write("c/data/long.nod", nodes);
+  site.Folder().Write("c/data/long.tri", "0,1,100\n");
+  Write_Journal(Head() +
+                "menu Add_Tin\nfile c:\\data\\long.nod\nfile c:\\data\\long.tri\n"
+                "end cancelled 0\n");
+  ASSERT_EQ(Resume("print TinDem.TriangleCount\n"), 0) << told;
+  EXPECT_EQ(transcript, "TinDem.TriangleCount = 0\n");
+  EXPECT_EQ(told.find("was not asked for"), std::string::npos) << told;
+}
+
 TEST_F(JournalTest, EventsInsideADialogHappenThere) {
   Write_Journal(Head() +
                 "menu Set_3D_solution\ninput 5\nwithin set Text4 99\ninput 7\ninput 3\n"

@@ -4,6 +4,7 @@
 #include "commands/panes/centring.h"
 #include "panes/pane_layout.h"
 #include "platform/number_text.h"
+#include "platform/work_meter.h"
 #include "services/status_line.h"
 #include "state/camera_access.h"
 #include "state/cause.h"
@@ -66,6 +67,8 @@ void Remove_Image(Workspace& w, int image) {
     return;
   }
   const bool is_last = image == w.ImageCount - 1;
+  // Not to be cancelled: a pane not yet drawn would show an image that is another's now, or gone.
+  const WatchedWork to_the_end(nullptr);
   Take_Out_Image(w, image);
   Lay_Out_Those_Left(w);
   Center_On_Solution_Or_Start(w);
