@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "interchange/failures.h"
+#include "interchange/ordinary_file.h"
 
 namespace sylvomex {
 namespace {
@@ -41,6 +42,7 @@ class Sha256 {
 }  // namespace
 
 std::string File_Checksum(const std::filesystem::path& file, const std::stop_token& stop) {
+  Require_No_Device(file);
   std::error_code ignored;
   std::ifstream stream(file, std::ios::binary);
   if (!stream || std::filesystem::is_directory(file, ignored)) {

@@ -7,6 +7,7 @@
 #include <fstream>
 
 #include "interchange/failures.h"
+#include "interchange/ordinary_file.h"
 #include "platform/number_text.h"
 
 namespace sylvomex {
@@ -193,6 +194,7 @@ LasHeader Parse_Las_Header(std::span<const std::uint8_t> start, std::uint64_t by
 }
 
 LasHeader Read_Las_Header(const std::filesystem::path& path, const std::string& name) {
+  Require_No_Device(path);
   std::error_code error;
   const std::uint64_t bytes = std::filesystem::file_size(path, error);
   std::ifstream stream(path, std::ios::binary);
@@ -216,6 +218,7 @@ LasHeader Read_Las_Header(const std::filesystem::path& path, const std::string& 
 }
 
 bool Is_Las_File(const std::filesystem::path& path) {
+  Require_No_Device(path);
   std::ifstream stream(path, std::ios::binary);
   std::array<char, 4> sign{};
   return stream.read(sign.data(), 4) && std::string_view(sign.data(), 4) == "LASF";

@@ -53,7 +53,8 @@ LasHeader Parse_Las_Header(std::span<const std::uint8_t> start, std::uint64_t by
 /// is read; name: what messages say.
 LasHeader Read_Las_Header(const std::filesystem::path& path, const std::string& name);
 
-/// Whether a file starts as LAS files do. False for a file that cannot be read.
+/// Whether a file starts as LAS files do. False for a file that cannot be read. Refused for a pipe
+/// or a device.
 bool Is_Las_File(const std::filesystem::path& path);
 
 }  // namespace sylvomex

@@ -8,6 +8,7 @@
 
 #include "interchange/coordinate_system.h"
 #include "interchange/failures.h"
+#include "interchange/ordinary_file.h"
 #include "interchange/photo_pixels.h"
 #include "interchange/sun_position.h"
 
@@ -46,6 +47,7 @@ PhotoFile::PhotoFile(const std::filesystem::path& file) : name_(file.string()) {
   Start_Gdal();
   CPLErrorReset();
   if (!std::filesystem::exists(file)) throw Refused(name_ + ": the file does not exist");
+  Require_No_Device(name_);
   dataset_.reset(GDALDataset::Open(name_.c_str(), GDAL_OF_RASTER | GDAL_OF_READONLY));
   if (dataset_ == nullptr) {
     throw Refused(name_ + ": no image that can be read: " + Gdal_Message("unknown format"));

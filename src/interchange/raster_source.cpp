@@ -14,6 +14,7 @@
 
 #include "interchange/coordinate_system.h"
 #include "interchange/failures.h"
+#include "interchange/ordinary_file.h"
 #include "interchange/same_coordinates.h"
 #include "platform/number_text.h"
 
@@ -91,6 +92,7 @@ RasterSource::RasterSource(const std::filesystem::path& file, const std::string&
     : name_(file.string()) {
   Start_Gdal();
   CPLErrorReset();
+  Require_No_Device(name_);
   source_.reset(GDALDataset::Open(name_.c_str(), GDAL_OF_RASTER | GDAL_OF_VERBOSE_ERROR));
   if (source_ == nullptr)
     throw Refused(name_ + ": no raster: " + Gdal_Message("it cannot be read"));

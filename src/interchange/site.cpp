@@ -117,7 +117,11 @@ Site Open_Site(const std::filesystem::path& folder) try {
   }
   Finish_Killed_Import(folder);
   Site site = Parse_Site(Read_Whole_File({file.string(), file}), file.string());
-  Require_Map_Metres(Coordinate_System(site.crs), site.crs);
+  try {
+    Require_Map_Metres(Coordinate_System(site.crs), site.crs);
+  } catch (const Refused& refusal) {
+    throw Refused(file.string() + ": " + refusal.what());
+  }
   site.folder = folder;
   return site;
 } catch (const RunTimeError& error) {

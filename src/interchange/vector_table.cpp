@@ -10,6 +10,7 @@
 #include "interchange/csv_table.h"
 #include "interchange/exported_file.h"
 #include "interchange/failures.h"
+#include "interchange/ordinary_file.h"
 
 namespace sylvomex {
 namespace {
@@ -100,6 +101,7 @@ VectorTable Read_Vector_Table(const std::filesystem::path& file, const std::stri
   Start_Gdal();
   CPLErrorReset();
   const std::string name = file.string();
+  Require_No_Device(file);
   const GDALDatasetUniquePtr vectors(
       GDALDataset::Open(name.c_str(), GDAL_OF_VECTOR | GDAL_OF_VERBOSE_ERROR));
   if (vectors == nullptr) {

@@ -2,6 +2,7 @@
 #include "site_program/site_program.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -74,6 +75,43 @@ TEST(SiteProgram, HelpAsJsonIsOneObject) {
   EXPECT_EQ(ran.status, 0);
   EXPECT_NE(nlohmann::json::parse(ran.out)["help"].get<std::string>().find("--crs"),
             std::string::npos);
+}
+
+TEST(SiteProgram, PipesAndDevicesAreRefusedAtOnce) {
+  const TemporaryFolder folder;
+  const std::string site = (folder.Path() / "site").string();
+  ASSERT_EQ(Play_Site({"init", site, "--crs", "EPSG:3067"}).status, 0);
+  const std::string pipe = (folder.Path() / "zero").string();
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const std::string table =
+      folder
+          .Write("t.csv",
+                 "name,width,height,f_mm,pixel_mm,x0_mm,y0_mm,omega,phi,kappa,X0,Y0,Z0\n"
+                 "zero,4,3,1,1,0,0,0,0,0,385000,6672000,100\n")
+          .native.string();
+  for (const std::string& file : {pipe, std::string("/dev/zero")}) {
+    for (const std::vector<std::string>& words :
+         {std::vector<std::string>{"import", "dem", site, file},
+          {"import", "tin", site, file},
+          {"import", "lidar", site, file, "--campaign", "2007"},
+          {"import", "trees", site, file, "--columns", "X=x,Y=y,TreeHeight=h"},
+          {"import", "images", site, table, file}}) {
+      const SitePlayed ran = Play_Site(words);
+      EXPECT_EQ(ran.status, 1) << testing::PrintToString(words);
+      EXPECT_NE(ran.err.find(file + ": the file cannot be read: it is not an ordinary file"),
+                std::string::npos)
+          << ran.err;
+    }
+  }
+}
+
+TEST(SiteProgram, ASystemThatIsNoneIsToldWithTheFileThatHoldsIt) {
+  const TemporaryFolder folder;
+  const std::string file = folder.Write("site.toml", "crs = \"EPSG:99999\"\n").native.string();
+  const SitePlayed ran = Play_Site({"report", folder.Path().string()});
+  EXPECT_EQ(ran.status, 1);
+  EXPECT_NE(ran.err.find(file + ": \"EPSG:99999\" is no coordinate system"), std::string::npos)
+      << ran.err;
 }
 
 TEST(SiteProgram, NegativeNumbersAreNumbers) {
