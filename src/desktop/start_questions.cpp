@@ -22,9 +22,9 @@ UsedRootAnswer Ask_About_Used_Root(const std::filesystem::path& root, const std:
       "Two programs would write the same files. The drives can be shown without writing anything, "
       "or another root can be chosen."));
   QPushButton* const another =
-      box.addButton(QStringLiteral("Another root ..."), QMessageBox::ActionRole);
-  QPushButton* const show = box.addButton(QStringLiteral("Only show"), QMessageBox::AcceptRole);
-  QPushButton* const quit = box.addButton(QStringLiteral("Quit"), QMessageBox::RejectRole);
+      box.addButton(QStringLiteral("&Another root ..."), QMessageBox::ActionRole);
+  QPushButton* const show = box.addButton(QStringLiteral("&Only show"), QMessageBox::AcceptRole);
+  QPushButton* const quit = box.addButton(QStringLiteral("&Quit"), QMessageBox::RejectRole);
   box.setDefaultButton(quit);
   box.setEscapeButton(quit);
   Lay_Out(box);

@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QToolButton>
+#include <algorithm>
 
 #include "desktop/dialog_layout.h"
 #include "desktop_aids/control_names.h"
@@ -66,7 +67,9 @@ Aids::Aids(Desktop& desktop, bool is_dark)
   }
   desktop.Shown().Main().addDockWidget(Qt::BottomDockWidgetArea, measured_);
   desktop.Shown().Main().addDockWidget(Qt::BottomDockWidgetArea, overlays_drawn_);
-  const int height = static_cast<int>(kDockHeight * Growth_Of_Letters());
+  const int third = desktop.Shown().Main().height() / 3;
+  const int height =
+      std::max(kDockHeight, std::min(third, static_cast<int>(kDockHeight * Growth_Of_Letters())));
   desktop.Shown().Main().resizeDocks({measured_, overlays_drawn_}, {height, height}, Qt::Vertical);
   measured_->hide();
   overlays_drawn_->hide();
@@ -78,6 +81,8 @@ Aids::Aids(Desktop& desktop, bool is_dark)
   Name_Controls(desktop);
   desktop.Dialogs().Be_Calm([this](const std::string& words) { strip_->Tell(words); });
   desktop.Shown().When_Mirrored([this] { Refresh(); });
+  magnifier_->When_Pointed(
+      [this](const AidedPanes::Place& place) { strip_->Show_Place_At(place); });
   // Else the first tick has the focus, and the space bar ticks it instead of dragging a pane.
   desktop.Shown().Main().findChild<QWidget*>(QStringLiteral("client"))->setFocus();
   Refresh();

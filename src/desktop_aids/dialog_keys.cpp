@@ -32,16 +32,15 @@ QPushButton* First_Button(const FormWindow& window) {
 DialogKeys::DialogKeys(Desktop& desktop) : desktop_(desktop) { qApp->installEventFilter(this); }
 
 /// Whether the focus was on a box, a tick or a dock beside the panes.
-bool DialogKeys::Give_Keys_To_Panes(const QWidget& focus) {
+void DialogKeys::Give_Keys_To_Panes(const QWidget& focus) {
   FormWindow& main = desktop_.Shown().Main();
   auto* client = main.findChild<QWidget*>(QStringLiteral("client"));
   const bool is_elsewhere = &focus != client && &focus != &main &&
                             qobject_cast<const QMenuBar*>(&focus) == nullptr &&
                             dynamic_cast<const PictureWidget*>(&focus) == nullptr;
-  if (!is_elsewhere) return false;
+  if (!is_elsewhere) return;
   main.activateWindow();
   client->setFocus();
-  return true;
 }
 
 bool DialogKeys::eventFilter(QObject* watched, QEvent* event) {
@@ -55,7 +54,8 @@ bool DialogKeys::eventFilter(QObject* watched, QEvent* event) {
   const bool is_beside_panes = widget->window() == &desktop_.Shown().Main() ||
                                qobject_cast<QDockWidget*>(widget->window()) != nullptr;
   if (is_beside_panes) {
-    return !is_enter && widget == widget->window()->focusWidget() && Give_Keys_To_Panes(*widget);
+    if (!is_enter && widget == widget->window()->focusWidget()) Give_Keys_To_Panes(*widget);
+    return false;  // others listen to Escape, too
   }
   auto* window = dynamic_cast<FormWindow*>(widget->window());
   if (window == nullptr) return false;

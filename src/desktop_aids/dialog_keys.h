@@ -19,7 +19,7 @@ class DialogKeys : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  bool Give_Keys_To_Panes(const QWidget& focus);
+  void Give_Keys_To_Panes(const QWidget& focus);
 
   Desktop& desktop_;
 };

@@ -81,6 +81,16 @@ void Paint_Caption(QPainter& painter, const QString& text, const QRect& rect) {
   painter.drawText(line.adjusted(4, 0, -4, 0), Qt::AlignVCenter | Qt::AlignLeft, text);
 }
 
+/// The part of a widget that no widget around it cuts off.
+QRect In_Sight(const QWidget& widget) {
+  QRect sight = widget.rect();
+  for (const QWidget* around = &widget; !around->isWindow();) {
+    around = around->parentWidget();
+    sight &= QRect(widget.mapFrom(around, QPoint()), around->size());
+  }
+  return sight;
+}
+
 }  // namespace
 
 Magnifier::Magnifier(const AidedPanes& panes)
@@ -168,17 +178,17 @@ void Magnifier::Look_At(const AidedPanes::Place& place) {
   update();
 }
 
-/// Centred on the pointer, inside the window.
+/// Centred on the pointer, inside what is in sight of a window that scrolls.
 void Magnifier::Place_Widget() {
   const PictureWidget& pane = panes_.Widget(place_.pane);
   const QPointF pointer = pane.pos() + place_.at + QPointF(kPictureBorder, kPictureBorder);
   QRect rect(QPoint(), size());
   rect.moveCenter(pointer.toPoint());
-  const QRect room = parentWidget()->rect();
+  const QRect room = In_Sight(*parentWidget());
   rect.moveRight(std::min(rect.right(), room.right()));
   rect.moveBottom(std::min(rect.bottom(), room.bottom()));
-  rect.moveLeft(std::max(rect.left(), 0));
-  rect.moveTop(std::max(rect.top(), 0));
+  rect.moveLeft(std::max(rect.left(), room.left()));
+  rect.moveTop(std::max(rect.top(), room.top()));
   move(rect.topLeft());
 }
 
@@ -243,6 +253,8 @@ void Magnifier::mouseMoveEvent(QMouseEvent* event) {
   cross_ = Exact_Position(*this, *event) - QPointF(kFrame, kFrame);
   update();
   Send(Kind::Move, *event);
+  const PanePosition at = Under_Cross();
+  if (pointed_) pointed_({place_.pane, {at.px, at.py}});
 }
 
 /// Another factor, about the place under the cross.

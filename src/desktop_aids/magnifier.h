@@ -7,7 +7,9 @@
 #include <QElapsedTimer>
 #include <QImage>
 #include <QWidget>
+#include <functional>
 #include <optional>
+#include <utility>
 
 #include "desktop_aids/aided_panes.h"
 #include "panes/magnified_view.h"
@@ -22,6 +24,11 @@ class Magnifier : public QWidget {
 
   /// The panes must outlive it.
   explicit Magnifier(const AidedPanes& panes);
+
+  /// Told while the pointer moves inside it.
+  void When_Pointed(std::function<void(const AidedPanes::Place&)> pointed) {
+    pointed_ = std::move(pointed);
+  }
 
   /// Repaints what the block has changed.
   void Refresh();
@@ -50,6 +57,7 @@ class Magnifier : public QWidget {
   void Send(OperatorEvent::Kind kind, const QMouseEvent& mouse);
 
   const AidedPanes& panes_;
+  std::function<void(const AidedPanes::Place&)> pointed_;
   AidedPanes::Place place_;  // what it was put over
   int factor_ = 8;
   bool held_ = false;

@@ -190,8 +190,8 @@ void Strip::Show_World(const std::optional<WorldFrame>& world) {
   if (!panes_.Owner().Is_Busy()) Show_Place();
 }
 
-void Strip::Point_At(int pane, const QMouseEvent& move) {
-  pointer_ = AidedPanes::Place{pane, Pane_Position(move.position())};
+void Strip::Show_Place_At(const AidedPanes::Place& place) {
+  pointer_ = place;
   if (!panes_.Owner().Is_Busy()) Show_Place();
 }
 
@@ -212,7 +212,7 @@ bool Strip::eventFilter(QObject* watched, QEvent* event) {
   const std::optional<int> pane = is_pointer ? panes_.Index_Of(watched) : std::nullopt;
   if (!pane) return false;
   if (event->type() == QEvent::MouseMove) {
-    Point_At(*pane, *static_cast<QMouseEvent*>(event));
+    Show_Place_At({*pane, Pane_Position(static_cast<QMouseEvent*>(event)->position())});
   } else {
     pointer_.reset();
     Show_Place();

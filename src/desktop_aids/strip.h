@@ -43,6 +43,9 @@ class Strip : public QStatusBar {
   /// Places are told in the world, too, when its frame is known.
   void Show_World(const std::optional<WorldFrame>& world);
 
+  /// Tells the ground at a place of a pane, until the pointer moves on or leaves the panes.
+  void Show_Place_At(const AidedPanes::Place& place);
+
   /// Shows words with what was written since the last event, until the next ones.
   void Tell(const std::string& words);
 
@@ -61,7 +64,6 @@ class Strip : public QStatusBar {
   void Ask_For(OperatorEvent::Kind kind);
   void Show_Message(const std::string& message);
   void Refresh_Buttons();
-  void Point_At(int pane, const QMouseEvent& move);
   bool Take_Key(const QObject* receiver, const QKeyEvent& key);
   void Show_Place();
 

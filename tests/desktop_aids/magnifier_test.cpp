@@ -63,6 +63,55 @@ TEST_F(Glass, AClickInItMeasuresAFractionOfAPixel) {
   EXPECT_TRUE(Magnifying().isVisible());
 }
 
+TEST_F(Glass, EscapeEndsItWhileATickHasTheFocus) {
+  Lock_At(0, 150, 140);
+  Get<QCheckBox>("Check4").setFocus();
+  QTest::keyClick(Main().focusWidget(), Qt::Key_Escape);
+  EXPECT_FALSE(Magnifying().isVisible());
+  EXPECT_EQ(Main().focusWidget()->objectName(), "client");
+}
+
+TEST_F(Glass, EscapeEndsItAfterAClickInIt) {
+  Lock_At(0, 150, 140);
+  QTest::mouseClick(&Magnifying(), Qt::LeftButton, {}, From_Middle(10, 0).toPoint());
+  QTest::keyClick(Main().focusWidget(), Qt::Key_Escape);
+  EXPECT_FALSE(Magnifying().isVisible());
+}
+
+// A pixel is 0.1 m: 4 magnifier pixels at 8x are 0.05 m.
+TEST_F(Glass, ThePlaceUnderItsCrossIsToldBelowThePanes) {
+  w().SolutionValid = true;
+  w().Solution3D = {0, 0, 0};
+  Lock_At(0, 150, 140);
+  const auto told_X = [&](double dx) {
+    Send_Mouse(Magnifying(), QEvent::MouseMove, From_Middle(dx, 0), Qt::NoButton, Qt::NoButton);
+    double X = 0;
+    const std::string words = Main().findChild<QLabel*>("StripPlace")->text().toStdString();
+    EXPECT_EQ(std::sscanf(words.c_str(), "X %lf", &X), 1) << words;
+    return X;
+  };
+  const double X = told_X(0);
+  EXPECT_NEAR(told_X(40) - X, 0.5, 0.011);
+  EXPECT_NEAR(told_X(80) - X, 1.0, 0.011);
+}
+
+// As on a screen that is smaller than the window's boxes.
+TEST_F(Glass, StandsInSightWhereTheWindowScrolls) {
+  Main().Scroll_On_Small_Screens();
+  Main().setMinimumSize(1, 1);
+  Main().resize(600, 520);
+  QApplication::processEvents();
+  ASSERT_GT(Pane(0).parentWidget()->width(), 600);
+  const QPoint corner = Pane(0).mapTo(&Main(), QPoint(0, 0));
+  Lock_At(0, std::min(w().PaneWidth - 20, 560 - corner.x()), 100);
+  const QWidget& seen = *Main().centralWidget();
+  const QPoint at = Magnifying().mapTo(&seen, QPoint(0, 0));
+  EXPECT_GE(at.x(), 0);
+  EXPECT_LE(at.x() + Magnifying().width(), seen.width());
+  EXPECT_GE(at.y(), 0);
+  EXPECT_LE(at.y() + Magnifying().height(), seen.height());
+}
+
 // With a scale factor of 2 the position in the widget is rounded to pixels of the window, the one
 // in the window is not: 2.5 pixels at 8x are 0.3125.
 TEST_F(Glass, AClickBetweenTwoPixelsOfTheWindowKeepsItsFraction) {
