@@ -99,9 +99,9 @@ std::string Import_Table(const std::vector<ImportEntry>& imports) {
 std::string Survey_Html(const SiteSurvey& survey) {
   const Site& site = survey.site;
   std::string text = kStart + std::string("<p>") + Escaped_For_Page(site.folder.string()) +
-                     "<br>Coordinate system " + Escaped_For_Page(site.crs);
+                     "</p>\n<p>Coordinate system " + Escaped_For_Page(site.crs);
   if (site.shift) {
-    text += Printed("<br>World = working + (%.0f, %.0f, 0) m", site.shift->X, site.shift->Y);
+    text += Printed("</p>\n<p>World = working + (%.0f, %.0f, 0) m", site.shift->X, site.shift->Y);
   }
   text += "</p>\n";
   for (const std::string& fault : survey.faults) {
