@@ -31,14 +31,14 @@ def write_lines(path, columns, pattern):
     np.savetxt(path, np.column_stack(columns), fmt=pattern, delimiter=",")
 
 
-def write_tin(side):
+def write_tin(name, side):
     east, north, height = grid(side, 400 / (side - 1))
     height += 100  # TIN2RASTER_Fast takes heights from 245 m on
-    write_lines(LARGE / "tin.nod", [a.ravel() for a in (east, north, height)], "%.2f")
+    write_lines(LARGE / f"{name}.nod", [a.ravel() for a in (east, north, height)], "%.2f")
     corner = (np.arange(side - 1)[:, None] * side + np.arange(side - 1)).ravel()
     lower = np.column_stack([corner, corner + 1, corner + side])
     upper = np.column_stack([corner + 1, corner + side + 1, corner + side])
-    np.savetxt(LARGE / "tin.tri", np.vstack([lower, upper]), fmt="%d", delimiter=",")
+    np.savetxt(LARGE / f"{name}.tri", np.vstack([lower, upper]), fmt="%d", delimiter=",")
 
 
 def write_raster(side):
@@ -118,6 +118,10 @@ def scripts():
     tin = "file c:\\data\\large\\tin.nod\nfile c:\\data\\large\\tin.tri\n"
     yield "images", load() + "".join(f"menu {zoom}\n" for zoom in (
         "Zoom1_10", "Zoom_1_1", "Zoom4_1")) + "menu Center_To_Sub_c_click\nmenu Center_to_xyz_click\n"
+    yield "start", (  # what bench_desktop_start begins with
+        load(model="c:\\data\\demo\\dem.hdr")
+        + "file c:\\data\\large\\start.nod\nfile c:\\data\\large\\start.tri\nmenu Add_Tin\n"
+        + "menu Print_ALS_near_solution\n")
     yield "heights", (
         load(PHOTOS[:6]) + tin + "menu Add_Tin\n" + tin + "menu Add_Tin_CHM\n"
         "file c:\\data\\large\\dem.hdr\nmenu Add_Raster_CHM\n"
@@ -166,7 +170,8 @@ def scripts():
 def main():
     LARGE.mkdir(exist_ok=True)
     REACH.mkdir(exist_ok=True)
-    write_tin(1001)
+    write_tin("tin", 1001)  # two million triangles
+    write_tin("start", 388)  # 300,000
     write_raster(8000)
     write_points(100_000)
     for folder, record in (("laser2006", 207), ("laser2007", 207), ("laser2004", 100)):
