@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::size_t kBlocksAtOnce = 4;
 constexpr std::uint64_t kPulsesOfShare = 100'000;  // untimed ones
-constexpr std::uint64_t kFewestOfShare = 1 << 17, kMostOfShare = 750'000, kShares = 2000;
+constexpr std::uint64_t kFewestOfShare = 1 << 16, kMostOfShare = 750'000, kShares = 2000;
 
 /// The shares of keys: those of times, and behind them those of pulses without a time, which are
 /// kept whole: their shares change at the first echoes of pulses.

@@ -3,9 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <random>
 
 #include "interchange/failures.h"
 #include "interchange/las_points.h"
@@ -89,6 +91,47 @@ TEST(FlightLines, TheHeadingIsThatOfTheEchoesMovement) {
     EXPECT_NEAR(std::atan2(heading->X, heading->Y) * 180 / std::numbers::pi, 60, 1);
   }
   EXPECT_FALSE(whole.Heading_Of(2));
+}
+
+TEST(FlightLines, TheOrderOfTheEchoesDoesNotChangeTheHeadingByABit) {
+  std::mt19937 random(8);
+  std::vector<EchoRecord> echoes;
+  for (int i = 0; i < 3000; ++i) {
+    echoes.push_back(Echo(345'678 + 1.7e-3 * i, random() % 200'000, 31.0 * i + random() % 1000));
+    echoes.back().line = static_cast<std::uint16_t>(1 + 64 * (i % 2));
+  }
+  const EchoFrame frame{{0.01, 0.01, 0.01}, {384'000, 6'675'000, 0}};
+  FlightLines whole;
+  whole.Add(echoes, frame);
+  for (int turn = 0; turn < 20; ++turn) {
+    std::shuffle(echoes.begin(), echoes.end(), random);
+    FlightLines parts;
+    for (std::size_t first = 0; first < 3000; first += 500) {
+      FlightLines part;
+      part.Add(std::span(echoes).subspan(first, 500), frame);
+      parts.Add(part);
+    }
+    for (const std::uint16_t line : {1, 65}) {
+      ASSERT_TRUE(parts.Heading_Of(line));
+      EXPECT_EQ(parts.Heading_Of(line)->X, whole.Heading_Of(line)->X);
+      EXPECT_EQ(parts.Heading_Of(line)->Y, whole.Heading_Of(line)->Y);
+    }
+  }
+}
+
+TEST(FlightLines, TimesAndPlacesThatNobodyMeasuresCountForNothing) {
+  FlightLines lines;
+  FlightLines::Taker taker(lines);
+  for (int i = 0; i < 10; ++i) taker.Take(3, i, 5.0 * i, 0);
+  for (const double absurd : {1e300, -1e300, 1e19}) {
+    taker.Take(3, absurd, 0, 7);
+    taker.Take(3, 4, absurd, 7);
+    taker.Take(4, 4, 7, absurd);
+  }
+  ASSERT_TRUE(lines.Heading_Of(3));
+  EXPECT_EQ(lines.Heading_Of(3)->X, 1);
+  EXPECT_EQ(lines.Heading_Of(3)->Y, 0);
+  EXPECT_FALSE(lines.Heading_Of(4));
 }
 
 TEST(Trajectory, IsLinearBetweenItsPositions) {

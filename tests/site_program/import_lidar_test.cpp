@@ -246,7 +246,8 @@ TEST_F(LidarSite, TheOrderOfTheEchoesInTheirFileDoesNotMatter) {
   for (int i = 0; i < 200000; ++i) {
     const int pulse = i / 2;
     las.points.push_back({kX + pulse % 1731 * 0.5, kY + pulse % 2111 * 0.25, 100.0 + pulse % 31,
-                          1 + i % 2, 2, 100 + pulse * 0.001, static_cast<std::uint16_t>(i)});
+                          1 + i % 2, 2, 100 + pulse * 0.001, static_cast<std::uint16_t>(i), 0,
+                          pulse % 41 - 20.0, static_cast<std::uint16_t>(pulse / 30'000)});
   }
   ASSERT_EQ(Import("2007", {Write("a.las", las)}).status, 0);
   auto ordered = Content();
