@@ -11,6 +11,7 @@
 #include "lidar/tile_2004.h"
 #include "panes/pane_drawing.h"
 #include "platform/files.h"
+#include "platform/many_steps.h"
 #include "platform/number_text.h"
 #include "platform/rounding.h"
 #include "state/camera_access.h"
@@ -65,7 +66,12 @@ void Plot_Lehtomaa(Workspace& w) {
   w.LidarPlotScale = kLehtomaaPlotScale;
   if (Is_Missing_Outside(w, tile)) return;
   Named_In(w, Path_Header_Name(Campaign::Als2004), [&] { Make_Missing_File(tile); });
-  for (const Lidar2004Record& record : Read_Tile_2004(tile)) Plot_Last_Echo(w, record, colours);
+  const auto records = Read_Tile_2004(tile);
+  ManySteps steps(static_cast<double>(records.size()));
+  for (const Lidar2004Record& record : records) {
+    steps.Step();
+    Plot_Last_Echo(w, record, colours);
+  }
 }
 
 int Whole_Metres(const LidarPoint& point, double height) {
@@ -95,7 +101,11 @@ void Plot_Rovik(Workspace& w) {
   const ColourMap colours = Read_Colours(w);
   const auto points = Read_Point_File(w.Drives.Locate("E:\\ROVIK\\Alue_b_8_Lidar.bin"));
   for (Picture& pane : w.Form1.Picture1) pane.DrawWidth = kDrawWidth;
-  for (const LidarPoint& point : points) Plot_Rovik_Point(w, point, colours);
+  ManySteps steps(static_cast<double>(points.size()));
+  for (const LidarPoint& point : points) {
+    steps.Step();
+    Plot_Rovik_Point(w, point, colours);
+  }
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include "commands/lidar/lidar_block.h"
 #include "panes/pane_drawing.h"
+#include "platform/work_meter.h"
 
 namespace sylvomex {
 namespace {
@@ -119,6 +120,14 @@ TEST_F(Als2004, RovikHeightsBeyondSixteenBitsAreAFailureAfterEarlierPoints) {
   Plot_Lidar_Of_Site(w, kSiteRovik);
   EXPECT_EQ(screen.messages, std::vector<std::string>{"An error has occurred!"});
   EXPECT_EQ(Marks(0).size(), 1U);
+}
+
+TEST_F(Als2004, ManyEchoesAreLeftWhenTheyAreCancelled) {
+  Write_Records(std::vector<Test2004Record>(40000, Last(kX, kY, 100)));
+  CancelAfter watcher(0);
+  const WatchedWork watched(&watcher);
+  EXPECT_THROW(plot_als_bin_file(w), Cancelled);
+  EXPECT_LT(Marks(0).size(), 40000U);
 }
 
 TEST_F(Als2004, TheCommandIsThatOfLehtomaa) {
