@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop_aids/control_names.h"
 
+#include <QAbstractButton>
+#include <algorithm>
 #include <climits>
 #include <cstdlib>
 #include <optional>
@@ -62,7 +64,35 @@ QString Name_Of(const FormWindow& window, const QString& control, const QWidget&
   return Label_Beside(widget, is_main ? Side::Right : Side::Left);
 }
 
+/// Of the control with which the words begin; empty for others.
+QString Name_Of_Control(const Windows& shown, const std::string& control) {
+  const std::size_t dot = control.find('.');
+  const bool is_main = dot == std::string::npos;
+  const FormWindow* window = shown.Find(is_main ? "Form1" : control.substr(0, dot));
+  if (window == nullptr) return {};
+  const QWidget* widget = window->Control_Widget(is_main ? control : control.substr(dot + 1));
+  if (widget == nullptr || !widget->accessibleName().isEmpty()) {
+    return widget == nullptr ? QString() : widget->accessibleName();
+  }
+  const auto* button = qobject_cast<const QAbstractButton*>(widget);
+  return button == nullptr ? QString() : button->text();
+}
+
 }  // namespace
+
+std::string Seen_Words(const Windows& shown, const std::string& words) {
+  const std::size_t end = std::min(words.find(' '), words.size());
+  const QString name = Name_Of_Control(shown, words.substr(0, end));
+  if (!name.isEmpty()) return Block_Text(name) + words.substr(end);
+  for (const WindowRow& row : All_Windows()) {
+    const std::string form(row.name);
+    const std::size_t at = words.find(form);
+    if (at == std::string::npos) continue;
+    return words.substr(0, at) + Block_Text(shown.Find(form)->windowTitle()) +
+           words.substr(at + form.size());
+  }
+  return words;
+}
 
 void Name_Controls(Desktop& desktop) {
   for (const WindowRow& row : All_Windows()) {

@@ -11,6 +11,7 @@
 
 #include "desktop/qt_text.h"
 #include "desktop/readable_text.h"
+#include "desktop_aids/control_names.h"
 #include "services/pointer_place.h"
 #include "workspace/mode_words.h"
 
@@ -147,7 +148,7 @@ void Strip::Ask_For(Kind kind) {
   panes_.Owner().Dispatch(event);
   if (history.Version() == version) return;  // refused, with a message
   const char* const done = kind == Kind::Undo ? "Undone: " : kind == Kind::Redo ? "Redone: " : "";
-  Show_Message(done + history.Told());
+  Show_Message(done + Seen_Words(panes_.Owner().Shown(), history.Told()));
 }
 
 void Strip::Show_Message(const std::string& message) {
@@ -172,8 +173,11 @@ void Strip::Refresh_Buttons() {
   const History* history = panes_.Owner().Kept();
   if (history == nullptr || undo_ == nullptr || shown_version_ == history->Version()) return;
   shown_version_ = history->Version();
-  Show_Text(*undo_, "Undo", "  (Alt+Backspace)", history->Undo_Text());
-  Show_Text(*redo_, "Redo", "  (Alt+Shift+Backspace)", history->Redo_Text());
+  const auto seen = [this](const std::string& words) {
+    return Seen_Words(panes_.Owner().Shown(), words);
+  };
+  Show_Text(*undo_, "Undo", "  (Alt+Backspace)", seen(history->Undo_Text()));
+  Show_Text(*redo_, "Redo", "  (Alt+Shift+Backspace)", seen(history->Redo_Text()));
   Show_Text(*take_back_, "Take back line", "", history->Line_Text(panes_.Block()));
 }
 

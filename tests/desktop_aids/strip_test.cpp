@@ -5,6 +5,7 @@
 #include <QScreen>
 
 #include "aids_fixture.h"
+#include "desktop_aids/control_names.h"
 
 namespace sylvomex {
 namespace {
@@ -119,6 +120,30 @@ TEST_F(StripTest, ASavedLineIsToldAndTakenBackByItsButton) {
   EXPECT_EQ(w().NextMeasurementNumber, 1);
   EXPECT_TRUE(Text("StripMessage").startsWith("Line taken back from"));
   EXPECT_FALSE(Button("TakeBackLine").isEnabled());
+}
+
+TEST_F(StripTest, StepsAreToldByWhatTheOperatorSees) {
+  auto& box = Get<QLineEdit>("Text5");
+  box.setFocus();
+  QTest::keyClicks(&box, "7");
+  EXPECT_EQ(Button("Undo").toolTip().section("  (", 0, 0), "Undo: Tw");
+  Choose("Open_Map_Window");
+  QTest::mouseClick(&Get<PictureWidget>("Picture1", "Form8"), Qt::LeftButton);
+  EXPECT_FALSE(Button("Undo").toolTip().contains("Form8"))
+      << Button("Undo").toolTip().toStdString();
+}
+
+TEST(SeenWords, HaveLabelsAndTitlesInPlaceOfNames) {
+  SmallSite site;
+  Desktop desktop(DesktopOptions{site.Drives(), QSize(1276, 700), {}, [] {}, false});
+  desktop.Start();
+  const Aids aids(desktop);
+  const Windows& shown = desktop.Shown();
+  EXPECT_EQ(Seen_Words(shown, "Form2.Text1 (2 times)"), "Z-depth of epipolar line , m (2 times)");
+  EXPECT_EQ(Seen_Words(shown, "Click in Form8"), "Click in SYLVOMEX MAP window");
+  EXPECT_EQ(Seen_Words(shown, "Check4"), "Esc");
+  EXPECT_EQ(Seen_Words(shown, "Clear images"), "Clear images");
+  EXPECT_EQ(Seen_Words(shown, ""), "");
 }
 
 // As wide as a screen of 1280 pixels at twice the size.
