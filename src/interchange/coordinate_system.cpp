@@ -5,6 +5,7 @@
 #include <cpl_error.h>
 #include <gdal_priv.h>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <mutex>
@@ -88,7 +89,11 @@ bool Same_Horizontal(const OGRSpatialReference& a, const OGRSpatialReference& b)
   return first->IsSame(second.get(), kOptions) != 0;
 }
 
-bool In_Area_Of_Use(const OGRSpatialReference& system, double X, double Y) {
+namespace {
+
+/// Whether a map position lies in the area of a system with half its size around it, at least some
+/// degrees.
+bool Is_Near_Area(const OGRSpatialReference& system, double X, double Y, double least_margin) {
   double west = 0, south = 0, east = 0, north = 0;
   const auto map = Horizontal_Part(system);
   if (!map->GetAreaOfUse(&west, &south, &east, &north, nullptr)) return true;
@@ -100,9 +105,23 @@ bool In_Area_Of_Use(const OGRSpatialReference& system, double X, double Y) {
   if (to_degrees == nullptr) return true;
   if (to_degrees->Transform(1, &X, &Y) == 0 || !std::isfinite(X) || !std::isfinite(Y)) return false;
   if (east < west) east += 360;
-  const double wide = (east - west) / 2;
-  const double high = (north - south) / 2;
+  const double wide = std::max((east - west) / 2, least_margin);
+  const double high = std::max((north - south) / 2, least_margin);
   return X > west - wide && X < east + wide && Y > south - high && Y < north + high;
+}
+
+}  // namespace
+
+bool In_Area_Of_Use(const OGRSpatialReference& system, double X, double Y) {
+  return Is_Near_Area(system, X, Y, 0);
+}
+
+void Refuse_Far_Away(const OGRSpatialReference& system, double X, double Y,
+                     const std::string& name) {
+  constexpr double kFarDegrees = 10;
+  if (Is_Near_Area(system, X, Y, kFarDegrees)) return;
+  throw Refused(name + ": by its own coordinate system it lies at " + std::to_string(X) + ", " +
+                std::to_string(Y) + ", far outside the area of the site's; is that system right?");
 }
 
 void Refuse_Exchanged_Axes(const OGRSpatialReference& system, double X, double Y,

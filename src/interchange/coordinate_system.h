@@ -41,6 +41,11 @@ bool Same_Horizontal(const OGRSpatialReference& a, const OGRSpatialReference& b)
 /// it; true where the area is not known.
 bool In_Area_Of_Use(const OGRSpatialReference& system, double X, double Y);
 
+/// Refused when a position that was reprojected into the system lies more than ten degrees outside
+/// the system's area, as with a file that tells a wrong system. name: the file.
+void Refuse_Far_Away(const OGRSpatialReference& system, double X, double Y,
+                     const std::string& name);
+
 /// Refused when a position lies far outside the area of the system, but would lie inside with X and
 /// Y exchanged. name: the file that gives the position.
 void Refuse_Exchanged_Axes(const OGRSpatialReference& system, double X, double Y,

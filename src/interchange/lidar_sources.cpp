@@ -54,6 +54,7 @@ MapExtent Reprojected(const MapExtent& from, const EchoSource& source, const std
                                  &to.east, &to.north, kEdgePoints) == 0) {
     throw Refused(source.name + ": its coordinates cannot be reprojected to the site's system");
   }
+  Refuse_Far_Away(second, (to.west + to.east) / 2, (to.south + to.north) / 2, source.name);
   return to;
 }
 

@@ -139,6 +139,8 @@ void RasterSource::Find_Place(const OGRSpatialReference& system, const std::stri
                                  &extent_.south, &extent_.east, &extent_.north, kEdgePoints) == 0) {
     throw Refused(name_ + ": the raster cannot be reprojected to the site's system");
   }
+  Refuse_Far_Away(target, (extent_.west + extent_.east) / 2, (extent_.south + extent_.north) / 2,
+                  name_);
   cell_ = from.IsProjected() != 0 ? cell_ * from.GetTargetLinearUnits("PROJCS") : through;
 }
 

@@ -83,6 +83,10 @@ VectorTable From_Layer(OGRLayer& layer, const std::string& site, const std::stri
     }
     table.rows.push_back(std::move(row));
   }
+  if (!table.rows.empty() && table.rows.front().at) {
+    const Point3D& first = *table.rows.front().at;
+    Refuse_Far_Away(Coordinate_System(site), first.X, first.Y, name);
+  }
   return table;
 }
 

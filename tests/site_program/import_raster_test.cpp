@@ -168,9 +168,13 @@ TEST_F(RasterSite, WhatIsNoHeightRasterIsRefused) {
   large.rows = 1;
   TestRaster swapped;  // northing and easting exchanged
   swapped.place = {6676000, 2, 0, 384000, 0, -2};
+  TestRaster elsewhere;  // the numbers of the site's place in a zone of southern Africa
+  elsewhere.crs = "EPSG:32735";
   std::vector<std::string> files = {nowhere.Write(Path("nowhere.tif")),
+                                    elsewhere.Write(Path("elsewhere.tif")),
                                     large.Write(Path("large.tif")),
-                                    swapped.Write(Path("swapped.tif")), Path("missing.tif"),
+                                    swapped.Write(Path("swapped.tif")),
+                                    Path("missing.tif"),
                                     folder.Write("text.tif", "hello").native.string()};
   TestRaster whole;
   whole.rows = 2000;
@@ -183,6 +187,17 @@ TEST_F(RasterSite, WhatIsNoHeightRasterIsRefused) {
     EXPECT_NE(played.err.find(file), std::string::npos) << played.err;
     EXPECT_EQ(Content(), before) << file;
   }
+}
+
+TEST_F(RasterSite, ARasterOfAWrongSystemIsRefusedByTheFirstImport) {
+  TestRaster elsewhere;
+  elsewhere.crs = "EPSG:32735";
+  const SitePlayed played = Import("dem", {elsewhere.Write(Path("elsewhere.tif"))});
+  EXPECT_EQ(played.status, 1);
+  EXPECT_NE(played.err.find("far outside the area of the site's"), std::string::npos) << played.err;
+  TestRaster neighbour;  // the next zone to the east of the site's own
+  neighbour.crs = "EPSG:32636";
+  EXPECT_EQ(Import("dem", {neighbour.Write(Path("neighbour.tif"))}).status, 0);
 }
 
 /// Heights that bilinear interpolation gives back exactly.
