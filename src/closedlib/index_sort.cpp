@@ -118,17 +118,25 @@ class RadixSort {
 
   template <class Get, class Put>
   void Pass(int pass, const Get& get, const Put& put) {
-    Each_Chunk([&](Chunk& chunk) {
-      chunk.places.fill(0);
-      for (std::size_t k = chunk.first; k < chunk.last; ++k) ++chunk.places[Digit(get(k), pass)];
-    });
+    Each_Chunk([&](Chunk& chunk) { Count_Digits(chunk, pass, get); });
     Count_To_Places(chunks_);
-    Each_Chunk([&](Chunk& chunk) {
-      for (std::size_t k = chunk.first; k < chunk.last; ++k) {
-        const Entry entry = get(k);
-        put(chunk.places[Digit(entry, pass)]++, entry);
-      }
-    });
+    Each_Chunk([&](Chunk& chunk) { Move_Entries(chunk, pass, get, put); });
+  }
+
+  // Functions of their own: inside the loop that tells the progress of the chunks they were
+  // compiled to a quarter more instructions.
+  template <class Get>
+  [[gnu::noinline]] static void Count_Digits(Chunk& chunk, int pass, Get get) {
+    chunk.places.fill(0);
+    for (std::size_t k = chunk.first; k < chunk.last; ++k) ++chunk.places[Digit(get(k), pass)];
+  }
+
+  template <class Get, class Put>
+  [[gnu::noinline]] static void Move_Entries(Chunk& chunk, int pass, Get get, Put put) {
+    for (std::size_t k = chunk.first; k < chunk.last; ++k) {
+      const Entry entry = get(k);
+      put(chunk.places[Digit(entry, pass)]++, entry);
+    }
   }
 
   template <class Work>
