@@ -102,8 +102,10 @@ TEST_F(Glass, StandsInSightWhereTheWindowScrolls) {
   Main().resize(600, 520);
   QApplication::processEvents();
   ASSERT_GT(Pane(0).parentWidget()->width(), 600);
-  const QPoint corner = Pane(0).mapTo(&Main(), QPoint(0, 0));
-  Lock_At(0, std::min(w().PaneWidth - 20, 560 - corner.x()), 100);
+  const int to_edge = 560 - Pane(1).mapTo(&Main(), QPoint(0, 0)).x();
+  ASSERT_GT(to_edge, 0);
+  ASSERT_LT(to_edge, w().PaneWidth);
+  Lock_At(1, to_edge, 100);
   const QWidget& seen = *Main().centralWidget();
   const QPoint at = Magnifying().mapTo(&seen, QPoint(0, 0));
   EXPECT_GE(at.x(), 0);
