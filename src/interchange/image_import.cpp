@@ -283,6 +283,7 @@ ImageImportResult Import_Images(const ImageImportSettings& settings) {
   result.format = Format_Name(table.format);
   result.convention = Convention_Name(convention, table.photos.front().rotation);
   result.shift = *site.shift;
+  result.columns_passed_over = table.passed_over;
   std::vector<Job> jobs = Jobs_Of(sources, settings, site, result);
   std::future<ImportEntry> entry =
       std::async(std::launch::async, [&settings, result] { return Entry_Of(settings, result); });

@@ -46,6 +46,8 @@ struct ImageImportResult {
   WorldShift shift;
   std::vector<ImportedImage> images;
   std::vector<std::string> passed_over;  // they do not show the circle
+  // Columns of the table that might tell another convention than the one that was used.
+  std::vector<std::string> columns_passed_over;
 };
 
 /// Refused for a table, a camera file or a photograph that cannot be read, a photograph without its

@@ -24,8 +24,9 @@ struct OrientationTable {
   TableFormat format = TableFormat::Plain;
   Convention stated;
   std::vector<PhotoGiven> photos;
-  std::string checksum;          // of the table
-  std::string cameras_checksum;  // of the camera file, empty without one
+  std::vector<std::string> passed_over;  // columns that might tell another convention
+  std::string checksum;                  // of the table
+  std::string cameras_checksum;          // of the camera file, empty without one
 };
 
 /// The name of a format on the command line: "plain", "angles", "frames", "text-model", "shots".

@@ -75,6 +75,10 @@ int Run_Import_Images(const ImagesArguments& arguments, SiteOutput& output) {
   }
   for (const std::string& name : result.passed_over) output.Say(name + " does not show the circle");
   output.Say("convention: " + result.convention);
+  for (const std::string& column : result.columns_passed_over) {
+    output.Warn(arguments.table.string() + ": " + column +
+                " is passed over; check orientation tells whether the convention fits");
+  }
   output.object["passed_over"] = result.passed_over;
   output.object["format"] = result.format;
   output.object["convention"] = result.convention;

@@ -206,6 +206,36 @@ TEST(FramesTable, FollowsItsFormula) {
   }
 }
 
+TEST(FramesTable, ValueInTheFrameGoesBeforeThatOfItsCamera) {
+  const NamedText cameras{
+      "CameraID,FocalLength,PixelSize,PrincipalX,NColumns,NRows\n7,100000,100,50,400,300\n",
+      "cameras.csv"};
+  const auto table = Parse_Orientation_Table(
+      {"Raster,CameraID,PerspectiveX,PerspectiveY,PerspectiveZ,Omega,Phi,Kappa,FocalLength,"
+       "PrincipalX\na,7,1,2,3,4,5,6,,\nb,7,1,2,3,4,5,6,120000,-20\n",
+       "frames.csv"},
+      cameras, "");
+  EXPECT_EQ(table.photos[0].camera.f_mm, 100);
+  EXPECT_EQ(table.photos[0].camera.pp_x, 0.5);
+  EXPECT_EQ(table.photos[1].camera.f_mm, 120);
+  EXPECT_EQ(table.photos[1].camera.pp_x, -0.2);
+  EXPECT_EQ(table.photos[1].camera.width, 400);
+  EXPECT_TRUE(table.passed_over.empty());
+}
+
+TEST(FramesTable, ColumnsThatMightTellAnotherConventionAreNamed) {
+  const auto table = Parse_Orientation_Table(
+      {"Raster,PerspectiveX,PerspectiveY,PerspectiveZ,Omega,Phi,Kappa,AngleDirection\n"
+       "a,1,2,3,4,5,6,-1\n",
+       "frames.csv"},
+      {"FocalLength,PixelSize,NColumns,NRows,FilmCoordinateSystem,AffineDirection\n"
+       "100000,100,400,300,2,\n",
+       "cameras.csv"},
+      "");
+  EXPECT_EQ(table.passed_over,
+            (std::vector<std::string>{"AngleDirection", "FilmCoordinateSystem"}));
+}
+
 TEST(TextModel, FollowsItsFormula) {
   const auto photos = Sample_Photos();
   std::string images = "# Image list\n#   IMAGE_ID, QW, QX, QY, QZ, TX, TY, TZ, CAMERA_ID, NAME\n";

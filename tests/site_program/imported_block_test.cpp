@@ -85,6 +85,30 @@ class ImportedBlock : public testing::Test {
   std::vector<std::string> files_;
 };
 
+TEST_F(ImportedBlock, ColumnThatMightTellAnotherConventionIsTold) {
+  std::string frames = "Raster,PerspectiveX,PerspectiveY,PerspectiveZ,Omega,Phi,Kappa\n";
+  for (const TablePhoto& p : photos_) {
+    frames += p.name + ".tif," + Full_Text(p.centre.X) + "," + Full_Text(p.centre.Y) + "," +
+              Full_Text(p.centre.Z) + "," + Full_Text(p.omega) + "," + Full_Text(p.phi) + "," +
+              Full_Text(p.kappa) + "\n";
+  }
+  const std::string table = source_.Write("frames.csv", frames).native.string();
+  std::vector<std::string> words = Import_Words(table);
+  words.emplace_back("--cameras");
+  words.push_back(source_
+                      .Write("cameras.csv",
+                             "FocalLength,PrincipalX,PrincipalY,PixelSize,NColumns,NRows,"
+                             "FilmCoordinateSystem\n100000,400,-700,100,400,300,1\n")
+                      .native.string());
+  const SitePlayed played = Play_Site(words);
+  ASSERT_EQ(played.status, 0) << played.err;
+  EXPECT_EQ(played.err,
+            "sylvomex-site: " + table +
+                ": FilmCoordinateSystem is passed over; check orientation tells whether "
+                "the convention fits\n");
+  Expect_Projections();
+}
+
 TEST_F(ImportedBlock, OpensInTheWorkstationAndProjectsAsTheTable) {
   photos_.resize(2);
   files_.resize(2);
