@@ -12,6 +12,7 @@
 #include "desktop/qt_text.h"
 #include "desktop/readable_text.h"
 #include "desktop_aids/control_names.h"
+#include "platform/guest_files.h"
 #include "services/pointer_place.h"
 #include "workspace/mode_words.h"
 
@@ -37,6 +38,14 @@ void Show_Text(QPushButton& button, const char* what, const char* key, const std
 // The words, and for narrow windows what stands before their colon.
 std::vector<std::string> With_Head(const std::string& words) {
   return {words, words.substr(0, words.find(": "))};
+}
+
+// The active mode, and before it that nothing can be saved.
+std::vector<std::string> State_Words(const Workspace& w) {
+  const std::string mode = Mode_Words(w);
+  if (!Only_Reads()) return With_Head(mode);
+  if (mode.empty()) return {"Only shown, nothing is written", "Only shown"};
+  return {"Only shown; " + mode, "Only shown; " + With_Head(mode).back()};
 }
 
 FittingLabel* Add_Label(const char* name, QBoxLayout& row, int stretch) {
@@ -164,7 +173,7 @@ void Strip::Tell(const std::string& words) {
 void Strip::Refresh() {
   if (panes_.Owner().Is_Busy()) return;
   if (const std::string words = written_.Take(); !words.empty()) Show_Message(words);
-  mode_->Show_Words(With_Head(Mode_Words(panes_.Block())));
+  mode_->Show_Words(State_Words(panes_.Block()));
   Refresh_Buttons();
   Show_Place();
 }

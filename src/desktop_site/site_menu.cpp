@@ -14,7 +14,6 @@
 #include "desktop_site/site_result.h"
 #include "desktop_site/site_words.h"
 #include "platform/guest_files.h"
-#include "platform/run_time_error.h"
 
 namespace sylvomex {
 namespace {
@@ -25,15 +24,6 @@ constexpr const char* kImages = "import images";
 constexpr const char* kExport = "export";
 
 bool Is(const SiteCommand& command, std::string_view words) { return words == command.words; }
-
-/// Whether this desktop may write below its root.
-bool May_Write(const std::filesystem::path& root) try {
-  const std::filesystem::path file = root / "site.toml";
-  Require_Writable({file.string(), file});
-  return true;
-} catch (const RunTimeError&) {
-  return false;
-}
 
 std::string_view First_Word(const SiteCommand& command) {
   const std::string_view words(command.words);
@@ -82,9 +72,8 @@ const std::filesystem::path& SiteMenu::Root() const { return desktop_.Block().Dr
 void SiteMenu::Refresh() {
   const std::optional<WorldFrame> frame = Frame_Of_Site(Root());
   const bool is_site = Has_Site(Root());
-  const bool may_write = May_Write(Root());
   for (const auto& [command, item] : items_) {
-    item->setEnabled(Is(*command, kNew) != is_site && (may_write || Is(*command, kExport)));
+    item->setEnabled(Is(*command, kNew) != is_site && (!Only_Reads() || Is(*command, kExport)));
   }
   aids_.Below().Show_World(frame);
 }

@@ -68,8 +68,10 @@ FilePath Scratch_File(const DriveMap& drives, std::string_view name) {
   return file;
 }
 
+bool Only_Reads() { return This_Guest() && !This_Guest()->guarded.empty(); }
+
 void Require_Writable(const FilePath& file) {
-  if (!This_Guest() || This_Guest()->guarded.empty()) return;
+  if (!Only_Reads()) return;
   if (!Lies_Below(Plain_Path(file.native), This_Guest()->guarded)) return;
   throw RunTimeError(
       Failure::PermissionDenied,

@@ -29,6 +29,9 @@ class GuestFiles {
 /// own folder. The name in messages stays.
 FilePath Scratch_File(const DriveMap& drives, std::string_view name);
 
+/// Whether this program only reads a root.
+bool Only_Reads();
+
 /// Throws RunTimeError(PermissionDenied) for a file below a root that this program only reads.
 void Require_Writable(const FilePath& file);
 

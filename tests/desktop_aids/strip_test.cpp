@@ -6,6 +6,7 @@
 
 #include "aids_fixture.h"
 #include "desktop_aids/control_names.h"
+#include "platform/guest_files.h"
 
 namespace sylvomex {
 namespace {
@@ -168,6 +169,15 @@ TEST_F(StripTest, TheActiveModeIsTold) {
   EXPECT_TRUE(Text("StripMode").startsWith("Drawing a polygon"));
   Choose("Draw_Polygon");
   EXPECT_EQ(Text("StripMode"), "");
+}
+
+TEST_F(StripTest, ADesktopThatOnlyReadsItsRootSaysSo) {
+  const GuestFiles guest(w().Drives.Root(), GuestAccess::ReadsOnly);
+  Choose("Draw_Polygon");
+  EXPECT_TRUE(Text("StripMode").startsWith("Only shown; Drawing a polygon"))
+      << Text("StripMode").toStdString();
+  Choose("Draw_Polygon");
+  EXPECT_EQ(Text("StripMode"), "Only shown, nothing is written");
 }
 
 // The view's middle lies below the camera at (0, 0), a pixel is 0.1 m.
