@@ -11,9 +11,10 @@
 namespace sylvomex {
 namespace {
 
-constexpr double kLongerSide = 800;  // of the longer side of what is drawn, pixels
-constexpr double kMargin = 60;       // room for the coordinates
-constexpr double kLeastBar = 90;     // pixels, of the scale bar
+constexpr double kLongerSide = 800;    // of the longer side of what is drawn, pixels
+constexpr double kMargin = 60;         // room for the coordinates
+constexpr double kMostMissing = 2000;  // tiles
+constexpr double kLeastBar = 90;       // pixels, of the scale bar
 
 /// 1, 2 or 5 times a power of ten, not below `least`.
 double Round_Step(double least) {
@@ -109,7 +110,8 @@ std::string Tiles_On_Map(const MapFrame& map, const SurveyedCampaign& campaign) 
   return text;
 }
 
-/// The tiles that are missing within the rectangle of those that are there.
+/// The tiles that are missing within the rectangle of those that are there, unless it is mostly
+/// empty: what lies between distant places is no gap.
 std::string Missing_On_Map(const MapFrame& map, const SurveyedCampaign& campaign) {
   std::set<std::pair<long, long>> there;
   MapRectangle all{1e30, 1e30, -1e30, -1e30};
@@ -119,6 +121,9 @@ std::string Missing_On_Map(const MapFrame& map, const SurveyedCampaign& campaign
            std::max(all.east, tile.west), std::max(all.north, tile.south)};
   }
   const auto side = std::lround(kTileSide);
+  const double whole =
+      ((all.east - all.west) / kTileSide + 1) * ((all.north - all.south) / kTileSide + 1);
+  if (whole - static_cast<double>(there.size()) > kMostMissing) return "";
   std::string text;
   for (long west = std::lround(all.west); west <= std::lround(all.east); west += side) {
     for (long south = std::lround(all.south); south <= std::lround(all.north); south += side) {

@@ -123,6 +123,16 @@ TEST_F(SurveySite, ThePageHasAMapAndNoForeignTags) {
   EXPECT_EQ(page.find("a<b"), std::string::npos);
 }
 
+TEST_F(SurveySite, TheMapMarksNoTilesBetweenDistantPlaces) {
+  SiteSurvey survey;
+  SurveyedCampaign campaign;
+  campaign.tiles = {{385000, 6672000, 20000}, {435000, 6722000, 20000}};
+  survey.campaigns = {campaign, SurveyedCampaign{}};
+  const std::string map = Survey_Map(survey);
+  EXPECT_EQ(map.find("no tile"), std::string::npos);
+  EXPECT_LT(map.size(), 20000U);
+}
+
 TEST_F(SurveySite, TheMapTellsGapsMissingTilesAndRoundCoordinates) {
   Write_Terrain();
   SiteSurvey survey = Survey_Site(Open_Site(site_.Path()));

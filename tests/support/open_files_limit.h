@@ -1,29 +1,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <sys/resource.h>
-
 #include <filesystem>
 #include <iterator>
+
+#include "support/resource_limit.h"
 
 namespace sylvomex {
 
 /// Limits how many files the process can open beyond those that are open, for a scope.
-class OpenFilesLimit {
+class OpenFilesLimit : public ResourceLimit {
  public:
-  explicit OpenFilesLimit(rlim_t more) {
-    getrlimit(RLIMIT_NOFILE, &old_);
-    const std::filesystem::directory_iterator open("/proc/self/fd");
-    const auto count = static_cast<rlim_t>(std::distance(begin(open), end(open)));
-    const rlimit limit{count + more, old_.rlim_max};
-    setrlimit(RLIMIT_NOFILE, &limit);
-  }
-  ~OpenFilesLimit() { setrlimit(RLIMIT_NOFILE, &old_); }
-  OpenFilesLimit(const OpenFilesLimit&) = delete;
-  OpenFilesLimit& operator=(const OpenFilesLimit&) = delete;
+  explicit OpenFilesLimit(rlim_t more) : ResourceLimit(RLIMIT_NOFILE, Open_Now() + more) {}
 
  private:
-  rlimit old_{};
+  static rlim_t Open_Now() {
+    const std::filesystem::directory_iterator open("/proc/self/fd");
+    return static_cast<rlim_t>(std::distance(begin(open), end(open)));
+  }
 };
 
 }  // namespace sylvomex
