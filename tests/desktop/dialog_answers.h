@@ -23,6 +23,9 @@ class DialogAnswers {
     timer_.start(5);
   }
 
+  /// From here on dialogs wait for the hands of the test itself.
+  void Leave_Dialogs_Open() { timer_.stop(); }
+
   // Answers, used in order. An input box or file dialog without one is dismissed.
   std::deque<std::string> inputs;
   std::deque<std::string> files;                         // native paths

@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <ostream>
 
 #include "aids_fixture.h"
 #include "desktop/dialog_layout.h"
@@ -34,6 +35,10 @@ class KeyboardTest : public AidedDesktop {
 struct OpenedWindow {
   const char* form;
   const char* command;
+
+  friend std::ostream& operator<<(std::ostream& out, const OpenedWindow& opened) {
+    return out << opened.command;
+  }
 };
 
 constexpr OpenedWindow kOpened[] = {
@@ -98,6 +103,7 @@ TEST_F(KeyboardTest, ThePaletteAndTheGuideAreNamedReachedByTabAndLeftByEscape) {
 }
 
 TEST_F(KeyboardTest, QuestionsAreNamedReachedByTabAndLeftByEscape) {
+  dialogs_.Leave_Dialogs_Open();
   QFileDialog files(&Main(), "Header file", QString::fromStdString(site_.Folder().Path()));
   files.setOption(QFileDialog::DontUseNativeDialog);
   QInputDialog input(&Main());

@@ -3,6 +3,7 @@
 // photographs where the cameras see points on the ground and above it, the pair is made by script,
 // and the spots' centres of gravity are compared in the rasters.
 #include <cmath>
+#include <ostream>
 
 #include "platform/list_reader.h"
 #include "stereo/normal_plane.h"
@@ -19,6 +20,10 @@ constexpr double kStart = 165;
 struct BaseAndAngles {
   Point3D base;  // metres; 40 % of the 800 m that a photograph shows
   double left[3], right[3];
+
+  friend std::ostream& operator<<(std::ostream& out, const BaseAndAngles& flight) {
+    return out << "base " << flight.base.X << ' ' << flight.base.Y << ' ' << flight.base.Z;
+  }
 };
 
 SmallImage Photograph_At(int id, const Point3D& centre, const double (&angles)[3]) {
