@@ -36,7 +36,7 @@ void AnsweringScreen::Note(DialogAnswer answer) {
 Answer AnsweringScreen::Message_Box(std::string_view text, Buttons buttons,
                                     std::string_view title) {
   const auto known = Known(DialogKind::Message, text);
-  const Answer answer = known ? known->button : behind_.Message_Box(text, buttons, title);
+  const Answer answer = known ? known->button : Behind().Message_Box(text, buttons, title);
   Note({DialogKind::Message, std::string(text), std::nullopt, answer});
   return answer;
 }
@@ -45,21 +45,16 @@ std::optional<std::string> AnsweringScreen::Input_Box(std::string_view prompt,
                                                       std::string_view title,
                                                       std::string_view preset) {
   const auto known = Known(DialogKind::Input, prompt);
-  auto text = known ? known->text : behind_.Input_Box(prompt, title, preset);
+  auto text = known ? known->text : Behind().Input_Box(prompt, title, preset);
   Note({DialogKind::Input, std::string(prompt), text});
   return text;
 }
 
 std::optional<std::string> AnsweringScreen::File_Dialog(const FileQuestion& question) {
   const auto known = Known(DialogKind::File, question.title);
-  auto file = known ? known->text : behind_.File_Dialog(question);
+  auto file = known ? known->text : Behind().File_Dialog(question);
   Note({DialogKind::File, question.title, file});
   return file;
-}
-
-void AnsweringScreen::Report_Error(std::string_view command, std::string_view text,
-                                   std::string_view native_path) {
-  behind_.Report_Error(command, text, native_path);
 }
 
 }  // namespace sylvomex

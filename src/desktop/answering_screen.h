@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "session/recorder.h"
-#include "state/screen.h"
+#include "state/forwarding_screen.h"
 
 namespace sylvomex {
 
@@ -21,10 +21,9 @@ struct DialogAnswer {
   bool operator==(const DialogAnswer&) const = default;
 };
 
-/// Forwards everything to another screen, which must outlive it.
-class AnsweringScreen : public Screen {
+class AnsweringScreen : public ForwardingScreen {
  public:
-  explicit AnsweringScreen(Screen& behind) : behind_(behind) {}
+  using ForwardingScreen::ForwardingScreen;
 
   /// Begins a new outer event: nothing has been answered, no answer is known.
   void Begin_Outer_Event();
@@ -37,26 +36,15 @@ class AnsweringScreen : public Screen {
   /// Those of the present outer event, in their order, the ones known before too.
   [[nodiscard]] const std::vector<DialogAnswer>& Given() const { return given_; }
 
-  void Tell_Cause(std::string_view cause) override { behind_.Tell_Cause(cause); }
   Answer Message_Box(std::string_view text, Buttons buttons, std::string_view title) override;
   std::optional<std::string> Input_Box(std::string_view prompt, std::string_view title,
                                        std::string_view preset) override;
   std::optional<std::string> File_Dialog(const FileQuestion& question) override;
-  void Beep(int frequency, int duration) override { behind_.Beep(frequency, duration); }
-  void Clear_Clipboard() override { behind_.Clear_Clipboard(); }
-  void Copy_To_Clipboard(const PaneBitmap& picture) override { behind_.Copy_To_Clipboard(picture); }
-  void Service_Events() override { behind_.Service_Events(); }
-  double Clock() override { return behind_.Clock(); }
-  double Random() override { return behind_.Random(); }
-  void Report_Error(std::string_view command, std::string_view text,
-                    std::string_view native_path) override;
-  void End_Session() override { behind_.End_Session(); }
 
  private:
   std::optional<DialogAnswer> Known(DialogKind kind, std::string_view question);
   void Note(DialogAnswer answer);
 
-  Screen& behind_;
   std::deque<DialogAnswer> known_;
   std::vector<DialogAnswer> given_;
 };

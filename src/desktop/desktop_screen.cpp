@@ -212,7 +212,7 @@ void DesktopScreen::Copy_To_Clipboard(const PaneBitmap& picture) {
 }
 
 bool DesktopScreen::Has_Serviced_Enough() {
-  const auto now = SteadyClock::now();
+  const auto now = now_();
   if (now - span_start_ > kServicingSpan) {
     span_start_ = now;
     serviced_in_span_ = 0;

@@ -58,6 +58,11 @@ class DesktopScreen : public Screen {
   /// calls within kServicingSpan wait for the next span.
   void Service_Events() override;
 
+  /// Another clock than that of the machine for the spans of the servicing.
+  void Use_Clock(std::function<std::chrono::steady_clock::time_point()> now) {
+    now_ = std::move(now);
+  }
+
   double Clock() override;
   double Random() override;
   void Report_Error(std::string_view command, std::string_view text,
@@ -88,6 +93,7 @@ class DesktopScreen : public Screen {
   QString last_folder_;
   Folders folders_;
   bool in_event_ = false;
+  std::function<SteadyClock::time_point()> now_ = SteadyClock::now;
   SteadyClock::time_point span_start_;
   int serviced_in_span_ = 0;
   SteadyClock::time_point start_ = SteadyClock::now();

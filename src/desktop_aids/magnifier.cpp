@@ -21,7 +21,7 @@ namespace {
 using Kind = OperatorEvent::Kind;
 
 constexpr std::array kFactors{4, 6, 8, 12, 16};
-constexpr int kTap = 250;  // milliseconds: a key held for less locks the magnifier
+constexpr quint64 kTap = 250;  // milliseconds: a key held for less locks the magnifier
 constexpr Colour kEpipolarColour{0, 255, 255};
 
 int Next_Factor(int factor, int direction) {
@@ -131,7 +131,7 @@ bool Magnifier::Key_Pressed(const QKeyEvent& key) {
   if (!locked_ && !panes_.Under(QCursor::pos())) return false;
   held_ = true;
   was_locked_ = locked_;
-  held_since_.start();
+  held_since_ = key.timestamp();
   if (!locked_) Show_At_Pointer();
   return true;
 }
@@ -140,7 +140,7 @@ bool Magnifier::Key_Released(const QKeyEvent& key) {
   if (key.key() != kKey || !held_) return false;
   if (key.isAutoRepeat()) return true;
   held_ = false;
-  if (!was_locked_ && isVisible() && held_since_.elapsed() < kTap) {
+  if (!was_locked_ && isVisible() && key.timestamp() - held_since_ < kTap) {
     Lock();
   } else {
     Put_Away();

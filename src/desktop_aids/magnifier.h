@@ -4,7 +4,6 @@
 // the pointer moves inside it and clicks there at fractions of a pixel.
 #pragma once
 
-#include <QElapsedTimer>
 #include <QImage>
 #include <QWidget>
 #include <functional>
@@ -63,7 +62,7 @@ class Magnifier : public QWidget {
   bool held_ = false;
   bool locked_ = false;
   bool was_locked_ = false;  // when the key went down
-  QElapsedTimer held_since_;
+  quint64 held_since_ = 0;   // milliseconds, as the window system counts them
   std::optional<MagnifiedView> view_;
   QImage painted_;
   QPointF cross_;  // position inside the square

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <utility>
 
@@ -14,6 +15,11 @@ namespace {
 
 constexpr int kSpace = 6;             // pixels
 constexpr double kLeastShare = 0.02;  // of a stretch, before its time left is worth telling
+
+double Machine_Seconds() {
+  const auto now = std::chrono::steady_clock::now().time_since_epoch();
+  return std::chrono::duration<double>(now).count();
+}
 
 }  // namespace
 
@@ -27,7 +33,8 @@ QString Duration_Text(double seconds) {
 ProgressBar::ProgressBar()
     : what_(new QLabel),
       bar_(new QProgressBar),
-      button_(new QPushButton(QStringLiteral("Cancel"))) {
+      button_(new QPushButton(QStringLiteral("Cancel"))),
+      seconds_(Machine_Seconds) {
   setObjectName(QStringLiteral("Progress"));
   what_->setObjectName(QStringLiteral("ProgressWhat"));
   what_->setTextFormat(Qt::PlainText);
@@ -62,21 +69,18 @@ void ProgressBar::Begin(const QString& what, std::function<void()> cancel,
   is_running_ = true;
   is_resting_ = false;
   done_ = stretch_start_ = 0;
-  clock_.start();
-  stretch_.start();
+  begun_ = stretch_begun_ = seconds_();
 }
-
-double ProgressBar::Seconds() const { return static_cast<double>(clock_.elapsed()) / 1000; }
 
 void ProgressBar::Update(double done) {
   if (!is_running_) return;
   if (done < done_ || done < 0 || is_resting_) {  // the next stretch of the work
     is_resting_ = false;
-    stretch_.start();
+    stretch_begun_ = seconds_();
     stretch_start_ = std::max(done, 0.0);
   }
   done_ = done;
-  if (Seconds() < kPatience) return;
+  if (seconds_() - begun_ < kPatience) return;
   Show_Done(done);
   setVisible(true);
 }
@@ -93,7 +97,7 @@ void ProgressBar::Show_Done(double done) {
   if (lead_title_) lead_title_(text + QStringLiteral(" - "));
   const double share = done - stretch_start_;
   if (share > kLeastShare) {
-    const double seconds = static_cast<double>(stretch_.elapsed()) / 1000;
+    const double seconds = seconds_() - stretch_begun_;
     text += QStringLiteral(", %1 left").arg(Duration_Text(seconds / share * (1 - done)));
   }
   bar_->setRange(0, 100);

@@ -3,10 +3,10 @@
 // panes has one; whatever runs uses it from Begin to End.
 #pragma once
 
-#include <QElapsedTimer>
 #include <QProgressBar>
 #include <QPushButton>
 #include <functional>
+#include <utility>
 
 class QLabel;
 
@@ -21,6 +21,9 @@ class ProgressBar : public QWidget {
   static constexpr double kPatience = 0.5;
 
   ProgressBar();
+
+  /// Another clock than that of the machine, seconds.
+  void Use_Clock(std::function<double()> seconds) { seconds_ = std::move(seconds); }
 
   /// Something begins. lead_title: called with what stands before the title of the window, "42 % -
   /// ", and with "" at the end. cancel: called when the operator asks for the end; may be empty.
@@ -44,13 +47,13 @@ class ProgressBar : public QWidget {
 
  private:
   void Show_Done(double done);
-  [[nodiscard]] double Seconds() const;
 
   QLabel* what_;
   QProgressBar* bar_;
   QPushButton* button_;
-  QElapsedTimer clock_;
-  QElapsedTimer stretch_;     // since the share was last below what it is now
+  std::function<double()> seconds_;
+  double begun_ = 0;
+  double stretch_begun_ = 0;  // when the share was last below what it is now
   double stretch_start_ = 0;  // the share then
   double done_ = 0;
   std::function<void()> cancel_;

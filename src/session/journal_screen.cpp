@@ -38,12 +38,12 @@ class OpenServicing {
 
 void JournalScreen::Tell_Cause(std::string_view cause) {
   if (!journal_.Is_Repeating()) journal_.Comment("cause " + One_Line(cause));
-  screen_->Tell_Cause(cause);
+  Behind().Tell_Cause(cause);
 }
 
 Answer JournalScreen::Message_Box(std::string_view text, Buttons buttons, std::string_view title) {
   OpenDialog dialog(journal_);
-  const Answer answer = screen_->Message_Box(text, buttons, title);
+  const Answer answer = Behind().Message_Box(text, buttons, title);
   dialog.Answered(DialogKind::Message, Answer_Name(answer));
   return answer;
 }
@@ -51,21 +51,21 @@ Answer JournalScreen::Message_Box(std::string_view text, Buttons buttons, std::s
 std::optional<std::string> JournalScreen::Input_Box(std::string_view prompt, std::string_view title,
                                                     std::string_view preset) {
   OpenDialog dialog(journal_);
-  std::optional<std::string> answer = screen_->Input_Box(prompt, title, preset);
+  std::optional<std::string> answer = Behind().Input_Box(prompt, title, preset);
   dialog.Answered(DialogKind::Input, answer);
   return answer;
 }
 
 std::optional<std::string> JournalScreen::File_Dialog(const FileQuestion& question) {
   OpenDialog dialog(journal_);
-  std::optional<std::string> answer = screen_->File_Dialog(question);
+  std::optional<std::string> answer = Behind().File_Dialog(question);
   dialog.Answered(DialogKind::File, answer);
   return answer;
 }
 
 void JournalScreen::Service_Events() {
   const OpenServicing servicing(journal_);
-  screen_->Service_Events();
+  Behind().Service_Events();
 }
 
 double JournalScreen::Random() { return Uniform_Of(generator_); }
@@ -75,13 +75,13 @@ void JournalScreen::Report_Error(std::string_view command, std::string_view text
   if (!journal_.Is_Repeating()) {
     journal_.Comment("error " + One_Line(command) + " " + Quoted(text));
   }
-  screen_->Report_Error(command, text, native_path);
+  Behind().Report_Error(command, text, native_path);
 }
 
 void JournalScreen::End_Session() {
   // One that is repeated here was killed after the answer: its session goes on.
   if (!journal_.Is_Repeating()) journal_.Exit();
-  screen_->End_Session();
+  Behind().End_Session();
 }
 
 }  // namespace sylvomex

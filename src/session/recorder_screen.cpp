@@ -6,7 +6,7 @@
 namespace sylvomex {
 
 Answer RecorderScreen::Message_Box(std::string_view text, Buttons buttons, std::string_view title) {
-  const Answer answer = screen_.Message_Box(text, buttons, title);
+  const Answer answer = Behind().Message_Box(text, buttons, title);
   if (buttons != Buttons::Ok) {
     recorder_.Dialog_Answered(DialogKind::Message, Answer_Name(answer));
   }
@@ -16,30 +16,25 @@ Answer RecorderScreen::Message_Box(std::string_view text, Buttons buttons, std::
 std::optional<std::string> RecorderScreen::Input_Box(std::string_view prompt,
                                                      std::string_view title,
                                                      std::string_view preset) {
-  std::optional<std::string> answer = screen_.Input_Box(prompt, title, preset);
+  std::optional<std::string> answer = Behind().Input_Box(prompt, title, preset);
   recorder_.Dialog_Answered(DialogKind::Input, answer);
   return answer;
 }
 
 std::optional<std::string> RecorderScreen::File_Dialog(const FileQuestion& question) {
-  std::optional<std::string> answer = screen_.File_Dialog(question);
+  std::optional<std::string> answer = Behind().File_Dialog(question);
   recorder_.Dialog_Answered(DialogKind::File, answer);
   return answer;
 }
 
 void RecorderScreen::Service_Events() {
   recorder_.Events_Serviced();
-  screen_.Service_Events();
-}
-
-void RecorderScreen::Report_Error(std::string_view command, std::string_view text,
-                                  std::string_view native_path) {
-  screen_.Report_Error(command, text, native_path);
+  Behind().Service_Events();
 }
 
 void RecorderScreen::End_Session() {
   recorder_.Finish();
-  screen_.End_Session();
+  Behind().End_Session();
 }
 
 }  // namespace sylvomex

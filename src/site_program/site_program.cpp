@@ -26,7 +26,7 @@ class Subcommand {
   }
 
   template <class Value>
-  CLI::Option* Add(const char* name, Value Arguments::*value) {
+  Subcommand& Add(const char* name, Value Arguments::*value) {
     const SiteField& field = Field_Of(row_, name);
     CLI::Option* const option = command_->add_option(name, (*arguments_).*value, field.help);
     option->required(field.required);
@@ -36,11 +36,18 @@ class Subcommand {
       option->check(CLI::IsMember(std::vector<std::string>(
           std::istream_iterator<std::string>(words), std::istream_iterator<std::string>())));
     }
-    return option;
+    return *this;
   }
 
-  void Check_With(void (*check)(const Arguments&)) {
+  /// Two options of which one at most may stand.
+  Subcommand& Excludes(const char* option, const char* other) {
+    command_->get_option(option)->excludes(command_->get_option(other));
+    return *this;
+  }
+
+  Subcommand& Check_With(void (*check)(const Arguments&)) {
     command_->parse_complete_callback([arguments = arguments_, check] { check(*arguments); });
+    return *this;
   }
 
   void Run_By(int (*run)(const Arguments&, SiteOutput&), ProgramTask& task) {
@@ -52,14 +59,6 @@ class Subcommand {
   CLI::App* command_ = nullptr;
   std::shared_ptr<Arguments> arguments_ = std::make_shared<Arguments>();
 };
-
-void Add_Init(CLI::App& app, ProgramTask& task) {
-  using A = InitArguments;
-  Subcommand<A> command(app, "init");
-  command.Add("SITE", &A::site);
-  command.Add("--crs", &A::crs);
-  command.Run_By(Run_Init, task);
-}
 
 /// Numbers that no image can make sense of are a wrong command line.
 void Check_Numbers(const ImagesArguments& arguments) {
@@ -75,90 +74,83 @@ void Check_Numbers(const ImagesArguments& arguments) {
   }
 }
 
-void Add_Import_Images(CLI::App& app, ProgramTask& task) {
+void Add_Image_Import(CLI::App& app, ProgramTask& task) {
   using A = ImagesArguments;
-  Subcommand<A> command(app, "import images");
-  command.Add("SITE", &A::site);
-  command.Add("TABLE", &A::table);
-  command.Add("FILE", &A::files);
-  command.Add("--cameras", &A::cameras);
-  command.Add("--format", &A::format);
-  command.Add("--stretch", &A::stretch);
-  command.Add("--around", &A::around);
-  command.Check_With(Check_Numbers);
-  command.Run_By(Run_Import_Images, task);
+  Subcommand<A>(app, "import images")
+      .Add("SITE", &A::site)
+      .Add("TABLE", &A::table)
+      .Add("FILE", &A::files)
+      .Add("--cameras", &A::cameras)
+      .Add("--format", &A::format)
+      .Add("--stretch", &A::stretch)
+      .Add("--around", &A::around)
+      .Check_With(Check_Numbers)
+      .Run_By(Run_Import_Images, task);
 }
 
-void Add_Import_Raster(CLI::App& app, ProgramTask& task, const char* words, const char* files,
-                       int (*run)(const RasterArguments&, SiteOutput&)) {
-  Subcommand<RasterArguments> command(app, words);
-  command.Add("SITE", &RasterArguments::site);
-  command.Add(files, &RasterArguments::files);
-  command.Run_By(run, task);
+void Add_Raster_Imports(CLI::App& app, ProgramTask& task) {
+  using A = RasterArguments;
+  const auto add = [&](const char* words, const char* files, auto* run) {
+    Subcommand<A>(app, words).Add("SITE", &A::site).Add(files, &A::files).Run_By(run, task);
+  };
+  add("import dem", "RASTER", Run_Import_Dem);
+  add("import chm", "RASTER", Run_Import_Chm);
+  add("import tin", "RASTER_OR_LIDAR", Run_Import_Tin);
 }
 
-void Add_Import_Lidar(CLI::App& app, ProgramTask& task) {
-  using A = LidarArguments;
-  Subcommand<A> command(app, "import lidar");
-  command.Add("SITE", &A::site);
-  command.Add("FILE", &A::files);
-  command.Add("--campaign", &A::campaign);
-  CLI::Option* const trajectory = command.Add("--trajectory", &A::trajectory);
-  command.Add("--flying-height", &A::flying_height)->excludes(trajectory);
-  command.Run_By(Run_Import_Lidar, task);
-}
-
-void Add_Import_Trees(CLI::App& app, ProgramTask& task) {
-  using A = TreesArguments;
-  Subcommand<A> command(app, "import trees");
-  command.Add("SITE", &A::site);
-  command.Add("FILE", &A::file);
-  command.Add("--columns", &A::columns);
-  command.Run_By(Run_Import_Trees, task);
+void Add_List_Imports(CLI::App& app, ProgramTask& task) {
+  Subcommand<LidarArguments>(app, "import lidar")
+      .Add("SITE", &LidarArguments::site)
+      .Add("FILE", &LidarArguments::files)
+      .Add("--campaign", &LidarArguments::campaign)
+      .Add("--trajectory", &LidarArguments::trajectory)
+      .Add("--flying-height", &LidarArguments::flying_height)
+      .Excludes("--flying-height", "--trajectory")
+      .Run_By(Run_Import_Lidar, task);
+  Subcommand<TreesArguments>(app, "import trees")
+      .Add("SITE", &TreesArguments::site)
+      .Add("FILE", &TreesArguments::file)
+      .Add("--columns", &TreesArguments::columns)
+      .Run_By(Run_Import_Trees, task);
 }
 
 void Add_Check(CLI::App& app, ProgramTask& task) {
   using A = CheckArguments;
-  Subcommand<A> command(app, "check orientation");
-  command.Add("SITE", &A::site);
-  command.Add("TABLE", &A::table);
-  command.Add("OBSERVATIONS", &A::observations);
-  command.Add("POINTS", &A::points);
-  command.Add("--cameras", &A::cameras);
-  command.Add("--format", &A::format);
-  command.Run_By(Run_Check_Orientation, task);
+  Subcommand<A>(app, "check orientation")
+      .Add("SITE", &A::site)
+      .Add("TABLE", &A::table)
+      .Add("OBSERVATIONS", &A::observations)
+      .Add("POINTS", &A::points)
+      .Add("--cameras", &A::cameras)
+      .Add("--format", &A::format)
+      .Run_By(Run_Check_Orientation, task);
 }
 
-void Add_Report(CLI::App& app, ProgramTask& task) {
-  Subcommand<ReportArguments> command(app, "report");
-  command.Add("SITE", &ReportArguments::site);
-  command.Run_By(Run_Report, task);
-}
-
-void Add_Export(CLI::App& app, ProgramTask& task) {
-  using A = ExportArguments;
-  Subcommand<A> command(app, "export");
-  command.Add("SITE", &A::site);
-  command.Add("WHAT", &A::what);
-  command.Add("INPUT", &A::input);
-  command.Add("OUTPUT", &A::output);
-  command.Run_By(Run_Export, task);
+void Add_Results(CLI::App& app, ProgramTask& task) {
+  Subcommand<ReportArguments>(app, "report")
+      .Add("SITE", &ReportArguments::site)
+      .Run_By(Run_Report, task);
+  Subcommand<ExportArguments>(app, "export")
+      .Add("SITE", &ExportArguments::site)
+      .Add("WHAT", &ExportArguments::what)
+      .Add("INPUT", &ExportArguments::input)
+      .Add("OUTPUT", &ExportArguments::output)
+      .Run_By(Run_Export, task);
 }
 
 void Add_Subcommands(CLI::App& app, ProgramTask& task) {
   app.require_subcommand(1);
-  Add_Init(app, task);
+  Subcommand<InitArguments>(app, "init")
+      .Add("SITE", &InitArguments::site)
+      .Add("--crs", &InitArguments::crs)
+      .Run_By(Run_Init, task);
   app.add_subcommand("import", "brings data into a site")->require_subcommand(1);
-  Add_Import_Images(app, task);
-  Add_Import_Raster(app, task, "import dem", "RASTER", Run_Import_Dem);
-  Add_Import_Raster(app, task, "import chm", "RASTER", Run_Import_Chm);
-  Add_Import_Raster(app, task, "import tin", "RASTER_OR_LIDAR", Run_Import_Tin);
-  Add_Import_Lidar(app, task);
-  Add_Import_Trees(app, task);
+  Add_Image_Import(app, task);
+  Add_Raster_Imports(app, task);
+  Add_List_Imports(app, task);
   app.add_subcommand("check", "checks input before its import")->require_subcommand(1);
   Add_Check(app, task);
-  Add_Report(app, task);
-  Add_Export(app, task);
+  Add_Results(app, task);
 }
 
 }  // namespace

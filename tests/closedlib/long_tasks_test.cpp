@@ -93,15 +93,16 @@ TEST(LongTasks, TheCallingThreadIsLookedAtWhileItWaitsForAnother) {
         ADD_FAILURE() << "nobody ended the other thread";
       }
       while (!other_works) std::this_thread::yield();
-      watcher.is_asked = false;
     };
     std::thread asks([&] {
-      while (!other_works) std::this_thread::yield();
-      std::this_thread::sleep_for(std::chrono::milliseconds(100));
+      // The first two looks are at what it did itself.
+      const Clock::time_point begin = Clock::now();
+      while (watcher.looks < 4 && Clock::now() - begin < kPatience) std::this_thread::yield();
       watcher.is_asked = true;
     });
     EXPECT_THROW(Run_Long_Tasks(2, task), Cancelled);
     asks.join();
+    EXPECT_GE(watcher.looks, 4);
   });
 }
 

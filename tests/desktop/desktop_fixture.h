@@ -23,13 +23,13 @@ class DesktopTest : public testing::Test {
     desktop_ = std::make_unique<Desktop>(
         DesktopOptions{site_.Drives(), QSize(1000, 700), record, [this] { ++ends_; }});
     desktop_->Start();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&Main()));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&Main(), 60000));
   }
 
   /// Waits for a condition that pending events will fulfil.
   template <class Condition>
   static bool Soon(Condition&& condition) {
-    return QTest::qWaitFor(condition, 2000);
+    return QTest::qWaitFor(condition, 60000);
   }
 
   Workspace& w() { return desktop_->Block(); }

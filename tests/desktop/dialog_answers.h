@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QTimer>
 #include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,7 @@ class DialogAnswers {
   bool silence = false;  // ticks "Do not show this message again ..." where it is offered
 
   // What was shown.
+  std::function<void(QDialog&)> when_asked;  // called with a dialog before it is answered
   std::vector<std::string> messages;
   std::vector<std::string> details;  // of the message boxes, empty for those without
   std::vector<std::string> titles;   // of all dialogs
@@ -61,6 +63,8 @@ class DialogAnswers {
 
   void Answer_Front_Dialog() {
     QWidget* front = QApplication::activeModalWidget();
+    auto* const dialog = qobject_cast<QDialog*>(front);
+    if (dialog != nullptr && when_asked) when_asked(*dialog);
     if (auto* file = qobject_cast<QFileDialog*>(front)) return Answer_File(*file);
     if (auto* input = qobject_cast<QInputDialog*>(front)) return Answer_Input(*input);
     if (auto* message = qobject_cast<QMessageBox*>(front)) Answer_Message(*message);

@@ -129,7 +129,8 @@ TEST(DialogLayout, AFileDialogShowsSizesAndDatesInFull) {
   Lay_Out(dialog);
   dialog.show();
   auto& files = *dialog.findChild<QTreeView*>("treeView");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return files.model()->rowCount(files.rootIndex()) == 1; }));
+  ASSERT_TRUE(
+      QTest::qWaitFor([&] { return files.model()->rowCount(files.rootIndex()) == 1; }, 60000));
   QApplication::processEvents();
   for (int column = 0; column < files.model()->columnCount(); ++column) {
     if (files.isColumnHidden(column)) continue;

@@ -38,7 +38,7 @@ struct FormWindowTest : testing::Test {
   FormWindowTest() {
     form.Visible = true;
     window.Mirror();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window, 60000));
     events.steps.clear();
   }
 

@@ -38,13 +38,20 @@ class FileDropsTest : public AidedDesktop {
 
   /// Chooses in the menu that asks for the kind of a model, as soon as it is there.
   void Choose_In_Menu(qsizetype line) {
-    QTimer::singleShot(50, &Main(), [line] {
+    auto* const look = new QTimer(&Main());
+    QObject::connect(look, &QTimer::timeout, look, [this, look, line] {
       auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-      ASSERT_NE(menu, nullptr);
+      if (menu == nullptr) return;
+      look->stop();
+      look->deleteLater();
       for (qsizetype k = 0; k < line; ++k) QTest::keyClick(menu, Qt::Key_Down);
       QTest::keyClick(menu, Qt::Key_Return);
+      ++chosen_;
     });
+    look->start(5);
   }
+
+  int chosen_ = 0;  // lines of menus
 };
 
 TEST_F(FileDropsTest, HeadersOfImagesAreAddedInTheOrderOfTheirNames) {
@@ -88,7 +95,8 @@ TEST_F(FileDropsTest, AModelThatIsNotWantedIsNotAdded) {
   Write_Flat_Model(site_.Folder(), 37);
   Choose_In_Menu(3);
   ASSERT_TRUE(Drop(Main(), {"c/data/dem.hdr"}));
-  QTest::qWait(100);
+  ASSERT_TRUE(Soon([this] { return chosen_ == 1; }));
+  QApplication::processEvents();
   EXPECT_FALSE(w().RasterDemLoaded);
   EXPECT_EQ(w().RasterChm.columns, 0);
 }

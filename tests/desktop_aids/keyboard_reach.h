@@ -75,7 +75,7 @@ inline std::set<QWidget*> Reached_By_Tab(QWidget& window) {
 
 inline void Expect_Tab_Reaches_All(QWidget& window, const QWidget& inside) {
   window.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&window)) << window.windowTitle().toStdString();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window, 60000)) << window.windowTitle().toStdString();
   const std::set<QWidget*> reached = Reached_By_Tab(window);
   for (QWidget* widget : Usable_Controls(inside)) {
     const auto* radio = qobject_cast<const QAbstractButton*>(widget);

@@ -52,7 +52,7 @@ TEST_F(LooksTest, ANumberThatIsTooLongForItsBoxLosesDecimals) {
   EXPECT_NEAR(shown.toDouble(), -0.0123456789, 1e-4);
   EXPECT_LE(box.fontMetrics().horizontalAdvance(shown), box.width());
   Main().activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&Main()));
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&Main(), 60000));
   box.setFocus();
   EXPECT_EQ(box.Painted_Text(), "-0.0123456789012345");
 }

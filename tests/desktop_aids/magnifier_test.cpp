@@ -11,6 +11,13 @@ class Glass : public AidedDesktop {
   void Press_Down() { QTest::keyPress(&Pane(0), Magnifier::kKey); }
   void Let_Go() { QTest::keyRelease(&Pane(0), Magnifier::kKey); }
 
+  /// The key as the window system tells of it.
+  static void Send_Key(QWidget& to, QEvent::Type type, quint64 milliseconds) {
+    QKeyEvent event(type, Magnifier::kKey, Qt::NoModifier, QStringLiteral("g"));
+    event.setTimestamp(milliseconds);
+    QApplication::sendEvent(&to, &event);
+  }
+
   void Lock_At(int pane, double px, double py) {
     Point_At(pane, px, py);
     Pane(0).setFocus();
@@ -32,11 +39,14 @@ TEST_F(Glass, IsThereWhileItsKeyIsHeld) {
   Point_At(0, 150, 140);
   Pane(0).setFocus();
   EXPECT_FALSE(Magnifying().isVisible());
-  Press_Down();
+  Send_Key(Pane(0), QEvent::KeyPress, 70'000);
   EXPECT_TRUE(Magnifying().isVisible());
-  QTest::qWait(300);
-  Let_Go();
+  Send_Key(Pane(0), QEvent::KeyRelease, 70'250);
   EXPECT_FALSE(Magnifying().isVisible());
+  EXPECT_FALSE(Magnifying().Is_Locked());
+  Send_Key(Pane(0), QEvent::KeyPress, 80'000);
+  Send_Key(Pane(0), QEvent::KeyRelease, 80'249);
+  EXPECT_TRUE(Magnifying().Is_Locked());
 }
 
 TEST_F(Glass, ATapLocksItAndAnotherTapOrEscapeEndsIt) {
@@ -171,10 +181,9 @@ TEST_F(Glass, ItsKeyWorksAtOnceAfterTheStartAndBesideATickWithTheFocus) {
   for (const bool is_on_tick : {false, true}) {
     if (is_on_tick) Get<QCheckBox>("Check4").setFocus();
     ASSERT_NE(Main().focusWidget(), nullptr);
-    QTest::keyPress(Main().focusWidget(), Magnifier::kKey);
+    Send_Key(*Main().focusWidget(), QEvent::KeyPress, 1000);
     EXPECT_TRUE(Magnifying().isVisible()) << is_on_tick;
-    QTest::qWait(300);
-    QTest::keyRelease(Main().focusWidget(), Magnifier::kKey);
+    Send_Key(*Main().focusWidget(), QEvent::KeyRelease, 1300);
     EXPECT_FALSE(Magnifying().isVisible());
   }
 }

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "desktop_aids/measured_dock.h"
 
-#include <QElapsedTimer>
-
 #include "aids_fixture.h"
 
 namespace sylvomex {
@@ -23,7 +21,7 @@ class Measured : public AidedDesktop {
     Main().findChild<QAction*>("MeasuredDock")->trigger();
     ASSERT_TRUE(Dock().isVisible());
     QApplication::processEvents();
-    QTest::qWait(150);  // the panes take their new size
+    ASSERT_TRUE(Soon([this] { return w().Form1.ClientWidth == Main().centralWidget()->width(); }));
   }
 
   MeasuredDock& Dock() { return aids_->Measured(); }

@@ -90,16 +90,12 @@ TEST_F(RecentFilesTest, ADialogOpensInTheFolderOfItsOwnKind) {
   dialogs_.files.push_back(other.string());
   Choose("Add_Raster_CHM");
   std::vector<std::string> folders;
-  const auto look = [&] {
-    QTimer::singleShot(0, &Main(), [&] {
-      if (auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
-        folders.push_back(dialog->directory().path().toStdString());
-      }
-    });
+  dialogs_.when_asked = [&](QDialog& asked) {
+    if (auto* dialog = qobject_cast<QFileDialog*>(&asked)) {
+      folders.push_back(dialog->directory().path().toStdString());
+    }
   };
-  look();
   Choose("Add_images_to_set");
-  look();
   Choose("Add_Raster_CHM");
   ASSERT_EQ(folders.size(), 2u);
   EXPECT_TRUE(folders[0].ends_with("/c/data")) << folders[0];

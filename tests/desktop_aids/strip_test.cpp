@@ -17,7 +17,7 @@ class StripTest : public DesktopTest {
     desktop_ = std::make_unique<Desktop>(
         DesktopOptions{site_.Drives(), QSize(1276, 700), {}, [] {}, false});
     desktop_->Start();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&Main()));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&Main(), 60000));
     Add_Two_Images();
     aids_.emplace(*desktop_);
   }
@@ -66,11 +66,9 @@ TEST_F(StripTest, WhileACommandRunsItTellsWhyNothingIsUndone) {
   Click_Pane(1, 50, 60);
   dialogs_.inputs = {"not a number"};
   bool asked = false;
-  // The command's question is open then.
-  QTimer::singleShot(0, [&] {
-    asked = true;
-    Button("Undo").click();
-  });
+  dialogs_.when_asked = [&](QDialog&) {
+    if (!std::exchange(asked, true)) Button("Undo").click();
+  };
   Choose("Set_3D_solution");
   ASSERT_TRUE(asked);
   EXPECT_EQ(w().Form1.Check1(1).Value, 1);

@@ -70,7 +70,7 @@ class SiteMenuTest : public AidedDesktop {
   }
   static bool Ends_With(SiteDialog& dialog, const std::string& state) {
     return QTest::qWaitFor([&] { return State(dialog) != "" && State(dialog) != "Running ..."; },
-                           20000) &&
+                           60000) &&
            State(dialog) == state;
   }
 
@@ -159,7 +159,7 @@ TEST_F(SiteMenuTest, NothingRunsBeforeAllThatIsRequiredIsThere) {
 
 TEST_F(SiteMenuTest, ADialogBeginsInItsFirstFieldAndTabGoesOnInOrder) {
   SiteDialog& dialog = Open("init");
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog, 60000));
   EXPECT_EQ(dialog.focusWidget(), dialog.findChild<QLineEdit*>("--crs"));
   QTest::keyClicks(dialog.focusWidget(), "EPSG:3067");
   QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);

@@ -5,12 +5,11 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <cstring>
-#include <optional>
 
 #include "interchange/failures.h"
 #include "interchange/las_header.h"
+#include "support/environment_variable.h"
 #include "support/las_files.h"
 #include "support/temporary_folder.h"
 
@@ -44,28 +43,6 @@ const library = {
 };
 exports.create = async () => library;
 )js";
-
-/// An environment variable for a scope.
-class Variable {
- public:
-  Variable(const char* name, const std::string& value) : name_(name) {
-    if (const char* old = std::getenv(name)) old_ = old;
-    setenv(name, value.c_str(), 1);
-  }
-  ~Variable() {
-    if (old_) {
-      setenv(name_, old_->c_str(), 1);
-    } else {
-      unsetenv(name_);
-    }
-  }
-  Variable(const Variable&) = delete;
-  Variable& operator=(const Variable&) = delete;
-
- private:
-  const char* name_;
-  std::optional<std::string> old_;
-};
 
 template <class Value>
 void Put(std::string& bytes, std::size_t at, Value value) {
@@ -135,7 +112,7 @@ struct LazDecoder : testing::Test {
 
 TEST_F(LazDecoder, ThePackageIsFoundThroughNodePath) {
   folder.Write("lib/laz-perf/index.js", kStandIn);
-  const Variable path("NODE_PATH", (folder.Path() / "lib").string());
+  const EnvironmentVariable path("NODE_PATH", (folder.Path() / "lib").string());
   const std::string laz = Compressed();
   Decode_Laz(laz, las, "a.laz");
   const LasHeader header = Read_Las_Header(las, "out.las");
@@ -146,27 +123,27 @@ TEST_F(LazDecoder, ThePackageIsFoundThroughNodePath) {
 
 TEST_F(LazDecoder, ThePackageIsFoundThroughItsOwnVariable) {
   folder.Write("here/node_modules/laz-perf/index.js", kStandIn);
-  const Variable none("NODE_PATH", "");
-  const Variable own("SYLVOMEX_LAZPERF", (folder.Path() / "here").string());
+  const EnvironmentVariable none("NODE_PATH", "");
+  const EnvironmentVariable own("SYLVOMEX_LAZPERF", (folder.Path() / "here").string());
   Decode_Laz(Compressed(), las, "a.laz");
   EXPECT_EQ(Read_Las_Header(las, "out.las").count, 70000U);
 }
 
 TEST_F(LazDecoder, WithoutThePackageTheMessageSaysHowToInstallIt) {
-  const Variable none("NODE_PATH", "");
-  const Variable own("SYLVOMEX_LAZPERF", "");
+  const EnvironmentVariable none("NODE_PATH", "");
+  const EnvironmentVariable own("SYLVOMEX_LAZPERF", "");
   EXPECT_NE(Refusal(Compressed()).find("\"npm install laz-perf\""), std::string::npos);
 }
 
 TEST_F(LazDecoder, WithoutNodeTheMessageSaysSo) {
-  const Variable path("PATH", folder.Path().string());
+  const EnvironmentVariable path("PATH", folder.Path().string());
   EXPECT_NE(Refusal(Compressed()).find("laz-perf, and node, which runs it, was not found"),
             std::string::npos);
 }
 
 TEST_F(LazDecoder, DamagedPointsAreRefused) {
   folder.Write("lib/laz-perf/index.js", kStandIn);
-  const Variable path("NODE_PATH", (folder.Path() / "lib").string());
+  const EnvironmentVariable path("NODE_PATH", (folder.Path() / "lib").string());
   for (const int damage : {666, 667}) {  // as a number, and as a text with a hint
     EXPECT_EQ(Refusal(Compressed(damage)),
               "a.laz: the LAZ file cannot be decoded: its points are damaged");
@@ -175,7 +152,7 @@ TEST_F(LazDecoder, DamagedPointsAreRefused) {
 
 TEST_F(LazDecoder, AFileThatThePackageCannotHoldIsRefused) {
   folder.Write("lib/laz-perf/index.js", kStandIn);
-  const Variable path("NODE_PATH", (folder.Path() / "lib").string());
+  const EnvironmentVariable path("NODE_PATH", (folder.Path() / "lib").string());
   const std::string laz = Compressed();
   std::filesystem::resize_file(laz, std::uintmax_t{1} << 31);  // holes take no room on the disk
   EXPECT_EQ(Refusal(laz),
@@ -198,7 +175,7 @@ constexpr const char* kUnlikeTable =
 
 TEST_F(LazDecoder, ChunksOfOneSizeAreReadOneByOne) {
   folder.Write("lib/laz-perf/index.js", kStandIn);
-  const Variable path("NODE_PATH", (folder.Path() / "lib").string());
+  const EnvironmentVariable path("NODE_PATH", (folder.Path() / "lib").string());
   const std::string table = Bytes_Of("00000000030000003c4e60a4201000000000");
   Decode_Laz(Chunked(5, 12, {100, 37, 20000}, table), las, "a.laz");
   EXPECT_EQ(Letters(), "aaaaabbbbbcc");
@@ -206,7 +183,7 @@ TEST_F(LazDecoder, ChunksOfOneSizeAreReadOneByOne) {
 
 TEST_F(LazDecoder, ChunksOfDifferentSizesAreReadOneByOne) {
   folder.Write("lib/laz-perf/index.js", kStandIn);
-  const Variable path("NODE_PATH", (folder.Path() / "lib").string());
+  const EnvironmentVariable path("NODE_PATH", (folder.Path() / "lib").string());
   Decode_Laz(Chunked(0xFFFFFFFF, 70716, kUnlikeChunks, Bytes_Of(kUnlikeTable)), las, "a.laz");
   EXPECT_EQ(Letters(), std::string(10, 'a') + "bbb" + std::string(700, 'c') +
                            std::string(70000, 'd') + "e" + "ff");
@@ -214,7 +191,7 @@ TEST_F(LazDecoder, ChunksOfDifferentSizesAreReadOneByOne) {
 
 TEST_F(LazDecoder, AFileWhoseTableContradictsItIsHeldWhole) {
   folder.Write("lib/laz-perf/index.js", kStandIn);
-  const Variable path("NODE_PATH", (folder.Path() / "lib").string());
+  const EnvironmentVariable path("NODE_PATH", (folder.Path() / "lib").string());
   const std::string table = Bytes_Of("00000000030000003c4e60a4201000000000");
   for (const std::uint32_t bytes : {36U, 38U}) {
     const std::string laz = Chunked(5, 12, {100, bytes, 20000}, table);
@@ -227,7 +204,7 @@ TEST_F(LazDecoder, AFileWhoseTableContradictsItIsHeldWhole) {
 
 TEST_F(LazDecoder, MoreChunksThanTheFileHasRoomForTakeNoMemory) {
   folder.Write("lib/laz-perf/index.js", kStandIn);
-  const Variable path("NODE_PATH", (folder.Path() / "lib").string());
+  const EnvironmentVariable path("NODE_PATH", (folder.Path() / "lib").string());
   // 2^26 chunks, which zeros tell in 13 kB: as objects they would be more than node can hold.
   const std::string table = Bytes_Of("0000000000000004") + std::string(20000, '\0');
   const std::string laz = Chunked(5, 12, {100, 37, 20000}, table);

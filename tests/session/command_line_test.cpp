@@ -3,10 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <sstream>
 #include <string>
 #include <vector>
+
+#include "support/environment_variable.h"
 
 namespace sylvomex {
 namespace {
@@ -61,11 +62,13 @@ TEST(CommandLine, TheDesktopIsPlainOnlyOnRequest) {
 }
 
 TEST(CommandLine, DrivesLieUnderTheEnvironmentElseUnderHome) {
-  setenv("HOME", "/home/someone", 1);
-  setenv("SYLVOMEX_ROOT", "/drives", 1);
-  EXPECT_EQ(Parse({})->options.root, "/drives");
-  EXPECT_EQ(Parse({"--root", "/x"})->options.root, "/x");
-  unsetenv("SYLVOMEX_ROOT");
+  const EnvironmentVariable home("HOME", "/home/someone");
+  {
+    const EnvironmentVariable root("SYLVOMEX_ROOT", "/drives");
+    EXPECT_EQ(Parse({})->options.root, "/drives");
+    EXPECT_EQ(Parse({"--root", "/x"})->options.root, "/x");
+  }
+  const EnvironmentVariable no_root("SYLVOMEX_ROOT", std::nullopt);
   EXPECT_EQ(Parse({})->options.root, "/home/someone/sylvomex");
 }
 

@@ -3,9 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 #include "platform/wall_clock.h"
+#include "support/environment_variable.h"
 #include "support/temporary_folder.h"
 
 namespace sylvomex {
@@ -13,14 +12,9 @@ namespace {
 
 struct JournalFolderTest : testing::Test {
   TemporaryFolder state, root;
-  JournalFolderTest() {
-    setenv("XDG_STATE_HOME", state.Path().c_str(), 1);
-    Hold_Wall_Clock(1000000000);
-  }
-  ~JournalFolderTest() override {
-    unsetenv("XDG_STATE_HOME");
-    Hold_Wall_Clock(std::nullopt);
-  }
+  const EnvironmentVariable state_home{"XDG_STATE_HOME", state.Path().string()};
+  JournalFolderTest() { Hold_Wall_Clock(1000000000); }
+  ~JournalFolderTest() override { Hold_Wall_Clock(std::nullopt); }
 
   std::string Text(const std::string& steps) const {
     return Head_Text({root.Path().string(), 640, 480, 1}) + steps;
@@ -45,11 +39,9 @@ TEST_F(JournalFolderTest, RootsHaveJournalsOfTheirOwn) {
 }
 
 TEST_F(JournalFolderTest, LiesInTheHomeFolderWithoutAStateFolder) {
-  unsetenv("XDG_STATE_HOME");
-  const std::string home = std::getenv("HOME");
-  setenv("HOME", state.Path().c_str(), 1);
+  const EnvironmentVariable no_state_home("XDG_STATE_HOME", std::nullopt);
+  const EnvironmentVariable home("HOME", state.Path().string());
   const FilePath journal = Journal_Of_Root(root.Path());
-  setenv("HOME", home.c_str(), 1);
   EXPECT_EQ(journal.native.parent_path(), state.Path() / ".local/state/sylvomex/journals");
 }
 
@@ -80,8 +72,7 @@ TEST_F(JournalFolderTest, EndedOnesAreNumberedAndTheLastFiveAreKept) {
 }
 
 TEST_F(JournalFolderTest, OneThatWasNotEndedStaysUnderItsDate) {
-  setenv("TZ", "UTC", 1);
-  tzset();
+  const EnvironmentVariable zone("TZ", "UTC");
   const FilePath journal = Journal_Of_Root(root.Path());
   state.Write(Name(journal), Text("set Text4 5\n"));
   Put_Journal_Aside(journal);
@@ -89,8 +80,7 @@ TEST_F(JournalFolderTest, OneThatWasNotEndedStaysUnderItsDate) {
 }
 
 TEST_F(JournalFolderTest, FilesThatItKeptStayWithOneThatWasNotEnded) {
-  setenv("TZ", "UTC", 1);
-  tzset();
+  const EnvironmentVariable zone("TZ", "UTC");
   const FilePath journal = Journal_Of_Root(root.Path());
   const std::string kept = "/0123456789abcdef";
   const auto keep = [&](const std::string& text) {
