@@ -23,7 +23,7 @@ struct BenchJournal {
 
   BenchJournal() {
     if (mkdtemp(folder.data()) == nullptr) std::abort();
-    file = std::make_unique<JournalFile>(File("journal"), 0);
+    file = std::make_unique<JournalFile>(File("journal"), 0, 0);
     journal = std::make_unique<Journal>(*file);
   }
   ~BenchJournal() {

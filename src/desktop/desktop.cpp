@@ -76,9 +76,12 @@ void Desktop::Open_Journal() {
     if (options_.unfinished) {
       w_->Form1.ClientWidth = options_.unfinished->facts.head->width;
       w_->Form1.ClientHeight = options_.unfinished->facts.head->height;
+      options_.journal = options_.unfinished->file;
       journal_.emplace(std::move(*options_.unfinished), answering_);
     } else if (!options_.journal.native.empty()) {
-      const std::string root = std::filesystem::absolute(options_.drives.Root()).string();
+      std::error_code failure;
+      const auto whole = std::filesystem::absolute(options_.drives.Root(), failure);
+      const std::string root = (failure ? options_.drives.Root() : whole).string();
       const JournalHead head{root, w_->Form1.ClientWidth, w_->Form1.ClientHeight,
                              std::random_device{}()};
       journal_.emplace(options_.journal, head, answering_);
@@ -106,12 +109,14 @@ void Desktop::Resume() {
   screen_.Message_Box(told);
 }
 
-/// Tells once when the journal cannot be written any more.
+/// Tells once when the journal cannot be written any more, or could not be begun.
 void Desktop::Watch_Journal() {
-  if (!journal_ || journal_->Failure().empty() || journal_failed_) return;
+  const bool is_missing = !journal_ && !options_.journal.native.empty();
+  if (journal_failed_ || (journal_ ? journal_->Failure().empty() : !is_missing)) return;
   journal_failed_ = true;
-  screen_.Report_Error("Journal",
-                       "what is done from here cannot be recovered: " + journal_->Failure(), {});
+  const std::string failure =
+      journal_ ? journal_->Failure() : options_.journal.name + ", it cannot be written";
+  screen_.Report_Error("Journal", "what is done from here cannot be recovered: " + failure, {});
 }
 
 void Desktop::Start_Recording() {

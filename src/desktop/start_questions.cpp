@@ -7,11 +7,18 @@
 
 #include "desktop/dialog_layout.h"
 #include "desktop/qt_text.h"
+#include "platform/run_time_error.h"
 
 namespace sylvomex {
 namespace {
 
 const QString kProgramName = QStringLiteral("SYLVOMEX");
+
+void Tell(QMessageBox::Icon icon, const char* what, const RunTimeError& failure) {
+  QMessageBox box(icon, kProgramName, Qt_Text(what) + Qt_Text(failure.what()), QMessageBox::Close);
+  Lay_Out(box);
+  box.exec();
+}
 
 }  // namespace
 
@@ -39,6 +46,14 @@ std::optional<std::filesystem::path> Ask_For_Root() {
       QFileDialog::DontUseNativeDialog);
   if (folder.isEmpty()) return std::nullopt;
   return std::filesystem::path(folder.toStdString());
+}
+
+void Tell_Of_Failed_Start(const RunTimeError& failure) {
+  Tell(QMessageBox::Critical, "The start-up failed: ", failure);
+}
+
+void Tell_Of_Missing_Journal(const RunTimeError& failure) {
+  Tell(QMessageBox::Warning, "What is done in this session cannot be recovered: ", failure);
 }
 
 bool Ask_Whether_To_Go_On(const UnfinishedJournal& unfinished) {

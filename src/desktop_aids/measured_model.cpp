@@ -7,11 +7,13 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <fstream>
 #include <iterator>
+#include <limits>
 
 #include "desktop/qt_text.h"
+#include "platform/run_time_error.h"
 #include "services/measured_quality.h"
+#include "session/file_part.h"
 
 namespace sylvomex {
 namespace {
@@ -25,10 +27,13 @@ std::string Small_Letters(std::string text) {
   return text;
 }
 
+/// The rest of a file; nothing when it cannot be read.
 std::string Bytes_From(const std::filesystem::path& file, std::uintmax_t start) {
-  std::ifstream stream(file, std::ios::binary);
-  stream.seekg(static_cast<std::streamoff>(start));
-  return {std::istreambuf_iterator<char>(stream), {}};
+  try {
+    return Part_Of_File(file, start, std::numeric_limits<std::uint64_t>::max());
+  } catch (const RunTimeError&) {
+    return {};
+  }
 }
 
 double Sort_Value(const MeasuredLine& line, int column) {
@@ -90,7 +95,13 @@ void MeasuredModel::Refresh() {
   const bool has_grown = file_name_ == w_.ObservationFileName && size > size_ && size_ > 0;
   if (!has_grown) lines_.clear();
   std::vector<MeasuredLine> more;
-  if (size > 0) more = Measured_Lines_Of(Bytes_From(file, has_grown ? size_ : 0));
+  const std::string text = Bytes_From(file, has_grown ? size_ : 0);
+  if (text.empty()) {
+    size = 0;  // one that could not be read is read anew
+    lines_.clear();
+  } else {
+    more = Measured_Lines_Of(text);
+  }
   std::ranges::move(more, std::back_inserter(lines_));
   file_name_ = w_.ObservationFileName;
   size_ = size;

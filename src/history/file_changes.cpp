@@ -15,6 +15,7 @@
 #include "platform/file_descriptor.h"
 #include "platform/file_lock.h"
 #include "platform/files.h"
+#include "platform/flush_to_disk.h"
 #include "platform/run_time_error.h"
 #include "platform/wall_clock.h"
 #include "services/file_names.h"
@@ -139,10 +140,10 @@ void Take_Lines(const FilePath& file, const std::string& lines) {
   const std::uint64_t start = Require_Last(*open_file, file, lines);
   if (witness != nullptr) witness->Will_Take(file, start, lines);
   Leave_Trace(file, "taken back", lines);
-  if (ftruncate(open_file->Number(), static_cast<off_t>(start)) != 0 ||
-      fdatasync(open_file->Number()) != 0) {
+  if (ftruncate(open_file->Number(), static_cast<off_t>(start)) != 0) {
     Throw_File_Error(file, errno);
   }
+  if (const int error = Flush_To_Disk(open_file->Number())) Throw_File_Error(file, error);
   if (witness != nullptr) witness->Has_Taken(file);
 }
 

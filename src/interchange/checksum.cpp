@@ -54,6 +54,7 @@ std::string File_Checksum(const std::filesystem::path& file, const std::stop_tok
     stream.read(block.data(), static_cast<std::streamsize>(block.size()));
     sum.Add(block.data(), static_cast<std::size_t>(stream.gcount()));
   }
+  if (stream.bad()) throw Refused(file.string() + ": the file cannot be read any further");
   return sum.Hexadecimal();
 }
 

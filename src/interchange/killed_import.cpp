@@ -6,12 +6,15 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <fstream>
 #include <string>
 #include <system_error>
+#include <vector>
 
 #include "interchange/failures.h"
 #include "interchange/unfinished_exports.h"
+#include "platform/files.h"
+#include "platform/name_below.h"
+#include "platform/run_time_error.h"
 
 namespace sylvomex {
 namespace {
@@ -21,6 +24,30 @@ namespace fs = std::filesystem;
 fs::path Locked_Folder(const fs::path& site) {
   const fs::path drive = site / "c";
   return fs::is_directory(drive) ? drive : site;
+}
+
+struct DecidedFile {
+  std::string name;    // in the folder of the import
+  std::string target;  // in the site
+};
+
+/// The list of a decided import, whole: what it does not name is removed. FailedOnTheWay for one
+/// that is cut off or leads out of the site.
+std::vector<DecidedFile> Decided_Files(const fs::path& decision) {
+  const std::string text = Read_Whole_File({decision.string(), decision});
+  std::vector<DecidedFile> files;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t middle = text.find('\n', at);
+    const std::size_t end = middle == std::string::npos ? middle : text.find('\n', middle + 1);
+    if (end == std::string::npos) throw FailedOnTheWay(decision.string() + ": it is cut off");
+    files.push_back({text.substr(at, middle - at), text.substr(middle + 1, end - middle - 1)});
+    if (!Stays_Below(files.back().name) || !Stays_Below(files.back().target)) {
+      throw FailedOnTheWay(decision.string() + ": \"" + files.back().target +
+                           "\" leads out of the site");
+    }
+    at = end + 1;
+  }
+  return files;
 }
 
 /// Renames; across file systems copies beside the target first.
@@ -49,17 +76,17 @@ void Sync_Folder(const fs::path& folder) {
 
 void Carry_Out_Import(const fs::path& site) try {
   const fs::path folder = site / kImportFolder;
-  std::ifstream decision(folder / kImportDecision);
-  std::string name;
-  std::string target;
-  while (std::getline(decision, name) && std::getline(decision, target)) {
+  for (const auto& [name, target] : Decided_Files(folder / kImportDecision)) {
     if (fs::exists(folder / name)) Move_Whole(folder / name, site / target);
   }
   Sync_Folder(site);
   fs::remove_all(folder);
 } catch (const fs::filesystem_error& error) {
-  throw FailedOnTheWay(error.path2().string() + ": " + error.code().message() +
+  const fs::path& file = error.path2().empty() ? error.path1() : error.path2();
+  throw FailedOnTheWay(file.string() + ": " + error.code().message() +
                        "; the next run goes on here");
+} catch (const RunTimeError& error) {
+  throw FailedOnTheWay(std::string(error.what()) + "; the next run goes on here");
 }
 
 void Finish_Killed_Import(const fs::path& folder) {

@@ -152,7 +152,7 @@ void Read_Extended_Records(std::istream& stream, const HeaderBytes& start, std::
   std::array<std::uint8_t, kExtendedRecordHeader> head{};
   const HeaderBytes fields(head, name);
   for (std::uint32_t i = 0; i < count && at < bytes; ++i) {
-    stream.clear();
+    stream.clear(stream.rdstate() & std::ios::badbit);
     stream.seekg(static_cast<std::streamoff>(at));
     if (!stream.read(reinterpret_cast<char*>(head.data()), head.size())) return;
     const auto length = fields.At<std::uint64_t>(20);
@@ -212,8 +212,10 @@ LasHeader Read_Las_Header(const std::filesystem::path& path, const std::string& 
     start.resize(std::max(had, std::min({std::uint64_t{points_at}, bytes, kMostBytesBefore})));
     read(had);
   }
+  if (stream.bad()) throw Refused(name + ": the file cannot be read any further");
   LasHeader header = Parse_Las_Header(start, bytes, name);
   Read_Extended_Records(stream, HeaderBytes(start, name), bytes, name, header);
+  if (stream.bad()) throw Refused(name + ": the file cannot be read any further");
   return header;
 }
 

@@ -11,10 +11,20 @@
 #include "interchange/failures.h"
 
 namespace sylvomex {
+namespace {
+
+int Open_New(const std::filesystem::path& path) {
+  int descriptor = -1;
+  do {
+    descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+  } while (descriptor < 0 && errno == EINTR);
+  return descriptor;
+}
+
+}  // namespace
 
 OutputFile::OutputFile(const std::filesystem::path& path, std::string name)
-    : name_(std::move(name)),
-      descriptor_(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666)) {
+    : name_(std::move(name)), descriptor_(Open_New(path)) {
   if (descriptor_ < 0) Fail(errno);
 }
 
@@ -51,7 +61,9 @@ void OutputFile::Close() {
 }
 
 void OutputFile::Close_Synced() {
-  if (fsync(descriptor_) != 0) Fail(errno);
+  while (fsync(descriptor_) != 0) {
+    if (errno != EINTR) Fail(errno);
+  }
   Close();
 }
 

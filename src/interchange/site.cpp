@@ -57,9 +57,9 @@ void Create_Work_Folders(const std::filesystem::path& folder) {
     std::error_code error;
     std::filesystem::create_directories(folder / inside, error);
     if (error == std::errc::no_space_on_device) {
-      throw FailedOnTheWay(folder.string() + ": " + error.message());
+      throw FailedOnTheWay((folder / inside).string() + ": " + error.message());
     }
-    if (error) throw Refused(folder.string() + ": " + error.message());
+    if (error) throw Refused((folder / inside).string() + ": " + error.message());
   }
 }
 

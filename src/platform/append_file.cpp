@@ -13,6 +13,7 @@
 #include "platform/append_witness.h"
 #include "platform/file_lock.h"
 #include "platform/files.h"
+#include "platform/flush_to_disk.h"
 #include "platform/operator_notices.h"
 #include "platform/run_time_error.h"
 #include "platform/sound_reads.h"
@@ -56,10 +57,15 @@ std::uint64_t Size_Of(const FileDescriptor& open_file, const FilePath& file) {
 
 Tail Tail_Of(const FileDescriptor& open_file, const FilePath& file) {
   Tail tail{Size_Of(open_file, file), false};
+  if (tail.size == 0) return tail;
   char last = '\n';
-  const bool has_last =
-      tail.size > 0 && pread(open_file.Number(), &last, 1, static_cast<off_t>(tail.size - 1)) == 1;
-  tail.is_torn = has_last && last != '\n';
+  ssize_t count = 0;
+  do {
+    count = pread(open_file.Number(), &last, 1, static_cast<off_t>(tail.size - 1));
+  } while (count < 0 && errno == EINTR);
+  const bool may_not_be_read = count < 0 && errno == EBADF;
+  if (count < 0 && !may_not_be_read) Throw_File_Error(file, errno);
+  tail.is_torn = last != '\n';
   return tail;
 }
 
@@ -68,24 +74,30 @@ struct Written {
   int error = 0;  // of the operating system; 0 when all is on the disk
 };
 
-Written Write_And_Flush(int descriptor, std::string_view lines) {
-  ssize_t count = 0;
-  do {
-    count = write(descriptor, lines.data(), lines.size());
-  } while (count < 0 && errno == EINTR);
-  if (count < 0) return {0, errno};
-  const auto bytes = static_cast<std::uint64_t>(count);
-  if (bytes != lines.size()) return {bytes, ENOSPC};
-  // Some network drives cannot flush.
-  if (fdatasync(descriptor) != 0 && errno != EINVAL && errno != ENOTSUP) return {bytes, errno};
-  return {bytes, 0};
+bool Ends_At(const FileDescriptor& open_file, const FilePath& file, std::uint64_t size) {
+  return Size_Of(open_file, file) == size;
+}
+
+/// What the disk does not take with the first write follows, unless something else has been written
+/// behind it.
+Written Write_And_Flush(const FileDescriptor& open_file, const FilePath& file, const Tail& tail,
+                        std::string_view lines) {
+  std::uint64_t done = 0;
+  while (done < lines.size()) {
+    if (done > 0 && !Ends_At(open_file, file, tail.size + done)) return {done, EIO};
+    const ssize_t count = write(open_file.Number(), lines.data() + done, lines.size() - done);
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return {done, count == 0 ? ENOSPC : errno};
+    done += static_cast<std::uint64_t>(count);
+  }
+  return {done, Flush_To_Disk(open_file.Number())};
 }
 
 /// Cuts off what was written in part, and nothing that another program has written since.
 void Take_Back(const FileDescriptor& open_file, const FilePath& file, const Tail& tail,
                std::uint64_t written) {
   if (written == 0) return;
-  const bool is_last = Size_Of(open_file, file) == tail.size + written;
+  const bool is_last = Ends_At(open_file, file, tail.size + written);
   if (!is_last || ftruncate(open_file.Number(), static_cast<off_t>(tail.size)) != 0) {
     Throw_File_Failure(file, "a line was written in part");
   }
@@ -108,7 +120,7 @@ void Tell_Of_Torn_Line(const FilePath& file) {
 void Append_Lines(const FileDescriptor& open_file, const FilePath& file, const Tail& tail,
                   std::string_view text) {
   const std::string lines = (tail.is_torn ? "\n" : "") + std::string(text);
-  const Written written = Write_And_Flush(open_file.Number(), lines);
+  const Written written = Write_And_Flush(open_file, file, tail, lines);
   if (written.error == 0) return;
   Take_Back(open_file, file, tail, written.bytes);
   Throw_File_Error(file, written.error);

@@ -24,7 +24,11 @@ int Reserve_Disk_Room(int descriptor, std::uint64_t bytes) {
   if (bytes == 0) return 0;
   if (bytes > static_cast<std::uint64_t>(std::numeric_limits<off_t>::max())) return EFBIG;
   if (!May_Have_Room(descriptor, bytes)) return ENOSPC;
-  return posix_fallocate(descriptor, 0, static_cast<off_t>(bytes));
+  int error = 0;
+  do {
+    error = posix_fallocate(descriptor, 0, static_cast<off_t>(bytes));
+  } while (error == EINTR);
+  return error;
 }
 
 }  // namespace sylvomex

@@ -109,8 +109,11 @@ FilePath DriveMap::Locate(std::string_view name) const {
 }
 
 std::string DriveMap::Drive_Name(const fs::path& native) const {
-  const fs::path full = fs::absolute(native).lexically_normal();
-  const fs::path below = full.lexically_relative(fs::absolute(root_).lexically_normal());
+  std::error_code failure;  // a working folder that was removed
+  const fs::path full = fs::absolute(native, failure).lexically_normal();
+  const fs::path root = fs::absolute(root_, failure).lexically_normal();
+  if (failure) return native.string();
+  const fs::path below = full.lexically_relative(root);
   std::string name;
   for (const fs::path& component : below) {
     if (!name.empty()) name += '\\';

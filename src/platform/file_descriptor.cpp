@@ -67,7 +67,10 @@ int Open(const std::string& path, int flags) {
   // A pipe would wait for its other end, a device for its line.
   const int number = Open_Path(path, flags | O_NONBLOCK);
   // Another program may hold a lease on the file, which it gives back to one who waits.
-  const bool is_leased = number < 0 && errno == EAGAIN && std::filesystem::is_regular_file(path);
+  if (number >= 0 || errno != EAGAIN) return number;
+  std::error_code failure;
+  const bool is_leased = std::filesystem::is_regular_file(path, failure);
+  errno = EAGAIN;
   return is_leased ? Open_Path(path, flags) : number;
 }
 

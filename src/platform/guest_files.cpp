@@ -29,7 +29,7 @@ std::optional<Guest>& This_Guest() {
 
 fs::path Plain_Path(const fs::path& path) {
   std::error_code failure;
-  fs::path plain = fs::weakly_canonical(fs::absolute(path), failure);
+  fs::path plain = fs::weakly_canonical(fs::absolute(path, failure), failure);
   return failure ? path : plain;
 }
 
@@ -39,7 +39,10 @@ bool Lies_Below(const fs::path& file, const fs::path& folder) {
 }
 
 fs::path Make_Own_Folder() {
-  std::string pattern = (fs::temp_directory_path() / "sylvomex_guest_XXXXXX").string();
+  std::error_code failure;
+  fs::path folder = fs::temp_directory_path(failure);
+  if (failure) folder = "/tmp";
+  std::string pattern = (folder / "sylvomex_guest_XXXXXX").string();
   if (mkdtemp(pattern.data()) == nullptr) Throw_File_Error({pattern, pattern}, errno);
   return pattern;
 }

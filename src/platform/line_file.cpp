@@ -6,6 +6,7 @@
 
 #include <cerrno>
 
+#include "platform/flush_to_disk.h"
 #include "platform/sound_reads.h"
 
 namespace sylvomex {
@@ -15,28 +16,26 @@ LineFile::LineFile(const FilePath& file)
 
 void LineFile::Write(std::string_view lines) {
   Require_Sound_Reads();
-  ssize_t count = 0;
-  do {
-    count = write(open_file_.Number(), lines.data(), lines.size());
-  } while (count < 0 && errno == EINTR);
-  if (count < 0) Throw_File_Error(file_, errno);
-  if (static_cast<std::size_t>(count) != lines.size()) Take_Back(count);
+  std::size_t done = 0;
+  while (done < lines.size()) {
+    const ssize_t count = write(open_file_.Number(), lines.data() + done, lines.size() - done);
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) Take_Back(static_cast<off_t>(done), count == 0 ? ENOSPC : errno);
+    done += static_cast<std::size_t>(count);
+  }
 }
 
 // A disk that is full takes a part of the lines.
-void LineFile::Take_Back(ssize_t count) {
-  const off_t before = lseek(open_file_.Number(), -count, SEEK_CUR);
+void LineFile::Take_Back(off_t written, int error) {
+  const off_t before = lseek(open_file_.Number(), -written, SEEK_CUR);
   if (before < 0 || ftruncate(open_file_.Number(), before) != 0) {
     Throw_File_Failure(file_, "a line was written in part");
   }
-  Throw_File_Error(file_, ENOSPC);
+  Throw_File_Error(file_, error);
 }
 
 void LineFile::Close() {
-  // Some network drives cannot flush.
-  if (fdatasync(open_file_.Number()) != 0 && errno != EINVAL && errno != ENOTSUP) {
-    Throw_File_Error(file_, errno);
-  }
+  if (const int error = Flush_To_Disk(open_file_.Number())) Throw_File_Error(file_, error);
   open_file_.Close();
 }
 

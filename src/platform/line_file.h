@@ -23,7 +23,7 @@ class LineFile {
   void Close();
 
  private:
-  [[noreturn]] void Take_Back(ssize_t count);
+  [[noreturn]] void Take_Back(off_t written, int error);
 
   FilePath file_;
   FileDescriptor open_file_;

@@ -53,8 +53,9 @@ std::optional<DroppedFile> Header(const fs::path& file) {
 
 /// The file of the same name with that ending, in small or capital letters.
 std::optional<fs::path> Beside(fs::path file, const char* small, const char* capital) {
+  std::error_code unreadable;
   for (const char* ending : {small, capital}) {
-    if (fs::is_regular_file(file.replace_extension(ending))) return file;
+    if (fs::is_regular_file(file.replace_extension(ending), unreadable)) return file;
   }
   return std::nullopt;
 }

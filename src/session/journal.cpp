@@ -22,6 +22,7 @@ void Journal::Begin_Event(const OperatorEvent& event) {
     return Write(where + Step_Text(event));
   }
   servicings_ = 0;
+  Mark_Complete();
   const std::time_t now = Wall_Clock();
   const std::string time = now == time_ ? "" : "# time " + std::to_string(now) + "\n";
   time_ = now;
@@ -34,6 +35,12 @@ void Journal::End_Event(std::string_view outcome) {
   // The journal that is repeated ends here, without the end of this event.
   if (Is_Repeating() && repeated_->Peek() == nullptr) Go_Beyond();
   if (!is_plain_move_ || outcome != "done") Write("end " + std::string(outcome));
+  Mark_Complete();
+}
+
+// The event that is repeated last may be there in part.
+void Journal::Mark_Complete() {
+  if (!Is_Repeating()) file_.Mark_Complete();
 }
 
 void Journal::Dialog_Answered(DialogKind kind, const std::optional<std::string>& answer) {

@@ -21,7 +21,10 @@ class Journal {
   explicit Journal(JournalFile& file) : file_(file) {}
 
   /// Begins a new one.
-  void Write_Head(const JournalHead& head) { file_.Write(Head_Text(head)); }
+  void Write_Head(const JournalHead& head) {
+    file_.Write(Head_Text(head));
+    file_.Mark_Complete();
+  }
 
   /// The handler of an event begins, possibly inside the handler of another event.
   void Begin_Event(const OperatorEvent& event);
@@ -69,6 +72,7 @@ class Journal {
   static constexpr long kInDialog = 0;
 
   void Write(std::string line);
+  void Mark_Complete();
 
   JournalFile& file_;
   JournalCursor* repeated_ = nullptr;

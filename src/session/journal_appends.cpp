@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "session/journal_appends.h"
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <set>
 #include <utility>
@@ -123,7 +126,9 @@ bool JournalAppends::Is_Begun_One_There(const FilePath& file, std::string_view t
   const JournaledAppend& append = known_[present_];
   const std::string tail = Part_Of_File(file.native, append.offset, text.size());
   const bool is_part = !tail.empty() && tail.size() < text.size() && text.starts_with(tail);
-  if (is_part) std::filesystem::resize_file(file.native, append.offset);
+  if (is_part && truncate(file.native.c_str(), static_cast<off_t>(append.offset)) != 0) {
+    Throw_File_Error(file, errno);
+  }
   return false;
 }
 

@@ -10,6 +10,8 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/flush_to_disk.h"
+
 namespace sylvomex {
 namespace {
 
@@ -17,9 +19,13 @@ constexpr std::chrono::milliseconds kLongestWait{500};
 
 }  // namespace
 
-JournalFile::JournalFile(const FilePath& file, std::uint64_t keep)
-    : file_(file), open_file_(file_, O_RDWR | O_CREAT | O_APPEND) {
-  if (flock(open_file_.Number(), LOCK_EX | LOCK_NB) != 0) {
+JournalFile::JournalFile(const FilePath& file, std::uint64_t keep, std::uint64_t complete)
+    : file_(file),
+      open_file_(file_, O_RDWR | O_CREAT | O_APPEND),
+      size_(keep),
+      complete_(complete) {
+  // Some network drives know no locks.
+  if (flock(open_file_.Number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
     Throw_File_Failure(file_, "another program writes it");
   }
   if (ftruncate(open_file_.Number(), static_cast<off_t>(keep)) != 0) {
@@ -40,14 +46,13 @@ JournalFile::~JournalFile() {
 
 void JournalFile::Write(std::string_view lines) {
   if (!failure_.empty()) return;
-  ssize_t count = 0;
-  do {
-    count = write(open_file_.Number(), lines.data(), lines.size());
-  } while (count < 0 && errno == EINTR);
-  if (count != static_cast<ssize_t>(lines.size())) {
-    const int error = count < 0 ? errno : ENOSPC;
-    failure_ = file_.name + ", " + std::generic_category().message(error);
-    return;
+  if (const int error = flush_error_) return Fail(error);
+  while (!lines.empty()) {
+    const ssize_t count = write(open_file_.Number(), lines.data(), lines.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return Fail(count == 0 ? ENOSPC : errno);
+    size_ += static_cast<std::uint64_t>(count);
+    lines.remove_prefix(static_cast<std::size_t>(count));
   }
   {
     const std::lock_guard lock(mutex_);
@@ -56,10 +61,18 @@ void JournalFile::Write(std::string_view lines) {
   changed_.notify_one();
 }
 
-void JournalFile::Flush() {
-  if (fdatasync(open_file_.Number()) != 0 && errno != EINVAL && failure_.empty()) {
-    failure_ = file_.name + ", " + std::generic_category().message(errno);
+void JournalFile::Fail(int error) {
+  failure_ = file_.name + ", " + std::generic_category().message(error);
+  if (ftruncate(open_file_.Number(), static_cast<off_t>(complete_)) != 0) {
+    failure_ += "; its last event is there in part";
   }
+}
+
+void JournalFile::Flush() {
+  if (!failure_.empty()) return;
+  const int now = Flush_To_Disk(open_file_.Number());
+  const int error = flush_error_ != 0 ? flush_error_.load() : now;
+  if (error != 0) Fail(error);
 }
 
 void JournalFile::Flush_Now_And_Then() {
@@ -70,7 +83,7 @@ void JournalFile::Flush_Now_And_Then() {
     changed_.wait_for(lock, kLongestWait, [this] { return ends_; });
     waiting_ = false;
     lock.unlock();
-    fdatasync(open_file_.Number());
+    if (const int error = Flush_To_Disk(open_file_.Number())) flush_error_ = error;
     lock.lock();
   }
 }

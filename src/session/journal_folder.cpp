@@ -66,7 +66,7 @@ bool Did_Something(const std::string& text) {
 
 FilePath Journal_Of_Root(const fs::path& root) {
   std::error_code failure;
-  fs::path full = fs::weakly_canonical(fs::absolute(root), failure);
+  fs::path full = fs::weakly_canonical(fs::absolute(root, failure), failure);
   if (failure) full = root;
   if (!full.has_filename()) full = full.parent_path();
   const fs::path folder = State_Folder() / "journals";

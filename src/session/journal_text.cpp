@@ -145,8 +145,10 @@ JournalFacts Facts_Of_Journal(std::string_view text) {
   facts.whole_bytes = end == std::string_view::npos ? 0 : end + 1;
   text = text.substr(0, facts.whole_bytes);
   facts.head = Head_Of(text);
+  if (facts.head) facts.ended_bytes = Head_Text(*facts.head).size();
   while (!text.empty()) {
     const std::string_view line = Take_Line(text);
+    if (line.starts_with("end ")) facts.ended_bytes = facts.whole_bytes - text.size();
     if (Is_Comment(line)) Take_Comment(facts, Words_Of_Comment(line));
     if (line == "exit") facts.has_exit = true;
   }

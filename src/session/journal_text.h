@@ -84,6 +84,7 @@ struct JournalFacts {
   std::set<std::string> created;                 // native paths; of these there was no file before
   bool has_exit = false;
   std::uint64_t whole_bytes = 0;  // up to the last line end
+  std::uint64_t ended_bytes = 0;  // up to the end of the last event that ended; the head at least
 };
 
 JournalFacts Facts_Of_Journal(std::string_view text);

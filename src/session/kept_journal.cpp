@@ -52,7 +52,7 @@ bool May_Begin_Journal(const FilePath& file) {
 
 KeptJournal::KeptJournal(UnfinishedJournal unfinished, Screen& screen)
     : unfinished_(std::move(unfinished)),
-      file_(unfinished_.file, unfinished_.facts.whole_bytes),
+      file_(unfinished_.file, unfinished_.facts.whole_bytes, unfinished_.facts.ended_bytes),
       journal_(file_),
       reads_(journal_, unfinished_.facts, Folder_Of_Kept(unfinished_.file.native)),
       appends_(journal_, unfinished_.facts.appends, reads_),

@@ -52,6 +52,9 @@ class KeptJournal {
   std::vector<std::string> Repeat(Workspace& w, PlayerServices services,
                                   const std::function<void()>& after_event);
 
+  /// Waits until it is on the disk.
+  void Flush() { file_.Flush(); }
+
   /// Why the journal is not written any more; empty as long as it is.
   [[nodiscard]] const std::string& Failure() const { return file_.Failure(); }
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/run_time_error.h"
 #include "session/file_part.h"
 
 namespace sylvomex {
@@ -30,7 +31,12 @@ void LinesThen::Write(std::string_view lines) {
 }
 
 void LinesThen::Fill_To(std::uint64_t end) {
-  if (end > size_) Write(Part_Of_File(file_, size_, end - size_));
+  if (end <= size_) return;
+  try {
+    Write(Part_Of_File(file_, size_, end - size_));
+  } catch (const RunTimeError&) {
+    is_whole_ = false;
+  }
 }
 
 void LinesThen::Append(std::uint64_t offset, std::string_view lines) {

@@ -5,10 +5,12 @@
 #include "state/workspace.h"
 
 #include <fstream>
-#include <iterator>
 #include <memory>
+#include <new>
 #include <optional>
+#include <sstream>
 
+#include "platform/file_descriptor.h"
 #include "platform/guest_files.h"
 #include "platform/root_lock.h"
 #include "platform/run_time_error.h"
@@ -105,7 +107,13 @@ bool Open_Script(Script& script, Session& session, SessionOptions& options) {
   }
   // No step of a script begins with this letter, but the first line of a journal does.
   if (options.script.empty() || script.steps->peek() != 'j') return true;
-  std::string text(std::istreambuf_iterator<char>(*script.steps), {});
+  std::ostringstream whole;
+  whole << script.steps->rdbuf();
+  if (!whole) {
+    session.streams.err << "cannot read the script " << options.script << " to its end\n";
+    return false;
+  }
+  std::string text = std::move(whole).str();
   const JournalFacts facts = Facts_Of_Journal(text);
   if (!facts.head) {
     session.streams.err << options.script << " is neither a script nor a journal\n";
@@ -152,7 +160,9 @@ void Open_Journal(Session& session, SessionOptions& options) {
                              ", it holds a session that was not ended: go on with it by "
                              "--resume, or name another file");
     }
-    const std::filesystem::path root = std::filesystem::absolute(options.root);
+    std::error_code failure;
+    const auto root = std::filesystem::absolute(options.root, failure);
+    if (failure) Throw_File_Failure(File_Of(options.root.string()), failure.message());
     const JournalHead head{root.string(), options.width, options.height, kRandomSeed};
     session.journal.emplace(file, head, session.screen);
   }
@@ -271,6 +281,7 @@ int Status_Of_Outputs(Session& session, int status) {
     session.streams.err
         << "the transcript is not complete: it cannot be written, the disk may be full\n";
   }
+  if (session.journal) session.journal->Flush();
   const bool is_journaled = !session.journal || session.journal->Failure().empty();
   if (!is_journaled) {
     session.streams.err << "the journal ends early: " << session.journal->Failure() << '\n';
@@ -279,11 +290,8 @@ int Status_Of_Outputs(Session& session, int status) {
   return status == kAllStepsDone && !is_whole ? kOutputLost : status;
 }
 
-}  // namespace
-
-int Run_Session(const SessionOptions& asked, const SessionStreams& streams,
-                const SessionHooks& hooks) {
-  SessionOptions options = asked;
+int Play_Session(SessionOptions options, const SessionStreams& streams, const SessionHooks& hooks,
+                 bool& has_started) {
   const RootUse root_use(options.root, streams.err);
   Session session(options, streams);
   Script script;
@@ -294,10 +302,29 @@ int Run_Session(const SessionOptions& asked, const SessionStreams& streams,
   if (hooks.before_start) hooks.before_start(*session.w);
   int status = kStartFailed;
   if (Start(session, options)) {
+    has_started = true;
     if (!options.resume.empty()) Resume(session, hooks);
     status = Play_Script(session, script, hooks);
   }
   return Status_Of_Outputs(session, status);
+}
+
+}  // namespace
+
+int Run_Session(const SessionOptions& asked, const SessionStreams& streams,
+                const SessionHooks& hooks) {
+  bool has_started = false;
+  std::string cause;
+  try {
+    return Play_Session(asked, streams, hooks, has_started);
+  } catch (const std::bad_alloc&) {
+    cause = Failure_Text(Failure::OutOfMemory);
+  } catch (const std::exception& failure) {
+    cause = failure.what();
+  }
+  streams.out.flush();
+  streams.err << (has_started ? "the session ends: " : "the start-up failed: ") << cause << '\n';
+  return has_started ? kCommandError : kStartFailed;
 }
 
 namespace {

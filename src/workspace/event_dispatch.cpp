@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/event_dispatch.h"
 
+#include <filesystem>
 #include <new>
 #include <optional>
+#include <stdexcept>
 
 #include "panes/pane_layout.h"
 #include "platform/operator_notices.h"
@@ -96,6 +98,11 @@ EventOutcome Run_To_Its_End(Workspace& w, const std::string& name,
     Report(w, name, reads, error);
   } catch (const std::bad_alloc&) {
     w.screen->Report_Error(name, Failure_Text(Failure::OutOfMemory), "");
+  } catch (const std::length_error&) {
+    w.screen->Report_Error(name, Failure_Text(Failure::OutOfMemory), "");
+  } catch (const std::filesystem::filesystem_error& error) {
+    const RunTimeError failure(Failure::FileFailure, error.what(), error.path1());
+    Report(w, name, reads, failure);
   } catch (const Cancelled&) {
     return EventOutcome::Cancelled;
   }

@@ -76,6 +76,21 @@ TEST_F(DesktopJournal, GoesOnWhereItStopped) {
   EXPECT_NE(dialogs_.messages.front().find("done again"), std::string::npos);
 }
 
+TEST_F(DesktopJournal, OneThatCannotBeBegunIsToldOnceWhenSomethingIsDone) {
+  DesktopOptions options = Options();
+  options.journal = site_.Folder().File("nowhere/session.journal");
+  Start_With(std::move(options));
+  dialogs_.messages.clear();
+  Press_Key(Qt::Key_U);
+  ASSERT_EQ(dialogs_.messages.size(), 1U);
+  EXPECT_NE(dialogs_.messages.front().find(
+                "what is done from here cannot be recovered: nowhere/session.journal"),
+            std::string::npos)
+      << dialogs_.messages.front();
+  Press_Key(Qt::Key_D);
+  EXPECT_EQ(dialogs_.messages.size(), 1U);
+}
+
 TEST_F(DesktopJournal, GoesOnWithUndo) {
   Press_Key(Qt::Key_U);
   Press_Key(Qt::Key_U);

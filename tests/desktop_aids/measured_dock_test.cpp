@@ -2,6 +2,7 @@
 #include "desktop_aids/measured_dock.h"
 
 #include "aids_fixture.h"
+#include "support/failing_calls.h"
 
 namespace sylvomex {
 namespace {
@@ -80,6 +81,19 @@ TEST_F(Measured, SavedPointsStayOnThePanesThroughARedraw) {
 TEST_F(Measured, WithoutAFileTheTableIsEmpty) {
   Open();
   EXPECT_EQ(Dock().Model().rowCount(), 0);
+}
+
+TEST_F(Measured, LinesThatCannotBeReadAppearAtTheNextLook) {
+  Open();
+  Write_Lines(Line(1, 10, 20, 7.5, "spruce"));
+  {
+    const FailingCall failing(SystemCall::Read, EIO);
+    Dock().Model().Refresh();
+    EXPECT_TRUE(FailingCall::Has_Happened());
+    EXPECT_EQ(Dock().Model().rowCount(), 0);
+  }
+  Dock().Model().Refresh();
+  EXPECT_EQ(Dock().Model().rowCount(), 1);
 }
 
 TEST_F(Measured, ASavedLineAppearsAndATakenOneGoes) {

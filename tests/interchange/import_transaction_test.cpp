@@ -107,6 +107,54 @@ TEST_F(ImportTransactionTest, AKillBeforeTheDecisionLeavesNothing) {
   EXPECT_EQ(Contents(), before);
 }
 
+TEST_F(ImportTransactionTest, ADecisionThatCannotBeReadRemovesNothing) {
+  folder_.Write(".sylvomex-import/1_a.txt", "one");
+  fs::create_symlink("/proc/self/mem", folder_.Path() / ".sylvomex-import/decided");  // EIO
+  EXPECT_THROW(Open_Site(folder_.Path()), FailedOnTheWay);
+  EXPECT_EQ(folder_.Read(".sylvomex-import/1_a.txt"), "one");
+}
+
+TEST_F(ImportTransactionTest, ADecisionThatIsCutOffMovesAndRemovesNothing) {
+  folder_.Write(".sylvomex-import/1_a.txt", "one");
+  for (const char* const cut : {"1_a.txt\nc/data/a.t", "1_a.txt\n", "1_a.txt"}) {
+    folder_.Write(".sylvomex-import/decided", cut);
+    const auto before = Contents();
+    EXPECT_THROW(Open_Site(folder_.Path()), FailedOnTheWay) << cut;
+    EXPECT_EQ(Contents(), before) << cut;
+  }
+}
+
+TEST_F(ImportTransactionTest, ADecisionThatLeadsOutOfTheSiteIsRefused) {
+  const TemporaryFolder outside;
+  outside.Write("kept.txt", "kept");
+  const std::string there = (outside.Path() / "kept.txt").string();
+  folder_.Write(".sylvomex-import/1_a.txt", "one");
+  const std::string up = "c/../../" + outside.Path().filename().string() + "/kept.txt";
+  for (const std::string& list :
+       {"1_a.txt\n" + there + "\n", "1_a.txt\n" + up + "\n", there + "\nc/data/a.txt\n"}) {
+    folder_.Write(".sylvomex-import/decided", list);
+    EXPECT_THROW(Open_Site(folder_.Path()), FailedOnTheWay) << list;
+    EXPECT_EQ(outside.Read("kept.txt"), "kept") << list;
+  }
+}
+
+TEST_F(ImportTransactionTest, AFileInThePlaceOfAFolderIsNamed) {
+  folder_.Write(".sylvomex-import/1_a.txt", "one");
+  folder_.Write(".sylvomex-import/decided", "1_a.txt\nc/data/wall/a.txt\n");
+  folder_.Write("c/data/wall", "a file");
+  try {
+    Open_Site(folder_.Path());
+    FAIL();
+  } catch (const FailedOnTheWay& failure) {
+    EXPECT_NE(std::string(failure.what()).find("c/data/wall"), std::string::npos) << failure.what();
+  }
+  EXPECT_EQ(folder_.Read(".sylvomex-import/1_a.txt"), "one");
+}
+
+TEST_F(ImportTransactionTest, AChecksumIsThatOfTheWholeFile) {
+  EXPECT_THROW(File_Checksum("/proc/self/mem"), Refused);  // EIO
+}
+
 TEST_F(ImportTransactionTest, AKillAfterTheDecisionIsFinishedByTheNextRun) {
   Killed_After([this] {
     // What a kill between two renames leaves: the decision with files still to be moved.

@@ -5,6 +5,7 @@
 
 #include "interchange/failures.h"
 #include "interchange/las_points.h"
+#include "support/failing_calls.h"
 #include "support/las_files.h"
 #include "support/temporary_folder.h"
 
@@ -54,6 +55,24 @@ TEST(LasHeader, EveryPointFormatIsRead) {
       EXPECT_EQ(point.Time(), 1234.5) << format;
     }
   }
+}
+
+TEST(LasHeader, AFileThatCannotBeReadAnyFurtherIsRefused) {
+  const TemporaryFolder folder;
+  const FilePath file = folder.Write("a.las", One_Point(6, 4).Bytes());
+  int before = 0;
+  for (;; ++before) {
+    const FailingCall failing(SystemCall::Read, EIO, before);
+    std::string refusal = "no refusal";
+    try {
+      Read_Las_Header(file.native, "a.las");
+    } catch (const Refused& refused) {
+      refusal = refused.what();
+    }
+    if (!FailingCall::Has_Happened()) break;
+    EXPECT_EQ(refusal, "a.las: the file cannot be read any further") << before;
+  }
+  EXPECT_GT(before, 0);
 }
 
 TEST(LasHeader, EveryVersionIsRead) {

@@ -53,6 +53,13 @@ TEST_F(DroppedFilesTest, ImagesComeInTheOrderOfTheirNames) {
   EXPECT_EQ(drop.known[2].files, Paths{At("c/data/c.hdr").string()});
 }
 
+TEST_F(DroppedFilesTest, ANameThatLeadsInACircleIsUnknown) {
+  std::filesystem::create_symlink("t.nod", At("c/data/t.nod"));
+  const DroppedFiles drop = Drop({"c/data/t.nod"});
+  EXPECT_TRUE(drop.known.empty());
+  EXPECT_EQ(drop.unknown.size(), 1U);
+}
+
 TEST_F(DroppedFilesTest, NodesAndTrianglesAreOneModelDroppedTogetherOrAlone) {
   site_.Folder().Write("c/data/t.nod", "");
   site_.Folder().Write("c/data/t.tri", "");

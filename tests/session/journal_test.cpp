@@ -467,7 +467,7 @@ TEST_F(JournalTest, FilesThatChangedSinceAreListed) {
 TEST_F(JournalTest, RandomNumbersAreThoseOfASessionWithoutJournal) {
   std::ostringstream out;
   ScriptScreen plain(out, out), inner(out, out);
-  JournalFile file(folder.File("session.journal"), 0);
+  JournalFile file(folder.File("session.journal"), 0, 0);
   Journal written(file);
   JournalScreen with_journal(inner, written, kRandomSeed);
   for (int i = 0; i < 5; ++i) EXPECT_EQ(with_journal.Random(), plain.Random());

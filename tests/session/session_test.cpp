@@ -4,9 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <new>
 #include <sstream>
 #include <streambuf>
 
+#include "platform/root_lock.h"
 #include "support/file_size_limit.h"
 #include "support/small_site.h"
 
@@ -48,6 +51,42 @@ TEST_F(SessionTest, PausesAfterEveryStep) {
   };
   EXPECT_EQ(Play("say one\n\nsay two\nprint Label10\n"), 0);
   EXPECT_EQ(pauses, 3);
+}
+
+TEST_F(SessionTest, MemoryThatIsNotThereAtTheStartIsAFailedStart) {
+  hooks.before_start = [](Workspace&) { throw std::bad_alloc(); };
+  EXPECT_EQ(Play("say one\n"), 3);
+  EXPECT_EQ(told, "the start-up failed: Out of memory\n");
+}
+
+TEST_F(SessionTest, WhatEndsItInTheMiddleIsToldBehindItsTranscript) {
+  hooks.pause = [] { throw std::bad_alloc(); };
+  EXPECT_EQ(Play("say one\nsay two\n"), 2);
+  EXPECT_EQ(transcript, "say one\n");
+  EXPECT_EQ(told, "the session ends: Out of memory\n");
+}
+
+TEST_F(SessionTest, ASecondOneWithoutAPlaceForItsPicturesIsAFailedStart) {
+  const RootLock first(options.root);
+  const char* const was = std::getenv("TMPDIR");
+  const std::string former = was != nullptr ? was : "/tmp";
+  setenv("TMPDIR", "/proc", 1);  // takes no new folder
+  EXPECT_EQ(Play("say one\n"), 3);
+  setenv("TMPDIR", former.c_str(), 1);
+  EXPECT_TRUE(told.starts_with("the start-up failed: ")) << told;
+  EXPECT_NE(told.find("/proc/sylvomex_guest_"), std::string::npos) << told;
+}
+
+TEST_F(SessionTest, ARelativeRootInARemovedWorkingFolderIsNoRootOfAJournal) {
+  const std::filesystem::path former = std::filesystem::current_path();
+  const TemporaryFolder folder;
+  std::filesystem::current_path(folder.Make_Folder("gone"));
+  std::filesystem::remove(folder.Path() / "gone");
+  options.root = "site";
+  options.journal = (folder.Path() / "journal").string();
+  EXPECT_EQ(Play("say one\n"), 1);
+  std::filesystem::current_path(former);
+  EXPECT_EQ(told, "File error: site, No such file or directory\n");
 }
 
 TEST_F(SessionTest, StartsWithTheDefaults) {

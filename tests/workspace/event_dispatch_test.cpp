@@ -150,6 +150,17 @@ int Handlers_Inside_One_Another(Workspace& w) {
   return begun;
 }
 
+TEST_F(EventDispatch, ATableThatCannotBeThatLongIsAnErrorOfItsCommand) {
+  Run_Handler(w, "Long", [] { std::vector<int>().resize(std::vector<int>().max_size() + 1); });
+  EXPECT_EQ(out.str(), "error Long \"Out of memory\"\n");
+}
+
+TEST_F(EventDispatch, AFailureOfTheFileSystemIsAnErrorOfItsCommand) {
+  Run_Handler(w, "Size", [] { (void)std::filesystem::file_size("/nowhere/a.raw"); });
+  EXPECT_NE(out.str().find("error Size \"File error: "), std::string::npos) << out.str();
+  EXPECT_NE(out.str().find("/nowhere/a.raw"), std::string::npos) << out.str();
+}
+
 TEST_F(EventDispatch, HandlersRunInsideOneAnotherUpToALimit) {
   EXPECT_EQ(Handlers_Inside_One_Another(w), kMostNestedHandlers);
   EXPECT_EQ(out.str(),

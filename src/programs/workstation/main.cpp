@@ -79,6 +79,7 @@ void Choose_Journal(DesktopOptions& options, const std::filesystem::path& root) 
     }
   } catch (const RunTimeError& failure) {
     std::cerr << "sylvomex: no journal is written: " << failure.what() << '\n';
+    Tell_Of_Missing_Journal(failure);
     options.journal = {};
   }
 }
