@@ -57,10 +57,12 @@ OGRSpatialReference Coordinate_System(const std::string& text) {
 }
 
 void Require_Map_Metres(const OGRSpatialReference& system, const std::string& text) {
-  if (system.IsProjected() == 0) {
+  const bool is_local = system.IsLocal() != 0;
+  if (system.IsProjected() == 0 && !is_local) {
     throw Refused("\"" + text + "\" has no map coordinates: a site needs a projected system");
   }
-  if (std::abs(system.GetTargetLinearUnits("PROJCS") - 1) > 1e-9) {
+  const double unit = is_local ? system.GetLinearUnits() : system.GetTargetLinearUnits("PROJCS");
+  if (std::abs(unit - 1) > 1e-9) {
     throw Refused("\"" + text + "\" does not count in metres: a site needs a system in metres");
   }
 }

@@ -17,6 +17,7 @@ constexpr std::uint64_t kShortestHeader = 227;
 constexpr std::uint64_t kLongHeader = 375;           // version 1.4
 constexpr std::uint64_t kMostBytesBefore = 1 << 28;  // header and variable length records
 constexpr std::uint64_t kExtendedRecordHeader = 60;
+constexpr unsigned kSystemIsWkt = 0x10;              // of the global encoding
 constexpr std::uint64_t kMostSystemBytes = 1 << 20;  // of a record that describes a system
 
 class HeaderBytes {
@@ -59,6 +60,7 @@ void Read_Versions(const HeaderBytes& bytes, LasHeader& header) {
   }
   const auto encoding = bytes.At<std::uint16_t>(6);
   header.standard_time = header.minor >= 2 && (encoding & 1U) != 0;
+  header.keys_count = header.minor >= 4 && (encoding & kSystemIsWkt) == 0;
 }
 
 void Read_Point_Layout(const HeaderBytes& bytes, LasHeader& header) {

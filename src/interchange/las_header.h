@@ -33,6 +33,7 @@ struct LasHeader {
   int record_bytes = 0;  // of a point, at least those of its format
   bool compressed = false;
   bool standard_time = false;  // times count from 1980 less 1e9 s, not from the week's start
+  bool keys_count = false;     // version 1.4 says that its system is that of the GeoTIFF keys
   std::uint64_t count = 0;     // points
   std::uint64_t points_at = 0;
   std::array<double, 3> scale{};  // X, Y, Z

@@ -3,6 +3,7 @@
 
 #include <ogr_spatialref.h>
 
+#include <cmath>
 #include <cstring>
 #include <map>
 
@@ -16,10 +17,11 @@ namespace {
 constexpr const char* kProjectionRecords = "LASF_Projection";
 constexpr int kWktRecord = 2112, kKeyRecord = 34735;
 // GeoTIFF keys (OGC 19-008r4): codes of the systems, and the unit of heights.
-constexpr int kGeographicKey = 2048, kProjectedKey = 3072, kVerticalKey = 4096,
+constexpr int kGeographicKey = 2048, kProjectedKey = 3072, kMapUnitsKey = 3076, kVerticalKey = 4096,
               kVerticalUnitsKey = 4099;
 constexpr int kUserDefined = 32767;
-constexpr int kFoot = 9002, kSurveyFoot = 9003;
+constexpr int kMetre = 9001, kFoot = 9002, kSurveyFoot = 9003;
+constexpr double kFootMetres = 0.3048, kSurveyFootMetres = 1200.0 / 3937;
 
 const LasVariableRecord* Find_Record(const LasHeader& header, int id) {
   for (const LasVariableRecord& record : header.records) {
@@ -55,6 +57,20 @@ LasSystem From_Wkt(const LasVariableRecord& record, const std::string& name) {
   }
 }
 
+/// The system of a code with the unit that the map coordinates are stated in, such as a code in
+/// metres with coordinates in feet.
+OGRSpatialReference In_Stated_Unit(OGRSpatialReference system, int unit) {
+  if (system.IsProjected() == 0) return system;
+  const auto restate = [&](const char* name, double metres) {
+    if (std::abs(system.GetLinearUnits() / metres - 1) < 1e-9) return;
+    system.SetLinearUnitsAndUpdateParameters(name, metres);
+  };
+  if (unit == kMetre) restate("metre", 1);
+  if (unit == kFoot) restate("foot", kFootMetres);
+  if (unit == kSurveyFoot) restate("US survey foot", kSurveyFootMetres);
+  return system;
+}
+
 /// Whether the keys define the map coordinates by parameters, not by a code.
 bool Is_User_Defined(const std::map<int, int>& keys) {
   const auto found = keys.find(keys.contains(kProjectedKey) ? kProjectedKey : kGeographicKey);
@@ -73,7 +89,8 @@ LasSystem From_Keys(const LasHeader& header, const std::map<int, int>& keys,
     if (Is_User_Defined(keys)) {
       system.wkt = Defined_By_Geo_Keys(header.records);
     } else if (code != 0) {
-      system.wkt = Wkt_Of(Coordinate_System("EPSG:" + std::to_string(code)));
+      system.wkt = Wkt_Of(
+          In_Stated_Unit(Coordinate_System("EPSG:" + std::to_string(code)), value(kMapUnitsKey)));
     }
     if (value(kVerticalKey) >= 5000) {  // lower ones are codes of datums
       system.height_metres =
@@ -82,18 +99,37 @@ LasSystem From_Keys(const LasHeader& header, const std::map<int, int>& keys,
   } catch (const Refused& refusal) {
     throw Refused(name + ": " + refusal.what());
   }
-  if (value(kVerticalUnitsKey) == kFoot) system.height_metres = 0.3048;
-  if (value(kVerticalUnitsKey) == kSurveyFoot) system.height_metres = 1200.0 / 3937;
+  if (value(kVerticalUnitsKey) == kFoot) system.height_metres = kFootMetres;
+  if (value(kVerticalUnitsKey) == kSurveyFoot) system.height_metres = kSurveyFootMetres;
   return system;
+}
+
+/// The one that counts, or the other one where it says nothing.
+LasSystem Of_Both(const LasHeader& header, const LasVariableRecord& wkt,
+                  const LasVariableRecord& keys, const std::string& name) {
+  const auto told = [&](bool by_keys) {
+    return by_keys ? From_Keys(header, Keys_Of(keys), name) : From_Wkt(wkt, name);
+  };
+  LasSystem counting = told(header.keys_count);
+  if (counting.wkt.empty()) return told(!header.keys_count);
+  try {
+    const std::string second = told(!header.keys_count).wkt;
+    counting.is_told_twice = !second.empty() && !Same_Horizontal(Coordinate_System(counting.wkt),
+                                                                 Coordinate_System(second));
+  } catch (const Refused&) {
+    counting.is_told_twice = true;  // the one that does not count is no system at all
+  }
+  return counting;
 }
 
 }  // namespace
 
 LasSystem Las_System(const LasHeader& header, const std::string& name) {
-  if (const LasVariableRecord* wkt = Find_Record(header, kWktRecord)) return From_Wkt(*wkt, name);
-  if (const LasVariableRecord* keys = Find_Record(header, kKeyRecord)) {
-    return From_Keys(header, Keys_Of(*keys), name);
-  }
+  const LasVariableRecord* const wkt = Find_Record(header, kWktRecord);
+  const LasVariableRecord* const keys = Find_Record(header, kKeyRecord);
+  if (wkt != nullptr && keys != nullptr) return Of_Both(header, *wkt, *keys, name);
+  if (wkt != nullptr) return From_Wkt(*wkt, name);
+  if (keys != nullptr) return From_Keys(header, Keys_Of(*keys), name);
   return {};
 }
 

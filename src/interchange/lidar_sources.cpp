@@ -27,8 +27,10 @@ EchoSource Open_Source(const std::filesystem::path& file, std::size_t number,
     source.path = new_file("laz_" + std::to_string(number));
     Decode_Laz(file, source.path, source.name);
     std::vector<LasVariableRecord> records = std::move(source.header.records);
+    const bool keys_count = source.header.keys_count;
     source.header = Read_Las_Header(source.path, source.name);
     source.header.records = std::move(records);  // the decoded file has no extended ones
+    source.header.keys_count = keys_count;
   }
   if (source.header.count == 0) throw Refused(source.name + ": the file holds no points");
   return source;
@@ -80,6 +82,11 @@ MapExtent Place_Source(EchoSource& source, const SourceSurvey& survey, const Las
 void Add_Notes(const EchoSource& source, const LasSystem& system, std::vector<std::string>& notes) {
   if (system.wkt.empty()) {
     notes.push_back(source.name + ": it names no coordinate system; the site's is assumed");
+  }
+  if (system.is_told_twice) {
+    notes.push_back(source.name +
+                    ": its WKT and its GeoTIFF keys name different coordinate systems; the one "
+                    "that its version prefers is taken");
   }
   if (!source.system.empty()) {
     notes.push_back(source.name + ": its coordinates are reprojected to the site's system");

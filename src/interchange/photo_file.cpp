@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 
 #include "interchange/coordinate_system.h"
 #include "interchange/failures.h"
@@ -66,6 +67,22 @@ PhotoFile::PhotoFile(const std::filesystem::path& file) : name_(file.string()) {
     has_16_bits_ = has_16_bits_ || type != GDT_Byte;
   }
   if (bands == 1 && !has_16_bits_) Read_Palette();
+  if (palette_.empty() && !is_colour_) Spread_Few_Bits();
+}
+
+/// Pixels of fewer than 8 bits, as scans in black and white have them, get the whole range of
+/// greys.
+void PhotoFile::Spread_Few_Bits() {
+  constexpr int kGreys = 256;
+  const char* const text = dataset_->GetRasterBand(1)->GetMetadataItem("NBITS", "IMAGE_STRUCTURE");
+  const int bits = text == nullptr ? 0 : std::atoi(text);
+  if (bits < 1 || bits >= 8) return;
+  const int most = (1 << bits) - 1;
+  palette_.resize(kGreys);
+  for (int i = 0; i < kGreys; ++i) {
+    palette_[static_cast<std::size_t>(i)].fill(
+        static_cast<std::uint8_t>((std::min(i, most) * (kGreys - 1) + most / 2) / most));
+  }
 }
 
 /// A palette of greys, as bitmaps have it, leaves a grey image.

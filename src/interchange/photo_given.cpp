@@ -10,9 +10,10 @@ namespace sylvomex {
 namespace {
 
 constexpr std::string_view kImageEndings[] = {
-    ".tif",  ".tiff", ".jpg", ".jpeg", ".jp2", ".j2k", ".png", ".bmp",  ".vrt",
-    ".img",  ".ecw",  ".sid", ".bil",  ".raw", ".pix", ".gif", ".webp", ".jxl",
-    ".nitf", ".ntf",  ".cog", ".dng",  ".arw", ".nef", ".cr2"};
+    ".tif", ".tiff", ".jpg", ".jpeg", ".jp2", ".j2k", ".png",  ".bmp", ".vrt",  ".img",
+    ".ecw", ".sid",  ".bil", ".raw",  ".pix", ".gif", ".webp", ".jxl", ".nitf", ".ntf",
+    ".cog", ".dng",  ".arw", ".nef",  ".cr2", ".pgm", ".ppm",  ".pnm", ".pbm",  ".tga",
+    ".btf", ".heic", ".jpe", ".jpx",  ".j2c", ".bip", ".bsq"};
 
 struct Scales {
   double cx = 0, cy = 0, fx = 0, fy = 0;  // pixels

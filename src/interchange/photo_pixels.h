@@ -18,7 +18,8 @@ class GDALDataset;
 namespace sylvomex {
 
 /// An opened photograph. 1 or 2 bands are grey (the first), more are colour (the first three); a
-/// palette is looked up, one of greys leaves a grey image. Rows from the top.
+/// palette is looked up, one of greys leaves a grey image; grey pixels of fewer than 8 bits are
+/// spread over 0 to 255. Rows from the top.
 class PhotoFile {
  public:
   /// Refused for a file that GDAL does not read as a raster, and for pixels that have neither 8 nor
@@ -47,6 +48,7 @@ class PhotoFile {
  private:
   [[noreturn]] void Refuse_Damage(const PixelWindow& window) const;
   void Read_Palette();
+  void Spread_Few_Bits();
   void Look_Up_Palette(std::span<std::uint8_t> pixels) const;
 
   std::string name_;

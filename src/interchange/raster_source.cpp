@@ -102,11 +102,14 @@ RasterSource::RasterSource(const std::filesystem::path& file, const std::string&
     throw Refused(name_ + ": complex numbers are no heights");
   }
   const OGRSpatialReference* const system = source_->GetSpatialRef();
-  if (system == nullptr || system->IsLocal() != 0 || system->IsEmpty() != 0) {
+  const bool is_local = system != nullptr && system->IsLocal() != 0;
+  if (system == nullptr || system->IsEmpty() != 0 ||
+      (is_local && Coordinate_System(site).IsLocal() == 0)) {
     throw Refused(name_ + ": the raster has no coordinate system");
   }
   metres_ = Height_Unit(band, *system);
-  Find_Place(*system, site);
+  // A grid of one's own is that of the site: no file tells grids apart.
+  Find_Place(is_local ? Coordinate_System(site) : *system, site);
 }
 
 void RasterSource::Find_Place(const OGRSpatialReference& system, const std::string& site) {

@@ -97,9 +97,13 @@ void Sample(const Raster& source, const PhotoPixel& at, std::uint8_t* pixel) {
 void Write_Resampled(const PhotoFile& file, const OrientedPhoto& photo, const PixelWindow& window,
                      const GreyStretch& stretch, OutputFile& out) {
   Raster source{file.Width(), file.Height(), file.Bands(), {}};
-  Read_Grey(file, {0, 0, file.Width(), file.Height()}, stretch, source.pixels);
+  source.pixels.reserve(Size_Of({0, 0, file.Width(), file.Height()}, file.Bands()));
   const int step = file.Rows_At_Once();
   Bytes rows;
+  for (int first = 0; first < file.Height(); first += step) {
+    Read_Grey(file, {0, first, file.Width(), std::min(step, file.Height() - first)}, stretch, rows);
+    source.pixels.insert(source.pixels.end(), rows.begin(), rows.end());
+  }
   const std::size_t row_bytes = Size_Of({0, 0, window.width, 1}, source.bands);
   for (int first = 0; first < window.height; first += step) {
     const int last = std::min(first + step, window.height);

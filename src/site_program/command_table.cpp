@@ -25,7 +25,8 @@ constexpr std::array kImages{
     SiteField{"FILE", "the photographs", Files},
     kCameras,
     kFormat,
-    SiteField{"--stretch", "percentiles that become 0 and 255", Numbers, false, "LOW HIGH"},
+    SiteField{"--stretch", "percentiles of 16 bits that become 0 and 255; 2 98", Numbers, false,
+              "LOW HIGH"},
     SiteField{"--around", "cut what shows the circle", Numbers, false, "X Y Z RADIUS"}};
 constexpr std::array kRasters{kSite, SiteField{"RASTER", "the files", Files}};
 constexpr std::array kTin{
@@ -34,11 +35,13 @@ constexpr std::array kLidar{
     kSite, SiteField{"FILE", "the LAS and LAZ files", Files},
     SiteField{"--campaign", "whose tiles hold the pulses", Choice, true, "2004 2006 2007"},
     SiteField{"--trajectory", "sensor positions, CSV or SBET", File, false},
-    SiteField{"--flying-height", "metres above the first echo, without a trajectory", Numbers,
+    SiteField{"--flying-height", "metres above the first echo, without a trajectory; 1500", Numbers,
               false, "METRES"}};
 constexpr std::array kTrees{
     kSite, SiteField{"FILE", "CSV, GeoPackage or shapefile", File},
-    SiteField{"--columns", "NAME=COLUMN,... with NAME X, Y, Z, Dbh, TreeHeight, TreeId ...", Text}};
+    SiteField{"--columns",
+              "NAME=COLUMN,... NAME X, Y, Z, Dbh, TreeHeight, TreeId, TreeSpecies, TreeCode",
+              Text}};
 constexpr std::array kOrientation{kSite,
                                   kTable,
                                   SiteField{"OBSERVATIONS", "photo,point,col_px,row_px", File},

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "interchange/failures.h"
+
 namespace sylvomex {
 namespace {
 
@@ -42,6 +44,23 @@ TEST(CoordinateSystemText, OfThreeAxesWithoutHeightsHasTwo) {
 TEST(CoordinateSystemText, OfAMapSystemWithoutHeightsIsItself) {
   const OGRSpatialReference map = Coordinate_System("EPSG:3067");
   EXPECT_EQ(Wkt_Without_Heights(map), Wkt_Of(map));
+}
+
+std::string Local_Grid(const std::string& unit) {
+  return "LOCAL_CS[\"grid of the site\",UNIT[" + unit +
+         "],AXIS[\"Easting\",EAST],AXIS[\"Northing\",NORTH]]";
+}
+
+TEST(MapMetres, AGridOfTheSitesOwnInMetresHasThem) {
+  const OGRSpatialReference grid = Coordinate_System(Local_Grid("\"metre\",1"));
+  EXPECT_NO_THROW(Require_Map_Metres(grid, "grid"));
+  EXPECT_TRUE(Same_Horizontal(grid, Coordinate_System(Wkt_Of(grid))));
+}
+
+TEST(MapMetres, AGridInFeetAndDegreesHaveNone) {
+  EXPECT_THROW(Require_Map_Metres(Coordinate_System(Local_Grid("\"foot\",0.3048")), "grid"),
+               Refused);
+  EXPECT_THROW(Require_Map_Metres(Coordinate_System("EPSG:4326"), "degrees"), Refused);
 }
 
 }  // namespace

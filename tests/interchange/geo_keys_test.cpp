@@ -67,6 +67,61 @@ TEST(GeoKeys, AProjectionOfOnesOwnKeepsItsParameters) {
   EXPECT_EQ(system.GetProjParm("scale_factor"), 1);
 }
 
+LasHeader By_Code(std::uint16_t code, std::uint16_t unit) {
+  LasHeader header;
+  header.records = {Directory({{1024, 0, 1, 1}, {3072, 0, 1, code}, {3076, 0, 1, unit}})};
+  return header;
+}
+
+TEST(GeoKeys, ACodeInMetresWithCoordinatesInFeetIsTakenInFeet) {
+  // North Carolina's system in metres, EPSG:32119, has the false easting 609601.22 m.
+  const OGRSpatialReference feet = Coordinate_System(Las_System(By_Code(32119, 9003), "a.las").wkt);
+  EXPECT_NEAR(feet.GetLinearUnits(), 1200.0 / 3937, 1e-15);
+  EXPECT_NEAR(feet.GetProjParm("false_easting"), 609601.22 * 3937 / 1200, 1e-6);
+  const OGRSpatialReference short_feet =
+      Coordinate_System(Las_System(By_Code(32119, 9002), "a.las").wkt);
+  EXPECT_NEAR(short_feet.GetProjParm("false_easting"), 609601.22 / 0.3048, 1e-6);
+}
+
+TEST(GeoKeys, ACodeWhoseUnitIsTheStatedOneIsTheCodesSystem) {
+  for (const auto& [code, unit] : {std::pair(3067, 9001), std::pair(2264, 9003)}) {
+    const LasHeader header =
+        By_Code(static_cast<std::uint16_t>(code), static_cast<std::uint16_t>(unit));
+    EXPECT_TRUE(Same_Horizontal(Coordinate_System(Las_System(header, "a.las").wkt),
+                                Coordinate_System("EPSG:" + std::to_string(code))));
+  }
+}
+
+/// The keys of Gauss-Krueger zone 25 (EPSG:3879) beside the WKT of a system.
+LasHeader Keys_And_Wkt(const std::string& wkt) {
+  LasHeader header = By_Code(3879, 9001);
+  header.records.push_back({"LASF_Projection", 2112, {wkt.begin(), wkt.end()}});
+  return header;
+}
+
+TEST(GeoKeys, OfKeysAndWktTheOneCountsThatTheHeaderPrefers) {
+  LasHeader header = Keys_And_Wkt(Wkt_Of(Coordinate_System("EPSG:3067")));
+  const LasSystem by_wkt = Las_System(header, "a.las");
+  EXPECT_TRUE(Same_Horizontal(Coordinate_System(by_wkt.wkt), Coordinate_System("EPSG:3067")));
+  EXPECT_TRUE(by_wkt.is_told_twice);
+  header.keys_count = true;
+  const LasSystem by_keys = Las_System(header, "a.las");
+  EXPECT_TRUE(Same_Horizontal(Coordinate_System(by_keys.wkt), Coordinate_System("EPSG:3879")));
+  EXPECT_TRUE(by_keys.is_told_twice);
+}
+
+TEST(GeoKeys, KeysAndWktOfOneSystemAreNoContradiction) {
+  EXPECT_FALSE(
+      Las_System(Keys_And_Wkt(Wkt_Of(Coordinate_System("EPSG:3879"))), "a.las").is_told_twice);
+}
+
+TEST(GeoKeys, OfKeysAndWktTheOneThatSaysSomethingCounts) {
+  const LasSystem system = Las_System(Keys_And_Wkt(""), "a.las");
+  ASSERT_NE(system.wkt, "");
+  EXPECT_TRUE(Same_Horizontal(Coordinate_System(system.wkt), Coordinate_System("EPSG:3879")));
+  EXPECT_FALSE(system.is_told_twice);
+}
+
 TEST(GeoKeys, KeysThatDefineNothingTellNoSystem) {
   LasHeader header;
   header.records = {Directory({{1024, 0, 1, 1}, {3072, 0, 1, kUserDefined}})};

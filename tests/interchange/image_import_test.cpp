@@ -106,6 +106,14 @@ TEST_F(ImageImport, APaletteOfGreysLeavesAGreyImage) {
   EXPECT_EQ(Header("photo1").ColorFlag, 0);
 }
 
+TEST_F(ImageImport, GreysOfFewBitsAreSpreadOverTheWholeRange) {
+  Import_Images(One(4, 1, 1, GDT_Byte, {0, 1, 2, 3}, {"NBITS=2"}));
+  EXPECT_EQ(Raw("photo1"), (std::string{'\0', '\x55', '\xAA', '\xFF'}));
+  Import_Images(One(4, 1, 1, GDT_Byte, {0, 1, 14, 15}, {"NBITS=4"}));
+  EXPECT_EQ(Raw("photo1"), (std::string{'\0', '\x11', '\xEE', '\xFF'}));
+  EXPECT_EQ(Header("photo1").ColorFlag, 0);
+}
+
 TEST_F(ImageImport, OfFourBandsTheFirstThreeAreTaken) {
   const auto values = Mixed_Values(20, 10, 4);
   Import_Images(One(20, 10, 4, GDT_Byte, values));
@@ -271,6 +279,22 @@ TEST_F(ImageImport, TheLensIsRemovedBilinearly) {
   // (0, -10): the same upwards.
   EXPECT_NEAR(at(20, 5), 0.8 * values[5 * 41 + 20] + 0.2 * values[4 * 41 + 20], 0.5);
   EXPECT_EQ(at(0, 0), 0);  // 22.5, 16.9 px: outside the source
+}
+
+TEST_F(ImageImport, RowsBehindTheFirstSixteenMegabytesKeepTheirPlaceUnderALens) {
+  constexpr int kWidth = 3000, kHeight = 1900, kBands = 3;
+  const auto values = Mixed_Values(kWidth, kHeight, kBands);
+  const auto file = Write_Tiff(source_, "photo1.tif", kWidth, kHeight, kBands, GDT_Byte, values);
+  TablePhoto photo = Sample_Photos()[0];
+  photo.width = kWidth;
+  photo.height = kHeight;
+  ImageImportSettings settings = Settings({photo}, {file});
+  // A lens that moves nothing has every pixel resampled all the same.
+  settings.table =
+      source_.Write("table.csv", std::string(kPlainHeader) + ",k1\n" + photo.Row() + ",1e-15\n")
+          .native;
+  Import_Images(settings);
+  EXPECT_TRUE(Raw("photo1") == Bytes_Of(values));
 }
 
 TEST_F(ImageImport, TheSunComesFromTheTablesTime) {

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "interchange/failures.h"
 #include "interchange/las_points.h"
 #include "support/failing_calls.h"
@@ -166,6 +168,16 @@ std::string With_Extended(std::string bytes, std::uint32_t count, const std::str
   TestLas::Put(bytes, 235, std::uint64_t{bytes.size()});
   TestLas::Put(bytes, 243, count);
   return bytes + records;
+}
+
+TEST(LasHeader, OnlyVersionOneFourPrefersKeysToWkt) {
+  constexpr std::size_t kEncodingAt = 6;
+  for (const auto& [minor, encoding, keys_count] :
+       {std::tuple(4, 0x01, true), std::tuple(4, 0x10, false), std::tuple(3, 0x01, false)}) {
+    std::string bytes = One_Point(1, minor).Bytes();
+    TestLas::Put(bytes, kEncodingAt, static_cast<std::uint16_t>(encoding));
+    EXPECT_EQ(Parse(bytes).keys_count, keys_count) << minor << " " << encoding;
+  }
 }
 
 TEST(LasHeader, TheSystemMayStandInAnExtendedRecordBehindThePoints) {

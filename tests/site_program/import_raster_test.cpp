@@ -54,6 +54,33 @@ TEST_F(RasterSite, EveryCellIsAsInTheRaster) {
   }
 }
 
+const char* const kOwnGrid =
+    "LOCAL_CS[\"grid of the site\",UNIT[\"metre\",1],AXIS[\"Easting\",EAST],AXIS[\"Northing\","
+    "NORTH]]";
+
+TEST_F(RasterSite, AGridOfOnesOwnIsThatOfASiteWithOne) {
+  std::filesystem::remove_all(site);
+  ASSERT_EQ(Play_Site({"init", site, "--crs", kOwnGrid}).status, 0);
+  TestRaster raster;
+  raster.crs = kOwnGrid;
+  const SitePlayed played = Import("dem", {raster.Write(Path("a.tif"))});
+  ASSERT_EQ(played.status, 0) << played.err;
+  const Point3D shift = Shift();
+  const std::string result = Played(
+      "file c:\\data\\models\\dem.hdr\ninput 0\nmenu Add_height_Model\ncall Get_Raster_Elevation " +
+      std::to_string(384001 - shift.X) + " " + std::to_string(6675999 - shift.Y) + "\n");
+  EXPECT_EQ(Results(result), std::vector<double>{raster.height(0, 0)});
+}
+
+TEST_F(RasterSite, AGridOfOnesOwnHasNoPlaceOnTheMap) {
+  TestRaster raster;
+  raster.crs = kOwnGrid;
+  const SitePlayed played = Import("dem", {raster.Write(Path("a.tif"))});
+  EXPECT_EQ(played.status, 1);
+  EXPECT_NE(played.err.find("a.tif: the raster has no coordinate system"), std::string::npos)
+      << played.err;
+}
+
 TEST_F(RasterSite, ACompoundSystemOfTheSameMapIsCopied) {
   TestRaster raster;
   raster.crs = "EPSG:3067+5717";
