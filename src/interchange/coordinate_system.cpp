@@ -67,6 +67,13 @@ void Require_Map_Metres(const OGRSpatialReference& system, const std::string& te
   }
 }
 
+bool Leaves_Height_Unit_Open(const OGRSpatialReference& system) {
+  if (system.IsProjected() == 0 || system.IsVertical() != 0 || system.GetAxesCount() > 2) {
+    return false;
+  }
+  return std::abs(system.GetTargetLinearUnits("PROJCS") - 1) > 1e-9;
+}
+
 std::string Wkt_Of(const OGRSpatialReference& system, WktForm form) {
   char* text = nullptr;
   const char* const kOptions[] = {form == WktForm::Wkt1 ? "FORMAT=WKT1_GDAL" : "FORMAT=WKT2",

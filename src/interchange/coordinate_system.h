@@ -34,6 +34,14 @@ std::string Wkt_Without_Heights(const OGRSpatialReference& system);
 /// Refused unless the system is one of map coordinates in metres, as the workstation needs it.
 void Require_Map_Metres(const OGRSpatialReference& system, const std::string& text);
 
+/// Whether the map coordinates count in another unit than metres and the system says nothing of
+/// heights, which may then be in either.
+bool Leaves_Height_Unit_Open(const OGRSpatialReference& system);
+
+/// The message for such a file, behind its name.
+inline constexpr const char* kHeightsInMetres =
+    ": its map counts in feet, and nothing tells the unit of its heights; they are taken in metres";
+
 /// Whether two systems agree in the horizontal; each may be part of a compound system.
 bool Same_Horizontal(const OGRSpatialReference& a, const OGRSpatialReference& b);
 

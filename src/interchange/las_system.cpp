@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstring>
 #include <map>
+#include <optional>
 
 #include "interchange/coordinate_system.h"
 #include "interchange/failures.h"
@@ -51,7 +52,8 @@ LasSystem From_Wkt(const LasVariableRecord& record, const std::string& name) {
   if (wkt.empty()) return {};
   try {
     const OGRSpatialReference system = Coordinate_System(wkt);
-    return {system.IsLocal() != 0 ? "" : Wkt_Of(system), Height_Unit(system)};
+    return {system.IsLocal() != 0 ? "" : Wkt_Of(system), Height_Unit(system),
+            Leaves_Height_Unit_Open(system)};
   } catch (const Refused& refusal) {
     throw Refused(name + ": " + refusal.what());
   }
@@ -69,6 +71,22 @@ OGRSpatialReference In_Stated_Unit(OGRSpatialReference system, int unit) {
   if (unit == kFoot) restate("foot", kFootMetres);
   if (unit == kSurveyFoot) restate("US survey foot", kSurveyFootMetres);
   return system;
+}
+
+/// Metres of the unit of heights: of the unit's key, else of the height system's. The codes that
+/// GeoTIFF 1.0 gave to height systems, as 5103, are none that PROJ knows.
+std::optional<double> Height_Unit_Of_Keys(int code, int unit) {
+  if (unit == kMetre) return 1;
+  if (unit == kFoot) return kFootMetres;
+  if (unit == kSurveyFoot) return kSurveyFootMetres;
+  if (code == 0) return std::nullopt;
+  try {
+    const OGRSpatialReference system = Coordinate_System("EPSG:" + std::to_string(code));
+    if (system.IsVertical() != 0) return Height_Unit(system);
+  } catch (const Refused&) {
+    return std::nullopt;
+  }
+  return std::nullopt;
 }
 
 /// Whether the keys define the map coordinates by parameters, not by a code.
@@ -92,15 +110,13 @@ LasSystem From_Keys(const LasHeader& header, const std::map<int, int>& keys,
       system.wkt = Wkt_Of(
           In_Stated_Unit(Coordinate_System("EPSG:" + std::to_string(code)), value(kMapUnitsKey)));
     }
-    if (value(kVerticalKey) >= 5000) {  // lower ones are codes of datums
-      system.height_metres =
-          Height_Unit(Coordinate_System("EPSG:" + std::to_string(value(kVerticalKey))));
-    }
+    const auto height_metres = Height_Unit_Of_Keys(value(kVerticalKey), value(kVerticalUnitsKey));
+    system.height_metres = height_metres.value_or(1);
+    system.height_unit_is_open = !height_metres && !system.wkt.empty() &&
+                                 Leaves_Height_Unit_Open(Coordinate_System(system.wkt));
   } catch (const Refused& refusal) {
     throw Refused(name + ": " + refusal.what());
   }
-  if (value(kVerticalUnitsKey) == kFoot) system.height_metres = kFootMetres;
-  if (value(kVerticalUnitsKey) == kSurveyFoot) system.height_metres = kSurveyFootMetres;
   return system;
 }
 

@@ -10,9 +10,10 @@ namespace sylvomex {
 
 /// What a LAS file says of its coordinates.
 struct LasSystem {
-  std::string wkt;             // of the map coordinates; empty when the file does not say
-  double height_metres = 1;    // length of a unit of Z
-  bool is_told_twice = false;  // by WKT and by GeoTIFF keys, and they differ
+  std::string wkt;                   // of the map coordinates; empty when the file does not say
+  double height_metres = 1;          // length of a unit of Z
+  bool height_unit_is_open = false;  // the map counts in feet, and nothing tells the unit of Z
+  bool is_told_twice = false;        // by WKT and by GeoTIFF keys, and they differ
 };
 
 /// From the WKT or the GeoTIFF keys among the variable length records; of both the WKT counts,

@@ -94,6 +94,7 @@ void Add_Notes(const EchoSource& source, const LasSystem& system, std::vector<st
   if (system.height_metres != 1) {
     notes.push_back(source.name + ": its heights in feet are brought to metres");
   }
+  if (system.height_unit_is_open) notes.push_back(source.name + kHeightsInMetres);
   if (!source.timed) {
     notes.push_back(source.name +
                     ": its times do not tell pulses apart; echoes that follow each other with "

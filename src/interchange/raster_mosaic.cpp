@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "interchange/coordinate_system.h"
 #include "interchange/failures.h"
 #include "platform/number_text.h"
 
@@ -29,6 +30,7 @@ RasterMosaic::RasterMosaic(const std::vector<std::filesystem::path>& files,
     if (source->In_Feet()) {
       notes_.push_back(source->Name() + ": its heights are brought to metres");
     }
+    if (source->Height_Unit_Is_Open()) notes_.push_back(source->Name() + kHeightsInMetres);
   }
 }
 

@@ -108,6 +108,7 @@ RasterSource::RasterSource(const std::filesystem::path& file, const std::string&
     throw Refused(name_ + ": the raster has no coordinate system");
   }
   metres_ = Height_Unit(band, *system);
+  height_unit_is_open_ = Named_Unit(band.GetUnitType()) == 0 && Leaves_Height_Unit_Open(*system);
   // A grid of one's own is that of the site: no file tells grids apart.
   Find_Place(is_local ? Coordinate_System(site) : *system, site);
 }

@@ -56,6 +56,7 @@ class RasterSource {
   void Read_Row(std::int64_t grid_row, std::span<double> row);
 
   [[nodiscard]] bool In_Feet() const { return metres_ != 1; }
+  [[nodiscard]] bool Height_Unit_Is_Open() const { return height_unit_is_open_; }
 
  private:
   void Find_Place(const OGRSpatialReference& system, const std::string& site);
@@ -69,6 +70,7 @@ class RasterSource {
   std::optional<CellGrid> grid_;
   MapExtent extent_;
   double cell_ = 0;
+  bool height_unit_is_open_ = false;
   double metres_ = 1;                              // of a unit of height
   std::int64_t first_column_ = 0, first_row_ = 0;  // of the raster in the grid
   int strip_first_ = 0, strip_rows_ = 0;           // rows at hand, own counting

@@ -92,6 +92,41 @@ TEST(GeoKeys, ACodeWhoseUnitIsTheStatedOneIsTheCodesSystem) {
   }
 }
 
+LasHeader With_Heights(std::uint16_t map, std::vector<Key> further) {
+  std::vector<Key> keys = {{1024, 0, 1, 1}, {3072, 0, 1, map}};
+  keys.insert(keys.end(), further.begin(), further.end());
+  LasHeader header;
+  header.records = {Directory(keys)};
+  return header;
+}
+
+constexpr std::uint16_t kHeights = 4096, kHeightUnit = 4099;
+constexpr std::uint16_t kHeightsOfGeoTiff10 = 5103;  // NAVD 1988; no code of EPSG's
+
+TEST(GeoKeys, HeightCodesOfGeoTiff10AreTakenWithTheUnitBesideThem) {
+  for (const auto& [unit, metres] :
+       {std::pair(9001, 1.0), std::pair(9002, 0.3048), std::pair(9003, 1200.0 / 3937)}) {
+    const LasSystem system =
+        Las_System(With_Heights(26917, {{kHeights, 0, 1, kHeightsOfGeoTiff10},
+                                        {kHeightUnit, 0, 1, static_cast<std::uint16_t>(unit)}}),
+                   "a.las");
+    EXPECT_TRUE(Same_Horizontal(Coordinate_System(system.wkt), Coordinate_System("EPSG:26917")));
+    EXPECT_EQ(system.height_metres, metres);
+    EXPECT_FALSE(system.height_unit_is_open);
+  }
+}
+
+TEST(GeoKeys, AMapInFeetWithoutAUnitOfHeightsLeavesItOpen) {
+  constexpr std::uint16_t kMapInFeet = 2264, kMapInMetres = 32119, kHeightsInFeet = 6360;
+  EXPECT_TRUE(Las_System(With_Heights(kMapInFeet, {}), "a.las").height_unit_is_open);
+  EXPECT_EQ(Las_System(With_Heights(kMapInFeet, {}), "a.las").height_metres, 1);
+  EXPECT_TRUE(Las_System(With_Heights(kMapInFeet, {{kHeights, 0, 1, kHeightsOfGeoTiff10}}), "a.las")
+                  .height_unit_is_open);
+  EXPECT_FALSE(Las_System(With_Heights(kMapInFeet, {{kHeights, 0, 1, kHeightsInFeet}}), "a.las")
+                   .height_unit_is_open);
+  EXPECT_FALSE(Las_System(With_Heights(kMapInMetres, {}), "a.las").height_unit_is_open);
+}
+
 /// The keys of Gauss-Krueger zone 25 (EPSG:3879) beside the WKT of a system.
 LasHeader Keys_And_Wkt(const std::string& wkt) {
   LasHeader header = By_Code(3879, 9001);

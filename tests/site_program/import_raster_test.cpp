@@ -112,6 +112,22 @@ TEST_F(RasterSite, FeetBecomeMetres) {
   EXPECT_NEAR(Heights({{384001, 6675999, 0}}).at(0), 304.8, 1e-4);
 }
 
+TEST_F(RasterSite, AMapInFeetWithoutAUnitOfHeightsIsTold) {
+  std::filesystem::remove_all(site);
+  ASSERT_EQ(Play_Site({"init", site, "--crs", "EPSG:32119"}).status, 0);
+  TestRaster raster;
+  raster.crs = "EPSG:2264";  // the same map in feet
+  raster.place = {2000000, 10, 0, 600000, 0, -10};
+  const char* const kTold = "nothing tells the unit of its heights; they are taken in metres";
+  const SitePlayed open = Import("dem", {raster.Write(Path("a.tif"))});
+  EXPECT_EQ(open.status, 0);
+  EXPECT_NE(open.err.find(kTold), std::string::npos) << open.err;
+  raster.unit = "ft";
+  const SitePlayed told = Import("dem", {raster.Write(Path("b.tif"))});
+  EXPECT_EQ(told.status, 0);
+  EXPECT_EQ(told.err.find(kTold), std::string::npos) << told.err;
+}
+
 TEST_F(RasterSite, SeveralRastersAreOneModelAndTheLastCounts) {
   TestRaster west, east;
   east.place[0] = 384020;  // overlaps two columns
