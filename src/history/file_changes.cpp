@@ -76,16 +76,39 @@ std::uint64_t Size_Of(const FileDescriptor& open_file, const FilePath& file) {
   return static_cast<std::uint64_t>(status.st_size);
 }
 
+// Cut is cut, whether it has reached the disk or not: should the lines come back after a loss of
+// power, they stand in the trace as well.
+void Cut_File(const FileDescriptor& open_file, const FilePath& file, std::uint64_t size) {
+  int failed = 0;
+  do {
+    failed = ftruncate(open_file.Number(), static_cast<off_t>(size));
+  } while (failed != 0 && errno == EINTR);
+  if (failed != 0) Throw_File_Error(file, errno);
+  (void)Flush_To_Disk(open_file.Number());
+}
+
+/// Fewer bytes than asked for where the file ends or cannot be read.
+std::string Bytes_At(const FileDescriptor& open_file, std::uint64_t start, std::size_t bytes) {
+  std::string text(bytes, '\0');
+  std::size_t done = 0;
+  while (done < bytes) {
+    const ssize_t count = pread(open_file.Number(), text.data() + done, bytes - done,
+                                static_cast<off_t>(start + done));
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) break;
+    done += static_cast<std::size_t>(count);
+  }
+  text.resize(done);
+  return text;
+}
+
 // The position at which the lines begin when they are the last ones.
 std::uint64_t Require_Last(const FileDescriptor& open_file, const FilePath& file,
                            const std::string& lines) {
   const std::uint64_t size = Size_Of(open_file, file);
-  std::string tail(lines.size(), '\0');
   const bool fits = size >= lines.size();
   const std::uint64_t start = fits ? size - lines.size() : 0;
-  const bool read = fits && pread(open_file.Number(), tail.data(), tail.size(),
-                                  static_cast<off_t>(start)) == std::ssize(tail);
-  if (!read || tail != lines) {
+  if (!fits || Bytes_At(open_file, start, lines.size()) != lines) {
     Refuse(file, "its last line is not the one that was saved here: something else has written it");
   }
   return start;
@@ -108,9 +131,23 @@ void Leave_Trace(const FilePath& file, const char* what, const std::string& line
   Append_To_File(Taken_File(file), std::string("# ") + what + " " + Now_Text() + "\n" + lines);
 }
 
+void Leave_Trace_If_Possible(const FilePath& file, const char* what, const std::string& lines) {
+  try {
+    Leave_Trace(file, what, lines);
+  } catch (const RunTimeError&) {
+    return;  // another failure is on its way to the operator
+  }
+}
+
+// Without a trace the line is not put back: an error leaves the file as it was.
 void Put_Back(const LineChange& change) {
-  Append_To_File(change.file, change.lines);
   Leave_Trace(change.file, "put back", change.lines);
+  try {
+    Append_To_File(change.file, change.lines);
+  } catch (const RunTimeError&) {
+    Leave_Trace_If_Possible(change.file, "not put back", change.lines);
+    throw;
+  }
 }
 
 // Of each file, the lines that lie last are required to do so. changes: those that lie last first.
@@ -139,11 +176,13 @@ void Take_Lines(const FilePath& file, const std::string& lines) {
   }
   const std::uint64_t start = Require_Last(*open_file, file, lines);
   if (witness != nullptr) witness->Will_Take(file, start, lines);
-  Leave_Trace(file, "taken back", lines);
-  if (ftruncate(open_file->Number(), static_cast<off_t>(start)) != 0) {
-    Throw_File_Error(file, errno);
+  try {
+    Leave_Trace(file, "taken back", lines);
+    Cut_File(*open_file, file, start);
+  } catch (const RunTimeError&) {
+    if (witness != nullptr) witness->Not_Taken(file);
+    throw;
   }
-  if (const int error = Flush_To_Disk(open_file->Number())) Throw_File_Error(file, error);
   if (witness != nullptr) witness->Has_Taken(file);
 }
 

@@ -43,6 +43,9 @@ class AppendWitness {
   virtual bool Already_Taken(const FilePath&, std::string_view) { return false; }
   virtual void Will_Take(const FilePath&, std::uint64_t, std::string_view) {}
   virtual void Has_Taken(const FilePath&) {}
+
+  /// The taking failed and its caller is told so; the lines stand where they stood.
+  virtual void Not_Taken(const FilePath&) {}
 };
 
 /// Makes a witness that of the whole program, nullptr for none, and returns the former one.

@@ -179,11 +179,19 @@ bool JournalAppends::Already_Taken(const FilePath& file, std::string_view) {
   taking_ = Repeated_Number(JournalLine::Kind::Take, file);
   if (taking_ == 0) return false;
   const JournaledAppend& taking = known_[taking_];
+  if (taking.state == State::Failed) Fail_Again_To_Take(file);
   const bool may_be_left = taking.state == State::Begun || reads_.Has_Written(file);
   const bool is_last = Size_Of(file) == taking.offset + taking.bytes;
   if (may_be_left && is_last && Stands_There(file, taking)) return false;
   Has_Taken(file);
   return true;
+}
+
+/// The trace of lines that were left in their file is left alone, too.
+void JournalAppends::Fail_Again_To_Take(const FilePath& file) {
+  const JournalLine* const line = journal_.Repeated()->Peek();
+  if (line != nullptr && line->kind == JournalLine::Kind::Append) journal_.Repeated()->Take();
+  Throw_File_Failure(file, "these lines could not be taken back when it was tried first");
 }
 
 void JournalAppends::Will_Take(const FilePath& file, std::uint64_t offset, std::string_view lines) {
@@ -194,6 +202,8 @@ void JournalAppends::Has_Taken(const FilePath& file) {
   Mark(taking_, State::Done);
   reads_.Is_Without_Again(file.native.string(), known_[taking_].bytes);
 }
+
+void JournalAppends::Not_Taken(const FilePath&) { Mark(taking_, State::Failed); }
 
 void JournalAppends::Mark(long number, State state) {
   JournaledAppend& append = known_[number];

@@ -33,6 +33,7 @@ class JournalAppends : public AppendWitness {
   bool Already_Taken(const FilePath& file, std::string_view lines) override;
   void Will_Take(const FilePath& file, std::uint64_t offset, std::string_view lines) override;
   void Has_Taken(const FilePath& file) override;
+  void Not_Taken(const FilePath& file) override;
 
   /// What the repetition found: sentences for the operator.
   [[nodiscard]] const std::vector<std::string>& Findings() const { return findings_; }
@@ -47,6 +48,7 @@ class JournalAppends : public AppendWitness {
   bool Find(const FilePath& file, std::string_view text);
   bool Is_Begun_One_There(const FilePath& file, std::string_view text);
   void Found(const std::string& sentence) { findings_.push_back(sentence); }
+  [[noreturn]] void Fail_Again_To_Take(const FilePath& file);
   void Mark(long number, JournaledAppend::State state);
 
   Journal& journal_;

@@ -28,8 +28,8 @@ JournalFile::JournalFile(const FilePath& file, std::uint64_t keep, std::uint64_t
   if (flock(open_file_.Number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
     Throw_File_Failure(file_, "another program writes it");
   }
-  if (ftruncate(open_file_.Number(), static_cast<off_t>(keep)) != 0) {
-    Throw_File_Error(file_, errno);
+  while (ftruncate(open_file_.Number(), static_cast<off_t>(keep)) != 0) {
+    if (errno != EINTR) Throw_File_Error(file_, errno);
   }
   flusher_ = std::thread([this] { Flush_Now_And_Then(); });
 }

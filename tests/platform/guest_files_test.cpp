@@ -3,12 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <optional>
-
 #include "platform/files.h"
 #include "platform/replacing_file.h"
 #include "platform/run_time_error.h"
+#include "support/environment_variable.h"
 #include "support/failure_of.h"
 #include "support/temporary_folder.h"
 
@@ -44,20 +42,9 @@ TEST_F(GuestFilesTest, ScratchFilesOfAGuestLieElsewhereUnderTheSameName) {
   EXPECT_FALSE(std::filesystem::exists(own.parent_path()));
 }
 
-/// The folder for temporary files is another one for the scope.
-struct TemporaryPlace {
-  explicit TemporaryPlace(const std::string& place) {
-    const char* const was = std::getenv("TMPDIR");
-    if (was != nullptr) former = was;
-    setenv("TMPDIR", place.c_str(), 1);
-  }
-  ~TemporaryPlace() { former ? setenv("TMPDIR", former->c_str(), 1) : unsetenv("TMPDIR"); }
-  std::optional<std::string> former;
-};
-
 TEST_F(GuestFilesTest, WithoutAFolderForTemporaryFilesTheUsualOneServes) {
   for (const std::string& place : {root.File("c/data/kept.txt").native.string(), std::string()}) {
-    const TemporaryPlace temporary(place);
+    const EnvironmentVariable temporary("TMPDIR", place);
     const GuestFiles guest(root.Path(), GuestAccess::ReadsAndWrites);
     const FilePath file = Scratch_File(drives, "c:\\data\\pic0.bmp");
     EXPECT_EQ(file.native.parent_path().parent_path(), "/tmp") << place;
@@ -65,7 +52,7 @@ TEST_F(GuestFilesTest, WithoutAFolderForTemporaryFilesTheUsualOneServes) {
 }
 
 TEST_F(GuestFilesTest, AFolderThatTakesNothingIsNamed) {
-  const TemporaryPlace temporary("/proc");
+  const EnvironmentVariable temporary("TMPDIR", "/proc");
   const std::string told =
       Failure_Of([&] { const GuestFiles guest(root.Path(), GuestAccess::ReadsAndWrites); });
   EXPECT_NE(told.find("/proc/sylvomex_guest_"), std::string::npos) << told;

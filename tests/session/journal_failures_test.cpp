@@ -3,6 +3,7 @@
 // in that journal later.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <set>
 #include <sstream>
 
@@ -19,9 +20,9 @@ namespace {
 constexpr const char* kPoints = "c/data/Lehtomaa/Pistedata/PointData.txt";
 constexpr int kSaved = 3;
 
-std::string Saving_Script() {
+std::string Saving_Script(int lines = kSaved) {
   std::string script = "file c:\\data\\a.hdr\ntry menu Add_images_to_set\n";
-  for (int i = 0; i < kSaved; ++i) {
+  for (int i = 0; i < lines; ++i) {
     script += "input " + std::to_string(i) +
               "\ninput 7\ninput 3\ntry menu Set_3D_solution\n"
               "try menu Save_measured_point\ntry press Form3.Accept_And_Save_Button\n";
@@ -49,9 +50,9 @@ struct FailingSession {
     told = err.str();
     return status;
   }
-  int Play_With_Journal() {
+  int Play_With_Journal(const std::string& script = Saving_Script()) {
     options.journal = (folder.Path() / "journal").string();
-    return Play(Saving_Script());
+    return Play(script);
   }
   int Resume() {
     options.resume = std::exchange(options.journal, "");
@@ -64,6 +65,14 @@ struct FailingSession {
     return lines;
   }
 };
+
+/// The lines of a session that takes some back and puts them back again.
+std::string Taking_Script() {
+  return "history on\n" + Saving_Script(2) +
+         "try undo\ntry redo\ntry takeback\ntry redo\nprint NextMeasurementNumber\ntry takeback\n"
+         "try menu Save_measured_point\ntry press Form3.Accept_And_Save_Button\n"
+         "print NextMeasurementNumber\n";
+}
 
 struct Fault {
   SystemCall call;
@@ -94,6 +103,52 @@ TEST_P(JournalOnAFailingDisk, LosesAndDoublesNoLine) {
   }
   EXPECT_GT(calls, kSaved);
 }
+
+/// The numbers of the saved lines, "1 2 3".
+std::string Numbers(const std::vector<std::string>& lines) {
+  std::string numbers;
+  for (const std::string& line : lines) {
+    const std::size_t first = line.find_first_not_of(' ');
+    numbers += line.substr(first, line.find(',') - first) + " ";
+  }
+  return numbers;
+}
+
+std::string Numbers_Below(int next) {
+  std::string numbers;
+  for (int i = 1; i < next; ++i) numbers += std::to_string(i) + " ";
+  return numbers;
+}
+
+class LinesTakenBackOnAFailingDisk : public testing::TestWithParam<Fault> {};
+
+TEST_P(LinesTakenBackOnAFailingDisk, StandInTheirFileOnceOrNotAtAll) {
+  int calls = 0;
+  for (bool has_failed = true; has_failed; ++calls) {
+    FailingSession session;
+    {
+      const FailingCall failing(GetParam().call, GetParam().error, calls);
+      session.Play_With_Journal(Taking_Script());
+      has_failed = FailingCall::Has_Happened();
+    }
+    if (session.transcript.empty()) continue;  // it could not be begun
+    const std::vector<std::string> saved = session.Lines();
+    const std::size_t last = session.transcript.rfind("Number = ");
+    ASSERT_NE(last, std::string::npos) << calls << session.told;
+    EXPECT_EQ(Numbers(saved), Numbers_Below(std::atoi(session.transcript.c_str() + last + 9)))
+        << calls << session.transcript;
+    session.Resume();
+    EXPECT_EQ(session.Lines(), saved) << calls << session.told;
+  }
+  EXPECT_GT(calls, kSaved);
+}
+
+INSTANTIATE_TEST_SUITE_P(Faults, LinesTakenBackOnAFailingDisk,
+                         testing::Values(Fault{SystemCall::Write, ENOSPC},
+                                         Fault{SystemCall::Flush, EIO},
+                                         Fault{SystemCall::ReadAt, EIO},
+                                         Fault{SystemCall::Cut, EIO},
+                                         Fault{SystemCall::Cut, EINTR}));
 
 INSTANTIATE_TEST_SUITE_P(Faults, JournalOnAFailingDisk,
                          testing::Values(Fault{SystemCall::Write, ENOSPC},

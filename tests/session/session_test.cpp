@@ -4,12 +4,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <new>
 #include <sstream>
 #include <streambuf>
 
 #include "platform/root_lock.h"
+#include "support/environment_variable.h"
 #include "support/file_size_limit.h"
 #include "support/small_site.h"
 
@@ -68,11 +68,8 @@ TEST_F(SessionTest, WhatEndsItInTheMiddleIsToldBehindItsTranscript) {
 
 TEST_F(SessionTest, ASecondOneWithoutAPlaceForItsPicturesIsAFailedStart) {
   const RootLock first(options.root);
-  const char* const was = std::getenv("TMPDIR");
-  const std::string former = was != nullptr ? was : "/tmp";
-  setenv("TMPDIR", "/proc", 1);  // takes no new folder
+  const EnvironmentVariable temporary("TMPDIR", "/proc");  // takes no new folder
   EXPECT_EQ(Play("say one\n"), 3);
-  setenv("TMPDIR", former.c_str(), 1);
   EXPECT_TRUE(told.starts_with("the start-up failed: ")) << told;
   EXPECT_NE(told.find("/proc/sylvomex_guest_"), std::string::npos) << told;
 }

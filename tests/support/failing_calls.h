@@ -14,7 +14,7 @@
 
 namespace sylvomex {
 
-enum class SystemCall { Read, ReadAt, Write, Flush, Allocate };
+enum class SystemCall { Read, ReadAt, Write, Flush, Allocate, Cut };
 
 class FailingCall {
  public:
@@ -99,6 +99,12 @@ int posix_fallocate(int descriptor, off_t offset, off_t bytes) {
   using namespace sylvomex;
   if (const int error = FailingCall::Error_Of(SystemCall::Allocate)) return error;
   return syscall(SYS_fallocate, descriptor, 0, offset, bytes) == 0 ? 0 : errno;
+}
+
+int ftruncate(int descriptor, off_t bytes) {
+  using namespace sylvomex;
+  errno = FailingCall::Error_Of(SystemCall::Cut);
+  return errno != 0 ? -1 : static_cast<int>(syscall(SYS_ftruncate, descriptor, bytes));
 }
 
 }  // extern "C"
