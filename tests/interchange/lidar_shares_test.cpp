@@ -121,16 +121,21 @@ TEST_F(LidarShares, AnyShareHoldsEveryEchoOnce) {
 }
 
 TEST_F(LidarShares, OneEchoOutOfOrderAsksForTheSortOnDisk) {
-  std::vector<double> times;
-  for (int i = 0; i < 70000; ++i) times.push_back(i);
-  Add_File(times);
+  std::vector<double> ordered;
+  for (int i = 0; i < 70000; ++i) ordered.push_back(i);
+  Add_File(ordered);
   EXPECT_TRUE(Ordered_Shares(Opened().sources, Opened().survey));
-  times[65536] = 65534;  // the first of a block that is read by itself
-  Add_File(times);
-  const LidarSources lidar = Opened();
-  EXPECT_TRUE(lidar.survey.sources[0].in_order);
-  EXPECT_FALSE(lidar.survey.sources[1].in_order);
-  EXPECT_FALSE(Ordered_Shares(lidar.sources, lidar.survey));
+  // 65536 is the first of a block that is read by itself.
+  for (const std::size_t at : {1U, 300U, 65535U, 65536U, 69999U}) {
+    files.resize(1);
+    std::vector<double> times = ordered;
+    times[at] -= 1.5;
+    Add_File(times);
+    const LidarSources lidar = Opened();
+    EXPECT_TRUE(lidar.survey.sources[0].in_order) << at;
+    EXPECT_FALSE(lidar.survey.sources[1].in_order) << at;
+    EXPECT_FALSE(Ordered_Shares(lidar.sources, lidar.survey)) << at;
+  }
 }
 
 TEST_F(LidarShares, FilesWithoutTimesAskForTheSortOnDisk) {

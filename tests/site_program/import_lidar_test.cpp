@@ -249,17 +249,29 @@ TEST_F(LidarSite, TheOrderOfTheEchoesInTheirFileDoesNotMatter) {
                           1 + i % 2, 2, 100 + pulse * 0.001, static_cast<std::uint16_t>(i), 0,
                           pulse % 41 - 20.0, static_cast<std::uint16_t>(pulse / 30'000)});
   }
-  ASSERT_EQ(Import("2007", {Write("a.las", las)}).status, 0);
-  auto ordered = Content();
-  std::filesystem::remove_all(site);
-  ASSERT_EQ(Play_Site({"init", site, "--crs", "EPSG:3067"}).status, 0);
-  std::shuffle(las.points.begin(), las.points.end(), std::mt19937(1));
-  ASSERT_EQ(Import("2007", {Write("b.las", las)}).status, 0);
-  auto shuffled = Content();
-  ordered.erase("site/site.toml");  // holds the time of the import
-  shuffled.erase("site/site.toml");
+  // Two files: the echoes are divided at a time in the middle of a block of the second one.
+  const auto import = [&](const std::string& name) {
+    TestLas first = las, second = las;
+    first.points.resize(30000);
+    second.points.erase(second.points.begin(), second.points.begin() + 30000);
+    std::filesystem::remove_all(site);
+    EXPECT_EQ(Play_Site({"init", site, "--crs", "EPSG:3067"}).status, 0);
+    EXPECT_EQ(Import("2007", {Write(name + "1.las", first), Write(name + "2.las", second)}).status,
+              0);
+    auto content = Content();
+    content.erase("site/site.toml");  // holds the time of the import
+    return content;
+  };
+  const auto ordered = import("ordered");
   EXPECT_GT(ordered.size(), 50U);
-  EXPECT_EQ(ordered == shuffled, true);
+  // Turned over in stretches: the blocks of 65536 points follow each other in the order of time.
+  constexpr std::ptrdiff_t kStretch = 16384;
+  for (auto at = las.points.begin() + 30000; las.points.end() - at >= kStretch; at += kStretch) {
+    std::reverse(at, at + kStretch);
+  }
+  EXPECT_TRUE(import("stretches") == ordered);
+  std::shuffle(las.points.begin(), las.points.end(), std::mt19937(1));
+  EXPECT_TRUE(import("shuffled") == ordered);
 }
 
 TEST_F(LidarSite, ANewFileOfTheSameSizeIsNotSkipped) {
