@@ -139,6 +139,7 @@ void Desktop::Begin_With(const std::filesystem::path& script) {
   std::string told = reasons.str();
   std::cerr << told;
   windows_.Mirror();
+  windows_.Main().Give_Keys_To_Panes();  // not to the box that the script has set last
   if (done) return;
   if (told.ends_with('\n')) told.pop_back();
   screen_.Report_Error("--begin", told, {});

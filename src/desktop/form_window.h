@@ -59,6 +59,9 @@ class FormWindow : public QMainWindow {
   /// fills the screen. The window owns it.
   void Stand_Below(QStatusBar* strip);
 
+  /// The focus is on none of its controls from now on.
+  void Give_Keys_To_Panes() { client_->setFocus(); }
+
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  protected:

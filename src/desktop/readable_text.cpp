@@ -62,4 +62,11 @@ QString Shortened(const QString& text, const QFontMetrics& letters, int room) {
   return kDots;
 }
 
+QString First_That_Fits(const QStringList& fullest_first, const QFontMetrics& letters, int room) {
+  for (const QString& tried : fullest_first) {
+    if (letters.horizontalAdvance(tried) <= room) return tried;
+  }
+  return Shortened(fullest_first.last(), letters, room);
+}
+
 }  // namespace sylvomex

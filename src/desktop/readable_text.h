@@ -15,4 +15,7 @@ QColor Readable_On(const QColor& ground, const QColor& text);
 /// be, then whole words go from its end. A single word that does not fit becomes three dots.
 QString Shortened(const QString& text, const QFontMetrics& letters, int room);
 
+/// The first of several wordings that fits; the last one, shortened, where none does.
+QString First_That_Fits(const QStringList& fullest_first, const QFontMetrics& letters, int room);
+
 }  // namespace sylvomex

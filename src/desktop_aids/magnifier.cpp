@@ -12,6 +12,7 @@
 #include "desktop/exact_position.h"
 #include "desktop/key_codes.h"
 #include "desktop/pane_image.h"
+#include "panes/pane_drawing.h"
 #include "panes/shown_raster.h"
 #include "state/workspace.h"
 
@@ -66,7 +67,7 @@ void Draw_Epipolar(Picture& marks, const MagnifiedView& view, const EpipolarEnds
 void Paint_Hollow_Cross(QPainter& painter, const QPointF& at) {
   constexpr double kHollow = 6, kReach = 22;
   for (const auto& [colour, width] :
-       {std::pair(QColor(0, 0, 0), 3.0), {QColor(255, 230, 0), 1.0}}) {
+       {std::pair(QColor(0, 0, 0), 4.0), {QColor(255, 230, 0), 2.0}}) {
     painter.setPen(QPen(colour, width));
     for (const QPointF& arm : {QPointF(1, 0), QPointF(-1, 0), QPointF(0, 1), QPointF(0, -1)}) {
       painter.drawLine(at + kHollow * arm, at + kReach * arm);
@@ -113,6 +114,10 @@ bool Magnifier::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::WindowDeactivate && held_) {  // the release goes elsewhere
     held_ = false;
     if (!locked_) Put_Away();
+  }
+  if (event->type() == QEvent::Resize && watched->isWidgetType() &&
+      static_cast<QWidget*>(watched)->isAncestorOf(this)) {
+    Follow_Pane();
   }
   const bool is_key = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
   if (!is_key) return false;
@@ -184,12 +189,36 @@ void Magnifier::Place_Widget() {
   const QPointF pointer = pane.pos() + place_.at + QPointF(kPictureBorder, kPictureBorder);
   QRect rect(QPoint(), size());
   rect.moveCenter(pointer.toPoint());
-  const QRect room = In_Sight(*parentWidget());
-  rect.moveRight(std::min(rect.right(), room.right()));
-  rect.moveBottom(std::min(rect.bottom(), room.bottom()));
-  rect.moveLeft(std::max(rect.left(), room.left()));
-  rect.moveTop(std::max(rect.top(), room.top()));
+  pane_ = pane.geometry();
+  room_ = In_Sight(*parentWidget());
+  rect.moveRight(std::min(rect.right(), room_.right()));
+  rect.moveBottom(std::min(rect.bottom(), room_.bottom()));
+  rect.moveLeft(std::max(rect.left(), room_.left()));
+  rect.moveTop(std::max(rect.top(), room_.top()));
   move(rect.topLeft());
+}
+
+/// Stays at its place of the photograph when the window or a dock has changed where the panes are.
+void Magnifier::Follow_Pane() {
+  if (!isVisible() || !Shows_Image(panes_.Block(), place_.pane)) return;
+  if (const QRect laid_out = Laid_Out(); laid_out != laid_out_) {
+    const PanePosition at = Pane_Of_Pixel(panes_.Block(), place_.pane, pixel_);
+    if (!QRectF(0, 0, laid_out.width(), laid_out.height()).contains(at.px, at.py)) {
+      return Put_Away();
+    }
+    place_.at = {at.px, at.py};
+    laid_out_ = laid_out;
+    Place_Widget();
+  }
+  const QRect pane = panes_.Widget(place_.pane).geometry();
+  if (pane != pane_ || In_Sight(*parentWidget()) != room_) Place_Widget();
+}
+
+/// Of the pane, by the block: its view changes with it, the widget follows later.
+QRect Magnifier::Laid_Out() const {
+  const Workspace& w = panes_.Block();
+  const Picture& pane = w.Form1.Picture1(place_.pane);
+  return {static_cast<int>(pane.Left), static_cast<int>(pane.Top), w.PaneWidth, w.PaneHeight};
 }
 
 void Magnifier::Paint_View() {
@@ -197,6 +226,8 @@ void Magnifier::Paint_View() {
   const PanePosition at{place_.at.x(), place_.at.y()};
   view_ = Magnify(w, place_.pane, at, factor_, kSide);
   if (!view_) return;
+  pixel_ = Pixel_Of_Pane(w, place_.pane, at.px, at.py);
+  laid_out_ = Laid_Out();
   painted_ = To_Image(view_->pixels);
   Picture marks = Magnified_Marks(w.Form1.Picture1(place_.pane), *view_);
   if (const auto ends = Epipolar_Ends(w, place_.pane)) Draw_Epipolar(marks, *view_, *ends);
@@ -205,6 +236,7 @@ void Magnifier::Paint_View() {
 
 void Magnifier::Refresh() {
   if (!isVisible()) return;
+  Follow_Pane();
   Paint_View();
   if (!view_) return Put_Away();
   update();

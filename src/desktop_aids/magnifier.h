@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "desktop_aids/aided_panes.h"
+#include "imageblock/pixel_position.h"
 #include "panes/magnified_view.h"
 
 namespace sylvomex {
@@ -51,6 +52,8 @@ class Magnifier : public QWidget {
   void Put_Away();
   void Look_At(const AidedPanes::Place& place);
   void Place_Widget();
+  void Follow_Pane();
+  [[nodiscard]] QRect Laid_Out() const;
   void Paint_View();
   [[nodiscard]] PanePosition Under_Cross() const;
   void Send(OperatorEvent::Kind kind, const QMouseEvent& mouse);
@@ -58,6 +61,9 @@ class Magnifier : public QWidget {
   const AidedPanes& panes_;
   std::function<void(const AidedPanes::Place&)> pointed_;
   AidedPanes::Place place_;  // what it was put over
+  PixelPosition pixel_;      // its place in the photograph
+  QRect laid_out_;           // where the block has its pane
+  QRect pane_, room_;        // of the pane's widget, and what was in sight, when it was put there
   int factor_ = 8;
   bool held_ = false;
   bool locked_ = false;

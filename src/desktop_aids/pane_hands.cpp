@@ -37,7 +37,8 @@ bool PaneHands::eventFilter(QObject* watched, QEvent* event) {
       return Is_Key_For_Panes(panes_, watched, static_cast<QKeyEvent*>(event)->key()) &&
              Space_Bar(*static_cast<QKeyEvent*>(event), event->type() == QEvent::KeyPress);
     case QEvent::WindowDeactivate:
-      space_held_ = false;  // the release goes elsewhere
+      space_held_ = false;  // the releases go elsewhere
+      Let_Go();
       return false;
     case QEvent::Wheel:
     case QEvent::MouseButtonPress:
@@ -83,6 +84,10 @@ bool PaneHands::Press(int pane, const QMouseEvent& press) {
 
 bool PaneHands::Move(const QMouseEvent& move) {
   if (!grip_) return false;
+  if (!move.buttons().testFlag(grip_->button)) {  // its release went elsewhere
+    Let_Go();
+    return false;
+  }
   grip_->pointer = Pane_Position(move.position());
   grip_->all_panes = move.modifiers().testFlag(Qt::ShiftModifier);
   if (!drag_timer_.isActive()) drag_timer_.start(0);
@@ -91,12 +96,17 @@ bool PaneHands::Move(const QMouseEvent& move) {
 
 bool PaneHands::Release(const QMouseEvent& release) {
   if (!grip_ || release.button() != grip_->button) return grip_.has_value();
-  drag_timer_.stop();
   grip_->pointer = Pane_Position(release.position());
   Send_Drag();
+  Let_Go();
+  return true;
+}
+
+void PaneHands::Let_Go() {
+  if (!grip_) return;
+  drag_timer_.stop();
   grip_.reset();
   QApplication::restoreOverrideCursor();
-  return true;
 }
 
 void PaneHands::Send_Drag() {

@@ -32,6 +32,7 @@ class PaneHands : public QObject {
   bool Press(int pane, const QMouseEvent& press);
   bool Move(const QMouseEvent& move);
   bool Release(const QMouseEvent& release);
+  void Let_Go();
   bool Space_Bar(const QKeyEvent& key, bool down);
   void Send_Drag();
 

@@ -39,25 +39,20 @@ QColor Frame_Colour(const PaneNote& note, const OverlayChoices& choices) {
   return {110, 110, 110};
 }
 
-QString Note_Text(const PaneNote& note) {
-  QString text = QString::number(note.image_id) + QStringLiteral("   ") + Qt_Text(note.zoom);
-  if (note.observation) {
-    text += QStringLiteral("   at %1 %2")
-                .arg(note.observation->pixel.col, 0, 'f', 1)
-                .arg(note.observation->pixel.row, 0, 'f', 1);
-    if (!note.ticked) text += QStringLiteral(" (not used)");
-  }
-  if (note.clicked_last) text += QStringLiteral("   last click");
-  if (!note.mode.empty()) text += QStringLiteral("   ") + Qt_Text(note.mode);
-  return text;
+QString Observation_Text(const PaneNote& note, int decimals) {
+  if (!note.observation) return {};
+  const QString text = QStringLiteral("   at %1 %2")
+                           .arg(note.observation->pixel.col, 0, 'f', decimals)
+                           .arg(note.observation->pixel.row, 0, 'f', decimals);
+  return note.ticked ? text : text + QStringLiteral(" (not used)");
 }
 
 /// A text on a dark ground, ending before `right`; returns its rectangle.
-QRect Paint_Line(QPainter& painter, const QPoint& bottom_left, int right, const QString& text,
-                 const QColor& colour) {
+QRect Paint_Line(QPainter& painter, const QPoint& bottom_left, int right,
+                 const QStringList& wordings, const QColor& colour) {
   const QFontMetrics metrics = painter.fontMetrics();
   const int room = right - bottom_left.x() - 8;
-  const QString shown = Shortened(text, metrics, room);
+  const QString shown = First_That_Fits(wordings, metrics, room);
   const QRect ground(bottom_left.x(), bottom_left.y() - metrics.height() - 2,
                      metrics.horizontalAdvance(shown) + 8, metrics.height() + 2);
   painter.fillRect(ground, QColor(0, 0, 0, 160));
@@ -132,6 +127,18 @@ bool Meets_One(const QRectF& label, const std::vector<QRectF>& taken) {
 
 }  // namespace
 
+/// What narrow panes leave out, the ring and the colour of the frame
+/// tell.
+QStringList Note_Wordings(const PaneNote& note) {
+  const QString id = QString::number(note.image_id);
+  const QString zoom = QStringLiteral("   ") + Qt_Text(note.zoom);
+  const QString last = note.clicked_last ? QStringLiteral("   last click") : QString();
+  const QString mode = note.mode.empty() ? QString() : QStringLiteral("   ") + Qt_Text(note.mode);
+  return {id + zoom + Observation_Text(note, 1) + last + mode,
+          id + zoom + Observation_Text(note, 1) + mode,
+          id + zoom + Observation_Text(note, 0) + mode, id + zoom + mode, id + mode};
+}
+
 PaneOverlay::PaneOverlay(const AidedPanes& panes, int pane, const OverlayChoices& choices,
                          const MeasuredModel& saved)
     : QWidget(&panes.Widget(pane)), panes_(panes), pane_(pane), choices_(choices), saved_(saved) {
@@ -143,8 +150,8 @@ PaneOverlay::PaneOverlay(const AidedPanes& panes, int pane, const OverlayChoices
 PaneOverlay::Shown PaneOverlay::Now() const {
   const Picture& picture = panes_.Block().Form1.Picture1(pane_);
   const MatchingState& m = panes_.Block().Matching;
-  const std::string note =
-      Block_Text(Note_Text(note_)) + (note_.ticked ? "+" : "-") + (note_.lacks_solution ? "!" : "");
+  const std::string note = Block_Text(Note_Wordings(note_).first()) + (note_.ticked ? "+" : "-") +
+                           (note_.lacks_solution ? "!" : "");
   return {choices_,
           note,
           picture.bitmap_version,
@@ -190,10 +197,12 @@ void PaneOverlay::Paint_Frame(QPainter& painter) const {
   painter.setPen(QPen(colour, kPictureBorder));
   painter.drawRect(rect().adjusted(1, 1, -1, -1));
   const QPoint corner(kPictureBorder, height() - kPictureBorder);
-  const QRect line = Paint_Line(painter, corner, width(), Note_Text(note_), Qt::white);
+  const QRect line = Paint_Line(painter, corner, width(), Note_Wordings(note_), Qt::white);
   if (note_.lacks_solution) {
     Paint_Line(painter, line.topLeft(), width(),
-               QStringLiteral("the solution lies outside this photograph"), QColor(255, 180, 60));
+               {QStringLiteral("the solution lies outside this photograph"),
+                QStringLiteral("the solution lies outside"), QStringLiteral("outside")},
+               QColor(255, 180, 60));
   }
 }
 

@@ -25,6 +25,9 @@ struct OverlayChoices {
   bool operator==(const OverlayChoices&) const = default;
 };
 
+/// What stands at the foot of a pane, the fullest wording first.
+QStringList Note_Wordings(const PaneNote& note);
+
 class PaneOverlay : public QWidget {
  public:
   /// All of them must outlive it.

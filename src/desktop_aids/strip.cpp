@@ -23,16 +23,35 @@ using Kind = OperatorEvent::Kind;
 
 constexpr int kSpace = 6;  // pixels
 constexpr int kWidestButton = 340;
-constexpr int kSharePerButton = 6;  // of the strip: the other half is for what is told
+constexpr int kShareOfButtons = 2;  // of the strip: the other half is for what is told
 
-void Show_Text(QPushButton& button, const char* what, const char* key, const std::string& step) {
+/// `object` is what the button acts on, empty for nothing; `brief` is told where the whole does not
+/// fit.
+void Show_Text(QPushButton& button, const char* what, const char* key, const QString& object,
+               const QString& brief) {
   const QString title = QString::fromLatin1(what);
-  const QString whole = step.empty() ? title : title + ": " + Qt_Text(step);
+  const QString whole = object.isEmpty() ? title : title + ": " + object;
   const int room = button.width() - 4 * kSpace;
-  button.setText(Shortened(whole, button.fontMetrics(), room).replace('&', "&&"));
+  const QString least = brief.left(title.size() + 9);  // a shorter part would tell nothing
+  const bool tells = !object.isEmpty() && button.fontMetrics().horizontalAdvance(least) <= room;
+  const QString shown = tells ? First_That_Fits({whole, brief}, button.fontMetrics(), room) : title;
+  button.setText(QString(shown).replace('&', "&&"));
   button.setToolTip(whole + QString::fromLatin1(key));
   button.setAccessibleName(whole);
-  button.setEnabled(!step.empty());
+  button.setEnabled(!object.isEmpty());
+}
+
+/// Without what stands in parentheses at its end.
+void Show_Step(QPushButton& button, const char* what, const char* key, const std::string& step) {
+  const QString object = Qt_Text(step);
+  Show_Text(button, what, key, object, what + (": " + object.section(" (", 0, 0)));
+}
+
+/// By the number at its begin.
+void Show_Line(QPushButton& button, const std::string& line) {
+  const QString object = Qt_Text(line);
+  const QString number = object.section(": ", 1).section(',', 0, 0);
+  Show_Text(button, "Take back line", "", object, "Take back line " + number);
 }
 
 // The words, and for narrow windows what stands before their colon.
@@ -128,15 +147,17 @@ QPushButton* Strip::Add_Button(Kind kind, const char* name) {
   return button;
 }
 
-/// All alike and wherever the texts end, so that no button moves away under the pointer.
+/// Wherever the texts end, so that no button moves away under the pointer.
 void Strip::Size_Buttons() {
   if (undo_ == nullptr) return;
   const QFontMetrics letters = take_back_->fontMetrics();
-  const int narrowest = letters.horizontalAdvance(QStringLiteral("Take back line")) + 4 * kSpace;
-  const int wide =
-      std::clamp(width() / kSharePerButton, narrowest, std::max(narrowest, kWidestButton));
-  if (undo_->width() == wide) return;
-  for (QPushButton* button : {undo_, redo_, take_back_}) button->setFixedWidth(wide);
+  const int of_line =
+      letters.horizontalAdvance(QStringLiteral("Take back line 99999")) + 5 * kSpace;
+  const int narrowest = letters.horizontalAdvance(QStringLiteral("Undo")) + 4 * kSpace;
+  const int wide = std::clamp((width() / kShareOfButtons - of_line) / 2, narrowest, kWidestButton);
+  if (undo_->width() == wide && take_back_->width() == of_line) return;
+  for (QPushButton* button : {undo_, redo_}) button->setFixedWidth(wide);
+  take_back_->setFixedWidth(of_line);
   shown_version_.reset();
   if (!panes_.Owner().Is_Busy()) Refresh_Buttons();
 }
@@ -185,9 +206,9 @@ void Strip::Refresh_Buttons() {
   const auto seen = [this](const std::string& words) {
     return Seen_Words(panes_.Owner().Shown(), words);
   };
-  Show_Text(*undo_, "Undo", "  (Alt+Backspace)", seen(history->Undo_Text()));
-  Show_Text(*redo_, "Redo", "  (Alt+Shift+Backspace)", seen(history->Redo_Text()));
-  Show_Text(*take_back_, "Take back line", "", history->Line_Text(panes_.Block()));
+  Show_Step(*undo_, "Undo", "  (Alt+Backspace)", seen(history->Undo_Text()));
+  Show_Step(*redo_, "Redo", "  (Alt+Shift+Backspace)", seen(history->Redo_Text()));
+  Show_Line(*take_back_, history->Line_Text(panes_.Block()));
 }
 
 void Strip::Show_Place() {

@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <cmath>
 #include <set>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "interchange/printed_text.h"
 
@@ -15,6 +17,9 @@ constexpr double kLongerSide = 800;    // of the longer side of what is drawn, p
 constexpr double kMargin = 60;         // room for the coordinates
 constexpr double kMostMissing = 2000;  // tiles
 constexpr double kLeastBar = 90;       // pixels, of the scale bar
+constexpr double kLeastWidth = 360;    // holds the longest scale bar
+constexpr double kLetter = 6.5;        // pixels, an average letter of the labels with its gap
+constexpr double kLine = 12;           // their height
 
 /// 1, 2 or 5 times a power of ten, not below `least`.
 double Round_Step(double least) {
@@ -53,7 +58,9 @@ class MapFrame {
   }
   [[nodiscard]] double X(double east) const { return (east - west_) * Scale() + kMargin; }
   [[nodiscard]] double Y(double north) const { return (north_ - north) * Scale() + kMargin; }
-  [[nodiscard]] double Width() const { return (east_ - west_) * Scale() + 2 * kMargin; }
+  [[nodiscard]] double Width() const {
+    return std::max((east_ - west_) * Scale() + 2 * kMargin, kLeastWidth);
+  }
   [[nodiscard]] double Height() const { return (north_ - south_) * Scale() + 2 * kMargin; }
   [[nodiscard]] double West() const { return west_; }
   [[nodiscard]] double East() const { return east_; }
@@ -69,6 +76,46 @@ class MapFrame {
   }
 
   double west_ = 1e30, east_ = -1e30, south_ = 1e30, north_ = -1e30;
+};
+
+/// The texts of the map, in pixels.
+class Labels {
+ public:
+  /// `x` is the place of its anchor, "start", "middle" or "end". False, without the text, where it
+  /// would run into another one.
+  bool Add(double x, double y, const char* anchor, const std::string& words) {
+    const double wide = Width_Of(words);
+    const std::string_view side = anchor;
+    const double left = side == "end" ? x - wide : side == "middle" ? x - wide / 2 : x;
+    const Box box{left, y - kLine, left + wide, y};
+    if (std::ranges::any_of(taken_, [&](const Box& other) { return other.Meets(box); }))
+      return false;
+    taken_.push_back(box);
+    text_ += Printed("<text x=\"%.1f\" y=\"%.1f\" text-anchor=\"%s\">", x, y, anchor) +
+             Escaped_For_Page(words) + "</text>\n";
+    return true;
+  }
+
+  /// Letters, not bytes.
+  [[nodiscard]] static double Width_Of(const std::string& words) {
+    const auto letters = std::ranges::count_if(
+        words, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; });
+    return kLetter * static_cast<double>(letters);
+  }
+
+  [[nodiscard]] const std::string& Text() const { return text_; }
+
+ private:
+  struct Box {
+    double left, top, right, bottom;
+
+    [[nodiscard]] bool Meets(const Box& other) const {
+      return left < other.right && other.left < right && top < other.bottom && other.top < bottom;
+    }
+  };
+
+  std::vector<Box> taken_;
+  std::string text_;
 };
 
 /// title: what a browser shows under the pointer.
@@ -137,55 +184,64 @@ std::string Missing_On_Map(const MapFrame& map, const SurveyedCampaign& campaign
   return text;
 }
 
-std::string Image_On_Map(const MapFrame& map, const SurveyedImage& image) {
+/// The name of a photograph: to the right of its centre, where the map ends or another name stands
+/// to the left or below; under the pointer alone where they are too many.
+void Name_Image(const MapFrame& map, const SurveyedImage& image, Labels& labels) {
+  constexpr double kGap = 5, kAbove = -4, kBelow = 14;
+  const double x = map.X(image.centre.X);
+  const double y = map.Y(image.centre.Y);
+  const bool fits_right = x + kGap + Labels::Width_Of(image.name) <= map.Width();
+  for (const double away : {kAbove, kBelow}) {
+    if (fits_right && labels.Add(x + kGap, y + away, "start", image.name)) return;
+    if (labels.Add(x - kGap, y + away, "end", image.name)) return;
+  }
+}
+
+std::string Image_On_Map(const MapFrame& map, const SurveyedImage& image, Labels& labels) {
   std::string text;
   if (image.has_footprint) {
     text += "<polygon points=\"";
     for (const Point3D& corner : image.corners) {
       text += Printed("%.1f,%.1f ", map.X(corner.X), map.Y(corner.Y));
     }
-    text += "\" fill=\"#2060c0\" fill-opacity=\"0.10\" stroke=\"#2060c0\"><title>" +
-            Escaped_For_Page(image.name) + "</title></polygon>\n";
+    text += "\" fill=\"none\" stroke=\"#2060c0\"><title>" + Escaped_For_Page(image.name) +
+            "</title></polygon>\n";
   }
   const double x = map.X(image.centre.X);
   const double y = map.Y(image.centre.Y);
-  text += Printed("<circle cx=\"%.1f\" cy=\"%.1f\" r=\"3\" fill=\"#2060c0\"/>", x, y);
-  return text + Printed("<text x=\"%.1f\" y=\"%.1f\">", x + 5, y - 4) +
-         Escaped_For_Page(image.name) + "</text>\n";
+  Name_Image(map, image, labels);
+  return text + Printed("<circle cx=\"%.1f\" cy=\"%.1f\" r=\"3\" fill=\"#2060c0\"><title>", x, y) +
+         Escaped_For_Page(image.name) + "</title></circle>\n";
 }
 
 /// Round world coordinates, with lines across the map.
-std::string Grid_Of(const MapFrame& map) {
+std::string Grid_Of(const MapFrame& map, Labels& labels) {
   constexpr double kLeastStep = 110;  // pixels between two coordinates
   const double step = Round_Step(kLeastStep / map.Scale());
   std::string text = "<g stroke=\"#d0d0d0\" stroke-width=\"0.5\">\n";
-  std::string labels;
   const auto first_east = std::llround(std::ceil(map.West() / step));
   for (auto i = first_east; static_cast<double>(i) * step <= map.East(); ++i) {
     const double x = map.X(static_cast<double>(i) * step);
     text += Printed("<line x1=\"%.1f\" y1=\"%.1f\" x2=\"%.1f\" y2=\"%.1f\"/>\n", x, kMargin, x,
                     map.Height() - kMargin);
-    labels += Printed("<text x=\"%.1f\" y=\"%.1f\" text-anchor=\"middle\">%.10g</text>\n", x,
-                      kMargin - 6, static_cast<double>(i) * step);
+    labels.Add(x, kMargin - 6, "middle", Printed("%.10g", static_cast<double>(i) * step));
   }
   const auto first_north = std::llround(std::ceil(map.South() / step));
   for (auto i = first_north; static_cast<double>(i) * step <= map.North(); ++i) {
     const double y = map.Y(static_cast<double>(i) * step);
     text += Printed("<line x1=\"%.1f\" y1=\"%.1f\" x2=\"%.1f\" y2=\"%.1f\"/>\n", kMargin, y,
-                    map.Width() - kMargin, y);
-    labels += Printed("<text x=\"%.1f\" y=\"%.1f\" text-anchor=\"end\">%.10g</text>\n", kMargin - 6,
-                      y + 4, static_cast<double>(i) * step);
+                    map.X(map.East()), y);
+    labels.Add(kMargin - 6, y + 4, "end", Printed("%.10g", static_cast<double>(i) * step));
   }
-  return text + "</g>\n" + labels;
+  return text + "</g>\n";
 }
 
-std::string Scale_Bar_Of(const MapFrame& map) {
+std::string Scale_Bar_Of(const MapFrame& map, Labels& labels) {
   const double length = Round_Step(kLeastBar / map.Scale());
   const double y = map.Height() - kMargin / 2;
-  return Printed("<rect x=\"%.1f\" y=\"%.1f\" width=\"%.1f\" height=\"5\" fill=\"#202020\"/>",
-                 kMargin, y, length * map.Scale()) +
-         Printed("<text x=\"%.1f\" y=\"%.1f\">%.10g m</text>\n", kMargin + length * map.Scale() + 6,
-                 y + 6, length);
+  labels.Add(kMargin + length * map.Scale() + 6, y + 6, "start", Printed("%.10g m", length));
+  return Printed("<rect x=\"%.1f\" y=\"%.1f\" width=\"%.1f\" height=\"5\" fill=\"#202020\"/>\n",
+                 kMargin, y, length * map.Scale());
 }
 
 }  // namespace
@@ -216,23 +272,26 @@ std::string Escaped_For_Page(const std::string& text) {
 std::string Survey_Map(const SiteSurvey& survey) {
   const MapFrame map(survey);
   if (map.Is_Empty()) return "";
+  Labels labels;
   std::string text = Printed(
       "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"%.0f\" height=\"%.0f\" "
-      "font-family=\"sans-serif\" font-size=\"11\">\n",
-      map.Width(), map.Height());
-  text += Grid_Of(map);
+      "viewBox=\"0 0 %.0f %.0f\" font-family=\"sans-serif\" font-size=\"11\">\n"
+      "<rect width=\"100%%\" height=\"100%%\" fill=\"#ffffff\"/>\n",
+      map.Width(), map.Height(), map.Width(), map.Height());
+  text += Grid_Of(map, labels);
   for (const SurveyedModel& model : survey.models) text += Model_On_Map(map, model);
   for (const SurveyedCampaign& campaign : survey.campaigns) {
     text += Tiles_On_Map(map, campaign) + Missing_On_Map(map, campaign);
   }
-  for (const SurveyedImage& image : survey.images) text += Image_On_Map(map, image);
+  const std::string bar = Scale_Bar_Of(map, labels);
+  for (const SurveyedImage& image : survey.images) text += Image_On_Map(map, image, labels);
   if (survey.plot) {
     text += Printed(
         "<circle cx=\"%.1f\" cy=\"%.1f\" r=\"5\" fill=\"none\" stroke=\"#c02020\" "
         "stroke-width=\"2\"><title>the first plot</title></circle>\n",
         map.X(survey.plot->X), map.Y(survey.plot->Y));
   }
-  return text + Scale_Bar_Of(map) + "</svg>\n";
+  return text + bar + "<g fill=\"#202020\">\n" + labels.Text() + "</g>\n</svg>\n";
 }
 
 }  // namespace sylvomex

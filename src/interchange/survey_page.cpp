@@ -5,11 +5,16 @@
 namespace sylvomex {
 namespace {
 
+// In dark as in light browsers; in narrow ones the map and the tables scroll.
 constexpr const char* kStart =
-    "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>Site report</title>\n"
-    "<style>body{font-family:sans-serif;max-width:70em;margin:1em auto}"
-    "table{border-collapse:collapse}td,th{padding:0.2em 0.7em;border-bottom:1px solid #ccc}"
-    "td{text-align:right}td:first-child,th{text-align:left}</style></head>\n<body>\n"
+    "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\">"
+    "<meta name=\"viewport\" content=\"width=device-width\"><title>Site report</title>\n"
+    "<style>:root{color-scheme:light dark}"
+    "body{font-family:sans-serif;max-width:70em;margin:1em auto;padding:0 1em;"
+    "overflow-wrap:anywhere}div{overflow-x:auto}"
+    "table{border-collapse:collapse}td,th{padding:0.2em 0.7em;border-bottom:1px solid #888;"
+    "overflow-wrap:normal}td{text-align:right;white-space:nowrap}"
+    "td:first-child,th{text-align:left}</style></head>\n<body>\n"
     "<h1>Site report</h1>\n";
 constexpr const char* kLegend =
     "<p>Blue: photographs and their footprints; green: height models, grey where they have no "
@@ -24,7 +29,7 @@ std::string Row(std::initializer_list<std::string> cells) {
 }
 
 std::string Heading(const std::string& title, std::initializer_list<const char*> columns) {
-  std::string text = "<h2>" + title + "</h2>\n<table><tr>";
+  std::string text = "<h2>" + title + "</h2>\n<div><table><tr>";
   for (const char* const column : columns) text += std::string("<th>") + column + "</th>";
   return text + "</tr>\n";
 }
@@ -50,7 +55,7 @@ std::string Image_Table(const std::vector<SurveyedImage>& images) {
                  ? Printed("%.1f, %.1f, %.1f", (*image.plot)[0], (*image.plot)[1], (*image.plot)[2])
                  : "not shown"});
   }
-  return text + "</table>\n";
+  return text + "</table></div>\n";
 }
 
 std::string Model_Table(const std::vector<SurveyedModel>& models) {
@@ -65,7 +70,7 @@ std::string Model_Table(const std::vector<SurveyedModel>& models) {
          Printed("%llu of %llu", static_cast<unsigned long long>(model.without_data),
                  static_cast<unsigned long long>(model.cells))});
   }
-  return text + "</table>\n";
+  return text + "</table></div>\n";
 }
 
 std::string Lidar_Table(const std::vector<SurveyedCampaign>& campaigns) {
@@ -82,7 +87,7 @@ std::string Lidar_Table(const std::vector<SurveyedCampaign>& campaigns) {
                  ? "no terrain model"
                  : Printed("%.3f, %.3f", campaign.mean_difference, campaign.rms_difference)});
   }
-  return text + "</table>\n";
+  return text + "</table></div>\n";
 }
 
 std::string Import_Table(const std::vector<ImportEntry>& imports) {
@@ -91,7 +96,7 @@ std::string Import_Table(const std::vector<ImportEntry>& imports) {
   for (const ImportEntry& entry : imports) {
     text += Row({entry.kind, entry.time, std::to_string(entry.files.size())});
   }
-  return text + "</table>\n";
+  return text + "</table></div>\n";
 }
 
 }  // namespace
@@ -108,7 +113,7 @@ std::string Survey_Html(const SiteSurvey& survey) {
     text += "<p><b>Cannot be read:</b> " + Escaped_For_Page(fault) + "</p>\n";
   }
   const std::string map = Survey_Map(survey);
-  text += map.empty() ? "<p>Nothing was imported yet.</p>\n" : map + kLegend;
+  text += map.empty() ? "<p>Nothing was imported yet.</p>\n" : "<div>" + map + "</div>\n" + kLegend;
   return text + Image_Table(survey.images) + Model_Table(survey.models) +
          Lidar_Table(survey.campaigns) + Import_Table(site.imports) + "</body></html>\n";
 }

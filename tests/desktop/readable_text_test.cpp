@@ -38,6 +38,15 @@ TEST_F(ShortenedText, WholeWordsGoWhereDecimalsDoNotSuffice) {
   EXPECT_EQ(In_Room_Of(shown, "saved to file 1234567"), shown);
 }
 
+TEST_F(ShortenedText, TheFullestWordingThatFitsIsTaken) {
+  const QStringList wordings{"Undo: Centre on 1.24 m (all)", "Undo: Centre on 1.24 m"};
+  const auto in_room_of = [&](const QString& room) {
+    return First_That_Fits(wordings, letters_, letters_.horizontalAdvance(room));
+  };
+  EXPECT_EQ(in_room_of(wordings[0]), wordings[0]);
+  EXPECT_EQ(in_room_of(wordings[1]), wordings[1]);
+}
+
 TEST_F(ShortenedText, VersionsAndFileNamesAreNoNumbers) {
   const QString shown = QStringLiteral("a1.25") + QChar(0x2026);
   EXPECT_EQ(In_Room_Of(shown, "a1.25 b1.25 end"), shown);

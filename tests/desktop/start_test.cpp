@@ -32,6 +32,17 @@ TEST_F(Beginning, AScriptThatPlaysToItsEndReportsNothing) {
   EXPECT_EQ(w().Form1.Text4.Text, "31");
 }
 
+// G and the space bar are keys of the panes, not letters of the box that was set last.
+TEST_F(Beginning, AfterAScriptTheKeysGoToThePanes) {
+  Add_Two_Images();
+  const FilePath script =
+      site_.Folder().Write("c/begin.txt", "menu Open_Options_Window\nclose Form2\nset Text4 31\n");
+  desktop_->Begin_With(script.native);
+  QTest::keyClick(Main().focusWidget(), Qt::Key_G);
+  EXPECT_EQ(w().Form1.Text4.Text, "31");
+  EXPECT_EQ(Main().focusWidget()->objectName(), "client");
+}
+
 /// The built program, with or without a display in its environment.
 struct Ended {
   int status = -1;

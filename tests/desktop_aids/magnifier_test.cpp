@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop_aids/magnifier.h"
 
+#include <QDockWidget>
+
 #include "aids_fixture.h"
 
 namespace sylvomex {
@@ -124,6 +126,24 @@ TEST_F(Glass, StandsInSightWhereTheWindowScrolls) {
   EXPECT_LE(at.y() + Magnifying().height(), seen.height());
 }
 
+// The dock takes the room below: panes and what is in sight become smaller.
+TEST_F(Glass, StaysInSightOverItsPlaceWhenADockOpens) {
+  const double low = 260;
+  Lock_At(0, 200, low);
+  ASSERT_LT(low, w().PaneWidth);
+  const int before = Main().centralWidget()->height();
+  const QPoint beside_cross = From_Middle(2, 2).toPoint();
+  const QRgb raw_pixel = Magnifying().grab().toImage().pixel(beside_cross);
+  Main().findChild<QDockWidget*>("MeasuredDock")->toggleViewAction()->trigger();
+  ASSERT_TRUE(Soon([&] { return Main().centralWidget()->height() < before - 100; }));
+  QApplication::processEvents();
+  ASSERT_TRUE(Magnifying().isVisible());
+  const QWidget& seen = *Main().centralWidget();
+  const QRect glass(Magnifying().mapTo(&seen, QPoint(0, 0)), Magnifying().size());
+  EXPECT_TRUE(seen.rect().contains(glass)) << glass.bottom() << " of " << seen.height();
+  EXPECT_EQ(Magnifying().grab().toImage().pixel(beside_cross), raw_pixel);
+}
+
 // With a scale factor of 2 the position in the widget is rounded to pixels of the window, the one
 // in the window is not: 2.5 pixels at 8x are 0.3125.
 TEST_F(Glass, AClickBetweenTwoPixelsOfTheWindowKeepsItsFraction) {
@@ -163,6 +183,15 @@ TEST_F(Glass, ShowsRawPixelsWithAFreeMiddle) {
   EXPECT_EQ(shown.pixel(From_Middle(2, 2).toPoint()), qRgb(col % 251, row % 241, 7));
   EXPECT_EQ(shown.pixel(From_Middle(-2, 2).toPoint()), qRgb((col - 1) % 251, row % 241, 7));
   EXPECT_NE(shown.pixel(From_Middle(12, 0).toPoint()), qRgb((col + 1) % 251, row % 241, 7));
+}
+
+// Lines between two pixels would be half as bright.
+TEST_F(Glass, ItsCrossIsBrightWithADarkEdge) {
+  Lock_At(0, 150, 140);
+  const QImage shown = Magnifying().grab().toImage();
+  EXPECT_EQ(shown.pixel(From_Middle(12, 0).toPoint()), qRgb(255, 230, 0));
+  EXPECT_EQ(shown.pixel(From_Middle(0, -12).toPoint()), qRgb(255, 230, 0));
+  EXPECT_EQ(shown.pixel(From_Middle(12, 1).toPoint()), qRgb(0, 0, 0));
 }
 
 TEST_F(Glass, ItsKeyInABoxTypes) {

@@ -94,6 +94,31 @@ TEST_F(Hands, TheSpaceBarInABoxTypes) {
   EXPECT_TRUE(box.text().startsWith(" "));
 }
 
+// As where the window manager or a dialog takes the release.
+TEST_F(Hands, ADragWhoseReleaseGoesElsewhereEnds) {
+  Send_Mouse(Pane(0), QEvent::MouseButtonPress, {202, 202}, Qt::MiddleButton, Qt::MiddleButton);
+  ASSERT_NE(QApplication::overrideCursor(), nullptr);
+  const PaneView before = w().PaneViews(0);
+  Send_Mouse(Pane(0), QEvent::MouseMove, {252, 232}, Qt::NoButton, Qt::NoButton);
+  QApplication::processEvents();
+  Expect_View(0, before.ViewCol, before.ViewRow, 1);
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+  Click_Pane(0, 100, 50);
+  EXPECT_NE(w().Form1.Text1(0).Text, "");
+}
+
+TEST_F(Hands, AQuestionThatOpensDuringADragEndsIt) {
+  Send_Mouse(Pane(0), QEvent::MouseButtonPress, {202, 202}, Qt::MiddleButton, Qt::MiddleButton);
+  dialogs_.inputs = {"10", "20", "30"};
+  const PaneView before = w().PaneViews(0);
+  Choose("Set_3D_solution");
+  ASSERT_EQ(w().Solution3D.Z, 30);
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+  Send_Mouse(Pane(0), QEvent::MouseMove, {252, 232}, Qt::NoButton, Qt::MiddleButton);
+  QApplication::processEvents();
+  Expect_View(0, before.ViewCol, before.ViewRow, 1);
+}
+
 TEST_F(Hands, AreRecordedAndPlayBackToTheSameBlock) {
   Start_Recorded("session.txt");
   Click_Pane(0, 100, 50);

@@ -110,5 +110,20 @@ TEST_F(Overlay, LetsClicksThrough) {
   EXPECT_NE(w().Form1.Text1(0).Text, "");
 }
 
+// What a narrow pane leaves out its ring and the colour of its frame tell; never the mode.
+TEST(NoteOfAPane, LosesTheLeastNeededFirst) {
+  PaneNote note;
+  note.image_id = 1233;
+  note.zoom = "1:1";
+  note.mode = "polygon";
+  note.clicked_last = note.ticked = true;
+  note.observation = NotedObservation{{3754.84, 14243.96}, {10, 20}};
+  EXPECT_EQ(Note_Wordings(note),
+            (QStringList{"1233   1:1   at 3754.8 14244.0   last click   polygon",
+                         "1233   1:1   at 3754.8 14244.0   polygon",
+                         "1233   1:1   at 3755 14244   polygon", "1233   1:1   polygon",
+                         "1233   polygon"}));
+}
+
 }  // namespace
 }  // namespace sylvomex

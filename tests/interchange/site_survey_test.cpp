@@ -3,7 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cstdio>
 #include <cstring>
+#include <string>
+#include <vector>
 
 #include "interchange/image_import.h"
 #include "interchange/site.h"
@@ -12,6 +16,15 @@
 
 namespace sylvomex {
 namespace {
+
+/// How often a part stands in a text.
+int Count_Of(const std::string& text, const std::string& part) {
+  int found = 0;
+  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
+    ++found;
+  }
+  return found;
+}
 
 /// Two vertical photographs 100 m above flat ground at 150 m, 400 x 300 pixels of 0.1 m; the second
 /// stands 30 m farther east.
@@ -148,13 +161,7 @@ TEST_F(SurveySite, TheMapTellsGapsMissingTilesAndRoundCoordinates) {
   campaign.tiles = {{385000, 6672000, 20000}, {385100, 6672000, 20000}, {385000, 6672100, 10000}};
   survey.campaigns.push_back(campaign);
   const std::string map = Survey_Map(survey);
-  const auto count = [&](const std::string& part) {
-    int found = 0;
-    for (std::size_t at = map.find(part); at != std::string::npos; at = map.find(part, at + 1)) {
-      ++found;
-    }
-    return found;
-  };
+  const auto count = [&](const std::string& part) { return Count_Of(map, part); };
   EXPECT_EQ(count("no tile"), 1);
   EXPECT_EQ(count("dem: no data"), 1);
   EXPECT_EQ(count("20000 pulses, 2.00 a square metre"), 2);
@@ -165,6 +172,102 @@ TEST_F(SurveySite, TheMapTellsGapsMissingTilesAndRoundCoordinates) {
   EXPECT_EQ(count(">6672150</text>"), 1);
   EXPECT_EQ(count(">385110</text>"), 0);
   EXPECT_EQ(count(">50 m</text>"), 1);
+}
+
+/// The texts of a map, as boxes of letters that are narrower and lower than usual.
+std::vector<std::array<double, 4>> Boxes_Of_Texts(const std::string& map) {
+  constexpr double kLetter = 5.5, kHeight = 9;
+  std::vector<std::array<double, 4>> boxes;
+  for (std::size_t at = map.find("<text"); at != std::string::npos;
+       at = map.find("<text", at + 1)) {
+    double x = 0, y = 0;
+    std::array<char, 16> anchor{};
+    std::array<char, 80> words{};
+    EXPECT_EQ(
+        std::sscanf(map.c_str() + at, R"(<text x="%lf" y="%lf" text-anchor="%15[a-z]">%79[^<])", &x,
+                    &y, anchor.data(), words.data()),
+        4);
+    const double wide = kLetter * static_cast<double>(std::strlen(words.data()));
+    const std::string side = anchor.data();
+    const double left = side == "end" ? x - wide : side == "middle" ? x - wide / 2 : x;
+    boxes.push_back({left, y - kHeight, left + wide, y});
+  }
+  return boxes;
+}
+
+SurveyedImage Image_At(const std::string& name, double X, double Y) {
+  SurveyedImage image;
+  image.name = name;
+  image.centre = {X, Y, 1000};
+  return image;
+}
+
+void Expect_Texts_Apart_And_Inside(const std::string& map) {
+  double width = 0;
+  ASSERT_EQ(std::sscanf(map.c_str(), "<svg xmlns=%*s width=\"%lf\"", &width), 1);
+  const auto boxes = Boxes_Of_Texts(map);
+  for (std::size_t i = 0; i < boxes.size(); ++i) {
+    EXPECT_GE(boxes[i][0], 0);
+    EXPECT_LE(boxes[i][2], width);
+    for (std::size_t k = 0; k < i; ++k) {
+      const bool apart = boxes[i][0] >= boxes[k][2] || boxes[k][0] >= boxes[i][2] ||
+                         boxes[i][1] >= boxes[k][3] || boxes[k][1] >= boxes[i][3];
+      EXPECT_TRUE(apart) << i << " and " << k;
+    }
+  }
+}
+
+// On 800 pixels for 1000 m; the third name has no room to the right of its photograph, the first
+// stands below the line of the coordinates.
+TEST(SurveyMap, TheNamesOfPhotographsStandApartAndInside) {
+  SiteSurvey survey;
+  survey.images = {Image_At("flight_12_2004_0001", 385010, 6672990),
+                   Image_At("flight_12_2004_0002", 385500, 6672400),
+                   Image_At("flight_12_2004_0003", 386000, 6672400),
+                   Image_At("flight_12_2004_0004", 385000, 6672000)};
+  const std::string map = Survey_Map(survey);
+  EXPECT_EQ(Count_Of(map, ">flight_12_2004_000"), 8) << "a label and a tip each";
+  Expect_Texts_Apart_And_Inside(map);
+}
+
+TEST(SurveyMap, OfManyPhotographsNamesThatWouldMeetAreTipsAlone) {
+  SiteSurvey survey;
+  for (int k = 0; k < 400; ++k) {
+    survey.images.push_back(
+        Image_At("frame_" + std::to_string(1000 + k), 385000 + 10.0 * (k % 20), 6672000 + k / 20));
+  }
+  const std::string map = Survey_Map(survey);
+  EXPECT_EQ(Count_Of(map, "<title>frame_"), 400);
+  EXPECT_GT(Count_Of(map, "</text>"), 10);
+  Expect_Texts_Apart_And_Inside(map);
+}
+
+// A strip from south to north: 16 pixels of ground and the margins.
+TEST(SurveyMap, ANarrowSiteHasRoomForItsScaleBar) {
+  SiteSurvey survey;
+  survey.images = {Image_At("a", 385000, 6672000), Image_At("b", 385100, 6677000)};
+  const std::string map = Survey_Map(survey);
+  Expect_Texts_Apart_And_Inside(map);
+  EXPECT_EQ(Count_Of(map, ">1000 m</text>"), 1);
+}
+
+TEST_F(SurveySite, FootprintsDoNotCoverTheLidarTiles) {
+  const std::string map = Survey_Map(Survey_Site(Open_Site(site_.Path())));
+  EXPECT_EQ(Count_Of(map, "<polygon"), 2);
+  EXPECT_EQ(Count_Of(map, "fill=\"none\" stroke=\"#2060c0\""), 2);
+}
+
+// A browser with a dark ground and light letters, and a narrow one.
+TEST_F(SurveySite, ThePageFollowsTheLookAndTheWidthOfTheBrowser) {
+  Write_Terrain();
+  const std::string page = Survey_Html(Survey_Site(Open_Site(site_.Path())));
+  EXPECT_EQ(Count_Of(page, "color-scheme:light dark"), 1);
+  EXPECT_EQ(Count_Of(page, "<rect width=\"100%\" height=\"100%\" fill=\"#ffffff\"/>"), 1)
+      << "the map keeps its own ground";
+  EXPECT_EQ(Count_Of(page, "div{overflow-x:auto}"), 1);
+  EXPECT_EQ(Count_Of(page, "<div><svg "), 1);
+  EXPECT_EQ(Count_Of(page, "<div><table>"), Count_Of(page, "<table>"));
+  EXPECT_EQ(Count_Of(page, "</table></div>"), Count_Of(page, "<table>"));
 }
 
 TEST(SurveyOfAnEmptySite, HasNoMap) {
