@@ -40,6 +40,16 @@ std::string Numbered(const FilePath& journal, int number) {
   return journal.native.string() + "." + std::to_string(number);
 }
 
+/// The name, or one with a number behind it: a clock may be set back, a second may hold two starts.
+std::string Unused_Name(const std::string& name) {
+  std::error_code failure;
+  std::string unused = name;
+  for (int number = 2; fs::exists(unused, failure); ++number) {
+    unused = name + "-" + std::to_string(number);
+  }
+  return unused;
+}
+
 void Rename(const FilePath& journal, const std::string& from, const std::string& to) {
   std::error_code failure;
   if (!fs::exists(from, failure)) return;
@@ -80,7 +90,7 @@ void Put_Journal_Aside(const FilePath& journal) {
   const std::string text = Read_Whole_File(journal);
   if (text.empty()) return;
   if (!Facts_Of_Journal(text).has_exit) {
-    const std::string aside = journal.native.string() + "." + Date_Text();
+    const std::string aside = Unused_Name(journal.native.string() + "." + Date_Text());
     Rename(journal, Folder_Of_Kept(journal.native).string(), Folder_Of_Kept(aside).string());
     return Rename(journal, journal.native.string(), aside);
   }

@@ -79,6 +79,19 @@ TEST_F(JournalFolderTest, OneThatWasNotEndedStaysUnderItsDate) {
   EXPECT_EQ(state.Read(Name(journal) + ".2001-09-09T01-46-40"), Text("set Text4 5\n"));
 }
 
+TEST_F(JournalFolderTest, TwoThatWereNotEndedInOneSecondBothStay) {
+  const EnvironmentVariable zone("TZ", "UTC");
+  const FilePath journal = Journal_Of_Root(root.Path());
+  for (const char* step : {"set Text4 5\n", "set Text4 6\n", "set Text4 7\n"}) {
+    state.Write(Name(journal), Text(step));
+    Put_Journal_Aside(journal);
+  }
+  const std::string aside = Name(journal) + ".2001-09-09T01-46-40";
+  EXPECT_EQ(state.Read(aside), Text("set Text4 5\n"));
+  EXPECT_EQ(state.Read(aside + "-2"), Text("set Text4 6\n"));
+  EXPECT_EQ(state.Read(aside + "-3"), Text("set Text4 7\n"));
+}
+
 TEST_F(JournalFolderTest, FilesThatItKeptStayWithOneThatWasNotEnded) {
   const EnvironmentVariable zone("TZ", "UTC");
   const FilePath journal = Journal_Of_Root(root.Path());
