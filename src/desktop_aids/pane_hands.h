@@ -16,6 +16,7 @@ class PaneHands : public QObject {
  public:
   /// The panes must outlive it.
   explicit PaneHands(const AidedPanes& panes);
+  ~PaneHands() override { Let_Go(); }  // the shape of the pointer is the whole program's
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 

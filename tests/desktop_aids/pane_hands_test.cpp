@@ -119,6 +119,13 @@ TEST_F(Hands, AQuestionThatOpensDuringADragEndsIt) {
   Expect_View(0, before.ViewCol, before.ViewRow, 1);
 }
 
+TEST_F(Hands, TheirEndInADragGivesThePointerItsShapeBack) {
+  Send_Mouse(Pane(0), QEvent::MouseButtonPress, {202, 202}, Qt::MiddleButton, Qt::MiddleButton);
+  ASSERT_NE(QApplication::overrideCursor(), nullptr);
+  aids_.reset();
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
 TEST_F(Hands, AreRecordedAndPlayBackToTheSameBlock) {
   Start_Recorded("session.txt");
   Click_Pane(0, 100, 50);
