@@ -127,8 +127,7 @@ bool Meets_One(const QRectF& label, const std::vector<QRectF>& taken) {
 
 }  // namespace
 
-/// What narrow panes leave out, the ring and the colour of the frame
-/// tell.
+/// What narrow panes leave out, the ring and the colour of the frame tell.
 QStringList Note_Wordings(const PaneNote& note) {
   const QString id = QString::number(note.image_id);
   const QString zoom = QStringLiteral("   ") + Qt_Text(note.zoom);

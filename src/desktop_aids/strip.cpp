@@ -154,7 +154,8 @@ void Strip::Size_Buttons() {
   const int of_line =
       letters.horizontalAdvance(QStringLiteral("Take back line 99999")) + 5 * kSpace;
   const int narrowest = letters.horizontalAdvance(QStringLiteral("Undo")) + 4 * kSpace;
-  const int wide = std::clamp((width() / kShareOfButtons - of_line) / 2, narrowest, kWidestButton);
+  const int wide = std::clamp((width() / kShareOfButtons - of_line) / 2, narrowest,
+                              std::max(narrowest, kWidestButton));
   if (undo_->width() == wide && take_back_->width() == of_line) return;
   for (QPushButton* button : {undo_, redo_}) button->setFixedWidth(wide);
   take_back_->setFixedWidth(of_line);
