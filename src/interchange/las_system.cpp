@@ -3,6 +3,7 @@
 
 #include <ogr_spatialref.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <map>
@@ -47,8 +48,7 @@ double Height_Unit(const OGRSpatialReference& system) {
 }
 
 LasSystem From_Wkt(const LasVariableRecord& record, const std::string& name) {
-  const auto* text = reinterpret_cast<const char*>(record.content.data());
-  const std::string wkt(text, strnlen(text, record.content.size()));
+  const std::string wkt(record.content.begin(), std::ranges::find(record.content, 0));
   if (wkt.empty()) return {};
   try {
     const OGRSpatialReference system = Coordinate_System(wkt);
