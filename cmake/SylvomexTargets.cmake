@@ -95,5 +95,6 @@ function(sylvomex_test name)
   target_link_libraries(${name} PRIVATE ${ARGN} GTest::gtest_main)
   sylvomex_test_options(${name})
   target_precompile_headers(${name} REUSE_FROM precompiled_tests)
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST)
+  # A busy machine may need longer than the usual 5 s to start a program.
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120)
 endfunction()
