@@ -7,12 +7,12 @@
 #include <set>
 #include <sstream>
 
+#include "played_journal.h"
 #include "session/file_part.h"
 #include "session/session.h"
 #include "session/step_end.h"
 #include "support/failing_calls.h"
 #include "support/failure_of.h"
-#include "support/small_site.h"
 
 namespace sylvomex {
 namespace {
@@ -30,25 +30,10 @@ std::string Saving_Script(int lines = kSaved) {
   return script + "print NextMeasurementNumber\n";
 }
 
-struct FailingSession {
-  SmallSite site;
-  TemporaryFolder folder;
-  SessionOptions options;
-  std::string transcript, told;
-
+struct FailingSession : PlayedJournal {
   FailingSession() {
     site.Write_Image("a", {});
-    options.root = site.Folder().Path();
-    options.script = "-";
     options.width = options.height = 200;
-  }
-  int Play(const std::string& script) {
-    std::istringstream in(script);
-    std::ostringstream out, err;
-    const int status = Run_Session(options, {in, out, err});
-    transcript = out.str();
-    told = err.str();
-    return status;
   }
   int Play_With_Journal(const std::string& script = Saving_Script()) {
     options.journal = (folder.Path() / "journal").string();

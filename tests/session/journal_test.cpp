@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <sstream>
 
+#include "played_journal.h"
 #include "session/journal_reads.h"
 #include "session/journal_screen.h"
 #include "session/script_screen.h"
@@ -21,11 +22,7 @@ constexpr const char* kState =
     "print Text1(1)\nprint Text1(2)\nprint Check1(0)\nprint Check1(1)\nprint CurrentImage\n"
     "print ObservationRecord.X\n";
 
-struct JournalTest : testing::Test {
-  SmallSite site;
-  TemporaryFolder folder;
-  SessionOptions options;
-  std::string transcript, told;
+struct JournalTest : testing::Test, PlayedJournal {
   std::string journal = (folder.Path() / "session.journal").string();
 
   JournalTest() {
@@ -34,20 +31,10 @@ struct JournalTest : testing::Test {
     image.id = 2;
     image.X0 = 30;
     site.Write_Image("b", image);
-    options.script = "-";
-    options.root = site.Folder().Path();
     options.width = 640;
     options.height = 480;
   }
 
-  int Play(const std::string& script) {
-    std::istringstream in(script);
-    std::ostringstream out, err;
-    const int status = Run_Session(options, {in, out, err});
-    transcript = out.str();
-    told = err.str();
-    return status;
-  }
   int Play_With_Journal(const std::string& script) {
     options.journal = journal;
     options.resume = "";

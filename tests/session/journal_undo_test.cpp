@@ -11,6 +11,7 @@
 #include <sstream>
 
 #include "platform/write_witness.h"
+#include "played_journal.h"
 #include "session/session.h"
 #include "support/small_site.h"
 
@@ -19,23 +20,12 @@ namespace {
 
 constexpr const char* kPoints = "c/data/Lehtomaa/Pistedata/PointData.txt";
 
-struct JournalUndoTest : testing::Test {
-  SmallSite site;
-  TemporaryFolder folder;
-  std::string told, transcript;
-
+struct JournalUndoTest : testing::Test, PlayedJournal {
   /// Plays with a new journal, or goes on in it.
   int Play(const std::string& script, bool resumes) {
-    SessionOptions options;
-    options.script = "-";
-    options.root = site.Folder().Path();
+    options.journal = options.resume = "";
     (resumes ? options.resume : options.journal) = (folder.Path() / "journal").string();
-    std::istringstream in(script);
-    std::ostringstream out, err;
-    const int status = Run_Session(options, {in, out, err});
-    transcript = out.str();
-    told = err.str();
-    return status;
+    return PlayedJournal::Play(script);
   }
   static std::string Save(const std::string& comment) {
     return "menu Save_measured_point\nset Form3.Text4 \"" + comment +
